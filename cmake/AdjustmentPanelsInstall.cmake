@@ -1,0 +1,29 @@
+# SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+# SPDX-License-Identifier: MIT
+
+# Two packages: AdjustmentPanels (the panels) and, for the stand-alone host, AdjustmentPanelsHost. The first finds
+# the second, or whatever package the panels were built against.
+include(CMakePackageConfigHelpers)
+
+if(ADJUSTMENT_PANELS_HOST_PACKAGE)
+    set(ADJUSTMENT_PANELS_HOST_DEPENDENCY ${ADJUSTMENT_PANELS_HOST_PACKAGE})
+else()
+    set(ADJUSTMENT_PANELS_HOST_DEPENDENCY AdjustmentPanelsHost)
+endif()
+
+function(adjustment_panels_package name export_set)
+    set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/${name})
+    configure_package_config_file(${CMAKE_CURRENT_SOURCE_DIR}/cmake/${name}Config.cmake.in
+        ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake INSTALL_DESTINATION ${destination})
+    write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake
+        COMPATIBILITY SameMinorVersion)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake
+        ${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake DESTINATION ${destination})
+    install(EXPORT ${export_set} NAMESPACE AdjustmentPanels:: DESTINATION ${destination}
+        FILE ${name}Targets.cmake)
+endfunction()
+
+adjustment_panels_package(AdjustmentPanels AdjustmentPanelsTargets)
+if(NOT ADJUSTMENT_PANELS_HOST_PACKAGE)
+    adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsHostTargets)
+endif()

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "KMApplication.h"
+
+#include <KMTileManager64.h>
+
+#include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include <unistd.h>
+
+namespace
+{
+
+constexpr char PathOpenKey[] = "files/pathOpen";
+int progressTimeout = 500;
+
+qint64 PhysicalMemory()
+{
+    return qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
+
+int KMApplication::GetProgressTimeout()
+{
+    return progressTimeout;
+}
+
+void KMApplication::SetProgressTimeout(int milliseconds)
+{
+    progressTimeout = qMax(0, milliseconds);
+}
+
+QString KMApplication::GetPathOpen()
+{
+    const QString stored = QSettings().value(PathOpenKey).toString();
+    // The folder may have gone since, with its memory card for example.
+    if (!stored.isEmpty() && QDir(stored).exists())
+        return stored;
+    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+}
+
+void KMApplication::SetPathOpen(const QString& folder)
+{
+    QSettings().setValue(PathOpenKey, folder);
+}
+
+void KMApplication::SetTileMemory(qint64 bytes)
+{
+    KMTileManager64::Instance().SetMemoryBudget(bytes > 0 ? bytes : PhysicalMemory() / 2);
+}
+
+qint64 KMApplication::GetTileMemory()
+{
+    return KMTileManager64::Instance().MemoryBudget();
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "hostcorelib_export.h"
+
+#include <QString>
+
+/// What the host application decides for the panels. GUI thread only.
+class HOSTCORELIB_EXPORT KMApplication
+{
+public:
+    /// Milliseconds a job may run before its progress is shown; default 500.
+    static int GetProgressTimeout();
+    static void SetProgressTimeout(int milliseconds);
+
+    /// The folder a file was last opened from, kept between sessions; the user's pictures folder at first.
+    static QString GetPathOpen();
+    static void SetPathOpen(const QString& folder);
+
+    /// Bytes of memory for image tiles; 0 restores the default, half of the machine's RAM. Tiles beyond it go to a
+    /// scratch file.
+    static void SetTileMemory(qint64 bytes);
+    static qint64 GetTileMemory();
+};

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "hostguilib_export.h"
+
+class QWidget;
+
+/// Access to the host's main window, the parent of its modal dialogs. GUI thread only.
+class HOSTGUILIB_EXPORT HBMdiArea
+{
+public:
+    /// Null if the host has none, or none any more.
+    static QWidget* MainWindow();
+    static void SetMainWindow(QWidget* window);
+};

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBAdjustmentProcessing.h"
+
+#include <type_traits>
+#include <utility>
+
+/// Transforms all 16384 pixels of the tile in the transformation's buffer, in runs where it has that form.
+template <class Transformation>
+void HBTransformTile(const Transformation& transformation)
+{
+    if constexpr (std::is_invocable_v<const Transformation&, int, int>) {
+        transformation(0, HBImage<>::TilePixels);
+    } else {
+        for (int index = 0; index < HBImage<>::TilePixels; ++index)
+            transformation(index);
+    }
+}
+
+/// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int) const`
+/// for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them.
+template <class Transformation>
+class HBAdjustmentProcessingTemplate : public HBAdjustmentProcessing
+{
+public:
+    HBAdjustmentProcessingTemplate(Transformation transformation, QReadWriteLock* dataGuard, const bool* newData)
+        : HBAdjustmentProcessing(dataGuard, newData), m_Transformation(std::move(transformation))
+    {
+    }
+
+    /// See HBAdjustmentProcessing::Run.
+    HBImage<> Process(const HBImage<>& source, const HBImage<>& selection, const QPoint& offset,
+                      const QRect& bounds)
+    {
+        // Each lane copies the function, and with it the transformation and its buffer.
+        auto transform = [](Transformation transformation) {
+            return [transformation = std::move(transformation)](HBRGBA32i* pixels) mutable {
+                transformation.SetProcessingBuffer(pixels);
+                HBTransformTile(transformation);
+            };
+        };
+        return Run(source, selection, offset, bounds, transform(m_Transformation));
+    }
+
+private:
+    const Transformation m_Transformation;
+};

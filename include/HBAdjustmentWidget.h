@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels_export.h"
+
+#include <HBImage.h>
+#include <KMAdjustmentWidget.h>
+
+#include <QFutureWatcher>
+#include <QPoint>
+#include <QPointer>
+#include <QReadWriteLock>
+#include <QRect>
+
+class HBOperationProgressDlg;
+class KMDocumentView;
+class QLinearGradient;
+class QSlider;
+struct HBJobData;
+
+namespace Ui
+{
+class AdjustmentDialogBase;
+}
+
+/// Base of every adjustment panel: takes an image from the host, recomputes an adjusted copy in the background when
+/// a value changes, reports progress, and tells the host when a new image is ready and what the user decided.
+///
+/// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct, SetValue
+/// (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may be destroyed
+/// at any time, also while a job runs or its progress dialog is open.
+///
+/// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete: it
+/// stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless cancelled.
+class PANELS_EXPORT HBAdjustmentWidget : public KMAdjustmentWidget
+{
+    Q_OBJECT
+public:
+    /// \param dialog true: with a frame of its own (progress bar, OK / Cancel / Reset), and every change of a value
+    ///        starts a job 50 ms later; false: the controls alone, and only SetImage starts jobs.
+    HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
+    ~HBAdjustmentWidget() override;
+
+    /// Hands over the image to adjust and starts a job, whatever the mode.
+    /// \param selection coverage mask: the alpha of its pixels; empty when nothing is selected
+    /// \param selectionOffset where the mask lies on the source
+    /// \param selectionBoundingRect in pixels of the mask; a valid one is what "there is a selection" means
+    void SetImage(const HBImage<>& source, const HBImage<>& selection, const QPoint& selectionOffset,
+                  const QRect& selectionBoundingRect);
+    HBImage<> SourceImage() const { return m_Source; }
+    /// The latest result; empty before the first ImageReady().
+    HBImage<> AdjustedImage() const { return m_Adjusted; }
+    /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
+    /// still arrives, with ImageReady().
+    void ClearData();
+
+    /// Asks for the final result. True: nothing to wait for (a change younger than 50 ms may not have started its job
+    /// yet), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the host's progress
+    /// timeout, a modal progress dialog is shown meanwhile.
+    /// \param cancel also give the running job up
+    bool WaitForProcessingFinished(bool cancel);
+    /// While set, no job starts; setting it makes a running job obsolete. Clearing it starts nothing.
+    void SetCancelProcessing(bool cancel);
+    bool IsCancelProcessing() const { return m_Cancel; }
+
+    /// The document the photo is shown in, for panels that pick from it.
+    virtual void SetView(KMDocumentView* view);
+
+public slots:
+    void OnReset();
+
+signals:
+    void Ok();
+    void Cancel();
+    /// AdjustedImage() is new.
+    void ImageReady();
+    /// A wait has ended: 0 if the user cancelled it, else 1.
+    void Finished(int result);
+    void ProgressRangeChanged(int minimum, int maximum);
+    void ProgressValueChanged(int value);
+    /// A value changed; in dialog mode this schedules a job.
+    void DataChanged();
+    void SourceChanged();
+
+protected:
+    /// Where a panel builds its form.
+    QWidget* GetUIContent();
+    bool IsDialog() const { return m_Dialog; }
+    HBImage<> GetSelection() const { return m_Selection; }
+    QPoint GetSelectionOffset() const { return m_SelectionOffset; }
+    QRect GetSelectionBoundingRect() const { return m_SelectionBoundingRect; }
+    QReadWriteLock& GetDataGuard() { return m_DataGuard; }
+    bool& GetNewData() { return m_NewData; }
+
+    /// Colours the groove of a horizontal slider, always from left to right: only the gradient's stops count.
+    static void SetGrooveGradient(QSlider* slider, const QLinearGradient& gradient);
+
+    /// The three closing calls of a slot, in their order: the host learns that the user changed something, the
+    /// panel's own signal, and the change schedules a job.
+    template <class Panel>
+    void NotifyChanged(void (Panel::*valueSignal)())
+    {
+        emit KMAdjustmentWidget::AboutUserParamsChanged();
+        emit (static_cast<Panel*>(this)->*valueSignal)();
+        emit DataChanged();
+    }
+
+    /// The part of a job record that all panels share, as of now.
+    HBJobData JobData() const;
+    /// Runs a transformation over a job's image with progress and cancelling; on the job's thread. Throws nothing.
+    /// Defined in HBPanelJob.h.
+    template <class Transformation>
+    HBImage<> RunTransformation(const HBJobData& data, const Transformation& transformation);
+
+    /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
+    /// of the panel, and in the base's destructor that panel is gone already.
+    void FinishJob();
+
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    virtual void Reset() = 0;
+    /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a job of
+    /// its own leaves the watcher alone.
+    virtual void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) = 0;
+    virtual QString GetWidgetName();
+    virtual void ClearInternal();
+    virtual void CancelProcessing();
+
+    void StartProcessing();
+    void RestartProcessing();
+    void MarkJobObsolete();
+    void ReleaseWatcher();
+    void FinishWaiting();
+    void KillTimer(int& id);
+
+private slots:
+    void OnResultReadyAt(int index);
+    void OnProcessingFinished();
+    void OnDataChanged();
+    void OnProgressRangeChanged(int minimum, int maximum);
+    void OnProgressValueChanged(int value);
+
+private:
+    QReadWriteLock m_DataGuard; ///< guards m_NewData against the running job
+    HBImage<> m_Source;
+    HBImage<> m_Adjusted;
+    HBImage<> m_Selection;
+    QRect m_SelectionBoundingRect;
+    QPoint m_SelectionOffset;
+    bool m_Processing = false;
+    bool m_NewData = false; ///< the running job is obsolete; a new one follows
+    QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
+    int m_ProgressTimer = -1;
+    int m_DataChangedTimer = -1;
+    int m_WaitTimer = -1;
+    /// From WaitForProcessingFinished to Finished. Not the timer's id: Qt gives a killed id out again at once.
+    bool m_WaitPending = false;
+    bool m_WaitCursor = false; ///< the override cursor of the wait is set
+    QPointer<HBOperationProgressDlg> m_pWaitDialog;
+    bool m_ProgressShown = false;
+    int m_ProgressMinimum = 0;
+    int m_ProgressMaximum = 0;
+    int m_ProgressValue = 0;
+    const bool m_Dialog;
+    Ui::AdjustmentDialogBase* m_pFrame; ///< its controls exist in dialog mode only
+    bool m_Cancel = false;
+};

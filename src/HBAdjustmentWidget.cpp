@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBAdjustmentWidget.h"
+
+#include "HBPanelJob.h"
+#include "ui_AdjustmentDialogBase.h"
+
+#include <HBDialog.h>
+#include <HBMdiArea.h>
+#include <HBOperationProgressDlg.h>
+#include <KMApplication.h>
+
+#include <QApplication>
+#include <QLinearGradient>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimerEvent>
+
+namespace
+{
+
+constexpr int DebounceMilliseconds = 50;
+
+}
+
+HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
+    : KMAdjustmentWidget(parent, flags), m_Dialog(dialog), m_pFrame(new Ui::AdjustmentDialogBase())
+{
+    if (m_Dialog) {
+        m_pFrame->setupUi(this);
+        m_pFrame->m_pProgress->setObjectName("FILTERPROGRESS");
+        m_pFrame->m_pProgress->setEnabled(false);
+        connect(m_pFrame->m_pButtons, SIGNAL(accepted()), this, SIGNAL(Ok()));
+        connect(m_pFrame->m_pButtons, SIGNAL(rejected()), this, SIGNAL(Cancel()));
+        if (QPushButton* reset = m_pFrame->m_pButtons->button(QDialogButtonBox::Reset))
+            connect(reset, SIGNAL(clicked()), this, SLOT(OnReset()));
+        connect(this, SIGNAL(DataChanged()), this, SLOT(OnDataChanged()));
+        connect(this, SIGNAL(ProgressRangeChanged(int, int)), m_pFrame->m_pProgress, SLOT(setRange(int, int)));
+        connect(this, SIGNAL(ProgressValueChanged(int)), m_pFrame->m_pProgress, SLOT(setValue(int)));
+    }
+    connect(this, SIGNAL(ProgressRangeChanged(int, int)), this, SLOT(OnProgressRangeChanged(int, int)));
+    connect(this, SIGNAL(ProgressValueChanged(int)), this, SLOT(OnProgressValueChanged(int)));
+    if (m_Dialog) {
+        m_pFrame->m_pProgress->setRange(m_ProgressMinimum, m_ProgressMaximum);
+        m_pFrame->m_pProgress->setValue(m_ProgressValue);
+    }
+}
+
+HBAdjustmentWidget::~HBAdjustmentWidget()
+{
+    FinishJob();
+    delete m_pFrame;
+}
+
+void HBAdjustmentWidget::SetImage(const HBImage<>& source, const HBImage<>& selection, const QPoint& selectionOffset,
+                                  const QRect& selectionBoundingRect)
+{
+    m_Source = source;
+    m_Selection = selection;
+    m_SelectionOffset = selectionOffset;
+    m_SelectionBoundingRect = selectionBoundingRect;
+    StartProcessing();
+    emit SourceChanged();
+}
+
+void HBAdjustmentWidget::ClearData()
+{
+    m_Adjusted = HBImage<>();
+    m_Source = HBImage<>();
+    m_Cancel = false;
+    Reset();
+    emit SourceChanged();
+}
+
+bool HBAdjustmentWidget::WaitForProcessingFinished(bool cancel)
+{
+    if (m_WaitPending) {
+        if (cancel)
+            CancelProcessing();
+        return true;
+    }
+    if (!m_Processing)
+        return true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    m_WaitCursor = true;
+    m_WaitPending = true;
+    m_WaitTimer = startTimer(KMApplication::GetProgressTimeout());
+    if (cancel)
+        CancelProcessing();
+    return false;
+}
+
+void HBAdjustmentWidget::SetCancelProcessing(bool cancel)
+{
+    m_Cancel = cancel;
+    if (m_Cancel && m_Processing)
+        MarkJobObsolete();
+}
+
+void HBAdjustmentWidget::SetView(KMDocumentView*) {}
+
+void HBAdjustmentWidget::OnReset()
+{
+    Reset();
+}
+
+QWidget* HBAdjustmentWidget::GetUIContent()
+{
+    return m_Dialog ? m_pFrame->m_pContent : this;
+}
+
+void HBAdjustmentWidget::SetGrooveGradient(QSlider* slider, const QLinearGradient& gradient)
+{
+    QString stops;
+    for (const QGradientStop& stop : gradient.stops()) {
+        stops += QString("stop: %1 rgb(%2, %3, %4), ")
+                     .arg(stop.first)
+                     .arg(stop.second.red())
+                     .arg(stop.second.green())
+                     .arg(stop.second.blue());
+    }
+    stops.chop(2);
+    slider->setStyleSheet(QString("QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
+                                  "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, %1);}")
+                              .arg(stops));
+}
+
+HBJobData HBAdjustmentWidget::JobData() const
+{
+    return {m_Source, m_Selection, m_SelectionOffset, m_SelectionBoundingRect};
+}
+
+void HBAdjustmentWidget::FinishJob()
+{
+    KillTimer(m_ProgressTimer);
+    KillTimer(m_DataChangedTimer);
+    KillTimer(m_WaitTimer);
+    if (m_pWatcher) {
+        {
+            const QWriteLocker guard(&m_DataGuard);
+            m_NewData = true;
+        }
+        m_pWatcher->disconnect(this);
+        // Never under the guard: a job that has not begun yet is run here, on this thread.
+        m_pWatcher->waitForFinished();
+        ReleaseWatcher();
+    }
+    m_Processing = false;
+    if (m_WaitCursor) {
+        QApplication::restoreOverrideCursor();
+        m_WaitCursor = false;
+    }
+    if (m_pWaitDialog)
+        m_pWaitDialog->reject();
+}
+
+void HBAdjustmentWidget::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_ProgressTimer) {
+        KillTimer(m_ProgressTimer);
+        if (m_Dialog) {
+            m_pFrame->m_pProgress->setEnabled(true);
+            // The value, on purpose: the bar fills from where the job is when it appears.
+            m_pFrame->m_pProgress->setMinimum(m_pFrame->m_pProgress->value());
+        }
+        m_ProgressShown = true;
+    } else if (event->timerId() == m_DataChangedTimer) {
+        // While the host waits for the final image no further job starts: the change is dropped, on purpose.
+        if (!m_WaitPending)
+            StartProcessing();
+        KillTimer(m_DataChangedTimer);
+    } else if (event->timerId() == m_WaitTimer) {
+        FinishWaiting();
+    } else {
+        KMAdjustmentWidget::timerEvent(event);
+    }
+}
+
+QString HBAdjustmentWidget::GetWidgetName()
+{
+    const QWidget* widget = GetUIContent();
+    return widget ? widget->windowTitle() : QString();
+}
+
+void HBAdjustmentWidget::ClearInternal() {}
+
+void HBAdjustmentWidget::CancelProcessing()
+{
+    SetCancelProcessing(true);
+}
+
+void HBAdjustmentWidget::StartProcessing()
+{
+    if (m_Processing) {
+        MarkJobObsolete();
+        return;
+    }
+    if (m_Cancel)
+        return;
+    {
+        const QWriteLocker guard(&m_DataGuard);
+        m_NewData = false;
+    }
+    m_pWatcher = new QFutureWatcher<HBImage<>>(this);
+    connect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
+    connect(m_pWatcher, SIGNAL(finished()), this, SLOT(OnProcessingFinished()));
+    StartJobWatching(m_pWatcher);
+    if (m_pWatcher->isCanceled()) {
+        // No future was attached: a panel without a job, for which nobody shall wait.
+        ReleaseWatcher();
+        return;
+    }
+    KillTimer(m_ProgressTimer);
+    m_ProgressTimer = startTimer(KMApplication::GetProgressTimeout());
+    m_Processing = true;
+}
+
+void HBAdjustmentWidget::RestartProcessing()
+{
+    KillTimer(m_DataChangedTimer);
+    m_DataChangedTimer = startTimer(DebounceMilliseconds, Qt::CoarseTimer);
+}
+
+/// The running job's result will be dropped and OnProcessingFinished starts another job.
+void HBAdjustmentWidget::MarkJobObsolete()
+{
+    const QWriteLocker guard(&m_DataGuard);
+    if (m_NewData)
+        return;
+    m_NewData = true;
+    disconnect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
+}
+
+/// Later, and no longer as a child: it may be in the midst of the signal that made the host destroy this panel.
+void HBAdjustmentWidget::ReleaseWatcher()
+{
+    m_pWatcher->setParent(nullptr);
+    m_pWatcher->deleteLater();
+    m_pWatcher = nullptr;
+}
+
+/// The host has waited for the progress timeout: show a dialog until the job is done, then answer with Finished.
+void HBAdjustmentWidget::FinishWaiting()
+{
+    if (m_Cancel && m_Processing)
+        MarkJobObsolete();
+    KillTimer(m_WaitTimer);
+    KillTimer(m_DataChangedTimer);
+
+    // The host may destroy this panel, and its main window with the dialog, in any of the nested event loops below.
+    const QPointer<HBAdjustmentWidget> self(this);
+    const QPointer<HBOperationProgressDlg> dialog(new HBOperationProgressDlg(HBMdiArea::MainWindow()));
+    m_pWaitDialog = dialog;
+    dialog->SetLabel(GetWidgetName() + ':');
+    dialog->SetProgressRange(m_ProgressMinimum, m_ProgressMaximum);
+    dialog->SetProgressPos(m_ProgressValue);
+    connect(this, SIGNAL(ProgressRangeChanged(int, int)), dialog, SLOT(SetProgressRange(int, int)));
+    connect(this, SIGNAL(ProgressValueChanged(int)), dialog, SLOT(SetProgressPos(int)));
+
+    QApplication::restoreOverrideCursor();
+    m_WaitCursor = false;
+    int result = 1;
+    if (m_Processing) {
+        result = HBDialog::Exec(dialog);
+        if (self && result == 0 && m_pWatcher)
+            SetCancelProcessing(true);
+        if (self && m_pWatcher) {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+            m_pWatcher->waitForFinished();
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    if (self)
+        QCoreApplication::processEvents();
+    if (self)
+        emit Finished(result);
+    if (self)
+        m_WaitPending = false;
+    delete dialog;
+}
+
+void HBAdjustmentWidget::KillTimer(int& id)
+{
+    if (id == -1)
+        return;
+    killTimer(id);
+    id = -1;
+}
+
+void HBAdjustmentWidget::OnResultReadyAt(int index)
+{
+    m_Adjusted = m_pWatcher->resultAt(index);
+    emit ImageReady();
+}
+
+void HBAdjustmentWidget::OnProcessingFinished()
+{
+    KillTimer(m_ProgressTimer);
+    if (m_Dialog) {
+        m_pFrame->m_pProgress->setEnabled(false);
+        m_pFrame->m_pProgress->setMinimum(m_ProgressMinimum);
+    }
+    m_ProgressShown = false;
+    ReleaseWatcher();
+    m_Processing = false;
+    // A host that is told so may start a job, or destroy the panel.
+    const QPointer<HBAdjustmentWidget> self(this);
+    emit ProgressRangeChanged(0, 100);
+    if (self)
+        emit ProgressValueChanged(100);
+    if (!self)
+        return;
+    bool restart;
+    {
+        const QReadLocker guard(&m_DataGuard);
+        restart = m_NewData;
+    }
+    if (restart)
+        StartProcessing();
+}
+
+void HBAdjustmentWidget::OnDataChanged()
+{
+    if (m_Source.Width() != 0 && m_Source.Height() != 0 && IsDialog())
+        RestartProcessing();
+}
+
+void HBAdjustmentWidget::OnProgressRangeChanged(int minimum, int maximum)
+{
+    m_ProgressMinimum = minimum;
+    m_ProgressMaximum = maximum;
+}
+
+void HBAdjustmentWidget::OnProgressValueChanged(int value)
+{
+    m_ProgressValue = value;
+}

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBAdjustmentWidget.h"
+
+#include <HBAdjustmentProcessingTemplate.h>
+
+#include <QtConcurrent>
+
+/// The head of every panel's job record: what to adjust, and where. A job owns copies of all it touches.
+struct HBJobData
+{
+    HBImage<> source;
+    HBImage<> selection;
+    QPoint offset; ///< of the selection image on the source
+    QRect bounds;  ///< of the selection, in pixels of the selection image; not valid: no selection
+};
+
+/// Runs panel->process(data) on the global pool, for the watcher.
+template <class Panel, class Data>
+void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data), const Data& data)
+{
+    watcher->setFuture(QtConcurrent::run(panel, process, data));
+}
+
+template <class Transformation>
+HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& data, const Transformation& transformation)
+{
+    HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
+    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
+    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
+            Qt::QueuedConnection);
+    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
+            Qt::QueuedConnection);
+    return processing.Process(data.source, data.selection, data.offset, data.bounds);
+}
