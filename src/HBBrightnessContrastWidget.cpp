@@ -62,7 +62,8 @@ HBBrightnessContrastWidget::HBBrightnessContrastWidget(bool dialog, QWidget* par
     m_pUI->m_pContrastSpin->setValue(m_Params.contrast);
 
     // The sliders only: a spin box arrives through the form's link, so a change is heard once.
-    m_pConnections->Add(m_pUI->m_pBrightnessSlider, SIGNAL(valueChanged(int)), SLOT(OnBrightnessChanged(int)));
+    m_pConnections->Add(m_pUI->m_pBrightnessSlider, SIGNAL(valueChanged(int)),
+                        SLOT(OnBrightnessChanged(int)));
     m_pConnections->Add(m_pUI->m_pContrastSlider, SIGNAL(valueChanged(int)), SLOT(OnContrastChanged(int)));
     Connect();
 }
@@ -124,11 +125,11 @@ struct HBBrightnessContrastWidget::BCData : HBJobData
 void HBBrightnessContrastWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
     // From the spin boxes, not the record, which may be out of range.
-    const BCData data{JobData(), m_pUI->m_pBrightnessSpin->value(), m_pUI->m_pContrastSpin->value()};
-    HBStartJob(watcher, this, &HBBrightnessContrastWidget::Process, data);
+    const BCData job{JobData(), m_pUI->m_pBrightnessSpin->value(), m_pUI->m_pContrastSpin->value()};
+    HBStartJob(watcher, this, &HBBrightnessContrastWidget::Process, job);
 }
 
-HBImage<> HBBrightnessContrastWidget::Process(BCData data)
+HBImage<> HBBrightnessContrastWidget::Process(BCData job)
 {
-    return RunTransformation(data, HBIterativeBrightnessContrastTransformation(data.brightness, data.contrast));
+    return RunTransformation(job, HBIterativeBrightnessContrastTransformation(job.brightness, job.contrast));
 }

@@ -17,21 +17,23 @@ struct HBJobData
     QRect bounds;  ///< of the selection, in pixels of the selection image; not valid: no selection
 };
 
-/// Runs panel->process(data) on the global pool, for the watcher.
+/// Runs panel->process(job) on the global pool, for the watcher.
 template <class Panel, class Data>
-void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data), const Data& data)
+void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data),
+                const Data& job)
 {
-    watcher->setFuture(QtConcurrent::run(panel, process, data));
+    watcher->setFuture(QtConcurrent::run(panel, process, job));
 }
 
 template <class Transformation>
-HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& data, const Transformation& transformation)
+HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation)
 {
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
-    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
-    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
-            Qt::QueuedConnection);
-    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
-            Qt::QueuedConnection);
-    return processing.Process(data.source, data.selection, data.offset, data.bounds);
+    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not
+    // begun.
+    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this,
+            &HBAdjustmentWidget::ProgressRangeChanged, Qt::QueuedConnection);
+    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this,
+            &HBAdjustmentWidget::ProgressValueChanged, Qt::QueuedConnection);
+    return processing.Process(job.source, job.selection, job.offset, job.bounds);
 }
