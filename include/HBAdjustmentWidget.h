@@ -24,23 +24,20 @@ namespace Ui
 class AdjustmentDialogBase;
 }
 
-/// Base of every adjustment panel: takes an image from the host, recomputes an adjusted copy in the
-/// background when a value changes, reports progress, and tells the host when a new image is ready and what
-/// the user decided.
+/// Base of every adjustment panel: takes an image from the host, recomputes an adjusted copy in the background when
+/// a value changes, reports progress, and tells the host when a new image is ready and what the user decided.
 ///
-/// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct,
-/// SetValue (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The
-/// panel may be destroyed at any time, also while a job runs or its progress dialog is open.
+/// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct, SetValue
+/// (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may be destroyed
+/// at any time, also while a job runs or its progress dialog is open.
 ///
-/// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it
-/// obsolete: it stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job
-/// unless cancelled.
+/// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete: it
+/// stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless cancelled.
 class PANELS_EXPORT HBAdjustmentWidget : public KMAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// \param dialog true: with a frame of its own (progress bar, OK / Cancel / Reset), and every change of a
-    /// value
+    /// \param dialog true: with a frame of its own (progress bar, OK / Cancel / Reset), and every change of a value
     ///        starts a job 50 ms later; false: the controls alone, and only SetImage starts jobs.
     HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBAdjustmentWidget() override;
@@ -54,14 +51,14 @@ public:
     HBImage<> SourceImage() const { return m_Source; }
     /// The latest result; empty before the first ImageReady().
     HBImage<> AdjustedImage() const { return m_Adjusted; }
-    /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone:
-    /// its image still arrives, with ImageReady().
+    /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
+    /// still arrives, with ImageReady().
     void ClearData();
 
-    /// Asks for the final result. True: nothing to wait for (a change younger than 50 ms may not have started
-    /// its job yet), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the
-    /// host's progress timeout, a modal progress dialog is shown meanwhile. \param cancel also give the
-    /// running job up
+    /// Asks for the final result. True: nothing to wait for (a change younger than 50 ms may not have started its job
+    /// yet), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the host's progress
+    /// timeout, a modal progress dialog is shown meanwhile.
+    /// \param cancel also give the running job up
     bool WaitForProcessingFinished(bool cancel);
     /// While set, no job starts; setting it makes a running job obsolete. Clearing it starts nothing.
     void SetCancelProcessing(bool cancel);
@@ -99,33 +96,33 @@ protected:
     /// Colours the groove of a horizontal slider, always from left to right: only the gradient's stops count.
     static void SetGrooveGradient(QSlider* slider, const QLinearGradient& gradient);
 
-    /// The three closing calls of a slot, in their order: the host learns that the user changed something,
-    /// the panel's own signal, and the change schedules a job.
+    /// The three closing calls of a slot, in their order: the host learns that the user changed something, the
+    /// panel's own signal, and the change schedules a job.
     template <class Panel>
     void NotifyChanged(void (Panel::*valueSignal)())
     {
         emit KMAdjustmentWidget::AboutUserParamsChanged();
-        emit(static_cast<Panel*>(this)->*valueSignal)();
+        (static_cast<Panel*>(this)->*valueSignal)();
         emit DataChanged();
     }
 
     /// The part of a job record that all panels share, as of now.
     HBJobData JobData() const;
-    /// Runs a transformation over a job's image with progress and cancelling; on the job's thread. Throws
-    /// nothing. Defined in HBPanelJob.h.
+    /// Runs a transformation over a job's image with progress and cancelling; on the job's thread. Throws nothing.
+    /// Defined in HBPanelJob.h.
     template <class Transformation>
     HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation);
 
-    /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs
-    /// a member of the panel, and in the base's destructor that panel is gone already.
+    /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
+    /// of the panel, and in the base's destructor that panel is gone already.
     void FinishJob();
 
     void timerEvent(QTimerEvent* event) override;
 
 private:
     virtual void Reset() = 0;
-    /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a
-    /// job of its own leaves the watcher alone.
+    /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a job of
+    /// its own leaves the watcher alone.
     virtual void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) = 0;
     virtual QString GetWidgetName();
     virtual void ClearInternal();
@@ -158,8 +155,7 @@ private:
     int m_ProgressTimer = -1;
     int m_DataChangedTimer = -1;
     int m_WaitTimer = -1;
-    /// From WaitForProcessingFinished to Finished. Not the timer's id: Qt gives a killed id out again at
-    /// once.
+    /// From WaitForProcessingFinished to Finished. Not the timer's id: Qt gives a killed id out again at once.
     bool m_WaitPending = false;
     bool m_WaitCursor = false; ///< the override cursor of the wait is set
     QPointer<HBOperationProgressDlg> m_pWaitDialog;

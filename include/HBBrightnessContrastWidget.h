@@ -19,15 +19,14 @@ class PANELS_EXPORT HBBrightnessContrastWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMBrightnessContrast 1.00000", then the fields in their order. Written records
-    /// exist: a new field needs a new tag.
+    /// Stored form: tag "KMBrightnessContrast 1.00000", then the fields in their order. Written records exist: a new
+    /// field needs a new tag.
     struct PANELS_EXPORT Params
     {
         qint32 brightness = 0; ///< levels to add, -127..127; 0 does nothing
         qint32 contrast = 0;   ///< -127..127; 0 does nothing
 
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is
-        /// changed).
+        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
         bool Read(QDataStream& stream);
         bool Write(QDataStream& stream) const;
     };
@@ -36,8 +35,8 @@ public:
     ~HBBrightnessContrastWidget() override;
 
     Params GetValue() const { return m_Params; }
-    /// Kept as it is, also out of range, where the controls show and the job uses the nearest value they
-    /// allow. Emits nothing and starts no job.
+    /// Kept as it is, also out of range, where the controls show and the job uses the nearest value they allow.
+    /// Emits nothing and starts no job.
     void SetValue(const Params& params);
 
 signals:

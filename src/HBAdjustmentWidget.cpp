@@ -37,8 +37,7 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
         if (QPushButton* reset = m_pFrame->m_pButtons->button(QDialogButtonBox::Reset))
             connect(reset, SIGNAL(clicked()), this, SLOT(OnReset()));
         connect(this, SIGNAL(DataChanged()), this, SLOT(OnDataChanged()));
-        connect(this, SIGNAL(ProgressRangeChanged(int, int)), m_pFrame->m_pProgress,
-                SLOT(setRange(int, int)));
+        connect(this, SIGNAL(ProgressRangeChanged(int, int)), m_pFrame->m_pProgress, SLOT(setRange(int, int)));
         connect(this, SIGNAL(ProgressValueChanged(int)), m_pFrame->m_pProgress, SLOT(setValue(int)));
     }
     connect(this, SIGNAL(ProgressRangeChanged(int, int)), this, SLOT(OnProgressRangeChanged(int, int)));
@@ -123,10 +122,9 @@ void HBAdjustmentWidget::SetGrooveGradient(QSlider* slider, const QLinearGradien
                      .arg(stop.second.blue());
     }
     stops.chop(2);
-    slider->setStyleSheet(
-        QString("QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
-                "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, %1);}")
-            .arg(stops));
+    slider->setStyleSheet(QString("QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
+                                  "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, %1);}")
+                              .arg(stops));
 }
 
 HBJobData HBAdjustmentWidget::JobData() const
@@ -235,8 +233,7 @@ void HBAdjustmentWidget::MarkJobObsolete()
     disconnect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
 }
 
-/// Later, and no longer as a child: it may be in the midst of the signal that made the host destroy this
-/// panel.
+/// Later, and no longer as a child: it may be in the midst of the signal that made the host destroy this panel.
 void HBAdjustmentWidget::ReleaseWatcher()
 {
     m_pWatcher->setParent(nullptr);
@@ -244,8 +241,7 @@ void HBAdjustmentWidget::ReleaseWatcher()
     m_pWatcher = nullptr;
 }
 
-/// The host has waited for the progress timeout: show a dialog until the job is done, then answer with
-/// Finished.
+/// The host has waited for the progress timeout: show a dialog until the job is done, then answer with Finished.
 void HBAdjustmentWidget::FinishWaiting()
 {
     if (m_Cancel && m_Processing)
@@ -253,8 +249,7 @@ void HBAdjustmentWidget::FinishWaiting()
     KillTimer(m_WaitTimer);
     KillTimer(m_DataChangedTimer);
 
-    // The host may destroy this panel, and its main window with the dialog, in any of the nested event loops
-    // below.
+    // The host may destroy this panel, and its main window with the dialog, in any of the nested event loops below.
     const QPointer<HBAdjustmentWidget> self(this);
     const QPointer<HBOperationProgressDlg> dialog(new HBOperationProgressDlg(HBMdiArea::MainWindow()));
     m_pWaitDialog = dialog;

@@ -62,8 +62,7 @@ HBBrightnessContrastWidget::HBBrightnessContrastWidget(bool dialog, QWidget* par
     m_pUI->m_pContrastSpin->setValue(m_Params.contrast);
 
     // The sliders only: a spin box arrives through the form's link, so a change is heard once.
-    m_pConnections->Add(m_pUI->m_pBrightnessSlider, SIGNAL(valueChanged(int)),
-                        SLOT(OnBrightnessChanged(int)));
+    m_pConnections->Add(m_pUI->m_pBrightnessSlider, SIGNAL(valueChanged(int)), SLOT(OnBrightnessChanged(int)));
     m_pConnections->Add(m_pUI->m_pContrastSlider, SIGNAL(valueChanged(int)), SLOT(OnContrastChanged(int)));
     Connect();
 }

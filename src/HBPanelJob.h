@@ -29,11 +29,10 @@ template <class Transformation>
 HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation)
 {
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
-    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not
-    // begun.
-    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this,
-            &HBAdjustmentWidget::ProgressRangeChanged, Qt::QueuedConnection);
-    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this,
-            &HBAdjustmentWidget::ProgressValueChanged, Qt::QueuedConnection);
+    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
+    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
+            Qt::QueuedConnection);
+    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
+            Qt::QueuedConnection);
     return processing.Process(job.source, job.selection, job.offset, job.bounds);
 }

@@ -6,15 +6,14 @@
 
 class QDataStream;
 
-// The frame of a stored record: the panel's tag as raw bytes, then the fields, each with QDataStream's own
-// operator. Nothing here sets the stream's version or byte order: they are the caller's. All of it may read
-// hostile data.
+// The frame of a stored record: the panel's tag as raw bytes, then the fields, each with QDataStream's own operator.
+// Nothing here sets the stream's version or byte order: they are the caller's. All of it may read hostile data.
 
 /// Writes the tag: no length before it, no zero behind it. False if it could not be written whole.
 bool HBWriteTag(QDataStream& stream, const char* tag);
 
-/// Reads as many bytes as the tag has. True if they are the tag. Bytes that are not stay consumed; the
-/// stream's status is left as it was, also when it ends inside the tag.
+/// Reads as many bytes as the tag has. True if they are the tag. Bytes that are not stay consumed; the stream's status
+/// is left as it was, also when it ends inside the tag.
 bool HBReadTag(QDataStream& stream, const char* tag);
 
 /// Up to `size` bytes, fewer if the stream ends; the stream's status is left as it was.
@@ -27,6 +26,6 @@ bool HBReadBool32(QDataStream& stream);
 /// \param source name of the panel's source, as "src\\HBLevelsWidget"
 void HBLogStreamError(const char* date, const char* time, int line, const char* source, const char* message);
 
-/// A macro, because date and time are those of the panel's own unit. `line` is __LINE__, unless the panel has
-/// a fixed number.
+/// A macro, because date and time are those of the panel's own unit. `line` is __LINE__, unless the panel has a fixed
+/// number.
 #define HB_LOG_STREAM_ERROR(line, source, message) HBLogStreamError(__DATE__, __TIME__, line, source, message)

@@ -8,7 +8,9 @@
 #include <QVBoxLayout>
 
 HBOperationProgressDlg::HBOperationProgressDlg(QWidget* parent)
-    : QDialog(parent), m_pLabel(new QLabel(this)), m_pProgress(new QProgressBar(this))
+    : QDialog(parent)
+    , m_pLabel(new QLabel(this))
+    , m_pProgress(new QProgressBar(this))
 {
     setModal(true);
     setWindowTitle(tr("Please wait"));
