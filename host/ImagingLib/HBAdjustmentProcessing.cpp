@@ -14,7 +14,9 @@ class HBAdjustmentProcessing::Claims
 public:
     /// \param progressBase progress value before the first piece is done
     Claims(HBAdjustmentProcessing& owner, int count, int progressBase)
-        : m_Owner(owner), m_Count(count), m_Done(progressBase)
+        : m_Owner(owner)
+        , m_Count(count)
+        , m_Done(progressBase)
     {
     }
 
@@ -49,7 +51,8 @@ private:
 };
 
 HBAdjustmentProcessing::HBAdjustmentProcessing(QReadWriteLock* dataGuard, const bool* newData)
-    : m_pDataGuard(dataGuard), m_pNewData(newData)
+    : m_pDataGuard(dataGuard)
+    , m_pNewData(newData)
 {
 }
 
@@ -95,8 +98,9 @@ HBImage<> HBAdjustmentProcessing::Run(const HBImage<>& source, const HBImage<>& 
     const int tiles = selected ? area.TileCount() : source.IsEmpty() ? 0 : source.Columns() * source.Rows();
     const int rows = selected ? area.RowCount() : 0;
     auto tileIndex = [&](int piece) {
-        return selected ? (area.tiles.top() + piece / columns) * source.Columns() + area.tiles.left() + piece % columns
-                        : piece;
+        return selected
+                   ? (area.tiles.top() + piece / columns) * source.Columns() + area.tiles.left() + piece % columns
+                   : piece;
     };
     SetRange(0, tiles + rows);
 
@@ -130,7 +134,8 @@ HBImage<> HBAdjustmentProcessing::Run(const HBImage<>& source, const HBImage<>& 
     });
 
     Claims rowClaims(*this, rows, tiles);
-    const HBSelectionBlender<HBBlend::HBSourceBySelection> blender(result, source, selection, offset, area.blended);
+    const HBSelectionBlender<HBBlend::HBSourceBySelection> blender(result, source, selection, offset,
+                                                                   area.blended);
     Spread(HBLaneCount(rows), rowClaims, [&] {
         for (int row; (row = rowClaims.Next()) >= 0;) {
             blender.BlendRow(row);

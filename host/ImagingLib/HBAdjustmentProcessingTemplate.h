@@ -26,7 +26,8 @@ class HBAdjustmentProcessingTemplate : public HBAdjustmentProcessing
 {
 public:
     HBAdjustmentProcessingTemplate(Transformation transformation, QReadWriteLock* dataGuard, const bool* newData)
-        : HBAdjustmentProcessing(dataGuard, newData), m_Transformation(std::move(transformation))
+        : HBAdjustmentProcessing(dataGuard, newData)
+        , m_Transformation(std::move(transformation))
     {
     }
 

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "HBRGBA32i.h"
+#include "imaginglib_export.h"
 #include "KMCMSProfile.h"
 #include "KMEXIFElement.h"
 #include "KMTileManager64.h"
-#include "imaginglib_export.h"
 
 #include <QImage>
 #include <QList>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
+#include <QtConcurrent>
 #include <QThreadPool>
 #include <QVector>
-#include <QtConcurrent>
 
 #include <exception>
 #include <mutex>

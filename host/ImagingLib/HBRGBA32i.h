@@ -18,7 +18,10 @@ struct alignas(4) HBRGBA32i
 
     constexpr HBRGBA32i() = default;
     constexpr HBRGBA32i(std::uint8_t r, std::uint8_t g, std::uint8_t b, std::uint8_t a = 255)
-        : blue(b), green(g), red(r), alpha(a)
+        : blue(b)
+        , green(g)
+        , red(r)
+        , alpha(a)
     {
     }
 

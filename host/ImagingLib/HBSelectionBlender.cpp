@@ -56,7 +56,11 @@ HBSelectionArea::HBSelectionArea(const HBImage<>& image, const HBImage<>& select
 
 HBSelectionRows::HBSelectionRows(HBImage<>& destination, const HBImage<>& source, const HBImage<>& selection,
                                  const QPoint& offset, const QRect& area)
-    : m_Destination(destination), m_Source(source), m_Selection(selection), m_Offset(offset), m_Area(area)
+    : m_Destination(destination)
+    , m_Source(source)
+    , m_Selection(selection)
+    , m_Offset(offset)
+    , m_Area(area)
 {
 }
 
@@ -68,17 +72,21 @@ void HBSelectionRows::ForEachSpan(int row, const std::function<void(const Span&)
     while (x <= m_Area.right()) {
         const int selectionX = int(qint64(x) - m_Offset.x());
         // To the next tile border of the image or of the selection image, whichever comes first.
-        const int count = std::min({TileSize - x % TileSize, TileSize - selectionX % TileSize, m_Area.right() + 1 - x});
+        const int count =
+            std::min({TileSize - x % TileSize, TileSize - selectionX % TileSize, m_Area.right() + 1 - x});
         const int index = y / TileSize * m_Source.Columns() + x / TileSize;
         const int pixel = y % TileSize * TileSize + x % TileSize;
         const int selectionIndex = selectionY / TileSize * m_Selection.Columns() + selectionX / TileSize;
         const int selectionPixel = selectionY % TileSize * TileSize + selectionX % TileSize;
 
+        x += count;
+        if (m_Destination.Tile(index) == m_Source.Tile(index))
+            continue; // not adjusted, so there is nothing to take back, and the tile is not ours to write
         const KMTilePin<HBRGBA32i> destination(m_Destination.Tile(index), true);
         const KMTilePin<HBRGBA32i> source(m_Source.Tile(index), false);
         const KMTilePin<HBRGBA32i> selection(m_Selection.Tile(selectionIndex), false);
-        function({destination.Pixels() + pixel, source.Pixels() + pixel, selection.Pixels() + selectionPixel, count});
-        x += count;
+        function(
+            {destination.Pixels() + pixel, source.Pixels() + pixel, selection.Pixels() + selectionPixel, count});
     }
 }
 

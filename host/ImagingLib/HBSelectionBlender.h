@@ -31,7 +31,8 @@ struct IMAGINGLIB_EXPORT HBSelectionArea
 class IMAGINGLIB_EXPORT HBSelectionRows
 {
 public:
-    /// The images must outlive the object. The tiles of `destination` under `area` must be its own (Detach).
+    /// The images must outlive the object. The tiles of `destination` under `area` must be its own (Detach), except
+    /// those that it shares with `source`, which are skipped.
     /// \param offset where `selection` lies on the other two, which have the same size
     /// \param area in pixels of destination and source, inside all three images
     HBSelectionRows(HBImage<>& destination, const HBImage<>& source, const HBImage<>& selection,

@@ -124,7 +124,8 @@ public:
     {
     }
     KMTilePin(KMTilePin&& other) noexcept
-        : m_pTile(std::exchange(other.m_pTile, nullptr)), m_pPixels(other.m_pPixels)
+        : m_pTile(std::exchange(other.m_pTile, nullptr))
+        , m_pPixels(other.m_pPixels)
     {
     }
     KMTilePin& operator=(KMTilePin&&) = delete;
