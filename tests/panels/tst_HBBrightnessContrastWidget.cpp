@@ -70,7 +70,7 @@ private slots:
     void reset();
     void result_data();
     void result();
-    void jobTakesTheControls();
+    void recordOutOfRange();
     void deletedAtOnce();
 };
 
@@ -264,7 +264,7 @@ void tst_HBBrightnessContrastWidget::result()
     QCOMPARE(f.panel.SourceImage().ToQImage(), HBTestRamp(size.width(), size.height()).ToQImage());
 }
 
-void tst_HBBrightnessContrastWidget::jobTakesTheControls()
+void tst_HBBrightnessContrastWidget::recordOutOfRange()
 {
     const HBImage<> photo = HBTestColourCube(17);
     Fixture f;

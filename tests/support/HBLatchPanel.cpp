@@ -42,8 +42,10 @@ void HBTestGate::Pass()
     std::unique_lock<std::mutex> lock(m_Mutex);
     ++m_Held;
     m_Changed.notify_all();
+    // A test that failed leaves its gate closed: it shall end all the same.
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     // Nobody tells when a job becomes obsolete, so that is asked from time to time.
-    while (m_Allowed == 0 && !(m_ObsoletePasses && m_IsObsolete()))
+    while (m_Allowed == 0 && !(m_ObsoletePasses && m_IsObsolete()) && std::chrono::steady_clock::now() < limit)
         m_Changed.wait_for(lock, std::chrono::milliseconds(1));
     if (m_Allowed > 0 && m_Allowed < Unlimited)
         --m_Allowed;
@@ -99,6 +101,7 @@ HBLatchPanel::HBLatchPanel(bool dialog, QWidget* parent)
 
 HBLatchPanel::~HBLatchPanel()
 {
+    m_pGate->OpenWhenObsolete();
     FinishJob();
 }
 
