@@ -206,14 +206,13 @@ void HBEditorActions::AddToolBar()
     bar->addSeparator();
     bar->addActions(tools->actions());
 
-    auto* label = new QLabel(tr(" F&eather:") + ' ', bar);
+    auto* label = new QLabel(tr(" Feather:") + ' ', bar);
     feather = new QSpinBox(bar);
     feather->setRange(0, MaximumFeather);
     feather->setSuffix(tr(" px"));
     feather->setAccessibleName(tr("Feather of the selection in pixels"));
     feather->setToolTip(tr("Width of the soft edge of a selection, to either side"));
     feather->setKeyboardTracking(false); // each value makes the selection anew
-    label->setBuddy(feather);
     bar->addWidget(label);
     bar->addWidget(feather);
     bar->addSeparator();

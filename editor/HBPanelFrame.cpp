@@ -4,10 +4,12 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QDockWidget>
 #include <QEvent>
 #include <QMainWindow>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace
@@ -28,6 +30,18 @@ QWidget* Column(QWidget* panel)
     // Room for the controls without scrolling sideways.
     area->setMinimumWidth(panel->minimumSizeHint().width() + 2 * area->frameWidth());
     return area;
+}
+
+/// The first control that the tab key reaches; not the buttons, which are older than the controls.
+void FocusFirst(QWidget* panel)
+{
+    for (QWidget* widget = panel->nextInFocusChain(); panel->isAncestorOf(widget);
+         widget = widget->nextInFocusChain()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) && !qobject_cast<QDialogButtonBox*>(widget->parentWidget())) {
+            widget->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
 }
 
 } // namespace
@@ -63,9 +77,14 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
         layout->addWidget(panel);
         connect(m_pDialog, &QDialog::rejected, this, &HBPanelFrame::Dismissed);
         m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
+        // In a corner of the window, not over the middle of the photo.
+        const QRect window = m_pWindow->geometry();
+        m_pDialog->move(window.right() - m_pDialog->width() - 40, window.top() + 100);
         m_pDialog->show();
     }
     panel->show();
+    // Later: the menu that the panel was chosen from gives the focus back to where it was.
+    QTimer::singleShot(0, panel, [panel] { FocusFirst(panel); });
 }
 
 void HBPanelFrame::Close()

@@ -82,9 +82,12 @@ int HBSelectionShape::CoverageAt(int x, int y) const
 HBSelection HBSelectionShape::Rasterize(const QSize& photo) const
 {
     HBSelection selection;
+    // Tested before they meet: QRect turns an empty rectangle round.
+    if (IsNone() || rect.isEmpty() || photo.isEmpty())
+        return selection;
     const QRect frame(QPoint(0, 0), photo);
     const QRect touched = rect.adjusted(-feather, -feather, feather, feather) & frame;
-    if (IsNone() || rect.isEmpty() || touched.isEmpty())
+    if (touched.isEmpty())
         return selection;
 
     const QRect area = inverted ? frame : touched;

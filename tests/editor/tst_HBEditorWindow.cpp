@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "../host/HBOffscreenLog.h"
+#include "HBTestMain.h"
+
+#include <HBAdjustmentWidget.h>
+#include <HBEditorActions.h>
+#include <HBEditorWindow.h>
+#include <HBMessageBar.h>
+#include <HBPanelCatalog.h>
+#include <HBSelectionTool.h>
+#include <KMDocumentView.h>
+
+#include <QAction>
+#include <QActionGroup>
+#include <QDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QSpinBox>
+#include <QTimer>
+
+#include <memory>
+
+class TestHBEditorWindow : public QObject
+{
+    Q_OBJECT
+
+    /// A photo file of that size, a ramp.
+    QString Photo(const QString& name, int width = 300, int height = 200)
+    {
+        QImage image(width, height, QImage::Format_RGB32);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x)
+                image.setPixel(x, y, qRgb(x & 255, y & 255, 100));
+        }
+        image.save(m_Folder.filePath(name));
+        return m_Folder.filePath(name);
+    }
+
+    static const HBPanelEntry& Entry() { return *HBFindPanel("HBBrightnessContrastWidget"); }
+    static QSpinBox* Brightness(const HBEditorWindow& window)
+    {
+        return window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
+    }
+
+    /// Presses a button of the next message box.
+    static void Answer(QMessageBox::StandardButton button)
+    {
+        QTimer::singleShot(0, qApp, [=] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box)
+                box->button(button)->click();
+            else
+                Answer(button); // not there yet
+        });
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_pLog = std::make_unique<HBOffscreenLog>();
+        QVERIFY(m_Folder.isValid());
+    }
+    void cleanupTestCase() { m_pLog.reset(); }
+
+    void menusHoldTheCatalog()
+    {
+        HBEditorWindow window(false);
+        QCOMPARE(window.Actions()->panels->actions().size(), HBPanelCatalog().size());
+        QVERIFY(!window.Actions()->panels->isEnabled()); // no photo yet
+        QVERIFY(!window.OpenPanel(Entry()));
+        window.Open(Photo("a.png"));
+        QVERIFY(window.Actions()->panels->isEnabled());
+    }
+
+    void everyPanelOpensAndCloses_data()
+    {
+        QTest::addColumn<bool>("docked");
+        QTest::newRow("side bar") << true;
+        QTest::newRow("dialog") << false;
+    }
+    void everyPanelOpensAndCloses()
+    {
+        QFETCH(bool, docked);
+        HBEditorWindow window(false);
+        window.show();
+        window.Actions()->docked->setChecked(docked);
+        QVERIFY(window.Open(Photo("a.png")));
+        for (const HBPanelEntry& entry : HBPanelCatalog()) {
+            QVERIFY(window.OpenPanel(entry));
+            const QPointer<HBAdjustmentWidget> panel = window.Session()->Panel();
+            QVERIFY(panel->isVisible());
+            QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, !docked);
+            window.Actions()->docked->toggle(); // moves the panel
+            QVERIFY(panel->isVisible());
+            QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, docked);
+            window.Actions()->docked->toggle();
+            emit panel->Cancel();
+            QVERIFY(!window.Session());
+            QTRY_VERIFY(!panel);
+        }
+        QVERIFY(!window.Document().IsModified());
+    }
+
+    void closingTheDialogCancels()
+    {
+        HBEditorWindow window(false);
+        window.show();
+        window.Actions()->docked->setChecked(false);
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(50);
+        window.Session()->Panel()->window()->close();
+        QVERIFY(!window.Session());
+        QVERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(0, 0, 100));
+        QVERIFY(!window.Document().IsModified());
+    }
+
+    void previewOkUndo()
+    {
+        HBEditorWindow window(false);
+        window.show();
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(50);
+        QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
+        QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(0, 0, 100));
+        Brightness(window)->setValue(60);
+        emit window.Session()->Panel()->Ok();
+        QTRY_VERIFY(!window.Session());
+        QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(60, 60, 160));
+        QVERIFY(window.isWindowModified());
+        QCOMPARE(window.Document().Recipe(nullptr).steps.size(), 1);
+        window.Actions()->undo->trigger();
+        QVERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(0, 0, 100));
+        QVERIFY(!window.isWindowModified());
+    }
+
+    void recipeGivesTheSameBytes()
+    {
+        HBEditorWindow window(false);
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(-33);
+        emit window.Session()->Panel()->Ok();
+        QTRY_VERIFY(!window.Session());
+        const QImage adjusted = window.Document().Image().ToQImage();
+        const QString recipe = m_Folder.filePath("recipe.json");
+        QString error;
+        QVERIFY2(window.Document().Recipe(nullptr).Save(recipe, &error), qPrintable(error));
+        window.Actions()->undo->trigger();
+        QVERIFY(window.ApplyRecipe(recipe));
+        QCOMPARE(window.Document().Image().ToQImage(), adjusted);
+        QVERIFY(!window.ApplyRecipe(Photo("norecipe.png")));
+        QVERIFY(window.MessageBar()->Text().contains("norecipe.png"));
+    }
+
+    void selectionReachesAnOpenPanelAndStaysOutOfTheRecipe()
+    {
+        HBEditorWindow window(false);
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(50);
+        window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
+        emit window.Session()->Panel()->Ok();
+        QTRY_VERIFY(!window.Session());
+        QVERIFY(window.Document().Image().PixelAt(9, 9) == HBRGBA32i(59, 59, 150));
+        QVERIFY(window.Document().Image().PixelAt(10, 9) == HBRGBA32i(10, 9, 100));
+        int leftOut = 0;
+        QVERIFY(window.Document().Recipe(&leftOut).steps.isEmpty());
+        QCOMPARE(leftOut, 1);
+    }
+
+    void badFilesLeaveThePhotoAlone()
+    {
+        HBEditorWindow window(false);
+        QVERIFY(window.Open(Photo("good.png")));
+        QFile text(m_Folder.filePath("text.jpg"));
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no photo") > 0);
+        text.close();
+        for (const char* name : {"text.jpg", "missing.png"}) {
+            QVERIFY(!window.Open(m_Folder.filePath(name)));
+            QVERIFY2(window.MessageBar()->Text().contains(name), qPrintable(window.MessageBar()->Text()));
+            QCOMPARE(window.Document().FileName(), QString("good.png"));
+        }
+        QVERIFY(window.Open(Photo("good.png")));
+        QVERIFY(window.MessageBar()->Text().isEmpty());
+    }
+
+    void failedSaveLosesNothing()
+    {
+        HBEditorWindow window(false);
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(50);
+        emit window.Session()->Panel()->Ok();
+        QTRY_VERIFY(!window.Session());
+        QVERIFY(!window.SaveTo(m_Folder.filePath("nowhere/b.png")));
+        QVERIFY(window.MessageBar()->Text().contains("nowhere/b.png"));
+        QVERIFY(window.Document().IsModified());
+        QCOMPARE(window.Document().FileName(), QString("a.png"));
+        QVERIFY(window.SaveTo(m_Folder.filePath("b.png")));
+        QVERIFY(!window.Document().IsModified());
+        QCOMPARE(QImage(m_Folder.filePath("b.png")).pixel(0, 0), qRgb(50, 50, 150));
+    }
+
+    void anotherPhotoWithAPanelOpen_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<int>("second"); // to the question whether to save
+        QTest::addColumn<bool>("opens");
+        QTest::newRow("stay") << int(QMessageBox::Cancel) << 0 << false;
+        QTest::newRow("discard") << int(QMessageBox::Discard) << 0 << true;
+        QTest::newRow("apply, do not save") << int(QMessageBox::Apply) << int(QMessageBox::Discard) << true;
+        QTest::newRow("apply, stay") << int(QMessageBox::Apply) << int(QMessageBox::Cancel) << false;
+    }
+    void anotherPhotoWithAPanelOpen()
+    {
+        QFETCH(int, answer);
+        QFETCH(int, second);
+        QFETCH(bool, opens);
+        HBEditorWindow window(false);
+        window.show();
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        QVERIFY(window.Open(Photo("b.png"))); // nothing is changed: no question
+        QVERIFY(!window.Session());
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(50); // younger than the debounce
+        QTimer::singleShot(0, this, [=] {
+            Answer(QMessageBox::StandardButton(answer));
+            if (second)
+                QTimer::singleShot(0, qApp, [=] { Answer(QMessageBox::StandardButton(second)); });
+        });
+        QCOMPARE(window.Open(Photo("c.png", 10, 10)), opens);
+        QCOMPARE(window.Document().FileName(), QString(opens ? "c.png" : "b.png"));
+        if (answer == QMessageBox::Apply && !opens)
+            QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
+    }
+
+    void destroyedWithAPanelAtWork()
+    {
+        auto window = std::make_unique<HBEditorWindow>(false);
+        window->show();
+        window->Open(Photo("large.png", 3000, 2000));
+        window->OpenPanel(Entry());
+        const QPointer<HBAdjustmentWidget> panel = window->Session()->Panel();
+        window.reset();
+        QVERIFY(!panel);
+    }
+
+    void holdingAKeyShowsThePhotoAsItWas()
+    {
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        Brightness(window)->setValue(100);
+        QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(100, 100, 200));
+        auto middle = [&] {
+            const QImage image = window.View()->viewport()->grab().toImage();
+            return image.pixelColor(image.rect().center()).blue();
+        };
+        QCOMPARE(middle(), 200);
+        QTest::keyPress(window.View(), Qt::Key_Backslash);
+        QCOMPARE(middle(), 100);
+        QTest::keyRelease(window.View(), Qt::Key_Backslash);
+        QCOMPARE(middle(), 200);
+    }
+
+private:
+    QTemporaryDir m_Folder;
+    std::unique_ptr<HBOffscreenLog> m_pLog;
+};
+
+HB_TEST_MAIN(TestHBEditorWindow)
+#include "tst_HBEditorWindow.moc"

@@ -1,0 +1,306 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBLatchPanel.h>
+#include <HBOperationProgressDlg.h>
+#include <HBPanelJob.h>
+#include <HBPanelSession.h>
+#include <HBSignalRecorder.h>
+#include <KMApplication.h>
+
+#include <QSignalSpy>
+
+namespace
+{
+
+/// Paints every pixel in the red of its value, tile by tile through a gate.
+class ValuePanel : public HBAdjustmentWidget
+{
+public:
+    explicit ValuePanel(bool dialog) : HBAdjustmentWidget(dialog, nullptr, {}) {}
+    ~ValuePanel() override { FinishJob(); }
+
+    void SetValue(int value)
+    {
+        m_Value = value;
+        emit AboutUserParamsChanged();
+        emit DataChanged();
+    }
+
+    HBTestGate gate{[this] {
+        const QReadLocker guard(&GetDataGuard());
+        return GetNewData();
+    }};
+    int starts = 0;
+
+private:
+    struct Paint
+    {
+        HBTestGate* gate;
+        int value;
+        HBRGBA32i* pixels = nullptr;
+
+        void SetProcessingBuffer(HBRGBA32i* buffer) { pixels = buffer; }
+        void operator()(int first, int count) const
+        {
+            gate->Pass();
+            std::fill_n(pixels + first, count, HBRGBA32i(std::uint8_t(value), 0, 0));
+        }
+    };
+    struct Data : HBJobData
+    {
+        int value;
+    };
+
+    void Reset() override {}
+    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override
+    {
+        ++starts;
+        HBStartJob(watcher, this, &ValuePanel::Process, Data{JobData(), m_Value});
+    }
+    HBImage<> Process(Data job) { return RunTransformation(job, Paint{&gate, job.value}); }
+
+    int m_Value = 1;
+};
+
+const HBPanelEntry entry = {"ValuePanel",
+                            nullptr,
+                            "Test",
+                            "Value",
+                            [](bool dialog, QWidget*) -> HBAdjustmentWidget* { return new ValuePanel(dialog); },
+                            [](const HBAdjustmentWidget&) {
+                                return QJsonObject{{"value", 1}};
+                            },
+                            [](HBAdjustmentWidget&, const QJsonObject&, QString*) { return true; }};
+
+/// A session on a photo of 3 x 3 tiles, and what it has told.
+struct Fixture
+{
+    HBPanelSession* session = new HBPanelSession(entry, nullptr);
+    QPointer<ValuePanel> panel = static_cast<ValuePanel*>(session->Panel());
+    QVector<int> previews; ///< the red of each
+    QVector<int> accepted;
+    int rejected = 0;
+    int resumed = 0;
+
+    Fixture()
+    {
+        QObject::connect(session, &HBPanelSession::PreviewReady, session,
+                         [this](const HBImage<>& image) { previews.append(image.PixelAt(299, 299).red); });
+        QObject::connect(session, &HBPanelSession::Accepted, session,
+                         [this](const HBImage<>& image) { accepted.append(image.PixelAt(299, 299).red); });
+        QObject::connect(session, &HBPanelSession::Rejected, session, [this] { ++rejected; });
+        QObject::connect(session, &HBPanelSession::Resumed, session, [this] { ++resumed; });
+    }
+    ~Fixture() { delete session; }
+
+    void SetSource() { session->SetSource(HBImage<>(300, 300), {}); }
+    /// Up to the first preview.
+    void Open()
+    {
+        SetSource();
+        QTRY_COMPARE(previews, QVector<int>{1});
+    }
+};
+
+} // namespace
+
+class TestHBPanelSession : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { KMApplication::SetProgressTimeout(100); }
+
+    void previewsEachChange()
+    {
+        Fixture f;
+        f.Open();
+        QVERIFY(!f.session->IsChanged());
+        f.panel->SetValue(7);
+        QVERIFY(f.session->IsChanged());
+        QTRY_COMPARE(f.previews, (QVector<int>{1, 7}));
+        f.session->Accept();
+        QCOMPARE(f.accepted, QVector<int>{7}); // nothing to wait for
+        QVERIFY(!f.session->IsFinishing());
+    }
+
+    void okTakesAChangeThatIsStillDebounced()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->SetValue(7);
+        emit f.panel->Ok();
+        QVERIFY(f.accepted.isEmpty());
+        QVERIFY(f.session->IsFinishing());
+        QVERIFY(!f.panel->isEnabled());
+        QTRY_COMPARE(f.accepted, QVector<int>{7});
+    }
+
+    void okWaitsForTheRunningJob()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->gate.Close();
+        f.panel->SetValue(7);
+        QTRY_COMPARE(f.panel->starts, 2);
+        QVERIFY(f.panel->gate.WaitForHeld());
+        f.session->Accept();
+        QVERIFY(f.accepted.isEmpty());
+        f.panel->gate.Open();
+        QTRY_COMPARE(f.accepted, QVector<int>{7});
+    }
+
+    void okTakesAChangeMadeWhileAnotherJobRuns()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->gate.Close();
+        f.panel->SetValue(7);
+        QTRY_COMPARE(f.panel->starts, 2);
+        QVERIFY(f.panel->gate.WaitForHeld());
+        f.panel->SetValue(9);
+        f.session->Accept();
+        f.panel->gate.OpenWhenObsolete();
+        QTRY_COMPARE(f.panel->starts, 3);
+        f.panel->gate.Open();
+        QTRY_COMPARE(f.accepted, QVector<int>{9});
+    }
+
+    void aStaleJobThatEndsWithinTheDebounceDoesNotCount()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->gate.Close();
+        f.panel->SetValue(7);
+        QTRY_COMPARE(f.panel->starts, 2);
+        QVERIFY(f.panel->gate.WaitForHeld());
+        f.panel->SetValue(9);
+        f.panel->gate.Open();
+        HBSettle(); // the job for 7 ends, and no timer has fired
+        QCOMPARE(f.previews, (QVector<int>{1, 7}));
+        f.session->Accept();
+        QTRY_COMPARE(f.accepted, QVector<int>{9});
+    }
+
+    void cancelledWaitGoesOnAndLosesNothing()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->gate.Close();
+        f.panel->SetValue(7);
+        QTRY_COMPARE(f.panel->starts, 2);
+        {
+            const HBProgressDialogWatch watch([&](HBOperationProgressDlg* dialog) {
+                f.panel->gate.OpenWhenObsolete();
+                dialog->reject();
+            });
+            f.session->Accept();
+            QTRY_COMPARE(f.resumed, 1);
+            QCOMPARE(watch.Count(), 1);
+        }
+        QVERIFY(f.accepted.isEmpty());
+        QVERIFY(f.panel->isEnabled());
+        QVERIFY(!f.panel->IsCancelProcessing());
+        f.panel->gate.Open();
+        f.session->Accept(); // the image that the panel has is older than its value
+        QTRY_COMPARE(f.accepted, QVector<int>{7});
+    }
+
+    void cancelEndsWithoutAnImage()
+    {
+        Fixture f;
+        f.Open();
+        f.panel->SetValue(7);
+        emit f.panel->Cancel();
+        emit f.panel->Cancel();
+        QCOMPARE(f.rejected, 1);
+        f.session->Accept();
+        QTRY_COMPARE(f.panel->starts, 2); // the debounced job still comes, but is not shown
+        HBSettle();
+        QCOMPARE(f.previews, QVector<int>{1});
+        QVERIFY(f.accepted.isEmpty());
+    }
+
+    void anotherPhotoMakesTheRunningJobObsolete()
+    {
+        Fixture f;
+        f.panel->gate.Close();
+        f.SetSource();
+        QVERIFY(f.panel->gate.WaitForHeld());
+        f.SetSource();
+        f.panel->gate.Open();
+        QTRY_COMPARE(f.panel->starts, 2);
+        QTRY_COMPARE(f.previews, QVector<int>{1}); // the new job's only
+    }
+
+    void selectionIsHandedOver()
+    {
+        Fixture f;
+        const HBSelectionShape shape{HBSelectionShape::Kind::Rectangle, QRect(10, 10, 5, 5), 0, false};
+        HBImage<> preview;
+        connect(f.session, &HBPanelSession::PreviewReady, this, [&](const HBImage<>& image) { preview = image; });
+        f.session->SetSource(HBImage<>(300, 300), shape.Rasterize(QSize(300, 300)));
+        QVERIFY(f.session->HasSelection());
+        QTRY_VERIFY(!preview.IsEmpty());
+        QCOMPARE(int(preview.PixelAt(10, 10).red), 1);
+        QCOMPARE(int(preview.PixelAt(14, 14).red), 1);
+        QCOMPARE(int(preview.PixelAt(9, 10).red), 0);
+        QCOMPARE(int(preview.PixelAt(15, 14).red), 0);
+    }
+
+    void destroyedWhileAJobRuns_data()
+    {
+        QTest::addColumn<bool>("waiting");
+        QTest::newRow("plain") << false;
+        QTest::newRow("OK pressed") << true;
+    }
+    void destroyedWhileAJobRuns()
+    {
+        QFETCH(bool, waiting);
+        Fixture f;
+        f.panel->gate.Close();
+        f.SetSource();
+        QVERIFY(f.panel->gate.WaitForHeld());
+        if (waiting) {
+            f.session->Accept();
+            QVERIFY(QApplication::overrideCursor());
+        }
+        f.panel->gate.OpenWhenObsolete();
+        delete f.session;
+        f.session = nullptr;
+        QVERIFY(!f.panel);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void destroyedWhileItsProgressDialogIsOpen()
+    {
+        Fixture f;
+        f.panel->gate.Close();
+        f.SetSource();
+        QVERIFY(f.panel->gate.WaitForHeld());
+        const HBProgressDialogWatch watch([&](HBOperationProgressDlg*) {
+            f.panel->gate.OpenWhenObsolete();
+            f.session->deleteLater();
+            f.session = nullptr;
+        });
+        f.session->Accept();
+        QTRY_VERIFY(!f.panel);
+        QCOMPARE(watch.Count(), 1);
+        QVERIFY(f.accepted.isEmpty());
+    }
+
+    void survivesItsPanel()
+    {
+        Fixture f;
+        f.Open();
+        delete f.panel;
+        f.session->Accept();
+        f.SetSource();
+        f.session->Reject();
+        QCOMPARE(f.rejected, 1);
+    }
+};
+
+HB_TEST_MAIN(TestHBPanelSession)
+#include "tst_HBPanelSession.moc"

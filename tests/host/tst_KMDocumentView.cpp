@@ -1,0 +1,300 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBTileImageItem.h>
+#include <KMDocumentView.h>
+
+#include <QGraphicsScene>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+#include <limits>
+
+namespace
+{
+
+HBImage<> Filled(int width, int height, HBRGBA32i pixel)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(pixel.ToRgba());
+    return HBImage<>::FromQImage(image);
+}
+
+/// The whole scene at that scale, on magenta.
+QImage Render(QGraphicsScene& scene, const QSize& size, double scale)
+{
+    QImage image(qRound(size.width() * scale), qRound(size.height() * scale), QImage::Format_RGB32);
+    image.fill(qRgb(255, 0, 255));
+    QPainter painter(&image);
+    scene.render(&painter, QRectF(QPointF(0, 0), QSizeF(image.size())),
+                 QRectF(0, 0, image.width() / scale, image.height() / scale));
+    return image;
+}
+
+/// A view of 400 x 300 pixels without scroll bars.
+struct Window
+{
+    KMDocumentView view;
+
+    explicit Window(const HBImage<>& picture)
+    {
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.resize(400, 300);
+        view.show();
+        view.SetPicture(picture);
+    }
+    QPointF ToScene(const QPointF& position) const { return view.viewportTransform().inverted().map(position); }
+    void Wheel(const QPoint& at, int delta, Qt::KeyboardModifiers modifiers)
+    {
+        QWheelEvent event(at, view.mapToGlobal(at), {}, {0, delta}, Qt::NoButton, modifiers, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+    void Mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button, Qt::MouseButtons buttons)
+    {
+        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+};
+
+} // namespace
+
+class TestKMDocumentView : public QObject
+{
+    Q_OBJECT
+private slots:
+    // ---- Painting ----
+
+    void noSeamAtAnyScale_data()
+    {
+        QTest::addColumn<double>("scale");
+        for (const double scale :
+             {0.013, 0.1, 0.26, 0.4999, 0.5, 0.61, 0.77, 0.999, 1.0, 1.37, 1.9, 2.0, 2.3, 5.5})
+            QTest::addRow("%g", scale) << scale;
+    }
+    void noSeamAtAnyScale()
+    {
+        QFETCH(double, scale);
+        const QSize size(300, 270); // 3 x 3 tiles, the last ones cut
+        QGraphicsScene scene;
+        HBTileImageItem item;
+        item.SetPatience(std::numeric_limits<int>::max());
+        scene.addItem(&item);
+        item.SetImage(Filled(size.width(), size.height(), HBRGBA32i(10, 200, 90)));
+        const QImage image = Render(scene, size, scale);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                QCOMPARE(image.pixel(x, y), qRgb(10, 200, 90));
+        }
+        scene.removeItem(&item);
+    }
+
+    void showsThePixelsThemselvesFromHundredPercentUp()
+    {
+        QImage ramp(300, 140, QImage::Format_ARGB32);
+        for (int y = 0; y < ramp.height(); ++y) {
+            for (int x = 0; x < ramp.width(); ++x)
+                ramp.setPixel(x, y, qRgb(x & 255, y, x >> 8));
+        }
+        QGraphicsScene scene;
+        HBTileImageItem item;
+        scene.addItem(&item);
+        item.SetImage(HBImage<>::FromQImage(ramp));
+        for (const int scale : {1, 3}) {
+            const QImage image = Render(scene, ramp.size(), scale);
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    QCOMPARE(image.pixel(x, y), ramp.pixel(x / scale, y / scale));
+            }
+        }
+        scene.removeItem(&item);
+    }
+
+    void averagesBelowHalfAndIgnoresPadding()
+    {
+        // Stripes of one pixel become their mean; the padding beyond 130 must not darken the last column.
+        QImage stripes(130, 8, QImage::Format_ARGB32);
+        for (int y = 0; y < 8; ++y) {
+            for (int x = 0; x < 130; ++x)
+                stripes.setPixel(x, y, x % 2 ? qRgb(200, 200, 200) : qRgb(100, 100, 100));
+        }
+        HBTileMips mips;
+        mips.SetImage(HBImage<>::FromQImage(stripes));
+        QVERIFY(mips.Prepare(QRect(0, 0, 2, 1), 1, std::numeric_limits<int>::max()));
+        const QImage half = mips.Assemble(QRect(0, 0, 2, 1), 1);
+        QCOMPARE(half.size(), QSize(128, 64));
+        QVERIFY(!half.hasAlphaChannel());
+        for (int x = 0; x < 65; ++x)
+            QCOMPARE(half.pixel(x, 0), qRgb(150, 150, 150));
+        // Each level is made from the one below it.
+        const QImage quarter = mips.Assemble(QRect(0, 0, 1, 1), 2);
+        QCOMPARE(quarter.size(), QSize(32, 32));
+        QCOMPARE(quarter.pixel(31, 1), qRgb(150, 150, 150));
+    }
+
+    void shrinksOnlyTilesThatChanged()
+    {
+        HBImage<> image = Filled(300, 300, HBRGBA32i(1, 2, 3));
+        HBTileMips mips;
+        mips.SetImage(image);
+        const QRect all(0, 0, 3, 3);
+        QVERIFY(mips.Prepare(all, 3, 100000));
+        QCOMPARE(mips.MadeCount(), 9);
+        image.SetPixel(150, 150, HBRGBA32i(255, 255, 255));
+        mips.SetImage(image);
+        QVERIFY(mips.Prepare(all, 3, 100000));
+        QCOMPARE(mips.MadeCount(), 10);
+        QVERIFY(mips.Prepare(all, 5, 100000)); // coarser ones are there
+        QCOMPARE(mips.MadeCount(), 10);
+        QVERIFY(mips.Prepare(QRect(0, 0, 1, 1), 1, 100000));
+        QCOMPARE(mips.MadeCount(), 11);
+        // Without time a few are made all the same, so that it ends.
+        mips.SetImage(Filled(300, 300, HBRGBA32i(9, 9, 9)));
+        int calls = 1;
+        while (!mips.Prepare(all, 3, 0))
+            ++calls;
+        QVERIFY(calls <= 9);
+    }
+
+    void transparencyLiesOnAChecker()
+    {
+        QGraphicsScene scene;
+        HBTileImageItem item;
+        scene.addItem(&item);
+        item.SetImage(Filled(200, 64, HBRGBA32i(0, 0, 0, 0)));
+        for (const double scale : {0.25, 1.0, 2.0}) {
+            const QImage image = Render(scene, QSize(200, 64), scale);
+            QCOMPARE(image.pixel(1, 1), qRgb(0xcc, 0xcc, 0xcc));
+            QCOMPARE(image.pixel(9, 1), qRgb(255, 255, 255)); // squares of 8 at any scale
+            QCOMPARE(image.pixel(9, 9), qRgb(0xcc, 0xcc, 0xcc));
+        }
+        scene.removeItem(&item);
+    }
+
+    // ---- Zoom ----
+
+    void fitsAndKeepsTheZoomForTheSameSize()
+    {
+        Window w(Filled(800, 300, HBRGBA32i(1, 1, 1)));
+        QCOMPARE(w.view.Zoom(), 0.5);
+        w.view.resize(200, 300);
+        QCOMPARE(w.view.Zoom(), 0.25); // still fitted
+        w.view.resize(400, 300);
+        w.view.SetZoom(2);
+        w.view.horizontalScrollBar()->setValue(333);
+        w.view.SetPicture(Filled(800, 300, HBRGBA32i(2, 2, 2)));
+        QCOMPARE(w.view.Zoom(), 2.0);
+        QCOMPARE(w.view.horizontalScrollBar()->value(), 333);
+        w.view.SetPicture(Filled(80, 30, HBRGBA32i(2, 2, 2)));
+        QCOMPARE(w.view.Zoom(), 1.0); // another size is fitted in, but not blown up
+        w.view.ZoomToFit();
+        QCOMPARE(w.view.Zoom(), 5.0);
+    }
+
+    void wheelZoomsToTheCursor()
+    {
+        Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
+        w.view.SetZoom(0.95);
+        const QPoint cursor(123, 77);
+        const QPointF before = w.ToScene(cursor);
+        w.Wheel(cursor, 120, Qt::ControlModifier);
+        QCOMPARE(w.view.Zoom(), 1.0); // not across it
+        w.Wheel(cursor, 240, Qt::ControlModifier);
+        QCOMPARE(w.view.Zoom(), 1.44);
+        const QPointF moved = w.ToScene(cursor) - before;
+        QVERIFY(qAbs(moved.x()) <= 1.5 && qAbs(moved.y()) <= 1.5); // scroll bars know whole pixels only
+        const double zoom = w.view.Zoom();
+        w.Wheel(cursor, 120, Qt::NoModifier);
+        QCOMPARE(w.view.Zoom(), zoom);
+    }
+
+    void keysStopAtRoundValues()
+    {
+        Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
+        w.view.SetZoom(0.9);
+        w.view.ZoomIn();
+        QCOMPARE(w.view.Zoom(), 1.0);
+        w.view.ZoomIn();
+        QCOMPARE(w.view.Zoom(), 1.5);
+        w.view.ZoomOut();
+        w.view.ZoomOut();
+        QCOMPARE(w.view.Zoom(), 2.0 / 3);
+        for (int i = 0; i < 50; ++i)
+            w.view.ZoomIn();
+        QCOMPARE(w.view.Zoom(), double(KMDocumentView::MaximumZoom));
+        for (int i = 0; i < 50; ++i)
+            w.view.ZoomOut();
+        QCOMPARE(w.view.Zoom(), double(KMDocumentView::MinimumZoom));
+    }
+
+    // ---- Mouse ----
+
+    void panning_data()
+    {
+        QTest::addColumn<bool>("space");
+        QTest::addColumn<int>("button");
+        QTest::newRow("middle button") << false << int(Qt::MiddleButton);
+        QTest::newRow("space") << true << int(Qt::LeftButton);
+    }
+    void panning()
+    {
+        QFETCH(bool, space);
+        QFETCH(int, button);
+        const auto used = Qt::MouseButton(button);
+        Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
+        w.view.SetZoom(1);
+        const QPoint from(w.view.horizontalScrollBar()->value(), w.view.verticalScrollBar()->value());
+        if (space)
+            QTest::keyPress(&w.view, Qt::Key_Space);
+        w.Mouse(QEvent::MouseButtonPress, {100, 100}, used, used);
+        w.Mouse(QEvent::MouseMove, {70, 120}, Qt::NoButton, used);
+        w.Mouse(QEvent::MouseButtonRelease, {70, 120}, used, Qt::NoButton);
+        if (space)
+            QTest::keyRelease(&w.view, Qt::Key_Space);
+        w.Mouse(QEvent::MouseMove, {0, 0}, Qt::NoButton, Qt::NoButton);
+        QCOMPARE(QPoint(w.view.horizontalScrollBar()->value(), w.view.verticalScrollBar()->value()) - from,
+                 QPoint(30, -20));
+    }
+
+    void tellsThePixelUnderTheMouse()
+    {
+        Window w(Filled(400, 100, HBRGBA32i(1, 1, 1))); // at 100 %, in the middle of 300 rows
+        QSignalSpy hovered(&w.view, &KMDocumentView::PixelHovered);
+        w.Mouse(QEvent::MouseMove, {7, 103}, Qt::NoButton, Qt::NoButton);
+        QCOMPARE(hovered.last().first().toPoint(), QPoint(7, 3));
+        w.Mouse(QEvent::MouseMove, {7, 99}, Qt::NoButton, Qt::NoButton);
+        QCOMPARE(hovered.last().first().toPoint(), QPoint(-1, -1));
+    }
+
+    void cursorOfPanelsGoesOverThatOfTools()
+    {
+        Window w(Filled(40, 40, HBRGBA32i(1, 1, 1)));
+        w.view.SetToolCursor(Qt::CrossCursor);
+        w.view.SetOverrideCursor(Qt::WhatsThisCursor);
+        QVERIFY(w.view.HasOverrideCursor());
+        QCOMPARE(w.view.viewport()->cursor().shape(), Qt::WhatsThisCursor);
+        w.view.SetOverrideCursor(QCursor());
+        QVERIFY(!w.view.HasOverrideCursor());
+        QCOMPARE(w.view.viewport()->cursor().shape(), Qt::CrossCursor);
+    }
+
+    void survivesHavingNoPicture()
+    {
+        Window w{HBImage<>()};
+        w.view.SetPlaceholder("Nothing yet");
+        w.view.ZoomToFit();
+        w.Wheel({10, 10}, 120, Qt::ControlModifier);
+        w.view.grab();
+        w.view.SetPicture(Filled(1, 1, HBRGBA32i(1, 1, 1)));
+        w.view.grab();
+        w.view.SetPicture(HBImage<>());
+        w.view.grab();
+    }
+};
+
+HB_TEST_MAIN(TestKMDocumentView)
+#include "tst_KMDocumentView.moc"
