@@ -130,8 +130,9 @@ void HBEditorWindow::SaveRecipe()
     int leftOut = 0;
     const HBRecipe recipe = m_Document.Recipe(&leftOut);
     const QString onSelection =
-        tr("%n step(s) made on a selection cannot be part of a recipe: it is applied to whole photos.", nullptr,
-           leftOut);
+        tr("Steps that were made on a selection (here: %1) cannot be part of a recipe, which is applied to whole "
+           "photos.")
+            .arg(leftOut);
     if (recipe.steps.isEmpty()) {
         m_pMessages->ShowNote(leftOut > 0 ? onSelection : tr("There are no steps to save as a recipe yet."));
         return;
@@ -150,8 +151,7 @@ void HBEditorWindow::SaveRecipe()
         return;
     QString error;
     if (recipe.Save(dialog.selectedFiles().value(0), &error))
-        statusBar()->showMessage(tr("Saved a recipe of %n step(s)", nullptr, recipe.steps.size()),
-                                 StatusMilliseconds);
+        statusBar()->showMessage(tr("Recipe saved. Steps: %1").arg(recipe.steps.size()), StatusMilliseconds);
     else
         m_pMessages->ShowError(error);
 }

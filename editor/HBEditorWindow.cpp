@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -83,7 +84,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
             m_pSession->Reject();
     });
     qApp->installEventFilter(this); // the keys that show the photo as it was work from a panel's dialog too
-    resize(1100, 760);
+    resize(QSize(1100, 760).boundedTo(screen()->availableSize() * 9 / 10));
     ReadSettings();
     ShowDocument();
 }

@@ -131,43 +131,54 @@ bool HBSelectionTool::MayStart(const QPointF& scenePosition) const
 
 bool HBSelectionTool::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* mouse = static_cast<QGraphicsSceneMouseEvent*>(event);
+    bool used = false;
+    if (auto* mouse = dynamic_cast<QGraphicsSceneMouseEvent*>(event))
+        used = OnMouse(mouse);
+    else if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        used = OnEscape();
+    return used || QObject::eventFilter(watched, event);
+}
+
+bool HBSelectionTool::OnMouse(QGraphicsSceneMouseEvent* event)
+{
+    const bool square = event->modifiers() & Qt::ShiftModifier;
     switch (event->type()) {
     case QEvent::GraphicsSceneMousePress:
     case QEvent::GraphicsSceneMouseDoubleClick:
-        if (mouse->button() != Qt::LeftButton || !MayStart(mouse->scenePos()))
-            break;
+        if (event->button() != Qt::LeftButton || !MayStart(event->scenePos()))
+            return false;
         m_Dragging = true;
-        m_DragFrom = mouse->scenePos();
+        m_DragFrom = event->scenePos();
         m_Before = m_Shape;
         event->accept();
         return true;
     case QEvent::GraphicsSceneMouseMove:
-        if (!m_Dragging)
-            break;
-        Drag(mouse->scenePos(), mouse->modifiers() & Qt::ShiftModifier);
-        return true;
+        if (m_Dragging)
+            Drag(event->scenePos(), square);
+        return m_Dragging;
     case QEvent::GraphicsSceneMouseRelease:
-        if (!m_Dragging || mouse->button() != Qt::LeftButton)
-            break;
-        Drag(mouse->scenePos(), mouse->modifiers() & Qt::ShiftModifier);
+        if (!m_Dragging || event->button() != Qt::LeftButton)
+            return false;
+        Drag(event->scenePos(), square);
         EndDrag();
         return true;
-    case QEvent::KeyPress:
-        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape || (!m_Dragging && m_Shape.IsNone()))
-            break;
-        if (m_Dragging) {
-            m_Dragging = false;
-            m_Shape = m_Before;
-            ShowOutline();
-        } else {
-            SelectNothing();
-        }
-        return true;
     default:
-        break;
+        return false;
     }
-    return QObject::eventFilter(watched, event);
+}
+
+bool HBSelectionTool::OnEscape()
+{
+    if (m_Dragging) {
+        m_Dragging = false;
+        m_Shape = m_Before;
+        ShowOutline();
+        return true;
+    }
+    if (m_Shape.IsNone())
+        return false;
+    SelectNothing();
+    return true;
 }
 
 void HBSelectionTool::Drag(const QPointF& to, bool square)

@@ -8,6 +8,7 @@
 
 class HBSelectionOutline;
 class KMDocumentView;
+class QGraphicsSceneMouseEvent;
 
 /// Draws selections with the mouse: drag for a rectangle or an ellipse, with Shift a square or a circle; a click
 /// selects nothing; Escape gives a drag up, else the selection. It leaves the mouse to a panel that picks colours.
@@ -43,6 +44,8 @@ protected:
 
 private:
     QSize PhotoSize() const;
+    bool OnMouse(QGraphicsSceneMouseEvent* event);
+    bool OnEscape();
     bool MayStart(const QPointF& scenePosition) const;
     void Drag(const QPointF& to, bool square);
     void EndDrag();

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBAppearance.h"
+#include "HBEditorActions.h"
 #include "HBEditorWindow.h"
 #include "HBScreenshot.h"
 
 #include <HBMdiArea.h>
 #include <KMApplication.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QStringList>
@@ -106,8 +107,9 @@ int main(int argc, char* argv[])
 
     KMApplication::SetTileMemory(0);
     const bool screenshot = !options.screenshot.file.isEmpty();
-    HBUseDarkColours(options.dark);
     HBEditorWindow window(!screenshot);
+    if (options.dark)
+        window.Actions()->dark->setChecked(true);
     HBMdiArea::SetMainWindow(&window);
     if (screenshot) {
         if (!options.photo.isEmpty())
