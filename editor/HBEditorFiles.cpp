@@ -17,6 +17,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 
 namespace
@@ -51,8 +52,9 @@ void HBEditorWindow::ChooseFile()
 
 bool HBEditorWindow::Open(const QString& path)
 {
-    if (!MayLeavePhoto())
+    if (m_Busy || !MayLeavePhoto())
         return false;
+    const QScopedValueRollback<bool> busy(m_Busy, true); // a file may be dropped meanwhile
     HBPhoto photo;
     QString error;
     bool read = false;
@@ -101,6 +103,7 @@ bool HBEditorWindow::SaveAs()
 
 bool HBEditorWindow::SaveTo(const QString& path)
 {
+    const QScopedValueRollback<bool> busy(m_Busy, true);
     HBPhotoOptions options;
     options.quality = m_Quality;
     const HBImage<> image = m_Document.Image();

@@ -39,7 +39,6 @@ namespace
 {
 
 constexpr char GeometryKey[] = "window/geometry";
-constexpr char StateKey[] = "window/state";
 constexpr char DockedKey[] = "view/docked";
 constexpr char DarkKey[] = "view/dark";
 constexpr char QualityKey[] = "files/quality";

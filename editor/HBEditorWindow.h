@@ -83,4 +83,5 @@ private:
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;
+    bool m_Busy = false; ///< a file is being read or written
 };

@@ -53,8 +53,8 @@ double HBSelectionShape::InsideDistance(double x, double y) const
     const double b = rect.height() / 2.0;
     const double dx = x - (rect.left() + a);
     const double dy = y - (rect.top() + b);
-    const double radius = std::hypot(dx / a, dy / b);
-    const double gradient = std::hypot(dx / (a * a), dy / (b * b));
+    const double radius = std::sqrt(dx * dx / (a * a) + dy * dy / (b * b));
+    const double gradient = std::sqrt(dx * dx / (a * a * a * a) + dy * dy / (b * b * b * b));
     const double middle = std::min(a, b);
     return gradient > 0 ? std::min(radius * (1 - radius) / gradient, middle) : middle;
 }
@@ -95,26 +95,24 @@ HBSelection HBSelectionShape::Rasterize(const QSize& photo) const
     selection.bounds = QRect(QPoint(0, 0), area.size());
     selection.mask = HBImage<>(area.width(), area.height());
 
-    // The shapes are convex: a tile whose corners lie deep inside is full, and one that the shape does not reach is
-    // full in the inverted selection. Such tiles share one, so that a selection costs what its edge costs.
+    // Tiles that are wholly inside the shape or wholly outside are not painted pixel by pixel, and those that are full
+    // share one: a selection costs what its edge costs.
     const KMTileRef full = FullTile();
     std::vector<int> edge;
     for (int index = 0; index < selection.mask.Tiles().size(); ++index) {
-        const QRect tile = selection.mask.TileRect(index).translated(area.topLeft());
-        auto coveredAround = [&](int margin, int coverage) {
-            const QRect wide = tile.adjusted(-margin, -margin, margin, margin);
-            return CoverageAt(wide.left(), wide.top()) == coverage &&
-                   CoverageAt(wide.right(), wide.top()) == coverage &&
-                   CoverageAt(wide.left(), wide.bottom()) == coverage &&
-                   CoverageAt(wide.right(), wide.bottom()) == coverage;
-        };
-        const bool away = !tile.intersects(touched);
-        // Coverage is not quite convex in the ellipse, whose distance is an approximation: hence the margin.
-        const bool deep = !away && coveredAround(kind == Kind::Ellipse ? 8 : 0, inverted ? 0 : 255);
-        if (inverted ? away : deep)
-            selection.mask.ShareTile(index, full);
-        else if (!away && !deep)
+        switch (Place(selection.mask.TileRect(index).translated(area.topLeft()))) {
+        case Where::Inside:
+            if (!inverted)
+                selection.mask.ShareTile(index, full);
+            break;
+        case Where::Outside:
+            if (inverted)
+                selection.mask.ShareTile(index, full);
+            break;
+        case Where::Edge:
             edge.push_back(index);
+            break;
+        }
     }
 
     std::atomic<int> next{0};
@@ -123,6 +121,23 @@ HBSelection HBSelectionShape::Rasterize(const QSize& photo) const
             FillTile(*this, selection.mask, selection.offset, edge[std::size_t(i)]);
     });
     return selection;
+}
+
+/// Where the shape, inverted or not, has a piece of the photo.
+HBSelectionShape::Where HBSelectionShape::Place(const QRect& piece) const
+{
+    // Coverage falls from the middle outwards; but in an ellipse only nearly so, its distance being an approximation.
+    const int margin = kind == Kind::Ellipse ? 8 : 0;
+    const QRect wide = piece.adjusted(-margin, -margin, margin, margin);
+    auto covered = [this](int x, int y) { return inverted ? 255 - CoverageAt(x, y) : CoverageAt(x, y); };
+
+    const QPoint nearest(std::clamp(rect.center().x(), wide.left(), wide.right()),
+                         std::clamp(rect.center().y(), wide.top(), wide.bottom()));
+    if (covered(nearest.x(), nearest.y()) == 0)
+        return Where::Outside;
+    const bool inside = covered(wide.left(), wide.top()) == 255 && covered(wide.right(), wide.top()) == 255 &&
+                        covered(wide.left(), wide.bottom()) == 255 && covered(wide.right(), wide.bottom()) == 255;
+    return inside ? Where::Inside : Where::Edge;
 }
 
 QPainterPath HBSelectionShape::Outline(const QSize& photo) const

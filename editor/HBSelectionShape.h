@@ -35,5 +35,7 @@ struct HBSelectionShape
     QPainterPath Outline(const QSize& photo) const;
 
 private:
+    enum class Where { Inside, Edge, Outside };
+    Where Place(const QRect& piece) const;
     double InsideDistance(double x, double y) const;
 };

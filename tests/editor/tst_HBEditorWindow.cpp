@@ -14,7 +14,9 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QDialog>
+#include <QDragEnterEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
@@ -237,6 +239,37 @@ private slots:
         QCOMPARE(window.Document().FileName(), QString(opens ? "c.png" : "b.png"));
         if (answer == QMessageBox::Apply && !opens)
             QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
+    }
+
+    void droppedFileIsOpened()
+    {
+        HBEditorWindow window(false);
+        window.show();
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(Photo("dropped.png"))});
+        QWidget* photo = window.View()->viewport();
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(photo, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(photo, &drop);
+        QTRY_COMPARE(window.Document().FileName(), QString("dropped.png"));
+    }
+
+    void typingInAPanelIsNoCommand()
+    {
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.Open(Photo("a.png"));
+        window.OpenPanel(Entry());
+        QSpinBox* spin = Brightness(window);
+        spin->setFocus();
+        spin->selectAll();
+        const double zoom = window.View()->Zoom();
+        QTest::keyClicks(spin, "-40");
+        QCOMPARE(spin->value(), -40);
+        QCOMPARE(window.View()->Zoom(), zoom);
     }
 
     void destroyedWithAPanelAtWork()

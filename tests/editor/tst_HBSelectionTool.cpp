@@ -135,36 +135,6 @@ private slots:
         f.tool.Invert();
         QCOMPARE(f.tool.Selection().bounds, QRect(0, 0, 50, 50));
     }
-
-    void beforeAndAfterClipsTheOldPhoto()
-    {
-        Fixture f;
-        QImage white(400, 300, QImage::Format_ARGB32);
-        white.fill(Qt::white);
-        QImage black = white;
-        black.fill(Qt::black);
-        f.view.SetPicture(HBImage<>::FromQImage(black));
-        HBBeforeAfter beforeAfter(&f.view);
-        beforeAfter.SetBefore(HBImage<>::FromQImage(white));
-        auto pixel = [&](int x) {
-            QImage image(400, 300, QImage::Format_RGB32);
-            QPainter painter(&image);
-            f.view.scene()->render(&painter, QRectF(), QRectF(0, 0, 400, 300));
-            return image.pixelColor(x, 10);
-        };
-        QCOMPARE(pixel(5), QColor(Qt::black));
-        beforeAfter.SetHeld(true);
-        QCOMPARE(pixel(5), QColor(Qt::white));
-        QCOMPARE(pixel(395), QColor(Qt::white));
-        beforeAfter.SetHeld(false);
-        beforeAfter.SetSplit(true);
-        beforeAfter.SetSplitAt(0.75);
-        QCOMPARE(pixel(250), QColor(Qt::white));
-        QCOMPARE(pixel(350), QColor(Qt::black));
-        beforeAfter.SetSplitAt(-3);
-        QCOMPARE(beforeAfter.SplitAt(), 0.0);
-        QCOMPARE(pixel(50), QColor(Qt::black));
-    }
 };
 
 HB_TEST_MAIN(TestHBSelectionTool)

@@ -2,16 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestMain.h"
 
-#include <HBTileImageItem.h>
 #include <KMDocumentView.h>
 
-#include <QGraphicsScene>
-#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QWheelEvent>
-
-#include <limits>
 
 namespace
 {
@@ -21,17 +16,6 @@ HBImage<> Filled(int width, int height, HBRGBA32i pixel)
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(pixel.ToRgba());
     return HBImage<>::FromQImage(image);
-}
-
-/// The whole scene at that scale, on magenta.
-QImage Render(QGraphicsScene& scene, const QSize& size, double scale)
-{
-    QImage image(qRound(size.width() * scale), qRound(size.height() * scale), QImage::Format_RGB32);
-    image.fill(qRgb(255, 0, 255));
-    QPainter painter(&image);
-    scene.render(&painter, QRectF(QPointF(0, 0), QSizeF(image.size())),
-                 QRectF(0, 0, image.width() / scale, image.height() / scale));
-    return image;
 }
 
 /// A view of 400 x 300 pixels without scroll bars.
@@ -67,114 +51,6 @@ class TestKMDocumentView : public QObject
 {
     Q_OBJECT
 private slots:
-    // ---- Painting ----
-
-    void noSeamAtAnyScale_data()
-    {
-        QTest::addColumn<double>("scale");
-        for (const double scale :
-             {0.013, 0.1, 0.26, 0.4999, 0.5, 0.61, 0.77, 0.999, 1.0, 1.37, 1.9, 2.0, 2.3, 5.5})
-            QTest::addRow("%g", scale) << scale;
-    }
-    void noSeamAtAnyScale()
-    {
-        QFETCH(double, scale);
-        const QSize size(300, 270); // 3 x 3 tiles, the last ones cut
-        QGraphicsScene scene;
-        HBTileImageItem item;
-        item.SetPatience(std::numeric_limits<int>::max());
-        scene.addItem(&item);
-        item.SetImage(Filled(size.width(), size.height(), HBRGBA32i(10, 200, 90)));
-        const QImage image = Render(scene, size, scale);
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                QCOMPARE(image.pixel(x, y), qRgb(10, 200, 90));
-        }
-        scene.removeItem(&item);
-    }
-
-    void showsThePixelsThemselvesFromHundredPercentUp()
-    {
-        QImage ramp(300, 140, QImage::Format_ARGB32);
-        for (int y = 0; y < ramp.height(); ++y) {
-            for (int x = 0; x < ramp.width(); ++x)
-                ramp.setPixel(x, y, qRgb(x & 255, y, x >> 8));
-        }
-        QGraphicsScene scene;
-        HBTileImageItem item;
-        scene.addItem(&item);
-        item.SetImage(HBImage<>::FromQImage(ramp));
-        for (const int scale : {1, 3}) {
-            const QImage image = Render(scene, ramp.size(), scale);
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x)
-                    QCOMPARE(image.pixel(x, y), ramp.pixel(x / scale, y / scale));
-            }
-        }
-        scene.removeItem(&item);
-    }
-
-    void averagesBelowHalfAndIgnoresPadding()
-    {
-        // Stripes of one pixel become their mean; the padding beyond 130 must not darken the last column.
-        QImage stripes(130, 8, QImage::Format_ARGB32);
-        for (int y = 0; y < 8; ++y) {
-            for (int x = 0; x < 130; ++x)
-                stripes.setPixel(x, y, x % 2 ? qRgb(200, 200, 200) : qRgb(100, 100, 100));
-        }
-        HBTileMips mips;
-        mips.SetImage(HBImage<>::FromQImage(stripes));
-        QVERIFY(mips.Prepare(QRect(0, 0, 2, 1), 1, std::numeric_limits<int>::max()));
-        const QImage half = mips.Assemble(QRect(0, 0, 2, 1), 1);
-        QCOMPARE(half.size(), QSize(128, 64));
-        QVERIFY(!half.hasAlphaChannel());
-        for (int x = 0; x < 65; ++x)
-            QCOMPARE(half.pixel(x, 0), qRgb(150, 150, 150));
-        // Each level is made from the one below it.
-        const QImage quarter = mips.Assemble(QRect(0, 0, 1, 1), 2);
-        QCOMPARE(quarter.size(), QSize(32, 32));
-        QCOMPARE(quarter.pixel(31, 1), qRgb(150, 150, 150));
-    }
-
-    void shrinksOnlyTilesThatChanged()
-    {
-        HBImage<> image = Filled(300, 300, HBRGBA32i(1, 2, 3));
-        HBTileMips mips;
-        mips.SetImage(image);
-        const QRect all(0, 0, 3, 3);
-        QVERIFY(mips.Prepare(all, 3, 100000));
-        QCOMPARE(mips.MadeCount(), 9);
-        image.SetPixel(150, 150, HBRGBA32i(255, 255, 255));
-        mips.SetImage(image);
-        QVERIFY(mips.Prepare(all, 3, 100000));
-        QCOMPARE(mips.MadeCount(), 10);
-        QVERIFY(mips.Prepare(all, 5, 100000)); // coarser ones are there
-        QCOMPARE(mips.MadeCount(), 10);
-        QVERIFY(mips.Prepare(QRect(0, 0, 1, 1), 1, 100000));
-        QCOMPARE(mips.MadeCount(), 11);
-        // Without time a few are made all the same, so that it ends.
-        mips.SetImage(Filled(300, 300, HBRGBA32i(9, 9, 9)));
-        int calls = 1;
-        while (!mips.Prepare(all, 3, 0))
-            ++calls;
-        QVERIFY(calls <= 9);
-    }
-
-    void transparencyLiesOnAChecker()
-    {
-        QGraphicsScene scene;
-        HBTileImageItem item;
-        scene.addItem(&item);
-        item.SetImage(Filled(200, 64, HBRGBA32i(0, 0, 0, 0)));
-        for (const double scale : {0.25, 1.0, 2.0}) {
-            const QImage image = Render(scene, QSize(200, 64), scale);
-            QCOMPARE(image.pixel(1, 1), qRgb(0xcc, 0xcc, 0xcc));
-            QCOMPARE(image.pixel(9, 1), qRgb(255, 255, 255)); // squares of 8 at any scale
-            QCOMPARE(image.pixel(9, 9), qRgb(0xcc, 0xcc, 0xcc));
-        }
-        scene.removeItem(&item);
-    }
-
     // ---- Zoom ----
 
     void fitsAndKeepsTheZoomForTheSameSize()
