@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestMain.h"
 
+#include <HBTileImageItem.h>
 #include <KMDocumentView.h>
 
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QWheelEvent>
+
+#include <limits>
 
 namespace
 {
@@ -156,6 +159,24 @@ private slots:
         w.view.SetOverrideCursor(QCursor());
         QVERIFY(!w.view.HasOverrideCursor());
         QCOMPARE(w.view.viewport()->cursor().shape(), Qt::CrossCursor);
+    }
+
+    void noSeamWhereverItIsScrolled()
+    {
+        Window w(Filled(3000, 3000, HBRGBA32i(10, 200, 90)));
+        w.view.PictureItem()->SetPatience(std::numeric_limits<int>::max());
+        for (const double zoom : {0.31, 0.47, 0.61, 0.93, 1.0, 1.71, 2.9}) {
+            w.view.SetZoom(zoom);
+            for (const int position : {0, 17, 101}) {
+                w.view.horizontalScrollBar()->setValue(position);
+                w.view.verticalScrollBar()->setValue(position);
+                const QImage shown = w.view.viewport()->grab().toImage();
+                for (int y = 0; y < shown.height(); ++y) {
+                    for (int x = 0; x < shown.width(); ++x)
+                        QCOMPARE(shown.pixel(x, y), qRgb(10, 200, 90));
+                }
+            }
+        }
     }
 
     void survivesHavingNoPicture()
