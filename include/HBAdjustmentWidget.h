@@ -118,6 +118,7 @@ protected:
     void FinishJob();
 
     void timerEvent(QTimerEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     virtual void Reset() = 0;
@@ -134,6 +135,7 @@ private:
     void ReleaseWatcher();
     void FinishWaiting();
     void KillTimer(int& id);
+    void PutButtonsLastInTabOrder();
 
 private slots:
     void OnResultReadyAt(int index);

@@ -178,6 +178,31 @@ void HBAdjustmentWidget::timerEvent(QTimerEvent* event)
     }
 }
 
+void HBAdjustmentWidget::showEvent(QShowEvent* event)
+{
+    if (m_Dialog)
+        PutButtonsLastInTabOrder();
+    KMAdjustmentWidget::showEvent(event);
+}
+
+/// The frame's buttons exist before the panel's controls, and the focus follows the order in which widgets were made.
+void HBAdjustmentWidget::PutButtonsLastInTabOrder()
+{
+    QWidget* last = nullptr;
+    QWidgetList buttons;
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        if (m_pFrame->m_pContent->isAncestorOf(widget))
+            last = widget;
+        else if (m_pFrame->m_pButtons->isAncestorOf(widget))
+            buttons.append(widget);
+    }
+    for (QWidget* button : buttons) {
+        if (last)
+            setTabOrder(last, button);
+        last = button;
+    }
+}
+
 QString HBAdjustmentWidget::GetWidgetName()
 {
     const QWidget* widget = GetUIContent();

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBLogCapture.h"
 #include "HBSignalRecorder.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
@@ -9,6 +10,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -71,6 +73,7 @@ private slots:
     void result_data();
     void result();
     void recordOutOfRange();
+    void tabOrder();
     void deletedAtOnce();
 };
 
@@ -276,6 +279,20 @@ void tst_HBBrightnessContrastWidget::recordOutOfRange()
     QVERIFY(f.recorder.WaitFor("ImageReady", 2));
     QCOMPARE(f.panel.AdjustedImage().ToQImage(), Expected(photo, 127, -21).ToQImage());
     QCOMPARE(f.Record(), QPoint(300, -21));
+}
+
+/// Tab reaches the controls first and the frame's buttons last.
+void tst_HBBrightnessContrastWidget::tabOrder()
+{
+    const HBShowsWindows showsWindows;
+    HBBrightnessContrastWidget panel(true, nullptr, {});
+    panel.show();
+    QStringList kinds;
+    for (QWidget* widget = panel.nextInFocusChain(); widget != &panel; widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() & Qt::TabFocus && !qobject_cast<QLineEdit*>(widget))
+            kinds.append(widget->metaObject()->className());
+    }
+    QCOMPARE(kinds.join(' '), "QSlider QSpinBox QSlider QSpinBox QPushButton QPushButton QPushButton");
 }
 
 void tst_HBBrightnessContrastWidget::deletedAtOnce()
