@@ -191,16 +191,17 @@ void HBAdjustmentWidget::PutButtonsLastInTabOrder()
     QWidget* last = nullptr;
     QWidgetList buttons;
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy())
+            continue; // labels, and the line edits inside spin boxes
         if (m_pFrame->m_pContent->isAncestorOf(widget))
             last = widget;
         else if (m_pFrame->m_pButtons->isAncestorOf(widget))
             buttons.append(widget);
     }
-    for (QWidget* button : buttons) {
-        if (last)
-            setTabOrder(last, button);
-        last = button;
-    }
+    // The last button first, each to right behind the controls: Qt takes one that ends the round for one that already
+    // stands before the next.
+    while (last && !buttons.isEmpty())
+        setTabOrder(last, buttons.takeLast());
 }
 
 QString HBAdjustmentWidget::GetWidgetName()
