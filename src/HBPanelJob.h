@@ -17,12 +17,19 @@ struct HBJobData
     QRect bounds;  ///< of the selection, in pixels of the selection image; not valid: no selection
 };
 
-/// Runs panel->process(job) on the global pool, for the watcher.
+/// Runs panel->process(job) on the global pool, for the watcher. Whatever is thrown before the tiles are reached ends
+/// here, with the image unchanged: from a future it would come out in the GUI thread.
 template <class Panel, class Data>
 void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data),
                 const Data& job)
 {
-    watcher->setFuture(QtConcurrent::run(panel, process, job));
+    watcher->setFuture(QtConcurrent::run([=]() -> HBImage<> {
+        try {
+            return (panel->*process)(job);
+        } catch (...) {
+            return job.source;
+        }
+    }));
 }
 
 template <class Transformation>
