@@ -13,6 +13,8 @@
 #include <QReadWriteLock>
 #include <QRect>
 
+#include <exception>
+
 class HBOperationProgressDlg;
 class KMDocumentView;
 class QLinearGradient;
@@ -110,8 +112,10 @@ protected:
     HBJobData JobData() const;
     /// Runs a transformation over a job's image with progress and cancelling; on the job's thread. Throws nothing.
     /// Defined in HBPanelJob.h.
+    /// \param exception receives what was thrown meanwhile, or null, for a panel that logs it
     template <class Transformation>
-    HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation);
+    HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
+                                std::exception_ptr* exception = nullptr);
 
     /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
     /// of the panel, and in the base's destructor that panel is gone already.

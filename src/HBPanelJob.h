@@ -33,7 +33,8 @@ void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Pan
 }
 
 template <class Transformation>
-HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation)
+HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation,
+                                                std::exception_ptr* exception)
 {
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
     // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
@@ -41,5 +42,8 @@ HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Tran
             Qt::QueuedConnection);
     connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
             Qt::QueuedConnection);
-    return processing.Process(job.source, job.selection, job.offset, job.bounds);
+    const HBImage<> result = processing.Process(job.source, job.selection, job.offset, job.bounds);
+    if (exception)
+        *exception = processing.Exception();
+    return result;
 }
