@@ -234,11 +234,13 @@ private slots:
         settings.input[0][1] = 10;
         settings.gamma[2] = 2.0;
         settings.input[3][0] = 250;
+        settings.gamma[3] = 0.2;
         const HBLevelsTransformation levels = settings.Operation();
         // Red is squeezed into 0..10 and stretched again: nothing is lost between, and the order shows.
         QCOMPARE(levels.red, HBChannelTables().red);
         QCOMPARE(int(levels.green[1]), 255); // 255 × √(1 / 255) = 16 is above 10
         QCOMPARE(int(levels.blue[250]), 0);
+        QCOMPARE(int(levels.blue[252]), 67); // 255 × 0.4^5 = 2.611, times 25.5
         QCOMPARE(int(levels.blue[255]), 255);
 
         HBRGBA32i pixel(77, 0, 200, 31);
