@@ -54,7 +54,7 @@ QByteArray HBWithPngProfile(const QByteArray& file, const QByteArray& icc)
 
 QByteArray HBWithWebPProfile(const QByteArray& file, const QByteArray& icc, const QSize& size)
 {
-    // WebP container specification: a profile needs an extended header, which it follows.
+    // RFC 9649 (WebP container), 2.7: a profile needs an extended header, which it follows.
     constexpr char hasProfile = 0x20;
     constexpr char hasAlpha = 0x10;
     constexpr int head = 12;       // "RIFF", length, "WEBP"

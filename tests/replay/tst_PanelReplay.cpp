@@ -25,15 +25,15 @@ struct Outcome
     QString err;
 };
 
-/// Without a display, a locale or anything else of this process's environment.
+/// Without a display or a locale, as under cron.
 Outcome Replay(const QStringList& arguments, const QString& folder)
 {
     QProcess process;
-    QProcessEnvironment environment;
-    for (const char* kept : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS", "LD_LIBRARY_PATH"}) {
-        if (qEnvironmentVariableIsSet(kept))
-            environment.insert(kept, qEnvironmentVariable(kept));
-    }
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANG", "LC_ALL"})
+        environment.remove(name);
+    // A sanitizer's list of what it left out is no message of the program's.
+    environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
     process.start(PANEL_REPLAY, arguments);
