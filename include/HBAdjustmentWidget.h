@@ -13,6 +13,7 @@
 #include <QReadWriteLock>
 #include <QRect>
 
+#include <atomic>
 #include <exception>
 
 class HBOperationProgressDlg;
@@ -53,6 +54,11 @@ public:
     HBImage<> SourceImage() const { return m_Source; }
     /// The latest result; empty before the first ImageReady().
     HBImage<> AdjustedImage() const { return m_Adjusted; }
+    /// Whether a job runs.
+    bool IsProcessing() const { return m_Processing; }
+    /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not adjusted then. A program
+    /// that stores results must ask.
+    bool HasJobFailed() const { return m_JobFailed; }
     /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
     /// still arrives, with ImageReady().
     void ClearData();
@@ -117,6 +123,9 @@ protected:
     HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
                                 std::exception_ptr* exception = nullptr);
 
+    /// For a job that had to give up; on its thread.
+    void SetJobFailed() { m_JobFailed = true; }
+
     /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
     /// of the panel, and in the base's destructor that panel is gone already.
     void FinishJob();
@@ -124,6 +133,9 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    template <class Panel, class Data>
+    friend void HBStartJob(QFutureWatcher<HBImage<>>*, Panel*, HBImage<> (Panel::*)(Data), const Data&);
+
     virtual void Reset() = 0;
     /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a job of
     /// its own leaves the watcher alone.
@@ -155,6 +167,7 @@ private:
     QPoint m_SelectionOffset;
     bool m_Processing = false;
     bool m_NewData = false; ///< the running job is obsolete; a new one follows
+    std::atomic<bool> m_JobFailed{false};
     QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
     int m_ProgressTimer = -1;
     int m_DataChangedTimer = -1;

@@ -27,6 +27,7 @@ void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Pan
         try {
             return (panel->*process)(job);
         } catch (...) {
+            static_cast<HBAdjustmentWidget*>(panel)->SetJobFailed();
             return job.source;
         }
     }));
@@ -43,6 +44,8 @@ HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Tran
     connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
             Qt::QueuedConnection);
     const HBImage<> result = processing.Process(job.source, job.selection, job.offset, job.bounds);
+    if (processing.Exception())
+        SetJobFailed();
     if (exception)
         *exception = processing.Exception();
     return result;
