@@ -32,7 +32,7 @@ class AdjustmentDialogBase;
 ///
 /// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct, SetValue
 /// (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may be destroyed
-/// at any time, also while a job runs or its progress dialog is open.
+/// at any time, also while a job runs or its progress dialog is open; from a slot of its own signals, by deleteLater().
 ///
 /// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete: it
 /// stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless cancelled.
@@ -83,7 +83,7 @@ signals:
     void Cancel();
     /// AdjustedImage() is new.
     void ImageReady();
-    /// A wait has ended: 0 if the user cancelled it, else 1.
+    /// A wait has ended: 0 if the user cancelled it, else 1. Inside its slots the wait still counts as pending.
     void Finished(int result);
     void ProgressRangeChanged(int minimum, int maximum);
     void ProgressValueChanged(int value);
