@@ -5,9 +5,15 @@
 // the same pixels. A new transformation adds one RegisterJob line, and a peer if OpenCV has one.
 
 #include "HBBenchmarkSummary.h"
+#include "HBThresholdRGB32.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
 #include <HBIterativeBrightnessContrastTransformation.h>
+#include <HBIterativeCurvesTransformation.h>
+#include <HBIterativeExposureTransformation.h>
+#include <HBIterativeGammaCorrectionTransformation.h>
+#include <HBIterativeLevelsTransformation.h>
+#include <HBIterativePosterizeTransformation.h>
 #include <HBParallel.h>
 
 #include <opencv2/core.hpp>
@@ -133,6 +139,23 @@ std::function<cv::Mat(const cv::Mat&)> Lut(const HBChannelTables& tables)
     };
 }
 
+/// Levels with other settings in every channel.
+HBIterativeLevelsTransformation Levels()
+{
+    const int input[4][2] = {{5, 250}, {0, 240}, {10, 255}, {3, 200}};
+    const int output[4][2] = {{0, 255}, {0, 255}, {10, 240}, {0, 255}};
+    const double gamma[4] = {1.2, 1.0, 0.9, 1.1};
+    return {input, output, gamma, 100};
+}
+
+/// Curves with other points in every channel.
+HBIterativeCurvesTransformation Curves()
+{
+    const QVector<QPoint> points[4] = {
+        {{0, 0}, {60, 40}, {190, 220}, {255, 255}}, {{0, 10}, {255, 255}}, {}, {{0, 0}, {128, 140}, {255, 240}}};
+    return {points, 100};
+}
+
 std::vector<HBBenchmarkAim> RegisterAll()
 {
     Register(CopyName, TileCopy);
@@ -142,7 +165,20 @@ std::vector<HBBenchmarkAim> RegisterAll()
     RegisterJob("BrightnessContrast", brightnessContrast);
     RegisterPeer("BrightnessContrast_OpenCV", Lut(brightnessContrast.Operation()));
 
-    return {{"BrightnessContrast", "BrightnessContrast_OpenCV", 2.0, 2.5}};
+    // One peer for all that follow: the time of a look-up does not depend on what the tables hold.
+    RegisterPeer("Lut_OpenCV", Lut(Levels().Operation()));
+    RegisterJob("Gamma", HBIterativeGammaCorrectionTransformation(2.2));
+    RegisterJob("Exposure", HBIterativeExposureTransformation(0.7, 0.01));
+    RegisterJob("Posterize", HBIterativePosterizeTransformation(5));
+    RegisterJob("Levels", Levels());
+    RegisterJob("Curves", Curves());
+    using Threshold = HBThresholdRGB32<30, 59, 11>;
+    RegisterJob("Threshold", HBIterativeAdjustmentTransformation<Threshold>(Threshold{128}));
+
+    std::vector<HBBenchmarkAim> aims = {{"BrightnessContrast", "BrightnessContrast_OpenCV", 2.0, 2.5}};
+    for (const char* name : {"Gamma", "Exposure", "Posterize", "Levels", "Curves", "Threshold"})
+        aims.push_back({name, "Lut_OpenCV", 2.0, 2.5});
+    return aims;
 }
 
 } // namespace

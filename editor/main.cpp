@@ -6,6 +6,7 @@
 
 #include <HBMdiArea.h>
 #include <KMApplication.h>
+#include <KMTheme.h>
 
 #include <QAction>
 #include <QApplication>
@@ -105,6 +106,7 @@ int main(int argc, char* argv[])
     if (!Parse(application.arguments(), &options))
         return 2;
 
+    KMTheme::Install();
     KMApplication::SetTileMemory(0);
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);

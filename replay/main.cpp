@@ -159,6 +159,7 @@ int main(int argc, char* argv[])
     QApplication application(count, nameOnly);
     qInstallMessageHandler(nullptr);
     application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
+    KMTheme::Install();
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)

@@ -26,3 +26,22 @@ private:
     };
     QVector<Link> m_Links;
 };
+
+/// Cuts the connections for as long as it lives.
+class HBMute
+{
+public:
+    HBMute(const HBConnectionSet& connections, QObject* receiver)
+        : m_Connections(connections)
+        , m_pReceiver(receiver)
+    {
+        m_Connections.Disconnect(m_pReceiver);
+    }
+    ~HBMute() { m_Connections.Connect(m_pReceiver); }
+    HBMute(const HBMute&) = delete;
+    HBMute& operator=(const HBMute&) = delete;
+
+private:
+    const HBConnectionSet& m_Connections;
+    QObject* m_pReceiver;
+};

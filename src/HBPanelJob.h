@@ -27,13 +27,15 @@ void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Pan
         try {
             return (panel->*process)(job);
         } catch (...) {
+            static_cast<HBAdjustmentWidget*>(panel)->SetJobFailed();
             return job.source;
         }
     }));
 }
 
 template <class Transformation>
-HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation)
+HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation,
+                                                std::exception_ptr* exception)
 {
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
     // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
@@ -41,5 +43,10 @@ HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Tran
             Qt::QueuedConnection);
     connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
             Qt::QueuedConnection);
-    return processing.Process(job.source, job.selection, job.offset, job.bounds);
+    const HBImage<> result = processing.Process(job.source, job.selection, job.offset, job.bounds);
+    if (processing.Exception())
+        SetJobFailed();
+    if (exception)
+        *exception = processing.Exception();
+    return result;
 }

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+
+/// The line that an exception in a job leaves on Qt's debug stream; nothing for a null pointer. Call it through
+/// HB_LOG_JOB_EXCEPTION.
+void HBLogJobException(const char* date, const char* time, const std::exception_ptr& exception);
+
+/// A macro, because date and time are those of the panel's own unit.
+#define HB_LOG_JOB_EXCEPTION(exception) HBLogJobException(__DATE__, __TIME__, exception)
