@@ -12,6 +12,8 @@
 #include <HBPanelCatalog.h>
 #include <KMImageFileManager.h>
 
+#include <KMTheme.h>
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
