@@ -6,6 +6,7 @@
 
 #include <HBMdiArea.h>
 #include <KMApplication.h>
+#include <KMPixelRatioRound.h>
 #include <KMTheme.h>
 
 #include <QAction>
@@ -107,6 +108,7 @@ int main(int argc, char* argv[])
         return 2;
 
     KMTheme::Install();
+    KMPixelRatioRound::SetPixelRatio(1.0); // the view's scene counts in pixels of the photo
     KMApplication::SetTileMemory(0);
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);

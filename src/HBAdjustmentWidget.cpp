@@ -37,10 +37,10 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
         if (QPushButton* reset = m_pFrame->m_pButtons->button(QDialogButtonBox::Reset))
             connect(reset, SIGNAL(clicked()), this, SLOT(OnReset()));
         connect(this, SIGNAL(DataChanged()), this, SLOT(OnDataChanged()));
-        connect(this, SIGNAL(ProgressRangeChanged(int, int)), m_pFrame->m_pProgress, SLOT(setRange(int, int)));
+        connect(this, SIGNAL(ProgressRangeChanged(int,int)), m_pFrame->m_pProgress, SLOT(setRange(int,int)));
         connect(this, SIGNAL(ProgressValueChanged(int)), m_pFrame->m_pProgress, SLOT(setValue(int)));
     }
-    connect(this, SIGNAL(ProgressRangeChanged(int, int)), this, SLOT(OnProgressRangeChanged(int, int)));
+    connect(this, SIGNAL(ProgressRangeChanged(int,int)), this, SLOT(OnProgressRangeChanged(int,int)));
     connect(this, SIGNAL(ProgressValueChanged(int)), this, SLOT(OnProgressValueChanged(int)));
     if (m_Dialog) {
         m_pFrame->m_pProgress->setRange(m_ProgressMinimum, m_ProgressMaximum);
@@ -283,7 +283,7 @@ void HBAdjustmentWidget::FinishWaiting()
     dialog->SetLabel(GetWidgetName() + ':');
     dialog->SetProgressRange(m_ProgressMinimum, m_ProgressMaximum);
     dialog->SetProgressPos(m_ProgressValue);
-    connect(this, SIGNAL(ProgressRangeChanged(int, int)), dialog, SLOT(SetProgressRange(int, int)));
+    connect(this, SIGNAL(ProgressRangeChanged(int,int)), dialog, SLOT(SetProgressRange(int,int)));
     connect(this, SIGNAL(ProgressValueChanged(int)), dialog, SLOT(SetProgressPos(int)));
 
     QApplication::restoreOverrideCursor();

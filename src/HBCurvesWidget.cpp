@@ -128,6 +128,8 @@ HBCurvesWidget::HBCurvesWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pInputSlider->SetRange(0, 255);
     m_pUI->m_pInputSlider->AddControl(0, 0, 255, QBrush(Qt::black));
     m_pUI->m_pInputSlider->AddControl(255, 0, 255, QBrush(Qt::white));
+    m_pUI->m_pInputSlider->SetControlName(0, tr("First point"));
+    m_pUI->m_pInputSlider->SetControlName(1, tr("Last point"));
 
     QLinearGradient across(0, 0, 1, 0);
     across.setColorAt(0.0, Qt::black);
@@ -147,7 +149,7 @@ HBCurvesWidget::HBCurvesWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
 
     m_pConnections->Add(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
     for (HBConnectionSet* set : {m_pConnections.get(), m_pSliderLink.get()})
-        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint, int)), SLOT(OnInputChanged(uint, int)));
+        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
     SetChannel(m_Params.channel);
     Connect();
 }

@@ -191,10 +191,10 @@ void HBCurvesWidget::InsertNode(int index)
     node->setFlag(QGraphicsItem::ItemIsMovable, false);
     node->setFlag(QGraphicsItem::ItemIsFocusable, true);
     m_pScene->addItem(node);
-    connect(node, SIGNAL(mousePressed(ControlNode*, Qt::MouseButton)),
-            SLOT(OnNodePressed(ControlNode*, Qt::MouseButton)));
-    connect(node, SIGNAL(mouseReleased(ControlNode*, Qt::MouseButton)),
-            SLOT(OnNodeReleased(ControlNode*, Qt::MouseButton)));
+    connect(node, SIGNAL(mousePressed(ControlNode*,Qt::MouseButton)),
+                         SLOT(OnNodePressed(ControlNode*,Qt::MouseButton)));
+    connect(node, SIGNAL(mouseReleased(ControlNode*,Qt::MouseButton)),
+                         SLOT(OnNodeReleased(ControlNode*,Qt::MouseButton)));
     m_Nodes.insert(index, node);
 }
 

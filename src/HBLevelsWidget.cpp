@@ -103,6 +103,11 @@ HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pOutputSlider->SetRange(0, 255);
     m_pUI->m_pOutputSlider->AddControl(0, 0, 255, QBrush(Qt::black));
     m_pUI->m_pOutputSlider->AddControl(255, 0, 255, QBrush(Qt::white));
+    m_pUI->m_pInputSlider->SetControlName(Black, tr("Black point"));
+    m_pUI->m_pInputSlider->SetControlName(Gamma, tr("Gamma"));
+    m_pUI->m_pInputSlider->SetControlName(White, tr("White point"));
+    m_pUI->m_pOutputSlider->SetControlName(OutputBlack, tr("Output black point"));
+    m_pUI->m_pOutputSlider->SetControlName(OutputWhite, tr("Output white point"));
 
     QLinearGradient gradient(0, 0, 1, 0);
     gradient.setColorAt(0.0, Qt::black);
@@ -117,9 +122,9 @@ HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
 
     m_pConnections->Add(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
     for (HBConnectionSet* set : {m_pConnections.get(), m_pInputLink.get()})
-        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint, int)), SLOT(OnInputChanged(uint, int)));
+        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
     for (HBConnectionSet* set : {m_pConnections.get(), m_pOutputLink.get()})
-        set->Add(m_pUI->m_pOutputSlider, SIGNAL(ValueChanged(uint, int)), SLOT(OnOutputChanged(uint, int)));
+        set->Add(m_pUI->m_pOutputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnOutputChanged(uint,int)));
     m_pConnections->Add(m_pUI->m_pLowInput, SIGNAL(valueChanged(int)), SLOT(OnLowInputChanged(int)));
     m_pConnections->Add(m_pUI->m_pMiddleInput, SIGNAL(valueChanged(double)), SLOT(OnMiddleInputChanged(double)));
     m_pConnections->Add(m_pUI->m_pHighInput, SIGNAL(valueChanged(int)), SLOT(OnHighInputChanged(int)));

@@ -23,12 +23,12 @@ template <class Panel, class Data>
 void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data),
                 const Data& job)
 {
-    watcher->setFuture(QtConcurrent::run([=]() -> HBImage<> {
+    watcher->setFuture(QtConcurrent::run([=, job = Data(job)]() mutable -> HBImage<> {
         try {
             return (panel->*process)(job);
         } catch (...) {
             static_cast<HBAdjustmentWidget*>(panel)->SetJobFailed();
-            return job.source;
+            return std::move(job.source); // a copy may throw again
         }
     }));
 }

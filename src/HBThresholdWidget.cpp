@@ -63,9 +63,10 @@ HBThresholdWidget::HBThresholdWidget(bool dialog, QWidget* parent, Qt::WindowFla
     m_pUI->setupUi(GetUIContent());
     m_pUI->m_pSlider->SetRange(0, 255);
     m_pUI->m_pSlider->AddControl(0, 0, 255, QBrush(Qt::black));
+    m_pUI->m_pSlider->SetControlName(0, tr("Threshold level"));
 
     connect(this, SIGNAL(SourceChanged()), SLOT(OnSourceChanged()));
-    connect(m_pUI->m_pSlider, SIGNAL(ValueChanged(uint, int)), SLOT(OnLevelChanged(uint, int)));
+    connect(m_pUI->m_pSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnLevelChanged(uint,int)));
     Connect();
     m_pUI->m_pHistogramm->SetChannel(0);
     Reset();

@@ -201,7 +201,8 @@ void HistogramWidget::SetChannel(int mask)
 
 QSize HistogramWidget::sizeHint() const
 {
-    return {256, 100};
+    // With a layout, an editor covers it: that wants a square.
+    return layout() ? QSize(256, 256) : QSize(256, 100);
 }
 
 void HistogramWidget::changeEvent(QEvent* event)

@@ -5,7 +5,24 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+namespace
+{
+
+double hostRatio = 0.0;
+
+}
+
 double KMPixelRatioRound::GetPixelRatio()
+{
+    return hostRatio > 0.0 ? hostRatio : GetScreenRatio();
+}
+
+void KMPixelRatioRound::SetPixelRatio(double ratio)
+{
+    hostRatio = ratio;
+}
+
+double KMPixelRatioRound::GetScreenRatio()
 {
     // A bare QCoreApplication has no screens to ask for.
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))

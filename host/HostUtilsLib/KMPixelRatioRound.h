@@ -4,10 +4,16 @@
 
 #include "hostutilslib_export.h"
 
-/// How many device pixels one logical pixel has.
+/// How many pixels of the photo one unit of the document view's scene has.
 class HOSTUTILSLIB_EXPORT KMPixelRatioRound
 {
 public:
-    /// The device pixel ratio of the primary screen, 1.0 without an application or a screen. GUI thread only.
+    /// What the host has set; else the device pixel ratio of the primary screen, 1.0 without an application or a
+    /// screen. GUI thread only.
     static double GetPixelRatio();
+    /// For a host whose scene does not count in logical pixels of the screen; 0 takes it back.
+    static void SetPixelRatio(double ratio);
+
+    /// The device pixel ratio of the primary screen.
+    static double GetScreenRatio();
 };

@@ -8,7 +8,7 @@
 
 QString KMStringHelper::DPIAdjustImageName(const QString& name)
 {
-    if (KMPixelRatioRound::GetPixelRatio() < 1.5)
+    if (KMPixelRatioRound::GetScreenRatio() < 1.5)
         return name;
     const int dot = name.lastIndexOf(QLatin1Char('.'));
     if (dot <= name.lastIndexOf(QLatin1Char('/')))

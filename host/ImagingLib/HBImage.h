@@ -115,17 +115,19 @@ private:
 
 template <class Pixel, int TileWidth, int TileHeight>
 HBImage<Pixel, TileWidth, TileHeight>::HBImage(const HBImage& other)
-    : m_Tiles(other.m_Tiles)
-    , m_Columns(other.m_Columns)
-    , m_Rows(other.m_Rows)
-    , m_Width(other.m_Width)
-    , m_Height(other.m_Height)
-    , m_Profile(other.m_Profile)
-    , m_HostValues{other.m_HostValues[0], other.m_HostValues[1]}
+    : HBImage() // so that a throw frees the elements
 {
     m_Elements.reserve(other.m_Elements.size());
     for (const KMEXIFElement* element : other.m_Elements)
         m_Elements.append(new KMEXIFElement(*element));
+    m_Tiles = other.m_Tiles;
+    m_Columns = other.m_Columns;
+    m_Rows = other.m_Rows;
+    m_Width = other.m_Width;
+    m_Height = other.m_Height;
+    m_Profile = other.m_Profile;
+    m_HostValues[0] = other.m_HostValues[0];
+    m_HostValues[1] = other.m_HostValues[1];
 }
 
 template <class Pixel, int TileWidth, int TileHeight>

@@ -72,7 +72,7 @@ struct KMTileManager64::Private
     void Copy(KMTile& from, KMTile& to);
     void Forget(KMTile& tile);
 
-    std::vector<KMTile*> ClaimLeastRecentlyUsed();
+    std::vector<KMTile*> ClaimLeastRecentlyUsed(bool dirtyToo);
     std::size_t Evict(std::unique_lock<std::mutex>& lock);
     bool Save(const std::vector<KMTile*>& tiles);
     void WarnOnce();
@@ -212,19 +212,20 @@ void KMTileManager64::Private::Forget(KMTile& tile)
     tileCount.fetch_sub(1, std::memory_order_relaxed);
 }
 
-/// Makes the least recently used tiles without pins Busy. The mutex must be held.
-std::vector<KMTile*> KMTileManager64::Private::ClaimLeastRecentlyUsed()
+/// Makes the least recently used tiles without pins Busy, those that must be written first only if dirtyToo. The mutex
+/// must be held.
+std::vector<KMTile*> KMTileManager64::Private::ClaimLeastRecentlyUsed(bool dirtyToo)
 {
     struct Candidate
     {
         quint64 lastUse; // a copy: the tile's own may change while the candidates are sorted
         KMTile* tile;
     };
-    constexpr quint32 notDirty = ~Dirty;
+    const quint32 mask = dirtyToo ? ~Dirty : ~quint32(0);
     std::vector<Candidate> candidates;
     candidates.reserve(inMemory.size());
     for (KMTile* tile : inMemory) {
-        if ((tile->state.load(std::memory_order_relaxed) & notDirty) == Resident)
+        if ((tile->state.load(std::memory_order_relaxed) & mask) == Resident)
             candidates.push_back({tile->lastUse.load(std::memory_order_relaxed), tile});
     }
     const std::size_t share = qBound(std::size_t(1), inMemory.size() / EvictionShare, EvictionLimit);
@@ -236,7 +237,7 @@ std::vector<KMTile*> KMTileManager64::Private::ClaimLeastRecentlyUsed()
     claimed.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         quint32 state = candidates[i].tile->state.load(std::memory_order_relaxed);
-        if ((state & notDirty) == Resident &&
+        if ((state & mask) == Resident &&
             candidates[i].tile->state.compare_exchange_strong(state, state | Busy, std::memory_order_acquire))
             claimed.push_back(candidates[i].tile);
     }
@@ -247,11 +248,13 @@ std::vector<KMTile*> KMTileManager64::Private::ClaimLeastRecentlyUsed()
 /// \return how many left
 std::size_t KMTileManager64::Private::Evict(std::unique_lock<std::mutex>& lock)
 {
-    if (evictionsToSkip > 0) {
+    // While there is no scratch space, tiles that have a copy there already can still go.
+    const bool writable = evictionsToSkip == 0;
+    if (!writable)
         --evictionsToSkip;
+    const std::vector<KMTile*> tiles = ClaimLeastRecentlyUsed(writable);
+    if (tiles.empty())
         return 0;
-    }
-    const std::vector<KMTile*> tiles = ClaimLeastRecentlyUsed();
     lock.unlock();
     const bool saved = Save(tiles);
     if (!saved)

@@ -97,8 +97,8 @@ void TestControlNode::PressesStayWithTheNode()
     node->setPos(100, 80);
     scene.addItem(node);
     QVector<Qt::MouseButton> buttons;
-    QSignalSpy pressed(node, SIGNAL(mousePressed(ControlNode*, Qt::MouseButton)));
-    QSignalSpy released(node, SIGNAL(mouseReleased(ControlNode*, Qt::MouseButton)));
+    QSignalSpy pressed(node, SIGNAL(mousePressed(ControlNode*,Qt::MouseButton)));
+    QSignalSpy released(node, SIGNAL(mouseReleased(ControlNode*,Qt::MouseButton)));
     connect(node, &ControlNode::mousePressed, [&](ControlNode* which, Qt::MouseButton button) {
         QCOMPARE(which, node);
         buttons << button;

@@ -29,6 +29,10 @@ static bool Doubled()
 void TestHostUtils::Ratio()
 {
     QCOMPARE(KMPixelRatioRound::GetPixelRatio(), Doubled() ? 2.0 : 1.0);
+    KMPixelRatioRound::SetPixelRatio(3.0);
+    QCOMPARE(KMPixelRatioRound::GetPixelRatio(), 3.0);
+    QCOMPARE(KMPixelRatioRound::GetScreenRatio(), Doubled() ? 2.0 : 1.0);
+    KMPixelRatioRound::SetPixelRatio(0.0);
 }
 
 void TestHostUtils::HighDpiNames_data()

@@ -122,7 +122,7 @@ void TestMavuCustomSlider::Limits()
 
 void TestMavuCustomSlider::LimitsMoveTheValueOnce()
 {
-    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint, int)));
+    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     m_pSlider->SetMaximum(1, 100);
     m_pSlider->SetMaximum(1, 110);
     m_pSlider->SetValue(1, 100);
@@ -134,7 +134,7 @@ void TestMavuCustomSlider::LimitsMoveTheValueOnce()
 
 void TestMavuCustomSlider::UnknownHandlesAreIgnored()
 {
-    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint, int)));
+    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     m_pSlider->SetValue(3, 5);
     m_pSlider->SetMinimum(4000000000u, 5);
     m_pSlider->SetMaximum(3, 5);
@@ -152,7 +152,7 @@ void TestMavuCustomSlider::UnknownHandlesAreIgnored()
 
 void TestMavuCustomSlider::SlotsMaySetValuesAgain()
 {
-    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint, int)));
+    QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     connect(m_pSlider, &MavuCustomSlider::ValueChanged, this, [this](uint control, int value) {
         QCOMPARE(m_pSlider->Value(control), value); // stored before it is told
         if (value == 0)
