@@ -15,6 +15,7 @@
 
 #include <exception>
 
+class HBAdjustmentProcessing;
 class HBOperationProgressDlg;
 class KMDocumentView;
 class QLinearGradient;
@@ -116,6 +117,11 @@ protected:
     template <class Transformation>
     HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
                                 std::exception_ptr* exception = nullptr);
+
+    /// Passes the progress of a processing object on, queued; on the job's thread.
+    void ConnectProgress(const HBAdjustmentProcessing& processing);
+    /// Whether the result of the running job will be dropped: for a job to ask between its stages.
+    bool IsJobObsolete();
 
     /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
     /// of the panel, and in the base's destructor that panel is gone already.
