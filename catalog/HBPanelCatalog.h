@@ -11,7 +11,8 @@
 class HBAdjustmentWidget;
 class QWidget;
 
-/// One panel, as everything that works with all of them knows it: menus, the replayer, the tests of all panels.
+/// One panel, as everything that works with all of them knows it: menus, the replayer, the tests of all
+/// panels.
 struct CATALOG_EXPORT HBPanelEntry
 {
     const char* className; ///< its key in recipes: never translated, never changed
@@ -22,9 +23,11 @@ struct CATALOG_EXPORT HBPanelEntry
     /// A new panel; see HBAdjustmentWidget's constructor.
     HBAdjustmentWidget* (*create)(bool dialog, QWidget* parent);
 
-    /// The panel's present values as a recipe step stores them: {"record": base64} or {"values": {name: number}}.
+    /// The panel's present values as a recipe step stores them: {"record": base64} or
+    /// {"values": {name: number}}.
     QJsonObject (*save)(const HBAdjustmentWidget& panel);
-    /// Loads what `save` returned; false with a reason (the panel then has its defaults) if it is not that.
+    /// Loads what `save` returned, however hostile; false with a reason, and the panel left as it was, if it
+    /// is not exactly that. Other keys of `values` are ignored.
     bool (*restore)(HBAdjustmentWidget& panel, const QJsonObject& values, QString* reason);
 
     QString Group() const;

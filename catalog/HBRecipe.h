@@ -24,25 +24,28 @@ struct HBRecipeStep
 ///     { "format": "adjustment-recipe", "version": 1,
 ///       "steps": [ { "panel": "HBBrightnessContrastWidget", "record": "S01Ccmln…" } ] }
 ///
-/// A record is the panel's own stored form as base64 (QDataStream version Qt_5_15, big endian). What a written file
-/// means never changes: a new meaning takes a new version.
+/// A record is the panel's own stored form as base64 (QDataStream version Qt_5_15, big endian). What a
+/// written file means never changes: a new meaning takes a new version.
 struct CATALOG_EXPORT HBRecipe
 {
     QVector<HBRecipeStep> steps;
 
-    /// Reads a recipe and tries every step on its panel. On failure returns false, leaves `recipe` alone and names the
-    /// step (counted from 1) and the reason in `error`. GUI thread, needs a QApplication.
+    /// Reads a recipe and tries every step on its panel. On failure returns false, leaves `recipe` alone and
+    /// names the step (counted from 1), its panel and the reason in `error`. GUI thread, needs a
+    /// QApplication.
     static bool FromJson(const QByteArray& json, HBRecipe* recipe, QString* error);
     QByteArray ToJson() const;
 
+    /// As FromJson; the error names the file too.
     static bool Load(const QString& path, HBRecipe* recipe, QString* error);
     /// Writes the file whole or not at all.
     bool Save(const QString& path, QString* error) const;
 };
 
-/// Applies the steps to the whole image, one panel's job after the other, without showing anything, and returns the
-/// result: the same bytes as the editor's. GUI thread; runs an event loop meanwhile. The image is returned empty, with
-/// `error` set, if a step cannot be applied.
+/// Applies the steps to the whole image, one panel's job after the other, without showing anything, and
+/// returns the result: the same bytes as a panel that the user works with gives. A step of a panel that has
+/// no job of its own leaves the image as it is. GUI thread; runs an event loop meanwhile. The image is
+/// returned empty, with `error` set, if a step cannot be applied.
 /// \param progress told the work done in 1/1000 of the whole; may be null
 CATALOG_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
                                        const std::function<void(int)>& progress = nullptr);

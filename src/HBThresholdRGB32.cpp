@@ -17,37 +17,47 @@ namespace HWY_NAMESPACE
 {
 namespace hn = hwy::HWY_NAMESPACE;
 
-// A truncated quotient is below the level exactly if the undivided sum, at most 100 × 255, is below 100 × level: no
-// division is needed, and both sides fit 16 bits.
-void Threshold(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level)
+// A truncated quotient is below the level exactly if the undivided sum, at most 100 × 255, is below 100 × level.
+int ThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level)
 {
     const hn::ScalableTag<std::uint32_t> d;
-    const hn::Repartition<std::uint16_t, decltype(d)> d16;
+    using V = hn::Vec<decltype(d)>;
     const int lanes = int(hn::Lanes(d));
-    // The channels as 16-bit numbers, two a pixel: blue and red, green and alpha.
-    const auto blueAndRed = hn::BitCast(d16, hn::Set(d, std::uint32_t(weights.blue | weights.red << 16)));
-    const auto green = hn::BitCast(d16, hn::Set(d, std::uint32_t(weights.green)));
-    const auto evenBytes = hn::Set(d, 0x00FF00FFu);
-    const auto colours = hn::Set(d, 0x00FFFFFFu);
-    const auto low16 = hn::Set(d, 0xFFFFu);
-    const auto limit = hn::Set(d, std::uint32_t(100 * qBound(0, level, 256)));
-
-    const auto map = [&](auto source) HWY_ATTR {
-        const auto even = hn::BitCast(d16, hn::And(source, evenBytes));
-        const auto odd = hn::BitCast(d16, hn::And(hn::ShiftRight<8>(source), evenBytes));
-        const auto halves = hn::BitCast(d, hn::Add(hn::Mul(even, blueAndRed), hn::Mul(odd, green)));
-        const auto sum = hn::Add(hn::And(halves, low16), hn::ShiftRight<16>(halves));
-        return hn::IfThenElse(hn::Lt(sum, limit), hn::AndNot(colours, source), hn::Or(source, colours));
-    };
+    const V red = hn::Set(d, std::uint32_t(weights.red));
+    const V green = hn::Set(d, std::uint32_t(weights.green));
+    const V blue = hn::Set(d, std::uint32_t(weights.blue));
+    const V limit = hn::Set(d, std::uint32_t(100 * qBound(0, level, 256)));
+    const V lowByte = hn::Set(d, 0xFFu);
+    const V colours = hn::Set(d, 0x00FFFFFFu);
 
     auto* words = reinterpret_cast<std::uint32_t*>(pixels);
     int i = 0;
-    for (; i + lanes <= count; i += lanes)
-        hn::StoreU(map(hn::LoadU(d, words + i)), d, words + i);
-    const hn::CappedTag<std::uint32_t, 1> one;
-    static_cast<void>(one);
+    for (; i + lanes <= count; i += lanes) {
+        const V source = hn::LoadU(d, words + i);
+        V sum = hn::Mul(hn::And(source, lowByte), blue);
+        sum = hn::Add(sum, hn::Mul(hn::And(hn::ShiftRight<8>(source), lowByte), green));
+        sum = hn::Add(sum, hn::Mul(hn::And(hn::ShiftRight<16>(source), lowByte), red));
+        const V black = hn::AndNot(colours, source);
+        const V white = hn::Or(source, colours);
+        hn::StoreU(hn::IfThenElse(hn::Lt(sum, limit), black, white), d, words + i);
+    }
+    return i;
 }
 
 } // namespace HWY_NAMESPACE
 } // namespace
 HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace
+{
+HWY_EXPORT(ThresholdVectors);
+}
+
+int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level)
+{
+    return HWY_DYNAMIC_DISPATCH(ThresholdVectors)(pixels, count, weights, level);
+}
+
+#endif

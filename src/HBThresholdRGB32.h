@@ -14,8 +14,8 @@ struct HBThresholdWeights
     int blue;
 };
 
-/// HBThresholdRGB32 over a run of pixels, by vector instructions.
-PANELS_EXPORT void HBThresholdPixels(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level);
+/// HBThresholdRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
+PANELS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level);
 
 /// A pixel operation that leaves black and white: a pixel whose luminance, the weighted mean of its colours in whole
 /// numbers, truncated, is below `level` becomes black, any other white. Alpha is kept.
@@ -35,5 +35,9 @@ struct HBThresholdRGB32
         pixel.red = pixel.green = pixel.blue = luminance < level ? 0 : 255;
     }
     /// The run form: the same bytes.
-    void operator()(HBRGBA32i* pixels, int count) const { HBThresholdPixels(pixels, count, {R, G, B}, level); }
+    void operator()(HBRGBA32i* pixels, int count) const
+    {
+        for (int i = HBThresholdVectors(pixels, count, {R, G, B}, level); i < count; ++i)
+            (*this)(pixels[i]);
+    }
 };

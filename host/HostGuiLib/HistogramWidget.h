@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "hostguilib_export.h"
+
+#include <HBHistogrammCalculator.h>
+#include <HBImage.h>
+#include <HBSharedImage.h>
+
+#include <QFutureWatcher>
+#include <QImage>
+#include <QWidget>
+
+#include <atomic>
+#include <memory>
+
+/// Shows how often each level occurs in a picture. GUI thread only; the counting is done in the global thread pool.
+///
+/// The shared images stay the caller's: the widget keeps the pointer for RebuildHistogramm() and takes a copy of the
+/// image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies, unless
+/// nobody rebuilds after that. A newer request replaces one that still runs; until its counts are there the former
+/// ones are shown and returned. Alpha is not looked at.
+class HOSTGUILIB_EXPORT HistogramWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit HistogramWidget(QWidget* parent = nullptr, Qt::WindowFlags flags = {});
+    ~HistogramWidget() override;
+
+    /// Counts this image from now on. A null pointer clears at once, without a signal.
+    void SetImage(HBSharedImage<QImage>* image);
+    void SetImage(HBSharedImage<HBImage<>>* image);
+    /// Counts the image again, after its owner changed it.
+    void RebuildHistogramm();
+
+    /// What is drawn: 1 red, 2 green, 4 blue or a sum of them, 7 all three (the default), 0 luminance. Other bits are
+    /// ignored. The counts are there for every channel in any case.
+    void SetChannel(int mask);
+    int Channel() const { return m_Mask; }
+
+    /// Pixels of the counted picture, 0 if there is none.
+    double GetPixelsCount() const { return double(m_Counts.pixels); }
+    /// The lowest and the highest level that occurs; 0 and 0 without a picture or for an unknown channel. Channels are
+    /// indices here, not masks: 0 red, 1 green, 2 blue, 3 luminance (ITU-R BT.709).
+    void GetRange(int channel, int& low, int& high) const;
+    /// How many pixels have this level, up to the largest uint; 0 for an unknown channel or level.
+    uint GetCount(int channel, int level) const;
+
+    QSize sizeHint() const override;
+
+signals:
+    /// The counts of the newest request are there. Not emitted for a request that a newer one replaced.
+    void HistogrammComplete();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    using Counts = HBHistogrammCalculator::Counts;
+
+    template <class Image>
+    void Start(const Image& image);
+    void Abandon();
+    void Clear();
+    void OnCounted();
+    QImage Draw() const;
+
+    HBSharedImage<QImage>* m_pQImage = nullptr;
+    HBSharedImage<HBImage<>>* m_pImage = nullptr;
+    QFutureWatcher<Counts> m_Watcher;
+    std::shared_ptr<std::atomic<bool>> m_pAbandoned; ///< of the running count; shared with it
+    Counts m_Counts;
+    int m_Mask = 7;
+    QImage m_Drawn; ///< what was painted last; null when it must be drawn anew
+};

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "hostguilib_export.h"
+
+#include <QVector>
+
+/// Where on a groove a value stands and back, in logical pixels: the arithmetic of a slider, without a widget.
+struct HOSTGUILIB_EXPORT MavuSliderGeometry
+{
+    int minimum = 0;
+    int maximum = 255;
+    double left = 0;   ///< x of `minimum`
+    double length = 0; ///< from `minimum` to `maximum`; 0 or less puts every value on `left`
+
+    /// x of a value, which need not be in the range.
+    double PositionOf(int value) const;
+    /// The value nearest to x, inside minimum..maximum; `minimum` for a NaN and on a groove without length.
+    int ValueAt(double x) const;
+    /// Values per pixel, for a drag that keeps the distance between the pointer and the handle.
+    int MovedBy(int value, double pixels) const;
+
+    /// The handles nearest to x, in their order; more than one where handles stand on the same value or x is halfway.
+    QVector<int> NearestTo(double x, const QVector<int>& values) const;
+};

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBImage.h"
+#include "imaginglib_export.h"
+
+#include <QImage>
+
+#include <array>
+#include <atomic>
+#include <vector>
+
+/// Counts how often each level occurs in a picture, per channel; alpha is not looked at, and padding of border tiles
+/// is never counted. Works on several threads, also when called on a pool thread; any thread may call it.
+class IMAGINGLIB_EXPORT HBHistogrammCalculator
+{
+public:
+    enum Channel { Red, Green, Blue, Luma, ChannelCount };
+
+    /// Pixels per channel and level, and how many there were.
+    struct Counts
+    {
+        std::array<std::array<quint64, 256>, ChannelCount> levels{};
+        quint64 pixels = 0;
+    };
+
+    /// Where Accumulate adds its counts: arrays of 256, which the caller sets to 0 before the first picture. A null
+    /// pointer leaves that channel out.
+    void SetOutput(int* red, int* green, int* blue, int* luma);
+    /// Adds the pixels of `rect` (image coordinates, cut to the image; an invalid one has none) to the output. A count
+    /// stops at the largest int. \throws std::bad_alloc
+    void Accumulate(const HBImage<>& image, const QRect& rect);
+
+    /// Luma after ITU-R BT.709: 0.2126 R + 0.7152 G + 0.0722 B of the stored values, rounded.
+    static int LumaOf(HBRGBA32i pixel)
+    {
+        return (13933 * pixel.red + 46871 * pixel.green + 4732 * pixel.blue + 32768) >> 16;
+    }
+
+    /// Counts the pixels of `rect`. When `*abandoned` becomes true the rest is left out and the result is of no use.
+    /// \throws std::bad_alloc
+    static Counts Count(const HBImage<>& image, const QRect& rect, const std::atomic<bool>* abandoned = nullptr);
+    /// The same for a whole QImage of any format; 16-bit channels are reduced to 8, premultiplied ones divided.
+    static Counts Count(const QImage& image, const std::atomic<bool>* abandoned = nullptr);
+
+    /// The levels below and above which 0.5 % of the counted pixels lie: the 0.5 % and the 99.5 % percentile of 256
+    /// counts (contrast stretching as in Gonzalez and Woods, Digital Image Processing). (0, 255) if nothing was
+    /// counted; the two may be equal.
+    static std::vector<int> Threshold(const int* counts);
+
+private:
+    std::array<int*, ChannelCount> m_Outputs{};
+};

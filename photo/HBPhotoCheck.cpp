@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBPhotoCheck.h"
+
+namespace
+{
+
+/// Unsigned numbers anywhere in a file, 0 behind its end.
+class Numbers
+{
+public:
+    Numbers(const QByteArray& file, bool bigEndian) : m_File(file), m_BigEndian(bigEndian) {}
+
+    qint64 At(qint64 position, int bytes) const
+    {
+        if (position < 0 || position + bytes > m_File.size())
+            return 0;
+        quint32 value = 0;
+        for (int i = 0; i < bytes; ++i)
+            value = value << 8 | quint8(m_File[int(position) + (m_BigEndian ? i : bytes - 1 - i)]);
+        return value;
+    }
+
+private:
+    const QByteArray& m_File;
+    bool m_BigEndian;
+};
+
+/// From marker to marker (ITU-T T.81, annex B) to the end of the image. What follows it is not ours: cameras append
+/// further pictures. The thumbnail's own end lies inside a segment, which is skipped.
+bool IsWholeJpeg(const QByteArray& file)
+{
+    const Numbers numbers(file, true);
+    int position = 2;
+    while ((position = file.indexOf('\xff', position)) >= 0 && position + 1 < file.size()) {
+        const int marker = quint8(file[position + 1]);
+        const bool filler = marker == 0xff;
+        const bool standsAlone = marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8); // also FF 00: data
+        if (marker == 0xd9)
+            return true;
+        position += filler ? 1 : standsAlone ? 2 : 2 + int(numbers.At(position + 2, 2));
+    }
+    return false;
+}
+
+bool IsWholePng(const QByteArray& file)
+{
+    const Numbers numbers(file, true);
+    for (qint64 chunk = 8; chunk + 12 <= file.size(); chunk += 12 + numbers.At(chunk, 4)) {
+        if (file.mid(int(chunk) + 4, 4) == "IEND")
+            return true;
+    }
+    return false;
+}
+
+bool IsWholeWebP(const QByteArray& file)
+{
+    return 8 + Numbers(file, false).At(4, 4) <= file.size();
+}
+
+/// One field of a TIFF directory: its numbers are in the entry itself if they fit into four bytes.
+struct TiffField
+{
+    qint64 position = 0;
+    qint64 count = 0;
+    int bytes = 0;
+
+    static TiffField Find(const Numbers& numbers, qint64 directory, int tag)
+    {
+        const qint64 entries = numbers.At(directory, 2);
+        for (qint64 entry = directory + 2; entry < directory + 2 + entries * 12; entry += 12) {
+            if (numbers.At(entry, 2) != tag)
+                continue;
+            TiffField field;
+            field.bytes = numbers.At(entry + 2, 2) == 3 ? 2 : 4;
+            field.count = numbers.At(entry + 4, 4);
+            field.position = field.count * field.bytes <= 4 ? entry + 8 : numbers.At(entry + 8, 4);
+            return field;
+        }
+        return {};
+    }
+};
+
+/// All strips or tiles of the first picture lie within the file (TIFF 6.0).
+bool IsWholeTiff(const QByteArray& file, bool bigEndian)
+{
+    const Numbers numbers(file, bigEndian);
+    const qint64 directory = numbers.At(4, 4);
+    constexpr int offsetsAndCounts[][2] = {{273, 279}, {324, 325}};
+    for (const auto& tags : offsetsAndCounts) {
+        const TiffField offsets = TiffField::Find(numbers, directory, tags[0]);
+        const TiffField counts = TiffField::Find(numbers, directory, tags[1]);
+        if (offsets.count == 0)
+            continue;
+        if (offsets.position + offsets.count * offsets.bytes > file.size() ||
+            counts.position + counts.count * counts.bytes > file.size())
+            return false;
+        for (qint64 i = 0; i < qMin(offsets.count, counts.count); ++i) {
+            const qint64 offset = numbers.At(offsets.position + i * offsets.bytes, offsets.bytes);
+            if (offset + numbers.At(counts.position + i * counts.bytes, counts.bytes) > file.size())
+                return false;
+        }
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool HBIsWholeFile(const QByteArray& file)
+{
+    if (file.startsWith("\xff\xd8"))
+        return IsWholeJpeg(file);
+    if (file.startsWith("\x89PNG\r\n\x1a\n"))
+        return IsWholePng(file);
+    if (file.startsWith("RIFF") && file.mid(8, 4) == "WEBP")
+        return IsWholeWebP(file);
+    if (file.startsWith(QByteArray("II*\0", 4)) || file.startsWith(QByteArray("MM\0*", 4)))
+        return IsWholeTiff(file, file[0] == 'M');
+    return true;
+}

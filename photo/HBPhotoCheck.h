@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+/// Whether a JPEG, PNG, WebP or TIFF file reaches its own end. The decoders fill what is missing of a file that was
+/// cut short with grey and call it a picture. True for any other format.
+bool HBIsWholeFile(const QByteArray& file);

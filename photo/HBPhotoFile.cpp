@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBPhotoFile.h"
+
+#include "HBPhotoCheck.h"
+#include "HBPhotoMetadata.h"
+
+#include <KMImageFileManager.h>
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QPainter>
+#include <QSaveFile>
+
+#include <exception>
+#include <new>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int DotsPerMetreUnknown = 2835; // 72 dots per inch
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("HBPhotoFile", text);
+}
+
+bool Fail(QString* reason, const QString& text)
+{
+    *reason = text;
+    return false;
+}
+
+/// Runs a step that reports its failure, or throws it.
+template <class Step>
+bool RunNamed(const QString& path, QString* error, Step step)
+{
+    QString reason;
+    try {
+        if (step(&reason))
+            return true;
+    } catch (const std::bad_alloc&) {
+        reason = Translated("there is not enough memory for it");
+    } catch (const std::exception& problem) {
+        reason = QString::fromLocal8Bit(problem.what());
+    }
+    *error = path + ": " + reason;
+    return false;
+}
+
+// ---- Reading ----
+
+/// What one picture may take: two copies of it are in memory while it is read or written.
+qint64 LargestPicture()
+{
+    static const qint64 bytes = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+    return bytes;
+}
+
+bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return Fail(reason, Translated("this is not a file")); // a device could be read for ever
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Fail(reason, file.errorString());
+    if (file.size() == 0)
+        return Fail(reason, Translated("the file is empty"));
+    if (file.size() > qMin(LargestPicture(), qint64(0x7fff0000))) // the most that a QByteArray can hold
+        return Fail(reason, Translated("the file is too large"));
+    *bytes = file.readAll();
+    return file.error() == QFile::NoError || Fail(reason, file.errorString());
+}
+
+bool CheckSize(const QImageReader& reader, QString* reason)
+{
+    const QSize size = reader.size();
+    const int bytesPerPixel = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() > 32 ? 8 : 4;
+    if (size.isValid() && qint64(size.width()) * size.height() > LargestPicture() / bytesPerPixel) {
+        return Fail(reason, Translated("%1 x %2 pixels are too many for this machine's memory")
+                                .arg(size.width())
+                                .arg(size.height()));
+    }
+    return true;
+}
+
+bool Decode(QByteArray bytes, QImage* image, QByteArray* format, QString* reason)
+{
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false); // it knows the orientation of some formats only
+    *format = reader.format();
+    // Qt also draws drawings and reads icons.
+    if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(*format)))
+        return Fail(reason, Translated("this is not a photo of a known format"));
+    if (!HBIsWholeFile(bytes))
+        return Fail(reason, Translated("the file is cut short"));
+    if (!CheckSize(reader, reason))
+        return false;
+    if (!reader.read(image) || image->isNull())
+        return Fail(reason, Translated("the picture cannot be read (%1)").arg(reader.errorString()));
+    return true;
+}
+
+/// Turns and mirrors a picture that lies as `orientation` says (EXIF 2.32, tag 0x0112).
+QImage Upright(const QImage& image, int orientation)
+{
+    const QTransform clockwise = QTransform().rotate(90);
+    const QTransform anticlockwise = QTransform().rotate(-90);
+    switch (orientation) {
+    case 2:
+        return image.mirrored(true, false);
+    case 3:
+        return image.mirrored(true, true);
+    case 4:
+        return image.mirrored(false, true);
+    case 5:
+        return image.mirrored(true, false).transformed(anticlockwise);
+    case 6:
+        return image.transformed(clockwise);
+    case 7:
+        return image.mirrored(true, false).transformed(clockwise);
+    case 8:
+        return image.transformed(anticlockwise);
+    default:
+        return image;
+    }
+}
+
+/// The profile if it fits the pixels, which always are red, green and blue: one for CMYK would spoil them.
+KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
+{
+    const QByteArray model = profile.Icc().mid(16, 4); // ICC.1:2022, 7.2.6
+    if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
+        return profile;
+    warnings->append(Translated("its colour profile is not one for RGB and was left out"));
+    return {};
+}
+
+HBImage<> WithMetadata(const QImage& pixels, const HBPhotoMetadata& metadata, QStringList* warnings)
+{
+    HBImage<> image = HBImage<>::FromQImage(Upright(pixels, metadata.orientation));
+    for (const KMEXIFElement& element : metadata.elements)
+        image.AddElement(new KMEXIFElement(element));
+    image.SetProfile(FittingProfile(metadata.profile, warnings));
+    const bool known = metadata.dotsPerMetre > 0;
+    image.SetHostValue(0, known ? metadata.dotsPerMetre : pixels.dotsPerMeterX());
+    image.SetHostValue(1, known ? metadata.dotsPerMetre : pixels.dotsPerMeterY());
+    return image;
+}
+
+// ---- Writing ----
+
+bool HasTransparency(const QString& suffix)
+{
+    return suffix == "png" || suffix == "webp" || suffix == "tif" || suffix == "tiff";
+}
+
+/// The longest side that the format can store; QImage's own limit for those that have none.
+int LongestSide(const QString& suffix)
+{
+    if (suffix == "jpg" || suffix == "jpeg")
+        return 65500;
+    return suffix == "webp" ? 16383 : 0x7fffff;
+}
+
+bool IsOpaque(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        QRgb all = 0xff000000;
+        for (int x = 0; x < image.width(); ++x)
+            all &= line[x];
+        if (all != 0xff000000)
+            return false;
+    }
+    return true;
+}
+
+/// The pixels as the format stores them: without an alpha channel unless it says something.
+QImage PixelsFor(const QString& suffix, const HBImage<>& image)
+{
+    QImage pixels = image.ToQImage();
+    if (pixels.isNull())
+        throw std::bad_alloc();
+    if (IsOpaque(pixels)) {
+        pixels.reinterpretAsFormat(QImage::Format_RGB32);
+    } else if (!HasTransparency(suffix)) {
+        QImage onWhite(pixels.size(), QImage::Format_RGB32);
+        onWhite.fill(Qt::white);
+        QPainter(&onWhite).drawImage(0, 0, pixels);
+        pixels = onWhite;
+    }
+    auto dots = [&](int which) {
+        return image.HostValue(which) > 0 ? image.HostValue(which) : DotsPerMetreUnknown;
+    };
+    pixels.setDotsPerMeterX(dots(0));
+    pixels.setDotsPerMeterY(dots(1));
+    return pixels;
+}
+
+bool Encode(const QImage& pixels, const QString& suffix, const HBPhotoOptions& options, QByteArray* bytes,
+            QString* reason)
+{
+    if (qMax(pixels.width(), pixels.height()) > LongestSide(suffix)) {
+        return Fail(
+            reason,
+            Translated("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
+    }
+    QBuffer buffer(bytes);
+    QImageWriter writer(&buffer, suffix.toLatin1());
+    if (suffix == "jpg" || suffix == "jpeg" || suffix == "webp") // for PNG it would mean "do not compress"
+        writer.setQuality(qBound(0, options.quality, 100));
+    return writer.write(pixels) || Fail(reason, writer.errorString());
+}
+
+/// What the file shall hold besides the pixels; makes these grey where the profile is one for grey.
+HBPhotoMetadata MetadataFor(const HBImage<>& image, QImage* pixels, QStringList* warnings)
+{
+    HBPhotoMetadata metadata;
+    for (const KMEXIFElement* element : image.Elements())
+        metadata.elements.append(*element);
+    metadata.profile = image.Profile();
+    if (metadata.profile.Icc().mid(16, 4) == "GRAY") {
+        if (!pixels->hasAlphaChannel() && pixels->allGray()) {
+            *pixels = pixels->convertToFormat(QImage::Format_Grayscale8);
+        } else {
+            metadata.profile = KMCMSProfile();
+            warnings->append(Translated("the picture is no longer grey; its profile for grey was left out"));
+        }
+    }
+    return metadata;
+}
+
+bool SaveBytes(const QString& path, const QByteArray& bytes, QString* reason)
+{
+    QSaveFile file(path);
+    return (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) ||
+           Fail(reason, file.errorString());
+}
+
+} // namespace
+
+bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error)
+{
+    return RunNamed(path, error, [&](QString* reason) {
+        QByteArray bytes;
+        QImage pixels;
+        HBPhoto read;
+        if (!ReadBytes(path, &bytes, reason) || !Decode(bytes, &pixels, &read.format, reason))
+            return false;
+        const HBPhotoMetadata metadata = HBReadMetadata(bytes, &read.warnings);
+        read.image = WithMetadata(pixels, metadata, &read.warnings);
+        *photo = read;
+        return true;
+    });
+}
+
+bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
+                  QStringList* warnings)
+{
+    QStringList unheard;
+    QStringList* told = warnings ? warnings : &unheard;
+    return RunNamed(path, error, [&](QString* reason) {
+        const QString suffix = QFileInfo(path).suffix().toLower();
+        if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
+            return Fail(reason, Translated("pictures cannot be written in the format \"%1\"").arg(suffix));
+        if (image.IsEmpty())
+            return Fail(reason, Translated("there is no picture to write"));
+        QImage pixels = PixelsFor(suffix, image);
+        const HBPhotoMetadata metadata = MetadataFor(image, &pixels, told);
+        QByteArray bytes;
+        if (!Encode(pixels, suffix, options, &bytes, reason))
+            return false;
+        bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
+        return SaveBytes(path, bytes, reason);
+    });
+}

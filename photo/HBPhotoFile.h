@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <HBImage.h>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+/// A photo as read from a file.
+struct HBPhoto
+{
+    /// Upright pixels, with the file's metadata as elements, its ICC profile, and dots per metre as host values.
+    HBImage<> image;
+    QByteArray format;    ///< what the file is, whatever its name says: "jpeg", "png", "tiff" ...
+    QStringList warnings; ///< what could not be read, though the picture could; to be shown after the file's name
+};
+
+struct HBPhotoOptions
+{
+    int quality = 92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless
+};
+
+// Any thread, several at once. Errors name the file. Nothing is thrown.
+
+/// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is too
+/// large for this machine before memory is taken for it. On failure `photo` is left alone.
+bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error);
+
+/// Writes the image with its metadata, in the format that the path's suffix names; the whole file or nothing, in which
+/// case a file that was there before stays. Where a format has no transparency the picture is put on white.
+/// \param warnings what the format could not take, though the picture was written; may be null
+bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
+                  QStringList* warnings = nullptr);

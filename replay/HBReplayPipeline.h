@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBReplayLog.h"
+#include "HBReplayPlan.h"
+
+#include <HBPhotoFile.h>
+#include <HBRecipe.h>
+
+#include <QFuture>
+#include <QThreadPool>
+
+#include <deque>
+
+/// Adjusts many photos: while one is adjusted on the GUI thread, the next ones are read and the last ones written on
+/// threads of their own. No more photos are in memory at once than a few a core, and none is read ahead while the
+/// tiles take half of their memory budget.
+class HBReplayPipeline
+{
+public:
+    HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBRecipe& recipe, const HBPhotoOptions& options);
+
+    /// The number of photos that were not written. Ends early, with whole files, after an interrupt. GUI thread, runs
+    /// an event loop.
+    int Run();
+
+private:
+    struct Read
+    {
+        HBReplayTask task;
+        HBPhoto photo;
+        QString error;
+    };
+    struct Written
+    {
+        QString input;
+        QString error;
+        QStringList warnings;
+    };
+
+    void ReadAhead();
+    Read TakeRead();
+    void Adjust(const Read& read);
+    void FinishWrite();
+    void Finish(const QString& input, const QString& error, const QStringList& warnings);
+
+    const QVector<HBReplayTask> m_Tasks;
+    const HBRecipe m_Recipe;
+    const HBPhotoOptions m_Options;
+    HBReplayLog m_Log;
+    const int m_Ahead; ///< photos read ahead, and as many waiting to be written
+    int m_Next = 0;    ///< task to read next
+    int m_Good = 0;    ///< photos written
+    std::deque<QFuture<Read>> m_Reads;
+    std::deque<QFuture<Written>> m_Writes;
+    QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the jobs need
+};

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+
+// panel-replay: applies stored adjustments to photos, without a window or a display.
+
+#include "HBInterrupt.h"
+#include "HBReplayLog.h"
+#include "HBReplayPipeline.h"
+#include "HBReplayPlan.h"
+#include "HBReplaySheet.h"
+
+#include <HBPanelCatalog.h>
+#include <KMImageFileManager.h>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+#include <langinfo.h>
+
+namespace
+{
+
+enum ExitCode { Done = 0, FileFailed = 1, BadUsage = 2 };
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("PanelReplay", text);
+}
+
+int Refuse(const QString& problem)
+{
+    HBPrintError(problem);
+    return BadUsage;
+}
+
+/// Without a locale, as under cron, Qt would not find files whose names are not ASCII.
+void UseUtf8WithoutLocale()
+{
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0)
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
+void Describe(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(Translated(
+        "Applies stored adjustments to photos.\n\n"
+        "  panel-replay apply RECIPE FILE... -o DIR   adjust the files as the recipe says\n"
+        "  panel-replay list                          list the panels: class, tag of its record, group, title\n"
+        "  panel-replay sheet FILE -o DIR             show what every panel does to the photo\n\n"
+        "Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe."));
+    parser.addPositionalArgument("command", Translated("apply, list or sheet"), "COMMAND");
+    parser.addPositionalArgument("arguments", Translated("what the command works on"), "[ARGUMENT...]");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({
+        {{"o", "output"}, Translated("Folder for the results; made if it is not there."), "DIR"},
+        {"quality", Translated("Quality of JPEG and WebP, 0..100, default 92; a WebP of 100 is lossless."), "N"},
+        {"format", Translated("Format of the results, as jpg, png, tif or webp; default: each file's own."),
+         "EXT"},
+        {"overwrite", Translated("Replace files that are there already.")},
+    });
+}
+
+bool ReadOptions(const QCommandLineParser& parser, HBReplayTarget* target, HBPhotoOptions* options,
+                 QString* problem)
+{
+    target->folder = parser.value("output");
+    target->suffix = parser.value("format").toLower();
+    target->overwrite = parser.isSet("overwrite");
+    if (!target->suffix.isEmpty() && !KMImageFileManager::SuffixesForWrite().contains(target->suffix)) {
+        *problem = Translated("pictures cannot be written in the format \"%1\"").arg(target->suffix);
+        return false;
+    }
+    if (parser.isSet("quality")) {
+        bool isNumber = false;
+        options->quality = parser.value("quality").toInt(&isNumber);
+        if (!isNumber || options->quality < 0 || options->quality > 100) {
+            *problem = Translated("the quality must be a number from 0 to 100");
+            return false;
+        }
+    }
+    if (target->folder.isEmpty()) {
+        *problem = Translated("name the folder for the results with -o DIR");
+        return false;
+    }
+    if (!QDir().mkpath(target->folder)) {
+        *problem = Translated("%1: the folder cannot be made").arg(target->folder);
+        return false;
+    }
+    return true;
+}
+
+int List()
+{
+    for (const HBPanelEntry& panel : HBPanelCatalog()) {
+        const QStringList columns{panel.className, panel.tag ? panel.tag : "-", panel.Group(), panel.Title()};
+        std::puts(qPrintable(columns.join('\t')));
+    }
+    return Done;
+}
+
+int Apply(const QString& recipePath, const QStringList& files, const HBReplayTarget& target,
+          const HBPhotoOptions& options)
+{
+    HBRecipe recipe;
+    QString problem;
+    if (!HBRecipe::Load(recipePath, &recipe, &problem))
+        return Refuse(problem);
+    return HBReplayPipeline(HBPlanReplay(files, target), recipe, options).Run() == 0 ? Done : FileFailed;
+}
+
+int Run(const QCommandLineParser& parser)
+{
+    QStringList arguments = parser.positionalArguments();
+    const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
+    if (command == "list" && arguments.isEmpty())
+        return List();
+    const bool apply = command == "apply" && arguments.size() >= 2;
+    const bool sheet = command == "sheet" && arguments.size() == 1;
+    if (!apply && !sheet)
+        return Refuse(Translated("wrong usage; try panel-replay --help"));
+
+    HBReplayTarget target;
+    HBPhotoOptions options;
+    QString problem;
+    if (!ReadOptions(parser, &target, &options, &problem))
+        return Refuse(problem);
+    HBWatchInterrupts();
+    if (sheet)
+        return HBReplaySheet(arguments.first(), target, options) == 0 ? Done : FileFailed;
+    return Apply(arguments.takeFirst(), arguments, target, options);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    UseUtf8WithoutLocale();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without the arguments: QApplication would take some of them for its own.
+    int count = 1;
+    QApplication application(count, argv);
+    application.setApplicationName("panel-replay");
+    application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
+
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QFile::decodeName(argv[i]));
+    QCommandLineParser parser;
+    Describe(parser);
+    if (!parser.parse(arguments))
+        return Refuse(parser.errorText());
+    if (parser.isSet("version")) {
+        std::puts("panel-replay " ADJUSTMENT_PANELS_VERSION);
+        return Done;
+    }
+    if (parser.isSet("help")) {
+        std::fputs(qPrintable(parser.helpText()), stdout);
+        return Done;
+    }
+    return Run(parser);
+}

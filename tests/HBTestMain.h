@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QApplication>
+#include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cstdio>
+
+/// Runs a test class and returns the exit code: not 0 if a test failed or if Qt or the code under test logged a
+/// warning or an error that no QTest::ignoreMessage announced.
+///
+/// Qt Test only prints such messages; a second log, in XML, tells how many there were.
+inline int HBRunTest(QObject* test, QStringList arguments)
+{
+    const QTemporaryDir folder;
+    const QString log = folder.filePath(QStringLiteral("log.xml"));
+    if (!arguments.contains(QStringLiteral("-o")))
+        arguments << QStringLiteral("-o") << QStringLiteral("-,txt");
+    arguments << QStringLiteral("-o") << log + QStringLiteral(",xml");
+    const int failed = QTest::qExec(test, arguments);
+
+    QFile file(log);
+    if (!file.open(QIODevice::ReadOnly))
+        return failed; // options like -functions run nothing
+    const QByteArray messages = file.readAll();
+    const int warnings = messages.count("type=\"qwarn\"") + messages.count("type=\"system\"");
+    if (warnings > 0)
+        std::fprintf(stderr, "FAIL!  : %d unannounced warnings or errors in the log above\n", warnings);
+    return failed ? failed : qMin(warnings, 1);
+}
+
+/// The main() of a test: one class a file, with widgets, without a screen unless one is asked for.
+#define HB_TEST_MAIN(Class)                                                                                       \
+    int main(int argc, char* argv[])                                                                              \
+    {                                                                                                             \
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))                                                        \
+            qputenv("QT_QPA_PLATFORM", "offscreen");                                                              \
+        QApplication application(argc, argv);                                                                     \
+        Class test;                                                                                               \
+        return HBRunTest(&test, application.arguments());                                                         \
+    }

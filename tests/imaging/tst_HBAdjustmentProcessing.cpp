@@ -1,0 +1,333 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBAdjustmentProcessingTemplate.h>
+#include <HBBlend.h>
+#include <HBIterativeAdjustmentTransformation.h>
+
+#include <QtConcurrent>
+#include <QThreadPool>
+
+#include <functional>
+#include <limits>
+#include <stdexcept>
+#include <vector>
+
+namespace
+{
+
+constexpr int Most = std::numeric_limits<int>::max();
+constexpr int Least = std::numeric_limits<int>::min();
+const QRect NoBounds(QPoint(0, 0), QPoint(-1, -1));
+
+struct Invert
+{
+    void operator()(HBRGBA32i& pixel) const
+    {
+        pixel = HBRGBA32i(std::uint8_t(255 - pixel.red), std::uint8_t(255 - pixel.green),
+                          std::uint8_t(255 - pixel.blue), pixel.alpha);
+    }
+};
+using InvertTransformation = HBIterativeAdjustmentTransformation<Invert>;
+
+/// Inverts, and calls `hook` with the number of the tile (TileNumbers()) before it does.
+struct HookedTransformation
+{
+    std::function<void(int tile)> hook;
+    HBRGBA32i* pixels = nullptr;
+
+    void SetProcessingBuffer(HBRGBA32i* buffer)
+    {
+        pixels = buffer;
+        hook(pixels[0].red);
+    }
+    void operator()(int index) const { Invert()(pixels[index]); }
+};
+
+QImage Ramp(int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgba(x, y, x + y, 255 - x));
+    }
+    return image;
+}
+
+/// An image whose pixels hold the number of their tile.
+HBImage<> TileNumbers(int width, int height)
+{
+    HBImage<> image(width, height);
+    for (int index = 0; index < image.Tiles().size(); ++index) {
+        const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
+        std::fill_n(pin.Pixels(), HBImage<>::TilePixels, HBRGBA32i(std::uint8_t(index), 0, 0));
+    }
+    return image;
+}
+
+/// Coverage in all four bytes, from 0 to 255 and all between.
+HBRGBA32i MaskPixel(int x, int y)
+{
+    const auto coverage = std::uint8_t(x % 3 == 0 ? 0 : x % 3 == 1 ? 255 : x * 7 + y * 13);
+    return {coverage, coverage, coverage, coverage};
+}
+
+HBImage<> Mask(const QSize& size)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, MaskPixel(x, y).ToRgba());
+    }
+    return HBImage<>::FromQImage(image);
+}
+
+/// What a job must give, pixel by pixel from the definition.
+QImage Expected(QImage image, const QSize& mask, const QPoint& offset, const QRect& bounds)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const HBRGBA32i source = HBRGBA32i::FromRgba(image.pixel(x, y));
+            HBRGBA32i pixel = source;
+            Invert()(pixel);
+            if (bounds.isValid()) {
+                const qint64 sx = qint64(x) - offset.x();
+                const qint64 sy = qint64(y) - offset.y();
+                const bool inside = sx >= 0 && sy >= 0 && sx < mask.width() && sy < mask.height() &&
+                                    bounds.contains(int(sx), int(sy));
+                if (inside)
+                    HBBlend::HBSourceBySelection()(source, pixel, MaskPixel(int(sx), int(sy)));
+                else
+                    pixel = source;
+            }
+            image.setPixel(x, y, pixel.ToRgba());
+        }
+    }
+    return image;
+}
+
+/// A job and what it reported.
+template <class Transformation>
+struct Job
+{
+    QReadWriteLock guard;
+    bool newData = false;
+    HBAdjustmentProcessingTemplate<Transformation> processing;
+    int maximum = -1;
+    std::vector<int> values;
+
+    explicit Job(const Transformation& transformation) : processing(transformation, &guard, &newData)
+    {
+        // Direct, on whichever lane reports: the signals come one at a time.
+        QObject::connect(&processing, &HBAdjustmentProcessing::RangeChanged,
+                         [this](int minimum, int most) { maximum = minimum == 0 ? most : -2; });
+        QObject::connect(&processing, &HBAdjustmentProcessing::ProgressChanged,
+                         [this](int value) { values.push_back(value); });
+    }
+    bool CountedUpTo(int last) const
+    {
+        int value = 0;
+        return int(values.size()) == last &&
+               std::all_of(values.begin(), values.end(), [&](int v) { return v == ++value; });
+    }
+};
+
+/// Changes the size of the global pool for a while.
+class PoolSize
+{
+public:
+    explicit PoolSize(int threads) { QThreadPool::globalInstance()->setMaxThreadCount(threads); }
+    ~PoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(m_Before); }
+
+private:
+    const int m_Before = QThreadPool::globalInstance()->maxThreadCount();
+};
+
+} // namespace
+
+class tst_HBAdjustmentProcessing : public QObject
+{
+    Q_OBJECT
+private slots:
+    void Result_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QSize>("mask");
+        QTest::addColumn<QPoint>("offset");
+        QTest::addColumn<QRect>("bounds");
+        QTest::addColumn<int>("maximum");
+        const QSize photo(300, 200); // 3 × 2 tiles
+        const QPoint none;
+        for (int side : {1, 127, 128, 129, 257}) {
+            const int tiles = (side + 127) / 128;
+            QTest::addRow("%d, everything", side)
+                << QSize(side, side) << QSize() << none << NoBounds << tiles * tiles;
+            QTest::addRow("%d, selection", side) << QSize(side, side) << QSize(side, side) << none
+                                                 << QRect(0, 0, side, side) << tiles * tiles + side;
+            QTest::addRow("%d, strip", side) << QSize(side, 1) << QSize() << none << NoBounds << tiles;
+        }
+        QTest::newRow("empty image") << QSize(0, 7) << QSize(9, 9) << none << QRect(0, 0, 9, 9) << 0;
+        QTest::newRow("empty image, everything") << QSize() << QSize() << none << NoBounds << 0;
+        QTest::newRow("one tile") << photo << photo << none << QRect(130, 10, 20, 30) << 31;
+        QTest::newRow("tile corner") << photo << photo << none << QRect(100, 100, 60, 60) << 4 + 60;
+        QTest::newRow("corner pixel of a tile") << QSize(128, 128) << photo << none << QRect(10, 10, 5, 5) << 6;
+        QTest::newRow("offset back") << photo << photo << QPoint(-90, -90) << QRect(100, 100, 60, 60) << 1 + 60;
+        QTest::newRow("offset on") << photo << QSize(70, 70) << QPoint(101, 77) << QRect(5, 5, 60, 60) << 4 + 60;
+        QTest::newRow("over the border") << photo << photo << QPoint(250, 150) << QRect(0, 0, 90, 90) << 2 + 50;
+        QTest::newRow("beside") << QSize(64, 64) << photo << QPoint(1000, 0) << QRect(0, 0, 10, 10) << 0;
+        QTest::newRow("before") << QSize(64, 64) << photo << QPoint(-11, 0) << QRect(0, 0, 10, 10) << 0;
+        QTest::newRow("larger than the mask") << photo << QSize(50, 40) << none << QRect(0, 0, 300, 200) << 6 + 40;
+        QTest::newRow("no mask") << photo << QSize() << none << QRect(1, 1, 5, 5) << 1;
+        QTest::newRow("all ints") << photo << photo << none << QRect(QPoint(Least, Least), QPoint(Most, Most))
+                                  << 206;
+        QTest::newRow("far offset") << photo << photo << QPoint(Most, Most)
+                                    << QRect(QPoint(Least, Least), QPoint(Most, Most)) << 6;
+        QTest::newRow("far corner") << photo << photo << QPoint(Most, Most)
+                                    << QRect(QPoint(5, 5), QPoint(Most, Most)) << 0;
+        QTest::newRow("inverted") << QSize(64, 64) << QSize() << none << QRect(QPoint(5, 5), QPoint(2, 2)) << 1;
+    }
+    void Result()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QSize, mask);
+        QFETCH(QPoint, offset);
+        QFETCH(QRect, bounds);
+        QFETCH(int, maximum);
+        const QImage photo = Ramp(qMax(0, size.width()), qMax(0, size.height()));
+        const HBImage<> source = HBImage<>::FromQImage(photo);
+        const QImage expected = Expected(photo, mask, offset, bounds);
+        for (int threads : {1, 4}) {
+            const PoolSize pool(threads);
+            Job<InvertTransformation> job{InvertTransformation(Invert())};
+            const HBImage<> result = job.processing.Process(source, Mask(mask), offset, bounds);
+            QCOMPARE(job.maximum, maximum);
+            QVERIFY(job.CountedUpTo(maximum));
+            QCOMPARE(result.ToQImage(), expected);
+            QCOMPARE(source.ToQImage(), photo);
+            QVERIFY(!job.processing.Exception());
+        }
+    }
+
+    void UntouchedTilesStayShared()
+    {
+        const HBImage<> source = HBImage<>::FromQImage(Ramp(300, 200));
+        Job<InvertTransformation> job{InvertTransformation(Invert())};
+        const HBImage<> result = job.processing.Process(source, Mask({300, 200}), {}, QRect(130, 10, 20, 30));
+        for (int index = 0; index < 6; ++index)
+            QCOMPARE(result.Tile(index) == source.Tile(index), index != 1);
+    }
+
+    void TilesBeginInListOrder()
+    {
+        const PoolSize pool(1);
+        std::vector<int> order;
+        Job<HookedTransformation> job({[&](int tile) { order.push_back(tile); }});
+        job.processing.Process(TileNumbers(400, 400), Mask({400, 400}), {}, QRect(130, 130, 200, 200));
+        QCOMPARE(order, (std::vector<int>{5, 6, 9, 10}));
+    }
+
+    void ObsoleteFromTheStart()
+    {
+        const HBImage<> source = TileNumbers(300, 200);
+        Job<InvertTransformation> job{InvertTransformation(Invert())};
+        job.newData = true;
+        const HBImage<> result = job.processing.Process(source, Mask({300, 200}), {}, QRect(0, 0, 300, 200));
+        QVERIFY(result.Tiles() == source.Tiles());
+        QCOMPARE(job.maximum, 206);
+        QVERIFY(job.values.empty());
+    }
+
+    // The flag is set under the write lock from within the job: it would hang if the guard were held meanwhile.
+    void ObsoleteAmongTheTiles()
+    {
+        const PoolSize pool(1);
+        const HBImage<> source = TileNumbers(300, 200);
+        std::function<void(int)> hook;
+        Job<HookedTransformation> job({[&](int tile) { hook(tile); }});
+        hook = [&](int tile) {
+            const QWriteLocker locker(&job.guard);
+            job.newData = tile == 2;
+        };
+        const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
+        QVERIFY(job.CountedUpTo(3));
+        for (int index = 0; index < 6; ++index)
+            QCOMPARE(result.Tile(index) == source.Tile(index), index > 2);
+    }
+    void ObsoleteAmongTheRows()
+    {
+        const PoolSize pool(1);
+        Job<InvertTransformation> job{InvertTransformation(Invert())};
+        QObject::connect(&job.processing, &HBAdjustmentProcessing::ProgressChanged, [&](int value) {
+            const QWriteLocker locker(&job.guard);
+            job.newData = value == 11;
+        });
+        job.processing.Process(TileNumbers(300, 200), Mask({300, 200}), {}, QRect(0, 0, 300, 200));
+        QVERIFY(job.CountedUpTo(11));
+    }
+
+    void ThrowingTransformation()
+    {
+        const PoolSize pool(1);
+        const HBImage<> source = TileNumbers(300, 200);
+        Job<HookedTransformation> job({[](int tile) {
+            if (tile == 2)
+                throw std::runtime_error("tile two");
+        }});
+        const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
+        QVERIFY(job.CountedUpTo(2));
+        QVERIFY(result.PixelAt(0, 0) != source.PixelAt(0, 0));
+        QVERIFY(result.PixelAt(0, 199) == source.PixelAt(0, 199));
+        QVERIFY(job.processing.Exception() != nullptr);
+        try {
+            std::rethrow_exception(job.processing.Exception());
+        } catch (const std::runtime_error& error) {
+            QCOMPARE(error.what(), "tile two");
+        }
+
+        // With a selection, what lies outside it must come back even then.
+        job.processing.Process(source, Mask({300, 200}), {}, NoBounds);
+        const QRect bounds(0, 0, 290, 190);
+        const QImage selected = job.processing.Process(source, Mask({300, 200}), {}, bounds).ToQImage();
+        const QImage before = source.ToQImage();
+        QCOMPARE(selected.copy(290, 0, 10, 200), before.copy(290, 0, 10, 200));
+        QCOMPARE(selected.copy(0, 190, 300, 10), before.copy(0, 190, 300, 10));
+        QCOMPARE(selected.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72)); // the tiles after the exception
+        QVERIFY(selected.copy(0, 0, 128, 128) != before.copy(0, 0, 128, 128));
+    }
+
+    // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.
+    void JobsOnAFullPool_data()
+    {
+        QTest::addColumn<int>("threads");
+        QTest::addColumn<int>("jobs");
+        QTest::newRow("one on one") << 1 << 1;
+        QTest::newRow("two on two") << 2 << 2;
+        QTest::newRow("eight on three") << 3 << 8;
+    }
+    void JobsOnAFullPool()
+    {
+        QFETCH(int, threads);
+        QFETCH(int, jobs);
+        const PoolSize pool(threads);
+        const QImage photo = Ramp(700, 500);
+        const HBImage<> source = HBImage<>::FromQImage(photo);
+        const HBImage<> mask = Mask({700, 500});
+        const QRect bounds(10, 10, 600, 400);
+        QVector<QFuture<HBImage<>>> results;
+        for (int i = 0; i < jobs; ++i) {
+            results << QtConcurrent::run([&] {
+                Job<InvertTransformation> job{InvertTransformation(Invert())};
+                return job.processing.Process(source, mask, {}, bounds);
+            });
+        }
+        const QImage expected = Expected(photo, {700, 500}, {}, bounds);
+        for (QFuture<HBImage<>>& result : results) {
+            QTRY_VERIFY_WITH_TIMEOUT(result.isFinished(), 60000); // waiting for the future would run the job here
+            QCOMPARE(result.result().ToQImage(), expected);
+        }
+    }
+};
+
+HB_TEST_MAIN(tst_HBAdjustmentProcessing)
+#include "tst_HBAdjustmentProcessing.moc"

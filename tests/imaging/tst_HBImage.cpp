@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBImage.h>
+
+#include <limits>
+#include <new>
+
+namespace
+{
+
+constexpr int Huge = std::numeric_limits<int>::max();
+
+/// Every pixel its own colour and alpha.
+QImage Ramp(int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgba(x, y, x * 7 + y, x * 3 + y * 5));
+    }
+    return image;
+}
+
+} // namespace
+
+class tst_HBImage : public QObject
+{
+    Q_OBJECT
+private slots:
+    void Sizes_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("none") << 0 << 0 << 0 << 0;
+        QTest::newRow("no width") << 0 << 5 << 0 << 0;
+        QTest::newRow("negative") << 5 << -1 << 0 << 0;
+        QTest::newRow("smallest int") << std::numeric_limits<int>::min() << Huge << 0 << 0;
+        QTest::newRow("one pixel") << 1 << 1 << 1 << 1;
+        QTest::newRow("tile less one") << 127 << 1 << 1 << 1;
+        QTest::newRow("tile") << 128 << 128 << 1 << 1;
+        QTest::newRow("tile and one") << 129 << 128 << 2 << 1;
+        QTest::newRow("two tiles and one") << 1 << 257 << 1 << 3;
+    }
+    void Sizes()
+    {
+        QFETCH(int, width);
+        QFETCH(int, height);
+        QFETCH(int, columns);
+        QFETCH(int, rows);
+        const HBImage<> image(width, height);
+        QCOMPARE(image.IsEmpty(), columns == 0);
+        QCOMPARE(image.Columns(), columns);
+        QCOMPARE(image.Rows(), rows);
+        QCOMPARE(image.Tiles().size(), columns * rows);
+        if (columns == 0) {
+            QVERIFY(image.ToQImage().isNull());
+            return;
+        }
+        QImage expected(width, height, QImage::Format_ARGB32);
+        expected.fill(Qt::transparent);
+        QCOMPARE(image.ToQImage(), expected);
+        QCOMPARE(image.TileRect(columns * rows - 1).bottomRight(), QPoint(width - 1, height - 1));
+        const QImage ramp = Ramp(width, height);
+        QCOMPARE(HBImage<>::FromQImage(ramp).ToQImage(), ramp);
+    }
+    void TooLarge() { QVERIFY_EXCEPTION_THROWN(HBImage<>(Huge, Huge), std::bad_alloc); }
+
+    void EveryQImageFormat()
+    {
+        const QImage ramp = Ramp(259, 131);
+        int formats = 0;
+        for (int format = QImage::Format_Invalid + 1; format < QImage::NImageFormats; ++format, ++formats) {
+            const QImage image = ramp.convertToFormat(QImage::Format(format));
+            const HBImage<> tiled = HBImage<>::FromQImage(image);
+            const QImage expected = image.convertToFormat(QImage::Format_ARGB32);
+            QVERIFY2(tiled.ToQImage() == expected, qPrintable(QStringLiteral("format %1").arg(format)));
+            QCOMPARE(tiled.PixelAt(200, 130).ToRgba(), expected.pixel(200, 130));
+        }
+        QVERIFY(formats >= 27);
+        QVERIFY(HBImage<>::FromQImage(QImage()).IsEmpty());
+    }
+
+    void WritingDetachesOneTile()
+    {
+        const HBImage<> original = HBImage<>::FromQImage(Ramp(300, 200));
+        HBImage<> copy = original;
+        QVERIFY(copy.Tiles() == original.Tiles());
+        copy.SetPixel(129, 5, {1, 2, 3, 4});
+        QVERIFY(copy.PixelAt(129, 5) == HBRGBA32i(1, 2, 3, 4));
+        QCOMPARE(original.ToQImage(), Ramp(300, 200));
+        for (int index = 0; index < copy.Tiles().size(); ++index)
+            QCOMPARE(copy.Tile(index) == original.Tile(index), index != 1);
+        const KMTileRef own = copy.Tile(0);
+        copy.ShareTile(1, original.Tile(1));
+        QCOMPARE(copy.ToQImage(), original.ToQImage());
+    }
+
+    void NoPixelOutside()
+    {
+        HBImage<> image = HBImage<>::FromQImage(Ramp(129, 2));
+        const QPoint points[] = {{-1, 0}, {0, -1}, {129, 0}, {0, 2}, {130, 1}, {Huge, Huge}};
+        for (const QPoint& point : points) {
+            image.SetPixel(point.x(), point.y(), {9, 9, 9});
+            QVERIFY(image.PixelAt(point.x(), point.y()) == HBRGBA32i(0, 0, 0, 0));
+        }
+        QCOMPARE(image.ToQImage(), Ramp(129, 2));
+    }
+
+    void CompanionsTravel()
+    {
+        HBImage<> image(2, 2);
+        image.SetProfile(KMCMSProfile("profile"));
+        image.SetHostValue(0, 3779);
+        image.SetHostValue(1, -5);
+        image.AddElement(new KMEXIFElement{"Exif.Photo.ISOSpeedRatings", 3, "\x64"});
+        HBImage<> copy = image;
+        image.ClearElements();
+        copy = HBImage<>(copy);
+        QCOMPARE(copy.Profile().Icc(), QByteArray("profile"));
+        QCOMPARE(copy.HostValue(0), 3779);
+        QCOMPARE(copy.HostValue(1), -5);
+        QCOMPARE(copy.Elements().size(), 1);
+        QCOMPARE(copy.Elements().first()->key, QByteArray("Exif.Photo.ISOSpeedRatings"));
+    }
+};
+
+HB_TEST_MAIN(tst_HBImage)
+#include "tst_HBImage.moc"
