@@ -40,7 +40,7 @@ public:
     /// Written records exist: a new field needs a new tag.
     struct PANELS_EXPORT Params
     {
-        qint32 channel = 0;         ///< shown for editing; changes no pixel
+        qint32 channel = 0;        ///< shown for editing; changes no pixel
         QVector<QPoint> points[4]; ///< at least two each, by input; (0, 0), (255, 255) does nothing
 
         Params();

@@ -245,5 +245,6 @@ void HBColorBalanceWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 HBImage<> HBColorBalanceWidget::Process(CBData job)
 {
     const Params& params = job.params;
-    return RunTransformation(job, HBIterativeColorBalanceTransformation(params.cyanRed, params.magentaGreen, params.yellowBlue));
+    return RunTransformation(
+        job, HBIterativeColorBalanceTransformation(params.cyanRed, params.magentaGreen, params.yellowBlue));
 }

@@ -63,8 +63,8 @@ bool HBWBWidget::Params::Read(QDataStream& stream)
 {
     if (!HBReadTag(stream, Tag))
         return false;
-    stream >> enchanced >> autoStrength >> overexposureStrength >> underexposureStrength >> mode >> useTemperature >>
-        temperature >> temperatureStrength;
+    stream >> enchanced >> autoStrength >> overexposureStrength >> underexposureStrength >> mode >>
+        useTemperature >> temperature >> temperatureStrength;
     return stream.status() == QDataStream::Ok;
 }
 
@@ -239,8 +239,8 @@ HBImage<> HBWBWidget::Process(WBData job)
     ApplyWhiteBalance(job);
     if (job.params.useTemperature && !IsJobObsolete()) {
         const HBRGBA32i color = HBTemperatureCorrection::GetTemperatureColor(Kelvin(job.params.temperature));
-        job.source =
-            RunTransformation(job, HBIterativePhotoFilterTransformation(color, Percent(job.params.temperatureStrength)));
+        job.source = RunTransformation(
+            job, HBIterativePhotoFilterTransformation(color, Percent(job.params.temperatureStrength)));
     }
     return job.source;
 }
