@@ -27,3 +27,5 @@ adjustment_panels_package(AdjustmentPanels AdjustmentPanelsTargets)
 if(NOT ADJUSTMENT_PANELS_HOST_PACKAGE)
     adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsHostTargets)
 endif()
+
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -60,12 +60,13 @@ protected:
 private:
     using Counts = HBHistogrammCalculator::Counts;
 
-    template <class Image>
-    void Start(const Image& image);
+    template <class CountFunction>
+    void Start(const CountFunction& count);
     void Abandon();
     void Clear();
     void OnCounted();
     QImage Draw() const;
+    void DrawChannels(QPainter& painter) const;
 
     HBSharedImage<QImage>* m_pQImage = nullptr;
     HBSharedImage<HBImage<>>* m_pImage = nullptr;

@@ -109,8 +109,10 @@ private:
     QVector<int> Values() const;
     void Clamp(int control);
     void Store(int control, int value);
+    QVector<int> OnSpotOf(int control) const;
     int ChooseByDirection(bool up) const;
     void SetHovered(int control);
+    double BodyLeft(int control) const;
     int ControlAt(const QPointF& point) const;
     void EndDrag();
     void ReleaseKey();

@@ -18,9 +18,9 @@ struct HOSTGUILIB_EXPORT MavuSliderGeometry
     double PositionOf(int value) const;
     /// The value nearest to x, inside minimum..maximum; `minimum` for a NaN and on a groove without length.
     int ValueAt(double x) const;
-    /// Values per pixel, for a drag that keeps the distance between the pointer and the handle.
+    /// The value that lies `pixels` beside another, for a drag that keeps the distance of pointer and handle.
     int MovedBy(int value, double pixels) const;
 
-    /// The handles nearest to x, in their order; more than one where handles stand on the same value or x is halfway.
+    /// Indices of the values nearest to x, in order: more than one where handles stand on the same spot or x is halfway.
     QVector<int> NearestTo(double x, const QVector<int>& values) const;
 };

@@ -67,8 +67,8 @@ struct Adjust
         const auto chroma = hn::Sub(most, least);
         const auto light = hn::Add(most, least);
         // Grey has chroma 0: any divisor will do.
-        const auto scaled = hn::Mul(hn::Div(chroma, hn::Max(MostChroma(d, light), one)),
-                                    hn::Set(d, factors.saturation));
+        const auto scaled =
+            hn::Mul(hn::Div(chroma, hn::Max(MostChroma(d, light), one)), hn::Set(d, factors.saturation));
 
         const auto redMost = most == c.red;
         const auto greenMost = most == c.green;

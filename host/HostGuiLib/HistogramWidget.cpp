@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HistogramWidget.h"
+
+#include "HistogramShape.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QPainter>
+#include <QPainterPath>
+#include <QtConcurrent>
+
+#include <limits>
+
+namespace
+{
+
+constexpr int AllColours = 7;
+constexpr int Inset = 2;  ///< as QGraphicsView::fitInView keeps, so that a curve laid over it fits
+constexpr int Margin = 4; ///< above the highest column; the marks of cut ones stand in it
+
+struct Look
+{
+    bool dark;
+    QColor fill;
+    QColor line;
+};
+
+Look LookOf(int channel, const QPalette& palette)
+{
+    static const QColor OnDark[] = {{200, 56, 56}, {52, 160, 52}, {64, 96, 224}};
+    static const QColor OnLight[] = {{255, 158, 150}, {156, 228, 150}, {158, 182, 255}};
+    const bool dark = palette.color(QPalette::Base).lightness() < 128;
+    if (channel == HBHistogrammCalculator::Luma) {
+        QColor text = palette.color(QPalette::Text);
+        const QColor line = text;
+        text.setAlphaF(0.55);
+        return {dark, text, line};
+    }
+    const QColor fill = dark ? OnDark[channel] : OnLight[channel];
+    return {dark, fill, dark ? fill.lighter(125) : fill.darker(150)};
+}
+
+/// Where the columns stand, in logical pixels.
+struct Frame
+{
+    QRectF area;
+
+    double X(int level) const { return area.left() + level / 255.0 * area.width(); }
+    double Y(double height) const { return area.bottom() - height * area.height(); }
+};
+
+QPolygonF Outline(const HistogramShape& shape, const Frame& frame)
+{
+    QPolygonF line;
+    for (int level = 0; level < 256; ++level) {
+        // What occurs at all shows, if only as a pixel.
+        const double least = shape.heights[level] > 0 ? 1.0 / qMax(1.0, frame.area.height()) : 0;
+        line << QPointF(frame.X(level), frame.Y(qMax(shape.heights[level], least)));
+    }
+    return line;
+}
+
+void Fill(QPainter& painter, const QPolygonF& line, const Frame& frame)
+{
+    QPolygonF body = line;
+    body << QPointF(frame.X(255), frame.area.bottom()) << QPointF(frame.X(0), frame.area.bottom());
+    painter.drawPolygon(body);
+}
+
+void MarkCut(QPainter& painter, int level, const Frame& frame)
+{
+    const double x = qBound(frame.area.left() + 1, frame.X(level), frame.area.right() - 1);
+    const double top = frame.area.top() - Margin + 0.5;
+    const QPointF mark[] = {{x, top}, {x + 3, top + 3}, {x - 3, top + 3}};
+    painter.drawPolygon(mark, 3);
+}
+
+} // namespace
+
+HistogramWidget::HistogramWidget(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags)
+{
+    setAccessibleName(tr("Histogram"));
+    connect(&m_Watcher, &QFutureWatcherBase::finished, this, &HistogramWidget::OnCounted);
+}
+
+HistogramWidget::~HistogramWidget()
+{
+    Abandon();
+}
+
+// ---- Counting ----
+
+void HistogramWidget::SetImage(HBSharedImage<QImage>* image)
+{
+    m_pQImage = image;
+    m_pImage = nullptr;
+    RebuildHistogramm();
+}
+
+void HistogramWidget::SetImage(HBSharedImage<HBImage<>>* image)
+{
+    m_pQImage = nullptr;
+    m_pImage = image;
+    RebuildHistogramm();
+}
+
+void HistogramWidget::RebuildHistogramm()
+{
+    if (m_pQImage)
+        Start([image = m_pQImage->Get()](const std::atomic<bool>* abandoned) {
+            return HBHistogrammCalculator::Count(image, abandoned);
+        });
+    else if (m_pImage)
+        Start([image = m_pImage->Get()](const std::atomic<bool>* abandoned) {
+            return HBHistogrammCalculator::Count(image, QRect(0, 0, image.Width(), image.Height()), abandoned);
+        });
+    else
+        Clear();
+}
+
+/// Runs count(abandoned) in the pool. It holds a copy of the image, nothing of this widget, which may die meanwhile.
+template <class CountFunction>
+void HistogramWidget::Start(const CountFunction& count)
+{
+    Abandon();
+    m_pAbandoned = std::make_shared<std::atomic<bool>>(false);
+    m_Watcher.setFuture(QtConcurrent::run([count, abandoned = m_pAbandoned]() -> Counts {
+        try {
+            return count(abandoned.get());
+        } catch (const std::exception& error) {
+            qWarning("The histogram could not be counted: %s", error.what());
+            return {};
+        }
+    }));
+}
+
+void HistogramWidget::Abandon()
+{
+    if (m_pAbandoned)
+        *m_pAbandoned = true;
+}
+
+void HistogramWidget::Clear()
+{
+    Abandon();
+    m_Watcher.setFuture(QFuture<Counts>());
+    m_Counts = {};
+    m_Drawn = {};
+    update();
+}
+
+void HistogramWidget::OnCounted()
+{
+    if (m_Watcher.isCanceled() || m_Watcher.future().resultCount() == 0)
+        return; // the empty future of Clear()
+    m_Counts = m_Watcher.result();
+    m_Drawn = {};
+    update();
+    emit HistogrammComplete();
+}
+
+void HistogramWidget::GetRange(int channel, int& low, int& high) const
+{
+    low = 0;
+    high = 0;
+    if (m_Counts.pixels == 0 || channel < 0 || channel >= HBHistogrammCalculator::ChannelCount)
+        return;
+    const auto& levels = m_Counts.levels[channel];
+    const auto occurs = [](quint64 count) { return count > 0; };
+    low = int(std::find_if(levels.begin(), levels.end(), occurs) - levels.begin());
+    high = int(levels.rend() - std::find_if(levels.rbegin(), levels.rend(), occurs)) - 1;
+}
+
+uint HistogramWidget::GetCount(int channel, int level) const
+{
+    if (channel < 0 || channel >= HBHistogrammCalculator::ChannelCount || level < 0 || level > 255)
+        return 0;
+    return uint(qMin<quint64>(m_Counts.levels[channel][level], std::numeric_limits<uint>::max()));
+}
+
+// ---- Painting ----
+
+void HistogramWidget::SetChannel(int mask)
+{
+    mask &= AllColours;
+    if (mask == m_Mask)
+        return;
+    m_Mask = mask;
+    m_Drawn = {};
+    update();
+}
+
+QSize HistogramWidget::sizeHint() const
+{
+    return {256, 100};
+}
+
+void HistogramWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange) {
+        m_Drawn = {};
+        update();
+    }
+}
+
+void HistogramWidget::paintEvent(QPaintEvent*)
+{
+    // Drawn once and kept: a curve that is dragged over it repaints it with every move.
+    const double ratio = devicePixelRatioF();
+    if (m_Drawn.isNull() || m_Drawn.devicePixelRatio() != ratio || m_Drawn.size() != size() * ratio)
+        m_Drawn = Draw();
+    QPainter(this).drawImage(0, 0, m_Drawn);
+}
+
+QImage HistogramWidget::Draw() const
+{
+    const double ratio = devicePixelRatioF();
+    QImage image(size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.setDevicePixelRatio(ratio);
+    image.fill(palette().color(QPalette::Base));
+
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (m_Counts.pixels > 0)
+        DrawChannels(painter);
+    else if (!layout()) { // a view laid over it would cross the text
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.setFont(font());
+        painter.drawText(rect(), Qt::AlignCenter, tr("No image"));
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    QColor frame = palette().color(QPalette::Text);
+    frame.setAlphaF(0.35);
+    painter.setPen(frame);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    return image;
+}
+
+void HistogramWidget::DrawChannels(QPainter& painter) const
+{
+    QVector<int> channels;
+    for (int channel = 0; channel < 3; ++channel)
+        if (m_Mask & (1 << channel))
+            channels.append(channel);
+    if (channels.isEmpty())
+        channels.append(HBHistogrammCalculator::Luma);
+
+    double ceiling = 1;
+    for (const int channel : qAsConst(channels))
+        ceiling = qMax(ceiling, HistogramShape::Ceiling(m_Counts.levels[channel]));
+    const Frame frame{QRectF(rect()).adjusted(Inset, 1 + Margin, -Inset, -1)};
+    painter.setOpacity(isEnabled() ? 1.0 : 0.4);
+
+    for (const int channel : qAsConst(channels)) {
+        const Look look = LookOf(channel, palette());
+        const HistogramShape shape = HistogramShape::Of(m_Counts.levels[channel], ceiling);
+        const QPolygonF line = Outline(shape, frame);
+        // Where all three meet they make a grey: as lights on a dark ground, as inks on a light one.
+        if (channels.size() > 1)
+            painter.setCompositionMode(look.dark ? QPainter::CompositionMode_Screen
+                                                 : QPainter::CompositionMode_Multiply);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(look.fill);
+        Fill(painter, line, frame);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.setBrush(look.line);
+        for (const int level : shape.CutPeaks(m_Counts.levels[channel]))
+            MarkCut(painter, level, frame);
+        painter.setPen(QPen(look.line, 1));
+        painter.drawPolyline(line);
+    }
+}

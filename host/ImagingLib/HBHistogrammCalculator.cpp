@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBHistogrammCalculator.h"
+
+#include "HBParallel.h"
+
+#include <limits>
+#include <mutex>
+
+namespace
+{
+
+using Counts = HBHistogrammCalculator::Counts;
+
+constexpr int TileSide = 128;
+/// Rows of a QImage that one lane takes at a time; converted to 32 bits they are no more than a few MiB.
+constexpr int StripRows = 64;
+
+/// The counters of one lane. Equal neighbours (sky, a white background) would wait for each other's increment in one
+/// table, so that pixels go to eight tables in turn; 16 bits and a level's channels side by side keep the eight in
+/// the fastest cache. They are emptied into wide counters before any can overflow.
+class Lane
+{
+public:
+    void Add(const HBRGBA32i* pixels, int count)
+    {
+        for (; count > 0; pixels += Block, count -= Block) {
+            const int now = qMin(count, Block);
+            if (m_Pending + now > MostPending)
+                Flush();
+            m_Pending += now;
+            AddBlock(pixels, now);
+        }
+    }
+
+    void FlushInto(Counts& counts)
+    {
+        Flush();
+        for (int level = 0; level < 256; ++level)
+            for (int channel = 0; channel < 4; ++channel)
+                counts.levels[channel][level] += m_Sums[level][channel];
+        counts.pixels += m_Pixels;
+    }
+
+private:
+    static constexpr int Tables = 8;
+    static constexpr int Block = 16384;
+    static constexpr int MostPending = std::numeric_limits<quint16>::max();
+
+    void AddBlock(const HBRGBA32i* pixels, int count)
+    {
+        int i = 0;
+        for (; i + Tables <= count; i += Tables)
+            for (int t = 0; t < Tables; ++t)
+                AddPixel(m_Tables[t], pixels[i + t]);
+        for (; i < count; ++i)
+            AddPixel(m_Tables[0], pixels[i]);
+    }
+
+    static void AddPixel(quint16 (&table)[256][4], HBRGBA32i pixel)
+    {
+        const QRgb rgb = pixel.ToRgba(); // one load instead of three
+        const HBRGBA32i p = HBRGBA32i::FromRgba(rgb);
+        ++table[p.red][HBHistogrammCalculator::Red];
+        ++table[p.green][HBHistogrammCalculator::Green];
+        ++table[p.blue][HBHistogrammCalculator::Blue];
+        ++table[HBHistogrammCalculator::LumaOf(p)][HBHistogrammCalculator::Luma];
+    }
+
+    void Flush()
+    {
+        for (auto& table : m_Tables) {
+            for (int level = 0; level < 256; ++level) {
+                for (int channel = 0; channel < 4; ++channel) {
+                    m_Sums[level][channel] += table[level][channel];
+                    table[level][channel] = 0;
+                }
+            }
+        }
+        m_Pixels += quint64(m_Pending);
+        m_Pending = 0;
+    }
+
+    quint16 m_Tables[Tables][256][4] = {};
+    quint64 m_Sums[256][4] = {};
+    quint64 m_Pixels = 0;
+    int m_Pending = 0;
+};
+
+/// Calls add(lane, item) for items 0 … items − 1, shared among the cores, and returns the sum of the lanes.
+template <class AddItem>
+Counts CountItems(int items, const std::atomic<bool>* abandoned, const AddItem& add)
+{
+    Counts total;
+    std::mutex mutex;
+    std::atomic<int> next{0};
+    HBRunLanes(HBLaneCount(items), [&] {
+        const auto lane = std::make_unique<Lane>();
+        for (int item = next++; item < items && !(abandoned && *abandoned); item = next++)
+            add(*lane, item);
+        const std::lock_guard<std::mutex> lock(mutex);
+        lane->FlushInto(total);
+    });
+    return total;
+}
+
+/// The tiles that `rect` meets, as a rectangle of tile columns and rows; `rect` is inside the image.
+QRect TilesOf(const QRect& rect)
+{
+    return {QPoint(rect.left() / TileSide, rect.top() / TileSide),
+            QPoint(rect.right() / TileSide, rect.bottom() / TileSide)};
+}
+
+int Saturated(int before, quint64 more)
+{
+    const quint64 room = quint64(std::numeric_limits<int>::max() - qint64(before));
+    return int(qint64(before) + qint64(qMin(more, room)));
+}
+
+} // namespace
+
+HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const HBImage<>& image, const QRect& rect,
+                                                             const std::atomic<bool>* abandoned)
+{
+    // An inverted rectangle must go before the intersection, which would turn it round.
+    const QRect part = rect.isValid() ? rect & QRect(0, 0, image.Width(), image.Height()) : QRect();
+    if (image.IsEmpty() || part.isEmpty())
+        return {};
+
+    const QRect tiles = TilesOf(part);
+    return CountItems(tiles.width() * tiles.height(), abandoned, [&](Lane& lane, int item) {
+        const int column = tiles.left() + item % tiles.width();
+        const int row = tiles.top() + item / tiles.width();
+        const int index = row * image.Columns() + column;
+        const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
+        const QRect inside = (image.TileRect(index) & part).translated(-column * TileSide, -row * TileSide);
+        if (inside.width() == TileSide) {
+            lane.Add(pin.Pixels() + inside.top() * TileSide, inside.height() * TileSide);
+            return;
+        }
+        for (int y = inside.top(); y <= inside.bottom(); ++y)
+            lane.Add(pin.Pixels() + y * TileSide + inside.left(), inside.width());
+    });
+}
+
+HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const QImage& image,
+                                                             const std::atomic<bool>* abandoned)
+{
+    const int height = image.height();
+    return CountItems((height + StripRows - 1) / StripRows, abandoned, [&](Lane& lane, int item) {
+        const int top = item * StripRows;
+        QImage strip = image.copy(0, top, image.width(), qMin(StripRows, height - top));
+        if (strip.format() != QImage::Format_RGB32)
+            strip = strip.convertToFormat(QImage::Format_ARGB32);
+        if (strip.isNull())
+            throw std::bad_alloc();
+        for (int y = 0; y < strip.height(); ++y)
+            lane.Add(reinterpret_cast<const HBRGBA32i*>(strip.constScanLine(y)), strip.width());
+    });
+}
+
+void HBHistogrammCalculator::SetOutput(int* red, int* green, int* blue, int* luma)
+{
+    m_Outputs = {red, green, blue, luma};
+}
+
+void HBHistogrammCalculator::Accumulate(const HBImage<>& image, const QRect& rect)
+{
+    const Counts counts = Count(image, rect);
+    for (int channel = 0; channel < ChannelCount; ++channel) {
+        if (int* output = m_Outputs[channel])
+            for (int level = 0; level < 256; ++level)
+                output[level] = Saturated(output[level], counts.levels[channel][level]);
+    }
+}
+
+std::vector<int> HBHistogrammCalculator::Threshold(const int* counts)
+{
+    qint64 total = 0;
+    for (int level = 0; level < 256; ++level)
+        total += qMax(counts[level], 0);
+    if (total == 0)
+        return {0, 255};
+
+    // The lowest level up to which at least this many thousandths of all pixels lie.
+    const auto percentile = [&](int thousandths) {
+        qint64 sum = 0;
+        for (int level = 0; level < 255; ++level) {
+            sum += qMax(counts[level], 0);
+            if (sum * 1000 >= total * thousandths && sum > 0)
+                return level;
+        }
+        return 255;
+    };
+    return {percentile(5), percentile(995)};
+}

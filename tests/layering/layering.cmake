@@ -1,0 +1,75 @@
+# SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+# SPDX-License-Identifier: MIT
+
+# Reads every #include of the tree at ROOT and names those that reach up: from a host library to a panel, from a panel
+# to the catalog or a program, from a library without widgets to a widget, or from outside photo/ to Exiv2.
+# QT_INCLUDE_DIRS: where the headers of Qt's widgets are.
+cmake_minimum_required(VERSION 3.21)
+
+# The folders of each layer. A file may include headers of its own layer and of lower ones.
+set(layers programs catalog panels host) # from the top down
+set(programs editor photo replay)
+set(catalog catalog)
+set(panels include src)
+set(host host)
+set(without_widgets "^host/(ImagingLib|HostUtilsLib)/")
+
+function(is_widget header result)
+    set(found FALSE)
+    if(header MATCHES "^QtWidgets")
+        set(found TRUE)
+    endif()
+    foreach(dir IN LISTS QT_INCLUDE_DIRS)
+        if(dir MATCHES "/QtWidgets/?$" AND EXISTS ${dir}/${header})
+            set(found TRUE)
+        endif()
+    endforeach()
+    set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+function(fault_of file header higher result)
+    cmake_path(GET header FILENAME header_name)
+    is_widget(${header} widget)
+    if(header_name IN_LIST higher)
+        set(fault "belongs to a higher layer")
+    elseif(widget AND file MATCHES "${without_widgets}")
+        set(fault "is a widget's, in a library without widgets")
+    elseif(header MATCHES "^exiv2/" AND NOT file MATCHES "^photo/")
+        set(fault "may be used in photo/ only, for its licence")
+    else()
+        set(fault "")
+    endif()
+    set(${result} ${fault} PARENT_SCOPE)
+endfunction()
+
+set(higher "") # headers of the layers above the present one
+set(files 0)
+set(faults 0)
+foreach(layer IN LISTS layers)
+    set(own "")
+    foreach(dir IN LISTS ${layer})
+        file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${dir}/*.h ${ROOT}/${dir}/*.cpp)
+        foreach(file IN LISTS sources)
+            math(EXPR files "${files} + 1")
+            cmake_path(GET file FILENAME name)
+            list(APPEND own ${name})
+            file(STRINGS ${ROOT}/${file} lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
+            foreach(line IN LISTS lines)
+                string(REGEX REPLACE "^[^<\"]*[<\"]([^>\"]*).*" "\\1" header "${line}")
+                fault_of(${file} ${header} "${higher}" fault)
+                if(fault)
+                    message(NOTICE "${file}: ${header} ${fault}")
+                    math(EXPR faults "${faults} + 1")
+                endif()
+            endforeach()
+        endforeach()
+    endforeach()
+    list(APPEND higher ${own})
+endforeach()
+
+if(files EQUAL 0)
+    message(FATAL_ERROR "There are no sources in ${ROOT}")
+elseif(faults)
+    message(FATAL_ERROR "${faults} includes must go")
+endif()
+message(NOTICE "${files} files include nothing that they should not")
