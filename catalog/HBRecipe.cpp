@@ -172,7 +172,10 @@ QByteArray HBRecipe::ToJson() const
 bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
 {
     auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+    const QFileInfo info(path);
+    if (!info.exists())
+        return fail(Translated("There is no such file."));
+    if (!info.isFile())
         return fail(Translated("This is not a file."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
