@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBFontDialog.h"
+
+#include <cmath>
+
+namespace
+{
+
+/// The font at a size that can be shown; a size that is none (0, negative, not a number) becomes the dialog's own.
+QFont Shown(const QFont& font)
+{
+    QFont shown = font;
+    if (font.pixelSize() > 0) {
+        shown.setPixelSize(qMin(font.pixelSize(), int(HBFontDialog::MaximumPoints)));
+        return shown;
+    }
+    const double points = font.pointSizeF();
+    const double own = QFont().pointSizeF();
+    if (points > 0 && std::isfinite(points))
+        shown.setPointSizeF(qBound(HBFontDialog::MinimumPoints, points, HBFontDialog::MaximumPoints));
+    else
+        shown.setPointSizeF(own > 0 ? own : 10);
+    return shown;
+}
+
+} // namespace
+
+HBFontDialog::HBFontDialog(const QFont& font, QWidget* parent) : QFontDialog(parent), m_Font(font)
+{
+    setOption(DontUseNativeDialog);
+    setCurrentFont(Shown(font));
+    // After setCurrentFont, whose echo is no choice of the user's.
+    connect(this, &QFontDialog::currentFontChanged, this, [this](const QFont& chosen) { m_Font = chosen; });
+}
+
+int HBFontDialog::Exec()
+{
+    // QDialog::exec() guards itself against its own deletion; nothing of this object may be touched after it.
+    return exec() == Accepted ? 1 : 0;
+}
