@@ -31,13 +31,15 @@ private:
 bool IsWholeJpeg(const QByteArray& file)
 {
     const Numbers numbers(file, true);
+    bool hasPixels = false;
     int position = 2;
     while ((position = file.indexOf('\xff', position)) >= 0 && position + 1 < file.size()) {
         const int marker = quint8(file[position + 1]);
         const bool filler = marker == 0xff;
         const bool standsAlone = marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8); // also FF 00: data
         if (marker == 0xd9)
-            return true;
+            return hasPixels;
+        hasPixels = hasPixels || marker == 0xda;
         position += filler ? 1 : standsAlone ? 2 : 2 + int(numbers.At(position + 2, 2));
     }
     return false;
@@ -56,6 +58,37 @@ bool IsWholePng(const QByteArray& file)
 bool IsWholeWebP(const QByteArray& file)
 {
     return 8 + Numbers(file, false).At(4, 4) <= file.size();
+}
+
+/// Enough rows behind the header (BITMAPINFOHEADER); whether a compressed one is whole only its decoder knows.
+bool IsWholeBmp(const QByteArray& file)
+{
+    const Numbers numbers(file, false);
+    const qint64 stride = (numbers.At(18, 4) * numbers.At(28, 2) + 31) / 32 * 4;
+    const qint64 rows = qAbs(qint64(qint32(numbers.At(22, 4)))); // negative: from top to bottom
+    const qint64 compression = numbers.At(30, 4);
+    const bool isPlain = numbers.At(14, 4) >= 40 && (compression == 0 || compression == 3);
+    return file.size() >= 54 && (!isPlain || numbers.At(10, 4) + rows * stride <= file.size());
+}
+
+/// From block to block (GIF89a) to the trailer.
+bool IsWholeGif(const QByteArray& file)
+{
+    const Numbers numbers(file, false);
+    auto tableSize = [&](qint64 flags) { return flags & 0x80 ? 3 * (2 << (flags & 7)) : 0; };
+    qint64 position = 13 + tableSize(numbers.At(10, 1));
+    while (position < file.size()) {
+        const qint64 block = numbers.At(position, 1);
+        if (block == 0x3b)
+            return true;
+        if (block != 0x2c && block != 0x21)
+            return false;
+        position += block == 0x2c ? 11 + tableSize(numbers.At(position + 9, 1)) : 2;
+        while (const qint64 part = numbers.At(position, 1))
+            position += 1 + part;
+        ++position;
+    }
+    return false;
 }
 
 /// One field of a TIFF directory: its numbers are in the entry itself if they fit into four bytes.
@@ -86,6 +119,8 @@ bool IsWholeTiff(const QByteArray& file, bool bigEndian)
 {
     const Numbers numbers(file, bigEndian);
     const qint64 directory = numbers.At(4, 4);
+    if (directory + 2 + 12 * numbers.At(directory, 2) > file.size())
+        return false;
     constexpr int offsetsAndCounts[][2] = {{273, 279}, {324, 325}};
     for (const auto& tags : offsetsAndCounts) {
         const TiffField offsets = TiffField::Find(numbers, directory, tags[0]);
@@ -115,6 +150,10 @@ bool HBIsWholeFile(const QByteArray& file)
         return IsWholePng(file);
     if (file.startsWith("RIFF") && file.mid(8, 4) == "WEBP")
         return IsWholeWebP(file);
+    if (file.startsWith("GIF8"))
+        return IsWholeGif(file);
+    if (file.startsWith("BM"))
+        return IsWholeBmp(file);
     if (file.startsWith(QByteArray("II*\0", 4)) || file.startsWith(QByteArray("MM\0*", 4)))
         return IsWholeTiff(file, file[0] == 'M');
     return true;

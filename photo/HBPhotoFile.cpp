@@ -65,7 +65,9 @@ qint64 LargestPicture()
 bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
 {
     const QFileInfo info(path);
-    if (info.exists() && !info.isFile())
+    if (!info.exists())
+        return Fail(reason, Translated("there is no such file"));
+    if (!info.isFile())
         return Fail(reason, Translated("this is not a file")); // a device could be read for ever
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -78,10 +80,9 @@ bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
     return file.error() == QFile::NoError || Fail(reason, file.errorString());
 }
 
-bool CheckSize(const QImageReader& reader, QString* reason)
+bool CheckSize(const QSize& size, QString* reason)
 {
-    const QSize size = reader.size();
-    const int bytesPerPixel = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() > 32 ? 8 : 4;
+    constexpr int bytesPerPixel = 8; // of the deepest formats
     if (size.isValid() && qint64(size.width()) * size.height() > LargestPicture() / bytesPerPixel) {
         return Fail(reason, Translated("%1 x %2 pixels are too many for this machine's memory")
                                 .arg(size.width())
@@ -92,6 +93,8 @@ bool CheckSize(const QImageReader& reader, QString* reason)
 
 bool Decode(QByteArray bytes, QImage* image, QByteArray* format, QString* reason)
 {
+    if (!HBIsWholeFile(bytes))
+        return Fail(reason, Translated("the file is cut short"));
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
@@ -100,9 +103,7 @@ bool Decode(QByteArray bytes, QImage* image, QByteArray* format, QString* reason
     // Qt also draws drawings and reads icons.
     if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(*format)))
         return Fail(reason, Translated("this is not a photo of a known format"));
-    if (!HBIsWholeFile(bytes))
-        return Fail(reason, Translated("the file is cut short"));
-    if (!CheckSize(reader, reason))
+    if (!CheckSize(reader.size(), reason))
         return false;
     if (!reader.read(image) || image->isNull())
         return Fail(reason, Translated("the picture cannot be read (%1)").arg(reader.errorString()));

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBPhotoMetadata.h"
 
+#include "HBPhotoProfile.h"
+
 #include <QCoreApplication>
 #include <QMutex>
 
 #include <exiv2/exiv2.hpp>
+#include <exiv2/webpimage.hpp>
 
 #include <algorithm>
 #include <iterator>
@@ -17,7 +20,6 @@ namespace
 constexpr char XmpKey[] = "Xmp";
 constexpr char IptcKey[] = "Iptc";
 constexpr char OrientationKey[] = "Exif.Image.Orientation";
-constexpr char TiffProfileKey[] = "Exif.Image.InterColorProfile";
 constexpr int Upright = 1;
 
 QString Translated(const char* text)
@@ -237,11 +239,17 @@ void SetProfile(Exiv2::Image& image, const QByteArray& icc)
 {
     Exiv2::DataBuf buffer(Bytes(icc), long(icc.size()));
     image.setIccProfile(buffer);
-    if (image.imageType() == Exiv2::ImageType::tiff) {
-        // There it is a tag like others.
-        Exiv2::DataValue value(Bytes(icc), long(icc.size()));
-        image.exifData()[TiffProfileKey] = value;
-    }
+}
+
+QByteArray WrittenFile(Exiv2::Image& image)
+{
+    image.writeMetadata();
+    Exiv2::BasicIo& io = image.io();
+    if (io.open() != 0)
+        throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed);
+    QByteArray result(int(io.size()), Qt::Uninitialized);
+    result.truncate(int(io.read(reinterpret_cast<Exiv2::byte*>(result.data()), long(result.size()))));
+    return result;
 }
 
 /// The file with those kinds put in. \throws Exiv2::Error
@@ -254,16 +262,15 @@ QByteArray Embed(const QByteArray& file, const HBPhotoMetadata& metadata, const 
         SetXmp(*image, metadata, size);
     if (chosen & Exiv2::mdIptc)
         SetIptc(*image, metadata);
-    if (chosen & Exiv2::mdIccProfile)
-        SetProfile(*image, metadata.profile.Icc());
-    image->writeMetadata();
-
-    Exiv2::BasicIo& io = image->io();
-    if (io.open() != 0)
-        throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed);
-    QByteArray result(int(io.size()), Qt::Uninitialized);
-    result.truncate(int(io.read(reinterpret_cast<Exiv2::byte*>(result.data()), long(result.size()))));
-    return result;
+    const QByteArray icc = chosen & Exiv2::mdIccProfile ? metadata.profile.Icc() : QByteArray();
+    if (icc.isEmpty())
+        return WrittenFile(*image);
+    if (image->imageType() == Exiv2::ImageType::png)
+        return HBWithPngProfile(WrittenFile(*image), icc);
+    if (image->imageType() == Exiv2::ImageType::webp)
+        return HBWithWebPProfile(WrittenFile(*image), icc, size);
+    SetProfile(*image, icc);
+    return WrittenFile(*image);
 }
 
 } // namespace

@@ -46,6 +46,14 @@ void UseUtf8WithoutLocale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
+/// While QApplication starts, Qt looks for the folder of a display's session and warns where there is none, as under
+/// cron: nothing that this program needs.
+void PrintNoWarnings(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        HBPrintError(text);
+}
+
 void Describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(Translated(
@@ -56,9 +64,9 @@ void Describe(QCommandLineParser& parser)
         "Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe."));
     parser.addPositionalArgument("command", Translated("apply, list or sheet"), "COMMAND");
     parser.addPositionalArgument("arguments", Translated("what the command works on"), "[ARGUMENT...]");
-    parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
+        {{"h", "help"}, Translated("Show this help.")},
         {{"o", "output"}, Translated("Folder for the results; made if it is not there."), "DIR"},
         {"quality", Translated("Quality of JPEG and WebP, 0..100, default 92; a WebP of 100 is lossless."), "N"},
         {"format", Translated("Format of the results, as jpg, png, tif or webp; default: each file's own."),
@@ -144,9 +152,12 @@ int main(int argc, char* argv[])
     UseUtf8WithoutLocale();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Without the arguments: QApplication would take some of them for its own.
+    char name[] = "panel-replay";
+    char* nameOnly[] = {name, nullptr};
     int count = 1;
-    QApplication application(count, argv);
-    application.setApplicationName("panel-replay");
+    qInstallMessageHandler(PrintNoWarnings);
+    QApplication application(count, nameOnly);
+    qInstallMessageHandler(nullptr);
     application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
 
     QStringList arguments;

@@ -7,6 +7,8 @@
 // shuffles, worth it only if the channels share one table; three different ones go pixel by pixel.
 
 #define HWY_WANT_AVX3_DL 1
+// The table is an array of vectors, which needs vectors of a fixed size: NEON is used on machines with SVE.
+#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "HBChannelTables.cpp"
 #include <hwy/foreach_target.h>
@@ -62,7 +64,7 @@ void ApplyTables(const HBChannelTables& tables, HBRGBA32i* pixels, int count)
     MapPixels(tables, pixels + i, count - i);
 }
 
-#elif HWY_TARGET != HWY_SCALAR && HWY_TARGET != HWY_SSE2
+#elif HWY_TARGET != HWY_SCALAR && HWY_TARGET != HWY_SSE2 && !HWY_HAVE_SCALABLE
 
 void ApplyTables(const HBChannelTables& tables, HBRGBA32i* pixels, int count)
 {

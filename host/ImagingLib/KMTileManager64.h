@@ -43,23 +43,26 @@ public:
     void FreeMemory(KMTile* tile);
 
     /// Bytes that tiles may hold in memory before they move to the scratch file; default: half of the RAM. Tiles
-    /// that are pinned stay, so the budget may be exceeded by as much as is in use at once.
+    /// that are pinned stay, so the budget may be exceeded by as much as is in use at once. A smaller budget takes
+    /// effect when the next tile needs memory. Beyond the budget, 64 MiB or a sixteenth of it, whichever is more, may
+    /// be kept from the system for the next job.
     void SetMemoryBudget(qint64 bytes);
     qint64 MemoryBudget() const;
 
     /// Folder of the scratch file; takes effect for a scratch file not yet opened. Default: the environment's
     /// TMPDIR, else /var/tmp (which, unlike /tmp, is a disk everywhere), else the system's temporary folder.
     void SetScratchFolder(const QString& folder);
-    /// Largest size of the scratch file in bytes; -1 (the default): as large as the disk allows.
+    /// Largest size of the scratch file in bytes; -1 (the default): as large as the disk allows. This and
+    /// SetScratchFolder make the manager try at once again, and warn again, after the file could not be written.
     void SetScratchLimit(qint64 bytes);
 
     /// What is in use now, in bytes.
     struct Usage
     {
         qint64 resident = 0; ///< tile memory taken from the slabs
-        qint64 scratch = 0;  ///< tiles that have a copy in the scratch file
-        qint64 slabs = 0;    ///< memory held from the system, in use or ready to be
-        qint64 tiles = 0;    ///< tiles alive (a count, not bytes)
+        qint64 scratch = 0; ///< room that tiles have in the scratch file; a tile keeps its room when it comes back
+        qint64 slabs = 0;   ///< memory held from the system, in use or ready to be
+        qint64 tiles = 0;   ///< tiles alive (a count, not bytes)
     };
     Usage CurrentUsage() const;
 

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBBusyDialog.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QFutureWatcher>
+#include <QLabel>
+#include <QProgressBar>
+#include <QtConcurrent>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace
+{
+
+constexpr int PatienceMilliseconds = 400;
+
+}
+
+HBBusyDialog::HBBusyDialog(const QString& text, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+    , m_pBar(new QProgressBar(this))
+{
+    setModal(true);
+    setWindowTitle(tr("Please wait"));
+    m_pBar->setRange(0, 0);
+    m_pBar->setMinimumWidth(300);
+    auto* label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(label);
+    layout->addWidget(m_pBar);
+}
+
+void HBBusyDialog::SetProgress(int value)
+{
+    m_pBar->setRange(0, 1000);
+    m_pBar->setValue(value);
+}
+
+void HBBusyDialog::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}
+
+void HBBusyDialog::Run(const QString& text, QWidget* parent, const std::function<void()>& work)
+{
+    HBBusyDialog dialog(text, parent);
+    QTimer::singleShot(PatienceMilliseconds, &dialog, &QWidget::show);
+    QEventLoop loop;
+    QFutureWatcher<void> watcher;
+    connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    watcher.setFuture(QtConcurrent::run(work));
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}

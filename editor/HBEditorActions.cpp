@@ -1,0 +1,230 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBEditorActions.h"
+
+#include "HBEditorIcons.h"
+#include "HBSelectionShape.h"
+
+#include <HBPanelCatalog.h>
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QHash>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int MaximumFeather = 1000; // pixels
+
+/// A text of the catalog as a menu entry: its "&" is no mnemonic.
+QString Plain(QString text)
+{
+    return text.replace('&', "&&");
+}
+
+/// The text with the first of its letters that no other menu has as its mnemonic.
+QString WithMnemonic(const QMenuBar* bar, const QString& text)
+{
+    QString taken;
+    for (const QAction* menu : bar->actions()) {
+        const int mark = menu->text().indexOf('&');
+        if (mark >= 0)
+            taken += menu->text().mid(mark + 1, 1).toLower();
+    }
+    for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i).isLetter() && !taken.contains(text.at(i).toLower()))
+            return Plain(text.left(i)) + '&' + Plain(text.mid(i));
+    }
+    return Plain(text);
+}
+
+} // namespace
+
+HBEditorActions::HBEditorActions(QMainWindow* window) : QObject(window), m_pWindow(window)
+{
+    AddFile();
+    AddEdit();
+    AddSelect();
+    AddView();
+    AddHelp();
+    AddPanels();
+    AddToolBar();
+}
+
+QAction* HBEditorActions::Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint)
+{
+    QAction* action = menu->addAction(text);
+    action->setShortcut(key);
+    // Also while the dialog of a panel is the active window.
+    action->setShortcutContext(Qt::ApplicationShortcut);
+    action->setStatusTip(hint);
+    const QString name = QString(text).remove('&').remove(QChar(0x2026));
+    const QString keys = key.toString(QKeySequence::NativeText);
+    action->setToolTip(keys.isEmpty() ? name : QString("%1 (%2)").arg(name, keys));
+    return action;
+}
+
+void HBEditorActions::AddFile()
+{
+    QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&File"));
+    open = Add(menu, tr("&Open…"), QKeySequence::Open, tr("Open a photo"));
+    open->setIcon(HBMakeIcon(HBEditorIcon::Open));
+    menu->addSeparator();
+    save = Add(menu, tr("&Save"), QKeySequence::Save, tr("Write the photo to its file"));
+    save->setIcon(HBMakeIcon(HBEditorIcon::Save));
+    saveAs = Add(menu, tr("Save &As…"), QKeySequence("Ctrl+Shift+S"), tr("Write the photo to another file"));
+    menu->addSeparator();
+    saveRecipe =
+        Add(menu, tr("Save &Recipe…"), {}, tr("Store the steps done so far, to apply them to other photos"));
+    applyRecipe = Add(menu, tr("A&pply Recipe…"), {}, tr("Apply stored steps to the whole photo"));
+    menu->addSeparator();
+    quit = Add(menu, tr("&Quit"), QKeySequence("Ctrl+Q"), tr("Leave the editor"));
+    quit->setMenuRole(QAction::QuitRole);
+}
+
+void HBEditorActions::AddEdit()
+{
+    QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Edit"));
+    undo = Add(menu, tr("&Undo"), QKeySequence::Undo, tr("Take the last step back"));
+    undo->setIcon(HBMakeIcon(HBEditorIcon::Undo));
+    redo = Add(menu, tr("&Redo"), QKeySequence::Redo, tr("Do the step again that was taken back"));
+    redo->setIcon(HBMakeIcon(HBEditorIcon::Redo));
+    // A spin box undoes its own text by the same keys.
+    undo->setShortcutContext(Qt::WindowShortcut);
+    redo->setShortcutContext(Qt::WindowShortcut);
+    history = menu->addMenu(tr("&History"));
+}
+
+void HBEditorActions::AddSelect()
+{
+    using Kind = HBSelectionShape::Kind;
+    QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Select"));
+    tools = new QActionGroup(this);
+    auto tool = [&](const QString& text, const QString& key, const QString& hint, HBEditorIcon icon, Kind kind) {
+        QAction* action = Add(menu, text, QKeySequence(key), hint);
+        action->setShortcutContext(Qt::WindowShortcut); // plain letters are for typing in other windows
+        action->setIcon(HBMakeIcon(icon));
+        action->setCheckable(true);
+        action->setData(int(kind));
+        tools->addAction(action);
+        return action;
+    };
+    tool(tr("&No Tool"), "V", tr("The mouse selects nothing"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
+    tool(tr("&Rectangle"), "R", tr("Drag a rectangle; hold Shift for a square"), HBEditorIcon::Rectangle,
+         Kind::Rectangle);
+    tool(tr("&Ellipse"), "E", tr("Drag an ellipse; hold Shift for a circle"), HBEditorIcon::Ellipse,
+         Kind::Ellipse);
+    menu->addSeparator();
+    selectAll = Add(menu, tr("Select &All"), QKeySequence::SelectAll, tr("Select the whole photo"));
+    selectAll->setShortcutContext(Qt::WindowShortcut); // text fields have it too
+    selectNothing = Add(menu, tr("Select N&othing"), QKeySequence("Ctrl+Shift+A"), tr("Work on the whole photo"));
+    invertSelection =
+        Add(menu, tr("&Invert Selection"), QKeySequence("Ctrl+I"), tr("Select what is not selected now"));
+}
+
+void HBEditorActions::AddPanels()
+{
+    panels = new QActionGroup(this);
+    panels->setExclusive(false);
+    QHash<QString, QMenu*> menus;
+    const QVector<HBPanelEntry>& catalog = HBPanelCatalog();
+    for (int i = 0; i < catalog.size(); ++i) {
+        const QString group = catalog.at(i).Group();
+        QMenu*& menu = menus[group];
+        if (!menu)
+            menu = AddPanelMenu(group);
+        QAction* action = menu->addAction(Plain(catalog.at(i).Title()) + QChar(0x2026));
+        action->setData(i);
+        panels->addAction(action);
+    }
+}
+
+/// Left of the View menu.
+QMenu* HBEditorActions::AddPanelMenu(const QString& group)
+{
+    QMenuBar* bar = m_pWindow->menuBar();
+    auto* menu = new QMenu(WithMnemonic(bar, group), bar);
+    bar->insertMenu(m_pViewMenu->menuAction(), menu);
+    return menu;
+}
+
+void HBEditorActions::AddView()
+{
+    QMenu* menu = m_pViewMenu = m_pWindow->menuBar()->addMenu(tr("&View"));
+    zoomIn = Add(menu, tr("Zoom &In"), QKeySequence("Ctrl++"), tr("Show the photo larger"));
+    zoomIn->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+="), QKeySequence("+")});
+    zoomOut = Add(menu, tr("Zoom &Out"), QKeySequence("Ctrl+-"), tr("Show the photo smaller"));
+    zoomOut->setShortcuts({QKeySequence("Ctrl+-"), QKeySequence("-")});
+    // A minus is typed into spin boxes; those in a window take it before its shortcuts.
+    zoomIn->setShortcutContext(Qt::WindowShortcut);
+    zoomOut->setShortcutContext(Qt::WindowShortcut);
+    zoomFit = Add(menu, tr("&Fit"), QKeySequence("Ctrl+0"), tr("Show the whole photo"));
+    zoomFit->setIcon(HBMakeIcon(HBEditorIcon::Fit));
+    zoomActual =
+        Add(menu, tr("&100 %"), QKeySequence("Ctrl+1"), tr("Show each pixel of the photo on one of the screen"));
+    zoomActual->setIcon(HBMakeIcon(HBEditorIcon::Actual));
+    menu->addSeparator();
+    split = Add(menu, tr("&Before and After"), QKeySequence("Ctrl+B"),
+                tr("Show the photo as it was left of a line that can be dragged"));
+    split->setIcon(HBMakeIcon(HBEditorIcon::Split));
+    split->setCheckable(true);
+    menu->addSeparator();
+    docked = Add(menu, tr("Show &Panels in the Side Bar"), {}, tr("Or else each in a window of its own"));
+    docked->setCheckable(true);
+    dark = Add(menu, tr("&Dark"), {}, tr("Dark window colours instead of the system's"));
+    dark->setCheckable(true);
+}
+
+void HBEditorActions::AddHelp()
+{
+    QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Help"));
+    QAction* about = Add(menu, tr("&About Panel Editor"), {}, {});
+    about->setMenuRole(QAction::AboutRole);
+    connect(about, &QAction::triggered, this, [this] {
+        QMessageBox::about(m_pWindow, tr("About Panel Editor"),
+                           tr("<b>Panel Editor %1</b><p>Adjusts photos with the adjustment panels.</p>")
+                               .arg(QCoreApplication::applicationVersion()));
+    });
+}
+
+void HBEditorActions::AddToolBar()
+{
+    QToolBar* bar = m_pWindow->addToolBar(tr("Tools"));
+    bar->setObjectName("Tools");
+    bar->setMovable(false);
+    bar->setIconSize(QSize(20, 20));
+    bar->addActions({open, save});
+    bar->addSeparator();
+    bar->addActions({undo, redo});
+    bar->addSeparator();
+    bar->addActions(tools->actions());
+
+    auto* label = new QLabel(tr(" F&eather:") + ' ', bar);
+    feather = new QSpinBox(bar);
+    feather->setRange(0, MaximumFeather);
+    feather->setSuffix(tr(" px"));
+    feather->setAccessibleName(tr("Feather of the selection in pixels"));
+    feather->setToolTip(tr("Width of the soft edge of a selection, to either side"));
+    feather->setKeyboardTracking(false); // each value makes the selection anew
+    label->setBuddy(feather);
+    bar->addWidget(label);
+    bar->addWidget(feather);
+    bar->addSeparator();
+
+    bar->addActions({zoomFit, zoomActual});
+    bar->addSeparator();
+    bar->addAction(split);
+    showBefore = new QToolButton(bar);
+    showBefore->setAutoRaise(true);
+    showBefore->setIcon(HBMakeIcon(HBEditorIcon::Before));
+    showBefore->setToolTip(tr("Hold to see the photo as it was before (key B or \\)"));
+    showBefore->setAccessibleName(tr("Show the photo as it was before, while held"));
+    bar->addWidget(showBefore);
+}

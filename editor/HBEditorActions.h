@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QActionGroup;
+class QKeySequence;
+class QMainWindow;
+class QMenu;
+class QSpinBox;
+class QToolButton;
+
+/// The editor's commands with their names, keys and hints, and the menus and the tool bar that show them. What they
+/// do is the window's business.
+class HBEditorActions : public QObject
+{
+    Q_OBJECT
+public:
+    explicit HBEditorActions(QMainWindow* window);
+
+    QAction* open;
+    QAction* save;
+    QAction* saveAs;
+    QAction* saveRecipe;
+    QAction* applyRecipe;
+    QAction* quit;
+    QAction* undo;
+    QAction* redo;
+    QMenu* history;
+    QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
+    QAction* selectAll;
+    QAction* selectNothing;
+    QAction* invertSelection;
+    QSpinBox* feather;
+    QAction* zoomIn;
+    QAction* zoomOut;
+    QAction* zoomFit;
+    QAction* zoomActual;
+    QAction* split;
+    QToolButton* showBefore; ///< while it is held down
+    QAction* docked;
+    QAction* dark;
+    QActionGroup* panels; ///< the data of each is its place in the catalog
+
+private:
+    QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint);
+    void AddFile();
+    void AddEdit();
+    void AddSelect();
+    void AddPanels();
+    QMenu* AddPanelMenu(const QString& group);
+    void AddView();
+    void AddHelp();
+    void AddToolBar();
+
+    QMainWindow* m_pWindow;
+    QMenu* m_pViewMenu = nullptr;
+};

@@ -1,0 +1,188 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+
+// What the editor does with files.
+
+#include "HBBusyDialog.h"
+#include "HBEditorActions.h"
+#include "HBEditorWindow.h"
+#include "HBMessageBar.h"
+#include "HBSelectionTool.h"
+
+#include <KMApplication.h>
+#include <KMImageFileManager.h>
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+
+namespace
+{
+
+constexpr int StatusMilliseconds = 4000;
+
+QString RecipeFilter()
+{
+    return HBEditorWindow::tr("Recipes") + " (*.json);;" + HBEditorWindow::tr("All files") + " (*)";
+}
+
+bool HasQuality(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == "jpg" || suffix == "jpeg" || suffix == "webp";
+}
+
+} // namespace
+
+// ---- Open ----
+
+void HBEditorWindow::ChooseFile()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Photo"), KMApplication::GetPathOpen(),
+                                                      KMImageFileManager::GetFilterForRead());
+    if (path.isEmpty())
+        return;
+    KMApplication::SetPathOpen(QFileInfo(path).absolutePath());
+    Open(path);
+}
+
+bool HBEditorWindow::Open(const QString& path)
+{
+    if (!MayLeavePhoto())
+        return false;
+    HBPhoto photo;
+    QString error;
+    bool read = false;
+    HBBusyDialog::Run(tr("Opening %1").arg(QFileInfo(path).fileName()), this,
+                      [&] { read = HBReadPhoto(path, &photo, &error); });
+    if (!read) {
+        m_pMessages->ShowError(error);
+        return false;
+    }
+    m_pMessages->hide();
+    if (!photo.warnings.isEmpty())
+        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join(' '));
+    m_pSelection->SelectNothing();
+    m_Document.SetPhoto(QFileInfo(path).absoluteFilePath(), photo);
+    return true;
+}
+
+// ---- Save ----
+
+bool HBEditorWindow::Save()
+{
+    return MayLeavePanel() && SaveTo(m_Document.Path());
+}
+
+bool HBEditorWindow::SaveAs()
+{
+    if (!MayLeavePanel())
+        return false;
+    QFileDialog dialog(this, tr("Save Photo As"), m_Document.Path(), KMImageFileManager::GetFilterForWrite());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QFileInfo(m_Document.Path()).suffix());
+    dialog.selectFile(m_Document.FileName());
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    const QString path = dialog.selectedFiles().value(0);
+    if (HasQuality(path)) {
+        bool ok = false;
+        const int quality = QInputDialog::getInt(this, tr("Save Photo As"), tr("&Quality (0 smallest, 100 best):"),
+                                                 m_Quality, 0, 100, 1, &ok);
+        if (!ok)
+            return false;
+        m_Quality = quality;
+    }
+    return SaveTo(path);
+}
+
+bool HBEditorWindow::SaveTo(const QString& path)
+{
+    HBPhotoOptions options;
+    options.quality = m_Quality;
+    const HBImage<> image = m_Document.Image();
+    QString error;
+    QStringList warnings;
+    bool written = false;
+    HBBusyDialog::Run(tr("Saving %1").arg(QFileInfo(path).fileName()), this,
+                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings); });
+    if (!written) {
+        m_pMessages->ShowError(error);
+        return false;
+    }
+    m_Document.SetSaved(path);
+    m_pMessages->hide();
+    if (!warnings.isEmpty())
+        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join(' '));
+    statusBar()->showMessage(tr("Saved %1").arg(path), StatusMilliseconds);
+    return true;
+}
+
+// ---- Recipes ----
+
+void HBEditorWindow::SaveRecipe()
+{
+    if (!MayLeavePanel())
+        return;
+    int leftOut = 0;
+    const HBRecipe recipe = m_Document.Recipe(&leftOut);
+    const QString onSelection =
+        tr("%n step(s) made on a selection cannot be part of a recipe: it is applied to whole photos.", nullptr,
+           leftOut);
+    if (recipe.steps.isEmpty()) {
+        m_pMessages->ShowNote(leftOut > 0 ? onSelection : tr("There are no steps to save as a recipe yet."));
+        return;
+    }
+    if (leftOut > 0) {
+        QMessageBox question(QMessageBox::Question, tr("Save Recipe"), onSelection, QMessageBox::Cancel, this);
+        const QAbstractButton* without = question.addButton(tr("Save &Without"), QMessageBox::AcceptRole);
+        question.exec();
+        if (question.clickedButton() != without)
+            return;
+    }
+    QFileDialog dialog(this, tr("Save Recipe"), QFileInfo(m_Document.Path()).absolutePath(), RecipeFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("json");
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QString error;
+    if (recipe.Save(dialog.selectedFiles().value(0), &error))
+        statusBar()->showMessage(tr("Saved a recipe of %n step(s)", nullptr, recipe.steps.size()),
+                                 StatusMilliseconds);
+    else
+        m_pMessages->ShowError(error);
+}
+
+void HBEditorWindow::ChooseRecipe()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Apply Recipe"),
+                                                      QFileInfo(m_Document.Path()).absolutePath(), RecipeFilter());
+    if (!path.isEmpty())
+        ApplyRecipe(path);
+}
+
+bool HBEditorWindow::ApplyRecipe(const QString& path)
+{
+    if (!m_Document.IsOpen() || !MayLeavePanel())
+        return false;
+    HBRecipe recipe;
+    QString error;
+    if (!HBRecipe::Load(path, &recipe, &error)) {
+        m_pMessages->ShowError(error);
+        return false;
+    }
+    HBBusyDialog busy(tr("Applying %1").arg(QFileInfo(path).fileName()), this);
+    busy.show();
+    const HBImage<> image =
+        HBApplyRecipe(m_Document.Image(), recipe, &error, [&](int progress) { busy.SetProgress(progress); });
+    busy.hide();
+    if (image.IsEmpty()) {
+        m_pMessages->ShowError(path + ": " + error);
+        return false;
+    }
+    m_Document.Apply({QFileInfo(path).completeBaseName(), image, recipe.steps, true});
+    return true;
+}

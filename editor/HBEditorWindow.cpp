@@ -1,0 +1,382 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBEditorWindow.h"
+
+#include "HBAppearance.h"
+#include "HBBeforeAfter.h"
+#include "HBEditorActions.h"
+#include "HBMessageBar.h"
+#include "HBPanelFrame.h"
+#include "HBSelectionTool.h"
+
+#include <HBAdjustmentWidget.h>
+#include <KMDocumentView.h>
+
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTextEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <new>
+
+namespace
+{
+
+constexpr char GeometryKey[] = "window/geometry";
+constexpr char StateKey[] = "window/state";
+constexpr char DockedKey[] = "view/docked";
+constexpr char DarkKey[] = "view/dark";
+constexpr char QualityKey[] = "files/quality";
+
+/// Does this widget take letters?
+bool IsTyping(const QWidget* widget)
+{
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QTextEdit*>(widget) ||
+           qobject_cast<const QPlainTextEdit*>(widget);
+}
+
+} // namespace
+
+HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
+    : QMainWindow(parent)
+    , m_Remember(remember)
+    , m_pView(new KMDocumentView(this))
+    , m_pMessages(new HBMessageBar(this))
+    , m_pSelection(new HBSelectionTool(m_pView, this))
+    , m_pBeforeAfter(new HBBeforeAfter(m_pView, this))
+    , m_pActions(new HBEditorActions(this))
+    , m_pFrame(new HBPanelFrame(this))
+{
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_pMessages);
+    layout->addWidget(m_pView, 1);
+    setCentralWidget(central);
+    setAcceptDrops(true);
+    m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
+
+    BuildStatusBar();
+    ConnectActions();
+    connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
+    connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
+    connect(m_pView, &KMDocumentView::PixelHovered, this, &HBEditorWindow::ShowPixel);
+    connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
+    connect(m_pFrame, &HBPanelFrame::Dismissed, this, [this] {
+        if (m_pSession)
+            m_pSession->Reject();
+    });
+    qApp->installEventFilter(this); // the keys that show the photo as it was work from a panel's dialog too
+    resize(1100, 760);
+    ReadSettings();
+    ShowDocument();
+}
+
+HBEditorWindow::~HBEditorWindow()
+{
+    qApp->removeEventFilter(this);
+    delete m_pSession;
+    m_Document.disconnect(this);
+}
+
+void HBEditorWindow::ConnectActions()
+{
+    const HBEditorActions& a = *m_pActions;
+    connect(a.open, &QAction::triggered, this, &HBEditorWindow::ChooseFile);
+    connect(a.save, &QAction::triggered, this, &HBEditorWindow::Save);
+    connect(a.saveAs, &QAction::triggered, this, &HBEditorWindow::SaveAs);
+    connect(a.saveRecipe, &QAction::triggered, this, &HBEditorWindow::SaveRecipe);
+    connect(a.applyRecipe, &QAction::triggered, this, &HBEditorWindow::ChooseRecipe);
+    connect(a.quit, &QAction::triggered, this, &QWidget::close);
+    connect(a.undo, &QAction::triggered, &m_Document, &HBDocument::Undo);
+    connect(a.redo, &QAction::triggered, &m_Document, &HBDocument::Redo);
+    connect(a.history, &QMenu::aboutToShow, this, &HBEditorWindow::ShowHistory);
+    connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
+        m_pSelection->SetTool(HBSelectionShape::Kind(action->data().toInt()));
+    });
+    connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
+    connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
+    connect(a.invertSelection, &QAction::triggered, m_pSelection, &HBSelectionTool::Invert);
+    connect(a.feather, QOverload<int>::of(&QSpinBox::valueChanged), m_pSelection, &HBSelectionTool::SetFeather);
+    connect(a.zoomIn, &QAction::triggered, m_pView, &KMDocumentView::ZoomIn);
+    connect(a.zoomOut, &QAction::triggered, m_pView, &KMDocumentView::ZoomOut);
+    connect(a.zoomFit, &QAction::triggered, m_pView, &KMDocumentView::ZoomToFit);
+    connect(a.zoomActual, &QAction::triggered, m_pView, &KMDocumentView::ZoomToActual);
+    connect(a.split, &QAction::toggled, m_pBeforeAfter, &HBBeforeAfter::SetSplit);
+    connect(a.showBefore, &QToolButton::pressed, this, [this] { m_pBeforeAfter->SetHeld(true); });
+    connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
+    connect(a.dark, &QAction::toggled, this, HBUseDarkColours);
+    connect(a.docked, &QAction::toggled, this, [this](bool docked) {
+        if (m_pSession && m_pSession->Panel())
+            m_pFrame->Show(m_pSession->Panel(), m_pSession->Entry().Title(), docked);
+    });
+    connect(a.panels, &QActionGroup::triggered, this,
+            [this](const QAction* action) { OpenPanel(HBPanelCatalog().at(action->data().toInt())); });
+}
+
+void HBEditorWindow::BuildStatusBar()
+{
+    m_pPixelLabel = new QLabel(this);
+    m_pSizeLabel = new QLabel(this);
+    m_pZoomLabel = new QLabel(this);
+    m_pPixelLabel->setToolTip(tr("Pixel under the mouse: position and red, green, blue, alpha"));
+    m_pSizeLabel->setToolTip(tr("Size of the photo in pixels"));
+    m_pZoomLabel->setToolTip(tr("At 100 % each pixel of the photo is one of the screen"));
+    for (QLabel* label : {m_pPixelLabel, m_pSizeLabel, m_pZoomLabel}) {
+        label->setIndent(fontMetrics().averageCharWidth());
+        statusBar()->addPermanentWidget(label);
+    }
+}
+
+void HBEditorWindow::ReadSettings()
+{
+    if (!m_Remember) {
+        m_pActions->docked->setChecked(true);
+        return;
+    }
+    const QSettings settings;
+    m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
+    m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
+    m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
+    restoreGeometry(settings.value(GeometryKey).toByteArray());
+}
+
+void HBEditorWindow::WriteSettings() const
+{
+    if (!m_Remember)
+        return;
+    QSettings settings;
+    settings.setValue(DockedKey, m_pActions->docked->isChecked());
+    settings.setValue(DarkKey, m_pActions->dark->isChecked());
+    settings.setValue(QualityKey, m_Quality);
+    settings.setValue(GeometryKey, saveGeometry());
+}
+
+// ---- The open panel ----
+
+bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
+{
+    if (!m_Document.IsOpen() || !MayLeavePanel())
+        return false;
+    m_pSession = new HBPanelSession(entry, m_pView, this);
+    connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
+    connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
+    connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
+    connect(m_pSession, &HBPanelSession::Resumed, this, [this] {
+        m_pMessages->ShowNote(tr("The adjustment was stopped. The photo may not show your last change yet."));
+    });
+    m_pFrame->Show(m_pSession->Panel(), entry.Title(), m_pActions->docked->isChecked());
+    ShowDocument();
+    HandOverSource();
+    return true;
+}
+
+/// To a panel that is open; the selection may be another than before.
+void HBEditorWindow::HandOverSource()
+{
+    if (!m_pSession)
+        return;
+    try {
+        m_pSession->SetSource(m_Document.Image(), m_pSelection->Selection());
+    } catch (const std::bad_alloc&) {
+        m_pMessages->ShowError(tr("There is not enough memory for this selection."));
+    }
+}
+
+void HBEditorWindow::ApplyPanel(const HBImage<>& image)
+{
+    HBPanelSession* session = m_pSession;
+    const HBDocument::State state{session->Entry().Title(), image, {session->Step()}, !session->HasSelection()};
+    DropPanel();
+    m_Document.Apply(state);
+}
+
+/// Not at once: this may be one of the panel's own signals.
+void HBEditorWindow::DropPanel()
+{
+    if (!m_pSession)
+        return;
+    m_pSession->disconnect(this);
+    m_pSession->disconnect(m_pView);
+    m_pSession->deleteLater();
+    m_pSession = nullptr;
+    m_pView->SetOverrideCursor(QCursor());
+    m_pFrame->Close();
+    ShowDocument();
+    m_pView->setFocus();
+}
+
+/// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
+bool HBEditorWindow::MayLeavePanel()
+{
+    if (m_pSession && !m_pSession->IsChanged())
+        DropPanel();
+    if (!m_pSession)
+        return true;
+    const auto answer = QMessageBox::question(
+        this, tr("Panel Editor"), tr("Apply the changes of “%1”?").arg(m_pSession->Entry().Title()),
+        QMessageBox::Apply | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Apply);
+    if (answer == QMessageBox::Cancel)
+        return false;
+    if (answer == QMessageBox::Apply && m_pSession) {
+        QEventLoop loop;
+        connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
+        connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
+        connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
+        connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
+        // Queued, so that an answer that comes at once finds the loop running.
+        QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
+        loop.exec();
+        return !m_pSession; // still there: the user stopped the wait
+    }
+    DropPanel();
+    return true;
+}
+
+bool HBEditorWindow::MayLeavePhoto()
+{
+    if (!MayLeavePanel())
+        return false;
+    if (!m_Document.IsModified())
+        return true;
+    const auto answer = QMessageBox::question(
+        this, tr("Panel Editor"), tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && Save());
+}
+
+// ---- Showing the state ----
+
+void HBEditorWindow::ShowDocument()
+{
+    const bool open = m_Document.IsOpen();
+    const bool panel = m_pSession;
+    if (!panel)
+        m_pView->SetPicture(m_Document.Image());
+    // With a panel "before" is without its adjustment, else the photo as it was opened.
+    m_pBeforeAfter->SetBefore(panel ? m_Document.Image() : m_Document.Original());
+
+    setWindowTitle(open ? tr("%1[*] – Panel Editor").arg(m_Document.FileName()) : tr("Panel Editor"));
+    setWindowModified(m_Document.IsModified());
+    m_pSizeLabel->setText(open ? tr("%1 × %2").arg(m_Document.Image().Width()).arg(m_Document.Image().Height())
+                               : QString());
+    ShowZoom(m_pView->Zoom());
+
+    const HBEditorActions& a = *m_pActions;
+    a.undo->setEnabled(m_Document.CanUndo() && !panel);
+    a.redo->setEnabled(m_Document.CanRedo() && !panel);
+    a.history->setEnabled(open && !panel);
+    for (QAction* action : {a.save, a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing,
+                            a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
+        action->setEnabled(open);
+    a.panels->setEnabled(open);
+    a.tools->setEnabled(open);
+    a.feather->setEnabled(open);
+    a.showBefore->setEnabled(open);
+}
+
+void HBEditorWindow::ShowHistory()
+{
+    QMenu* menu = m_pActions->history;
+    menu->clear();
+    const QVector<HBDocument::State>& states = m_Document.States();
+    for (int i = 0; i < states.size(); ++i) {
+        QAction* action = menu->addAction(QString(states.at(i).title).replace('&', "&&"));
+        action->setCheckable(true);
+        action->setChecked(i == m_Document.Index());
+        connect(action, &QAction::triggered, this, [this, i] { m_Document.GoTo(i); });
+    }
+}
+
+void HBEditorWindow::ShowPixel(const QPoint& pixel)
+{
+    if (pixel.x() < 0) {
+        m_pPixelLabel->clear();
+        return;
+    }
+    try {
+        const HBRGBA32i colour = m_pView->Picture().PixelAt(pixel.x(), pixel.y());
+        m_pPixelLabel->setText(tr("%1, %2:  %3  %4  %5  %6")
+                                   .arg(pixel.x())
+                                   .arg(pixel.y())
+                                   .arg(colour.red)
+                                   .arg(colour.green)
+                                   .arg(colour.blue)
+                                   .arg(colour.alpha));
+    } catch (const std::bad_alloc&) {
+        m_pPixelLabel->clear(); // the tile cannot be brought back into memory
+    }
+}
+
+void HBEditorWindow::ShowZoom(double zoom)
+{
+    const double percent = zoom * 100;
+    m_pZoomLabel->setText(m_Document.IsOpen() ? tr("%1 %").arg(percent, 0, 'f', percent < 10 ? 1 : 0) : QString());
+}
+
+// ---- Events ----
+
+void HBEditorWindow::closeEvent(QCloseEvent* event)
+{
+    if (!MayLeavePhoto()) {
+        event->ignore();
+        return;
+    }
+    DropPanel();
+    WriteSettings();
+    event->accept();
+}
+
+void HBEditorWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty() && urls.first().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void HBEditorWindow::dropEvent(QDropEvent* event)
+{
+    const QString path = event->mimeData()->urls().value(0).toLocalFile();
+    event->acceptProposedAction();
+    // Later: the program that the file comes from waits for the end of this event.
+    QTimer::singleShot(0, this, [this, path] {
+        if (!path.isEmpty())
+            Open(path);
+    });
+}
+
+bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::ApplicationDeactivate && m_pBeforeAfter->IsHeld())
+        m_pBeforeAfter->SetHeld(false); // the key's release will go elsewhere
+    if ((type == QEvent::KeyPress || type == QEvent::KeyRelease) && watched->isWidgetType()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool mine = (key->key() == Qt::Key_Backslash || key->key() == Qt::Key_B) &&
+                          !(key->modifiers() & ~Qt::KeypadModifier);
+        const bool free = !IsTyping(qApp->focusWidget()) && !QApplication::activeModalWidget() &&
+                          !QApplication::activePopupWidget();
+        if (mine && m_Document.IsOpen() && (free || m_pBeforeAfter->IsHeld())) {
+            if (!key->isAutoRepeat())
+                m_pBeforeAfter->SetHeld(type == QEvent::KeyPress);
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

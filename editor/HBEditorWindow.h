@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBDocument.h"
+#include "HBPanelSession.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class HBBeforeAfter;
+class HBEditorActions;
+class HBMessageBar;
+class HBPanelFrame;
+class HBSelectionTool;
+class KMDocumentView;
+class QLabel;
+
+/// The editor: one photo, its view, and at most one open panel.
+class HBEditorWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// \param remember keep place, size and options between sessions
+    explicit HBEditorWindow(bool remember, QWidget* parent = nullptr);
+    ~HBEditorWindow() override;
+
+    /// Reads the photo. If that fails, the message bar says why and the present photo stays. Asks first about a
+    /// panel that is open and changes that are not saved.
+    bool Open(const QString& path);
+    /// Writes the present photo in the format of the suffix. If that fails, the message bar says why.
+    bool SaveTo(const QString& path);
+    /// Opens a panel on the photo, in place of one that is open.
+    bool OpenPanel(const HBPanelEntry& entry);
+    bool ApplyRecipe(const QString& path);
+
+    const HBDocument& Document() const { return m_Document; }
+    HBPanelSession* Session() const { return m_pSession; }
+    KMDocumentView* View() const { return m_pView; }
+    HBSelectionTool* SelectionTool() const { return m_pSelection; }
+    HBMessageBar* MessageBar() const { return m_pMessages; }
+    HBEditorActions* Actions() const { return m_pActions; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void ConnectActions();
+    void BuildStatusBar();
+    void ReadSettings();
+    void WriteSettings() const;
+
+    bool MayLeavePhoto();
+    bool MayLeavePanel();
+    void DropPanel();
+    void ApplyPanel(const HBImage<>& image);
+
+    void ChooseFile();
+    bool Save();
+    bool SaveAs();
+    void SaveRecipe();
+    void ChooseRecipe();
+
+    void ShowDocument();
+    void ShowHistory();
+    void ShowPixel(const QPoint& pixel);
+    void ShowZoom(double zoom);
+    void HandOverSource();
+
+    const bool m_Remember;
+    HBDocument m_Document;
+    QPointer<HBPanelSession> m_pSession;
+    KMDocumentView* m_pView;
+    HBMessageBar* m_pMessages;
+    HBSelectionTool* m_pSelection;
+    HBBeforeAfter* m_pBeforeAfter;
+    HBEditorActions* m_pActions;
+    HBPanelFrame* m_pFrame;
+    QLabel* m_pPixelLabel = nullptr;
+    QLabel* m_pSizeLabel = nullptr;
+    QLabel* m_pZoomLabel = nullptr;
+    int m_Quality = 92;
+};

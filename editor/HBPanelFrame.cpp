@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBPanelFrame.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QDockWidget>
+#include <QEvent>
+#include <QMainWindow>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace
+{
+
+/// The panel as high as it wants to be at the top of a column that scrolls.
+QWidget* Column(QWidget* panel)
+{
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(panel);
+    layout->addStretch(1);
+    area->setWidget(column);
+    // Room for the controls without scrolling sideways.
+    area->setMinimumWidth(panel->minimumSizeHint().width() + 2 * area->frameWidth());
+    return area;
+}
+
+} // namespace
+
+HBPanelFrame::HBPanelFrame(QMainWindow* window)
+    : QObject(window)
+    , m_pWindow(window)
+    , m_pDock(new QDockWidget(window))
+{
+    m_pDock->setObjectName("PanelDock");
+    m_pDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    m_pDock->hide();
+    m_pDock->toggleViewAction()->setVisible(false); // an empty side bar is of no use
+    m_pDock->installEventFilter(this);
+    window->addDockWidget(Qt::RightDockWidgetArea, m_pDock);
+}
+
+void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
+{
+    panel->setParent(nullptr);
+    Close();
+    if (docked) {
+        m_pDock->setWindowTitle(title);
+        m_pDock->setWidget(Column(panel));
+        m_pDock->show();
+        m_pWindow->resizeDocks({m_pDock}, {qMax(320, m_pDock->sizeHint().width())}, Qt::Horizontal);
+    } else {
+        m_pDialog = new QDialog(m_pWindow);
+        m_pDialog->setWindowTitle(title);
+        m_pDialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+        auto* layout = new QVBoxLayout(m_pDialog);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(panel);
+        connect(m_pDialog, &QDialog::rejected, this, &HBPanelFrame::Dismissed);
+        m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
+        m_pDialog->show();
+    }
+    panel->show();
+}
+
+void HBPanelFrame::Close()
+{
+    if (m_pDialog) {
+        m_pDialog->disconnect(this);
+        m_pDialog->hide();
+        m_pDialog->deleteLater();
+        m_pDialog = nullptr;
+    }
+    m_pDock->hide();
+    if (QWidget* column = m_pDock->widget()) {
+        m_pDock->setWidget(nullptr);
+        column->deleteLater();
+    }
+}
+
+bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    // Only the user closes the dock; the editor hides it.
+    if (watched == m_pDock && event->type() == QEvent::Close)
+        emit Dismissed();
+    return QObject::eventFilter(watched, event);
+}

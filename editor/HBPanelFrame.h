@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QDialog;
+class QDockWidget;
+class QMainWindow;
+
+/// Where the open panel stands: in a dialog of its own or in the main window's side bar. The panel is not its own.
+class HBPanelFrame : public QObject
+{
+    Q_OBJECT
+public:
+    explicit HBPanelFrame(QMainWindow* window);
+
+    /// Shows the panel, or moves it when it is shown already.
+    void Show(QWidget* panel, const QString& title, bool docked);
+    void Close();
+
+signals:
+    /// The user has closed the dialog or the side bar.
+    void Dismissed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QMainWindow* m_pWindow;
+    QDockWidget* m_pDock;
+    QPointer<QDialog> m_pDialog;
+};

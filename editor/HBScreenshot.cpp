@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBScreenshot.h"
+
+#include "HBEditorWindow.h"
+#include "HBMessageBar.h"
+
+#include <HBAdjustmentWidget.h>
+#include <HBTileImageItem.h>
+#include <KMDocumentView.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPixmap>
+#include <QTimer>
+
+#include <cstdio>
+#include <limits>
+
+namespace
+{
+
+constexpr int PatienceMilliseconds = 60000;
+
+bool Fail(const QString& text)
+{
+    std::fprintf(stderr, "panel-editor: %s\n", qPrintable(text));
+    return false;
+}
+
+bool WaitForPreview(const HBPanelSession* session)
+{
+    QEventLoop loop;
+    bool ready = false;
+    QObject::connect(session, &HBPanelSession::PreviewReady, &loop, [&] {
+        ready = true;
+        loop.quit();
+    });
+    QTimer::singleShot(PatienceMilliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+    return ready;
+}
+
+bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
+{
+    QString name = options.panel;
+    HBRecipe recipe;
+    QString error;
+    if (!options.recipe.isEmpty() && !HBRecipe::Load(options.recipe, &recipe, &error))
+        return Fail(error);
+    if (name.isEmpty() && !recipe.steps.isEmpty())
+        name = recipe.steps.first().panel;
+    if (name.isEmpty())
+        return true;
+    const HBPanelEntry* entry = HBFindPanel(name);
+    if (!entry)
+        return Fail(HBEditorWindow::tr("There is no panel %1.").arg(name));
+    if (!window->OpenPanel(*entry))
+        return Fail(HBEditorWindow::tr("A panel needs a photo."));
+    HBPanelSession* session = window->Session();
+    for (const HBRecipeStep& step : qAsConst(recipe.steps)) {
+        if (step.panel != name)
+            continue;
+        if (!entry->restore(*session->Panel(), step.values, &error))
+            return Fail(options.recipe + ": " + error);
+        session->SetSource(window->Document().Image(), {});
+        break;
+    }
+    return WaitForPreview(session) || Fail(HBEditorWindow::tr("The panel gives no result."));
+}
+
+} // namespace
+
+bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options)
+{
+    window->View()->PictureItem()->SetPatience(std::numeric_limits<int>::max());
+    window->resize(options.size);
+    window->show();
+    if (!window->MessageBar()->Text().isEmpty())
+        return Fail(window->MessageBar()->Text());
+    if (!ShowPanel(window, options))
+        return false;
+    QApplication::processEvents(); // let the layout settle
+    if (!window->grab().save(options.file, "PNG"))
+        return Fail(HBEditorWindow::tr("%1 cannot be written.").arg(options.file));
+    return true;
+}

@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBSelectionTool.h"
+
+#include <KMDocumentView.h>
+
+#include <QGraphicsItem>
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+/// Black dashes on white: visible on any photo, the same width at any zoom.
+class HBSelectionOutline : public QGraphicsItem
+{
+public:
+    HBSelectionOutline()
+    {
+        setAcceptedMouseButtons(Qt::NoButton);
+        setZValue(10);
+    }
+    void SetPath(const QPainterPath& path)
+    {
+        prepareGeometryChange();
+        m_Path = path;
+    }
+    QRectF boundingRect() const override { return m_Path.boundingRect(); }
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) override
+    {
+        QPen pen(Qt::white, 1);
+        pen.setCosmetic(true);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(pen);
+        painter->drawPath(m_Path);
+        pen.setColor(Qt::black);
+        pen.setDashPattern({4, 4});
+        painter->setPen(pen);
+        painter->drawPath(m_Path);
+    }
+
+private:
+    QPainterPath m_Path;
+};
+
+HBSelectionTool::HBSelectionTool(KMDocumentView* view, QObject* parent)
+    : QObject(parent)
+    , m_pView(view)
+    , m_pOutline(new HBSelectionOutline)
+{
+    m_pView->scene()->addItem(m_pOutline);
+    m_pView->scene()->installEventFilter(this);
+}
+
+HBSelectionTool::~HBSelectionTool() = default;
+
+QSize HBSelectionTool::PhotoSize() const
+{
+    return {m_pView->Picture().Width(), m_pView->Picture().Height()};
+}
+
+void HBSelectionTool::SetTool(HBSelectionShape::Kind kind)
+{
+    m_Tool = kind;
+    m_pView->SetToolCursor(kind == HBSelectionShape::Kind::None ? QCursor() : QCursor(Qt::CrossCursor));
+}
+
+void HBSelectionTool::SetFeather(int feather)
+{
+    m_Feather = std::max(0, feather);
+    if (m_Shape.IsNone() || m_Shape.feather == m_Feather)
+        return;
+    HBSelectionShape shape = m_Shape;
+    shape.feather = m_Feather;
+    SetShape(shape);
+}
+
+void HBSelectionTool::SetShape(const HBSelectionShape& shape)
+{
+    const bool wasNone = m_Shape.IsNone();
+    m_Shape = shape;
+    ShowOutline();
+    if (!wasNone || !shape.IsNone())
+        emit Changed();
+}
+
+HBSelection HBSelectionTool::Selection() const
+{
+    return m_Shape.Rasterize(PhotoSize());
+}
+
+void HBSelectionTool::SelectAll()
+{
+    if (!PhotoSize().isEmpty())
+        SetShape({HBSelectionShape::Kind::Rectangle, QRect(QPoint(0, 0), PhotoSize()), 0, false});
+}
+
+void HBSelectionTool::Invert()
+{
+    if (m_Shape.IsNone()) {
+        SelectAll();
+        return;
+    }
+    HBSelectionShape shape = m_Shape;
+    shape.inverted = !shape.inverted;
+    const bool all = shape.kind == HBSelectionShape::Kind::Rectangle && shape.feather == 0 &&
+                     shape.rect.contains(QRect(QPoint(0, 0), PhotoSize()));
+    SetShape(all && shape.inverted ? HBSelectionShape() : shape);
+}
+
+void HBSelectionTool::ShowOutline()
+{
+    m_pOutline->SetPath(m_Shape.Outline(PhotoSize()));
+    m_pView->viewport()->update(); // the line's width is not part of the item
+}
+
+// ---- Mouse ----
+
+/// Not where a panel picks, nor on something that can be dragged itself.
+bool HBSelectionTool::MayStart(const QPointF& scenePosition) const
+{
+    if (m_Tool == HBSelectionShape::Kind::None || PhotoSize().isEmpty() || m_pView->HasOverrideCursor())
+        return false;
+    const QList<QGraphicsItem*> items = m_pView->scene()->items(scenePosition);
+    return std::none_of(items.begin(), items.end(), [](const QGraphicsItem* item) {
+        return item->isVisible() && (item->acceptedMouseButtons() & Qt::LeftButton);
+    });
+}
+
+bool HBSelectionTool::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* mouse = static_cast<QGraphicsSceneMouseEvent*>(event);
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseDoubleClick:
+        if (mouse->button() != Qt::LeftButton || !MayStart(mouse->scenePos()))
+            break;
+        m_Dragging = true;
+        m_DragFrom = mouse->scenePos();
+        m_Before = m_Shape;
+        event->accept();
+        return true;
+    case QEvent::GraphicsSceneMouseMove:
+        if (!m_Dragging)
+            break;
+        Drag(mouse->scenePos(), mouse->modifiers() & Qt::ShiftModifier);
+        return true;
+    case QEvent::GraphicsSceneMouseRelease:
+        if (!m_Dragging || mouse->button() != Qt::LeftButton)
+            break;
+        Drag(mouse->scenePos(), mouse->modifiers() & Qt::ShiftModifier);
+        EndDrag();
+        return true;
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape || (!m_Dragging && m_Shape.IsNone()))
+            break;
+        if (m_Dragging) {
+            m_Dragging = false;
+            m_Shape = m_Before;
+            ShowOutline();
+        } else {
+            SelectNothing();
+        }
+        return true;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void HBSelectionTool::Drag(const QPointF& to, bool square)
+{
+    QPointF span = to - m_DragFrom;
+    if (square) {
+        const double side = std::max(std::abs(span.x()), std::abs(span.y()));
+        span = QPointF(std::copysign(side, span.x()), std::copysign(side, span.y()));
+    }
+    const QRectF area = QRectF(m_DragFrom, m_DragFrom + span).normalized();
+    const QRect pixels(QPoint(qRound(area.left()), qRound(area.top())),
+                       QPoint(qRound(area.right()) - 1, qRound(area.bottom()) - 1));
+    // Tested before it is cut: QRect turns an empty rectangle round.
+    if (pixels.isEmpty()) {
+        m_Shape = HBSelectionShape();
+    } else {
+        // A rectangle ends at the photo's edge; an ellipse cut off there would be another ellipse.
+        const bool cut = m_Tool == HBSelectionShape::Kind::Rectangle;
+        const QRect rect = cut ? pixels & QRect(QPoint(0, 0), PhotoSize()) : pixels;
+        m_Shape = rect.isEmpty() ? HBSelectionShape() : HBSelectionShape{m_Tool, rect, m_Feather, false};
+    }
+    ShowOutline();
+}
+
+void HBSelectionTool::EndDrag()
+{
+    m_Dragging = false;
+    const HBSelectionShape drawn = m_Shape;
+    m_Shape = m_Before;
+    const QRect frame(QPoint(0, 0), PhotoSize());
+    SetShape(!drawn.IsNone() && drawn.rect.intersects(frame) ? drawn : HBSelectionShape());
+}

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBSelectionShape.h"
+
+#include <QObject>
+
+class HBSelectionOutline;
+class KMDocumentView;
+
+/// Draws selections with the mouse: drag for a rectangle or an ellipse, with Shift a square or a circle; a click
+/// selects nothing; Escape gives a drag up, else the selection. It leaves the mouse to a panel that picks colours.
+class HBSelectionTool : public QObject
+{
+    Q_OBJECT
+public:
+    explicit HBSelectionTool(KMDocumentView* view, QObject* parent = nullptr);
+    ~HBSelectionTool() override;
+
+    /// Kind::None: the mouse does not select.
+    void SetTool(HBSelectionShape::Kind kind);
+    HBSelectionShape::Kind Tool() const { return m_Tool; }
+    /// Pixels, for the present selection and later ones.
+    void SetFeather(int feather);
+
+    const HBSelectionShape& Shape() const { return m_Shape; }
+    void SetShape(const HBSelectionShape& shape);
+    /// For the panels. Throws std::bad_alloc.
+    HBSelection Selection() const;
+
+public slots:
+    void SelectAll();
+    void SelectNothing() { SetShape({}); }
+    /// Nothing becomes everything, everything nothing.
+    void Invert();
+
+signals:
+    void Changed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QSize PhotoSize() const;
+    bool MayStart(const QPointF& scenePosition) const;
+    void Drag(const QPointF& to, bool square);
+    void EndDrag();
+    void ShowOutline();
+
+    KMDocumentView* m_pView;
+    HBSelectionOutline* m_pOutline;
+    HBSelectionShape::Kind m_Tool = HBSelectionShape::Kind::None;
+    int m_Feather = 0;
+    HBSelectionShape m_Shape;
+    HBSelectionShape m_Before; ///< the selection before the drag
+    QPointF m_DragFrom;
+    bool m_Dragging = false;
+};

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBAppearance.h"
+#include "HBEditorWindow.h"
+#include "HBScreenshot.h"
+
+#include <HBMdiArea.h>
+#include <KMApplication.h>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStringList>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace
+{
+
+struct Options
+{
+    QString photo;
+    bool dark = false;
+    HBScreenshotOptions screenshot;
+};
+
+void Describe(QCommandLineParser& parser)
+{
+    auto tr = [](const char* text) { return QCoreApplication::translate("main", text); };
+    parser.setApplicationDescription(tr("Adjusts photos with the adjustment panels."));
+    parser.addPositionalArgument("photo", tr("The photo to open."), "[PHOTO]");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({
+        {"dark", tr("Use dark window colours.")},
+        {"screenshot", tr("Write a picture of the window to FILE (PNG) and quit."), "FILE"},
+        {"panel", tr("For --screenshot: the panel to open, by its class name."), "CLASS"},
+        {"values", tr("For --screenshot: the recipe whose step gives the panel its values."), "RECIPE"},
+        {"size", tr("For --screenshot: the size of the window, 1200x800 by default."), "WxH"},
+    });
+}
+
+/// "1200x800"; not valid if it is something else.
+QSize ParseSize(const QString& text)
+{
+    const QStringList numbers = text.split('x');
+    const QSize size(numbers.value(0).toInt(), numbers.value(1).toInt());
+    const bool sane = numbers.size() == 2 && size.width() >= 100 && size.height() >= 100 &&
+                      size.width() <= 10000 && size.height() <= 10000;
+    return sane ? size : QSize();
+}
+
+bool Parse(const QStringList& arguments, Options* options)
+{
+    QCommandLineParser parser;
+    Describe(parser);
+    parser.process(arguments); // ends the program at --help, --version and what it does not know
+    options->photo = parser.positionalArguments().value(0);
+    options->dark = parser.isSet("dark");
+    options->screenshot.file = parser.value("screenshot");
+    options->screenshot.panel = parser.value("panel");
+    options->screenshot.recipe = parser.value("values");
+    if (parser.isSet("size"))
+        options->screenshot.size = ParseSize(parser.value("size"));
+    if (parser.positionalArguments().size() <= 1 && options->screenshot.size.isValid())
+        return true;
+    std::fprintf(stderr, "%s\n", qPrintable(parser.helpText()));
+    return false;
+}
+
+void Name()
+{
+    QCoreApplication::setOrganizationName("AdjustmentPanels");
+    QCoreApplication::setApplicationName("panel-editor");
+    QCoreApplication::setApplicationVersion(PANEL_EDITOR_VERSION);
+}
+
+/// --help and --version need no screen.
+void AnswerWithoutScreen(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const QStringList wanted = {"--help", "-h", "--version", "-v"};
+    for (const QString& argument : wanted) {
+        if (arguments.contains(argument)) {
+            const QCoreApplication application(argc, argv);
+            Options ignored;
+            Parse({arguments.first(), argument}, &ignored);
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    Name();
+    AnswerWithoutScreen(argc, argv);
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    Options options;
+    if (!Parse(application.arguments(), &options))
+        return 2;
+
+    KMApplication::SetTileMemory(0);
+    const bool screenshot = !options.screenshot.file.isEmpty();
+    HBUseDarkColours(options.dark);
+    HBEditorWindow window(!screenshot);
+    HBMdiArea::SetMainWindow(&window);
+    if (screenshot) {
+        if (!options.photo.isEmpty())
+            window.Open(options.photo);
+        return HBTakeScreenshot(&window, options.screenshot) ? 0 : 1;
+    }
+    window.show();
+    if (!options.photo.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.Open(options.photo); });
+    return QApplication::exec();
+}

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTileMips.h"
+
+#include <HBParallel.h>
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <new>
+
+namespace
+{
+
+constexpr int TileSize = 128;
+// Shrunken tiles out of sight are given up beyond this.
+constexpr qint64 MaximumBytes = 96 << 20;
+
+int Side(int level)
+{
+    return TileSize >> level;
+}
+
+/// Pixels of the levels from `first` up to, not including, `end`.
+int PixelsOfLevels(int first, int end)
+{
+    int pixels = 0;
+    for (int level = first; level < end; ++level)
+        pixels += Side(level) * Side(level);
+    return pixels;
+}
+
+QRgb Mean(QRgb a, QRgb b, QRgb c, QRgb d)
+{
+    constexpr QRgb Mask = 0x00ff00ff;
+    const QRgb even = (a & Mask) + (b & Mask) + (c & Mask) + (d & Mask) + 0x00020002;
+    const QRgb odd = (a >> 8 & Mask) + (b >> 8 & Mask) + (c >> 8 & Mask) + (d >> 8 & Mask) + 0x00020002;
+    return (even >> 2 & Mask) | (odd << 6 & ~Mask);
+}
+
+/// `to` may be `from`: what is written has been read before.
+void Halve(const QRgb* from, int side, QRgb* to)
+{
+    const int half = side / 2;
+    for (int y = 0; y < half; ++y) {
+        const QRgb* upper = from + 2 * y * side;
+        const QRgb* lower = upper + side;
+        for (int x = 0; x < half; ++x)
+            *to++ = Mean(upper[2 * x], upper[2 * x + 1], lower[2 * x], lower[2 * x + 1]);
+    }
+}
+
+/// Copies the valid pixels of a tile and repeats the last column and row over the padding, so that the padding does
+/// not show in the averages. Returns whether all are opaque.
+bool CopyPadded(const QRgb* tile, const QSize& valid, QRgb* to)
+{
+    QRgb all = 0xff000000;
+    for (int y = 0; y < TileSize; ++y) {
+        const QRgb* row = tile + std::min(y, valid.height() - 1) * TileSize;
+        QRgb* out = to + y * TileSize;
+        std::memcpy(out, row, std::size_t(valid.width()) * sizeof(QRgb));
+        std::fill(out + valid.width(), out + TileSize, row[valid.width() - 1]);
+        for (int x = 0; x < TileSize; ++x)
+            all &= out[x];
+    }
+    return all >= 0xff000000;
+}
+
+} // namespace
+
+void HBTileMips::SetImage(const HBImage<>& image)
+{
+    const bool sameSize =
+        !image.IsEmpty() && image.Width() == m_Image.Width() && image.Height() == m_Image.Height();
+    if (!sameSize) {
+        m_Entries.clear();
+        m_Entries.resize(image.IsEmpty() ? 0 : std::size_t(image.Tiles().size()));
+    } else {
+        for (std::size_t i = 0; i < m_Entries.size(); ++i) {
+            if (image.Tile(int(i)) != m_Image.Tile(int(i)))
+                m_Entries[i].stale = true;
+        }
+    }
+    m_Image = image;
+}
+
+bool HBTileMips::Prepare(const QRect& tiles, int level, int milliseconds)
+{
+    std::vector<int> missing;
+    for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
+        for (int column = tiles.left(); column <= tiles.right(); ++column) {
+            const int index = row * m_Image.Columns() + column;
+            const Entry& entry = m_Entries[std::size_t(index)];
+            if (entry.stale || entry.level == 0 || entry.level > level)
+                missing.push_back(index);
+        }
+    }
+    if (missing.empty())
+        return true;
+
+    QElapsedTimer time;
+    time.start();
+    const int count = int(missing.size());
+    std::atomic<int> next{0};
+    std::atomic<int> made{0};
+    HBRunLanes(HBLaneCount(count), [&] {
+        do {
+            const int i = next.fetch_add(1);
+            if (i >= count)
+                return;
+            Make(missing[std::size_t(i)], level);
+            ++made;
+        } while (time.elapsed() < milliseconds);
+    });
+    m_Made += made;
+    Trim(tiles);
+    return made == count;
+}
+
+/// On any thread, for different tiles at once.
+void HBTileMips::Make(int index, int level)
+{
+    Entry& entry = m_Entries[std::size_t(index)];
+    QRgb buffer[TileSize * TileSize];
+    try {
+        const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
+        const auto* tile = reinterpret_cast<const QRgb*>(pin.Pixels());
+        entry.opaque = CopyPadded(tile, m_Image.TileRect(index).size(), buffer);
+    } catch (const std::bad_alloc&) {
+        std::fill(std::begin(buffer), std::end(buffer), 0); // a tile that cannot be read shows as a hole
+        entry.opaque = false;
+    }
+    if (!entry.opaque)
+        std::transform(std::begin(buffer), std::end(buffer), std::begin(buffer),
+                       [](QRgb pixel) { return qPremultiply(pixel); });
+
+    for (int l = 1; l < level; ++l)
+        Halve(buffer, Side(l - 1), buffer);
+    if (!entry.pixels || entry.level != level)
+        entry.pixels.reset(new QRgb[std::size_t(PixelsOfLevels(level, LastLevel + 1))]);
+    QRgb* to = entry.pixels.get();
+    const QRgb* from = buffer;
+    for (int l = level; l <= LastLevel; ++l) {
+        Halve(from, Side(l - 1), to);
+        from = to;
+        to += Side(l) * Side(l);
+    }
+    entry.level = level;
+    entry.stale = false;
+}
+
+QImage HBTileMips::Assemble(const QRect& tiles, int level) const
+{
+    const int side = Side(level);
+    QImage image(tiles.width() * side, tiles.height() * side, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    bool opaque = true;
+    for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
+        for (int column = tiles.left(); column <= tiles.right(); ++column) {
+            const Entry& entry = m_Entries[std::size_t(row * m_Image.Columns() + column)];
+            const bool made = entry.level != 0 && entry.level <= level;
+            opaque = opaque && made && entry.opaque;
+            const QRgb* from = made ? entry.pixels.get() + PixelsOfLevels(entry.level, level) : nullptr;
+            for (int y = 0; y < side; ++y) {
+                auto* to = reinterpret_cast<QRgb*>(image.scanLine((row - tiles.top()) * side + y)) +
+                           (column - tiles.left()) * side;
+                if (made)
+                    std::copy(from + y * side, from + (y + 1) * side, to);
+                else
+                    std::fill(to, to + side, 0);
+            }
+        }
+    }
+    if (opaque)
+        image.reinterpretAsFormat(QImage::Format_RGB32);
+    return image;
+}
+
+void HBTileMips::Trim(const QRect& wanted)
+{
+    qint64 bytes = 0;
+    for (const Entry& entry : m_Entries) {
+        if (entry.level != 0)
+            bytes += PixelsOfLevels(entry.level, LastLevel + 1) * qint64(sizeof(QRgb));
+    }
+    if (bytes <= MaximumBytes)
+        return;
+    for (std::size_t i = 0; i < m_Entries.size(); ++i) {
+        if (!wanted.contains(int(i) % m_Image.Columns(), int(i) / m_Image.Columns()))
+            m_Entries[i] = Entry();
+    }
+}

@@ -1,0 +1,368 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBFailingDevice.h"
+#include "HBLogCapture.h"
+#include "HBRecordCases.h"
+#include "HBSignalRecorder.h"
+#include "HBTestImages.h"
+#include "HBTestMain.h"
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QRegularExpression>
+
+namespace
+{
+
+/// The tags of all records, also of those that another version of the library wrote.
+const QByteArray AllTags[] = {
+    "KMBrightnessContrast 1.00000",
+    "KMHueSaturation 1.00000",
+    "KMColorBalance 1.00000",
+    "KMLevels 1.00000",
+    "KMCurves 1.00000",
+    "KMSign 1.00000",
+    "KMWatermark 1.00000",
+    "KMReplaceColor 1.00000",
+    "KMTint 1.00000",
+    "KMPhotoFilter 1.00000",
+    "KMColorizeFilter 1.00000",
+    "KMBlackAndWhite 1.00000",
+    "KMDesaturate 1.00000",
+    "KMThreshold 1.00000",
+    "KMColorEnhancer 1.00000",
+    "KMTemperature 1.00000",
+    "KMWhiteBalance 1.00000",
+    "KMFillColor 1.00000",
+};
+
+/// The checks that every record passes, written once for all panels.
+template <class Panel>
+struct Checks
+{
+    using Case = RecordCase<Panel>;
+    using Params = typename Panel::Params;
+
+    static QByteArray Fields() { return QByteArray::fromHex(Case::fields); }
+    static QByteArray Stored() { return Case::tag + Fields(); }
+    static int TagSize() { return int(qstrlen(Case::tag)); }
+
+    static QByteArray Bytes(const Params& params)
+    {
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream.setVersion(QDataStream::Qt_5_15);
+        params.Write(stream);
+        return bytes;
+    }
+    /// What the operator leaves of a record when the tag is wrong.
+    static Params AfterForeignTag() { return Case::defaultsAfterFailedRead ? Params() : Case::Sample(); }
+
+    /// Exactly one line since the last call, in the form that log readers know.
+    static void VerifyLogged(HBLogCapture& log, const char* message, int fixedLine)
+    {
+        const QVector<HBLogCapture::Line> lines = log.Take();
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines[0].context.isEmpty() || lines[0].context == "default", qPrintable(lines[0].context));
+        const QString number = fixedLine > 0 ? QString::number(fixedLine) : QString("[1-9]\\d*");
+        const QString source = QRegularExpression::escape(QString(Case::source).replace('\\', "\\\\"));
+        const QRegularExpression form(
+            QString("^\"Build date=[A-Z][a-z]{2} [ 1-3]\\d 20\\d\\d, time=\\d\\d:\\d\\d:\\d\\d\\. Line=%1, "
+                    "file=\\\\\"%2\\\\\"\\. %3\"$")
+                .arg(number, source, QRegularExpression::escape(message)));
+        QVERIFY2(form.match(lines[0].text).hasMatch(), qPrintable(lines[0].text));
+    }
+
+    static void RoundTrip()
+    {
+        HBLogCapture log;
+        QByteArray bytes;
+        QDataStream writer(&bytes, QIODevice::WriteOnly);
+        writer.setVersion(QDataStream::Qt_5_15);
+        writer << Case::Sample() << Params() << Case::Sample();
+        QCOMPARE(bytes.left(Stored().size()).toHex(' '), Stored().toHex(' '));
+
+        QDataStream reader(bytes);
+        reader.setVersion(QDataStream::Qt_5_15);
+        Params first, second = Case::Sample(), third;
+        reader >> first >> second >> third;
+        QCOMPARE(reader.status(), QDataStream::Ok);
+        QVERIFY(reader.atEnd());
+        QCOMPARE(Bytes(first), Stored());
+        QCOMPARE(Bytes(second), Bytes(Params()));
+        QCOMPARE(Bytes(third), Stored());
+        QVERIFY(log.Take().isEmpty());
+    }
+
+    static void CallersFormat()
+    {
+        QByteArray bytes;
+        QDataStream writer(&bytes, QIODevice::WriteOnly);
+        writer.setVersion(QDataStream::Qt_5_0);
+        writer.setByteOrder(QDataStream::LittleEndian);
+        QVERIFY(Case::Sample().Write(writer));
+        QDataStream reader(bytes);
+        reader.setVersion(QDataStream::Qt_5_0);
+        reader.setByteOrder(QDataStream::LittleEndian);
+        Params params;
+        QVERIFY(params.Read(reader));
+        QCOMPARE(Bytes(params), Stored());
+        for (const QDataStream* stream : {&writer, &reader}) {
+            QCOMPARE(stream->version(), int(QDataStream::Qt_5_0));
+            QCOMPARE(stream->byteOrder(), QDataStream::LittleEndian);
+        }
+    }
+
+    /// Reads `bytes`, by the operator and by Read(), and expects a failure.
+    static void FailToRead(const std::function<void(QDataStream&)>& attach, QDataStream::Status status,
+                           bool recordKept, int consumed)
+    {
+        HBLogCapture log;
+        for (const bool byOperator : {true, false}) {
+            QDataStream stream;
+            attach(stream);
+            stream.setVersion(QDataStream::Qt_5_15);
+            Params params = Case::Sample();
+            if (byOperator) {
+                QCOMPARE(&(stream >> params), &stream);
+                VerifyLogged(log, Case::readMessage, Case::readLine);
+            } else {
+                QVERIFY(!params.Read(stream));
+                QVERIFY(log.Take().isEmpty());
+            }
+            if (QTest::currentTestFailed())
+                return;
+            if (status == QDataStream::Ok)
+                QCOMPARE(stream.status(), status);
+            else
+                QVERIFY(stream.status() != QDataStream::Ok);
+            if (recordKept)
+                QCOMPARE(Bytes(params), Bytes(byOperator ? AfterForeignTag() : Case::Sample()));
+            if (consumed >= 0)
+                QCOMPARE(int(stream.device()->pos()), consumed);
+        }
+    }
+
+    static void Truncation()
+    {
+        for (int size = 0; size < Stored().size(); ++size) {
+            QBuffer buffer;
+            buffer.setData(Stored().left(size));
+            const bool inTag = size < TagSize();
+            auto attach = [&](QDataStream& stream) {
+                buffer.close();
+                buffer.open(QIODevice::ReadOnly);
+                stream.setDevice(&buffer);
+            };
+            FailToRead(attach, inTag ? QDataStream::Ok : QDataStream::ReadPastEnd, inTag, size);
+            if (QTest::currentTestFailed())
+                return qWarning("with %d bytes", size);
+        }
+    }
+
+    static void ForeignTag()
+    {
+        QVector<QByteArray> heads;
+        for (const QByteArray& tag : AllTags) {
+            if (tag != Case::tag && tag != Case::otherTag)
+                heads += tag;
+        }
+        QCOMPARE(heads.size(), int(std::size(AllTags)) - (Case::otherTag ? 2 : 1));
+        for (int i = 0; i < TagSize(); ++i) {
+            heads += Case::tag;
+            heads.last()[i] = heads.last().at(i) ^ 1;
+        }
+        heads += QByteArray(TagSize(), '\0');
+        heads += QByteArray(Case::tag).replace(' ', '\0');
+        for (const QByteArray& head : heads) {
+            QBuffer buffer;
+            buffer.setData(head + Fields() + Fields() + QByteArray(32, '\1'));
+            auto attach = [&](QDataStream& stream) {
+                buffer.close();
+                buffer.open(QIODevice::ReadOnly);
+                stream.setDevice(&buffer);
+            };
+            FailToRead(attach, QDataStream::Ok, true, TagSize());
+            if (QTest::currentTestFailed())
+                return qWarning("with the tag %s", head.constData());
+        }
+    }
+
+    static void FailingDevice()
+    {
+        HBLogCapture log;
+        for (int limit = 0; limit < Stored().size(); ++limit) {
+            HBFailingDevice source(limit, Stored());
+            QDataStream reader(&source);
+            reader.setVersion(QDataStream::Qt_5_15);
+            Params params = Case::Sample();
+            reader >> params;
+            VerifyLogged(log, Case::readMessage, Case::readLine);
+            QCOMPARE(reader.status() == QDataStream::Ok, limit < TagSize());
+
+            HBFailingDevice target(limit);
+            QDataStream writer(&target);
+            writer.setVersion(QDataStream::Qt_5_15);
+            QCOMPARE(&(writer << Case::Sample()), &writer);
+            VerifyLogged(log, Case::writeMessage, Case::writeLine);
+            QCOMPARE(target.Bytes(), Stored().left(limit));
+            if (QTest::currentTestFailed())
+                return qWarning("at byte %d", limit);
+        }
+        HBFailingDevice target(Stored().size());
+        QDataStream writer(&target);
+        writer.setVersion(QDataStream::Qt_5_15);
+        QVERIFY(Case::Sample().Write(writer));
+    }
+
+    static void NoDevice()
+    {
+        FailToRead([](QDataStream&) {}, QDataStream::Ok, true, -1);
+        HBLogCapture log;
+        QDataStream stream;
+        QVERIFY(!Case::Sample().Write(stream));
+        stream << Case::Sample();
+        VerifyLogged(log, Case::writeMessage, Case::writeLine);
+    }
+
+    static void BrokenStream()
+    {
+        HBLogCapture log;
+        for (const auto status :
+             {QDataStream::ReadPastEnd, QDataStream::ReadCorruptData, QDataStream::WriteFailed}) {
+            QByteArray bytes;
+            QDataStream writer(&bytes, QIODevice::WriteOnly);
+            writer.setStatus(status);
+            writer << Case::Sample();
+            VerifyLogged(log, Case::writeMessage, Case::writeLine);
+            QVERIFY(bytes.isEmpty());
+            QCOMPARE(writer.status(), status);
+
+            QDataStream reader(Stored());
+            reader.setStatus(status);
+            Params params;
+            QVERIFY(!params.Read(reader));
+            QCOMPARE(reader.status(), status);
+        }
+    }
+
+    /// Fields of any content: a record is kept as it was read, and whoever consumes its values guards them.
+    static void HostileFields()
+    {
+        const HBImage<> photo = HBTestRamp(20, 20);
+        for (const char* pattern : {"00", "01", "7f", "80", "ff", "7fffffff", "80000000", "0fffffff"}) {
+            const QByteArray unit = QByteArray::fromHex(pattern);
+            for (const int kept : {0, 4, 8, Fields().size() / 2}) {
+                QByteArray fields = Fields().left(kept);
+                while (fields.size() < Fields().size() + 64)
+                    fields += unit;
+                HBLogCapture log;
+                QDataStream reader(Case::tag + fields);
+                reader.setVersion(QDataStream::Qt_5_15);
+                Params params;
+                if (!params.Read(reader))
+                    continue;
+                Panel panel(true, nullptr, {});
+                HBSignalRecorder recorder(&panel);
+                panel.SetValue(params);
+                QVERIFY(recorder.Lines().isEmpty());
+                if (Case::keepsAnyRecord)
+                    QCOMPARE(Bytes(panel.GetValue()), Bytes(params));
+                panel.SetImage(photo, {}, {}, {});
+                HBSettle();
+                QCOMPARE(recorder.Count("ImageReady"), Case::hasJob ? 1 : 0);
+                QVERIFY(log.Take().isEmpty());
+            }
+        }
+    }
+
+    static void InThePanel()
+    {
+        for (const bool dialog : {true, false}) {
+            Panel panel(dialog, nullptr, {});
+            QCOMPARE(Bytes(panel.GetValue()), Bytes(Params()));
+            HBSignalRecorder recorder(&panel);
+            panel.SetImage(HBTestRamp(20, 20), {}, {}, {});
+            HBSettle();
+            recorder.Take();
+
+            // Loading is silent and starts nothing, not even later.
+            panel.SetValue(Case::Sample());
+            QCOMPARE(Bytes(panel.GetValue()), Stored());
+            QCOMPARE(recorder.Take(), QStringList());
+            QVERIFY(HBIsIdle(panel));
+
+            // Resetting takes the user's road.
+            for (const int changes : {Case::resetsFromSample, Case::resetsFromDefaults}) {
+                panel.OnReset();
+                QStringList expected;
+                for (int i = 0; i < changes; ++i)
+                    expected += {"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"};
+                QCOMPARE(recorder.Take(), expected);
+                QCOMPARE(Bytes(panel.GetValue()), Bytes(Params()));
+                QCOMPARE(HBIsIdle(panel), changes == 0 || !dialog);
+                if (!HBIsIdle(panel)) {
+                    QVERIFY(recorder.WaitFor("ProgressValueChanged(100)") || !Case::hasJob);
+                    QVERIFY(QTest::qWaitFor([&] { return HBIsIdle(panel); }));
+                    recorder.Take();
+                }
+            }
+        }
+    }
+};
+
+struct Check
+{
+    const char* panel;
+    const char* name;
+    void (*run)();
+};
+
+template <class... Panels>
+QVector<Check> AllChecks(PanelList<Panels...>)
+{
+    QVector<Check> all;
+    auto add = [&](auto checks, const char* panel) {
+        using C = decltype(checks);
+        all += {{panel, "round trip", &C::RoundTrip},
+                {panel, "caller's format", &C::CallersFormat},
+                {panel, "truncation", &C::Truncation},
+                {panel, "foreign tag", &C::ForeignTag},
+                {panel, "failing device", &C::FailingDevice},
+                {panel, "no device", &C::NoDevice},
+                {panel, "broken stream", &C::BrokenStream},
+                {panel, "hostile fields", &C::HostileFields},
+                {panel, "panel", &C::InThePanel}};
+    };
+    (add(Checks<Panels>(), Panels::staticMetaObject.className()), ...);
+    return all;
+}
+
+} // namespace
+
+class tst_HBParamStream : public QObject
+{
+    Q_OBJECT
+private slots:
+    void record_data();
+    void record();
+
+private:
+    const QVector<Check> m_Checks = AllChecks(RecordPanels());
+};
+
+void tst_HBParamStream::record_data()
+{
+    QTest::addColumn<int>("check");
+    for (int i = 0; i < m_Checks.size(); ++i)
+        QTest::addRow("%s, %s", m_Checks[i].panel, m_Checks[i].name) << i;
+}
+
+void tst_HBParamStream::record()
+{
+    QFETCH(int, check);
+    m_Checks[check].run();
+}
+
+HB_TEST_MAIN(tst_HBParamStream)
+#include "tst_HBParamStream.moc"

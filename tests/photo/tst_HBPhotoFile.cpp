@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBPhotoFile.h>
+
+#include <QImageWriter>
+#include <QtConcurrent>
+
+#include <csignal>
+#include <memory>
+#include <numeric>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Smooth, so that lossy formats keep it nearly; no symmetry, so that a turned picture shows.
+QImage Gradient(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgb(255 * x / width, 255 * y / height, 128));
+    }
+    return image;
+}
+
+QByteArray BytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool WriteBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// A PNG that claims a size and holds nothing.
+QByteArray EmptyPng(const char* size)
+{
+    static const char end[] = "\0\0\0\0IEND\xae\x42\x60\x82";
+    return QByteArray("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16) + QByteArray::fromHex(size) + QByteArray(end, 12);
+}
+
+} // namespace
+
+class tst_HBPhotoFile : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { m_pFolder = std::make_unique<QTemporaryDir>(); }
+    void cleanup() { m_pFolder.reset(); }
+
+    void Pixels_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QImage::Format>("format");
+        QTest::newRow("png") << "a.png" << QImage::Format_RGB32;
+        QTest::newRow("png with alpha") << "a.png" << QImage::Format_ARGB32;
+        QTest::newRow("png palette") << "a.png" << QImage::Format_Indexed8;
+        QTest::newRow("png grey") << "a.png" << QImage::Format_Grayscale8;
+        QTest::newRow("png one bit") << "a.png" << QImage::Format_Mono;
+        QTest::newRow("png 16 bit") << "a.png" << QImage::Format_RGBA64;
+        QTest::newRow("png 16 bit grey") << "a.png" << QImage::Format_Grayscale16;
+        QTest::newRow("tiff") << "a.tif" << QImage::Format_RGB32;
+        QTest::newRow("tiff with alpha") << "a.TIFF" << QImage::Format_ARGB32;
+        QTest::newRow("webp with alpha") << "a.webp" << QImage::Format_ARGB32;
+        QTest::newRow("bmp") << "a.bmp" << QImage::Format_RGB32;
+        QTest::newRow("wrong suffix") << "a.png.jpg" << QImage::Format_ARGB32;
+    }
+    /// What Qt wrote is read with the same pixels, and so is what we write from it.
+    void Pixels()
+    {
+        QFETCH(QString, name);
+        QFETCH(QImage::Format, format);
+        QImage source = Gradient(61, 37).convertToFormat(QImage::Format_ARGB32);
+        if (QImage::toPixelFormat(format).alphaUsage() == QPixelFormat::UsesAlpha) {
+            for (int x = 0; x < 61; ++x)
+                source.setPixel(x, 5, qRgba(200, 100, 50, 4 * x));
+        }
+        source = source.convertToFormat(format);
+        const QString path = Path(name);
+        QImageWriter writer(path, name.contains("png") ? "png" : QFileInfo(name).suffix().toLower().toLatin1());
+        writer.setQuality(100);
+        QVERIFY(writer.write(source));
+
+        HBPhoto photo;
+        QString error;
+        QVERIFY2(HBReadPhoto(path, &photo, &error), qPrintable(error));
+        // Qt's TIFF reader premultiplies, and libwebp forgets colours that nobody sees.
+        const QImage::Format compared =
+            photo.format == "png" ? QImage::Format_ARGB32 : QImage::Format_ARGB32_Premultiplied;
+        QCOMPARE(photo.image.ToQImage().convertToFormat(compared),
+                 source.convertToFormat(QImage::Format_ARGB32).convertToFormat(compared));
+        QCOMPARE(photo.warnings, QStringList());
+        if (name == "a.png.jpg") {
+            QCOMPARE(photo.format, QByteArray("png"));
+            return;
+        }
+        HBPhoto again;
+        QVERIFY2(HBWritePhoto(Path("b-" + name), photo.image, {100}, &error), qPrintable(error));
+        QVERIFY2(HBReadPhoto(Path("b-" + name), &again, &error), qPrintable(error));
+        QCOMPARE(again.image.ToQImage().convertToFormat(compared),
+                 photo.image.ToQImage().convertToFormat(compared));
+    }
+
+    void JpegIsPutOnWhite()
+    {
+        QImage source(64, 64, QImage::Format_ARGB32);
+        source.fill(qRgba(255, 0, 0, 0));
+        QString error;
+        HBPhoto photo;
+        QVERIFY(HBWritePhoto(Path("a.jpg"), HBImage<>::FromQImage(source), {}, &error));
+        QVERIFY(HBReadPhoto(Path("a.jpg"), &photo, &error));
+        QCOMPARE(photo.image.PixelAt(30, 30), HBRGBA32i(255, 255, 255));
+    }
+
+    void QualityAndResolution()
+    {
+        HBImage<> image = HBImage<>::FromQImage(Gradient(300, 200));
+        image.SetHostValue(0, 11800);
+        image.SetHostValue(1, 11800);
+        QString error;
+        QVERIFY(HBWritePhoto(Path("low.jpg"), image, {20}, &error));
+        QVERIFY(HBWritePhoto(Path("high.jpg"), image, {100}, &error));
+        QVERIFY(QFileInfo(Path("low.jpg")).size() < QFileInfo(Path("high.jpg")).size());
+        for (const char* name : {"a.jpg", "a.png", "a.tif"}) {
+            HBPhoto photo;
+            QVERIFY(HBWritePhoto(Path(name), image, {}, &error));
+            QVERIFY(HBReadPhoto(Path(name), &photo, &error));
+            QVERIFY2(qAbs(photo.image.HostValue(0) - 11800) < 20, name);
+        }
+        // Quality is none of PNG's business: it stays compressed.
+        QVERIFY(QFileInfo(Path("a.png")).size() < 300 * 200);
+    }
+
+    void CutShort_data()
+    {
+        QTest::addColumn<QString>("suffix");
+        for (const char* suffix : {"jpg", "png", "tif", "webp", "bmp"})
+            QTest::newRow(suffix) << suffix;
+    }
+    void CutShort()
+    {
+        QFETCH(QString, suffix);
+        QString error;
+        const QString path = Path("whole." + suffix);
+        HBImage<> image = HBImage<>::FromQImage(Gradient(67, 45));
+        image.AddElement(new KMEXIFElement{"Exif.Image.Make", 2, QByteArray("Maker", 6)});
+        QVERIFY(HBWritePhoto(path, image, {}, &error));
+        const QByteArray whole = BytesOf(path);
+        HBPhoto photo;
+        QVERIFY2(HBReadPhoto(path, &photo, &error), qPrintable(error));
+        QVERIFY(WriteBytes(path, whole + "trailing data"));
+        QVERIFY2(HBReadPhoto(path, &photo, &error), qPrintable(error));
+
+        const int step = whole.size() < 3000 ? 1 : 37;
+        for (int size = whole.size() - 1; size >= 0; size -= size < 200 ? 1 : step) {
+            QVERIFY(WriteBytes(path, whole.left(size)));
+            photo.format = "untouched";
+            error.clear();
+            if (HBReadPhoto(path, &photo, &error)) {
+                // Only a tag or a pad byte at the very end may be missing, if all pixels are there.
+                QVERIFY2(suffix == "tif", qPrintable(QString::number(size)));
+                QCOMPARE(photo.image.ToQImage(), image.ToQImage());
+                continue;
+            }
+            QVERIFY2(error.startsWith(path + ": "), qPrintable(error));
+            QCOMPARE(photo.format, QByteArray("untouched"));
+        }
+    }
+
+    /// Qt reads GIF but does not write it.
+    void CutGif()
+    {
+        const QByteArray whole =
+            QByteArray::fromHex("47494638396101000100800000000000ffffff2c00000000010001000002024401003b");
+        HBPhoto photo;
+        QString error;
+        QVERIFY(WriteBytes(Path("a.gif"), whole));
+        QVERIFY2(HBReadPhoto(Path("a.gif"), &photo, &error), qPrintable(error));
+        QCOMPARE(photo.format, QByteArray("gif"));
+        for (int size = 0; size < whole.size(); ++size) {
+            QVERIFY(WriteBytes(Path("a.gif"), whole.left(size)));
+            QVERIFY2(!HBReadPhoto(Path("a.gif"), &photo, &error), qPrintable(QString::number(size)));
+        }
+    }
+
+    void NotAPhoto_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("missing") << "none.jpg" << QByteArray();
+        QTest::newRow("folder") << "." << QByteArray();
+        QTest::newRow("device") << "/dev/zero" << QByteArray();
+        QTest::newRow("empty name") << "" << QByteArray();
+        QTest::newRow("text") << "a.jpg" << QByteArray("This is not a photo.\n");
+        QTest::newRow("drawing") << "a.png"
+                                 << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+        QTest::newRow("zeros") << "a.jpg" << QByteArray(5000, '\0');
+        QTest::newRow("all bits") << "a.tif" << QByteArray(5000, '\xff');
+        QTest::newRow("only a start") << "a.jpg" << QByteArray("\xff\xd8\xff\xe0");
+        QTest::newRow("start and end") << "a.jpg" << QByteArray("\xff\xd8\xff\xd9");
+        QTest::newRow("too large") << "a.png" << EmptyPng("000f4240000f424008060000005c6d387d");
+        QTest::newRow("empty tiff") << "a.tif" << QByteArray("II*\0\x08\0\0\0\0\0", 10);
+        QTest::newRow("endless tiff") << "a.tif" << QByteArray("MM\0*\xff\xff\xff\xff", 8);
+    }
+    void NotAPhoto()
+    {
+        QFETCH(QString, path);
+        QFETCH(QByteArray, bytes);
+        if (!path.isEmpty() && !path.startsWith('/'))
+            path = Path(path);
+        if (!bytes.isEmpty())
+            QVERIFY(WriteBytes(path, bytes));
+        HBPhoto photo;
+        QString error;
+        QVERIFY(!HBReadPhoto(path, &photo, &error));
+        QVERIFY2(error.startsWith(path + ": ") && error.size() > path.size() + 10, qPrintable(error));
+        QVERIFY(photo.image.IsEmpty());
+    }
+
+    void EmptyFile()
+    {
+        QVERIFY(WriteBytes(Path("a.jpg"), {}));
+        HBPhoto photo;
+        QString error;
+        QVERIFY(!HBReadPhoto(Path("a.jpg"), &photo, &error));
+        QCOMPARE(error, Path("a.jpg") + ": the file is empty");
+    }
+
+    void CannotBeWritten_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("no suffix") << "a" << QSize(8, 8);
+        QTest::newRow("unknown suffix") << "a.xyz" << QSize(8, 8);
+        QTest::newRow("no such folder") << "none/a.jpg" << QSize(8, 8);
+        QTest::newRow("a file as folder") << "file/a.jpg" << QSize(8, 8);
+        QTest::newRow("a folder in its place") << "folder.jpg" << QSize(8, 8);
+        QTest::newRow("no pixels") << "a.jpg" << QSize(0, 0);
+        QTest::newRow("too wide") << "a.webp" << QSize(16384, 1);
+    }
+    void CannotBeWritten()
+    {
+        QFETCH(QString, name);
+        QFETCH(QSize, size);
+        QVERIFY(WriteBytes(Path("file"), "file"));
+        QVERIFY(QDir(m_pFolder->path()).mkdir("folder.jpg"));
+        const QStringList before = Files();
+        QString error;
+        QVERIFY(!HBWritePhoto(Path(name), HBImage<>(size.width(), size.height()), {}, &error));
+        QVERIFY2(error.startsWith(Path(name) + ": "), qPrintable(error));
+        QCOMPARE(Files(), before);
+    }
+
+    void ReadOnlyFolder()
+    {
+        if (geteuid() == 0)
+            QSKIP("root writes anywhere");
+        QVERIFY(QFile::setPermissions(m_pFolder->path(), QFile::ReadOwner | QFile::ExeOwner));
+        QString error;
+        QVERIFY(!HBWritePhoto(Path("a.jpg"), HBImage<>(8, 8), {}, &error));
+        QVERIFY2(error.startsWith(Path("a.jpg") + ": "), qPrintable(error));
+        QVERIFY(QFile::setPermissions(m_pFolder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+
+    /// A limit on the size of files stands for the full disk: the write fails in the same place.
+    void FullDiskKeepsTheOldFile()
+    {
+        QVERIFY(WriteBytes(Path("a.tif"), "old"));
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before;
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit small = before;
+        small.rlim_cur = 20000;
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        QString error;
+        const bool written = HBWritePhoto(Path("a.tif"), HBImage<>::FromQImage(Gradient(200, 200)), {}, &error);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+        QVERIFY(!written);
+        QVERIFY2(error.startsWith(Path("a.tif") + ": "), qPrintable(error));
+        QCOMPARE(BytesOf(Path("a.tif")), QByteArray("old"));
+        QCOMPARE(Files(), QStringList("a.tif"));
+    }
+
+    void ManyThreads()
+    {
+        HBImage<> image = HBImage<>::FromQImage(Gradient(130, 130));
+        const QByteArray xmp = "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF "
+                               "xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "
+                               "xmlns:xmp='http://ns.adobe.com/xap/1.0/' xmp:Rating='4'/></rdf:RDF></x:xmpmeta>";
+        image.AddElement(new KMEXIFElement{"Xmp", 7, xmp});
+        QVector<int> numbers(40);
+        std::iota(numbers.begin(), numbers.end(), 0);
+        QAtomicInt good = 0;
+        QtConcurrent::blockingMap(numbers, [&](int number) {
+            const QString path = Path(QString("%1.%2").arg(number).arg(number & 1 ? "jpg" : "png"));
+            QString error;
+            HBPhoto photo;
+            if (HBWritePhoto(path, HBImage<>(image), {}, &error) && HBReadPhoto(path, &photo, &error) &&
+                photo.image.Elements().size() == 1)
+                ++good;
+        });
+        QCOMPARE(int(good), numbers.size());
+    }
+
+private:
+    QString Path(const QString& name) const { return m_pFolder->filePath(name); }
+    QStringList Files() const
+    {
+        return QDir(m_pFolder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_pFolder;
+};
+
+HB_TEST_MAIN(tst_HBPhotoFile)
+#include "tst_HBPhotoFile.moc"

@@ -1,0 +1,406 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestMain.h"
+
+#include <HBPhotoFile.h>
+
+#include <QColorSpace>
+
+#include <exiv2/exiv2.hpp>
+
+#include <functional>
+#include <memory>
+
+namespace
+{
+
+constexpr QSize pictureSize(96, 64);
+
+QRgb ColourAt(int x, int y)
+{
+    return qRgb(2 * x, 3 * y, 100);
+}
+
+/// Where the file has the upright pixel (x, y) if it says this orientation. From the definition, by row and column 0:
+/// 1 top left, 2 top right, 3 bottom right, 4 bottom left, 5 left top, 6 right top, 7 right bottom, 8 left bottom.
+QPoint InFile(int orientation, int x, int y)
+{
+    const int right = pictureSize.width() - 1 - x;
+    const int bottom = pictureSize.height() - 1 - y;
+    const QPoint places[] = {{x, y}, {right, y}, {right, bottom}, {x, bottom},
+                             {y, x}, {y, right}, {bottom, right}, {bottom, x}};
+    return places[orientation - 1];
+}
+
+QImage Picture(int orientation)
+{
+    QImage image(orientation < 5 ? pictureSize : pictureSize.transposed(), QImage::Format_RGB32);
+    for (int y = 0; y < pictureSize.height(); ++y) {
+        for (int x = 0; x < pictureSize.width(); ++x)
+            image.setPixel(InFile(orientation, x, y), ColourAt(x, y));
+    }
+    return image;
+}
+
+/// Changes a file's metadata.
+void Tag(const QString& path, const std::function<void(Exiv2::Image&)>& change)
+{
+    const auto image = Exiv2::ImageFactory::open(path.toStdString());
+    image->readMetadata();
+    change(*image);
+    image->writeMetadata();
+}
+
+/// A profile of this colour model, filled up to a size that takes several segments of a JPEG.
+QByteArray Profile(const char* model, int size = 150000)
+{
+    QByteArray icc = QColorSpace(QColorSpace::SRgb).iccProfile();
+    for (int i = icc.size(); i < size; ++i)
+        icc.append(char(i * 31));
+    for (int i = 0; i < 4; ++i)
+        icc[i] = char(icc.size() >> (24 - 8 * i));
+    return icc.replace(16, 4, model, 4);
+}
+
+/// A grey profile: white point D50, gamma 2.2 (ICC.1:2022).
+QByteArray GreyProfile()
+{
+    QByteArray icc = Profile("GRAY", 0).left(128) + QByteArray::fromHex("00000002"
+                                                                        "77747074"
+                                                                        "0000009c"
+                                                                        "00000014"
+                                                                        "6b545243"
+                                                                        "000000b0"
+                                                                        "00000010"
+                                                                        "58595a20"
+                                                                        "00000000"
+                                                                        "0000f6d6"
+                                                                        "00010000"
+                                                                        "0000d32d"
+                                                                        "63757276"
+                                                                        "00000000"
+                                                                        "00000001"
+                                                                        "02330000");
+    icc[2] = 0;
+    icc[3] = char(icc.size());
+    return icc;
+}
+
+void SetProfile(Exiv2::Image& image, const QByteArray& icc)
+{
+    Exiv2::DataBuf buffer(reinterpret_cast<const Exiv2::byte*>(icc.constData()), icc.size());
+    image.setIccProfile(buffer);
+}
+
+void TagFully(Exiv2::Image& image)
+{
+    Exiv2::ExifData& exif = image.exifData();
+    exif["Exif.Image.Make"] = "Maker";
+    exif["Exif.Image.Orientation"] = std::uint16_t(6);
+    exif["Exif.Image.XResolution"] = Exiv2::Rational(300, 1);
+    exif["Exif.Image.ResolutionUnit"] = std::uint16_t(2);
+    exif["Exif.Photo.ExposureTime"] = Exiv2::Rational(1, 250);
+    exif["Exif.Photo.PixelXDimension"] = std::uint32_t(64);
+    exif["Exif.Photo.PixelYDimension"] = std::uint32_t(96);
+    exif["Exif.Photo.UserComment"] = "charset=Unicode Grüße";
+    exif["Exif.GPSInfo.GPSLatitude"] = "48/1 8/1 1234/100";
+    exif["Exif.Thumbnail.ImageWidth"] = std::uint16_t(16);
+    Exiv2::XmpData& xmp = image.xmpData();
+    xmp["Xmp.dc.title"] = "lang=x-default Grüße";
+    xmp["Xmp.tiff.Orientation"] = "6";
+    image.iptcData()["Iptc.Application2.Headline"] = "Headline";
+    SetProfile(image, Profile("RGB "));
+}
+
+QString Text(const Exiv2::Image& image, const char* key)
+{
+    const std::string name(key);
+    try {
+        if (name.rfind("Exif", 0) == 0) {
+            const auto datum = image.exifData().findKey(Exiv2::ExifKey(name));
+            return datum == image.exifData().end() ? QString() : QString::fromStdString(datum->toString());
+        }
+        if (name.rfind("Xmp", 0) == 0) {
+            const auto datum = image.xmpData().findKey(Exiv2::XmpKey(name));
+            return datum == image.xmpData().end() ? QString() : QString::fromStdString(datum->toString());
+        }
+        const auto datum = image.iptcData().findKey(Exiv2::IptcKey(name));
+        return datum == image.iptcData().end() ? QString() : QString::fromStdString(datum->toString());
+    } catch (const Exiv2::Error& error) {
+        return error.what();
+    }
+}
+
+} // namespace
+
+class tst_HBPhotoMetadata : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { m_pFolder = std::make_unique<QTemporaryDir>(); }
+    void cleanup() { m_pFolder.reset(); }
+
+    void Orientation_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("orientation");
+        for (const char* suffix : {"jpg", "png", "tif", "webp"}) {
+            for (int orientation = 1; orientation <= 8; ++orientation)
+                QTest::addRow("%s %d", suffix, orientation) << QString("a.%1").arg(suffix) << orientation;
+        }
+    }
+    /// Applied when read, gone when written, whatever the format.
+    void Orientation()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, orientation);
+        QVERIFY(Picture(orientation).save(Path(name), nullptr, 100));
+        Tag(Path(name),
+            [=](auto& image) { image.exifData()["Exif.Image.Orientation"] = std::uint16_t(orientation); });
+        HBPhoto photo;
+        QString error;
+        QVERIFY2(HBReadPhoto(Path(name), &photo, &error), qPrintable(error));
+        CompareUpright(photo.image);
+        QVERIFY2(HBWritePhoto(Path("b-" + name), photo.image, {100}, &error), qPrintable(error));
+        QVERIFY2(HBReadPhoto(Path("b-" + name), &photo, &error), qPrintable(error));
+        CompareUpright(photo.image);
+    }
+
+    void OrientationOutOfRange()
+    {
+        for (int orientation : {0, 9, 65535}) {
+            QVERIFY(Picture(1).save(Path("a.png")));
+            Tag(Path("a.png"),
+                [=](auto& image) { image.exifData()["Exif.Image.Orientation"] = std::uint16_t(orientation); });
+            HBPhoto photo;
+            QString error;
+            QVERIFY(HBReadPhoto(Path("a.png"), &photo, &error));
+            CompareUpright(photo.image);
+        }
+    }
+
+    void RoundTrip_data()
+    {
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("second");
+        for (const char* first : {"jpg", "png", "tif", "webp"}) {
+            for (const char* second : {"jpg", "png", "tif", "webp"})
+                QTest::addRow("%s to %s", first, second)
+                    << QString("b.%1").arg(first) << QString("c.%1").arg(second);
+        }
+    }
+    /// From a tagged photo to one format, and from that to another.
+    void RoundTrip()
+    {
+        QFETCH(QString, first);
+        QFETCH(QString, second);
+        QVERIFY(Picture(6).save(Path("a.jpg"), nullptr, 100));
+        Tag(Path("a.jpg"), TagFully);
+        HBPhoto photo;
+        QString error;
+        QStringList warnings;
+        QVERIFY2(HBReadPhoto(Path("a.jpg"), &photo, &error), qPrintable(error));
+        QCOMPARE(photo.image.Profile().Icc(), Profile("RGB "));
+        QCOMPARE(photo.image.HostValue(0), 11811);
+        QVERIFY2(HBWritePhoto(Path(first), photo.image, {100}, &error), qPrintable(error));
+        QVERIFY2(HBReadPhoto(Path(first), &photo, &error), qPrintable(error));
+        QCOMPARE(photo.warnings, QStringList());
+        QCOMPARE(photo.image.Profile().Icc(), Profile("RGB "));
+        QVERIFY2(HBWritePhoto(Path(second), photo.image, {100}, &error, &warnings), qPrintable(error));
+
+        const bool hasIptc = !first.endsWith("webp");
+        const bool keepsIptc = hasIptc && !second.endsWith("webp");
+        QCOMPARE(warnings, hasIptc && !keepsIptc ? QStringList("IPTC metadata cannot be stored in this format")
+                                                 : QStringList());
+        HBPhoto again;
+        QVERIFY2(HBReadPhoto(Path(second), &again, &error), qPrintable(error));
+        CompareUpright(again.image);
+        QCOMPARE(again.image.Profile().Icc(), Profile("RGB "));
+
+        const auto written = Exiv2::ImageFactory::open(Path(second).toStdString());
+        written->readMetadata();
+        const std::pair<const char*, const char*> expected[] = {
+            {"Exif.Image.Make", "Maker"},         {"Exif.Image.Orientation", "1"},
+            {"Exif.Photo.ExposureTime", "1/250"}, {"Exif.Photo.PixelXDimension", "96"},
+            {"Exif.Photo.PixelYDimension", "64"}, {"Exif.GPSInfo.GPSLatitude", "48/1 8/1 1234/100"},
+            {"Exif.Thumbnail.ImageWidth", ""},    {"Xmp.dc.title", "lang=\"x-default\" Grüße"},
+            {"Xmp.tiff.Orientation", "1"},        {"Iptc.Application2.Headline", keepsIptc ? "Headline" : ""},
+        };
+        for (const auto& [key, text] : expected)
+            QCOMPARE(QString(key) + " = " + Text(*written, key), QString(key) + " = " + text);
+        const auto comment = written->exifData().findKey(Exiv2::ExifKey("Exif.Photo.UserComment"));
+        QVERIFY(comment != written->exifData().end());
+        const auto* value = dynamic_cast<const Exiv2::CommentValue*>(&comment->value());
+        QVERIFY(value);
+        QCOMPARE(QString::fromStdString(value->comment()), QString("Grüße"));
+    }
+
+    /// As others read it: every format with one profile, lossless WebP with and without alpha too.
+    void ProfileIsThereOnce_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("mark");
+        QTest::addColumn<int>("quality");
+        QTest::addColumn<int>("alpha");
+        QTest::newRow("jpg") << "a.jpg" << QByteArray("ICC_PROFILE") << 90 << 255;
+        QTest::newRow("png") << "a.png" << QByteArray("iCCP") << 90 << 100;
+        QTest::newRow("tif") << "a.tif" << QByteArray() << 90 << 255;
+        QTest::newRow("webp") << "a.webp" << QByteArray("ICCP") << 90 << 255;
+        QTest::newRow("webp alpha") << "a.webp" << QByteArray("ICCP") << 90 << 100;
+        QTest::newRow("webp lossless") << "a.webp" << QByteArray("ICCP") << 100 << 255;
+        QTest::newRow("webp lossless alpha") << "a.webp" << QByteArray("ICCP") << 100 << 100;
+    }
+    void ProfileIsThereOnce()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, mark);
+        QFETCH(int, quality);
+        QFETCH(int, alpha);
+        const QByteArray icc = Profile("RGB ", 0);
+        HBImage<> image = HBImage<>::FromQImage(Picture(1));
+        image.SetPixel(40, 40, HBRGBA32i(80, 120, 100, std::uint8_t(alpha)));
+        image.SetProfile(KMCMSProfile(icc));
+        QString error;
+        QVERIFY2(HBWritePhoto(Path(name), image, {quality}, &error), qPrintable(error));
+        QFile file(Path(name));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        if (!mark.isEmpty())
+            QCOMPARE(file.readAll().count(mark), 1);
+        const QImage read(Path(name));
+        QCOMPARE(read.colorSpace(), QColorSpace(QColorSpace::SRgb));
+        QCOMPARE(read.colorSpace().iccProfile(), icc);
+        QCOMPARE(qAlpha(read.pixel(40, 40)), alpha);
+    }
+
+    void GreyPictures()
+    {
+        QImage grey(40, 30, QImage::Format_Grayscale8);
+        grey.fill(90);
+        QString error;
+        QStringList warnings;
+        HBImage<> image = HBImage<>::FromQImage(grey);
+        image.SetProfile(KMCMSProfile(GreyProfile()));
+        for (const char* name : {"a.jpg", "a.png", "a.tif"}) {
+            HBPhoto photo;
+            QVERIFY2(HBWritePhoto(Path(name), image, {100}, &error, &warnings), qPrintable(error));
+            QVERIFY2(HBReadPhoto(Path(name), &photo, &error), qPrintable(error));
+            QCOMPARE(QImage(Path(name)).format(), QImage::Format_Grayscale8);
+            QVERIFY(photo.image.Profile() == image.Profile());
+        }
+        QCOMPARE(warnings, QStringList());
+        image.SetPixel(3, 3, {200, 0, 0});
+        QVERIFY(HBWritePhoto(Path("a.png"), image, {}, &error, &warnings));
+        QCOMPARE(warnings.size(), 1);
+        HBPhoto photo;
+        QVERIFY(HBReadPhoto(Path("a.png"), &photo, &error));
+        QVERIFY(photo.image.Profile().IsEmpty());
+    }
+
+    void ProfileThatDoesNotFit()
+    {
+        QVERIFY(Picture(1).save(Path("a.jpg")));
+        Tag(Path("a.jpg"), [](auto& image) { SetProfile(image, Profile("CMYK", 600)); });
+        HBPhoto photo;
+        QString error;
+        QVERIFY(HBReadPhoto(Path("a.jpg"), &photo, &error));
+        QCOMPARE(photo.warnings.size(), 1);
+        QVERIFY(photo.image.Profile().IsEmpty());
+    }
+
+    /// The picture is what counts: metadata that a format cannot take is told, not fatal.
+    void WhatCannotBeStored_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("key");
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<QString>("kind");
+        const QByteArray xmp = "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF "
+                               "xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "
+                               "xmlns:xmp='http://ns.adobe.com/xap/1.0/' xmp:Label='%'/></rdf:RDF></x:xmpmeta>";
+        QTest::newRow("no place") << "a.bmp" << QByteArray("Exif.Image.Make") << QByteArray("M") << "EXIF";
+        QTest::newRow("xmp too long") << "a.jpg" << QByteArray("Xmp")
+                                      << QByteArray(xmp).replace("%", QByteArray(70000, 'x')) << "XMP";
+        QTest::newRow("xmp no xml, too long") << "a.jpg" << QByteArray("Xmp") << QByteArray(70000, '<') << "XMP";
+        QTest::newRow("iptc broken") << "a.jpg" << QByteArray("Iptc") << QByteArray("\x1c\x02\x69\xff\xff x")
+                                     << "IPTC";
+        QTest::newRow("no such tag") << "a.png" << QByteArray("Exif.Nonsense.Tag") << QByteArray("x") << "EXIF";
+        QTest::newRow("no key") << "a.png" << QByteArray() << QByteArray("x") << "EXIF";
+    }
+    void WhatCannotBeStored()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, key);
+        QFETCH(QByteArray, value);
+        QFETCH(QString, kind);
+        HBImage<> image = HBImage<>::FromQImage(Picture(1));
+        image.AddElement(new KMEXIFElement{key, 2, value});
+        image.SetProfile(KMCMSProfile(Profile("RGB ", 600)));
+        QString error;
+        QStringList warnings;
+        QVERIFY2(HBWritePhoto(Path(name), image, {100}, &error, &warnings), qPrintable(error));
+        QVERIFY2(warnings.join('\n').contains(kind), qPrintable(warnings.join('\n')));
+        HBPhoto photo;
+        QVERIFY(HBReadPhoto(Path(name), &photo, &error));
+        CompareUpright(photo.image);
+        QCOMPARE(photo.image.Profile().IsEmpty(), name == "a.bmp");
+    }
+
+    /// Metadata cut or overwritten at every place never costs the picture, nor the program.
+    void BrokenTags()
+    {
+        QVERIFY(Picture(1).save(Path("a.png")));
+        Tag(Path("a.png"), [](auto& image) { TagFully(image); });
+        QVERIFY(Picture(1).save(Path("a.jpg")));
+        Tag(Path("a.jpg"), [](auto& image) {
+            TagFully(image);
+            image.clearIccProfile();
+        });
+        QFile file(Path("a.jpg"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll();
+        // Inside the segments: broken lengths make the pixels unreadable.
+        const int exif = whole.indexOf(QByteArray("Exif\0", 5));
+        const int xmp = whole.indexOf("http://ns.adobe.com/xap/1.0/");
+        const int iptc = whole.indexOf("Photoshop 3.0");
+        QVERIFY(exif > 0 && exif < xmp && xmp < iptc);
+        for (int position = exif + 6; position < iptc + 30; ++position) {
+            if (position == xmp - 4)
+                position = xmp;
+            if (position == iptc - 4)
+                position = iptc;
+            QByteArray broken = whole;
+            broken[position] = char(~broken[position]);
+            QFile copy(Path("b.jpg"));
+            QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(broken) == broken.size());
+            copy.close();
+            HBPhoto photo;
+            QString error;
+            if (HBReadPhoto(Path("b.jpg"), &photo, &error))
+                QVERIFY(HBWritePhoto(Path("c.jpg"), photo.image, {}, &error));
+        }
+    }
+
+private:
+    QString Path(const QString& name) const { return m_pFolder->filePath(name); }
+
+    /// Within what JPEG loses.
+    void CompareUpright(const HBImage<>& image)
+    {
+        QCOMPARE(QSize(image.Width(), image.Height()), pictureSize);
+        for (int y = 0; y < pictureSize.height(); y += 5) {
+            for (int x = 0; x < pictureSize.width(); x += 5) {
+                const QRgb found = image.PixelAt(x, y).ToRgba();
+                const QRgb expected = ColourAt(x, y);
+                const int difference =
+                    qMax(qAbs(qRed(found) - qRed(expected)), qAbs(qGreen(found) - qGreen(expected)));
+                if (difference > 8)
+                    QCOMPARE(QColor(found), QColor(expected));
+            }
+        }
+    }
+
+    std::unique_ptr<QTemporaryDir> m_pFolder;
+};
+
+HB_TEST_MAIN(tst_HBPhotoMetadata)
+#include "tst_HBPhotoMetadata.moc"

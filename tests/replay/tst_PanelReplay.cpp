@@ -1,0 +1,272 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTestImages.h"
+#include "HBTestMain.h"
+
+#include <HBPanelCatalog.h>
+#include <HBPhotoFile.h>
+#include <HBRecipe.h>
+
+#include <QProcess>
+
+#include <cmath>
+#include <csignal>
+#include <memory>
+
+namespace
+{
+
+constexpr char brightnessRecipe[] = SAMPLE_RECIPES "/HBBrightnessContrastWidget.json";
+
+struct Outcome
+{
+    int code = -1;
+    QString out;
+    QString err;
+};
+
+/// Without a display or a locale, as under cron.
+Outcome Replay(const QStringList& arguments, const QString& folder)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANG", "LC_ALL"})
+        environment.remove(name);
+    // A sanitizer's list of what it left out is no message of the program's.
+    environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(PANEL_REPLAY, arguments);
+    process.waitForFinished();
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+}
+
+QByteArray BytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool WriteBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+} // namespace
+
+class tst_PanelReplay : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init()
+    {
+        m_pFolder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir(m_pFolder->path()).mkdir("sub"));
+        for (const char* name : {"a.png", "b.png", "sub/a.png"})
+            QVERIFY(HBTestRamp(150, 140).ToQImage().save(Path(name)));
+    }
+    void cleanup() { m_pFolder.reset(); }
+
+    void Lists()
+    {
+        const Outcome outcome = Replay({"list"}, m_pFolder->path());
+        QCOMPARE(outcome.code, 0);
+        QCOMPARE(outcome.err, QString());
+        const QStringList lines = outcome.out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), HBPanelCatalog().size());
+        QCOMPARE(
+            lines[0],
+            QString("HBBrightnessContrastWidget\tKMBrightnessContrast 1.00000\tTonal\tBrightness and Contrast"));
+    }
+
+    void HelpAndVersion()
+    {
+        const Outcome help = Replay({"--help"}, m_pFolder->path());
+        QCOMPARE(help.code, 0);
+        for (const char* word : {"apply RECIPE FILE", "--quality", "--overwrite", "Exit code"})
+            QVERIFY2(help.out.contains(word), word);
+        const Outcome version = Replay({"--version"}, m_pFolder->path());
+        QCOMPARE(version.code, 0);
+        QVERIFY(QRegularExpression("^panel-replay \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch());
+    }
+
+    void WrongUsage_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("nothing") << ""
+                                 << "--help";
+        QTest::newRow("unknown command") << "frobnicate"
+                                         << "--help";
+        QTest::newRow("list with more") << "list a"
+                                        << "--help";
+        QTest::newRow("no files") << "apply RECIPE -o out"
+                                  << "--help";
+        QTest::newRow("two sheets") << "sheet a.png b.png -o out"
+                                    << "--help";
+        QTest::newRow("unknown option") << "apply RECIPE a.png -o out --frob"
+                                        << "frob";
+        QTest::newRow("no folder") << "apply RECIPE a.png"
+                                   << "-o DIR";
+        QTest::newRow("folder is a file") << "apply RECIPE a.png -o b.png/x"
+                                          << "b.png/x";
+        QTest::newRow("quality text") << "apply RECIPE a.png -o out --quality best"
+                                      << "0 to 100";
+        QTest::newRow("quality 101") << "apply RECIPE a.png -o out --quality 101"
+                                     << "0 to 100";
+        QTest::newRow("format") << "apply RECIPE a.png -o out --format xyz"
+                                << "\"xyz\"";
+        QTest::newRow("no recipe") << "apply none.json a.png -o out"
+                                   << "none.json: ";
+        QTest::newRow("picture as recipe") << "apply a.png a.png -o out"
+                                           << "a.png: This is not JSON";
+        QTest::newRow("newer recipe") << "apply newer.json a.png -o out"
+                                      << "version 2";
+    }
+    void WrongUsage()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, message);
+        QVERIFY(WriteBytes(Path("newer.json"), BytesOf(brightnessRecipe).replace(": 1\n", ": 2\n")));
+        arguments.replace("RECIPE", brightnessRecipe);
+        const Outcome outcome = Replay(arguments.split(' ', Qt::SkipEmptyParts), m_pFolder->path());
+        QCOMPARE(outcome.code, 2);
+        QVERIFY2(outcome.err.startsWith("panel-replay: ") && outcome.err.contains(message),
+                 qPrintable(outcome.err));
+        QCOMPARE(outcome.out, QString());
+        QVERIFY(!QFile::exists(Path("out/a.png")));
+    }
+
+    /// Brightness 30, contrast 40 of the sample recipe, by the formula itself.
+    void WritesWhatTheFormulaSays()
+    {
+        const Outcome outcome = Replay({"apply", brightnessRecipe, "a.png", "-o", "out"}, m_pFolder->path());
+        QCOMPARE(outcome.code, 0);
+        QCOMPARE(outcome.err, QString("[1/1] a.png\n"));
+        const double slope = std::tan(M_PI / 4 * (1 + 40 / 128.0));
+        auto line = [=](int level) {
+            return std::uint8_t(qBound(0L, std::lround(127.5 + slope * (level - 127.5) + 30), 255L));
+        };
+        const HBImage<> source = HBTestRamp(150, 140);
+        const HBImage<> expected = HBPlainLoop(
+            source, [&](HBRGBA32i p) { return HBRGBA32i(line(p.red), line(p.green), line(p.blue), p.alpha); });
+        HBPhoto written;
+        QString error;
+        QVERIFY2(HBReadPhoto(Path("out/a.png"), &written, &error), qPrintable(error));
+        QCOMPARE(written.image.ToQImage(), expected.ToQImage());
+
+        HBRecipe recipe;
+        QVERIFY(HBRecipe::Load(brightnessRecipe, &recipe, &error));
+        QCOMPARE(written.image.ToQImage(), HBApplyRecipe(source, recipe, &error).ToQImage());
+    }
+
+    void BadFilesDoNotStopTheRest()
+    {
+        QVERIFY(WriteBytes(Path("cut.png"), BytesOf(Path("a.png")).left(500)));
+        QVERIFY(WriteBytes(Path("kind.xyz"), BytesOf(Path("a.png"))));
+        const Outcome outcome =
+            Replay({"apply", brightnessRecipe, "cut.png", "a.png", "none.png", "kind.xyz", "b.png", "-o", "out"},
+                   m_pFolder->path());
+        QCOMPARE(outcome.code, 1);
+        for (const char* message : {"panel-replay: cut.png: the file is cut short",
+                                    "panel-replay: none.png: ", "panel-replay: kind.xyz: ", "[5/5] "})
+            QVERIFY2(outcome.err.contains(message), qPrintable(outcome.err));
+        QCOMPARE(QDir(Path("out")).entryList(QDir::Files), QStringList({"a.png", "b.png"}));
+    }
+
+    void NothingIsOverwrittenUnasked()
+    {
+        const QByteArray original = BytesOf(Path("a.png"));
+        const Outcome own = Replay({"apply", brightnessRecipe, "a.png", "-o", "."}, m_pFolder->path());
+        QCOMPARE(own.code, 1);
+        QVERIFY2(own.err.contains("--overwrite"), qPrintable(own.err));
+        QCOMPARE(BytesOf(Path("a.png")), original);
+
+        // Two of the same name: the second is refused, also when files may be replaced.
+        const Outcome two = Replay({"apply", brightnessRecipe, "a.png", "sub/a.png", "-o", "out", "--overwrite"},
+                                   m_pFolder->path());
+        QCOMPARE(two.code, 1);
+        QVERIFY2(two.err.contains("sub/a.png: out/a.png is written from a.png already"), qPrintable(two.err));
+
+        const Outcome asked =
+            Replay({"apply", brightnessRecipe, "a.png", "-o", ".", "--overwrite"}, m_pFolder->path());
+        QCOMPARE(asked.code, 0);
+        QCOMPARE(BytesOf(Path("a.png")), BytesOf(Path("out/a.png")));
+        QVERIFY(BytesOf(Path("a.png")) != original);
+    }
+
+    void FormatAndNames()
+    {
+        const QStringList names = {"ä b.png", "-title.png", "no.suffix.but.dots.png", "plain"};
+        for (const QString& name : names)
+            QVERIFY(QFile::copy(Path("a.png"), Path(name)));
+        const Outcome outcome = Replay(
+            QStringList{"apply", "-o", "out", "--format", "JPG", "--quality", "50", "--", brightnessRecipe} +
+                names,
+            m_pFolder->path());
+        QVERIFY2(outcome.code == 0, qPrintable(outcome.err));
+        for (const char* name : {"ä b.jpg", "-title.jpg", "no.suffix.but.dots.jpg", "plain.jpg"}) {
+            HBPhoto photo;
+            QString error;
+            QVERIFY2(HBReadPhoto(Path("out/" + QString(name)), &photo, &error), qPrintable(error));
+            QCOMPARE(photo.format, QByteArray("jpeg"));
+        }
+    }
+
+    void EveryPanelHasItsDemonstration()
+    {
+        const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"}, m_pFolder->path());
+        QVERIFY2(outcome.code == 0, qPrintable(outcome.err)); // names the missing samples/recipes/<panel>.json
+        const QImage original(Path("a.png"));
+        for (const HBPanelEntry& panel : HBPanelCatalog()) {
+            const QImage shown(Path(QString("out/a-%1.png").arg(panel.className)));
+            QCOMPARE(shown.size(), original.size());
+            QVERIFY2(shown != original, panel.className);
+        }
+        QVERIFY(QImage(Path("out/a-contact-sheet.png")).width() > 320);
+        QCOMPARE(outcome.out.split('\n', Qt::SkipEmptyParts).size(), HBPanelCatalog().size() + 1);
+    }
+
+    /// Whole files or none, and an end that comes soon.
+    void Interrupted()
+    {
+        QStringList arguments = {"apply", brightnessRecipe, "-o", "out"};
+        QVERIFY(HBTestRamp(1200, 1200).ToQImage().save(Path("large.png")));
+        for (int i = 0; i < 60; ++i) {
+            arguments.append(QString("%1.png").arg(i));
+            QVERIFY(QFile::link(Path("large.png"), Path(arguments.last())));
+        }
+        QProcess process;
+        process.setWorkingDirectory(m_pFolder->path());
+        process.setReadChannel(QProcess::StandardError);
+        process.start(PANEL_REPLAY, arguments);
+        QByteArray err;
+        while (!err.contains("[1/60]") && process.waitForReadyRead())
+            err += process.readAllStandardError();
+        QVERIFY2(err.contains("[1/60]"), err.constData());
+        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(process.waitForFinished());
+        err += process.readAllStandardError();
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY2(err.contains("panel-replay: interrupted; "), err.constData());
+        const QStringList files =
+            QDir(Path("out")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        QVERIFY(!files.isEmpty() && files.size() < 60);
+        QVERIFY2(err.contains(QString("%1 of 60").arg(files.size()).toUtf8()), err.constData());
+        for (const QString& file : files) {
+            QString error;
+            HBPhoto photo;
+            QVERIFY2(HBReadPhoto(Path("out/" + file), &photo, &error), qPrintable(error));
+        }
+    }
+
+private:
+    QString Path(const QString& name) const { return m_pFolder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_pFolder;
+};
+
+HB_TEST_MAIN(tst_PanelReplay)
+#include "tst_PanelReplay.moc"

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <HBImage.h>
+
+#include <QVector>
+
+#include <functional>
+
+// Generated test pictures: every value is known, nothing is random.
+
+/// All channels vary, alpha included, differently along x and y, so that a displaced or repeated tile shows.
+HBImage<> HBTestRamp(int width, int height);
+
+/// Every colour whose channels are 0, step, 2 × step … and 255, opaque, in one square picture.
+HBImage<> HBTestColourCube(int step);
+
+/// A selection image: coverages 0..255, among them long runs of the extremes, in all four bytes.
+HBImage<> HBTestMask(int width, int height);
+/// The same coverage everywhere.
+HBImage<> HBTestMask(int width, int height, int coverage);
+
+/// Sizes around the 128 pixels of a tile, single pixels and strips.
+QVector<QSize> HBAwkwardSizes();
+
+/// What a job must return, computed pixel by pixel without tiles: `operation` on every pixel, weighted by the mask
+/// inside the bounds if these are valid.
+HBImage<> HBPlainLoop(const HBImage<>& source, const std::function<HBRGBA32i(HBRGBA32i)>& operation,
+                      const HBImage<>& mask = {}, const QPoint& offset = {}, const QRect& bounds = {});
