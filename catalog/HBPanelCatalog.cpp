@@ -3,6 +3,12 @@
 #include "HBPanelCatalog.h"
 
 #include <HBBrightnessContrastWidget.h>
+#include <HBCurvesWidget.h>
+#include <HBExposureWidget.h>
+#include <HBGammaCorrectionWidget.h>
+#include <HBLevelsWidget.h>
+#include <HBPosterizeWidget.h>
+#include <HBThresholdWidget.h>
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -11,6 +17,7 @@ namespace
 {
 
 constexpr char RecordKey[] = "record";
+constexpr char ValuesKey[] = "values";
 
 // A recipe fixes how its records are streamed, whatever Qt it is read with.
 constexpr QDataStream::Version RecordVersion = QDataStream::Qt_5_15;
@@ -76,6 +83,84 @@ bool RestoreRecord(HBAdjustmentWidget& panel, const QJsonObject& values, QString
     return true;
 }
 
+/// One plain value of a panel without a record: its key in recipes and its accessors.
+template <class Panel, class Number>
+struct Value
+{
+    const char* key;
+    Number (Panel::*get)() const;
+    void (Panel::*set)(Number);
+};
+
+template <class Panel>
+struct PlainValues;
+
+template <>
+struct PlainValues<HBGammaCorrectionWidget>
+{
+    static constexpr Value<HBGammaCorrectionWidget, double> all[] = {
+        {"gamma", &HBGammaCorrectionWidget::GetGamma, &HBGammaCorrectionWidget::SetGamma}};
+};
+
+template <>
+struct PlainValues<HBExposureWidget>
+{
+    static constexpr Value<HBExposureWidget, double> all[] = {
+        {"exposure", &HBExposureWidget::GetExposure, &HBExposureWidget::SetExposure},
+        {"offset", &HBExposureWidget::GetOffset, &HBExposureWidget::SetOffset}};
+};
+
+template <>
+struct PlainValues<HBPosterizeWidget>
+{
+    static constexpr Value<HBPosterizeWidget, int> all[] = {
+        {"levels", &HBPosterizeWidget::GetPosterize, &HBPosterizeWidget::SetPosterize}};
+};
+
+template <class Panel>
+QJsonObject SaveValues(const HBAdjustmentWidget& panel)
+{
+    QJsonObject values;
+    for (const auto& value : PlainValues<Panel>::all)
+        values.insert(QLatin1String(value.key), (static_cast<const Panel&>(panel).*value.get)());
+    return {{ValuesKey, values}};
+}
+
+template <class Panel>
+bool RestoreValues(HBAdjustmentWidget& panel, const QJsonObject& stored, QString* reason)
+{
+    const QJsonObject values = stored.value(QLatin1String(ValuesKey)).toObject();
+    for (const auto& value : PlainValues<Panel>::all) {
+        if (!values.value(QLatin1String(value.key)).isDouble()) {
+            *reason = Translated("it has no number \"%1\"").arg(QLatin1String(value.key));
+            return false;
+        }
+    }
+    for (const auto& value : PlainValues<Panel>::all) {
+        auto& target = static_cast<Panel&>(panel);
+        using Number = decltype((target.*value.get)());
+        // The panels clamp to their own ranges, which all lie far inside this one.
+        const auto number = Number(qBound(-1e9, values.value(QLatin1String(value.key)).toDouble(), 1e9));
+        // Some setters land on the step beside a negative value the first time, and stay on it the second.
+        for (int attempt = 0; attempt < 2 && (target.*value.get)() != number; ++attempt)
+            (target.*value.set)(number);
+    }
+    return true;
+}
+
+/// A panel without a record.
+template <class Panel>
+HBPanelEntry PlainRow(const char* group, const char* title)
+{
+    return {Panel::staticMetaObject.className(),
+            nullptr,
+            group,
+            title,
+            &Create<Panel>,
+            &SaveValues<Panel>,
+            &RestoreValues<Panel>};
+}
+
 /// A panel whose values are a stored record `Params`, which opens with the tag.
 template <class Panel>
 HBPanelEntry Row(const char* tag, const char* group, const char* title)
@@ -99,6 +184,12 @@ const QVector<HBPanelEntry>& HBPanelCatalog()
     static const QVector<HBPanelEntry> catalog = {
         Row<HBBrightnessContrastWidget>("KMBrightnessContrast 1.00000", Tonal,
                                         QT_TRANSLATE_NOOP("HBPanelCatalog", "Brightness and Contrast")),
+        PlainRow<HBExposureWidget>(Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Exposure")),
+        PlainRow<HBGammaCorrectionWidget>(Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Gamma")),
+        PlainRow<HBPosterizeWidget>(Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Posterize")),
+        Row<HBLevelsWidget>("KMLevels 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Levels")),
+        Row<HBCurvesWidget>("KMCurves 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Curves")),
+        Row<HBThresholdWidget>("KMThreshold 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Threshold")),
     };
     return catalog;
 }

@@ -110,19 +110,19 @@ bool RunPanel(HBAdjustmentWidget& panel, const HBImage<>& image, HBImage<>* resu
     QObject::connect(&panel, &HBAdjustmentWidget::ProgressValueChanged, &loop, [&](int value) {
         if (maximum > minimum)
             progress(double(value - minimum) / (maximum - minimum));
+        // The last value of a job is sent when it no longer runs; one that was obsolete is followed by another.
+        if (!panel.IsProcessing())
+            loop.quit();
     });
     panel.SetImage(image, {}, {}, {});
-
-    // A running job is a watcher below the panel. None after SetImage: the panel has no job. A new one after
-    // a job has finished: that one was obsolete and the panel has started over.
-    auto watcher = [&panel] { return panel.findChild<QFutureWatcherBase*>(); };
-    const bool hasJob = watcher() != nullptr;
-    while (const QFutureWatcherBase* running = watcher()) {
-        QObject::connect(running, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-        loop.exec();
+    if (!panel.IsProcessing()) { // a panel without a job
+        *result = image;
+        return true;
     }
-    *result = hasJob ? panel.AdjustedImage() : image;
-    return ready || !hasJob;
+    while (panel.IsProcessing())
+        loop.exec();
+    *result = panel.AdjustedImage();
+    return ready && !panel.HasJobFailed();
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include <QReadWriteLock>
 #include <QRect>
 
+#include <atomic>
 #include <exception>
 
 class HBAdjustmentProcessing;
@@ -32,7 +33,7 @@ class AdjustmentDialogBase;
 ///
 /// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct, SetValue
 /// (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may be destroyed
-/// at any time, also while a job runs or its progress dialog is open.
+/// at any time, also while a job runs or its progress dialog is open; from a slot of its own signals, by deleteLater().
 ///
 /// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete: it
 /// stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless cancelled.
@@ -54,6 +55,11 @@ public:
     HBImage<> SourceImage() const { return m_Source; }
     /// The latest result; empty before the first ImageReady().
     HBImage<> AdjustedImage() const { return m_Adjusted; }
+    /// Whether a job runs.
+    bool IsProcessing() const { return m_Processing; }
+    /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not adjusted then. A program
+    /// that stores results must ask.
+    bool HasJobFailed() const { return m_JobFailed; }
     /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
     /// still arrives, with ImageReady().
     void ClearData();
@@ -78,7 +84,7 @@ signals:
     void Cancel();
     /// AdjustedImage() is new.
     void ImageReady();
-    /// A wait has ended: 0 if the user cancelled it, else 1.
+    /// A wait has ended: 0 if the user cancelled it, else 1. Inside its slots the wait still counts as pending.
     void Finished(int result);
     void ProgressRangeChanged(int minimum, int maximum);
     void ProgressValueChanged(int value);
@@ -122,6 +128,8 @@ protected:
     void ConnectProgress(const HBAdjustmentProcessing& processing);
     /// Whether the result of the running job will be dropped: for a job to ask between its stages.
     bool IsJobObsolete();
+    /// For a job that had to give up; on its thread.
+    void SetJobFailed() { m_JobFailed = true; }
 
     /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
     /// of the panel, and in the base's destructor that panel is gone already.
@@ -130,6 +138,9 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    template <class Panel, class Data>
+    friend void HBStartJob(QFutureWatcher<HBImage<>>*, Panel*, HBImage<> (Panel::*)(Data), const Data&);
+
     virtual void Reset() = 0;
     /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a job of
     /// its own leaves the watcher alone.
@@ -161,6 +172,7 @@ private:
     QPoint m_SelectionOffset;
     bool m_Processing = false;
     bool m_NewData = false; ///< the running job is obsolete; a new one follows
+    std::atomic<bool> m_JobFailed{false};
     QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
     int m_ProgressTimer = -1;
     int m_DataChangedTimer = -1;

@@ -218,6 +218,7 @@ void HBAdjustmentWidget::StartProcessing()
         const QWriteLocker guard(&m_DataGuard);
         m_NewData = false;
     }
+    m_JobFailed = false;
     m_pWatcher = new QFutureWatcher<HBImage<>>(this);
     connect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
     connect(m_pWatcher, SIGNAL(finished()), this, SLOT(OnProcessingFinished()));

@@ -31,7 +31,9 @@ private:
 class HBMute
 {
 public:
-    HBMute(const HBConnectionSet& connections, QObject* receiver) : m_Connections(connections), m_pReceiver(receiver)
+    HBMute(const HBConnectionSet& connections, QObject* receiver)
+        : m_Connections(connections)
+        , m_pReceiver(receiver)
     {
         m_Connections.Disconnect(m_pReceiver);
     }

@@ -17,8 +17,8 @@
 namespace
 {
 
-constexpr int Top = 255;         ///< highest level, and the scene's size
-constexpr int Gap = 4;           ///< least distance of two points' inputs
+constexpr int Top = 255;          ///< highest level, and the scene's size
+constexpr int Gap = 4;            ///< least distance of two points' inputs
 constexpr double StrokeWidth = 4; ///< of the curve, as far as a click is concerned
 
 enum SliderHandle : uint { First, Last };
@@ -62,8 +62,9 @@ void HBCurvesWidget::MakeScene()
     view->fitInView(m_pScene->sceneRect(), Qt::IgnoreAspectRatio);
     view->setRenderHint(QPainter::Antialiasing);
     view->setAccessibleName(tr("Tone curve"));
-    view->setAccessibleDescription(tr("Page Up and Page Down select a point, Insert adds one, the arrow keys move it, "
-                                      "Delete removes it."));
+    view->setAccessibleDescription(
+        tr("Page Up and Page Down select a point, Insert adds one, the arrow keys move it, "
+           "Delete removes it."));
 
     auto* remove = new QAction(view);
     remove->setShortcut(Qt::Key_Delete);

@@ -18,7 +18,8 @@ constexpr double Scale = 10000.0;
 // ---- Construction ----
 
 HBExposureWidget::HBExposureWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
-    : HBAdjustmentWidget(dialog, parent, flags), m_pUI(std::make_unique<Ui::ExposureParamWidget>())
+    : HBAdjustmentWidget(dialog, parent, flags)
+    , m_pUI(std::make_unique<Ui::ExposureParamWidget>())
 {
     m_pUI->setupUi(GetUIContent());
     connect(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));

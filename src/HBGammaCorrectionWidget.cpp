@@ -18,7 +18,8 @@ constexpr double Scale = 100.0;
 // ---- Construction ----
 
 HBGammaCorrectionWidget::HBGammaCorrectionWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
-    : HBAdjustmentWidget(dialog, parent, flags), m_pUI(std::make_unique<Ui::GammaParamWidget>())
+    : HBAdjustmentWidget(dialog, parent, flags)
+    , m_pUI(std::make_unique<Ui::GammaParamWidget>())
 {
     m_pUI->setupUi(GetUIContent());
     connect(m_pUI->m_pGammaSpin, SIGNAL(valueChanged(double)), SLOT(OnGammaChanged(double)));

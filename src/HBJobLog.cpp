@@ -17,7 +17,8 @@ QString Text(const char* date, const char* time, const std::exception_ptr& excep
     try {
         std::rethrow_exception(exception);
     } catch (const std::exception& known) {
-        return QString("Build date=%1, time=%2. Unexpected exception: line=%3, file=\"%4\". Exception content:\"%5\"")
+        return QString(
+                   "Build date=%1, time=%2. Unexpected exception: line=%3, file=\"%4\". Exception content:\"%5\"")
             .arg(QLatin1String(date))
             .arg(QLatin1String(time))
             .arg(Line)

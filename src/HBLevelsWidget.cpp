@@ -212,7 +212,8 @@ void HBLevelsWidget::OnInputChanged(uint control, int value)
     else if (control == White)
         m_pUI->m_pHighInput->setValue(value);
     else if (control == Gamma)
-        m_pUI->m_pMiddleInput->setValue(ToneValue(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), value));
+        m_pUI->m_pMiddleInput->setValue(
+            ToneValue(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), value));
 }
 
 void HBLevelsWidget::OnLowInputChanged(int value)

@@ -27,6 +27,7 @@ void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Pan
         try {
             return (panel->*process)(job);
         } catch (...) {
+            static_cast<HBAdjustmentWidget*>(panel)->SetJobFailed();
             return job.source;
         }
     }));
@@ -39,6 +40,8 @@ HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Tran
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
     ConnectProgress(processing);
     const HBImage<> result = processing.Process(job.source, job.selection, job.offset, job.bounds);
+    if (processing.Exception())
+        SetJobFailed();
     if (exception)
         *exception = processing.Exception();
     return result;

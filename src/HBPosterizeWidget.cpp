@@ -10,7 +10,8 @@
 // ---- Construction ----
 
 HBPosterizeWidget::HBPosterizeWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
-    : HBAdjustmentWidget(dialog, parent, flags), m_pUI(std::make_unique<Ui::PosterizeParamWidget>())
+    : HBAdjustmentWidget(dialog, parent, flags)
+    , m_pUI(std::make_unique<Ui::PosterizeParamWidget>())
 {
     m_pUI->setupUi(GetUIContent());
     // After the form's link, so that slider and spin box agree inside the signal.

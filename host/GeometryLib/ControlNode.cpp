@@ -25,6 +25,7 @@ constexpr qreal SunkenRadius = 4.5;
 ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent), m_AccessibleName(tr("Control point"))
 {
     ControlNodeAccessible::Install();
+    qRegisterMetaType<Qt::MouseButton>("Qt::MouseButton"); // for queued connections and signal spies
     setFlag(ItemIsFocusable);
     setAcceptHoverEvents(true);
     setCursor(Qt::SizeAllCursor);

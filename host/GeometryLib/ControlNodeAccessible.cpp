@@ -56,7 +56,7 @@ QAccessible::State ControlNodeAccessible::state() const
     QAccessible::State state;
     state.invalid = !isValid();
     if (isValid()) {
-        state.focusable = Node()->flags() & QGraphicsItem::ItemIsFocusable;
+        state.focusable = Node()->flags().testFlag(QGraphicsItem::ItemIsFocusable);
         state.focused = Node()->hasFocus();
         state.selected = Node()->isSunken();
         state.invisible = !Node()->isVisible();

@@ -21,24 +21,32 @@ constexpr int Margin = 4; ///< above the highest column; the marks of cut ones s
 
 struct Look
 {
-    bool dark;
     QColor fill;
     QColor line;
 };
 
-Look LookOf(int channel, const QPalette& palette)
+bool IsDark(const QPalette& palette)
 {
-    static const QColor OnDark[] = {{200, 56, 56}, {52, 160, 52}, {64, 96, 224}};
-    static const QColor OnLight[] = {{255, 158, 150}, {156, 228, 150}, {158, 182, 255}};
-    const bool dark = palette.color(QPalette::Base).lightness() < 128;
+    return palette.color(QPalette::Base).lightness() < 128;
+}
+
+/// How a channel is drawn, alone or laid over others. Where all three meet they make a grey, as lights on a dark
+/// ground or as inks on a light one; the fills are chosen so that a grey curve stays visible on it.
+Look LookOf(int channel, bool alone, const QPalette& palette)
+{
+    static const QColor Lights[] = {{96, 26, 26}, {22, 78, 22}, {30, 44, 122}};
+    static const QColor OnDark[] = {{170, 48, 48}, {40, 130, 40}, {56, 84, 200}};
+    static const QColor DarkLines[] = {{232, 92, 92}, {84, 190, 84}, {112, 146, 255}};
+    static const QColor Inks[] = {{255, 158, 150}, {156, 228, 150}, {158, 182, 255}};
     if (channel == HBHistogrammCalculator::Luma) {
-        QColor text = palette.color(QPalette::Text);
-        const QColor line = text;
-        text.setAlphaF(0.55);
-        return {dark, text, line};
+        const QColor line = palette.color(QPalette::Text);
+        QColor fill = line;
+        fill.setAlphaF(0.45);
+        return {fill, line};
     }
-    const QColor fill = dark ? OnDark[channel] : OnLight[channel];
-    return {dark, fill, dark ? fill.lighter(125) : fill.darker(150)};
+    if (IsDark(palette))
+        return {alone ? OnDark[channel] : Lights[channel], DarkLines[channel]};
+    return {Inks[channel], Inks[channel].darker(150)};
 }
 
 /// Where the columns stand, in logical pixels.
@@ -250,6 +258,7 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
     if (channels.isEmpty())
         channels.append(HBHistogrammCalculator::Luma);
 
+    const bool alone = channels.size() == 1;
     double ceiling = 1;
     for (const int channel : qAsConst(channels))
         ceiling = qMax(ceiling, HistogramShape::Ceiling(m_Counts.levels[channel]));
@@ -257,13 +266,12 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
 
     for (const int channel : qAsConst(channels)) {
-        const Look look = LookOf(channel, palette());
+        const Look look = LookOf(channel, alone, palette());
         const HistogramShape shape = HistogramShape::Of(m_Counts.levels[channel], ceiling);
         const QPolygonF line = Outline(shape, frame);
-        // Where all three meet they make a grey: as lights on a dark ground, as inks on a light one.
-        if (channels.size() > 1)
-            painter.setCompositionMode(look.dark ? QPainter::CompositionMode_Screen
-                                                 : QPainter::CompositionMode_Multiply);
+        if (!alone)
+            painter.setCompositionMode(IsDark(palette()) ? QPainter::CompositionMode_Screen
+                                                         : QPainter::CompositionMode_Multiply);
         painter.setPen(Qt::NoPen);
         painter.setBrush(look.fill);
         Fill(painter, line, frame);

@@ -7,6 +7,10 @@
 #include <limits>
 #include <mutex>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace
 {
 
@@ -15,6 +19,29 @@ using Counts = HBHistogrammCalculator::Counts;
 constexpr int TileSide = 128;
 /// Rows of a QImage that one lane takes at a time; converted to 32 bits they are no more than a few MiB.
 constexpr int StripRows = 64;
+
+constexpr int LumaRun = 64;
+
+/// LumaOf for a run of pixels, four at a time: its three multiplications are half of the time of a scalar count.
+void LumaOfRun(const HBRGBA32i* pixels, quint32 (&luma)[LumaRun])
+{
+#ifdef __SSE2__
+    const auto* weights = HBHistogrammCalculator::LumaWeights;
+    const __m128i low = _mm_set1_epi32(0x00ff00ff);
+    const __m128i redBlue = _mm_set1_epi32((weights[0] << 16) | weights[2]);
+    const __m128i green = _mm_set1_epi32(weights[1]); // the other half of the lane holds alpha
+    const __m128i half = _mm_set1_epi32(1 << 14);
+    for (int i = 0; i < LumaRun; i += 4) {
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pixels + i));
+        const __m128i sum = _mm_add_epi32(_mm_madd_epi16(_mm_and_si128(four, low), redBlue),
+                                          _mm_madd_epi16(_mm_and_si128(_mm_srli_epi32(four, 8), low), green));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(luma + i), _mm_srli_epi32(_mm_add_epi32(sum, half), 15));
+    }
+#else
+    for (int i = 0; i < LumaRun; ++i)
+        luma[i] = quint32(HBHistogrammCalculator::LumaOf(pixels[i]));
+#endif
+}
 
 /// The counters of one lane. Equal neighbours (sky, a white background) would wait for each other's increment in one
 /// table, so that pixels go to eight tables in turn; 16 bits and a level's channels side by side keep the eight in
@@ -45,26 +72,30 @@ public:
 private:
     static constexpr int Tables = 8;
     static constexpr int Block = 16384;
+    static_assert(LumaRun % Tables == 0, "a run goes to every table alike");
     static constexpr int MostPending = std::numeric_limits<quint16>::max();
 
     void AddBlock(const HBRGBA32i* pixels, int count)
     {
         int i = 0;
-        for (; i + Tables <= count; i += Tables)
-            for (int t = 0; t < Tables; ++t)
-                AddPixel(m_Tables[t], pixels[i + t]);
+        for (; i + LumaRun <= count; i += LumaRun) {
+            quint32 luma[LumaRun];
+            LumaOfRun(pixels + i, luma);
+            for (int k = 0; k < LumaRun; k += Tables)
+                for (int t = 0; t < Tables; ++t)
+                    AddPixel(m_Tables[t], pixels[i + k + t], luma[k + t]);
+        }
         for (; i < count; ++i)
-            AddPixel(m_Tables[0], pixels[i]);
+            AddPixel(m_Tables[0], pixels[i], quint32(HBHistogrammCalculator::LumaOf(pixels[i])));
     }
 
-    static void AddPixel(quint16 (&table)[256][4], HBRGBA32i pixel)
+    static void AddPixel(quint16 (&table)[256][4], HBRGBA32i pixel, quint32 luma)
     {
         const QRgb rgb = pixel.ToRgba(); // one load instead of three
-        const HBRGBA32i p = HBRGBA32i::FromRgba(rgb);
-        ++table[p.red][HBHistogrammCalculator::Red];
-        ++table[p.green][HBHistogrammCalculator::Green];
-        ++table[p.blue][HBHistogrammCalculator::Blue];
-        ++table[HBHistogrammCalculator::LumaOf(p)][HBHistogrammCalculator::Luma];
+        ++table[qRed(rgb)][HBHistogrammCalculator::Red];
+        ++table[qGreen(rgb)][HBHistogrammCalculator::Green];
+        ++table[qBlue(rgb)][HBHistogrammCalculator::Blue];
+        ++table[luma][HBHistogrammCalculator::Luma];
     }
 
     void Flush()

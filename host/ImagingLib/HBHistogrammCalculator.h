@@ -32,10 +32,14 @@ public:
     /// stops at the largest int. \throws std::bad_alloc
     void Accumulate(const HBImage<>& image, const QRect& rect);
 
-    /// Luma after ITU-R BT.709: 0.2126 R + 0.7152 G + 0.0722 B of the stored values, rounded.
+    /// The share of red, green and blue in luma after ITU-R BT.709 (0.2126, 0.7152, 0.0722), in 1/32768.
+    static constexpr int LumaWeights[3] = {6966, 23436, 2366};
+    /// Luma of the stored values, rounded; exact for greys.
     static int LumaOf(HBRGBA32i pixel)
     {
-        return (13933 * pixel.red + 46871 * pixel.green + 4732 * pixel.blue + 32768) >> 16;
+        return (LumaWeights[0] * pixel.red + LumaWeights[1] * pixel.green + LumaWeights[2] * pixel.blue +
+                (1 << 14)) >>
+               15;
     }
 
     /// Counts the pixels of `rect`. When `*abandoned` becomes true the rest is left out and the result is of no use.

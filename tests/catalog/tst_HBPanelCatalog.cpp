@@ -73,9 +73,25 @@ private slots:
         const QJsonObject defaults = entry->save(*panel);
         QString reason;
         QVERIFY2(entry->restore(*panel, defaults, &reason), qPrintable(reason));
-        QCOMPARE(entry->save(*panel), defaults);
+        // The levels panel derives one of its fields anew; what has been read once stays as it is.
+        const QJsonObject read = entry->save(*panel);
+        QVERIFY2(entry->restore(*panel, read, &reason), qPrintable(reason));
+        QCOMPARE(entry->save(*panel), read);
         if (entry->tag)
             QVERIFY(RecordOf(defaults).startsWith(entry->tag));
+    }
+
+    /// A setter of a panel without a record may miss a value by a step; a recipe must not.
+    void PlainValuesComeBackExactly()
+    {
+        for (const double offset : {-0.5, -0.25, -0.0001, 0.1234, 0.5}) {
+            const HBPanelEntry* entry = HBFindPanel("HBExposureWidget");
+            const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
+            const QJsonObject values{{"values", QJsonObject{{"exposure", -offset}, {"offset", offset}}}};
+            QString reason;
+            QVERIFY2(entry->restore(*panel, values, &reason), qPrintable(reason));
+            QCOMPARE(entry->save(*panel), values);
+        }
     }
 
     void HostileRecordsAreRefused_data() { Rows_data(); }
@@ -83,10 +99,19 @@ private slots:
     {
         QFETCH(QString, name);
         const HBPanelEntry* entry = HBFindPanel(name);
-        if (!entry->tag)
-            return;
         const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
         const QJsonObject defaults = entry->save(*panel);
+        if (!entry->tag) {
+            QJsonObject text = defaults["values"].toObject();
+            text.begin().value() = "1.5";
+            for (const QJsonObject& values :
+                 {QJsonObject{}, {{"values", 5}}, {{"values", QJsonObject{}}}, {{"values", text}}}) {
+                QString reason;
+                QVERIFY(!entry->restore(*panel, values, &reason) && !reason.isEmpty());
+                QCOMPARE(entry->save(*panel), defaults);
+            }
+            return;
+        }
         const QByteArray record = RecordOf(defaults);
         QByteArray foreign = record;
         foreign[0] = '?';

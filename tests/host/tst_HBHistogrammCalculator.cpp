@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include <HBHistogrammCalculator.h>
+#include <HBTestMain.h>
+#include <KMRGBHistogram.h>
+
+#include <QThreadPool>
+
+#include <limits>
+
+namespace
+{
+
+using Counts = HBHistogrammCalculator::Counts;
+
+/// Differs along x and y in every channel; the padding of the border tiles is filled as well.
+HBImage<> Ramp(int width, int height)
+{
+    HBImage<> image(width, height);
+    for (int tile = 0; tile < image.Columns() * image.Rows(); ++tile) {
+        const KMTilePin<HBRGBA32i> pin(image.Tile(tile), true);
+        std::fill_n(pin.Pixels(), HBImage<>::TilePixels, HBRGBA32i(255, 0, 77, 9));
+    }
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.SetPixel(x, y, HBRGBA32i(quint8(x), quint8(x + 2 * y), quint8(y), quint8(x ^ y)));
+    return image;
+}
+
+Counts PlainLoop(const HBImage<>& image, const QRect& rect)
+{
+    Counts counts;
+    for (int y = qMax(0, rect.top()); y <= qMin(image.Height() - 1, rect.bottom()); ++y) {
+        for (int x = qMax(0, rect.left()); x <= qMin(image.Width() - 1, rect.right()); ++x) {
+            const HBRGBA32i p = image.PixelAt(x, y);
+            ++counts.levels[0][p.red];
+            ++counts.levels[1][p.green];
+            ++counts.levels[2][p.blue];
+            ++counts.levels[3][HBHistogrammCalculator::LumaOf(p)];
+            ++counts.pixels;
+        }
+    }
+    return counts;
+}
+
+} // namespace
+
+class TestHBHistogrammCalculator : public QObject
+{
+    Q_OBJECT
+private slots:
+    void EqualsAPlainLoop_data();
+    void EqualsAPlainLoop();
+    void LumaIsRounded();
+    void OneColourOfManyPixels();
+    void QImagesOfAnyFormat();
+    void AccumulateAddsAndStops();
+    void AbandonedCountsEnd();
+    void Threshold_data();
+    void Threshold();
+    void PixelByPixel();
+};
+
+void TestHBHistogrammCalculator::EqualsAPlainLoop_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRect>("rect");
+    for (const QSize size :
+         {QSize(1, 1), QSize(127, 129), QSize(128, 128), QSize(129, 127), QSize(257, 3), QSize(300, 290)})
+        QTest::addRow("whole %dx%d", size.width(), size.height()) << size << QRect(QPoint(), size);
+    const QSize size(300, 290);
+    QTest::newRow("one pixel") << size << QRect(128, 127, 1, 1);
+    QTest::newRow("across borders") << size << QRect(100, 120, 130, 20);
+    QTest::newRow("one tile") << size << QRect(128, 128, 128, 128);
+    QTest::newRow("reaching out") << size << QRect(-50, -50, 90, 900);
+    QTest::newRow("outside") << size << QRect(-50, -50, 50, 50);
+    QTest::newRow("beyond the image, in the padding") << size << QRect(300, 0, 50, 50);
+    QTest::newRow("inverted") << size << QRect(QPoint(50, 50), QPoint(10, 10));
+    QTest::newRow("no image") << QSize(0, 0) << QRect(0, 0, 5, 5);
+}
+
+void TestHBHistogrammCalculator::EqualsAPlainLoop()
+{
+    QFETCH(QSize, size);
+    QFETCH(QRect, rect);
+    const HBImage<> image = Ramp(size.width(), size.height());
+    const Counts expected = PlainLoop(image, rect);
+    const int threads = QThreadPool::globalInstance()->maxThreadCount();
+    for (const int lanes : {1, 4}) {
+        QThreadPool::globalInstance()->setMaxThreadCount(lanes);
+        const Counts counts = HBHistogrammCalculator::Count(image, rect);
+        QCOMPARE(counts.pixels, expected.pixels);
+        QVERIFY(counts.levels == expected.levels);
+    }
+    QThreadPool::globalInstance()->setMaxThreadCount(threads);
+}
+
+void TestHBHistogrammCalculator::LumaIsRounded()
+{
+    for (int r = 0; r < 256; r += 5) {
+        for (int g = 0; g < 256; g += 5) {
+            for (int b = 0; b < 256; b += 5) {
+                const int luma = HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(r), quint8(g), quint8(b)));
+                // 15-bit weights are off by up to 0.008, which tells near halves only.
+                QVERIFY(qAbs(luma - (0.2126 * r + 0.7152 * g + 0.0722 * b)) <= 0.508);
+            }
+        }
+    }
+    for (int level = 0; level < 256; ++level)
+        QCOMPARE(HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(level), quint8(level), quint8(level))), level);
+}
+
+// The fast counters are 16 bits wide: far more pixels than that of one level.
+void TestHBHistogrammCalculator::OneColourOfManyPixels()
+{
+    QImage colour(1500, 1000, QImage::Format_RGB32);
+    colour.fill(QColor(1, 128, 255));
+    for (const Counts& counts : {HBHistogrammCalculator::Count(colour),
+                                 HBHistogrammCalculator::Count(HBImage<>::FromQImage(colour), colour.rect())}) {
+        QCOMPARE(counts.pixels, quint64(1500000));
+        QCOMPARE(counts.levels[0][1], quint64(1500000));
+        QCOMPARE(counts.levels[1][128], quint64(1500000));
+        QCOMPARE(counts.levels[2][255], quint64(1500000));
+        QCOMPARE(counts.levels[3][110], quint64(1500000)); // 0.2126 + 91.55 + 18.41
+    }
+}
+
+void TestHBHistogrammCalculator::QImagesOfAnyFormat()
+{
+    const QImage ramp = Ramp(130, 70).ToQImage();
+    const Counts expected = HBHistogrammCalculator::Count(Ramp(130, 70), QRect(0, 0, 130, 70));
+    QVERIFY(HBHistogrammCalculator::Count(ramp).levels == expected.levels);
+    QVERIFY(HBHistogrammCalculator::Count(ramp.convertToFormat(QImage::Format_RGBA8888)).levels ==
+            expected.levels);
+
+    QImage indexed(3, 200, QImage::Format_Indexed8);
+    indexed.setColorTable({qRgb(10, 20, 30), qRgb(40, 50, 60)});
+    indexed.fill(1);
+    QCOMPARE(HBHistogrammCalculator::Count(indexed).levels[1][50], quint64(600));
+    QImage half(4, 4, QImage::Format_ARGB32_Premultiplied);
+    half.fill(QColor(200, 100, 50, 255));
+    QCOMPARE(HBHistogrammCalculator::Count(half).levels[0][200], quint64(16));
+    QCOMPARE(HBHistogrammCalculator::Count(QImage()).pixels, quint64(0));
+}
+
+void TestHBHistogrammCalculator::AccumulateAddsAndStops()
+{
+    const HBImage<> image = Ramp(200, 150);
+    const Counts counts = PlainLoop(image, QRect(0, 0, 200, 150));
+    int red[256] = {};
+    int luma[256] = {};
+    luma[60] = std::numeric_limits<int>::max() - 1;
+    HBHistogrammCalculator calculator;
+    calculator.SetOutput(red, nullptr, nullptr, luma);
+    calculator.Accumulate(image, QRect(0, 0, 200, 150));
+    calculator.Accumulate(image, QRect(0, 0, 200, 150));
+    for (int level = 0; level < 256; ++level)
+        QCOMPARE(red[level], int(2 * counts.levels[0][level]));
+    QCOMPARE(luma[60], std::numeric_limits<int>::max());
+}
+
+void TestHBHistogrammCalculator::AbandonedCountsEnd()
+{
+    const std::atomic<bool> abandoned{true};
+    QCOMPARE(HBHistogrammCalculator::Count(Ramp(300, 300), QRect(0, 0, 300, 300), &abandoned).pixels, quint64(0));
+}
+
+void TestHBHistogrammCalculator::Threshold_data()
+{
+    using Levels = QMap<int, int>;
+    QTest::addColumn<Levels>("levels");
+    QTest::addColumn<int>("low");
+    QTest::addColumn<int>("high");
+    QTest::newRow("empty") << Levels{} << 0 << 255;
+    QTest::newRow("one level") << Levels{{40, 1}} << 40 << 40;
+    QTest::newRow("just 0.5 % at the ends") << Levels{{3, 5}, {50, 990}, {200, 5}} << 3 << 50;
+    QTest::newRow("less than 0.5 % at the ends") << Levels{{3, 4}, {50, 992}, {200, 4}} << 50 << 50;
+    QTest::newRow("a share at either end") << Levels{{0, 100}, {255, 100}} << 0 << 255;
+    QTest::newRow("large counts") << Levels{{7, INT_MAX}, {9, INT_MAX}} << 7 << 9;
+    QTest::newRow("negative counts are none") << Levels{{7, -50}, {9, 10}} << 9 << 9;
+}
+
+void TestHBHistogrammCalculator::Threshold()
+{
+    using Levels = QMap<int, int>;
+    QFETCH(Levels, levels);
+    QFETCH(int, low);
+    QFETCH(int, high);
+    int counts[256] = {};
+    for (auto it = levels.cbegin(); it != levels.cend(); ++it)
+        counts[it.key()] = it.value();
+    QCOMPARE(HBHistogrammCalculator::Threshold(counts), (std::vector<int>{low, high}));
+}
+
+void TestHBHistogrammCalculator::PixelByPixel()
+{
+    uint red[256] = {};
+    uint green[256] = {};
+    uint blue[256] = {};
+    KMRGBHistogram histogram(red, green, blue);
+    histogram(HBRGBA32i(1, 2, 3, 4));
+    histogram(HBRGBA32i(1, 255, 0, 0));
+    QCOMPARE(red[1], 2u);
+    QCOMPARE(green[2] + green[255], 2u);
+    QCOMPARE(blue[3] + blue[0], 2u);
+}
+
+HB_TEST_MAIN(TestHBHistogrammCalculator)
+#include "tst_HBHistogrammCalculator.moc"
