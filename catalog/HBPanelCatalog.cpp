@@ -7,8 +7,11 @@
 #include <HBExposureWidget.h>
 #include <HBGammaCorrectionWidget.h>
 #include <HBLevelsWidget.h>
+#include <HBOverlay.h>
 #include <HBPosterizeWidget.h>
+#include <HBSignWidget.h>
 #include <HBThresholdWidget.h>
+#include <HBWatermarkWidget.h>
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -48,6 +51,12 @@ template <class Panel>
 HBAdjustmentWidget* Create(bool dialog, QWidget* parent)
 {
     return new Panel(dialog, parent, Qt::WindowFlags());
+}
+
+template <class Panel>
+HBAdjustmentWidget* CreateOverlay(bool, QWidget* parent)
+{
+    return new Panel(parent, Qt::WindowFlags());
 }
 
 template <class Panel>
@@ -163,19 +172,29 @@ HBPanelEntry PlainRow(const char* group, const char* title)
 
 /// A panel whose values are a stored record `Params`, which opens with the tag.
 template <class Panel>
-HBPanelEntry Row(const char* tag, const char* group, const char* title)
+HBPanelEntry Row(const char* tag, const char* group, const char* title,
+                 HBAdjustmentWidget* (*create)(bool, QWidget*) = &Create<Panel>)
 {
-    return {Panel::staticMetaObject.className(),
-            tag,
-            group,
-            title,
-            &Create<Panel>,
-            &SaveRecord<Panel>,
-            &RestoreRecord<Panel>};
+    return {
+        Panel::staticMetaObject.className(), tag, group, title, create, &SaveRecord<Panel>, &RestoreRecord<Panel>};
 }
 
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Tonal");
+constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Overlays");
+
+/// An overlay: a panel whose values are a stored record and are drawn by `Draw`.
+template <class Panel, HBImage<> (*Draw)(const HBImage<>&, const typename Panel::Params&, QString*)>
+HBPanelEntry OverlayRow(const char* tag, const char* title)
+{
+    HBPanelEntry row = Row<Panel>(tag, Overlays, title, &CreateOverlay<Panel>);
+    row.draw = [](const HBAdjustmentWidget& panel) -> HBOverlayDrawing {
+        return [params = static_cast<const Panel&>(panel).GetValue()](const HBImage<>& source, QString* error) {
+            return Draw(source, params, error);
+        };
+    };
+    return row;
+}
 
 } // namespace
 
@@ -190,6 +209,9 @@ const QVector<HBPanelEntry>& HBPanelCatalog()
         Row<HBLevelsWidget>("KMLevels 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Levels")),
         Row<HBCurvesWidget>("KMCurves 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Curves")),
         Row<HBThresholdWidget>("KMThreshold 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Threshold")),
+        OverlayRow<HBSignWidget, &HBDrawSign>("KMSign 1.00000", QT_TRANSLATE_NOOP("HBPanelCatalog", "Sign")),
+        OverlayRow<HBWatermarkWidget, &HBDrawWatermark>("KMWatermark 1.00000",
+                                                        QT_TRANSLATE_NOOP("HBPanelCatalog", "Watermark")),
     };
     return catalog;
 }

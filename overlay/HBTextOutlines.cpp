@@ -29,8 +29,8 @@ bool IsInstalled(const QFont& font)
     QStringList names = font.families();
     names.append(font.family());
     return std::any_of(names.cbegin(), names.cend(), [&database](const QString& name) {
-        // A font without a name is the application's own.
-        return name.isEmpty() || database.hasFamily(name);
+        // The application's own font always goes: its name may be one that the platform only stands in for.
+        return name.isEmpty() || name == QFont().family() || database.hasFamily(name);
     });
 }
 
