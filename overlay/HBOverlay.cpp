@@ -7,7 +7,10 @@
 #include "HBStamp.h"
 #include "HBTextOutlines.h"
 
+#include <HBBlend.h>
+
 #include <QCoreApplication>
+#include <QPainter>
 
 #include <new>
 
@@ -62,9 +65,18 @@ HBImage<> DrawSign(const HBImage<>& image, const HBSignWidget::Params& params, Q
         const int stride = layer.bytesPerLine() / int(sizeof(QRgb));
         auto* pixels = reinterpret_cast<QRgb*>(layer.bits()) + at.y() * stride + at.x();
         stamp.Read(part.translated(-area.topLeft()), pixels, stride);
-        return true;
     };
     return HBComposeTiles(image, {area}, HBComposition::Of(params.blendingMode, params.opacity), render);
+}
+
+/// Turns coverage into pixels of a colour.
+void Colour(QImage& layer, QRgb color)
+{
+    for (int y = 0; y < layer.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(layer.scanLine(y));
+        for (int x = 0; x < layer.width(); ++x)
+            row[x] = QRgb(HBBlend::Scale(qAlpha(row[x]), qAlpha(color))) << 24 | (color & 0xFFFFFF);
+    }
 }
 
 HBImage<> DrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params& params, QString* error)
@@ -84,8 +96,10 @@ HBImage<> DrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params&
         areas.append(copy.map(text.Corners()).boundingRect().toAlignedRect());
 
     auto render = [&](const QRect& tile, QImage& layer) {
-        bool any = false;
-        QPainter painter(&layer);
+        // In black, on the same memory: then a pixel is nothing but its coverage.
+        QImage coverage(layer.bits(), layer.width(), layer.height(), layer.bytesPerLine(),
+                        QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&coverage);
         painter.setRenderHint(QPainter::Antialiasing);
         for (int i = 0; i < copies.size(); ++i) {
             bool visible = areas.at(i).intersects(tile);
@@ -94,10 +108,10 @@ HBImage<> DrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params&
             if (!visible)
                 continue;
             painter.setTransform(copies.at(i) * QTransform::fromTranslate(-tile.left(), -tile.top()));
-            const QRectF window = toText.mapRect(QRectF(tile).adjusted(-1, -1, 1, 1));
-            any |= text.Fill(painter, window, params.color);
+            text.Fill(painter, toText.mapRect(QRectF(tile).adjusted(-1, -1, 1, 1)));
         }
-        return any;
+        painter.end();
+        Colour(layer, params.color.rgba());
     };
     return HBComposeTiles(image, areas, HBComposition::Of(unsigned(params.blendingMode), params.opacity), render);
 }

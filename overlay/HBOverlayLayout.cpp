@@ -36,11 +36,11 @@ double HBOverlayLayout::Unit(const QSize& picture)
 QRectF HBOverlayLayout::Between(const QSize& picture, const QRect& margins)
 {
     const double unit = Unit(picture);
-    const double left = unit * Clamped(margins.left());
-    const double top = unit * Clamped(margins.top());
-    const double width = picture.width() - left - unit * Clamped(margins.right());
-    const double height = picture.height() - top - unit * Clamped(margins.bottom());
-    return width > 0 && height > 0 ? QRectF(left, top, width, height) : QRectF();
+    const int left = Clamped(margins.left());
+    const int top = Clamped(margins.top());
+    const double width = picture.width() / unit - left - Clamped(margins.right());
+    const double height = picture.height() / unit - top - Clamped(margins.bottom());
+    return width < 1 || height < 1 ? QRectF() : QRectF(left * unit, top * unit, width * unit, height * unit);
 }
 
 QRect HBOverlayLayout::StampRect(const QSize& picture, const QRectF& between, const QSize& stamp,

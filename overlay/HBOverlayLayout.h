@@ -21,7 +21,8 @@ constexpr int MaximumTiles = 9;
 /// Pixels of the picture in one unit.
 double Unit(const QSize& picture);
 
-/// The picture between the margins, which are the four corner values of `margins`; empty if they leave nothing.
+/// The picture between the margins, which are the four corner values of `margins`; empty if they leave less
+/// than a unit.
 QRectF Between(const QSize& picture, const QRect& margins);
 
 /// The pixels of the picture that a stamp covers: a pixel of the stamp is a unit, or less if `between` does not hold it

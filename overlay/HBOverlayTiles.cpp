@@ -14,59 +14,15 @@ namespace
 {
 
 constexpr int Side = 128;
-constexpr int Stride = Side * int(sizeof(QRgb));
+static_assert(Side % HBComposition::Step == 0);
 using TilePixels = std::array<QRgb, HBImage<>::TilePixels>;
 
-QImage View(QRgb* pixels, const QSize& size, QImage::Format format)
+bool IsTransparent(const TilePixels& layer)
 {
-    return {reinterpret_cast<uchar*>(pixels), size.width(), size.height(), Stride, format};
-}
-
-/// All pixels of the picture in a tile, taken together one by one.
-template <class Reduce>
-QRgb Reduced(const QRgb* pixels, const QSize& size, QRgb start, Reduce reduce)
-{
-    for (int y = 0; y < size.height(); ++y) {
-        const QRgb* row = pixels + y * Side;
-        for (int x = 0; x < size.width(); ++x)
-            start = reduce(start, row[x]);
-    }
-    return start;
-}
-
-bool IsOpaque(const QRgb* pixels, const QSize& size)
-{
-    return qAlpha(Reduced(pixels, size, ~0u, [](QRgb a, QRgb b) { return a & b; })) == 255;
-}
-
-bool IsTransparent(const QRgb* layer, const QSize& size)
-{
-    return Reduced(layer, size, 0u, [](QRgb a, QRgb b) { return a | b; }) == 0;
-}
-
-void Compose(QRgb* pixels, const QImage& layer, QImage::Format format, const HBComposition& composition)
-{
-    QImage view = View(pixels, layer.size(), format);
-    QPainter painter(&view);
-    painter.setCompositionMode(composition.mode);
-    painter.setOpacity(composition.opacity);
-    painter.drawImage(0, 0, layer);
-}
-
-/// A tile with translucent pixels. QPainter takes them through premultiplied ones, which loses bits, also where nothing
-/// is drawn: those are put back.
-void ComposeTranslucent(QRgb* pixels, const QRgb* layerPixels, const QImage& layer,
-                        const HBComposition& composition)
-{
-    const auto before = std::make_unique<TilePixels>();
-    std::copy_n(pixels, before->size(), before->begin());
-    Compose(pixels, layer, QImage::Format_ARGB32, composition);
-    for (int y = 0; y < layer.height(); ++y) {
-        for (int i = y * Side; i < y * Side + layer.width(); ++i) {
-            if (layerPixels[i] == 0)
-                pixels[i] = (*before)[size_t(i)];
-        }
-    }
+    QRgb any = 0;
+    for (const QRgb pixel : layer)
+        any |= pixel;
+    return qAlpha(any) == 0;
 }
 
 /// The tiles that any area touches, in their order.
@@ -90,33 +46,24 @@ QVector<int> TouchedTiles(const HBImage<>& picture, const QVector<QRect>& areas)
     return tiles;
 }
 
-void ComposeTile(HBImage<>& result, int index, TilePixels& layerPixels, const HBComposition& composition,
+/// `layer` is the memory of the lane. What reaches beyond the picture stays transparent there, so that whole rows of the
+/// tile can be composed.
+void ComposeTile(HBImage<>& result, int index, TilePixels& layer, const HBComposition& composition,
                  const HBOverlayRenderer& render)
 {
     const QRect tile = result.TileRect(index);
-    layerPixels.fill(0);
-    QImage layer = View(layerPixels.data(), tile.size(), QImage::Format_ARGB32_Premultiplied);
-    if (!render(tile, layer) || IsTransparent(layerPixels.data(), tile.size()))
+    layer.fill(0);
+    QImage view(reinterpret_cast<uchar*>(layer.data()), tile.width(), tile.height(), Side * int(sizeof(QRgb)),
+                QImage::Format_ARGB32);
+    render(tile, view);
+    if (IsTransparent(layer))
         return;
     result.Detach(index);
     const KMTilePin<QRgb> pin(result.Tile(index), true);
-    // Opaque pixels are the same premultiplied and not, and stay opaque in every mode.
-    if (IsOpaque(pin.Pixels(), tile.size()))
-        Compose(pin.Pixels(), layer, QImage::Format_ARGB32_Premultiplied, composition);
-    else
-        ComposeTranslucent(pin.Pixels(), layerPixels.data(), layer, composition);
+    composition.Run(pin.Pixels(), layer.data(), tile.height() * Side);
 }
 
 } // namespace
-
-HBComposition HBComposition::Of(unsigned mode, int percent)
-{
-    HBComposition composition;
-    if (mode >= QPainter::CompositionMode_Plus && mode <= QPainter::CompositionMode_Exclusion)
-        composition.mode = QPainter::CompositionMode(mode);
-    composition.opacity = qBound(0, percent, 100) / 100.0;
-    return composition;
-}
 
 HBImage<> HBComposeTiles(const HBImage<>& picture, const QVector<QRect>& areas, const HBComposition& composition,
                          const HBOverlayRenderer& render)

@@ -51,7 +51,7 @@ QImage Decode(const QString& file, QString* reason)
         *reason = reader.errorString();
         return {};
     }
-    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return image.convertToFormat(QImage::Format_ARGB32);
 }
 
 /// Both with their weights, on four channels of 8 bits at once, rounded.
@@ -93,10 +93,14 @@ QImage HBStamp::Load(const QString& file, QString* error)
 HBStamp::HBStamp(const QImage& image, const QSize& size) : m_Image(image)
 {
     if (size.width() <= image.width() && size.height() <= image.height()) {
-        m_Image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                      .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        if (size != image.size()) {
+            m_Image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                          .convertToFormat(QImage::Format_ARGB32);
+        }
         return;
     }
+    // Colours mix by their coverage.
+    m_Image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     m_Columns = Places(image.width(), size.width());
     m_Rows = Places(image.height(), size.height());
 }
@@ -144,7 +148,7 @@ void HBStamp::ReadEnlarged(const QRect& piece, QRgb* pixels, int stride) const
         QRgb* target = pixels + y * stride;
         for (int x = 0; x < piece.width(); ++x, ++column) {
             const QRgb* source = mixed.data() + (column->first - first);
-            target[x] = Mixed(source[0], source[1], unsigned(column->next));
+            target[x] = qUnpremultiply(Mixed(source[0], source[1], unsigned(column->next)));
         }
     }
 }

@@ -15,14 +15,15 @@ public:
     /// Pictures larger than this are not read: none is a stamp, and a small file may hold a huge one.
     static constexpr qint64 MaximumPixels = 100'000'000;
 
-    /// The picture in a file, upright, as QImage::Format_ARGB32_Premultiplied. The last one is kept until its file
+    /// The picture in a file, upright, as QImage::Format_ARGB32. The last one is kept until its file
     /// changes. A null image, with the file and the reason in `error`, if that cannot be.
     static QImage Load(const QString& file, QString* error);
 
-    /// \param image in Format_ARGB32_Premultiplied
+    /// \param image in Format_ARGB32
     HBStamp(const QImage& image, const QSize& size);
 
-    /// Copies `piece`, which must lie within the size, to `pixels`, whose rows are `stride` pixels apart.
+    /// Copies `piece`, which must lie within the size, to `pixels`, whose rows are `stride` pixels apart; not
+    /// premultiplied.
     void Read(const QRect& piece, QRgb* pixels, int stride) const;
 
 private:
@@ -36,7 +37,7 @@ private:
     static QVector<Place> Places(int from, int to);
     void ReadEnlarged(const QRect& piece, QRgb* pixels, int stride) const;
 
-    QImage m_Image;
+    QImage m_Image;           ///< premultiplied if it is to be enlarged
     QVector<Place> m_Columns; ///< of an enlarged stamp; else empty
     QVector<Place> m_Rows;
 };

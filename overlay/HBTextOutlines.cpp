@@ -105,7 +105,7 @@ void HBTextOutlines::Add(const QPainterPath& path)
     finish();
 }
 
-bool HBTextOutlines::Fill(QPainter& painter, const QRectF& window, const QColor& color) const
+void HBTextOutlines::Fill(QPainter& painter, const QRectF& window) const
 {
     QPainterPath path;
     // Letters may overlap and then are not holes in each other.
@@ -114,8 +114,5 @@ bool HBTextOutlines::Fill(QPainter& painter, const QRectF& window, const QColor&
         if (part.box.intersects(window))
             path.addPath(part.path);
     }
-    if (path.isEmpty())
-        return false;
-    painter.fillPath(path, color);
-    return true;
+    painter.fillPath(path, Qt::black);
 }

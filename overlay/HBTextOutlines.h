@@ -27,9 +27,9 @@ public:
     const QPolygonF& Corners() const { return m_Corners; }
     QRectF Box() const { return m_Corners.boundingRect(); }
 
-    /// Fills what lies in `window`, in the outlines' own coordinates; the painter maps these. What is outside may be
-    /// missing. False if that is nothing.
-    bool Fill(QPainter& painter, const QRectF& window, const QColor& color) const;
+    /// Fills what lies in `window`, in the outlines' own coordinates, which the painter maps. What is outside may be
+    /// missing.
+    void Fill(QPainter& painter, const QRectF& window) const;
 
 private:
     /// A closed line. One that does not touch a window has no part in what is filled there.

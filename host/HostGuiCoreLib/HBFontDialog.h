@@ -23,6 +23,10 @@ public:
     /// Runs the dialog modally: 1 if the user accepted, 0 if not or if the dialog, or its parent, died meanwhile.
     int Exec();
 
+protected:
+    void done(int result) override;
+
 private:
     QFont m_Font;
+    bool m_Done = false;
 };
