@@ -54,11 +54,11 @@ namespace
 namespace HWY_NAMESPACE
 {
 
-/// The 32nd power.
+/// The 32nd power; 0 of levels below 3, whose powers are too small for a float and would stall the processor.
 template <class D>
 HWY_INLINE hn::Vec<D> Power(D d, hn::Vec<D> level)
 {
-    auto power = hn::Mul(level, hn::Set(d, 1.0f / NormUnit));
+    auto power = hn::Mul(hn::IfThenElseZero(level >= hn::Set(d, 3.0f), level), hn::Set(d, 1.0f / NormUnit));
     for (int doubling = 0; doubling < 5; ++doubling)
         power = hn::Mul(power, power);
     return power;

@@ -535,6 +535,26 @@ private slots:
         QVERIFY(AreEqual(Fill(opaque), [=](HBRGBA32i& pixel) { pixel = opaque; }));
     }
 
+    /// On opaque pixels the run form has a way of its own.
+    void FillOfOpaqueRuns()
+    {
+        std::vector<HBRGBA32i> levels;
+        for (int level = 0; level < 256; ++level)
+            levels.emplace_back(std::uint8_t(level), std::uint8_t(255 - level), std::uint8_t(level / 2));
+        for (int alpha = 0; alpha < 256; ++alpha) {
+            for (int own : {0, 1, 77, 128, 254, 255}) {
+                const auto fill =
+                    Fill(HBRGBA32i(std::uint8_t(own), 200, std::uint8_t(alpha), std::uint8_t(alpha)));
+                std::vector<HBRGBA32i> run = levels;
+                std::vector<HBRGBA32i> single = levels;
+                fill(run.data(), int(run.size()));
+                for (HBRGBA32i& pixel : single)
+                    fill(pixel);
+                QVERIFY(run == single);
+            }
+        }
+    }
+
     void SourceOverByOpacity()
     {
         const HBBlend::HBSourceOver over;
