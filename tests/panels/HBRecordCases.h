@@ -4,10 +4,15 @@
 
 #include <HBBlackAndWhiteWidget.h>
 #include <HBBrightnessContrastWidget.h>
+#include <HBColorBalanceWidget.h>
+#include <HBColorEnhancerWidget.h>
 #include <HBColorizeWidget.h>
+#include <HBHueSaturationWidget.h>
 #include <HBPhotoFilterWidget.h>
 #include <HBReplaceColorWidget.h>
+#include <HBTemperatureWidget.h>
 #include <HBTintWidget.h>
+#include <HBWBWidget.h>
 #include <KMFillColorWidget.h>
 
 // What tst_HBParamStream must know of each panel with a record. A new panel: one specialisation here and its name in
@@ -41,6 +46,76 @@ struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase
     // How often OnReset() makes the closing calls.
     static constexpr int resetsFromSample = 2;
     static constexpr int resetsFromDefaults = 0;
+};
+
+template <>
+struct RecordCase<HBHueSaturationWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMHueSaturation 1.00000";
+    static constexpr const char* readMessage = "Read hue and saturation data error.";
+    static constexpr const char* writeMessage = "Write hue and saturation data error.";
+    static constexpr const char* source = "src\\HBHueSaturationWidget";
+    static HBHueSaturationWidget::Params Sample() { return {200, 10, -20, true}; }
+    static constexpr const char* fields = "000000c8 0000000a ffffffec 00000001";
+    static constexpr bool defaultsAfterFailedRead = true;
+    static constexpr int resetsFromSample = 4;
+    static constexpr int resetsFromDefaults = 0;
+};
+
+template <>
+struct RecordCase<HBColorBalanceWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMColorBalance 1.00000";
+    static constexpr const char* readMessage = "Read color balance data error.";
+    static constexpr const char* writeMessage = "Write color balance data error.";
+    static constexpr const char* source = "src\\HBColorBalanceWidget";
+    static HBColorBalanceWidget::Params Sample() { return {{10, 20, 30}, {-1, -2, -3}, {70, 80, 90}, 3, false}; }
+    // Luminosity and range first, unlike in the record.
+    static constexpr const char* fields = "00000000 00000003"
+                                          "0000000a 00000014 0000001e"
+                                          "ffffffff fffffffe fffffffd"
+                                          "00000046 00000050 0000005a";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBWBWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMWhiteBalance 1.00000";
+    static constexpr const char* readMessage = "Read WB data error.";
+    static constexpr const char* writeMessage = "Write WB data error.";
+    static constexpr const char* source = "src\\HBWBWidget";
+    static HBWBWidget::Params Sample() { return {true, 11, 22, 33, 2, true, -44, 55}; }
+    static constexpr const char* fields = "01 0000000b 00000016 00000021 00000002 01 ffffffd4 00000037";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBTemperatureWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMTemperature 1.00000";
+    static constexpr const char* readMessage = "Read temperature data error.";
+    static constexpr const char* writeMessage = "Write temperature data error.";
+    static constexpr const char* source = "src\\HBTemperatureWidget";
+    static HBTemperatureWidget::Params Sample() { return {3000, -10, 80}; }
+    static constexpr const char* fields = "00000bb8 fffffff6 00000050";
+    static constexpr int resetsFromSample = 2; // the strength was not shown
+    static constexpr int resetsFromDefaults = 0;
+};
+
+template <>
+struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMColorEnhancer 1.00000";
+    static constexpr const char* readMessage = "Read color enhancer data error.";
+    static constexpr const char* writeMessage = "Write color enhancer data error.";
+    static constexpr const char* source = "src\\HBColorEnhancerWidget";
+    static HBColorEnhancerWidget::Params Sample() { return {30, 60}; }
+    static constexpr const char* fields = "0000001e 0000003c";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
 };
 
 /// What holds for the panels with colours of a dialog.
@@ -141,5 +216,6 @@ struct PanelList
 {
 };
 
-using RecordPanels = PanelList<HBBrightnessContrastWidget, HBTintWidget, HBBlackAndWhiteWidget,
+using RecordPanels = PanelList<HBBrightnessContrastWidget, HBHueSaturationWidget, HBColorBalanceWidget, HBWBWidget,
+                               HBTemperatureWidget, HBColorEnhancerWidget, HBTintWidget, HBBlackAndWhiteWidget,
                                HBPhotoFilterWidget, HBColorizeWidget, HBReplaceColorWidget, KMFillColorWidget>;
