@@ -116,6 +116,7 @@ private:
     void MakeControls();
     void InsertNode(int index);
     bool InsertPoint(const QPoint& point);
+    bool CanMove(int index, const QPoint& point);
     bool MovePoint(int index, const QPoint& point);
     void RemovePoint(int index);
     bool HitTestForInsert(const QPoint& point, const QPointF& scenePos);

@@ -74,11 +74,12 @@ struct HBColorEnhancerWidget::Thresholds
     }
 };
 
-/// Kept from job to job while the source stays. Filled on a job's thread, emptied on the GUI thread.
+/// Kept from job to job while the source stays. Filled on a job's thread, emptied on the GUI thread. A new source's job
+/// starts before the cache is emptied and an old one's may end after that, so that both must ask whose it is.
 struct HBColorEnhancerWidget::Cache
 {
     std::mutex mutex;
-    HBImage<> source; ///< what the thresholds were made from: a late job must not leave those of an old source
+    HBImage<> source; ///< what the thresholds are of, or will be
     Thresholds thresholds;
 };
 
@@ -99,15 +100,15 @@ HBColorEnhancerWidget::Thresholds HBColorEnhancerWidget::SourceThresholds(const 
         thresholds.levels[h] = HBHistogrammCalculator::Threshold(counts[h]);
 
     const std::lock_guard<std::mutex> lock(m_pCache->mutex);
-    m_pCache->source = source;
-    m_pCache->thresholds = thresholds;
+    if (m_pCache->source.IsSameAs(source))
+        m_pCache->thresholds = thresholds;
     return thresholds;
 }
 
 void HBColorEnhancerWidget::OnSourceChanged()
 {
     const std::lock_guard<std::mutex> lock(m_pCache->mutex);
-    m_pCache->source = HBImage<>();
+    m_pCache->source = SourceImage();
     m_pCache->thresholds = Thresholds();
 }
 

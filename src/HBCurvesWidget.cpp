@@ -57,6 +57,18 @@ QVector<QPoint> Editable(QVector<QPoint> points)
     return points;
 }
 
+/// Narrows the letters of a text that its label, of fixed width, would cut.
+void FitText(QLabel* label)
+{
+    constexpr int Bearing = 3; // of the outer letters
+    const int needed = label->fontMetrics().horizontalAdvance(label->text()) + Bearing;
+    if (needed <= label->maximumWidth())
+        return;
+    QFont font = label->font();
+    font.setStretch(qMax(50, 100 * label->maximumWidth() / needed));
+    label->setFont(font);
+}
+
 } // namespace
 
 // ---- Record ----
@@ -112,6 +124,7 @@ HBCurvesWidget::HBCurvesWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     , m_pFeed(std::make_unique<HBHistogramFeed>())
 {
     m_pUI->setupUi(GetUIContent());
+    FitText(m_pUI->labelChannel);
     m_pUI->m_pInputSlider->SetRange(0, 255);
     m_pUI->m_pInputSlider->AddControl(0, 0, 255, QBrush(Qt::black));
     m_pUI->m_pInputSlider->AddControl(255, 0, 255, QBrush(Qt::white));

@@ -253,30 +253,40 @@ bool HBCurvesWidget::InsertPoint(const QPoint& point)
     return true;
 }
 
-bool HBCurvesWidget::MovePoint(int index, const QPoint& point)
+bool HBCurvesWidget::CanMove(int index, const QPoint& point)
 {
     if (index < 0 || index >= m_Nodes.size() || !m_Nodes.at(index))
         return false;
-    QVector<QPoint>& points = Points();
+    const QVector<QPoint>& points = Points();
     const int last = points.size() - 1;
     if (index > 0 && point.x() < points.at(index - 1).x() + Gap)
         return false;
     if (index < last && point.x() > points.at(index + 1).x() - Gap)
         return false;
-    if (points.at(index) == point)
-        return false;
+    return points.at(index) != point;
+}
 
+bool HBCurvesWidget::MovePoint(int index, const QPoint& point)
+{
+    if (!CanMove(index, point))
+        return false;
+    const QPointer<ControlNode> node = m_Nodes.at(index);
+    const int last = Points().size() - 1;
     MavuCustomSlider* slider = m_pUI->m_pInputSlider;
     if (index == last - 1)
         slider->SetMinimum(Last, point.x() + Gap);
     if (index == 1)
         slider->SetMaximum(First, point.x() - Gap);
+    // A handle that stood beyond its new limit has moved its end of the curve, and a host that was told so may have set
+    // another curve.
+    if (!node || !CanMove(index, point))
+        return false;
     if (index == 0 || index == last) {
         const HBMute mute(*m_pSliderLink, this);
         slider->SetValue(index == 0 ? First : Last, point.x());
     }
-    points[index] = point;
-    m_Nodes.at(index)->setPos(ToViewPoint(point));
+    Points()[index] = point;
+    node->setPos(ToViewPoint(point));
     RebuildCurve();
     NotifyChanged(&HBCurvesWidget::ValueChanged);
     return true;

@@ -32,6 +32,13 @@ std::uint8_t Average(const uint* counts, quint64 pixels)
     return std::uint8_t(sum / pixels);
 }
 
+/// Far outside any photo's pixels, and small enough to be multiplied by a pixel ratio.
+QPoint PhotoPoint(const QPointF& scenePos)
+{
+    constexpr double Far = 1e8;
+    return QPointF(qBound(-Far, scenePos.x(), Far), qBound(-Far, scenePos.y(), Far)).toPoint();
+}
+
 int Channel(const HBRGBA32i& color, int channel)
 {
     return channel == 1 ? color.red : channel == 2 ? color.green : color.blue;
@@ -67,11 +74,12 @@ void HBCurvesWidget::MakePickers()
     connect(m_pWhitePicker->watcher, SIGNAL(finished()), SLOT(OnWhiteFinished()));
 }
 
-/// For the destructor: no pick may outlive the panel, nor its cursor and filter stay with the document.
+/// For the destructor: no pick may outlive the panel, nor its cursor, drag mode and filter stay with the document.
 void HBCurvesWidget::FinishPickers()
 {
     if (m_pView && IsPicking())
         m_pView->SetOverrideCursor(QCursor());
+    EndDrag();
     InstallFilter(false);
     for (Picker* picker : {m_pBlackPicker.get(), m_pGrayPicker.get(), m_pWhitePicker.get()}) {
         picker->button->disconnect(this);
@@ -165,9 +173,9 @@ void HBCurvesWidget::FilterDocument(QEvent* event)
         return;
     const auto* mouse = static_cast<QGraphicsSceneMouseEvent*>(event);
     if (event->type() == QEvent::GraphicsSceneMousePress)
-        MousePressed(mouse->scenePos().toPoint(), mouse->button());
+        MousePressed(PhotoPoint(mouse->scenePos()), mouse->button());
     else
-        MouseReleased(mouse->scenePos().toPoint(), mouse->button());
+        MouseReleased(PhotoPoint(mouse->scenePos()), mouse->button());
 }
 
 void HBCurvesWidget::MousePressed(const QPoint& position, Qt::MouseButton button)

@@ -269,6 +269,8 @@ void HBWBWidget::ApplyWhiteBalance(WBData& job)
     HBImageMixing mixing(&GetDataGuard(), &GetNewData());
     ConnectProgress(mixing);
     job.source = mixing.Process(saved, job.source, strength * 256 / 100, job.selection, job.offset, job.bounds);
+    if (mixing.Exception())
+        SetJobFailed();
 }
 
 /// Stretches each channel between its own black and white, found in the whole image whatever is selected.

@@ -152,7 +152,7 @@ void KMFillColorWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 
 HBImage<> KMFillColorWidget::Process(ColorizeData job)
 {
-    HBRGBA32i fill = HBRGBA32i::FromRgba(job.params.color.rgba());
+    HBRGBA32i fill = HBRGBA32i::FromRgba(job.params.color.rgb());
     fill.alpha = HBOpacityAlpha(job.params.opacity);
     KMFillTransformation transformation;
     transformation.SetData(fill);

@@ -44,7 +44,7 @@ void LumaOfRun(const HBRGBA32i* pixels, quint32 (&luma)[LumaRun])
 }
 
 /// The counters of one lane. Equal neighbours (sky, a white background) would wait for each other's increment in one
-/// table, so that pixels go to eight tables in turn; 16 bits and a level's channels side by side keep the eight in
+/// table, so that pixels go to four tables in turn; 16 bits and a level's channels side by side keep the four in
 /// the fastest cache. They are emptied into wide counters before any can overflow.
 class Lane
 {
@@ -70,7 +70,7 @@ public:
     }
 
 private:
-    static constexpr int Tables = 8;
+    static constexpr int Tables = 4;
     static constexpr int Block = 16384;
     static_assert(LumaRun % Tables == 0, "a run goes to every table alike");
     static constexpr int MostPending = std::numeric_limits<quint16>::max();
@@ -180,12 +180,14 @@ HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const QImage& image
     const int height = image.height();
     return CountItems((height + StripRows - 1) / StripRows, abandoned, [&](Lane& lane, int item) {
         const int top = item * StripRows;
-        QImage strip = image.copy(0, top, image.width(), qMin(StripRows, height - top));
-        if (strip.format() != QImage::Format_RGB32)
-            strip = strip.convertToFormat(QImage::Format_ARGB32);
+        const int rows = qMin(StripRows, height - top);
+        QImage strip = image;
+        if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32)
+            strip = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
         if (strip.isNull())
             throw std::bad_alloc();
-        for (int y = 0; y < strip.height(); ++y)
+        const int first = strip.height() == height ? top : 0;
+        for (int y = first; y < first + rows; ++y)
             lane.Add(reinterpret_cast<const HBRGBA32i*>(strip.constScanLine(y)), strip.width());
     });
 }

@@ -54,44 +54,42 @@ namespace
 namespace HWY_NAMESPACE
 {
 
-/// The 32nd power.
+/// The 32nd power; 0 of levels below 3, whose powers are too small for a float and would stall the processor.
 template <class D>
 HWY_INLINE hn::Vec<D> Power(D d, hn::Vec<D> level)
 {
-    auto power = hn::Mul(level, hn::Set(d, 1.0f / NormUnit));
+    auto power = hn::Mul(hn::IfThenElseZero(level >= hn::Set(d, 3.0f), level), hn::Set(d, 1.0f / NormUnit));
     for (int doubling = 0; doubling < 5; ++doubling)
         power = hn::Mul(power, power);
     return power;
 }
 
+/// Adds the pixels from `words` on, `blocks` times a vector with Sums pixels from one to the next.
 template <class D>
-HWY_INLINE void AddPower(D d, hn::Vec<D> level, float* sum)
+HWY_INLINE void AddNorms(D d, const std::uint32_t* words, int blocks, NormSums& sums, int at)
 {
-    hn::StoreU(hn::Add(hn::LoadU(d, sum), Power(d, level)), d, sum);
-}
-
-template <class D>
-HWY_INLINE void AddNorms(D d, const std::uint32_t* words, NormSums& sums, int at)
-{
-    const auto source = hn::LoadU(hn::RebindToUnsigned<D>(), words);
-    AddPower(d, Channel<16>(d, source), sums.red + at);
-    AddPower(d, Channel<8>(d, source), sums.green + at);
-    AddPower(d, Channel<0>(d, source), sums.blue + at);
+    auto red = hn::LoadU(d, sums.red + at);
+    auto green = hn::LoadU(d, sums.green + at);
+    auto blue = hn::LoadU(d, sums.blue + at);
+    for (int block = 0; block < blocks; ++block, words += Sums) {
+        const auto source = hn::LoadU(hn::RebindToUnsigned<D>(), words);
+        red = hn::Add(red, Power(d, Channel<16>(d, source)));
+        green = hn::Add(green, Power(d, Channel<8>(d, source)));
+        blue = hn::Add(blue, Power(d, Channel<0>(d, source)));
+    }
+    hn::StoreU(red, d, sums.red + at);
+    hn::StoreU(green, d, sums.green + at);
+    hn::StoreU(blue, d, sums.blue + at);
 }
 
 void SumNorms(const HBRGBA32i* pixels, int count, NormSums& sums)
 {
     const hn::CappedTag<float, Sums> many;
-    const hn::CappedTag<float, 1> one;
-    const int lanes = int(hn::Lanes(many));
     const auto* words = reinterpret_cast<const std::uint32_t*>(pixels);
-    int i = 0;
-    for (; i + Sums <= count; i += Sums) {
-        for (int at = 0; at < Sums; at += lanes)
-            AddNorms(many, words + i + at, sums, at);
-    }
-    for (; i < count; ++i)
-        AddNorms(one, words + i, sums, i % Sums);
+    for (int at = 0; at < Sums; at += int(hn::Lanes(many)))
+        AddNorms(many, words + at, count / Sums, sums, at);
+    for (int i = count / Sums * Sums; i < count; ++i)
+        AddNorms(hn::CappedTag<float, 1>(), words + i, 1, sums, i % Sums);
 }
 
 /// Luma moved into 0.052..1: eight of them multiplied are still far from the smallest float.
@@ -105,9 +103,12 @@ HWY_INLINE hn::Vec<D> RaisedLuma(D d, const std::uint32_t* words)
 }
 
 template <class D>
-HWY_INLINE void MultiplyLuma(D d, const std::uint32_t* words, LogSums& sums, int at)
+HWY_INLINE void MultiplyLuma(D d, const std::uint32_t* words, int blocks, LogSums& sums, int at)
 {
-    hn::StoreU(hn::Mul(hn::LoadU(d, sums.mantissa + at), RaisedLuma(d, words)), d, sums.mantissa + at);
+    auto product = hn::LoadU(d, sums.mantissa + at);
+    for (int block = 0; block < blocks; ++block, words += Sums)
+        product = hn::Mul(product, RaisedLuma(d, words));
+    hn::StoreU(product, d, sums.mantissa + at);
 }
 
 /// Moves the exponents of the products out of the floats.
@@ -129,16 +130,11 @@ void Normalise(LogSums& sums)
 void MultiplyLumas(const HBRGBA32i* pixels, int count, LogSums& sums)
 {
     const hn::CappedTag<float, Sums> many;
-    const hn::CappedTag<float, 1> one;
-    const int lanes = int(hn::Lanes(many));
     const auto* words = reinterpret_cast<const std::uint32_t*>(pixels);
-    int i = 0;
-    for (; i + Sums <= count; i += Sums) {
-        for (int at = 0; at < Sums; at += lanes)
-            MultiplyLuma(many, words + i + at, sums, at);
-    }
-    for (; i < count; ++i)
-        MultiplyLuma(one, words + i, sums, i % Sums);
+    for (int at = 0; at < Sums; at += int(hn::Lanes(many)))
+        MultiplyLuma(many, words + at, count / Sums, sums, at);
+    for (int i = count / Sums * Sums; i < count; ++i)
+        MultiplyLuma(hn::CappedTag<float, 1>(), words + i, 1, sums, i % Sums);
     Normalise(sums);
 }
 

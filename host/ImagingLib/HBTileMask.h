@@ -9,7 +9,7 @@
 #include <array>
 
 /// A bit for each pixel of a row of a tile, the leftmost the lowest.
-__extension__ using HBMaskRow = unsigned __int128;
+__extension__ typedef unsigned __int128 HBMaskRow;
 
 /// A bit for each pixel of a tile, a row after the other.
 using HBTileMask = std::array<HBMaskRow, 128>;

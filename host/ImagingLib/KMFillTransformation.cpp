@@ -25,12 +25,18 @@ HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Quotient(D, hn::Vec<D> numerator, hn
     return hn::BitCast(du, hn::ConvertTo(hn::RebindToSigned<D>(), hn::Div(numerator, divisor)));
 }
 
+template <class D>
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>>
+Joined(hn::Vec<hn::RebindToUnsigned<D>> red, hn::Vec<hn::RebindToUnsigned<D>> green,
+       hn::Vec<hn::RebindToUnsigned<D>> blue, hn::Vec<hn::RebindToUnsigned<D>> alpha)
+{
+    return hn::Or(hn::Or(hn::ShiftLeft<16>(red), hn::ShiftLeft<8>(green)), hn::Or(blue, hn::ShiftLeft<24>(alpha)));
+}
+
 /// HBBlend::HBSourceOver in whole numbers that a float holds exactly. The colour is not fully transparent.
 template <class D>
-HWY_INLINE void FillVector(D d, HBRGBA32i colour, std::uint32_t* words)
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Over(D d, HBRGBA32i colour, hn::Vec<hn::RebindToUnsigned<D>> source)
 {
-    const hn::RebindToUnsigned<D> du;
-    const auto source = hn::LoadU(du, words);
     const auto below = hn::Mul(Channel<24>(d, source), hn::Set(d, 255.0f - colour.alpha));
     const auto total = hn::Add(below, hn::Set(d, colour.alpha * 255.0f));
     const auto half = hn::Floor(hn::Mul(total, hn::Set(d, 0.5f)));
@@ -39,11 +45,34 @@ HWY_INLINE void FillVector(D d, HBRGBA32i colour, std::uint32_t* words)
         return Quotient(d, hn::Add(hn::Add(ownShare, hn::Mul(other, below)), half), total);
     };
     const auto alpha = Quotient(d, hn::Add(total, hn::Set(d, 127.0f)), hn::Set(d, 255.0f));
-    auto result = hn::ShiftLeft<24>(alpha);
-    result = hn::Or(result, hn::ShiftLeft<16>(mean(colour.red, Channel<16>(d, source))));
-    result = hn::Or(result, hn::ShiftLeft<8>(mean(colour.green, Channel<8>(d, source))));
-    result = hn::Or(result, mean(colour.blue, Channel<0>(d, source)));
-    hn::StoreU(result, du, words);
+    return Joined<D>(mean(colour.red, Channel<16>(d, source)), mean(colour.green, Channel<8>(d, source)),
+                     mean(colour.blue, Channel<0>(d, source)), alpha);
+}
+
+/// The same on opaque pixels, where the divisor is 255: multiplying by its inverse is exact as well, if half a unit
+/// keeps the products off the whole numbers.
+template <class D>
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> OverOpaque(D d, HBRGBA32i colour,
+                                                       hn::Vec<hn::RebindToUnsigned<D>> source)
+{
+    const hn::RebindToUnsigned<D> du;
+    const auto below = hn::Set(d, 255.0f - colour.alpha);
+    const auto mean = [&](int own, auto other) {
+        const auto sum = hn::Add(hn::Set(d, own * colour.alpha + 127.5f), hn::Mul(other, below));
+        const auto scaled = hn::Mul(sum, hn::Set(d, 1.0f / 255.0f));
+        return hn::BitCast(du, hn::ConvertTo(hn::RebindToSigned<D>(), scaled));
+    };
+    return Joined<D>(mean(colour.red, Channel<16>(d, source)), mean(colour.green, Channel<8>(d, source)),
+                     mean(colour.blue, Channel<0>(d, source)), hn::Set(du, 255u));
+}
+
+template <class D>
+HWY_INLINE void FillVector(D d, HBRGBA32i colour, std::uint32_t* words)
+{
+    const hn::RebindToUnsigned<D> du;
+    const auto source = hn::LoadU(du, words);
+    const bool opaque = hn::AllTrue(du, hn::ShiftRight<24>(source) == hn::Set(du, 255u));
+    hn::StoreU(opaque ? OverOpaque(d, colour, source) : Over(d, colour, source), du, words);
 }
 
 /// Over as many of the pixels as fill whole vectors; returns how many.

@@ -14,7 +14,11 @@ public:
 
     void SetData(const HBRGBA32i& colour) { m_Colour = colour; }
 
-    void operator()(HBRGBA32i& pixel) const { HBBlend::HBSourceOver()(m_Colour, pixel); }
+    void operator()(HBRGBA32i& pixel) const
+    {
+        if (m_Colour.alpha > 0) // else a transparent pixel would take its invisible colour
+            HBBlend::HBSourceOver()(m_Colour, pixel);
+    }
     /// The run form: the same bytes.
     void operator()(HBRGBA32i* pixels, int count) const;
 
