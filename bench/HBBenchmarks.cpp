@@ -4,19 +4,32 @@
 // The jobs of the panels on 24 megapixels, against a plain copy of the same tiles and OpenCV's nearest equivalent on
 // the same pixels. A new transformation adds one RegisterJob line, and a peer if OpenCV has one.
 
+#include "HBAverageTintRGB32.h"
 #include "HBBenchmarkSummary.h"
 #include "HBThresholdRGB32.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
+#include <HBColorEnhancerTransformation.h>
+#include <HBFloodFillHelper.h>
+#include <HBHueSaturationTransformation.h>
+#include <HBIterativeBlackAndWhiteTransformation.h>
 #include <HBIterativeBrightnessContrastTransformation.h>
+#include <HBIterativeColorBalanceTransformation.h>
+#include <HBIterativeColorizeTransformation.h>
 #include <HBIterativeCurvesTransformation.h>
 #include <HBIterativeExposureTransformation.h>
 #include <HBIterativeGammaCorrectionTransformation.h>
 #include <HBIterativeLevelsTransformation.h>
+#include <HBIterativePhotoFilterTransformation.h>
 #include <HBIterativePosterizeTransformation.h>
 #include <HBParallel.h>
+#include <HBTemperatureCorrection.h>
+#include <HBTintRGB32.h>
+#include <KMFillTransformation.h>
+#include <KMIterativeWBTransformation.h>
 
 #include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
 
 #include <QCoreApplication>
 
@@ -156,6 +169,132 @@ HBIterativeCurvesTransformation Curves()
     return {points, 100};
 }
 
+/// A job of a pixel operation.
+template <class Operation>
+void RegisterOperation(const char* name, const Operation& operation)
+{
+    RegisterJob(name, HBIterativeAdjustmentTransformation<Operation>(operation));
+}
+
+cv::Mat HlsThereAndBack(const cv::Mat& photo)
+{
+    cv::Mat hls;
+    cv::Mat result;
+    cv::cvtColor(photo, hls, cv::COLOR_BGR2HLS_FULL);
+    cv::cvtColor(hls, result, cv::COLOR_HLS2BGR_FULL, 4);
+    return result;
+}
+
+cv::Mat GrayThereAndBack(const cv::Mat& photo)
+{
+    cv::Mat gray;
+    cv::Mat result;
+    cv::cvtColor(photo, gray, cv::COLOR_BGRA2GRAY);
+    cv::cvtColor(gray, result, cv::COLOR_GRAY2BGRA);
+    return result;
+}
+
+/// Every channel a weighted sum of the channels: what OpenCV has for a change of colours as a whole.
+cv::Mat MatrixOfColours(const cv::Mat& photo)
+{
+    const cv::Mat matrix = (cv::Mat_<float>(4, 4) << 0.8, 0.1, 0.1, 0, 0.1, 0.9, 0, 0, 0, 0.2, 0.7, 0, 0, 0, 0, 1);
+    cv::Mat result;
+    cv::transform(photo, result, matrix);
+    return result;
+}
+
+cv::Mat MixWithColour(const cv::Mat& photo)
+{
+    static const cv::Mat colour(Height, Width, CV_8UC4, cv::Scalar(90, 200, 1, 255));
+    cv::Mat result;
+    cv::addWeighted(photo, 0.5, colour, 0.5, 0.0, result);
+    return result;
+}
+
+cv::Mat FloodWhite(const cv::Mat&)
+{
+    cv::Mat white(Height, Width, CV_8UC3, cv::Scalar(255, 255, 255)); // floodFill takes no alpha
+    cv::floodFill(white, cv::Point(0, 0), cv::Scalar(1, 2, 3));
+    return white;
+}
+
+HBIterativeColorBalanceTransformation Balance()
+{
+    const int cyanRed[3] = {10, -20, 30};
+    const int magentaGreen[3] = {-5, 0, 15};
+    const int yellowBlue[3] = {0, 25, -40};
+    return {cyanRed, magentaGreen, yellowBlue};
+}
+
+void RegisterAnalysis(const char* name, KMWBTransformation::BalanceFunction function)
+{
+    Register(name, [=](benchmark::State& state) {
+        Photo();
+        for (auto _ : state)
+            benchmark::DoNotOptimize(KMIterativeWBTransformation(Photo(), function, 100));
+    });
+}
+
+void RegisterFlood(const char* name)
+{
+    Register(name, [](benchmark::State& state) {
+        const HBImage<> plain(Width, Height);
+        for (auto _ : state) {
+            HBImage<> image = plain;
+            HBFloodFillHelper::FloodFill(image, QPoint(0, 0), HBRGBA32i(0, 0, 0, 0), HBRGBA32i(1, 2, 3));
+            benchmark::DoNotOptimize(image);
+        }
+    });
+}
+
+void RegisterColour(std::vector<HBBenchmarkAim>& aims)
+{
+    const HBRGBA32i orange(236, 138, 0);
+    const HBRGBA32i pale(170, 209, 255);
+    RegisterPeer("Hls_OpenCV", HlsThereAndBack);
+    RegisterPeer("Gray_OpenCV", GrayThereAndBack);
+    RegisterPeer("Matrix_OpenCV", MatrixOfColours);
+    RegisterPeer("Mix_OpenCV", MixWithColour);
+    RegisterPeer("Flood_OpenCV", FloodWhite);
+
+    HBTemperatureCorrection temperature;
+    temperature.SetData(4000, 70, 10);
+    HBColorEnhancerTransformation enhancer;
+    enhancer.SetLevels(Levels().Operation());
+    enhancer.SetAmountData(60);
+    KMFillTransformation fill;
+    fill.SetData(HBRGBA32i(1, 200, 90, 127));
+
+    RegisterOperation("HueSaturation", HBHueSaturationTransformation(40, 20, 10, false));
+    RegisterJob("ColorBalance", Balance());
+    RegisterOperation("Temperature", temperature);
+    RegisterOperation("ColorEnhancer", enhancer);
+    RegisterAnalysis("WhiteBalance_Cast", KMWBTransformation::AutoBalance);
+    RegisterAnalysis("WhiteBalance_Exposure", KMWBTransformation::Overexposure);
+    RegisterOperation("Tint", HBAverageTintRGB32<333, 334, 333>(orange, pale, 191250));
+    RegisterOperation("TintRGB", HBTintRGB32(orange, pale, 75));
+    RegisterJob("BlackAndWhite", HBIterativeBlackAndWhiteTransformation(false, 0.3f, 0.59f, 0.11f));
+    RegisterJob("BlackAndWhite_CIE", HBIterativeBlackAndWhiteTransformation(true, 0.2126f, 0.7152f, 0.0722f));
+    RegisterJob("PhotoFilter", HBIterativePhotoFilterTransformation(orange, 60));
+    RegisterJob("Colorize", HBIterativeColorizeTransformation(orange, 60));
+    RegisterOperation("Fill", fill);
+    RegisterFlood("FloodFill");
+
+    aims.push_back({"HueSaturation", "Hls_OpenCV", 5.0, 2.5});
+    for (const char* name : {"ColorBalance", "Temperature"})
+        aims.push_back({name, "Matrix_OpenCV", 6.0, 1.0});
+    aims.push_back({"ColorEnhancer", "Lut_OpenCV", 6.0, 1.0});
+    // At most three times a read, that is to say.
+    for (const char* name : {"WhiteBalance_Cast", "WhiteBalance_Exposure"})
+        aims.push_back({name, "TileRead", 6.0, 1.0 / 3.0});
+    for (const char* name : {"Tint", "BlackAndWhite_CIE", "PhotoFilter", "Colorize"})
+        aims.push_back({name, "Matrix_OpenCV", 5.0, 1.0});
+    aims.push_back({"TintRGB", "Lut_OpenCV", 5.0, 1.0});
+    aims.push_back({"BlackAndWhite", "Gray_OpenCV", 5.0, 1.0});
+    aims.push_back({"Fill", "Mix_OpenCV", 5.0, 1.0});
+    aims.push_back({"FloodFill", "Flood_OpenCV", 10.0, 1.0});
+}
+
 std::vector<HBBenchmarkAim> RegisterAll()
 {
     Register(CopyName, TileCopy);
@@ -178,6 +317,7 @@ std::vector<HBBenchmarkAim> RegisterAll()
     std::vector<HBBenchmarkAim> aims = {{"BrightnessContrast", "BrightnessContrast_OpenCV", 2.0, 2.5}};
     for (const char* name : {"Gamma", "Exposure", "Posterize", "Levels", "Curves", "Threshold"})
         aims.push_back({name, "Lut_OpenCV", 2.0, 2.5});
+    RegisterColour(aims);
     return aims;
 }
 

@@ -2,13 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelCatalog.h"
 
+#include <HBBlackAndWhiteWidget.h>
 #include <HBBrightnessContrastWidget.h>
+#include <HBColorBalanceWidget.h>
+#include <HBColorEnhancerWidget.h>
+#include <HBColorizeWidget.h>
 #include <HBCurvesWidget.h>
 #include <HBExposureWidget.h>
 #include <HBGammaCorrectionWidget.h>
+#include <HBHueSaturationWidget.h>
 #include <HBLevelsWidget.h>
+#include <HBOverlay.h>
+#include <HBPhotoFilterWidget.h>
 #include <HBPosterizeWidget.h>
+#include <HBReplaceColorWidget.h>
+#include <HBSignWidget.h>
+#include <HBTemperatureWidget.h>
 #include <HBThresholdWidget.h>
+#include <HBTintWidget.h>
+#include <HBWatermarkWidget.h>
+#include <HBWBWidget.h>
+#include <KMFillColorWidget.h>
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -48,6 +62,21 @@ template <class Panel>
 HBAdjustmentWidget* Create(bool dialog, QWidget* parent)
 {
     return new Panel(dialog, parent, Qt::WindowFlags());
+}
+
+/// Some panels react to the user only after their first SetValue.
+template <class Panel>
+HBAdjustmentWidget* CreateWithValue(bool dialog, QWidget* parent)
+{
+    auto* panel = new Panel(dialog, parent, Qt::WindowFlags());
+    panel->SetValue(panel->GetValue());
+    return panel;
+}
+
+template <class Panel>
+HBAdjustmentWidget* CreateOverlay(bool, QWidget* parent)
+{
+    return new Panel(parent, Qt::WindowFlags());
 }
 
 template <class Panel>
@@ -163,19 +192,30 @@ HBPanelEntry PlainRow(const char* group, const char* title)
 
 /// A panel whose values are a stored record `Params`, which opens with the tag.
 template <class Panel>
-HBPanelEntry Row(const char* tag, const char* group, const char* title)
+HBPanelEntry Row(const char* tag, const char* group, const char* title,
+                 HBAdjustmentWidget* (*create)(bool, QWidget*) = &CreateWithValue<Panel>)
 {
-    return {Panel::staticMetaObject.className(),
-            tag,
-            group,
-            title,
-            &Create<Panel>,
-            &SaveRecord<Panel>,
-            &RestoreRecord<Panel>};
+    return {
+        Panel::staticMetaObject.className(), tag, group, title, create, &SaveRecord<Panel>, &RestoreRecord<Panel>};
 }
 
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Tonal");
+constexpr char Colour[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Colour");
+constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Overlays");
+
+/// An overlay: a panel whose values are a stored record and are drawn by `Draw`.
+template <class Panel, HBImage<> (*Draw)(const HBImage<>&, const typename Panel::Params&, QString*)>
+HBPanelEntry OverlayRow(const char* tag, const char* title)
+{
+    HBPanelEntry row = Row<Panel>(tag, Overlays, title, &CreateOverlay<Panel>);
+    row.draw = [](const HBAdjustmentWidget& panel) -> HBOverlayDrawing {
+        return [params = static_cast<const Panel&>(panel).GetValue()](const HBImage<>& source, QString* error) {
+            return Draw(source, params, error);
+        };
+    };
+    return row;
+}
 
 } // namespace
 
@@ -190,6 +230,28 @@ const QVector<HBPanelEntry>& HBPanelCatalog()
         Row<HBLevelsWidget>("KMLevels 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Levels")),
         Row<HBCurvesWidget>("KMCurves 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Curves")),
         Row<HBThresholdWidget>("KMThreshold 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Threshold")),
+        Row<HBHueSaturationWidget>("KMHueSaturation 1.00000", Colour,
+                                   QT_TRANSLATE_NOOP("HBPanelCatalog", "Hue and Saturation")),
+        Row<HBColorBalanceWidget>("KMColorBalance 1.00000", Colour,
+                                  QT_TRANSLATE_NOOP("HBPanelCatalog", "Color Balance")),
+        Row<HBWBWidget>("KMWhiteBalance 1.00000", Colour,
+                        QT_TRANSLATE_NOOP("HBPanelCatalog", "Picture Correction")),
+        Row<HBTemperatureWidget>("KMTemperature 1.00000", Colour,
+                                 QT_TRANSLATE_NOOP("HBPanelCatalog", "Temperature")),
+        Row<HBColorEnhancerWidget>("KMColorEnhancer 1.00000", Colour,
+                                   QT_TRANSLATE_NOOP("HBPanelCatalog", "Color Enhancer")),
+        Row<HBTintWidget>("KMTint 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Tint")),
+        Row<HBBlackAndWhiteWidget>("KMBlackAndWhite 1.00000", Colour,
+                                   QT_TRANSLATE_NOOP("HBPanelCatalog", "Black and White")),
+        Row<HBPhotoFilterWidget>("KMPhotoFilter 1.00000", Colour,
+                                 QT_TRANSLATE_NOOP("HBPanelCatalog", "Photo Filter")),
+        Row<HBColorizeWidget>("KMColorizeFilter 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Colorize")),
+        Row<HBReplaceColorWidget>("KMReplaceColor 1.00000", Colour,
+                                  QT_TRANSLATE_NOOP("HBPanelCatalog", "Replace Color")),
+        Row<KMFillColorWidget>("KMFillColor 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Fill Color")),
+        OverlayRow<HBSignWidget, &HBDrawSign>("KMSign 1.00000", QT_TRANSLATE_NOOP("HBPanelCatalog", "Sign")),
+        OverlayRow<HBWatermarkWidget, &HBDrawWatermark>("KMWatermark 1.00000",
+                                                        QT_TRANSLATE_NOOP("HBPanelCatalog", "Watermark")),
     };
     return catalog;
 }

@@ -125,6 +125,21 @@ bool RunPanel(HBAdjustmentWidget& panel, const HBImage<>& image, HBImage<>* resu
     return ready && !panel.HasJobFailed();
 }
 
+/// Draws an overlay or lets the panel adjust the image; false, with the reason, if that failed.
+bool ApplyStep(const HBPanelEntry& entry, HBAdjustmentWidget& panel, HBImage<>* image, QString* reason,
+               const std::function<void(double)>& progress)
+{
+    if (entry.draw) {
+        *image = entry.draw(panel)(HBImage<>(*image), reason);
+        progress(1);
+        return reason->isEmpty();
+    }
+    if (RunPanel(panel, HBImage<>(*image), image, progress))
+        return true;
+    *reason = Translated("the adjustment failed");
+    return false;
+}
+
 } // namespace
 
 bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error)
@@ -211,8 +226,9 @@ HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString*
             if (progress)
                 progress(int(1000 * (i + done) / recipe.steps.size()));
         };
-        if (!RunPanel(*panel, HBImage<>(result), &result, report)) {
-            FailStep(error, i, step.panel, Translated("the adjustment failed"));
+        QString reason;
+        if (!ApplyStep(*HBFindPanel(step.panel), *panel, &result, &reason, report)) {
+            FailStep(error, i, step.panel, reason);
             return {};
         }
     }

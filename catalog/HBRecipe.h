@@ -43,8 +43,8 @@ struct CATALOG_EXPORT HBRecipe
 };
 
 /// Applies the steps to the whole image, one panel's job after the other, without showing anything, and
-/// returns the result: the same bytes as a panel that the user works with gives. A step of a panel that has
-/// no job of its own leaves the image as it is. GUI thread; runs an event loop meanwhile. The image is
+/// returns the result: the same bytes as a panel that the user works with gives. An overlay, whose panel
+/// has no job of its own, is drawn. GUI thread; runs an event loop meanwhile. The image is
 /// returned empty, with `error` set, if a step cannot be applied.
 /// \param progress told the work done in 1/1000 of the whole; may be null
 CATALOG_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,

@@ -16,6 +16,7 @@
 #include <atomic>
 #include <exception>
 
+class HBAdjustmentProcessing;
 class HBOperationProgressDlg;
 class KMDocumentView;
 class QLinearGradient;
@@ -123,6 +124,10 @@ protected:
     HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
                                 std::exception_ptr* exception = nullptr);
 
+    /// Passes the progress of a processing object on, queued; on the job's thread.
+    void ConnectProgress(const HBAdjustmentProcessing& processing);
+    /// Whether the result of the running job will be dropped: for a job to ask between its stages.
+    bool IsJobObsolete();
     /// For a job that had to give up; on its thread.
     void SetJobFailed() { m_JobFailed = true; }
 

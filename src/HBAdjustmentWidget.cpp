@@ -132,6 +132,21 @@ HBJobData HBAdjustmentWidget::JobData() const
     return {m_Source, m_Selection, m_SelectionOffset, m_SelectionBoundingRect};
 }
 
+void HBAdjustmentWidget::ConnectProgress(const HBAdjustmentProcessing& processing)
+{
+    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
+    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
+            Qt::QueuedConnection);
+    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
+            Qt::QueuedConnection);
+}
+
+bool HBAdjustmentWidget::IsJobObsolete()
+{
+    const QReadLocker guard(&m_DataGuard);
+    return m_NewData;
+}
+
 void HBAdjustmentWidget::FinishJob()
 {
     KillTimer(m_ProgressTimer);

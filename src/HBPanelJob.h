@@ -38,11 +38,7 @@ HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Tran
                                                 std::exception_ptr* exception)
 {
     HBAdjustmentProcessingTemplate<Transformation> processing(transformation, &GetDataGuard(), &GetNewData());
-    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
-    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
-            Qt::QueuedConnection);
-    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
-            Qt::QueuedConnection);
+    ConnectProgress(processing);
     const HBImage<> result = processing.Process(job.source, job.selection, job.offset, job.bounds);
     if (processing.Exception())
         SetJobFailed();

@@ -112,7 +112,7 @@ HBImage<> HBAdjustmentProcessing::Run(const HBImage<>& source, const HBImage<>& 
             result.Detach(index);
             {
                 const KMTilePin<HBRGBA32i> pin(result.Tile(index), true);
-                own(pin.Pixels());
+                own(pin.Pixels(), index);
             }
             tileClaims.Done();
         }

@@ -39,8 +39,8 @@ signals:
     void ProgressChanged(int value);
 
 protected:
-    /// Transforms the 16384 pixels of one tile. Each lane works with its own copy.
-    using TileFunction = std::function<void(HBRGBA32i* pixels)>;
+    /// Transforms the 16384 pixels of tile `index`. Each lane works with its own copy.
+    using TileFunction = std::function<void(HBRGBA32i* pixels, int index)>;
 
     /// Runs the job and returns the adjusted image, which shares every tile that was not touched with the source.
     ///

@@ -37,7 +37,7 @@ public:
     {
         // Each lane copies the function, and with it the transformation and its buffer.
         auto transform = [](Transformation transformation) {
-            return [transformation = std::move(transformation)](HBRGBA32i* pixels) mutable {
+            return [transformation = std::move(transformation)](HBRGBA32i* pixels, int) mutable {
                 transformation.SetProcessingBuffer(pixels);
                 HBTransformTile(transformation);
             };

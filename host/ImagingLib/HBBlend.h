@@ -41,6 +41,17 @@ struct HBSourceOver
         destination = {mean(source.red, destination.red), mean(source.green, destination.green),
                        mean(source.blue, destination.blue), std::uint8_t((total + 127) / 255)};
     }
+
+    /// One version of a picture over another: the source covers by `opacity`, 0..256 (clamped), alone, and alpha is
+    /// mixed like the colours, so that what is half transparent in both stays so. 256 gives the very bytes of the
+    /// source, 0 leaves those of the destination.
+    constexpr void operator()(const HBRGBA32i& source, HBRGBA32i& destination, int opacity) const
+    {
+        const int above = opacity < 0 ? 0 : opacity > 256 ? 256 : opacity;
+        auto mean = [=](int s, int d) { return std::uint8_t((s * above + d * (256 - above) + 128) >> 8); };
+        destination = {mean(source.red, destination.red), mean(source.green, destination.green),
+                       mean(source.blue, destination.blue), mean(source.alpha, destination.alpha)};
+    }
 };
 
 /// Takes an adjustment back where nothing is selected: destination, which holds the adjusted pixel, becomes the mean

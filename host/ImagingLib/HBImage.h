@@ -54,6 +54,13 @@ public:
     /// Also true for an image whose tile list does not fit its size.
     bool IsEmpty() const { return m_Width <= 0 || m_Height <= 0 || m_Tiles.size() != m_Columns * m_Rows; }
 
+    /// Whether nothing was written since one was copied from the other: the same pixels, told without looking at them.
+    bool IsSameAs(const HBImage& other) const
+    {
+        return m_Width == other.m_Width && m_Height == other.m_Height &&
+               m_Tiles.constData() == other.m_Tiles.constData();
+    }
+
     const QVector<KMTileRef>& Tiles() const { return m_Tiles; }
     const KMTileRef& Tile(int index) const { return m_Tiles.at(index); }
     /// The pixels of the image that tile `index` holds, in image coordinates.

@@ -7,9 +7,10 @@
 cmake_minimum_required(VERSION 3.21)
 
 # The folders of each layer. A file may include headers of its own layer and of lower ones.
-set(layers programs catalog panels host) # from the top down
+set(layers programs catalog overlay panels host) # from the top down
 set(programs editor photo replay)
 set(catalog catalog)
+set(overlay overlay)
 set(panels include src)
 set(host host)
 set(without_widgets "^host/(ImagingLib|HostUtilsLib)/")

@@ -2,10 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <HBBlackAndWhiteWidget.h>
 #include <HBBrightnessContrastWidget.h>
+#include <HBColorBalanceWidget.h>
+#include <HBColorEnhancerWidget.h>
+#include <HBColorizeWidget.h>
 #include <HBCurvesWidget.h>
+#include <HBHueSaturationWidget.h>
 #include <HBLevelsWidget.h>
+#include <HBPhotoFilterWidget.h>
+#include <HBReplaceColorWidget.h>
+#include <HBTemperatureWidget.h>
 #include <HBThresholdWidget.h>
+#include <HBTintWidget.h>
+#include <HBWBWidget.h>
+#include <KMFillColorWidget.h>
 
 // What tst_HBParamStream must know of each panel with a record. A new panel: one specialisation here and its name in
 // RecordPanels below.
@@ -127,9 +138,175 @@ struct RecordCase<HBThresholdWidget> : CommonRecordCase
     static constexpr int resetsFromDefaults = 1;
 };
 
+template <>
+struct RecordCase<HBHueSaturationWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMHueSaturation 1.00000";
+    static constexpr const char* readMessage = "Read hue and saturation data error.";
+    static constexpr const char* writeMessage = "Write hue and saturation data error.";
+    static constexpr const char* source = "src\\HBHueSaturationWidget";
+    static HBHueSaturationWidget::Params Sample() { return {200, 10, -20, true}; }
+    static constexpr const char* fields = "000000c8 0000000a ffffffec 00000001";
+    static constexpr bool defaultsAfterFailedRead = true;
+    static constexpr int resetsFromSample = 4;
+    static constexpr int resetsFromDefaults = 0;
+};
+
+template <>
+struct RecordCase<HBColorBalanceWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMColorBalance 1.00000";
+    static constexpr const char* readMessage = "Read color balance data error.";
+    static constexpr const char* writeMessage = "Write color balance data error.";
+    static constexpr const char* source = "src\\HBColorBalanceWidget";
+    static HBColorBalanceWidget::Params Sample() { return {{10, 20, 30}, {-1, -2, -3}, {70, 80, 90}, 3, false}; }
+    // Luminosity and range first, unlike in the record.
+    static constexpr const char* fields = "00000000 00000003"
+                                          "0000000a 00000014 0000001e"
+                                          "ffffffff fffffffe fffffffd"
+                                          "00000046 00000050 0000005a";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBWBWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMWhiteBalance 1.00000";
+    static constexpr const char* readMessage = "Read WB data error.";
+    static constexpr const char* writeMessage = "Write WB data error.";
+    static constexpr const char* source = "src\\HBWBWidget";
+    static HBWBWidget::Params Sample() { return {true, 11, 22, 33, 2, true, -44, 55}; }
+    static constexpr const char* fields = "01 0000000b 00000016 00000021 00000002 01 ffffffd4 00000037";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBTemperatureWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMTemperature 1.00000";
+    static constexpr const char* readMessage = "Read temperature data error.";
+    static constexpr const char* writeMessage = "Write temperature data error.";
+    static constexpr const char* source = "src\\HBTemperatureWidget";
+    static HBTemperatureWidget::Params Sample() { return {3000, -10, 80}; }
+    static constexpr const char* fields = "00000bb8 fffffff6 00000050";
+    static constexpr int resetsFromSample = 2; // the strength was not shown
+    static constexpr int resetsFromDefaults = 0;
+};
+
+template <>
+struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase
+{
+    static constexpr const char* tag = "KMColorEnhancer 1.00000";
+    static constexpr const char* readMessage = "Read color enhancer data error.";
+    static constexpr const char* writeMessage = "Write color enhancer data error.";
+    static constexpr const char* source = "src\\HBColorEnhancerWidget";
+    static HBColorEnhancerWidget::Params Sample() { return {30, 60}; }
+    static constexpr const char* fields = "0000001e 0000003c";
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+/// What holds for the panels with colours of a dialog.
+struct ColourRecordCase : CommonRecordCase
+{
+    static constexpr int resetsFromSample = 1; // always, also when nothing changes
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBTintWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMTint 1.00000";
+    static constexpr const char* readMessage = "Read tint data error.";
+    static constexpr const char* writeMessage = "Write tint data error.";
+    static constexpr const char* source = "src\\HBTintWidget";
+    static HBTintWidget::Params Sample()
+    {
+        return {QColor(1, 2, 3, 128), QColor(200, 100, 50), 30, HBTintWidget::LUMA};
+    }
+    static constexpr const char* fields = "01 8080 0101 0202 0303 0000"
+                                          "01 ffff c8c8 6464 3232 0000 0000001e 00000002";
+};
+
+template <>
+struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMBlackAndWhite 1.00000";
+    static constexpr const char* otherTag = "KMDesaturate 1.00000";
+    static constexpr const char* readMessage = "Read BlackAndWhite data error.";
+    static constexpr const char* writeMessage = "Write BlackAndWhite data error.";
+    static constexpr const char* source = "src\\HBBlackAndWhiteWidget";
+    static HBBlackAndWhiteWidget::Params Sample() { return {0.25f, 0.5f, 0.125f, 5}; }
+    static constexpr const char* fields = "00000005 3fd0000000000000 3fe0000000000000 3fc0000000000000";
+};
+
+template <>
+struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMPhotoFilter 1.00000";
+    static constexpr const char* readMessage = "Read photo filter data error.";
+    static constexpr const char* writeMessage = "Write photo filter data error.";
+    static constexpr const char* source = "src\\HBPhotoFilterWidget";
+    static constexpr int readLine = 381;
+    static constexpr int writeLine = 368;
+    static constexpr bool defaultsAfterFailedRead = true;
+    static HBPhotoFilterWidget::Params Sample() { return {QColor(16, 32, 48), 70}; }
+    static constexpr const char* fields = "01 ffff 1010 2020 3030 0000 00000046";
+};
+
+template <>
+struct RecordCase<HBColorizeWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMColorizeFilter 1.00000";
+    static constexpr const char* readMessage = "Read colorize data error.";
+    static constexpr const char* writeMessage = "Write colorize data error.";
+    static constexpr const char* source = "src\\HBColorizeWidget";
+    static constexpr int readLine = 309;
+    static constexpr int writeLine = 296;
+    static constexpr bool defaultsAfterFailedRead = true;
+    static HBColorizeWidget::Params Sample() { return {QColor(16, 32, 48), 70}; }
+    static constexpr const char* fields = "01 ffff 1010 2020 3030 0000 00000046";
+};
+
+template <>
+struct RecordCase<HBReplaceColorWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMReplaceColor 1.00000";
+    static constexpr const char* readMessage = "Read sign data error."; // the sign panel's, on purpose
+    static constexpr const char* writeMessage = "Write sign data error.";
+    static constexpr const char* source = "src\\HBReplaceColorWidget";
+    static constexpr int readLine = 410;
+    static constexpr int writeLine = 397;
+    static constexpr bool defaultsAfterFailedRead = true;
+    static HBReplaceColorWidget::Params Sample()
+    {
+        return {40, HBReplaceColorWidget::RightBottom, QColor(16, 32, 48), 60};
+    }
+    static constexpr const char* fields = "00000028 00000003 01 ffff 1010 2020 3030 0000 0000003c";
+};
+
+template <>
+struct RecordCase<KMFillColorWidget> : ColourRecordCase
+{
+    static constexpr const char* tag = "KMFillColor 1.00000";
+    static constexpr const char* readMessage = "Read colorize data error."; // the colorize panel's, on purpose
+    static constexpr const char* writeMessage = "Write colorize data error.";
+    static constexpr const char* source = "src\\KMFillColorWidget";
+    static constexpr int readLine = 308;
+    static constexpr int writeLine = 295;
+    static constexpr bool defaultsAfterFailedRead = true;
+    static KMFillColorWidget::Params Sample() { return {QColor(16, 32, 48), 40}; }
+    static constexpr const char* fields = "01 ffff 1010 2020 3030 0000 00000028";
+};
+
 template <class... Panels>
 struct PanelList
 {
 };
 
-using RecordPanels = PanelList<HBBrightnessContrastWidget, HBLevelsWidget, HBCurvesWidget, HBThresholdWidget>;
+using RecordPanels = PanelList<HBBrightnessContrastWidget, HBLevelsWidget, HBCurvesWidget, HBThresholdWidget,
+                               HBHueSaturationWidget, HBColorBalanceWidget, HBWBWidget, HBTemperatureWidget,
+                               HBColorEnhancerWidget, HBTintWidget, HBBlackAndWhiteWidget, HBPhotoFilterWidget,
+                               HBColorizeWidget, HBReplaceColorWidget, KMFillColorWidget>;

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBFloodFillHelper.h"
+
+#include "HBParallel.h"
+#include "HBTileMask.h"
+#include "KMFillTransformation.h"
+
+#include <atomic>
+#include <deque>
+#include <memory>
+#include <vector>
+
+namespace
+{
+
+constexpr int TileSide = 128;
+
+/// Finds the pixels to fill, a tile at a time. A tile hands what it reached at its borders to its neighbours, which
+/// then wait in a queue; it may get its turn again when they hand something back.
+class Region
+{
+public:
+    Region(const HBImage<>& image, HBRGBA32i lowest, HBRGBA32i highest)
+        : m_Image(image)
+        , m_Lowest(lowest)
+        , m_Highest(highest)
+        , m_Tiles(std::size_t(image.Tiles().size()))
+    {
+    }
+
+    void GrowFrom(QPoint seed)
+    {
+        const int index = seed.y() / TileSide * m_Image.Columns() + seed.x() / TileSide;
+        HBTileMask seeds{};
+        seeds[std::size_t(seed.y() % TileSide)] = HBMaskRow(1) << (seed.x() % TileSide);
+        Grow(index, seeds);
+        while (!m_Queue.empty()) {
+            const int next = m_Queue.front();
+            m_Queue.pop_front();
+            Grow(next, TakeSeeds(next));
+        }
+    }
+
+    /// The pixels of a tile that were found; null if there are none.
+    const HBTileMask* Mask(int index) const { return m_Tiles[std::size_t(index)].filled.get(); }
+
+    QRect Bounds() const
+    {
+        QRect bounds;
+        for (int index = 0; index < int(m_Tiles.size()); ++index) {
+            if (const HBTileMask* mask = Mask(index))
+                bounds |= HBBounds(*mask).translated(m_Image.TileRect(index).topLeft());
+        }
+        return bounds;
+    }
+
+private:
+    struct Tile
+    {
+        std::unique_ptr<HBTileMask> filled;
+        // Seeds that wait: a bit for each pixel of a border.
+        HBMaskRow top = 0;
+        HBMaskRow bottom = 0;
+        HBMaskRow left = 0;
+        HBMaskRow right = 0;
+        bool queued = false;
+    };
+
+    HBTileMask TakeSeeds(int index)
+    {
+        Tile& tile = m_Tiles[std::size_t(index)];
+        const QSize size = m_Image.TileRect(index).size();
+        HBTileMask seeds{};
+        seeds.front() = tile.top;
+        seeds[std::size_t(size.height() - 1)] |= tile.bottom;
+        for (int y = 0; y < size.height(); ++y) {
+            seeds[std::size_t(y)] |= tile.left >> y & 1;
+            seeds[std::size_t(y)] |= (tile.right >> y & 1) << (size.width() - 1);
+        }
+        tile.top = tile.bottom = tile.left = tile.right = 0;
+        tile.queued = false;
+        return seeds;
+    }
+
+    void Grow(int index, const HBTileMask& seeds)
+    {
+        const QSize size = m_Image.TileRect(index).size();
+        Tile& tile = m_Tiles[std::size_t(index)];
+        HBTileMask open;
+        {
+            const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
+            open = HBMatchTile(pin.Pixels(), m_Lowest, m_Highest, size);
+        }
+        HBTileMask filled = tile.filled ? *tile.filled : HBTileMask{};
+        const HBTileMask before = filled;
+        HBSpreadInTile(open, seeds, filled);
+        if (filled == before)
+            return;
+        HandOver(index, size, before, filled);
+        if (!tile.filled)
+            tile.filled = std::make_unique<HBTileMask>();
+        *tile.filled = filled;
+    }
+
+    /// Passes what is new at the borders to the neighbours.
+    void HandOver(int index, const QSize& size, const HBTileMask& before, const HBTileMask& now)
+    {
+        const auto fresh = [&](int y) { return now[std::size_t(y)] & ~before[std::size_t(y)]; };
+        HBMaskRow left = 0;
+        HBMaskRow right = 0;
+        for (int y = 0; y < size.height(); ++y) {
+            left |= (fresh(y) & 1) << y;
+            right |= (fresh(y) >> (size.width() - 1) & 1) << y;
+        }
+        const int columns = m_Image.Columns();
+        const int column = index % columns;
+        if (column > 0)
+            Pass(index - 1, &Tile::right, left);
+        if (column < columns - 1)
+            Pass(index + 1, &Tile::left, right);
+        if (index >= columns)
+            Pass(index - columns, &Tile::bottom, fresh(0));
+        if (index + columns < int(m_Tiles.size()))
+            Pass(index + columns, &Tile::top, fresh(size.height() - 1));
+    }
+
+    void Pass(int index, HBMaskRow Tile::*border, HBMaskRow seeds)
+    {
+        Tile& tile = m_Tiles[std::size_t(index)];
+        if (!(seeds & ~Reached(index, border)))
+            return; // most often the neighbour had come from there
+        tile.*border |= seeds;
+        if (!tile.queued)
+            m_Queue.push_back(index);
+        tile.queued = true;
+    }
+
+    /// The pixels of a tile's border that are filled already.
+    HBMaskRow Reached(int index, HBMaskRow Tile::*border) const
+    {
+        const HBTileMask* mask = Mask(index);
+        if (!mask)
+            return 0;
+        const QSize size = m_Image.TileRect(index).size();
+        if (border == &Tile::top)
+            return mask->front();
+        if (border == &Tile::bottom)
+            return (*mask)[std::size_t(size.height() - 1)];
+        const int x = border == &Tile::left ? 0 : size.width() - 1;
+        HBMaskRow column = 0;
+        for (int y = 0; y < size.height(); ++y)
+            column |= ((*mask)[std::size_t(y)] >> x & 1) << y;
+        return column;
+    }
+
+    const HBImage<>& m_Image;
+    const HBRGBA32i m_Lowest;
+    const HBRGBA32i m_Highest;
+    std::vector<Tile> m_Tiles;
+    std::deque<int> m_Queue;
+};
+
+void FillTile(HBImage<>& image, int index, const HBTileMask& mask, const KMFillTransformation& fill)
+{
+    image.Detach(index);
+    const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
+    HBRGBA32i* row = pin.Pixels();
+    for (const HBMaskRow bits : mask) {
+        HBForEachRun(bits, [&](int first, int count) { fill(row + first, count); });
+        row += TileSide;
+    }
+}
+
+void FillRegion(HBImage<>& image, const Region& region, HBRGBA32i colour)
+{
+    KMFillTransformation fill;
+    fill.SetData(colour);
+    image.DetachList();
+    const int tiles = image.Tiles().size();
+    std::atomic<int> next{0};
+    HBRunLanes(HBLaneCount(tiles), [&] {
+        for (int index; (index = next.fetch_add(1)) < tiles;) {
+            if (const HBTileMask* mask = region.Mask(index))
+                FillTile(image, index, *mask, fill);
+        }
+    });
+}
+
+HBRGBA32i Shifted(HBRGBA32i pixel, HBRGBA32i by, int sign)
+{
+    const auto level = [=](int value, int distance) {
+        return std::uint8_t(qBound(0, value + sign * distance, 255));
+    };
+    return {level(pixel.red, by.red), level(pixel.green, by.green), level(pixel.blue, by.blue),
+            level(pixel.alpha, by.alpha)};
+}
+
+} // namespace
+
+bool HBFloodFillHelper::FloodFill(HBImage<>& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement,
+                                  QRect* filled)
+{
+    if (filled)
+        *filled = QRect();
+    if (image.IsEmpty() || !QRect(0, 0, image.Width(), image.Height()).contains(seed))
+        return false;
+    if (replacement.alpha == 0 && !filled)
+        return true;
+
+    const HBRGBA32i like = image.PixelAt(seed.x(), seed.y());
+    Region region(image, Shifted(like, tolerance, -1), Shifted(like, tolerance, 1));
+    region.GrowFrom(seed);
+    if (filled)
+        *filled = region.Bounds();
+    if (replacement.alpha > 0)
+        FillRegion(image, region, replacement);
+    return true;
+}

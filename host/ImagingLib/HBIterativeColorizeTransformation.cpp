@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBIterativeColorizeTransformation.h"
+
+#include <QtGlobal>
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "HBIterativeColorizeTransformation.cpp"
+#include <hwy/foreach_target.h>
+
+#include "HBColourVectors-inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace
+{
+namespace HWY_NAMESPACE
+{
+
+struct Tone
+{
+    const HBColorize::Factors& factors;
+
+    // SetLum pulls a colour that has left the range towards its luminosity by luminosity / (luminosity - least) or
+    // (white - luminosity) / (greatest - luminosity). For one colour these divisors are constant, and no more than
+    // one end can be left.
+    template <class D>
+    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    {
+        const auto luminosity = Weigh(d, c, 0.3f, 0.59f, 0.11f);
+        const auto below = hn::Mul(luminosity, hn::Set(d, factors.shadows));
+        const auto above = hn::Mul(hn::Sub(hn::Set(d, 255.0f), luminosity), hn::Set(d, factors.highlights));
+        const auto pull = hn::Min(hn::Min(below, above), hn::Set(d, 1.0f));
+        const auto toned = [&](float excess) { return hn::Add(luminosity, hn::Mul(pull, hn::Set(d, excess))); };
+        c.red = Lerp(d, c.red, toned(factors.red), factors.amount);
+        c.green = Lerp(d, c.green, toned(factors.green), factors.amount);
+        c.blue = Lerp(d, c.blue, toned(factors.blue), factors.amount);
+    }
+};
+
+void TonePixels(const HBColorize::Factors& factors, HBRGBA32i* pixels, int count)
+{
+    MapColours(Tone{factors}, pixels, count);
+}
+
+} // namespace HWY_NAMESPACE
+} // namespace
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace
+{
+HWY_EXPORT(TonePixels);
+}
+
+HBColorize::HBColorize(const HBRGBA32i& colour, int amount)
+{
+    const double luminosity = 0.3 * colour.red + 0.59 * colour.green + 0.11 * colour.blue;
+    const int greatest = qMax(colour.red, qMax(colour.green, colour.blue));
+    const int least = qMin(colour.red, qMin(colour.green, colour.blue));
+    // A grey has no excess; any finite factor will do.
+    const auto perLevel = [](double reach) { return float(1.0 / qMax(reach, 1e-3)); };
+    m_Factors = {float(colour.red - luminosity),  float(colour.green - luminosity),
+                 float(colour.blue - luminosity), perLevel(luminosity - least),
+                 perLevel(greatest - luminosity), qBound(0, amount, 100) / 100.0f};
+}
+
+void HBColorize::operator()(HBRGBA32i* pixels, int count) const
+{
+    if (m_Factors.amount > 0.0f)
+        HWY_DYNAMIC_DISPATCH(TonePixels)(m_Factors, pixels, count);
+}
+
+#endif

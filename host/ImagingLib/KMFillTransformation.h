@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBBlend.h"
+#include "imaginglib_export.h"
+
+/// Fills with one colour, laid over the pixels by its alpha (see HBBlend::HBSourceOver): with alpha 255 the exact
+/// colour, with alpha 0, which is the default, the exact identity.
+class IMAGINGLIB_EXPORT KMFillTransformation
+{
+public:
+    KMFillTransformation() : m_Colour(0, 0, 0, 0) {}
+
+    void SetData(const HBRGBA32i& colour) { m_Colour = colour; }
+
+    void operator()(HBRGBA32i& pixel) const
+    {
+        if (m_Colour.alpha > 0) // else a transparent pixel would take its invisible colour
+            HBBlend::HBSourceOver()(m_Colour, pixel);
+    }
+    /// The run form: the same bytes.
+    void operator()(HBRGBA32i* pixels, int count) const;
+
+private:
+    HBRGBA32i m_Colour;
+};

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBTextOutlines.h"
+
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+// As on a screen: a text looks on a photo shown 1000 pixels high as it does in a dialog.
+constexpr double UnitsPerPoint = 96.0 / 72.0;
+constexpr double MinimumUnits = 1;
+constexpr double MaximumUnits = 1000;
+constexpr double DefaultPoints = 12;
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("HBOverlay", text);
+}
+
+bool IsInstalled(const QFont& font)
+{
+    const QFontDatabase database;
+    QStringList names = font.families();
+    names.append(font.family());
+    return std::any_of(names.cbegin(), names.cend(), [&database](const QString& name) {
+        // The application's own font always goes: its name may be one that the platform only stands in for.
+        return name.isEmpty() || name == QFont().family() || database.hasFamily(name);
+    });
+}
+
+/// The same font at the size of the outlines, without what fits it to a screen's pixels.
+QFont OutlineFont(const QFont& font)
+{
+    const double factor = HBTextOutlines::FontPixels / HBFontUnits(font);
+    QFont large = font;
+    large.setPixelSize(HBTextOutlines::FontPixels);
+    large.setHintingPreference(QFont::PreferNoHinting);
+    large.setStyleStrategy(QFont::ForceOutline);
+    if (font.letterSpacingType() == QFont::AbsoluteSpacing)
+        large.setLetterSpacing(QFont::AbsoluteSpacing, font.letterSpacing() * factor);
+    large.setWordSpacing(font.wordSpacing() * factor);
+    return large;
+}
+
+} // namespace
+
+double HBFontUnits(const QFont& font)
+{
+    const double size = font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * UnitsPerPoint;
+    // The comparison fails for what is not a number, too.
+    return size > 0 ? qBound(MinimumUnits, size, MaximumUnits) : DefaultPoints * UnitsPerPoint;
+}
+
+HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QString* error)
+{
+    HBTextOutlines outlines;
+    if (text.trimmed().isEmpty())
+        return outlines;
+    if (!IsInstalled(font)) {
+        *error = Translated("The font %1 is not installed").arg(font.family().left(100));
+        return outlines;
+    }
+    const QFont large = OutlineFont(font);
+    const double lineHeight = QFontMetricsF(large).lineSpacing();
+    const QStringList lines = text.left(MaximumLength).split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i) {
+        QPainterPath path;
+        path.addText(0, 0, large, lines.at(i));
+        path.translate(-path.boundingRect().center().x(), i * lineHeight);
+        outlines.Add(path);
+    }
+    if (outlines.IsEmpty())
+        *error = Translated("The font %1 cannot draw this text").arg(font.family());
+    return outlines;
+}
+
+void HBTextOutlines::Add(const QPainterPath& path)
+{
+    QPainterPath part;
+    auto finish = [&] {
+        const QRectF box = part.boundingRect();
+        if (!box.isEmpty()) {
+            m_Parts.append({part, box});
+            m_Corners << box.topLeft() << box.topRight() << box.bottomRight() << box.bottomLeft();
+        }
+        part = QPainterPath();
+    };
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.isMoveTo()) {
+            finish();
+            part.moveTo(element);
+        } else if (element.isLineTo()) {
+            part.lineTo(element);
+        } else if (element.isCurveTo()) {
+            part.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+        }
+    }
+    finish();
+}
+
+void HBTextOutlines::Fill(QPainter& painter, const QRectF& window) const
+{
+    QPainterPath path;
+    // Letters may overlap and then are not holes in each other.
+    path.setFillRule(Qt::WindingFill);
+    for (const Part& part : m_Parts) {
+        if (part.box.intersects(window))
+            path.addPath(part.path);
+    }
+    painter.fillPath(path, Qt::black);
+}

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <HBImage.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QVector>
+
+// What the tests of the two overlays share.
+
+/// The modes of the list.
+inline const QVector<int> HBAllModes = {0, 13, 14, 15, 22, 23, 17, 16, 21, 20, 18, 19, 12};
+
+inline QRect HBMargins(int left, int top, int right, int bottom)
+{
+    return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+/// A colour of an overlay test. Dodge and burn jump at black and white, where QPainter's 16 bits do not tell which side a
+/// translucent pixel is on: those are left out.
+inline QRgb HBColor(int red, int green, int blue, int alpha)
+{
+    auto level = [](int value) { return 8 + value % 240; };
+    return qRgba(level(red), level(green), level(blue), alpha);
+}
+
+/// Many colours; the left half opaque, in the right half every alpha from 0 on.
+inline QImage HBHalfOpaque(int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const int alpha = x < width / 2 ? 255 : (y * 7 + x) % 256;
+            image.setPixel(x, y, HBColor(x * 5 + y, y * 3, x + y * 11, alpha));
+        }
+    }
+    return image;
+}
+
+inline QImage HBPlain(int width, int height, const QColor& color)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(color);
+    return image;
+}
+
+/// The largest difference in alpha, or in a colour as far as it shows: QPainter's own colours of a pixel that covers
+/// little are off by as much as its 16 bits lose there.
+inline double HBLargestDifference(const QImage& a, const QImage& b)
+{
+    double largest = a.size() == b.size() ? 0 : 256;
+    for (int y = 0; largest < 256 && y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb left = a.pixel(x, y);
+            const QRgb right = b.pixel(x, y);
+            const int color = qMax(qAbs(qRed(left) - qRed(right)),
+                                   qMax(qAbs(qGreen(left) - qGreen(right)), qAbs(qBlue(left) - qBlue(right))));
+            const double seen = qMax(qAlpha(left), qAlpha(right)) / 255.0 * color;
+            largest = qMax(largest, qMax(seen, double(qAbs(qAlpha(left) - qAlpha(right)))));
+        }
+    }
+    return largest;
+}
+
+/// The pixels that differ.
+inline QRect HBChangedRect(const QImage& before, const QImage& after)
+{
+    QRect changed;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x) {
+            if (before.pixel(x, y) != after.pixel(x, y))
+                changed |= QRect(x, y, 1, 1);
+        }
+    }
+    return changed;
+}
+
+/// The mean difference of two pictures of different sizes, once both are small.
+inline double HBMeanDifference(const QImage& a, const QImage& b)
+{
+    const QSize size(150, 150 * a.height() / a.width());
+    auto small = [&size](const QImage& image) {
+        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_ARGB32);
+    };
+    const QImage left = small(a);
+    const QImage right = small(b);
+    double sum = 0;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int i = 0; i < 4 * size.width(); ++i)
+            sum += qAbs(left.constScanLine(y)[i] - right.constScanLine(y)[i]);
+    }
+    return sum / (4.0 * size.width() * size.height());
+}

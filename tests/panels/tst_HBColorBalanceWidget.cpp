@@ -1,0 +1,316 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBLogCapture.h"
+#include "HBPanelChecks.h"
+#include "HBTestMain.h"
+
+#include <HBColorBalanceWidget.h>
+#include <HBIterativeColorBalanceTransformation.h>
+
+#include <QCheckBox>
+#include <QRadioButton>
+
+namespace
+{
+
+using Params = HBColorBalanceWidget::Params;
+using Values = QVector<int>;
+
+/// Every value is another one, so that no two can be mistaken for each other.
+Params Sample(int toneRange)
+{
+    return {{10, 20, 30}, {-1, -2, -3}, {70, 80, 90}, toneRange, false};
+}
+
+Values ValuesOf(const Params& params)
+{
+    Values values;
+    for (const auto* axis : {params.cyanRed, params.magentaGreen, params.yellowBlue})
+        values += {axis[0], axis[1], axis[2]};
+    return values + Values{params.toneRange, params.preserveLuminosity};
+}
+
+struct Fixture : HBPanelFixture<HBColorBalanceWidget>
+{
+    using HBPanelFixture::HBPanelFixture;
+
+    Values Record() const { return ValuesOf(panel.GetValue()); }
+    Values Spins() const { return {red->value(), green->value(), blue->value()}; }
+    /// 0 if none, -1 if several are checked.
+    int Range() const
+    {
+        const int checked = int(shadows->isChecked()) + midtones->isChecked() + highlights->isChecked();
+        return checked > 1 ? -1 : shadows->isChecked() ? 1 : midtones->isChecked() ? 2 : checked * 3;
+    }
+    bool Enabled() const
+    {
+        const bool enabled = luminosity->isEnabled();
+        for (const QWidget* spin : {red, green, blue}) {
+            if (spin->isEnabled() != enabled)
+                QTest::qFail("the values are not enabled alike", __FILE__, __LINE__);
+        }
+        return enabled;
+    }
+
+    QSlider* redSlider = Find<QSlider>("m_pCRSlider");
+    QSlider* greenSlider = Find<QSlider>("m_pMGSlider");
+    QSlider* blueSlider = Find<QSlider>("m_pYBSlider");
+    QSpinBox* red = Find<QSpinBox>("m_pCRSpin");
+    QSpinBox* green = Find<QSpinBox>("m_pMGSpin");
+    QSpinBox* blue = Find<QSpinBox>("m_pYBSpin");
+    QRadioButton* shadows = Find<QRadioButton>("m_pShadows");
+    QRadioButton* midtones = Find<QRadioButton>("m_pMidtones");
+    QRadioButton* highlights = Find<QRadioButton>("m_pHighlights");
+    QCheckBox* luminosity = Find<QCheckBox>("m_pLuminosity");
+};
+
+} // namespace
+
+class tst_HBColorBalanceWidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void form();
+    void fresh();
+    void values();
+    void ranges();
+    void luminosity();
+    void setValue_data();
+    void setValue();
+    void noRange();
+    void reset();
+    void besideRadiosOfTheHost();
+    void result();
+    void oddSources();
+    void deletedAtOnce();
+};
+
+void tst_HBColorBalanceWidget::form()
+{
+    HBVerifyForm<HBColorBalanceWidget>(
+        "ColorBalanceParamWidget", "Color Balance", {254, 341},
+        {"gridLayout_2 0,0: QLabel label_2 \"Cyan\" right", "gridLayout_2 0,1: QSlider m_pCRSlider -100 100 0",
+         "gridLayout_2 0,2: QLabel label_5 \"Red\"", "gridLayout_2 0,3: QSpinBox m_pCRSpin -100 100 0",
+         "gridLayout_2 1,0: QLabel label_3 \"Magenta\" right", "gridLayout_2 1,1: QSlider m_pMGSlider -100 100 0",
+         "gridLayout_2 1,2: QLabel label_6 \"Green\"", "gridLayout_2 1,3: QSpinBox m_pMGSpin -100 100 0",
+         "gridLayout_2 2,0: QLabel label_4 \"Yellow\" right", "gridLayout_2 2,1: QSlider m_pYBSlider -100 100 0",
+         "gridLayout_2 2,2: QLabel label_7 \"Blue\"", "gridLayout_2 2,3: QSpinBox m_pYBSpin -100 100 0",
+         "gridLayout_3 1,0: spacer 208x6", "gridLayout 0,0: QRadioButton m_pShadows \"Shadows\"",
+         "gridLayout 0,1: QRadioButton m_pMidtones \"Midtones\"",
+         "gridLayout 0,2: QRadioButton m_pHighlights \"Highlights\"",
+         "gridLayout 1,0 1x3: QCheckBox m_pLuminosity \"Preserve Luminosity\"",
+         "gridLayout_3 3,0: spacer 208x20 expanding"});
+    QCOMPARE(HBMethodText(HBColorBalanceWidget::staticMetaObject),
+             QStringList({"ValueChanged()", "OnCRChanged(int)", "OnMGChanged(int)", "OnYBChanged(int)",
+                          "OnShadowChanged(bool)", "OnMidtoneChanged(bool)", "OnHighLightChanged(bool)",
+                          "OnLumChanged(bool)"}));
+    Fixture f;
+    const QPair<QSlider*, QString> grooves[] = {
+        {f.redSlider, "stop: 0 rgb(0, 255, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(255, 0, 0)"},
+        {f.greenSlider, "stop: 0 rgb(255, 0, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 255, 0)"},
+        {f.blueSlider, "stop: 0 rgb(255, 255, 0), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 0, 255)"}};
+    for (const auto& groove : grooves)
+        QVERIFY2(groove.first->styleSheet().contains(groove.second), qPrintable(groove.first->styleSheet()));
+}
+
+/// Before the first SetValue no button is checked, but the midtones are what is edited.
+void tst_HBColorBalanceWidget::fresh()
+{
+    Fixture f;
+    QCOMPARE(f.Range(), 0);
+    QCOMPARE(f.Record(), ValuesOf({}));
+    f.red->setValue(40);
+    QCOMPARE(f.Record(), Values({0, 40, 0, 0, 0, 0, 0, 0, 0, 2, 1}));
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
+    f.shadows->setChecked(true);
+    QCOMPARE(f.Spins(), Values({0, 0, 0}));
+}
+
+void tst_HBColorBalanceWidget::values()
+{
+    Fixture f;
+    for (int range = 1; range <= 3; ++range) {
+        f.panel.SetValue(Sample(range));
+        Values expected = f.Record();
+        const struct
+        {
+            QObject* control;
+            int value, stored, axis;
+        } moves[] = {{f.redSlider, -50, -50, 0}, {f.red, 500, 100, 0},          {f.green, 5, 5, 1},
+                     {f.greenSlider, 6, 6, 1},   {f.blueSlider, -500, -100, 2}, {f.blue, 8, 8, 2}};
+        for (const auto& move : moves) {
+            QVERIFY(move.control->setProperty("value", move.value));
+            expected[3 * move.axis + range - 1] = move.stored;
+            QCOMPARE(f.Record(), expected);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls());
+            QCOMPARE(Values({f.redSlider->value(), f.greenSlider->value(), f.blueSlider->value()}), f.Spins());
+        }
+    }
+}
+
+/// Another range is shown; the picture stays as it is.
+void tst_HBColorBalanceWidget::ranges()
+{
+    const QStringList calls = {"AboutUserParamsChanged()", "ValueChanged()"};
+    Fixture f;
+    f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
+    QVERIFY(f.Finish());
+    f.panel.SetValue(Sample(2));
+    f.recorder.Take();
+    const struct
+    {
+        QRadioButton* radio;
+        int range;
+        Values spins;
+    } moves[] = {{f.shadows, 1, {10, -1, 70}}, {f.highlights, 3, {30, -3, 90}}, {f.midtones, 2, {20, -2, 80}}};
+    for (const auto& move : moves) {
+        Values seen;
+        f.recorder.Once("ValueChanged()", [&] { seen = f.Spins() + Values{f.panel.GetValue().toneRange}; });
+        move.radio->click();
+        QCOMPARE(seen, move.spins + Values{move.range});
+        QCOMPARE(f.Range(), move.range);
+        QCOMPARE(f.redSlider->value(), move.spins[0]);
+        QCOMPARE(f.recorder.Take(), calls);
+        QCOMPARE(f.Record(), ValuesOf(Sample(move.range)));
+        move.radio->click(); // again
+        QCOMPARE(f.recorder.Take(), QStringList());
+    }
+    QVERIFY(HBIsIdle(f.panel));
+    f.red->setValue(1); // connected again, once
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
+}
+
+/// Wired, stored and never shown, on purpose.
+void tst_HBColorBalanceWidget::luminosity()
+{
+    for (const bool dialog : {true, false}) {
+        Fixture f(dialog);
+        const HBShowsWindows quiet;
+        f.panel.show();
+        QVERIFY(f.shadows->isVisible());
+        f.panel.SetValue(Sample(3));
+        QVERIFY(!f.luminosity->isVisible());
+        QVERIFY(!f.luminosity->isChecked());
+        f.recorder.Take();
+        f.luminosity->setChecked(true);
+        QVERIFY(f.panel.GetValue().preserveLuminosity);
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
+    }
+}
+
+void tst_HBColorBalanceWidget::setValue_data()
+{
+    QTest::addColumn<int>("toneRange");
+    QTest::addColumn<int>("range");
+    QTest::addColumn<Values>("spins");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("none") << 0 << 0 << Values{0, 0, 0} << false;
+    QTest::newRow("shadows") << 1 << 1 << Values{10, -1, 70} << true;
+    QTest::newRow("midtones") << 2 << 2 << Values{20, -2, 80} << true;
+    QTest::newRow("highlights") << 3 << 3 << Values{30, -3, 90} << true;
+    // A range that does not exist checks no button, unchecks none and shows zeros.
+    for (const int foreign : {7, 4, -1, MostInt, LeastInt})
+        QTest::addRow("foreign %d", foreign) << foreign << 3 << Values{0, 0, 0} << true;
+}
+
+void tst_HBColorBalanceWidget::setValue()
+{
+    QFETCH(int, toneRange);
+    QFETCH(int, range);
+    QFETCH(Values, spins);
+    QFETCH(bool, enabled);
+    Fixture f;
+    for (int round = 0; round < 2; ++round) {
+        f.panel.SetValue(Sample(3)); // before it, the highlights
+        f.panel.SetValue(Sample(toneRange));
+        QCOMPARE(f.Record(), ValuesOf(Sample(toneRange)));
+        QCOMPARE(f.Range(), range);
+        QCOMPARE(f.Spins(), spins);
+        QCOMPARE(f.Enabled(), enabled);
+        QVERIFY(f.redSlider->isEnabled());
+        QVERIFY(!f.luminosity->isChecked());
+        QCOMPARE(f.recorder.Take(), QStringList());
+    }
+    f.midtones->click(); // the buttons exclude each other still, and enable the values
+    QCOMPARE(f.Range(), 2);
+    QVERIFY(f.Enabled());
+    QCOMPARE(f.panel.GetValue().toneRange, 2);
+}
+
+/// The sliders stay enabled: nothing is stored, but the host is told.
+void tst_HBColorBalanceWidget::noRange()
+{
+    for (const int toneRange : {0, 7, LeastInt}) {
+        Fixture f;
+        f.panel.SetValue(Sample(toneRange));
+        f.redSlider->setValue(33);
+        f.blue->setValue(-7);
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
+        QCOMPARE(f.Record(), ValuesOf(Sample(toneRange)));
+    }
+}
+
+void tst_HBColorBalanceWidget::reset()
+{
+    Fixture f;
+    f.panel.SetValue(Sample(0));
+    f.panel.OnReset();
+    f.panel.OnReset(); // also when nothing changes
+    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
+    QCOMPARE(f.Record(), ValuesOf({}));
+    QCOMPARE(f.Range(), 2);
+    QVERIFY(f.Enabled() && f.luminosity->isChecked());
+}
+
+void tst_HBColorBalanceWidget::besideRadiosOfTheHost()
+{
+    QWidget host;
+    QRadioButton first(&host), second(&host);
+    first.setChecked(true);
+    HBColorBalanceWidget panel(false, &host, {});
+    for (const int toneRange : {1, 0, 3}) {
+        panel.SetValue(Sample(toneRange));
+        QVERIFY(first.isChecked() && !second.isChecked());
+    }
+    second.setChecked(true);
+    QVERIFY(!first.isChecked());
+    QVERIFY(panel.findChild<QRadioButton*>("m_pHighlights")->isChecked());
+}
+
+/// From the record, all ranges together, whichever is shown.
+void tst_HBColorBalanceWidget::result()
+{
+    const HBImage<> photo = HBTestRamp(300, 260);
+    const HBImage<> mask = HBTestMask(200, 180);
+    const Params extreme = {{LeastInt, MostInt, 0}, {MostInt, LeastInt, 101}, {-101, 0, LeastInt}, LeastInt, true};
+    const Params clamped = {{-100, 100, 0}, {100, -100, 100}, {-100, 0, -100}, 0, true};
+    for (const auto& [params, used] : {qMakePair(Params(), Params()), qMakePair(Sample(1), Sample(1)),
+                                       qMakePair(Sample(0), Sample(1)), qMakePair(extreme, clamped)}) {
+        const HBIterativeColorBalanceTransformation transformation(used.cyanRed, used.magentaGreen,
+                                                                   used.yellowBlue);
+        Fixture f(false);
+        f.panel.SetValue(params);
+        f.panel.SetImage(photo, {}, {}, {});
+        QVERIFY(f.Finish());
+        QCOMPARE(f.panel.AdjustedImage().ToQImage(), HBTransformed(photo, transformation).ToQImage());
+        f.panel.SetImage(photo, mask, {37, -20}, {0, 0, 150, 130});
+        QVERIFY(f.Finish());
+        QCOMPARE(f.panel.AdjustedImage().ToQImage(),
+                 HBTransformed(photo, transformation, mask, {37, -20}, {0, 0, 150, 130}).ToQImage());
+    }
+}
+
+void tst_HBColorBalanceWidget::oddSources()
+{
+    Fixture f;
+    f.panel.SetValue(Sample(1));
+    HBVerifyOddSources(f);
+}
+
+void tst_HBColorBalanceWidget::deletedAtOnce()
+{
+    HBVerifyDestruction<HBColorBalanceWidget>([](auto& panel) { panel.SetValue(Sample(2)); });
+}
+
+HB_TEST_MAIN(tst_HBColorBalanceWidget)
+#include "tst_HBColorBalanceWidget.moc"

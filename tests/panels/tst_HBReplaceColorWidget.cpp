@@ -1,0 +1,340 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBColorDialogUser.h"
+#include "HBFormText.h"
+#include "HBTestMain.h"
+
+#include <HBReplaceColorWidget.h>
+
+#include <QComboBox>
+#include <QPainter>
+#include <QSlider>
+#include <QSpinBox>
+
+#include <limits>
+
+namespace
+{
+
+using Panel = HBReplaceColorWidget;
+using Params = Panel::Params;
+constexpr int Least = std::numeric_limits<int>::min();
+constexpr int Most = std::numeric_limits<int>::max();
+
+struct Fixture : HBPanelFixture<Panel>
+{
+    using HBPanelFixture::HBPanelFixture;
+    Params Value() const { return panel.GetValue(); }
+    QVector<int> Record() const { return {Value().tolerance, Value().position, Value().opacity}; }
+    QVector<int> Shown() const { return {tolerance->value(), position->currentIndex(), opacity->value()}; }
+    /// The job's result for a record.
+    QImage Run(const Params& params, const QImage& photo)
+    {
+        panel.SetValue(params);
+        panel.SetImage(HBImage<>::FromQImage(photo), {}, {}, {});
+        return Finish() ? panel.AdjustedImage().ToQImage() : QImage();
+    }
+
+    QSlider* tolerance = Find<QSlider>("m_pSourceTolerance");
+    QSpinBox* toleranceSpin = Find<QSpinBox>("spinBox");
+    QComboBox* position = Find<QComboBox>("m_pPositionType");
+    QSlider* opacity = Find<QSlider>("m_pDestinationOpacity");
+    QSpinBox* opacitySpin = Find<QSpinBox>("spinBox_2");
+    QPushButton* color = Find<QPushButton>("m_pSelectDestinationColor");
+};
+
+QImage Plain(int width, int height, const QColor& color)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(color);
+    return image;
+}
+
+} // namespace
+
+class tst_HBReplaceColorWidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void form();
+    void controls();
+    void setValue();
+    void dialog();
+    void lostDialog();
+    void corners();
+    void tolerance();
+    void opacity();
+    void productShot();
+    void smallPictures();
+    void hostileRecords();
+    void selectionDoesNotLimit();
+    void deletedAtOnce();
+};
+
+void tst_HBReplaceColorWidget::form()
+{
+    for (const bool dialog : {true, false}) {
+        Fixture f(dialog);
+        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
+        QCOMPARE(content->windowTitle(), QString("Color Replacement"));
+        QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "ReplaceColor"));
+        if (!dialog)
+            QCOMPARE(f.panel.size(), QSize(300, 246));
+        QCOMPARE(content->layout()->objectName(), QString("gridLayout_3"));
+        QStringList outer = HBGridText(content->layout());
+        QVERIFY(outer.takeLast().startsWith("2, 0: spacer"));
+        QCOMPARE(outer,
+                 QStringList({"0, 0: QGroupBox groupBox \"Source\"", "1, 0: QGroupBox groupBox_2 \"Color\""}));
+        const QLayout* source = f.Find<QWidget>("groupBox")->layout();
+        QCOMPARE(source->objectName(), QString("gridLayout_2"));
+        QCOMPARE(HBGridText(source),
+                 QStringList({"0, 0: QLabel label_5 \"Position:\" right width 100",
+                              "0, 1 (1 x 2): HBCommonComboBox m_pPositionType at 0 of 4",
+                              "1, 0: QLabel label \"Tolerance:\" right width 100",
+                              "1, 1: QSlider m_pSourceTolerance 0 255 0", "1, 2: QSpinBox spinBox 0 255 0"}));
+        const QLayout* target = f.Find<QWidget>("groupBox_2")->layout();
+        QCOMPARE(target->objectName(), QString("gridLayout"));
+        QStringList cells = HBGridText(target);
+        QVERIFY(cells.takeAt(3).startsWith("0, 3: spacer"));
+        QCOMPARE(cells, QStringList({"0, 0: QLabel label_4 \"Opacity:\" right width 100",
+                                     "0, 1: QSlider m_pDestinationOpacity 0 100 100",
+                                     "0, 2: QSpinBox spinBox_2 0 100 100 %",
+                                     "0, 4: QPushButton m_pSelectDestinationColor \"\" width 24 height 24"}));
+        const char* positions[] = {"Left top", "Right top", "Left bottom", "Right bottom"};
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(f.position->itemText(i), QString(positions[i]));
+            QCOMPARE(f.position->itemData(i).toInt(), i);
+        }
+        QCOMPARE(HBShownColor(f.color), QColor(255, 255, 255));
+    }
+    QCOMPARE(HBMethodText(Panel::staticMetaObject),
+             QStringList({"ValueChanged()", "OnSourceToleranceChanged(int)", "OnSourcePosTypeChanged(int)",
+                          "OnDestinationColor()", "OnCurrentColorChanged(QColor)",
+                          "OnDestinationOpacityChanged(int)"}));
+}
+
+void tst_HBReplaceColorWidget::controls()
+{
+    Fixture f;
+    const struct
+    {
+        QWidget* control;
+        const char* property;
+        int value;
+        QVector<int> record;
+        int changes;
+    } moves[] = {
+        {f.toleranceSpin, "value", 40, {40, 0, 100}, 1}, {f.tolerance, "value", 40, {40, 0, 100}, 0},
+        {f.tolerance, "value", 999, {255, 0, 100}, 1},   {f.toleranceSpin, "value", -9, {0, 0, 100}, 1},
+        {f.opacitySpin, "value", 30, {0, 0, 30}, 1},     {f.opacity, "value", 31, {0, 0, 31}, 1},
+        {f.position, "currentIndex", 3, {0, 3, 31}, 1},  {f.position, "currentIndex", 3, {0, 3, 31}, 0},
+        {f.position, "currentIndex", -1, {0, 0, 31}, 1}, // nothing chosen counts as the first corner
+    };
+    for (const auto& move : moves) {
+        QVERIFY(move.control->setProperty(move.property, move.value));
+        QCOMPARE(f.Record(), move.record);
+        QCOMPARE(qMakePair(f.toleranceSpin->value(), f.opacitySpin->value()),
+                 qMakePair(move.record[0], move.record[2]));
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
+    }
+    // The sliders are listened to: a spin box that is not tied to one is not heard.
+    f.toleranceSpin->disconnect(f.tolerance);
+    f.toleranceSpin->setValue(99);
+    QCOMPARE(f.recorder.Take(), QStringList());
+    f.panel.OnReset();
+    f.panel.OnReset();
+    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
+    QCOMPARE(f.Record(), QVector<int>({0, 0, 100}));
+}
+
+/// The record is kept as it is; the controls show what they can.
+void tst_HBReplaceColorWidget::setValue()
+{
+    const QVector<int> rows[][2] = {{{20, 2, 50}, {20, 2, 50}},          {{256, 4, 101}, {255, -1, 100}},
+                                    {{-1, -1, -1}, {0, -1, 0}},          {{Most, Most, Most}, {255, -1, 100}},
+                                    {{Least, Least, Least}, {0, -1, 0}}, {{0, 0, 100}, {0, 0, 100}}};
+    Fixture f;
+    for (const auto& [record, shown] : rows) {
+        f.panel.SetValue({record[0], Panel::PositionType(record[1]), QColor(1, 2, 3, 4), record[2]});
+        QCOMPARE(f.Record(), record);
+        QCOMPARE(f.Shown(), shown);
+        QCOMPARE(f.Value().color, QColor(1, 2, 3, 4));
+        QCOMPARE(f.recorder.Take(), QStringList());
+    }
+    f.tolerance->setValue(9);
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
+}
+
+/// Every accepted dialog is heard, changed or not; a cancelled one only if the user has tried another colour.
+void tst_HBReplaceColorWidget::dialog()
+{
+    const QColor old("#102030"), red("#ff0000"), blue("#0000ff");
+    const QColor hsv = QColor::fromHsv(120, 255, 255);
+    Fixture f;
+    HBCheckColorVisits(
+        f, f.color, "Select replacement color",
+        {
+            {"accept at once", old, {}, {}, true, old, 1},
+            {"accept what was tried", old, {red}, {}, true, red, 2},
+            {"accept what was not tried", old, {}, red, true, red, 1},
+            {"accept another than was tried", old, {red}, blue, true, blue, 2},
+            {"accept another colour model", hsv, {}, {}, true, hsv, 1},
+            {"cancel at once", old, {}, {}, false, old, 0},
+            {"cancel what was tried", old, {red, blue}, {}, false, old, 3},
+            {"back by hand, then cancel", old, {red, old}, {}, false, old, 2},
+        },
+        [&] { return f.Value().color; },
+        [&](const QColor& color) {
+            f.panel.SetValue({0, Panel::LeftTop, color, 100});
+        });
+}
+
+void tst_HBReplaceColorWidget::lostDialog()
+{
+    HBCheckLostDialog<Panel>("m_pSelectDestinationColor");
+}
+
+/// Four fields of one colour, parted by a black cross: each corner fills its own.
+void tst_HBReplaceColorWidget::corners()
+{
+    QImage photo = Plain(301, 270, Qt::yellow);
+    QPainter painter(&photo);
+    painter.fillRect(150, 0, 1, 270, Qt::black);
+    painter.fillRect(0, 130, 301, 1, Qt::black);
+    painter.end();
+    const QRect fields[] = {{0, 0, 150, 130}, {151, 0, 150, 130}, {0, 131, 150, 139}, {151, 131, 150, 139}};
+    Fixture f;
+    for (const int position : {0, 1, 2, 3, 4, -1, Most, Least}) {
+        QImage expected = photo;
+        QPainter(&expected).fillRect(fields[position >= 0 && position < 4 ? position : 0], Qt::red);
+        QCOMPARE(f.Run({0, Panel::PositionType(position), Qt::red, 100}, photo), expected);
+        QCOMPARE(f.panel.SourceImage().ToQImage(), photo);
+    }
+}
+
+/// Each channel by itself, against the corner, not against the pixel beside; alpha is a channel too.
+void tst_HBReplaceColorWidget::tolerance()
+{
+    QImage photo = Plain(7, 1, QColor(100, 100, 100));
+    const QColor row[] = {{100, 100, 100}, {110, 100, 100},      {110, 90, 110}, {110, 90, 110, 245},
+                          {111, 90, 110},  {100, 100, 100, 255}, {100, 100, 100}};
+    for (int x = 0; x < 7; ++x)
+        photo.setPixelColor(x, 0, row[x]);
+    Fixture f;
+    const QPair<int, int> rows[] = {{0, 1}, {9, 1}, {10, 4}, {11, 7}, {255, 7}};
+    for (const auto& [tolerance, filled] : rows) {
+        QImage expected = photo;
+        for (int x = 0; x < filled; ++x)
+            expected.setPixelColor(x, 0, Qt::red);
+        QCOMPARE(f.Run({tolerance, Panel::LeftTop, Qt::red, 100}, photo), expected);
+    }
+}
+
+/// Over nothing, the replacement's own alpha is left: the opacity alone, whatever that of the colour.
+void tst_HBReplaceColorWidget::opacity()
+{
+    Fixture f;
+    for (const int own : {255, 10, 0}) {
+        for (const auto& [opacity, alpha] :
+             {std::pair{100, 255}, {50, 127}, {1, 2}, {0, 0}, {101, 255}, {-1, 0}, {Most, 255}, {Least, 0}}) {
+            const QImage filled =
+                f.Run({0, Panel::LeftTop, QColor(200, 100, 50, own), opacity}, Plain(3, 2, Qt::transparent));
+            QCOMPARE(filled, Plain(3, 2, alpha ? QColor(200, 100, 50, alpha) : QColor(Qt::transparent)));
+        }
+    }
+    // White on white, the default, ends, and so does a replacement within the tolerance.
+    QCOMPARE(f.Run({}, Plain(300, 300, Qt::white)), Plain(300, 300, Qt::white));
+    QCOMPARE(f.Run({200, Panel::RightBottom, QColor(120, 120, 120), 50}, Plain(300, 300, QColor(100, 100, 100))),
+             Plain(300, 300, QColor(110, 110, 110)));
+}
+
+/// A ring on an uneven ground: the ground changes, the ring does not, nor what of the ground's colour it encloses.
+void tst_HBReplaceColorWidget::productShot()
+{
+    const auto ground = [](int x, int y) { return qRgb(230 + (x + y) % 7, 228 + x % 5, 225 + y % 6); };
+    const auto ring = [](int x, int y) {
+        const int square = (x - 200) * (x - 200) + (y - 150) * (y - 150);
+        return square > 60 * 60 && square < 100 * 100;
+    };
+    const auto inside = [](int x, int y) { return (x - 200) * (x - 200) + (y - 150) * (y - 150) <= 60 * 60; };
+    QImage photo(400, 300, QImage::Format_ARGB32);
+    for (int y = 0; y < 300; ++y) {
+        for (int x = 0; x < 400; ++x)
+            photo.setPixel(x, y, ring(x, y) ? qRgb(x / 2, 40, y / 2) : ground(x, y));
+    }
+    Fixture f;
+    const QImage result = f.Run({12, Panel::RightTop, QColor(0, 90, 200), 100}, photo);
+    for (int y = 0; y < 300; ++y) {
+        for (int x = 0; x < 400; ++x) {
+            const bool kept = ring(x, y) || inside(x, y);
+            QCOMPARE(result.pixel(x, y), kept ? photo.pixel(x, y) : qRgb(0, 90, 200));
+        }
+    }
+}
+
+void tst_HBReplaceColorWidget::smallPictures()
+{
+    Fixture f;
+    for (int position = -1; position < 5; ++position) {
+        const Params params{0, Panel::PositionType(position), Qt::red, 100};
+        QCOMPARE(f.Run(params, Plain(1, 1, Qt::blue)), Plain(1, 1, Qt::red));
+        QCOMPARE(f.Run(params, Plain(1, 300, Qt::blue)), Plain(1, 300, Qt::red));
+        QCOMPARE(f.Run(params, Plain(129, 1, Qt::blue)), Plain(129, 1, Qt::red));
+        f.recorder.Take();
+        f.panel.SetImage({}, {}, {}, {});
+        QVERIFY(f.Finish());
+        QVERIFY(f.panel.AdjustedImage().IsEmpty());
+        QCOMPARE(f.recorder.Take(), QStringList({"SourceChanged()", "ImageReady()", "ProgressRangeChanged(0,100)",
+                                                 "ProgressValueChanged(100)"}));
+    }
+}
+
+/// The four bytes of the tolerance are those of the number or'd with itself three times, a byte further each time.
+void tst_HBReplaceColorWidget::hostileRecords()
+{
+    const HBImage<> photo = HBTestRamp(150, 140);
+    Fixture f;
+    for (const int tolerance : {256, 1000, -1, Most, Least}) {
+        for (const QColor& color : {QColor(), QColor(Qt::transparent), QColor::fromCmyk(1, 200, 30, 9)}) {
+            f.Run({tolerance, Panel::PositionType(tolerance), color, tolerance}, photo.ToQImage());
+            QCOMPARE(f.recorder.Count("ImageReady"), 1);
+            f.recorder.Take();
+        }
+    }
+    QImage row = Plain(3, 1, QColor(0, 0, 0));
+    row.setPixelColor(1, 0, QColor(3, 3, 255));
+    const auto filled = [&](int tolerance) {
+        return f.Run({tolerance, Panel::LeftTop, Qt::red, 100}, row).pixelColor(1, 0) == QColor(Qt::red);
+    };
+    QVERIFY(filled(-1)); // all bytes 255
+    QVERIFY(!filled(254));
+    QVERIFY(filled(255));
+    QVERIFY(!filled(256)); // blue 0
+    QVERIFY(!filled(Least));
+    QVERIFY(filled(Most));
+}
+
+/// The selection is carried along, but neither limits the fill nor weighs it.
+void tst_HBReplaceColorWidget::selectionDoesNotLimit()
+{
+    Fixture f;
+    f.panel.SetValue({0, Panel::LeftTop, Qt::red, 100});
+    f.panel.SetImage(HBImage<>::FromQImage(Plain(200, 150, Qt::blue)), HBTestMask(50, 50), QPoint(10, 10),
+                     QRect(5, 5, 20, 20));
+    QVERIFY(f.Finish());
+    QCOMPARE(f.panel.AdjustedImage().ToQImage(), Plain(200, 150, Qt::red));
+}
+
+void tst_HBReplaceColorWidget::deletedAtOnce()
+{
+    for (const bool begun : {false, true}) {
+        Fixture f;
+        f.panel.SetValue({255, Panel::LeftTop, Qt::red, 60});
+        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
+        if (begun)
+            QTest::qWait(1);
+    }
+}
+
+HB_TEST_MAIN(tst_HBReplaceColorWidget)
+#include "tst_HBReplaceColorWidget.moc"
