@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBOverlayFrame.h"
+
+#include <HBAdjustmentWidget.h>
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+HBOverlayFrame::HBOverlayFrame(HBAdjustmentWidget* panel)
+{
+    auto* buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Reset);
+    connect(buttons, &QDialogButtonBox::accepted, this, &HBOverlayFrame::Ok);
+    connect(buttons, &QDialogButtonBox::rejected, this, &HBOverlayFrame::Cancel);
+    connect(buttons->button(QDialogButtonBox::Reset), &QPushButton::clicked, panel, &HBAdjustmentWidget::OnReset);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(panel);
+    layout->addWidget(buttons);
+}
