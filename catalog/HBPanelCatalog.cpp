@@ -36,22 +36,22 @@ constexpr char ValuesKey[] = "values";
 // A recipe fixes how its records are streamed, whatever Qt it is read with.
 constexpr QDataStream::Version RecordVersion = QDataStream::Qt_5_15;
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("HBPanelCatalog", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(HBPanelCatalog)
+};
 
 bool DecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason)
 {
     const QJsonValue text = values.value(QLatin1String(RecordKey));
     if (!text.isString()) {
-        *reason = Translated("it has no record");
+        *reason = Text::tr("it has no record");
         return false;
     }
     const auto decoded =
         QByteArray::fromBase64Encoding(text.toString().toUtf8(), QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded) {
-        *reason = Translated("its record is not base64");
+        *reason = Text::tr("its record is not base64");
         return false;
     }
     *record = decoded.decoded;
@@ -100,12 +100,12 @@ bool RestoreRecord(HBAdjustmentWidget& panel, const QJsonObject& values, QString
     typename Panel::Params params;
     if (!params.Read(stream)) {
         // A foreign tag leaves the stream's status alone.
-        *reason = stream.status() == QDataStream::Ok ? Translated("its record is not one of this panel")
-                                                     : Translated("its record is cut short");
+        *reason = stream.status() == QDataStream::Ok ? Text::tr("its record is not one of this panel")
+                                                     : Text::tr("its record is cut short");
         return false;
     }
     if (!stream.atEnd()) {
-        *reason = Translated("its record is too long");
+        *reason = Text::tr("its record is too long");
         return false;
     }
     static_cast<Panel&>(panel).SetValue(params);
@@ -161,7 +161,7 @@ bool RestoreValues(HBAdjustmentWidget& panel, const QJsonObject& stored, QString
     const QJsonObject values = stored.value(QLatin1String(ValuesKey)).toObject();
     for (const auto& value : PlainValues<Panel>::all) {
         if (!values.value(QLatin1String(value.key)).isDouble()) {
-            *reason = Translated("it has no number \"%1\"").arg(QLatin1String(value.key));
+            *reason = Text::tr("it has no number \"%1\"").arg(QLatin1String(value.key));
             return false;
         }
     }
@@ -267,10 +267,10 @@ const HBPanelEntry* HBFindPanel(const QString& className)
 
 QString HBPanelEntry::Group() const
 {
-    return Translated(group);
+    return Text::tr(group);
 }
 
 QString HBPanelEntry::Title() const
 {
-    return Translated(title);
+    return Text::tr(title);
 }

@@ -3,6 +3,7 @@
 #include "HBRecipe.h"
 
 #include "HBPanelCatalog.h"
+#include "HBSaveFile.h"
 
 #include <HBAdjustmentWidget.h>
 
@@ -12,7 +13,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 #include <memory>
 
@@ -25,10 +25,10 @@ constexpr int Version = 1;
 constexpr int MaximumBytes = 16 << 20;
 constexpr int MaximumSteps = 1000;
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("HBRecipe", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
+};
 
 bool Fail(QString* error, const QString& text)
 {
@@ -46,8 +46,8 @@ QString Shown(const QString& name)
 bool FailStep(QString* error, int index, const QString& panel, const QString& reason)
 {
     if (panel.isEmpty())
-        return Fail(error, Translated("Step %1: %2").arg(index + 1).arg(reason));
-    return Fail(error, Translated("Step %1 (%2): %3").arg(QString::number(index + 1), Shown(panel), reason));
+        return Fail(error, Text::tr("Step %1: %2").arg(index + 1).arg(reason));
+    return Fail(error, Text::tr("Step %1 (%2): %3").arg(QString::number(index + 1), Shown(panel), reason));
 }
 
 /// The step's panel with its values, without a frame; null, with the error set, if that cannot be.
@@ -55,7 +55,7 @@ std::unique_ptr<HBAdjustmentWidget> MakePanel(const HBRecipeStep& step, int inde
 {
     const HBPanelEntry* entry = HBFindPanel(step.panel);
     if (!entry) {
-        FailStep(error, index, step.panel, Translated("there is no such panel"));
+        FailStep(error, index, step.panel, Text::tr("there is no such panel"));
         return nullptr;
     }
     std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
@@ -70,11 +70,11 @@ std::unique_ptr<HBAdjustmentWidget> MakePanel(const HBRecipeStep& step, int inde
 bool ReadStep(const QJsonValue& value, int index, HBRecipeStep* step, QString* error)
 {
     if (!value.isObject())
-        return FailStep(error, index, {}, Translated("it is not an object"));
+        return FailStep(error, index, {}, Text::tr("it is not an object"));
     step->values = value.toObject();
     const QJsonValue panel = step->values.take("panel");
     if (!panel.isString() || panel.toString().isEmpty())
-        return FailStep(error, index, {}, Translated("it does not name its panel"));
+        return FailStep(error, index, {}, Text::tr("it does not name its panel"));
     step->panel = panel.toString();
     return MakePanel(*step, index, error) != nullptr;
 }
@@ -82,21 +82,21 @@ bool ReadStep(const QJsonValue& value, int index, HBRecipeStep* step, QString* e
 bool CheckHead(const QJsonObject& head, QString* error)
 {
     if (head.value("format").toString() != QLatin1String(Format))
-        return Fail(error, Translated("This is not a recipe."));
+        return Fail(error, Text::tr("This is not a recipe."));
     const double version = head.value("version").toDouble();
     if (version > Version) {
-        return Fail(error, Translated("The recipe has version %1; this program reads versions up to %2.")
+        return Fail(error, Text::tr("The recipe has version %1; this program reads versions up to %2.")
                                .arg(version)
                                .arg(Version));
     }
     if (version != Version)
-        return Fail(error, Translated("The recipe has no valid version."));
+        return Fail(error, Text::tr("The recipe has no valid version."));
     return true;
 }
 
-/// Lets the panel adjust the image and waits for it. False if the panel gave no result.
+/// Lets the panel adjust the image and waits for it. False if the panel gave no result, or `progress` gave up.
 bool RunPanel(HBAdjustmentWidget& panel, const HBImage<>& image, HBImage<>* result,
-              const std::function<void(double)>& progress)
+              const std::function<bool(double)>& progress)
 {
     bool ready = false;
     int minimum = 0;
@@ -108,8 +108,8 @@ bool RunPanel(HBAdjustmentWidget& panel, const HBImage<>& image, HBImage<>* resu
         maximum = to;
     });
     QObject::connect(&panel, &HBAdjustmentWidget::ProgressValueChanged, &loop, [&](int value) {
-        if (maximum > minimum)
-            progress(double(value - minimum) / (maximum - minimum));
+        if (maximum > minimum && !progress(double(value - minimum) / (maximum - minimum)))
+            panel.SetCancelProcessing(true);
         // The last value of a job is sent when it no longer runs; one that was obsolete is followed by another.
         if (!panel.IsProcessing())
             loop.quit();
@@ -122,12 +122,12 @@ bool RunPanel(HBAdjustmentWidget& panel, const HBImage<>& image, HBImage<>* resu
     while (panel.IsProcessing())
         loop.exec();
     *result = panel.AdjustedImage();
-    return ready && !panel.HasJobFailed();
+    return ready && !panel.HasJobFailed() && !panel.IsCancelProcessing();
 }
 
 /// Draws an overlay or lets the panel adjust the image; false, with the reason, if that failed.
 bool ApplyStep(const HBPanelEntry& entry, HBAdjustmentWidget& panel, HBImage<>* image, QString* reason,
-               const std::function<void(double)>& progress)
+               const std::function<bool(double)>& progress)
 {
     if (entry.draw) {
         *image = entry.draw(panel)(HBImage<>(*image), reason);
@@ -136,7 +136,7 @@ bool ApplyStep(const HBPanelEntry& entry, HBAdjustmentWidget& panel, HBImage<>* 
     }
     if (RunPanel(panel, HBImage<>(*image), image, progress))
         return true;
-    *reason = Translated("the adjustment failed");
+    *reason = Text::tr("the adjustment failed; is there too little memory?");
     return false;
 }
 
@@ -148,18 +148,18 @@ bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (document.isNull()) {
         return Fail(error,
-                    Translated("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
+                    Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
     }
     const QJsonObject head = document.object();
     if (!CheckHead(head, error))
         return false;
     const QJsonArray steps = head.value("steps").toArray();
     if (steps.isEmpty())
-        return Fail(error, Translated("The recipe has no steps."));
+        return Fail(error, Text::tr("The recipe has no steps."));
     if (steps.size() > MaximumSteps) {
         return Fail(
             error,
-            Translated("The recipe has %1 steps; at most %2 are allowed.").arg(steps.size()).arg(MaximumSteps));
+            Text::tr("The recipe has %1 steps; at most %2 are allowed.").arg(steps.size()).arg(MaximumSteps));
     }
     HBRecipe read;
     for (int i = 0; i < steps.size(); ++i) {
@@ -189,9 +189,9 @@ bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
     auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
     const QFileInfo info(path);
     if (!info.exists())
-        return fail(Translated("There is no such file."));
+        return fail(Text::tr("There is no such file."));
     if (!info.isFile())
-        return fail(Translated("This is not a file."));
+        return fail(Text::tr("This is not a file."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
@@ -199,22 +199,19 @@ bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
     if (file.error() != QFile::NoError)
         return fail(file.errorString());
     if (json.size() > MaximumBytes)
-        return fail(Translated("The file is too large to be a recipe."));
+        return fail(Text::tr("The file is too large to be a recipe."));
     QString reason;
     return FromJson(json, recipe, &reason) || fail(reason);
 }
 
 bool HBRecipe::Save(const QString& path, QString* error) const
 {
-    const QByteArray json = ToJson();
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit())
-        return true;
-    return Fail(error, path + ": " + file.errorString());
+    QString reason;
+    return HBSaveFile(path, ToJson(), &reason) || Fail(error, path + ": " + reason);
 }
 
 HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
-                        const std::function<void(int)>& progress)
+                        const std::function<bool(int)>& progress)
 {
     HBImage<> result = image;
     for (int i = 0; i < recipe.steps.size(); ++i) {
@@ -222,13 +219,17 @@ HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString*
         const std::unique_ptr<HBAdjustmentWidget> panel = MakePanel(step, i, error);
         if (!panel)
             return {};
+        bool givenUp = false;
         auto report = [&](double done) {
-            if (progress)
-                progress(int(1000 * (i + done) / recipe.steps.size()));
+            givenUp = givenUp || (progress && !progress(int(1000 * (i + done) / recipe.steps.size())));
+            return !givenUp;
         };
         QString reason;
-        if (!ApplyStep(*HBFindPanel(step.panel), *panel, &result, &reason, report)) {
-            FailStep(error, i, step.panel, reason);
+        if (!ApplyStep(*HBFindPanel(step.panel), *panel, &result, &reason, report) || givenUp) {
+            if (givenUp)
+                error->clear();
+            else
+                FailStep(error, i, step.panel, reason);
             return {};
         }
     }

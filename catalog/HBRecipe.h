@@ -45,7 +45,7 @@ struct CATALOG_EXPORT HBRecipe
 /// Applies the steps to the whole image, one panel's job after the other, without showing anything, and
 /// returns the result: the same bytes as a panel that the user works with gives. An overlay, whose panel
 /// has no job of its own, is drawn. GUI thread; runs an event loop meanwhile. The image is
-/// returned empty, with `error` set, if a step cannot be applied.
-/// \param progress told the work done in 1/1000 of the whole; may be null
+/// returned empty, with `error` set, if a step cannot be applied; with `error` empty, if `progress` gave up.
+/// \param progress told the work done in 1/1000 of the whole; false gives up. May be null
 CATALOG_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
-                                       const std::function<void(int)>& progress = nullptr);
+                                       const std::function<bool(int)>& progress = nullptr);

@@ -7,11 +7,12 @@
 #include <QFutureWatcher>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QtConcurrent>
-
-#include <mutex>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <mutex>
 
 namespace
 {
@@ -39,6 +40,22 @@ void HBBusyDialog::SetProgress(int value)
 {
     m_pBar->setRange(0, 1000);
     m_pBar->setValue(value);
+}
+
+void HBBusyDialog::AllowCancel()
+{
+    m_pCancel = new QPushButton(tr("Cancel"), this);
+    connect(m_pCancel, &QPushButton::clicked, this, &HBBusyDialog::reject);
+    layout()->addWidget(m_pCancel);
+    layout()->setAlignment(m_pCancel, Qt::AlignRight);
+}
+
+void HBBusyDialog::reject()
+{
+    if (!m_pCancel)
+        return;
+    m_Cancelled = true;
+    m_pCancel->setEnabled(false);
 }
 
 void HBBusyDialog::closeEvent(QCloseEvent* event)

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QProgressBar;
+class QPushButton;
 
 /// Keeps the user from acting while something must be brought to its end; it cannot be closed.
 class HBBusyDialog : public QDialog
@@ -17,7 +18,10 @@ public:
 
     /// 0..1000; without it the bar only moves.
     void SetProgress(int value);
-    void reject() override {}
+    /// Adds a button; the work is to ask for IsCancelled().
+    void AllowCancel();
+    bool IsCancelled() const { return m_Cancelled; }
+    void reject() override;
 
     /// Runs `work` on another thread and returns when it is done. The window is painted meanwhile but takes no input;
     /// the dialog comes if it takes long. `work` must not throw.
@@ -28,4 +32,6 @@ protected:
 
 private:
     QProgressBar* m_pBar;
+    QPushButton* m_pCancel = nullptr;
+    bool m_Cancelled = false;
 };

@@ -66,7 +66,7 @@ bool HBEditorWindow::Open(const QString& path)
     }
     m_pMessages->hide();
     if (!photo.warnings.isEmpty())
-        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join(' '));
+        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join("; "));
     m_pSelection->SelectNothing();
     m_Document.SetPhoto(QFileInfo(path).absoluteFilePath(), photo);
     return true;
@@ -76,7 +76,7 @@ bool HBEditorWindow::Open(const QString& path)
 
 bool HBEditorWindow::Save()
 {
-    return MayLeavePanel() && SaveTo(m_Document.Path());
+    return MayLeavePanel() && (!m_Document.IsModified() || SaveTo(m_Document.Path()));
 }
 
 bool HBEditorWindow::SaveAs()
@@ -119,7 +119,7 @@ bool HBEditorWindow::SaveTo(const QString& path)
     m_Document.SetSaved(path);
     m_pMessages->hide();
     if (!warnings.isEmpty())
-        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join(' '));
+        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join("; "));
     statusBar()->showMessage(tr("Saved %1").arg(path), StatusMilliseconds);
     return true;
 }
@@ -178,10 +178,15 @@ bool HBEditorWindow::ApplyRecipe(const QString& path)
         return false;
     }
     HBBusyDialog busy(tr("Applying %1").arg(QFileInfo(path).fileName()), this);
+    busy.AllowCancel();
     busy.show();
-    const HBImage<> image =
-        HBApplyRecipe(m_Document.Image(), recipe, &error, [&](int progress) { busy.SetProgress(progress); });
+    const HBImage<> image = HBApplyRecipe(m_Document.Image(), recipe, &error, [&](int progress) {
+        busy.SetProgress(progress);
+        return !busy.IsCancelled();
+    });
     busy.hide();
+    if (busy.IsCancelled())
+        return false;
     if (image.IsEmpty()) {
         m_pMessages->ShowError(path + ": " + error);
         return false;

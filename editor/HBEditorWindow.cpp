@@ -178,8 +178,11 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
     connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
     connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
-    connect(m_pSession, &HBPanelSession::Resumed, this, [this] {
-        m_pMessages->ShowNote(tr("The adjustment was stopped. The photo may not show your last change yet."));
+    connect(m_pSession, &HBPanelSession::Resumed, this, [this](bool failed) {
+        if (failed)
+            m_pMessages->ShowError(tr("The photo could not be adjusted for want of memory."));
+        else
+            m_pMessages->ShowNote(tr("The adjustment was stopped. The photo may not show your last change yet."));
     });
     m_pFrame->Show(m_pSession->Panel(), entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
@@ -243,7 +246,7 @@ bool HBEditorWindow::MayLeavePanel()
         // Queued, so that an answer that comes at once finds the loop running.
         QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
         loop.exec();
-        return !m_pSession; // still there: the user stopped the wait
+        return !m_pSession; // still there: the user stopped the wait, or it failed
     }
     DropPanel();
     return true;
@@ -282,9 +285,10 @@ void HBEditorWindow::ShowDocument()
     a.undo->setEnabled(m_Document.CanUndo() && !panel);
     a.redo->setEnabled(m_Document.CanRedo() && !panel);
     a.history->setEnabled(open && !panel);
-    for (QAction* action : {a.save, a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing,
-                            a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
+    for (QAction* action : {a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing, a.invertSelection,
+                            a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
         action->setEnabled(open);
+    a.save->setEnabled(m_Document.IsModified() || panel);
     a.panels->setEnabled(open);
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);

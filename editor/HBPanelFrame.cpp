@@ -8,6 +8,7 @@
 #include <QDockWidget>
 #include <QEvent>
 #include <QMainWindow>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -27,6 +28,8 @@ QWidget* Column(QWidget* panel)
     layout->addWidget(panel);
     layout->addStretch(1);
     area->setWidget(column);
+    // The panel could be squeezed further, down to a curve of a finger's height: scroll instead.
+    column->setMinimumHeight(panel->sizeHint().height());
     // Room for the controls without scrolling sideways.
     area->setMinimumWidth(panel->minimumSizeHint().width() + 2 * area->frameWidth());
     return area;
@@ -77,6 +80,7 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
         layout->addWidget(panel);
         connect(m_pDialog, &QDialog::rejected, this, &HBPanelFrame::Dismissed);
         m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
+        m_pDialog->setMinimumHeight(qMin(m_pDialog->height(), m_pWindow->screen()->availableSize().height() / 2));
         // In a corner of the window, not over the middle of the photo.
         const QRect window = m_pWindow->geometry();
         m_pDialog->move(window.right() - m_pDialog->width() - 40, window.top() + 100);

@@ -117,15 +117,24 @@ void HBPanelSession::OnFinished(int result)
         Finish();
         return;
     }
+    Resume(false);
+}
+
+void HBPanelSession::Resume(bool failed)
+{
     m_Finishing = false;
     m_Stale = true;
     m_pPanel->SetCancelProcessing(false);
     m_pPanel->setEnabled(true);
-    emit Resumed();
+    emit Resumed(failed);
 }
 
 void HBPanelSession::Finish()
 {
+    if (m_pPanel->HasJobFailed()) {
+        Resume(true);
+        return;
+    }
     m_Over = true;
     m_Finishing = false;
     const HBImage<> adjusted = m_pPanel->AdjustedImage();

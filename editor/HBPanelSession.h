@@ -51,8 +51,9 @@ signals:
     /// OK, and this is the final image.
     void Accepted(const HBImage<>& image);
     void Rejected();
-    /// OK was pressed, but the user would not wait: the panel goes on. The preview may lack the last change.
-    void Resumed();
+    /// OK was pressed, but the panel goes on: the user would not wait, or the adjustment failed for want of memory.
+    /// The preview may lack the last change.
+    void Resumed(bool failed);
 
 private slots:
     void OnImageReady();
@@ -62,6 +63,7 @@ private slots:
 private:
     void TakeResult();
     void Finish();
+    void Resume(bool failed);
 
     const HBPanelEntry& m_Entry;
     QPointer<HBAdjustmentWidget> m_pPanel;
@@ -71,6 +73,6 @@ private:
     QTimer m_Settling;
     bool m_Changed = false;
     bool m_Finishing = false;
-    bool m_Stale = false; ///< a job was cancelled: what the panel has is not what its controls say
+    bool m_Stale = false; ///< a job was cancelled or failed: what the panel has is not what its controls say
     bool m_Over = false;
 };

@@ -3,8 +3,10 @@
 #include "HBEditorActions.h"
 #include "HBEditorWindow.h"
 #include "HBScreenshot.h"
+#include "HBTileWarnings.h"
 
 #include <HBMdiArea.h>
+#include <HBTranslation.h>
 #include <KMApplication.h>
 #include <KMPixelRatioRound.h>
 #include <KMTheme.h>
@@ -27,19 +29,23 @@ struct Options
     HBScreenshotOptions screenshot;
 };
 
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelEditor)
+};
+
 void Describe(QCommandLineParser& parser)
 {
-    auto tr = [](const char* text) { return QCoreApplication::translate("main", text); };
-    parser.setApplicationDescription(tr("Adjusts photos with the adjustment panels."));
-    parser.addPositionalArgument("photo", tr("The photo to open."), "[PHOTO]");
+    parser.setApplicationDescription(Text::tr("Adjusts photos with the adjustment panels."));
+    parser.addPositionalArgument("photo", Text::tr("The photo to open."), "[PHOTO]");
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
-        {"dark", tr("Use dark window colours.")},
-        {"screenshot", tr("Write a picture of the window to FILE (PNG) and quit."), "FILE"},
-        {"panel", tr("For --screenshot: the panel to open, by its class name."), "CLASS"},
-        {"values", tr("For --screenshot: the recipe whose step gives the panel its values."), "RECIPE"},
-        {"size", tr("For --screenshot: the size of the window, 1200x800 by default."), "WxH"},
+        {"dark", Text::tr("Use dark window colours.")},
+        {"screenshot", Text::tr("Write a picture of the window to FILE (PNG) and quit."), "FILE"},
+        {"panel", Text::tr("For --screenshot: the panel to open, by its class name."), "CLASS"},
+        {"values", Text::tr("For --screenshot: the recipe whose step gives the panel its values."), "RECIPE"},
+        {"size", Text::tr("For --screenshot: the size of the window, 1200x800 by default."), "WxH"},
     });
 }
 
@@ -88,6 +94,7 @@ void AnswerWithoutScreen(int argc, char* argv[])
     for (const QString& argument : wanted) {
         if (arguments.contains(argument)) {
             const QCoreApplication application(argc, argv);
+            HBInstallTranslations();
             Options ignored;
             Parse({arguments.first(), argument}, &ignored);
         }
@@ -103,6 +110,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
+    HBInstallTranslations();
     Options options;
     if (!Parse(application.arguments(), &options))
         return 2;
@@ -112,6 +120,7 @@ int main(int argc, char* argv[])
     KMApplication::SetTileMemory(0);
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);
+    HBShowTileWarnings(window.MessageBar());
     if (options.dark)
         window.Actions()->dark->setChecked(true);
     HBMdiArea::SetMainWindow(&window);

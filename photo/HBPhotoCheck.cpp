@@ -114,12 +114,26 @@ struct TiffField
     }
 };
 
-/// All strips or tiles of the first picture lie within the file (TIFF 6.0).
+/// The values of all entries of the directory lie within the file.
+bool AreValuesWithin(const QByteArray& file, const Numbers& numbers, qint64 directory)
+{
+    constexpr int bytesOf[] = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4}; // by type
+    const qint64 end = directory + 2 + 12 * numbers.At(directory, 2);
+    for (qint64 entry = directory + 2; entry < end; entry += 12) {
+        const qint64 type = numbers.At(entry + 2, 2);
+        const qint64 bytes = type < 14 ? bytesOf[type] * numbers.At(entry + 4, 4) : 0;
+        if (bytes > 4 && numbers.At(entry + 8, 4) + bytes > file.size())
+            return false;
+    }
+    return end <= file.size();
+}
+
+/// All strips or tiles of the first picture lie within the file (TIFF 6.0), and what describes it.
 bool IsWholeTiff(const QByteArray& file, bool bigEndian)
 {
     const Numbers numbers(file, bigEndian);
     const qint64 directory = numbers.At(4, 4);
-    if (directory + 2 + 12 * numbers.At(directory, 2) > file.size())
+    if (!AreValuesWithin(file, numbers, directory))
         return false;
     constexpr int offsetsAndCounts[][2] = {{273, 279}, {324, 325}};
     for (const auto& tags : offsetsAndCounts) {

@@ -5,6 +5,7 @@
 #include "HBPhotoCheck.h"
 #include "HBPhotoMetadata.h"
 
+#include <HBSaveFile.h>
 #include <KMImageFileManager.h>
 
 #include <QBuffer>
@@ -14,9 +15,10 @@
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
-#include <QSaveFile>
+#include <QScopeGuard>
 
 #include <exception>
+#include <mutex>
 #include <new>
 #include <unistd.h>
 
@@ -25,10 +27,10 @@ namespace
 
 constexpr int DotsPerMetreUnknown = 2835; // 72 dots per inch
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("HBPhotoFile", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
+};
 
 bool Fail(QString* reason, const QString& text)
 {
@@ -45,7 +47,7 @@ bool RunNamed(const QString& path, QString* error, Step step)
         if (step(&reason))
             return true;
     } catch (const std::bad_alloc&) {
-        reason = Translated("there is not enough memory for it");
+        reason = Text::tr("there is not enough memory for it");
     } catch (const std::exception& problem) {
         reason = QString::fromLocal8Bit(problem.what());
     }
@@ -66,47 +68,80 @@ bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return Fail(reason, Translated("there is no such file"));
+        return Fail(reason, Text::tr("there is no such file"));
     if (!info.isFile())
-        return Fail(reason, Translated("this is not a file")); // a device could be read for ever
+        return Fail(reason, Text::tr("this is not a file")); // a device could be read for ever
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Fail(reason, file.errorString());
     if (file.size() == 0)
-        return Fail(reason, Translated("the file is empty"));
+        return Fail(reason, Text::tr("the file is empty"));
     if (file.size() > qMin(LargestPicture(), qint64(0x7fff0000))) // the most that a QByteArray can hold
-        return Fail(reason, Translated("the file is too large"));
+        return Fail(reason, Text::tr("the file is too large"));
     *bytes = file.readAll();
     return file.error() == QFile::NoError || Fail(reason, file.errorString());
 }
 
 bool CheckSize(const QSize& size, QString* reason)
 {
+    if (size.isValid() && size.isEmpty())
+        return Fail(reason, Text::tr("the picture has no pixels"));
     constexpr int bytesPerPixel = 8; // of the deepest formats
     if (size.isValid() && qint64(size.width()) * size.height() > LargestPicture() / bytesPerPixel) {
-        return Fail(reason, Translated("%1 x %2 pixels are too many for this machine's memory")
+        return Fail(reason, Text::tr("%1 x %2 pixels are too many for this machine's memory")
                                 .arg(size.width())
                                 .arg(size.height()));
     }
     return true;
 }
 
-bool Decode(QByteArray bytes, QImage* image, QByteArray* format, QString* reason)
+/// Where the decoder's remarks about the file at work on this thread go, as about damaged data.
+thread_local QStringList* remarks = nullptr;
+QtMessageHandler otherMessages = nullptr;
+
+void KeepRemark(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!remarks || type != QtWarningMsg)
+        otherMessages(type, context, text);
+    else if (!remarks->contains(text))
+        remarks->append(text);
+}
+
+/// Qt's decoders only log them, without the file's name.
+bool ReadKeepingRemarks(QImageReader* reader, QImage* image, QStringList* warnings)
+{
+    static std::once_flag once;
+    std::call_once(once, [] { otherMessages = qInstallMessageHandler(KeepRemark); });
+    QStringList kept;
+    remarks = &kept;
+    const auto stop = qScopeGuard([] { remarks = nullptr; });
+    const bool read = reader->read(image) && !image->isNull();
+    for (const QString& remark : kept.mid(0, 3))
+        warnings->append(Text::tr("the decoder remarks: %1").arg(remark));
+    return read;
+}
+
+bool Decode(QByteArray bytes, QImage* image, HBPhoto* photo, QString* reason)
 {
     if (!HBIsWholeFile(bytes))
-        return Fail(reason, Translated("the file is cut short"));
+        return Fail(reason, Text::tr("the file is cut short"));
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false); // it knows the orientation of some formats only
-    *format = reader.format();
+    photo->format = reader.format();
     // Qt also draws drawings and reads icons.
-    if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(*format)))
-        return Fail(reason, Translated("this is not a photo of a known format"));
+    if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(photo->format)))
+        return Fail(reason, Text::tr("this is not a photo of a known format"));
     if (!CheckSize(reader.size(), reason))
         return false;
-    if (!reader.read(image) || image->isNull())
-        return Fail(reason, Translated("the picture cannot be read (%1)").arg(reader.errorString()));
+    const int pages = reader.imageCount();
+    if (!ReadKeepingRemarks(&reader, image, &photo->warnings))
+        return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(reader.errorString()));
+    if (pages > 1)
+        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(pages));
+    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16)
+        photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
     return true;
 }
 
@@ -141,7 +176,7 @@ KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
     const QByteArray model = profile.Icc().mid(16, 4); // ICC.1:2022, 7.2.6
     if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
         return profile;
-    warnings->append(Translated("its colour profile is not one for RGB and was left out"));
+    warnings->append(Text::tr("its colour profile is not one for RGB and was left out"));
     return {};
 }
 
@@ -213,7 +248,7 @@ bool Encode(const QImage& pixels, const QString& suffix, const HBPhotoOptions& o
     if (qMax(pixels.width(), pixels.height()) > LongestSide(suffix)) {
         return Fail(
             reason,
-            Translated("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
+            Text::tr("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
     }
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
@@ -234,17 +269,10 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, QImage* pixels, QStringList*
             *pixels = pixels->convertToFormat(QImage::Format_Grayscale8);
         } else {
             metadata.profile = KMCMSProfile();
-            warnings->append(Translated("the picture is no longer grey; its profile for grey was left out"));
+            warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
         }
     }
     return metadata;
-}
-
-bool SaveBytes(const QString& path, const QByteArray& bytes, QString* reason)
-{
-    QSaveFile file(path);
-    return (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) ||
-           Fail(reason, file.errorString());
 }
 
 } // namespace
@@ -255,13 +283,22 @@ bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error)
         QByteArray bytes;
         QImage pixels;
         HBPhoto read;
-        if (!ReadBytes(path, &bytes, reason) || !Decode(bytes, &pixels, &read.format, reason))
+        if (!ReadBytes(path, &bytes, reason) || !Decode(bytes, &pixels, &read, reason))
             return false;
         const HBPhotoMetadata metadata = HBReadMetadata(bytes, &read.warnings);
         read.image = WithMetadata(pixels, metadata, &read.warnings);
         *photo = read;
         return true;
     });
+}
+
+QSize HBPhotoSize(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return {};
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    return reader.size();
 }
 
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
@@ -272,15 +309,15 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
     return RunNamed(path, error, [&](QString* reason) {
         const QString suffix = QFileInfo(path).suffix().toLower();
         if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
-            return Fail(reason, Translated("pictures cannot be written in the format \"%1\"").arg(suffix));
+            return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
         if (image.IsEmpty())
-            return Fail(reason, Translated("there is no picture to write"));
+            return Fail(reason, Text::tr("there is no picture to write"));
         QImage pixels = PixelsFor(suffix, image);
         const HBPhotoMetadata metadata = MetadataFor(image, &pixels, told);
         QByteArray bytes;
         if (!Encode(pixels, suffix, options, &bytes, reason))
             return false;
         bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
-        return SaveBytes(path, bytes, reason);
+        return HBSaveFile(path, bytes, reason);
     });
 }

@@ -5,6 +5,7 @@
 #include <HBImage.h>
 
 #include <QByteArray>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -27,6 +28,9 @@ struct HBPhotoOptions
 /// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is too
 /// large for this machine before memory is taken for it. On failure `photo` is left alone.
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error);
+
+/// The size that the file's head tells, before it is turned upright; not valid if it tells none.
+QSize HBPhotoSize(const QString& path);
 
 /// Writes the image with its metadata, in the format that the path's suffix names; the whole file or nothing, in which
 /// case a file that was there before stays. Where a format has no transparency the picture is put on white.

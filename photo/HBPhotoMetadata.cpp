@@ -22,10 +22,10 @@ constexpr char IptcKey[] = "Iptc";
 constexpr char OrientationKey[] = "Exif.Image.Orientation";
 constexpr int Upright = 1;
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("HBPhotoFile", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
+};
 
 /// The XMP part of the library is not thread-safe by itself, and must be set up before the first use.
 void SetUpLibrary()
@@ -283,8 +283,7 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings)
             return {};
         return Read(file);
     } catch (const std::exception& problem) {
-        warnings->append(
-            Translated("its metadata cannot be read (%1)").arg(QString::fromLocal8Bit(problem.what())));
+        warnings->append(Text::tr("its metadata cannot be read (%1)").arg(QString::fromLocal8Bit(problem.what())));
         return {};
     }
 }
@@ -297,7 +296,7 @@ QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metada
     const int held = present & KindsHeldBy(file);
     for (const Kind& kind : kinds) {
         if (present & ~held & kind.id)
-            warnings->append(Translated("%1 metadata cannot be stored in this format").arg(kind.name));
+            warnings->append(Text::tr("%1 metadata cannot be stored in this format").arg(kind.name));
     }
     if (held == 0)
         return file;
@@ -312,7 +311,7 @@ QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metada
             if (held & kind.id)
                 result = Embed(result, metadata, size, kind.id);
         } catch (const std::exception& problem) {
-            warnings->append(Translated("%1 metadata cannot be stored (%2)")
+            warnings->append(Text::tr("%1 metadata cannot be stored (%2)")
                                  .arg(kind.name, QString::fromLocal8Bit(problem.what())));
         }
     }

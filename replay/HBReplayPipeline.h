@@ -14,8 +14,8 @@
 #include <deque>
 
 /// Adjusts many photos: while one is adjusted on the GUI thread, the next ones are read and the last ones written on
-/// threads of their own. No more photos are in memory at once than a few a core, and none is read ahead while the
-/// tiles take half of their memory budget.
+/// threads of their own. No more photos are in memory at once than a few a core, and no more than fit into half of the
+/// tiles' memory budget, but for one.
 class HBReplayPipeline
 {
 public:
@@ -31,6 +31,7 @@ private:
         HBReplayTask task;
         HBPhoto photo;
         QString error;
+        qint64 bytes;
     };
     struct Written
     {
@@ -39,6 +40,15 @@ private:
         QStringList warnings;
     };
 
+    /// What is under way on another thread, and what it takes meanwhile.
+    template <class Result>
+    struct Work
+    {
+        QFuture<Result> future;
+        qint64 bytes;
+    };
+
+    bool HasRoomFor(qint64 bytes) const;
     void ReadAhead();
     Read TakeRead();
     void Adjust(const Read& read);
@@ -49,10 +59,11 @@ private:
     const HBRecipe m_Recipe;
     const HBPhotoOptions m_Options;
     HBReplayLog m_Log;
-    const int m_Ahead; ///< photos read ahead, and as many waiting to be written
-    int m_Next = 0;    ///< task to read next
-    int m_Good = 0;    ///< photos written
-    std::deque<QFuture<Read>> m_Reads;
-    std::deque<QFuture<Written>> m_Writes;
+    const int m_Ahead;  ///< photos read ahead, and as many waiting to be written
+    int m_Next = 0;     ///< task to read next
+    int m_Good = 0;     ///< photos written
+    qint64 m_Bytes = 0; ///< what the photos of both queues take
+    std::deque<Work<Read>> m_Reads;
+    std::deque<Work<Written>> m_Writes;
     QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the jobs need
 };

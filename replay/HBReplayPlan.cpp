@@ -12,10 +12,10 @@
 namespace
 {
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("PanelReplay", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
 
 } // namespace
 
@@ -30,9 +30,9 @@ QString HBReplayTarget::ProblemOf(const QString& output) const
 {
     const QFileInfo info(output);
     if (!KMImageFileManager::SuffixesForWrite().contains(info.suffix().toLower()))
-        return Translated("files of this kind cannot be written; choose another with --format");
+        return Text::tr("files of this kind cannot be written; choose another with --format");
     if (!overwrite && (info.exists() || info.isSymLink()))
-        return Translated("%1 is there already; replace it with --overwrite").arg(output);
+        return Text::tr("%1 is there already; replace it with --overwrite").arg(output);
     return {};
 }
 
@@ -44,7 +44,7 @@ QVector<HBReplayTask> HBPlanReplay(const QStringList& inputs, const HBReplayTarg
         HBReplayTask task{input, target.PathFor(input), {}};
         task.problem = target.ProblemOf(task.output);
         if (writers.contains(task.output))
-            task.problem = Translated("%1 is written from %2 already").arg(task.output, writers[task.output]);
+            task.problem = Text::tr("%1 is written from %2 already").arg(task.output, writers[task.output]);
         if (task.problem.isEmpty())
             writers.insert(task.output, input);
         tasks.append(task);

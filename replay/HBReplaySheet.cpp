@@ -12,14 +12,15 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <new>
 
 namespace
 {
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("PanelReplay", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
 
 bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& target,
            const HBPhotoOptions& options, QString* error)
@@ -35,13 +36,33 @@ bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& ta
     return true;
 }
 
-/// The photo adjusted as the panel's demonstration does it; empty, with the error set, if that failed.
-HBImage<> Demonstrate(const HBPanelEntry& panel, const HBImage<>& image, QString* error)
+/// The picture for the sheet.
+HBContact Contact(const HBImage<>& image, const QString& label)
 {
-    HBRecipe recipe;
-    if (!HBRecipe::Load(QString(":/recipes/%1.json").arg(panel.className), &recipe, error))
-        return {};
-    return HBApplyRecipe(image, recipe, error);
+    const QImage thumbnail = HBThumbnail(image.ToQImage());
+    if (thumbnail.isNull())
+        throw std::bad_alloc();
+    return {thumbnail, label};
+}
+
+/// Writes the photo adjusted as the panel's demonstration does it. False, with the error set, if that failed.
+bool Demonstrate(const HBPanelEntry& panel, const HBImage<>& image, const QString& path,
+                 const HBReplayTarget& target, const HBPhotoOptions& options, QVector<HBContact>* contacts,
+                 QString* error)
+{
+    try {
+        HBRecipe recipe;
+        if (!HBRecipe::Load(QString(":/recipes/%1.json").arg(panel.className), &recipe, error))
+            return false;
+        const HBImage<> adjusted = HBApplyRecipe(image, recipe, error);
+        if (adjusted.IsEmpty() || !Write(path, adjusted, target, options, error))
+            return false;
+        contacts->append(Contact(adjusted, panel.Title()));
+        return true;
+    } catch (const std::bad_alloc&) {
+        *error = path + ": " + Text::tr("there is not enough memory");
+        return false;
+    }
 }
 
 } // namespace
@@ -54,22 +75,22 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
         HBPrintError(error);
         return 1;
     }
+    for (const QString& warning : original.warnings)
+        HBPrintError(photo + ": " + warning);
     int failed = 0;
-    QVector<HBContact> contacts{{HBThumbnail(original.image.ToQImage()), Translated("Original")}};
+    QVector<HBContact> contacts{Contact(original.image, Text::tr("Original"))};
     HBReplayLog log(HBPanelCatalog().size());
     for (const HBPanelEntry& panel : HBPanelCatalog()) {
         if (HBIsInterrupted())
             return failed + 1;
         error.clear();
         const QString path = target.PathFor(photo, QString("-") + panel.className);
-        const HBImage<> adjusted = Demonstrate(panel, original.image, &error);
-        if (!error.isEmpty() || !Write(path, adjusted, target, options, &error)) {
+        if (Demonstrate(panel, original.image, path, target, options, &contacts, &error)) {
+            log.FileDone(path);
+        } else {
             log.Message(error);
             ++failed;
-            continue;
         }
-        contacts.append({HBThumbnail(adjusted.ToQImage()), panel.Title()});
-        log.FileDone(path);
     }
     HBReplayTarget png = target;
     png.suffix = "png";

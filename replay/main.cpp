@@ -10,6 +10,7 @@
 #include "HBReplaySheet.h"
 
 #include <HBPanelCatalog.h>
+#include <HBTranslation.h>
 #include <KMImageFileManager.h>
 
 #include <KMTheme.h>
@@ -23,16 +24,17 @@
 #include <cstdio>
 #include <cstring>
 #include <langinfo.h>
+#include <new>
 
 namespace
 {
 
 enum ExitCode { Done = 0, FileFailed = 1, BadUsage = 2 };
 
-QString Translated(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("PanelReplay", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
 
 int Refuse(const QString& problem)
 {
@@ -58,22 +60,21 @@ void PrintNoWarnings(QtMsgType type, const QMessageLogContext&, const QString& t
 
 void Describe(QCommandLineParser& parser)
 {
-    parser.setApplicationDescription(Translated(
+    parser.setApplicationDescription(Text::tr(
         "Applies stored adjustments to photos.\n\n"
         "  panel-replay apply RECIPE FILE... -o DIR   adjust the files as the recipe says\n"
         "  panel-replay list                          list the panels: class, tag of its record, group, title\n"
         "  panel-replay sheet FILE -o DIR             show what every panel does to the photo\n\n"
         "Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe."));
-    parser.addPositionalArgument("command", Translated("apply, list or sheet"), "COMMAND");
-    parser.addPositionalArgument("arguments", Translated("what the command works on"), "[ARGUMENT...]");
+    parser.addPositionalArgument("command", Text::tr("apply, list or sheet"), "COMMAND");
+    parser.addPositionalArgument("arguments", Text::tr("what the command works on"), "[ARGUMENT...]");
     parser.addVersionOption();
     parser.addOptions({
-        {{"h", "help"}, Translated("Show this help.")},
-        {{"o", "output"}, Translated("Folder for the results; made if it is not there."), "DIR"},
-        {"quality", Translated("Quality of JPEG and WebP, 0..100, default 92; a WebP of 100 is lossless."), "N"},
-        {"format", Translated("Format of the results, as jpg, png, tif or webp; default: each file's own."),
-         "EXT"},
-        {"overwrite", Translated("Replace files that are there already.")},
+        {{"h", "help"}, Text::tr("Show this help.")},
+        {{"o", "output"}, Text::tr("Folder for the results; made if it is not there."), "DIR"},
+        {"quality", Text::tr("Quality of JPEG and WebP, 0..100, default 92; a WebP of 100 is lossless."), "N"},
+        {"format", Text::tr("Format of the results, as jpg, png, tif or webp; default: each file's own."), "EXT"},
+        {"overwrite", Text::tr("Replace files that are there already.")},
     });
 }
 
@@ -84,23 +85,23 @@ bool ReadOptions(const QCommandLineParser& parser, HBReplayTarget* target, HBPho
     target->suffix = parser.value("format").toLower();
     target->overwrite = parser.isSet("overwrite");
     if (!target->suffix.isEmpty() && !KMImageFileManager::SuffixesForWrite().contains(target->suffix)) {
-        *problem = Translated("pictures cannot be written in the format \"%1\"").arg(target->suffix);
+        *problem = Text::tr("pictures cannot be written in the format \"%1\"").arg(target->suffix);
         return false;
     }
     if (parser.isSet("quality")) {
         bool isNumber = false;
         options->quality = parser.value("quality").toInt(&isNumber);
         if (!isNumber || options->quality < 0 || options->quality > 100) {
-            *problem = Translated("the quality must be a number from 0 to 100");
+            *problem = Text::tr("the quality must be a number from 0 to 100");
             return false;
         }
     }
     if (target->folder.isEmpty()) {
-        *problem = Translated("name the folder for the results with -o DIR");
+        *problem = Text::tr("name the folder for the results with -o DIR");
         return false;
     }
     if (!QDir().mkpath(target->folder)) {
-        *problem = Translated("%1: the folder cannot be made").arg(target->folder);
+        *problem = Text::tr("%1: the folder cannot be made").arg(target->folder);
         return false;
     }
     return true;
@@ -129,12 +130,12 @@ int Run(const QCommandLineParser& parser)
 {
     QStringList arguments = parser.positionalArguments();
     const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
-    if (command == "list" && arguments.isEmpty())
+    if (command == "list" && arguments.isEmpty() && parser.optionNames().isEmpty())
         return List();
     const bool apply = command == "apply" && arguments.size() >= 2;
     const bool sheet = command == "sheet" && arguments.size() == 1;
     if (!apply && !sheet)
-        return Refuse(Translated("wrong usage; try panel-replay --help"));
+        return Refuse(Text::tr("wrong usage; try panel-replay --help"));
 
     HBReplayTarget target;
     HBPhotoOptions options;
@@ -161,6 +162,7 @@ int main(int argc, char* argv[])
     QApplication application(count, nameOnly);
     qInstallMessageHandler(nullptr);
     application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
+    HBInstallTranslations();
     KMTheme::Install();
 
     QStringList arguments;
@@ -178,5 +180,10 @@ int main(int argc, char* argv[])
         std::fputs(qPrintable(parser.helpText()), stdout);
         return Done;
     }
-    return Run(parser);
+    try {
+        return Run(parser);
+    } catch (const std::bad_alloc&) {
+        HBPrintError(Text::tr("there is not enough memory"));
+        return FileFailed;
+    }
 }

@@ -9,6 +9,7 @@
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
 #include <HBSelectionTool.h>
+#include <HBTileWarnings.h>
 #include <KMDocumentView.h>
 
 #include <QAction>
@@ -23,6 +24,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <thread>
 
 class TestHBEditorWindow : public QObject
 {
@@ -44,6 +46,19 @@ class TestHBEditorWindow : public QObject
     static QSpinBox* Brightness(const HBEditorWindow& window)
     {
         return window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
+    }
+
+    void OpenWithPanel(HBEditorWindow* window)
+    {
+        window->show();
+        QVERIFY(window->Open(Photo("a.png")));
+        QVERIFY(window->OpenPanel(Entry()));
+    }
+    static void Apply(const HBEditorWindow& window, int brightness)
+    {
+        Brightness(window)->setValue(brightness);
+        emit window.Session()->Panel()->Ok();
+        QTRY_VERIFY(!window.Session());
     }
 
     /// Presses a button of the next message box.
@@ -122,15 +137,11 @@ private slots:
     void previewOkUndo()
     {
         HBEditorWindow window(false);
-        window.show();
-        window.Open(Photo("a.png"));
-        window.OpenPanel(Entry());
+        OpenWithPanel(&window);
         Brightness(window)->setValue(50);
         QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
         QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(0, 0, 100));
-        Brightness(window)->setValue(60);
-        emit window.Session()->Panel()->Ok();
-        QTRY_VERIFY(!window.Session());
+        Apply(window, 60);
         QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(60, 60, 160));
         QVERIFY(window.isWindowModified());
         QCOMPARE(window.Document().Recipe(nullptr).steps.size(), 1);
@@ -142,11 +153,8 @@ private slots:
     void recipeGivesTheSameBytes()
     {
         HBEditorWindow window(false);
-        window.Open(Photo("a.png"));
-        window.OpenPanel(Entry());
-        Brightness(window)->setValue(-33);
-        emit window.Session()->Panel()->Ok();
-        QTRY_VERIFY(!window.Session());
+        OpenWithPanel(&window);
+        Apply(window, -33);
         const QImage adjusted = window.Document().Image().ToQImage();
         const QString recipe = m_Folder.filePath("recipe.json");
         QString error;
@@ -161,8 +169,7 @@ private slots:
     void selectionReachesAnOpenPanelAndStaysOutOfTheRecipe()
     {
         HBEditorWindow window(false);
-        window.Open(Photo("a.png"));
-        window.OpenPanel(Entry());
+        OpenWithPanel(&window);
         Brightness(window)->setValue(50);
         window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
         emit window.Session()->Panel()->Ok();
@@ -193,17 +200,16 @@ private slots:
     void failedSaveLosesNothing()
     {
         HBEditorWindow window(false);
-        window.Open(Photo("a.png"));
-        window.OpenPanel(Entry());
-        Brightness(window)->setValue(50);
-        emit window.Session()->Panel()->Ok();
-        QTRY_VERIFY(!window.Session());
+        OpenWithPanel(&window);
+        Apply(window, 50);
+        QVERIFY(window.Actions()->save->isEnabled());
         QVERIFY(!window.SaveTo(m_Folder.filePath("nowhere/b.png")));
         QVERIFY(window.MessageBar()->Text().contains("nowhere/b.png"));
         QVERIFY(window.Document().IsModified());
         QCOMPARE(window.Document().FileName(), QString("a.png"));
         QVERIFY(window.SaveTo(m_Folder.filePath("b.png")));
         QVERIFY(!window.Document().IsModified());
+        QVERIFY(!window.Actions()->save->isEnabled());
         QCOMPARE(QImage(m_Folder.filePath("b.png")).pixel(0, 0), qRgb(50, 50, 150));
     }
 
@@ -223,9 +229,7 @@ private slots:
         QFETCH(int, second);
         QFETCH(bool, opens);
         HBEditorWindow window(false);
-        window.show();
-        window.Open(Photo("a.png"));
-        window.OpenPanel(Entry());
+        OpenWithPanel(&window);
         QVERIFY(window.Open(Photo("b.png"))); // nothing is changed: no question
         QVERIFY(!window.Session());
         window.OpenPanel(Entry());
@@ -270,6 +274,33 @@ private slots:
         QTest::keyClicks(spin, "-40");
         QCOMPARE(spin->value(), -40);
         QCOMPARE(window.View()->Zoom(), zoom);
+    }
+
+    void tellsOfAFullScratchDisk()
+    {
+        HBEditorWindow window(false);
+        HBShowTileWarnings(window.MessageBar());
+        const char* text =
+            "Image data cannot be moved to the scratch file (is the disk full?): it stays in memory";
+        QTest::ignoreMessage(QtWarningMsg, text);
+        std::thread([=] { qWarning("%s", text); }).join();
+        QTRY_VERIFY(window.MessageBar()->Text().contains("Save your work"));
+    }
+
+    void aRecipeCanBeStopped()
+    {
+        HBEditorWindow window(false);
+        window.Open(Photo("large.png", 3000, 2000));
+        const QString recipe = m_Folder.filePath("stopped.json");
+        HBRecipe steps{QVector<HBRecipeStep>(50)};
+        const std::unique_ptr<HBAdjustmentWidget> panel(Entry().create(false, nullptr));
+        steps.steps.fill({Entry().className, Entry().save(*panel)});
+        QString error;
+        QVERIFY(steps.Save(recipe, &error));
+        QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        QVERIFY(!window.ApplyRecipe(recipe));
+        QVERIFY(!window.Document().IsModified());
+        QCOMPARE(window.MessageBar()->Text(), QString());
     }
 
     void destroyedWithAPanelAtWork()

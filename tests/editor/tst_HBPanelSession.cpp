@@ -33,6 +33,7 @@ public:
         return GetNewData();
     }};
     int starts = 0;
+    std::atomic<bool> fails{false};
 
 private:
     struct Paint
@@ -59,7 +60,12 @@ private:
         ++starts;
         HBStartJob(watcher, this, &ValuePanel::Process, Data{JobData(), m_Value});
     }
-    HBImage<> Process(Data job) { return RunTransformation(job, Paint{&gate, job.value}); }
+    HBImage<> Process(Data job)
+    {
+        if (fails)
+            SetJobFailed();
+        return RunTransformation(job, Paint{&gate, job.value});
+    }
 
     int m_Value = 1;
 };
@@ -83,6 +89,7 @@ struct Fixture
     QVector<int> accepted;
     int rejected = 0;
     int resumed = 0;
+    int failures = 0;
 
     Fixture()
     {
@@ -91,7 +98,10 @@ struct Fixture
         QObject::connect(session, &HBPanelSession::Accepted, session,
                          [this](const HBImage<>& image) { accepted.append(image.PixelAt(299, 299).red); });
         QObject::connect(session, &HBPanelSession::Rejected, session, [this] { ++rejected; });
-        QObject::connect(session, &HBPanelSession::Resumed, session, [this] { ++resumed; });
+        QObject::connect(session, &HBPanelSession::Resumed, session, [this](bool failed) {
+            ++resumed;
+            failures += failed;
+        });
     }
     ~Fixture() { delete session; }
 
@@ -101,6 +111,22 @@ struct Fixture
     {
         SetSource();
         QTRY_COMPARE(previews, QVector<int>{1});
+    }
+    /// The first job is at work, and stays so.
+    void HoldFirst()
+    {
+        panel->gate.Close();
+        SetSource();
+        QVERIFY(panel->gate.WaitForHeld());
+    }
+    /// The second one, for the value 7.
+    void OpenAndHold()
+    {
+        Open();
+        panel->gate.Close();
+        panel->SetValue(7);
+        QTRY_COMPARE(panel->starts, 2);
+        QVERIFY(panel->gate.WaitForHeld());
     }
 };
 
@@ -137,14 +163,25 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void okWaitsForTheRunningJob()
+    void aFailedJobIsNotAccepted()
     {
         Fixture f;
         f.Open();
-        f.panel->gate.Close();
+        f.panel->fails = true;
         f.panel->SetValue(7);
-        QTRY_COMPARE(f.panel->starts, 2);
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.session->Accept();
+        QTRY_COMPARE(f.failures, 1);
+        QVERIFY(f.accepted.isEmpty());
+        QVERIFY(f.panel->isEnabled());
+        f.panel->fails = false;
+        f.session->Accept(); // once more
+        QTRY_COMPARE(f.accepted, QVector<int>{7});
+    }
+
+    void okWaitsForTheRunningJob()
+    {
+        Fixture f;
+        f.OpenAndHold();
         f.session->Accept();
         QVERIFY(f.accepted.isEmpty());
         f.panel->gate.Open();
@@ -154,11 +191,7 @@ private slots:
     void okTakesAChangeMadeWhileAnotherJobRuns()
     {
         Fixture f;
-        f.Open();
-        f.panel->gate.Close();
-        f.panel->SetValue(7);
-        QTRY_COMPARE(f.panel->starts, 2);
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.OpenAndHold();
         f.panel->SetValue(9);
         f.session->Accept();
         f.panel->gate.OpenWhenObsolete();
@@ -170,11 +203,7 @@ private slots:
     void aStaleJobThatEndsWithinTheDebounceDoesNotCount()
     {
         Fixture f;
-        f.Open();
-        f.panel->gate.Close();
-        f.panel->SetValue(7);
-        QTRY_COMPARE(f.panel->starts, 2);
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.OpenAndHold();
         f.panel->SetValue(9);
         f.panel->gate.Open();
         HBSettle(); // the job for 7 ends, and no timer has fired
@@ -225,9 +254,7 @@ private slots:
     void anotherPhotoMakesTheRunningJobObsolete()
     {
         Fixture f;
-        f.panel->gate.Close();
-        f.SetSource();
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.HoldFirst();
         f.SetSource();
         f.panel->gate.Open();
         QTRY_COMPARE(f.panel->starts, 2);
@@ -259,9 +286,7 @@ private slots:
     {
         QFETCH(bool, waiting);
         Fixture f;
-        f.panel->gate.Close();
-        f.SetSource();
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.HoldFirst();
         if (waiting) {
             f.session->Accept();
             QVERIFY(QApplication::overrideCursor());
@@ -276,9 +301,7 @@ private slots:
     void destroyedWhileItsProgressDialogIsOpen()
     {
         Fixture f;
-        f.panel->gate.Close();
-        f.SetSource();
-        QVERIFY(f.panel->gate.WaitForHeld());
+        f.HoldFirst();
         const HBProgressDialogWatch watch([&](HBOperationProgressDlg*) {
             f.panel->gate.OpenWhenObsolete();
             f.session->deleteLater();

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "../photo/HBTestFiles.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
 
+#include <HBBrightnessContrastWidget.h>
 #include <HBPanelCatalog.h>
 #include <HBPhotoFile.h>
 #include <HBRecipe.h>
@@ -25,35 +27,6 @@ struct Outcome
     QString err;
 };
 
-/// Without a display or a locale, as under cron.
-Outcome Replay(const QStringList& arguments, const QString& folder)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANG", "LC_ALL"})
-        environment.remove(name);
-    // A sanitizer's list of what it left out is no message of the program's.
-    environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder);
-    process.start(PANEL_REPLAY, arguments);
-    process.waitForFinished();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
-}
-
-QByteArray BytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool WriteBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 } // namespace
 
 class tst_PanelReplay : public QObject
@@ -62,7 +35,7 @@ class tst_PanelReplay : public QObject
 private slots:
     void init()
     {
-        m_pFolder = std::make_unique<QTemporaryDir>();
+        m_pFolder = std::make_unique<HBTestFolder>();
         QVERIFY(QDir(m_pFolder->path()).mkdir("sub"));
         for (const char* name : {"a.png", "b.png", "sub/a.png"})
             QVERIFY(HBTestRamp(150, 140).ToQImage().save(Path(name)));
@@ -71,7 +44,7 @@ private slots:
 
     void Lists()
     {
-        const Outcome outcome = Replay({"list"}, m_pFolder->path());
+        const Outcome outcome = Replay({"list"});
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString());
         const QStringList lines = outcome.out.split('\n', Qt::SkipEmptyParts);
@@ -83,11 +56,11 @@ private slots:
 
     void HelpAndVersion()
     {
-        const Outcome help = Replay({"--help"}, m_pFolder->path());
+        const Outcome help = Replay({"--help"});
         QCOMPARE(help.code, 0);
         for (const char* word : {"apply RECIPE FILE", "--quality", "--overwrite", "Exit code"})
             QVERIFY2(help.out.contains(word), word);
-        const Outcome version = Replay({"--version"}, m_pFolder->path());
+        const Outcome version = Replay({"--version"});
         QCOMPARE(version.code, 0);
         QVERIFY(QRegularExpression("^panel-replay \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch());
     }
@@ -96,42 +69,34 @@ private slots:
     {
         QTest::addColumn<QString>("arguments");
         QTest::addColumn<QString>("message");
-        QTest::newRow("nothing") << ""
-                                 << "--help";
-        QTest::newRow("unknown command") << "frobnicate"
-                                         << "--help";
-        QTest::newRow("list with more") << "list a"
-                                        << "--help";
-        QTest::newRow("no files") << "apply RECIPE -o out"
-                                  << "--help";
-        QTest::newRow("two sheets") << "sheet a.png b.png -o out"
-                                    << "--help";
-        QTest::newRow("unknown option") << "apply RECIPE a.png -o out --frob"
-                                        << "frob";
-        QTest::newRow("no folder") << "apply RECIPE a.png"
-                                   << "-o DIR";
-        QTest::newRow("folder is a file") << "apply RECIPE a.png -o b.png/x"
-                                          << "b.png/x";
-        QTest::newRow("quality text") << "apply RECIPE a.png -o out --quality best"
-                                      << "0 to 100";
-        QTest::newRow("quality 101") << "apply RECIPE a.png -o out --quality 101"
-                                     << "0 to 100";
-        QTest::newRow("format") << "apply RECIPE a.png -o out --format xyz"
-                                << "\"xyz\"";
-        QTest::newRow("no recipe") << "apply none.json a.png -o out"
-                                   << "none.json: ";
-        QTest::newRow("picture as recipe") << "apply a.png a.png -o out"
-                                           << "a.png: This is not JSON";
-        QTest::newRow("newer recipe") << "apply newer.json a.png -o out"
-                                      << "version 2";
+        const char* const rows[][2] = {
+            {"", "--help"},
+            {"frobnicate", "--help"},
+            {"list a", "--help"},
+            {"apply RECIPE -o out", "--help"},
+            {"sheet a.png b.png -o out", "--help"},
+            {"apply RECIPE a.png -o out --frob", "frob"},
+            {"apply RECIPE a.png", "-o DIR"},
+            {"apply RECIPE a.png -o b.png/x", "b.png/x"},
+            {"apply RECIPE a.png -o out --quality best", "0 to 100"},
+            {"apply RECIPE a.png -o out --quality 101", "0 to 100"},
+            {"apply RECIPE a.png -o out --format xyz", "\"xyz\""},
+            {"apply none.json a.png -o out", "none.json: "},
+            {"apply a.png a.png -o out", "a.png: This is not JSON"},
+            {"apply newer.json a.png -o out", "version 2"},
+            {"list -o out", "--help"},
+            {"list --quality 9", "--help"},
+        };
+        for (const auto& [arguments, message] : rows)
+            QTest::newRow(arguments) << arguments << message;
     }
     void WrongUsage()
     {
         QFETCH(QString, arguments);
         QFETCH(QString, message);
-        QVERIFY(WriteBytes(Path("newer.json"), BytesOf(brightnessRecipe).replace(": 1\n", ": 2\n")));
+        QVERIFY(HBWriteBytes(Path("newer.json"), HBBytesOf(brightnessRecipe).replace(": 1\n", ": 2\n")));
         arguments.replace("RECIPE", brightnessRecipe);
-        const Outcome outcome = Replay(arguments.split(' ', Qt::SkipEmptyParts), m_pFolder->path());
+        const Outcome outcome = Replay(arguments.split(' ', Qt::SkipEmptyParts));
         QCOMPARE(outcome.code, 2);
         QVERIFY2(outcome.err.startsWith("panel-replay: ") && outcome.err.contains(message),
                  qPrintable(outcome.err));
@@ -139,10 +104,15 @@ private slots:
         QVERIFY(!QFile::exists(Path("out/a.png")));
     }
 
-    /// Brightness 30, contrast 40 of the sample recipe, by the formula itself.
+    /// Of a recipe, by the formula itself.
     void WritesWhatTheFormulaSays()
     {
-        const Outcome outcome = Replay({"apply", brightnessRecipe, "a.png", "-o", "out"}, m_pFolder->path());
+        HBBrightnessContrastWidget panel(false, nullptr, {});
+        panel.SetValue({30, 40});
+        const char* name = panel.metaObject()->className();
+        QString error;
+        QVERIFY((HBRecipe{{{name, HBFindPanel(name)->save(panel)}}}.Save(Path("own.json"), &error)));
+        const Outcome outcome = Replay({"apply", "own.json", "a.png", "-o", "out"});
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString("[1/1] a.png\n"));
         const double slope = std::tan(M_PI / 4 * (1 + 40 / 128.0));
@@ -153,48 +123,40 @@ private slots:
         const HBImage<> expected = HBPlainLoop(
             source, [&](HBRGBA32i p) { return HBRGBA32i(line(p.red), line(p.green), line(p.blue), p.alpha); });
         HBPhoto written;
-        QString error;
         QVERIFY2(HBReadPhoto(Path("out/a.png"), &written, &error), qPrintable(error));
         QCOMPARE(written.image.ToQImage(), expected.ToQImage());
-
-        HBRecipe recipe;
-        QVERIFY(HBRecipe::Load(brightnessRecipe, &recipe, &error));
-        QCOMPARE(written.image.ToQImage(), HBApplyRecipe(source, recipe, &error).ToQImage());
     }
 
     void BadFilesDoNotStopTheRest()
     {
-        QVERIFY(WriteBytes(Path("cut.png"), BytesOf(Path("a.png")).left(500)));
-        QVERIFY(WriteBytes(Path("kind.xyz"), BytesOf(Path("a.png"))));
+        QVERIFY(HBWriteBytes(Path("cut.png"), HBBytesOf(Path("a.png")).left(500)));
+        QVERIFY(HBWriteBytes(Path("kind.xyz"), HBBytesOf(Path("a.png"))));
         const Outcome outcome =
-            Replay({"apply", brightnessRecipe, "cut.png", "a.png", "none.png", "kind.xyz", "b.png", "-o", "out"},
-                   m_pFolder->path());
+            Replay({"apply", brightnessRecipe, "cut.png", "a.png", "none.png", "kind.xyz", "b.png", "-o", "out"});
         QCOMPARE(outcome.code, 1);
         for (const char* message : {"panel-replay: cut.png: the file is cut short",
                                     "panel-replay: none.png: ", "panel-replay: kind.xyz: ", "[5/5] "})
             QVERIFY2(outcome.err.contains(message), qPrintable(outcome.err));
-        QCOMPARE(QDir(Path("out")).entryList(QDir::Files), QStringList({"a.png", "b.png"}));
+        QCOMPARE(m_pFolder->Files("out"), QStringList({"a.png", "b.png"}));
     }
 
     void NothingIsOverwrittenUnasked()
     {
-        const QByteArray original = BytesOf(Path("a.png"));
-        const Outcome own = Replay({"apply", brightnessRecipe, "a.png", "-o", "."}, m_pFolder->path());
+        const QByteArray original = HBBytesOf(Path("a.png"));
+        const Outcome own = Replay({"apply", brightnessRecipe, "a.png", "-o", "."});
         QCOMPARE(own.code, 1);
         QVERIFY2(own.err.contains("--overwrite"), qPrintable(own.err));
-        QCOMPARE(BytesOf(Path("a.png")), original);
+        QCOMPARE(HBBytesOf(Path("a.png")), original);
 
         // Two of the same name: the second is refused, also when files may be replaced.
-        const Outcome two = Replay({"apply", brightnessRecipe, "a.png", "sub/a.png", "-o", "out", "--overwrite"},
-                                   m_pFolder->path());
+        const Outcome two = Replay({"apply", brightnessRecipe, "a.png", "sub/a.png", "-o", "out", "--overwrite"});
         QCOMPARE(two.code, 1);
         QVERIFY2(two.err.contains("sub/a.png: out/a.png is written from a.png already"), qPrintable(two.err));
 
-        const Outcome asked =
-            Replay({"apply", brightnessRecipe, "a.png", "-o", ".", "--overwrite"}, m_pFolder->path());
+        const Outcome asked = Replay({"apply", brightnessRecipe, "a.png", "-o", ".", "--overwrite"});
         QCOMPARE(asked.code, 0);
-        QCOMPARE(BytesOf(Path("a.png")), BytesOf(Path("out/a.png")));
-        QVERIFY(BytesOf(Path("a.png")) != original);
+        QCOMPARE(HBBytesOf(Path("a.png")), HBBytesOf(Path("out/a.png")));
+        QVERIFY(HBBytesOf(Path("a.png")) != original);
     }
 
     void FormatAndNames()
@@ -204,8 +166,7 @@ private slots:
             QVERIFY(QFile::copy(Path("a.png"), Path(name)));
         const Outcome outcome = Replay(
             QStringList{"apply", "-o", "out", "--format", "JPG", "--quality", "50", "--", brightnessRecipe} +
-                names,
-            m_pFolder->path());
+            names);
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err));
         for (const char* name : {"ä b.jpg", "-title.jpg", "no.suffix.but.dots.jpg", "plain.jpg"}) {
             HBPhoto photo;
@@ -217,7 +178,7 @@ private slots:
 
     void EveryPanelHasItsDemonstration()
     {
-        const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"}, m_pFolder->path());
+        const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"});
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err)); // names the missing samples/recipes/<panel>.json
         const QImage original(Path("a.png"));
         for (const HBPanelEntry& panel : HBPanelCatalog()) {
@@ -251,8 +212,7 @@ private slots:
         err += process.readAllStandardError();
         QCOMPARE(process.exitCode(), 1);
         QVERIFY2(err.contains("panel-replay: interrupted; "), err.constData());
-        const QStringList files =
-            QDir(Path("out")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        const QStringList files = m_pFolder->Files("out");
         QVERIFY(!files.isEmpty() && files.size() < 60);
         QVERIFY2(err.contains(QString("%1 of 60").arg(files.size()).toUtf8()), err.constData());
         for (const QString& file : files) {
@@ -263,9 +223,28 @@ private slots:
     }
 
 private:
+    /// Without a display or a locale, as under cron.
+    Outcome Replay(const QStringList& arguments) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name :
+             {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANG", "LC_ALL"})
+            environment.remove(name);
+        // A sanitizer's list of what it left out is no message of the program's.
+        environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_pFolder->path());
+        process.start(PANEL_REPLAY, arguments);
+        process.waitForFinished();
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
     QString Path(const QString& name) const { return m_pFolder->filePath(name); }
 
-    std::unique_ptr<QTemporaryDir> m_pFolder;
+    std::unique_ptr<HBTestFolder> m_pFolder;
 };
 
 HB_TEST_MAIN(tst_PanelReplay)

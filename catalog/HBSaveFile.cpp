@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBSaveFile.h"
+
+#include <QCoreApplication>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <unistd.h>
+
+bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        *reason = file.errorString();
+        return false;
+    }
+    // Here, not in commit(): that renames the file also when the last of its buffer could not be written. A network
+    // disk tells only at the end that it is full.
+    errno = 0;
+    if (file.write(bytes) == bytes.size() && file.flush() && (::fsync(file.handle()) == 0 || errno == EINVAL)) {
+        if (file.commit())
+            return true;
+        *reason = file.errorString();
+        return false;
+    }
+    const int code = errno; // Qt knows no reason if a part was written
+    *reason = code == ENOSPC || code == EDQUOT ? QCoreApplication::translate("HBSaveFile", "the disk is full")
+                                               : qt_error_string(code);
+    return false;
+}
