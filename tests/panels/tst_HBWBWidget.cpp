@@ -357,12 +357,14 @@ void tst_HBWBWidget::besideRadiosOfTheHost()
 {
     QWidget host;
     QRadioButton first(&host), second(&host);
-    first.setChecked(true);
     HBWBWidget panel(false, &host, {});
     panel.SetValue(WithMode(2));
-    QVERIFY(first.isChecked());
-    second.setChecked(true);
-    QVERIFY(panel.findChild<QRadioButton*>("m_pUnderexposure")->isChecked());
+    for (QRadioButton* radio : {&first, &second}) {
+        radio->setChecked(true);
+        QVERIFY(panel.findChild<QRadioButton*>("m_pUnderexposure")->isChecked());
+        panel.SetValue(WithMode(2));
+        QVERIFY(radio->isChecked());
+    }
 }
 
 void tst_HBWBWidget::plainModes()
