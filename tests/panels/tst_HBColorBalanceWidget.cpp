@@ -267,9 +267,9 @@ void tst_HBColorBalanceWidget::reset()
 void tst_HBColorBalanceWidget::besideRadiosOfTheHost()
 {
     QWidget host;
+    HBColorBalanceWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
     QRadioButton first(&host), second(&host);
     first.setChecked(true);
-    HBColorBalanceWidget panel(false, &host, {});
     for (const int toneRange : {1, 0, 3}) {
         panel.SetValue(Sample(toneRange));
         QVERIFY(first.isChecked() && !second.isChecked());
