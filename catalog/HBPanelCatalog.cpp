@@ -27,6 +27,8 @@
 #include <QCoreApplication>
 #include <QDataStream>
 
+#include <new>
+
 namespace
 {
 
@@ -98,10 +100,16 @@ bool RestoreRecord(HBAdjustmentWidget& panel, const QJsonObject& values, QString
     QDataStream stream(record);
     stream.setVersion(RecordVersion);
     typename Panel::Params params;
-    if (!params.Read(stream)) {
-        // A foreign tag leaves the stream's status alone.
-        *reason = stream.status() == QDataStream::Ok ? Text::tr("its record is not one of this panel")
-                                                     : Text::tr("its record is cut short");
+    try {
+        if (!params.Read(stream)) {
+            // A foreign tag leaves the stream's status alone.
+            *reason = stream.status() == QDataStream::Ok ? Text::tr("its record is not one of this panel")
+                                                         : Text::tr("its record is cut short");
+            return false;
+        }
+    } catch (const std::bad_alloc&) {
+        // Qt reserves as many names of a font as the record says that there are.
+        *reason = Text::tr("its record is broken");
         return false;
     }
     if (!stream.atEnd()) {

@@ -123,8 +123,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColours);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pSession->Panel())
-            m_pFrame->Show(m_pSession->Panel(), m_pSession->Entry().Title(), docked);
+        if (m_pSession && m_pSession->Widget())
+            m_pFrame->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
     });
     connect(a.panels, &QActionGroup::triggered, this,
             [this](const QAction* action) { OpenPanel(HBPanelCatalog().at(action->data().toInt())); });
@@ -178,13 +178,19 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
     connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
     connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
-    connect(m_pSession, &HBPanelSession::Resumed, this, [this](bool failed) {
-        if (failed)
-            m_pMessages->ShowError(tr("The photo could not be adjusted for want of memory."));
-        else
+    connect(m_pSession, &HBPanelSession::Resumed, this, [this](const QString& reason) {
+        if (reason.isEmpty())
             m_pMessages->ShowNote(tr("The adjustment was stopped. The photo may not show your last change yet."));
+        else
+            m_pMessages->ShowError(reason);
     });
-    m_pFrame->Show(m_pSession->Panel(), entry.Title(), m_pActions->docked->isChecked());
+    connect(m_pSession, &HBPanelSession::Troubled, m_pMessages, [this](const QString& reason) {
+        if (reason.isEmpty())
+            m_pMessages->hide();
+        else
+            m_pMessages->ShowError(reason);
+    });
+    m_pFrame->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
     HandOverSource();
     return true;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelSession.h"
 
+#include "HBOverlayFrame.h"
+
 #include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
 
@@ -22,10 +24,8 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, KMDocumentView* view, 
     m_Settling.setSingleShot(true);
     m_Settling.setInterval(SettlingMilliseconds);
     m_Settling.setTimerType(Qt::PreciseTimer);
-    connect(&m_Settling, &QTimer::timeout, this, [this] {
-        if (m_Finishing)
-            TakeResult();
-    });
+    connect(&m_Settling, &QTimer::timeout, this, &HBPanelSession::OnSettled);
+    connect(&m_OverlayJob, &HBOverlayJob::Done, this, &HBPanelSession::OnDrawn);
 
     // Some panels listen to their controls only once they have been given values.
     QString reason;
@@ -38,6 +38,11 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, KMDocumentView* view, 
     connect(m_pPanel, &HBAdjustmentWidget::Finished, this, &HBPanelSession::OnFinished);
     connect(m_pPanel, &HBAdjustmentWidget::Ok, this, &HBPanelSession::Accept);
     connect(m_pPanel, &HBAdjustmentWidget::Cancel, this, &HBPanelSession::Reject);
+    if (IsOverlay()) {
+        m_pOverlayFrame = new HBOverlayFrame(m_pPanel);
+        connect(m_pOverlayFrame, &HBOverlayFrame::Ok, this, &HBPanelSession::Accept);
+        connect(m_pOverlayFrame, &HBOverlayFrame::Cancel, this, &HBPanelSession::Reject);
+    }
 }
 
 HBPanelSession::~HBPanelSession()
@@ -45,11 +50,17 @@ HBPanelSession::~HBPanelSession()
     if (m_pPanel)
         m_pPanel->disconnect(this);
     delete m_pPanel;
+    delete m_pOverlayFrame;
 }
 
 HBAdjustmentWidget* HBPanelSession::Panel() const
 {
     return m_pPanel;
+}
+
+QWidget* HBPanelSession::Widget() const
+{
+    return m_pOverlayFrame ? static_cast<QWidget*>(m_pOverlayFrame) : m_pPanel;
 }
 
 HBRecipeStep HBPanelSession::Step() const
@@ -60,8 +71,12 @@ HBRecipeStep HBPanelSession::Step() const
 void HBPanelSession::SetSource(const HBImage<>& image, const HBSelection& selection)
 {
     m_Source = image;
-    m_Selection = selection;
-    if (m_pPanel && !m_Over)
+    m_Selection = IsOverlay() ? HBSelection() : selection;
+    if (!m_pPanel || m_Over)
+        return;
+    if (IsOverlay())
+        Draw();
+    else
         m_pPanel->SetImage(image, selection.mask, selection.offset, selection.bounds);
 }
 
@@ -78,6 +93,40 @@ void HBPanelSession::OnImageReady()
         emit PreviewReady(m_pPanel->AdjustedImage());
 }
 
+void HBPanelSession::OnSettled()
+{
+    if (IsOverlay())
+        Draw();
+    else if (m_Finishing)
+        TakeResult();
+}
+
+// ---- Overlays ----
+
+void HBPanelSession::Draw()
+{
+    m_Settling.stop();
+    if (m_pPanel)
+        m_OverlayJob.Draw(m_Source, m_Entry.draw(*m_pPanel));
+}
+
+void HBPanelSession::OnDrawn(const HBImage<>& image, const QString& error)
+{
+    if (m_Over || !m_pPanel)
+        return;
+    if (!m_Finishing) {
+        if (error != m_Trouble)
+            emit Troubled(m_Trouble = error);
+        emit PreviewReady(image);
+    } else if (!error.isEmpty()) {
+        Resume(error);
+    } else {
+        m_Over = true;
+        m_Finishing = false;
+        emit Accepted(image);
+    }
+}
+
 // ---- OK and Cancel ----
 
 void HBPanelSession::Accept()
@@ -86,7 +135,11 @@ void HBPanelSession::Accept()
         return;
     m_Finishing = true;
     // From here on a change would be dropped by the panel. A box that loses the focus takes its text in first.
-    m_pPanel->setEnabled(false);
+    Widget()->setEnabled(false);
+    if (IsOverlay()) {
+        Draw();
+        return;
+    }
     if (m_Stale)
         SetSource(m_Source, m_Selection);
     if (!m_Settling.isActive())
@@ -117,28 +170,27 @@ void HBPanelSession::OnFinished(int result)
         Finish();
         return;
     }
-    Resume(false);
+    Resume({});
 }
 
-void HBPanelSession::Resume(bool failed)
+void HBPanelSession::Resume(const QString& reason)
 {
     m_Finishing = false;
     m_Stale = true;
     m_pPanel->SetCancelProcessing(false);
-    m_pPanel->setEnabled(true);
-    emit Resumed(failed);
+    Widget()->setEnabled(true);
+    emit Resumed(reason);
 }
 
 void HBPanelSession::Finish()
 {
     if (m_pPanel->HasJobFailed()) {
-        Resume(true);
+        Resume(tr("The photo could not be adjusted for want of memory."));
         return;
     }
     m_Over = true;
     m_Finishing = false;
     const HBImage<> adjusted = m_pPanel->AdjustedImage();
-    // A panel without a job of its own changes nothing.
     const bool fits = adjusted.Width() == m_Source.Width() && adjusted.Height() == m_Source.Height();
     emit Accepted(fits && !adjusted.IsEmpty() ? adjusted : m_Source);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBOverlayJob.h"
 #include "HBSelectionShape.h"
 
 #include <HBPanelCatalog.h>
@@ -12,10 +13,12 @@
 #include <QTimer>
 
 class HBAdjustmentWidget;
+class HBOverlayFrame;
 class KMDocumentView;
 
 /// One open panel, from its opening to OK or Cancel: hands it the photo and the selection, passes its previews on,
-/// and at OK waits until the panel has worked the very last change in.
+/// and at OK waits until the panel has worked the very last change in. Overlays, whose panels only describe them, are
+/// drawn here, over the whole photo whatever is selected.
 ///
 /// The session owns the panel, wherever that is put on the screen. Both may be destroyed at any time, also while a
 /// job runs; from a slot of the session's or the panel's own signals use deleteLater(). GUI thread only.
@@ -28,8 +31,10 @@ public:
     ~HBPanelSession() override;
 
     const HBPanelEntry& Entry() const { return m_Entry; }
-    /// In dialog mode: with its buttons and its live preview. Null once it is destroyed.
+    /// Null once it is destroyed.
     HBAdjustmentWidget* Panel() const;
+    /// The panel with its buttons, to be shown. Null once it is destroyed.
+    QWidget* Widget() const;
     /// Has the user changed a value?
     bool IsChanged() const { return m_Changed; }
     bool HasSelection() const { return m_Selection.bounds.isValid(); }
@@ -51,22 +56,31 @@ signals:
     /// OK, and this is the final image.
     void Accepted(const HBImage<>& image);
     void Rejected();
-    /// OK was pressed, but the panel goes on: the user would not wait, or the adjustment failed for want of memory.
-    /// The preview may lack the last change.
-    void Resumed(bool failed);
+    /// OK was pressed, but the panel goes on: the user would not wait (no reason), or the adjustment failed. The preview
+    /// may lack the last change.
+    void Resumed(const QString& reason);
+    /// An overlay cannot be drawn as it is; empty: it can again.
+    void Troubled(const QString& reason);
 
 private slots:
     void OnImageReady();
     void OnDataChanged();
     void OnFinished(int result);
+    void OnSettled();
+    void OnDrawn(const HBImage<>& image, const QString& error);
 
 private:
+    bool IsOverlay() const { return m_Entry.draw != nullptr; }
+    void Draw();
     void TakeResult();
     void Finish();
-    void Resume(bool failed);
+    void Resume(const QString& reason);
 
     const HBPanelEntry& m_Entry;
     QPointer<HBAdjustmentWidget> m_pPanel;
+    QPointer<HBOverlayFrame> m_pOverlayFrame; ///< around the panel of an overlay
+    HBOverlayJob m_OverlayJob;
+    QString m_Trouble; ///< what was said last of the overlay
     HBImage<> m_Source;
     HBSelection m_Selection;
     /// Runs from a change until its job has begun for certain.

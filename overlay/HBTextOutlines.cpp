@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -76,7 +77,7 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QStr
         outlines.Add(path);
     }
     if (outlines.IsEmpty())
-        *error = Translated("The font %1 cannot draw this text").arg(font.family());
+        *error = Translated("The font %1 cannot draw this text").arg(QFontInfo(font).family());
     return outlines;
 }
 

@@ -10,6 +10,7 @@
 #include <KMApplication.h>
 
 #include <QSignalSpy>
+#include <QSpinBox>
 
 namespace
 {
@@ -98,9 +99,9 @@ struct Fixture
         QObject::connect(session, &HBPanelSession::Accepted, session,
                          [this](const HBImage<>& image) { accepted.append(image.PixelAt(299, 299).red); });
         QObject::connect(session, &HBPanelSession::Rejected, session, [this] { ++rejected; });
-        QObject::connect(session, &HBPanelSession::Resumed, session, [this](bool failed) {
+        QObject::connect(session, &HBPanelSession::Resumed, session, [this](const QString& reason) {
             ++resumed;
-            failures += failed;
+            failures += !reason.isEmpty();
         });
     }
     ~Fixture() { delete session; }
@@ -136,6 +137,34 @@ class TestHBPanelSession : public QObject
 {
     Q_OBJECT
 private slots:
+    /// An overlay is drawn as it is edited; OK takes the last change, and refuses one that cannot be drawn.
+    void OverlaysAreDrawn()
+    {
+        const HBPanelEntry* watermark = HBFindPanel("HBWatermarkWidget");
+        QVERIFY(watermark && watermark->draw);
+        HBPanelSession session(*watermark, nullptr);
+        QVector<HBImage<>> previews, accepted;
+        QObject::connect(&session, &HBPanelSession::PreviewReady,
+                         [&](const HBImage<>& image) { previews << image; });
+        QObject::connect(&session, &HBPanelSession::Accepted, [&](const HBImage<>& image) { accepted << image; });
+        const HBImage<> photo(300, 200);
+        session.SetSource(photo, {});
+        QTRY_COMPARE(previews.size(), 1);
+        QVERIFY(previews.first().ToQImage() != photo.ToQImage());
+        session.Panel()->findChild<QSpinBox*>("m_pOpacitySpn")->setValue(0);
+        session.Accept(); // within the time in which changes are gathered
+        QTRY_COMPARE(accepted.size(), 1);
+        QCOMPARE(accepted.first().ToQImage(), photo.ToQImage());
+
+        HBPanelSession sign(*HBFindPanel("HBSignWidget"), nullptr); // without a file
+        QString reason;
+        QObject::connect(&sign, &HBPanelSession::Resumed, [&](const QString& text) { reason = text; });
+        sign.SetSource(photo, {});
+        sign.Accept();
+        QTRY_VERIFY(!reason.isEmpty());
+        QVERIFY(sign.Widget()->isEnabled());
+    }
+
     void init() { KMApplication::SetProgressTimeout(100); }
 
     void previewsEachChange()

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBOverlayPanel.h"
+
 #include <HBBlackAndWhiteWidget.h>
 #include <HBBrightnessContrastWidget.h>
 #include <HBColorBalanceWidget.h>
@@ -12,9 +14,11 @@
 #include <HBLevelsWidget.h>
 #include <HBPhotoFilterWidget.h>
 #include <HBReplaceColorWidget.h>
+#include <HBSignWidget.h>
 #include <HBTemperatureWidget.h>
 #include <HBThresholdWidget.h>
 #include <HBTintWidget.h>
+#include <HBWatermarkWidget.h>
 #include <HBWBWidget.h>
 #include <KMFillColorWidget.h>
 
@@ -31,6 +35,8 @@ struct CommonRecordCase
     static constexpr bool defaultsAfterFailedRead = false; ///< operator>> then sets the defaults
     static constexpr bool keepsAnyRecord = true;           ///< false: SetValue mends what no control could hold
     static constexpr bool hasJob = true;
+    static constexpr bool readsAnyFields =
+        true; ///< false: Qt cannot read every content without running out of memory
     /// What reading makes of a written record.
     template <class Params>
     static Params ReadBack(const Params& written)
@@ -301,12 +307,72 @@ struct RecordCase<KMFillColorWidget> : ColourRecordCase
     static constexpr const char* fields = "01 ffff 1010 2020 3030 0000 00000028";
 };
 
+/// What holds for the overlays.
+struct OverlayRecordCase : CommonRecordCase
+{
+    static constexpr bool defaultsAfterFailedRead = true;
+    static constexpr bool hasJob = false;
+    static constexpr int resetsFromSample = 1;
+    static constexpr int resetsFromDefaults = 1;
+};
+
+template <>
+struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase
+{
+    static constexpr const char* tag = "KMSign 1.00000";
+    static constexpr const char* readMessage = "Read sign data error.";
+    static constexpr const char* writeMessage = "Write sign data error.";
+    static constexpr const char* source = "src\\HBSignWidget";
+    static constexpr int readLine = 591;
+    static constexpr int writeLine = 578;
+    static HBSignWidget::Params Sample()
+    {
+        return {Qt::AlignRight | Qt::AlignBottom, "a.png", QRect(QPoint(1, 2), QPoint(3, 4)), 13, 40};
+    }
+    // The margins before the name.
+    static constexpr const char* fields = "00000042 00000001 00000002 00000003 00000004"
+                                          "0000000a 0061 002e 0070 006e 0067 0000000d 00000028";
+};
+
+template <>
+struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase
+{
+    static constexpr const char* tag = "KMWatermark 1.00000";
+    static constexpr const char* readMessage = "Read watermark data error.";
+    static constexpr const char* writeMessage = "Write watermark data error.";
+    static constexpr const char* source = "src\\HBWatermarkWidget";
+    static constexpr bool readsAnyFields =
+        false; // the number of a font's names; the catalog refuses such a record
+    static constexpr int readLine = 561;
+    static constexpr int writeLine = 548;
+    static HBWatermarkWidget::Params Sample()
+    {
+        HBWatermarkWidget::Params params;
+        params.angle = -30;
+        params.font = QFont("Mono", 20, QFont::Bold);
+        params.text = "ab";
+        params.margins = QRect(QPoint(1, 2), QPoint(3, 4));
+        params.color = QColor(16, 32, 48);
+        params.blendingMode = 15;
+        params.opacity = 40;
+        params.horizontalTiles = 3;
+        params.verticalTiles = 2;
+        return params;
+    }
+    // The margins, the text, the font as Qt stores it, the colour, the rest.
+    static constexpr const char* fields = "ffffffe2 00000001 00000002 00000003 00000004 00000004 0061 0062"
+                                          "00000008 004d 006f 006e 006f ffffffff 4034000000000000 ffffffff"
+                                          "050001004b100000010000000000000000000000000000"
+                                          "01 ffff 1010 2020 3030 0000 0000000f 00000028 00000003 00000002";
+};
+
 template <class... Panels>
 struct PanelList
 {
 };
 
-using RecordPanels = PanelList<HBBrightnessContrastWidget, HBLevelsWidget, HBCurvesWidget, HBThresholdWidget,
-                               HBHueSaturationWidget, HBColorBalanceWidget, HBWBWidget, HBTemperatureWidget,
-                               HBColorEnhancerWidget, HBTintWidget, HBBlackAndWhiteWidget, HBPhotoFilterWidget,
-                               HBColorizeWidget, HBReplaceColorWidget, KMFillColorWidget>;
+using RecordPanels =
+    PanelList<HBBrightnessContrastWidget, HBLevelsWidget, HBCurvesWidget, HBThresholdWidget, HBHueSaturationWidget,
+              HBColorBalanceWidget, HBWBWidget, HBTemperatureWidget, HBColorEnhancerWidget, HBTintWidget,
+              HBBlackAndWhiteWidget, HBPhotoFilterWidget, HBColorizeWidget, HBReplaceColorWidget,
+              KMFillColorWidget, HBOverlayPanel<HBSignWidget>, HBOverlayPanel<HBWatermarkWidget>>;

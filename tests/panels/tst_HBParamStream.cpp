@@ -262,8 +262,13 @@ struct Checks
                 QDataStream reader(Case::tag + fields);
                 reader.setVersion(QDataStream::Qt_5_15);
                 Params params;
-                if (!params.Read(reader))
+                try {
+                    if (!params.Read(reader))
+                        continue;
+                } catch (const std::bad_alloc&) {
+                    QVERIFY(!Case::readsAnyFields);
                     continue;
+                }
                 Panel panel(true, nullptr, {});
                 HBSignalRecorder recorder(&panel);
                 panel.SetValue(params);
@@ -302,7 +307,7 @@ struct Checks
                     expected += {"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"};
                 QCOMPARE(recorder.Take(), expected);
                 QCOMPARE(Bytes(panel.GetValue()), Bytes(Params()));
-                QCOMPARE(HBIsIdle(panel), changes == 0 || !dialog);
+                QCOMPARE(HBIsIdle(panel), changes == 0 || !dialog || !Case::hasJob);
                 if (!HBIsIdle(panel)) {
                     QVERIFY(recorder.WaitFor("ProgressValueChanged(100)") || !Case::hasJob);
                     QVERIFY(QTest::qWaitFor([&] { return HBIsIdle(panel); }));
