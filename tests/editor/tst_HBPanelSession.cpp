@@ -7,6 +7,7 @@
 #include <HBPanelJob.h>
 #include <HBPanelSession.h>
 #include <HBSignalRecorder.h>
+#include <HBSignWidget.h>
 #include <KMApplication.h>
 
 #include <QSignalSpy>
@@ -156,12 +157,15 @@ private slots:
         QTRY_COMPARE(accepted.size(), 1);
         QCOMPARE(accepted.first().ToQImage(), photo.ToQImage());
 
-        HBPanelSession sign(*HBFindPanel("HBSignWidget"), nullptr); // without a file
+        HBPanelSession sign(*HBFindPanel("HBSignWidget"), nullptr);
+        HBSignWidget::Params params;
+        params.fileName = "/no/such/stamp.png";
+        qobject_cast<HBSignWidget*>(sign.Panel())->SetValue(params);
         QString reason;
         QObject::connect(&sign, &HBPanelSession::Resumed, [&](const QString& text) { reason = text; });
         sign.SetSource(photo, {});
         sign.Accept();
-        QTRY_VERIFY(!reason.isEmpty());
+        QTRY_VERIFY(reason.contains("stamp.png"));
         QVERIFY(sign.Widget()->isEnabled());
     }
 
