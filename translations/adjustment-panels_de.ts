@@ -24,6 +24,535 @@
     </message>
 </context>
 <context>
+    <name>ControlNode</name>
+    <message>
+        <source>Control point</source>
+        <translation>Kontrollpunkt</translation>
+    </message>
+</context>
+<context>
+    <name>CurvesWidget</name>
+    <message>
+        <source>Curves</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>Channel:</source>
+        <translation>Kanal:</translation>
+    </message>
+    <message>
+        <source>Channel for input signal</source>
+        <translation>Kanal des Eingangssignals</translation>
+    </message>
+    <message>
+        <source>RGB</source>
+        <translation>RGB</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Set black point</source>
+        <translation>Schwarzpunkt setzen</translation>
+    </message>
+    <message>
+        <source>Set gray point</source>
+        <translation>Graupunkt setzen</translation>
+    </message>
+    <message>
+        <source>Set white point</source>
+        <translation>Weißpunkt setzen</translation>
+    </message>
+    <message>
+        <source>Input:</source>
+        <translation>Eingang:</translation>
+    </message>
+    <message>
+        <source>0</source>
+        <translation>0</translation>
+    </message>
+    <message>
+        <source>Output:</source>
+        <translation>Ausgang:</translation>
+    </message>
+</context>
+<context>
+    <name>ExposureParamWidget</name>
+    <message>
+        <source>Exposure correction</source>
+        <translation>Belichtungskorrektur</translation>
+    </message>
+    <message>
+        <source>Exposure:</source>
+        <translation>Belichtung:</translation>
+    </message>
+    <message>
+        <source>Offset:</source>
+        <translation>Versatz:</translation>
+    </message>
+</context>
+<context>
+    <name>GammaParamWidget</name>
+    <message>
+        <source>Gamma correction</source>
+        <translation>Gammakorrektur</translation>
+    </message>
+    <message>
+        <source>Gamma:</source>
+        <translation>Gamma:</translation>
+    </message>
+</context>
+<context>
+    <name>HBBusyDialog</name>
+    <message>
+        <source>Please wait</source>
+        <translation>Bitte warten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>HBCurvesWidget</name>
+    <message>
+        <source>First point</source>
+        <translation>Erster Punkt</translation>
+    </message>
+    <message>
+        <source>Last point</source>
+        <translation>Letzter Punkt</translation>
+    </message>
+    <message>
+        <source>Tone curve</source>
+        <translation>Tonwertkurve</translation>
+    </message>
+    <message>
+        <source>Page Up and Page Down select a point, Insert adds one, the arrow keys move it, Delete removes it.</source>
+        <translation>Bild auf und Bild ab wählen einen Punkt, Einfg fügt einen hinzu, die Pfeiltasten bewegen ihn, Entf löscht ihn.</translation>
+    </message>
+</context>
+<context>
+    <name>HBDocument</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>HBEditorActions</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open a photo</source>
+        <translation>Ein Foto öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Write the photo to its file</source>
+        <translation>Das Foto in seine Datei schreiben</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Write the photo to another file</source>
+        <translation>Das Foto in eine andere Datei schreiben</translation>
+    </message>
+    <message>
+        <source>Save &amp;Recipe…</source>
+        <translation>&amp;Rezept speichern…</translation>
+    </message>
+    <message>
+        <source>Store the steps done so far, to apply them to other photos</source>
+        <translation>Die bisherigen Schritte aufheben, um sie auf andere Fotos anzuwenden</translation>
+    </message>
+    <message>
+        <source>A&amp;pply Recipe…</source>
+        <translation>Rezept an&amp;wenden…</translation>
+    </message>
+    <message>
+        <source>Apply stored steps to the whole photo</source>
+        <translation>Aufgehobene Schritte auf das ganze Foto anwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Leave the editor</source>
+        <translation>Das Programm verlassen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Take the last step back</source>
+        <translation>Den letzten Schritt zurücknehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Do the step again that was taken back</source>
+        <translation>Den zurückgenommenen Schritt wieder ausführen</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>&amp;Auswahl</translation>
+    </message>
+    <message>
+        <source>&amp;No Tool</source>
+        <translation>&amp;Kein Werkzeug</translation>
+    </message>
+    <message>
+        <source>The mouse selects nothing</source>
+        <translation>Die Maus wählt nichts aus</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangle</source>
+        <translation>&amp;Rechteck</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle; hold Shift for a square</source>
+        <translation>Ein Rechteck aufziehen; mit Umschalt ein Quadrat</translation>
+    </message>
+    <message>
+        <source>&amp;Ellipse</source>
+        <translation>&amp;Ellipse</translation>
+    </message>
+    <message>
+        <source>Drag an ellipse; hold Shift for a circle</source>
+        <translation>Eine Ellipse aufziehen; mit Umschalt einen Kreis</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Select the whole photo</source>
+        <translation>Das ganze Foto auswählen</translation>
+    </message>
+    <message>
+        <source>Select N&amp;othing</source>
+        <translation>&amp;Nichts auswählen</translation>
+    </message>
+    <message>
+        <source>Work on the whole photo</source>
+        <translation>Am ganzen Foto arbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Invert Selection</source>
+        <translation>Auswahl &amp;umkehren</translation>
+    </message>
+    <message>
+        <source>Select what is not selected now</source>
+        <translation>Auswählen, was jetzt nicht ausgewählt ist</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Show the photo larger</source>
+        <translation>Das Foto größer zeigen</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Show the photo smaller</source>
+        <translation>Das Foto kleiner zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation>&amp;Einpassen</translation>
+    </message>
+    <message>
+        <source>Show the whole photo</source>
+        <translation>Das ganze Foto zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;100 %</source>
+        <translation>&amp;100 %</translation>
+    </message>
+    <message>
+        <source>Show each pixel of the photo on one of the screen</source>
+        <translation>Jedes Pixel des Fotos auf einem des Bildschirms zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Before and After</source>
+        <translation>&amp;Vorher und nachher</translation>
+    </message>
+    <message>
+        <source>Show the photo as it was left of a line that can be dragged</source>
+        <translation>Links einer Linie, die sich ziehen lässt, das Foto zeigen, wie es war</translation>
+    </message>
+    <message>
+        <source>Show &amp;Panels in the Side Bar</source>
+        <translation>&amp;Werkzeuge in der Seitenleiste zeigen</translation>
+    </message>
+    <message>
+        <source>Or else each in a window of its own</source>
+        <translation>Sonst jedes in einem eigenen Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>Dark window colours instead of the system&apos;s</source>
+        <translation>Dunkle Fensterfarben statt der des Systems</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About Panel Editor</source>
+        <translation>Ü&amp;ber Panel Editor</translation>
+    </message>
+    <message>
+        <source>About Panel Editor</source>
+        <translation>Über Panel Editor</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Panel Editor %1&lt;/b&gt;&lt;p&gt;Adjusts photos with the adjustment panels.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;Panel Editor %1&lt;/b&gt;&lt;p&gt;Korrigiert Fotos mit den Adjustment Panels.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source> Feather:</source>
+        <translation> Weiche Kante:</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Feather of the selection in pixels</source>
+        <translation>Weiche Kante der Auswahl in Pixeln</translation>
+    </message>
+    <message>
+        <source>Width of the soft edge of a selection, to either side</source>
+        <translation>Breite der weichen Kante einer Auswahl nach jeder Seite</translation>
+    </message>
+    <message>
+        <source>Hold to see the photo as it was before (key B or \)</source>
+        <translation>Halten, um das Foto zu sehen, wie es vorher war (Taste B oder \)</translation>
+    </message>
+    <message>
+        <source>Show the photo as it was before, while held</source>
+        <translation>Solange gehalten, das Foto zeigen, wie es vorher war</translation>
+    </message>
+</context>
+<context>
+    <name>HBEditorWindow</name>
+    <message>
+        <source>Recipes</source>
+        <translation>Rezepte</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Open Photo</source>
+        <translation>Foto öffnen</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>Save Photo As</source>
+        <translation>Foto speichern unter</translation>
+    </message>
+    <message>
+        <source>&amp;Quality (0 smallest, 100 best):</source>
+        <translation>&amp;Qualität (0 kleinste Datei, 100 beste):</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>%1 wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 ist gespeichert</translation>
+    </message>
+    <message>
+        <source>Steps that were made on a selection (here: %1) cannot be part of a recipe, which is applied to whole photos.</source>
+        <translation>Schritte an einer Auswahl (hier: %1) können nicht Teil eines Rezepts sein, denn das wird auf ganze Fotos angewandt.</translation>
+    </message>
+    <message>
+        <source>There are no steps to save as a recipe yet.</source>
+        <translation>Es gibt noch keine Schritte für ein Rezept.</translation>
+    </message>
+    <message>
+        <source>Save Recipe</source>
+        <translation>Rezept speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;Without</source>
+        <translation>&amp;Ohne sie speichern</translation>
+    </message>
+    <message>
+        <source>Recipe saved. Steps: %1</source>
+        <translation>Rezept gespeichert. Schritte: %1</translation>
+    </message>
+    <message>
+        <source>Apply Recipe</source>
+        <translation>Rezept anwenden</translation>
+    </message>
+    <message>
+        <source>Applying %1</source>
+        <translation>%1 wird angewandt</translation>
+    </message>
+    <message>
+        <source>Open a photo with Ctrl+O, or drop one here.</source>
+        <translation>Öffnen Sie ein Foto mit Strg+O oder ziehen Sie eines hierher.</translation>
+    </message>
+    <message>
+        <source>Pixel under the mouse: position and red, green, blue, alpha</source>
+        <translation>Pixel unter der Maus: Lage und Rot, Grün, Blau, Alpha</translation>
+    </message>
+    <message>
+        <source>Size of the photo in pixels</source>
+        <translation>Größe des Fotos in Pixeln</translation>
+    </message>
+    <message>
+        <source>At 100 % each pixel of the photo is one of the screen</source>
+        <translation>Bei 100 % ist jedes Pixel des Fotos eines des Bildschirms</translation>
+    </message>
+    <message>
+        <source>The photo could not be adjusted for want of memory.</source>
+        <translation>Das Foto konnte aus Mangel an Speicher nicht korrigiert werden.</translation>
+    </message>
+    <message>
+        <source>The adjustment was stopped. The photo may not show your last change yet.</source>
+        <translation>Die Korrektur wurde angehalten. Das Foto zeigt Ihre letzte Änderung vielleicht noch nicht.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this selection.</source>
+        <translation>Für diese Auswahl reicht der Speicher nicht.</translation>
+    </message>
+    <message>
+        <source>Panel Editor</source>
+        <translation>Panel Editor</translation>
+    </message>
+    <message>
+        <source>Apply the changes of “%1”?</source>
+        <translation>Die Änderungen von „%1“ anwenden?</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not saved. Save them?</source>
+        <translation>„%1“ hat Änderungen, die nicht gespeichert sind. Speichern?</translation>
+    </message>
+    <message>
+        <source>%1[*] – Panel Editor</source>
+        <translation>%1[*] – Panel Editor</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1, %2:  %3  %4  %5  %6</source>
+        <translation>%1, %2:  %3  %4  %5  %6</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>There is no panel %1.</source>
+        <translation>Ein Panel %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>A panel needs a photo.</source>
+        <translation>Ein Panel braucht ein Foto.</translation>
+    </message>
+    <message>
+        <source>The panel gives no result.</source>
+        <translation>Das Panel liefert kein Ergebnis.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>%1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The disk for temporary files is full or cannot be written: the photo needs more memory than allowed. Save your work.</source>
+        <translation>Der Datenträger für temporäre Dateien ist voll oder nicht beschreibbar: Das Foto braucht mehr Speicher als erlaubt. Speichern Sie Ihre Arbeit.</translation>
+    </message>
+</context>
+<context>
+    <name>HBLevelsWidget</name>
+    <message>
+        <source>Black point</source>
+        <translation>Schwarzpunkt</translation>
+    </message>
+    <message>
+        <source>Gamma</source>
+        <translation>Gamma</translation>
+    </message>
+    <message>
+        <source>White point</source>
+        <translation>Weißpunkt</translation>
+    </message>
+    <message>
+        <source>Output black point</source>
+        <translation>Schwarzpunkt des Ausgangs</translation>
+    </message>
+    <message>
+        <source>Output white point</source>
+        <translation>Weißpunkt des Ausgangs</translation>
+    </message>
+</context>
+<context>
+    <name>HBMessageBar</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Diese Meldung schließen</translation>
+    </message>
+</context>
+<context>
     <name>HBOperationProgressDlg</name>
     <message>
         <source>Please wait</source>
@@ -39,6 +568,229 @@
     <message>
         <source>Brightness and Contrast</source>
         <translation>Helligkeit und Kontrast</translation>
+    </message>
+    <message>
+        <source>it has no record</source>
+        <translation>er hat keinen Datensatz</translation>
+    </message>
+    <message>
+        <source>its record is not base64</source>
+        <translation>sein Datensatz ist nicht base64</translation>
+    </message>
+    <message>
+        <source>its record is not one of this panel</source>
+        <translation>sein Datensatz ist keiner dieses Panels</translation>
+    </message>
+    <message>
+        <source>its record is cut short</source>
+        <translation>sein Datensatz ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>its record is too long</source>
+        <translation>sein Datensatz ist zu lang</translation>
+    </message>
+    <message>
+        <source>it has no number &quot;%1&quot;</source>
+        <translation>er hat keine Zahl „%1“</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Gamma</source>
+        <translation>Gamma</translation>
+    </message>
+    <message>
+        <source>Posterize</source>
+        <translation>Tontrennung</translation>
+    </message>
+    <message>
+        <source>Levels</source>
+        <translation>Tonwertkorrektur</translation>
+    </message>
+    <message>
+        <source>Curves</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwellenwert</translation>
+    </message>
+</context>
+<context>
+    <name>HBPhotoFile</name>
+    <message>
+        <source>there is not enough memory for it</source>
+        <translation>der Speicher reicht dafür nicht</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>this is not a file</source>
+        <translation>das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>the picture has no pixels</source>
+        <translation>das Bild hat keine Pixel</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels are too many for this machine&apos;s memory</source>
+        <translation>%1 x %2 Pixel sind zu viele für den Speicher dieses Rechners</translation>
+    </message>
+    <message>
+        <source>the decoder remarks: %1</source>
+        <translation>Bemerkung des Decoders: %1</translation>
+    </message>
+    <message>
+        <source>the file is cut short</source>
+        <translation>die Datei ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>this is not a photo of a known format</source>
+        <translation>das ist kein Foto eines bekannten Formats</translation>
+    </message>
+    <message>
+        <source>the picture cannot be read (%1)</source>
+        <translation>das Bild kann nicht gelesen werden (%1)</translation>
+    </message>
+    <message>
+        <source>only the first of %1 pages is read</source>
+        <translation>nur die erste von %1 Seiten ist gelesen</translation>
+    </message>
+    <message>
+        <source>16 bits a channel are reduced to 8</source>
+        <translation>16 Bit je Kanal sind auf 8 verringert</translation>
+    </message>
+    <message>
+        <source>its colour profile is not one for RGB and was left out</source>
+        <translation>ihr Farbprofil ist keines für RGB und wurde weggelassen</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels are too many for this format</source>
+        <translation>%1 x %2 Pixel sind zu viele für dieses Format</translation>
+    </message>
+    <message>
+        <source>the picture is no longer grey; its profile for grey was left out</source>
+        <translation>das Bild ist nicht mehr grau; sein Profil für Grau wurde weggelassen</translation>
+    </message>
+    <message>
+        <source>pictures cannot be written in the format &quot;%1&quot;</source>
+        <translation>Bilder können nicht im Format „%1“ geschrieben werden</translation>
+    </message>
+    <message>
+        <source>there is no picture to write</source>
+        <translation>es gibt kein Bild zu schreiben</translation>
+    </message>
+    <message>
+        <source>its metadata cannot be read (%1)</source>
+        <translation>ihre Metadaten können nicht gelesen werden (%1)</translation>
+    </message>
+    <message>
+        <source>%1 metadata cannot be stored in this format</source>
+        <translation>%1-Metadaten können in diesem Format nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>%1 metadata cannot be stored (%2)</source>
+        <translation>%1-Metadaten können nicht gespeichert werden (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>HBRecipe</name>
+    <message>
+        <source>Step %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+    <message>
+        <source>Step %1 (%2): %3</source>
+        <translation>Schritt %1 (%2): %3</translation>
+    </message>
+    <message>
+        <source>there is no such panel</source>
+        <translation>dieses Panel gibt es nicht</translation>
+    </message>
+    <message>
+        <source>it is not an object</source>
+        <translation>er ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>it does not name its panel</source>
+        <translation>er nennt sein Panel nicht</translation>
+    </message>
+    <message>
+        <source>This is not a recipe.</source>
+        <translation>Das ist kein Rezept.</translation>
+    </message>
+    <message>
+        <source>The recipe has version %1; this program reads versions up to %2.</source>
+        <translation>Das Rezept hat die Version %1; dieses Programm liest Versionen bis %2.</translation>
+    </message>
+    <message>
+        <source>The recipe has no valid version.</source>
+        <translation>Das Rezept hat keine gültige Version.</translation>
+    </message>
+    <message>
+        <source>This is not JSON: %1 at byte %2.</source>
+        <translation>Das ist kein JSON: %1 bei Byte %2.</translation>
+    </message>
+    <message>
+        <source>The recipe has no steps.</source>
+        <translation>Das Rezept hat keine Schritte.</translation>
+    </message>
+    <message>
+        <source>The recipe has %1 steps; at most %2 are allowed.</source>
+        <translation>Das Rezept hat %1 Schritte; höchstens %2 sind erlaubt.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is not a file.</source>
+        <translation>Das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>The file is too large to be a recipe.</source>
+        <translation>Die Datei ist zu groß für ein Rezept.</translation>
+    </message>
+    <message>
+        <source>the adjustment failed; is there too little memory?</source>
+        <translation>die Korrektur ist misslungen; reicht der Speicher nicht?</translation>
+    </message>
+</context>
+<context>
+    <name>HBSaveFile</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+</context>
+<context>
+    <name>HBThresholdWidget</name>
+    <message>
+        <source>Threshold level</source>
+        <translation>Schwelle</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramWidget</name>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>No image</source>
+        <translation>Kein Bild</translation>
     </message>
 </context>
 <context>
@@ -68,10 +820,217 @@
     </message>
 </context>
 <context>
+    <name>LevelsWidget</name>
+    <message>
+        <source>Levels</source>
+        <translation>Tonwertkorrektur</translation>
+    </message>
+    <message>
+        <source>Channel:</source>
+        <translation>Kanal:</translation>
+    </message>
+    <message>
+        <source>Channel for input signal</source>
+        <translation>Kanal des Eingangssignals</translation>
+    </message>
+    <message>
+        <source>RGB</source>
+        <translation>RGB</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Lowest input signal value</source>
+        <translation>Kleinster Wert des Eingangssignals</translation>
+    </message>
+    <message>
+        <source>Middle signal input value</source>
+        <translation>Mittlerer Wert des Eingangssignals</translation>
+    </message>
+    <message>
+        <source>Highest signal input value</source>
+        <translation>Größter Wert des Eingangssignals</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Lowest output value</source>
+        <translation>Kleinster Ausgangswert</translation>
+    </message>
+    <message>
+        <source>Highest output value</source>
+        <translation>Größter Ausgangswert</translation>
+    </message>
+</context>
+<context>
+    <name>MavuCustomSlider</name>
+    <message>
+        <source>Handle %1</source>
+        <translation>Griff %1</translation>
+    </message>
+</context>
+<context>
+    <name>PanelEditor</name>
+    <message>
+        <source>Adjusts photos with the adjustment panels.</source>
+        <translation>Korrigiert Fotos mit den Adjustment Panels.</translation>
+    </message>
+    <message>
+        <source>The photo to open.</source>
+        <translation>Das zu öffnende Foto.</translation>
+    </message>
+    <message>
+        <source>Use dark window colours.</source>
+        <translation>Dunkle Fensterfarben verwenden.</translation>
+    </message>
+    <message>
+        <source>Write a picture of the window to FILE (PNG) and quit.</source>
+        <translation>Ein Bild des Fensters nach FILE (PNG) schreiben und enden.</translation>
+    </message>
+    <message>
+        <source>For --screenshot: the panel to open, by its class name.</source>
+        <translation>Für --screenshot: das zu öffnende Panel, mit seinem Klassennamen.</translation>
+    </message>
+    <message>
+        <source>For --screenshot: the recipe whose step gives the panel its values.</source>
+        <translation>Für --screenshot: das Rezept, dessen Schritt dem Panel seine Werte gibt.</translation>
+    </message>
+    <message>
+        <source>For --screenshot: the size of the window, 1200x800 by default.</source>
+        <translation>Für --screenshot: die Größe des Fensters, sonst 1200x800.</translation>
+    </message>
+</context>
+<context>
     <name>PanelReplay</name>
     <message>
         <source>interrupted; %1 of %2 photos were written</source>
         <translation>abgebrochen; %1 von %2 Fotos wurden geschrieben</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>files of this kind cannot be written; choose another with --format</source>
+        <translation>Dateien dieser Art können nicht geschrieben werden; wählen Sie eine andere mit --format</translation>
+    </message>
+    <message>
+        <source>%1 is there already; replace it with --overwrite</source>
+        <translation>%1 ist schon da; mit --overwrite wird es ersetzt</translation>
+    </message>
+    <message>
+        <source>%1 is written from %2 already</source>
+        <translation>%1 wird schon aus %2 geschrieben</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message>
+        <source>Applies stored adjustments to photos.
+
+  panel-replay apply RECIPE FILE... -o DIR   adjust the files as the recipe says
+  panel-replay list                          list the panels: class, tag of its record, group, title
+  panel-replay sheet FILE -o DIR             show what every panel does to the photo
+
+Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe.</source>
+        <translation>Wendet gespeicherte Korrekturen auf Fotos an.
+
+  panel-replay apply RECIPE FILE... -o DIR   die Dateien nach dem Rezept korrigieren
+  panel-replay list                          die Panels: Klasse, Kennung des Datensatzes, Gruppe, Titel
+  panel-replay sheet FILE -o DIR             zeigen, was jedes Panel mit dem Foto macht
+
+Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechtes Rezept.</translation>
+    </message>
+    <message>
+        <source>apply, list or sheet</source>
+        <translation>apply, list oder sheet</translation>
+    </message>
+    <message>
+        <source>what the command works on</source>
+        <translation>womit der Befehl arbeitet</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>Diese Hilfe zeigen.</translation>
+    </message>
+    <message>
+        <source>Folder for the results; made if it is not there.</source>
+        <translation>Ordner für die Ergebnisse; wird angelegt, wenn er fehlt.</translation>
+    </message>
+    <message>
+        <source>Quality of JPEG and WebP, 0..100, default 92; a WebP of 100 is lossless.</source>
+        <translation>Qualität von JPEG und WebP, 0..100, sonst 92; ein WebP mit 100 ist verlustfrei.</translation>
+    </message>
+    <message>
+        <source>Format of the results, as jpg, png, tif or webp; default: each file&apos;s own.</source>
+        <translation>Format der Ergebnisse, etwa jpg, png, tif oder webp; sonst das jeder Datei.</translation>
+    </message>
+    <message>
+        <source>Replace files that are there already.</source>
+        <translation>Dateien ersetzen, die schon da sind.</translation>
+    </message>
+    <message>
+        <source>pictures cannot be written in the format &quot;%1&quot;</source>
+        <translation>Bilder können nicht im Format „%1“ geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the quality must be a number from 0 to 100</source>
+        <translation>die Qualität muss eine Zahl von 0 bis 100 sein</translation>
+    </message>
+    <message>
+        <source>name the folder for the results with -o DIR</source>
+        <translation>nennen Sie den Ordner für die Ergebnisse mit -o DIR</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made</source>
+        <translation>%1: der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>wrong usage; try panel-replay --help</source>
+        <translation>falscher Aufruf; siehe panel-replay --help</translation>
+    </message>
+</context>
+<context>
+    <name>PosterizeParamWidget</name>
+    <message>
+        <source>Posterize</source>
+        <translation>Tontrennung</translation>
+    </message>
+    <message>
+        <source>Posterize:</source>
+        <translation>Stufen:</translation>
+    </message>
+</context>
+<context>
+    <name>ThresholdWidget</name>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwellenwert</translation>
+    </message>
+    <message>
+        <source>Threshold level:</source>
+        <translation>Schwelle:</translation>
     </message>
 </context>
 </TS>

@@ -112,26 +112,16 @@ private slots:
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("message");
         QTest::newRow("empty") << QByteArray() << "not JSON";
-        QTest::newRow("text") << QByteArray("hello") << "not JSON";
-        QTest::newRow("cut") << QByteArray(frozen).left(150) << "not JSON";
-        QTest::newRow("array") << QByteArray("[1]") << "not a recipe";
         QTest::newRow("deep") << QByteArray(5000, '[') << "not JSON";
-        QTest::newRow("no format") << Changed("format", QJsonValue()) << "not a recipe";
         QTest::newRow("other format") << Changed("format", "curves") << "not a recipe";
         QTest::newRow("newer") << Changed("version", 2) << "version 2; this program reads versions up to 1";
-        QTest::newRow("huge version") << Changed("version", 1e300) << "up to 1";
-        QTest::newRow("version 0") << Changed("version", 0) << "no valid version";
         QTest::newRow("version half") << Changed("version", 0.5) << "no valid version";
-        QTest::newRow("version text") << Changed("version", "1") << "no valid version";
-        QTest::newRow("steps missing") << Changed("steps", QJsonValue()) << "no steps";
         QTest::newRow("steps empty") << WithSteps({}) << "no steps";
-        QTest::newRow("steps object") << Changed("steps", QJsonObject{{"a", 1}}) << "no steps";
         QJsonArray many;
         for (int i = 0; i < 1001; ++i)
             many.append(good);
         QTest::newRow("many steps") << WithSteps(many) << "1001 steps";
         QTest::newRow("step is text") << WithSteps({good, "x"}) << "Step 2: it is not an object";
-        QTest::newRow("panel missing") << with("panel", QJsonValue()) << "Step 2: it does not name its panel";
         QTest::newRow("panel number") << with("panel", 7) << "Step 2: it does not name its panel";
         QTest::newRow("panel unknown") << with("panel", "HBFoo\nBar")
                                        << "Step 2 (HBFoo Bar): there is no such panel";
@@ -193,21 +183,15 @@ private slots:
         QVERIFY2(error.isEmpty(), qPrintable(error));
     }
 
-    void CanBeGivenUp()
+    void FailsOrIsGivenUp()
     {
         QString error;
+        QVERIFY(HBApplyRecipe(HBTestRamp(10, 10), {{Step(1, 1), {"HBFoo", {}}}}, &error).IsEmpty());
+        QCOMPARE(error, QString("Step 2 (HBFoo): there is no such panel"));
         int calls = 0;
         const HBRecipe recipe{{Step(10, -20), Step(-60, 70), Step(1, 1)}};
         QVERIFY(HBApplyRecipe(HBTestRamp(600, 600), recipe, &error, [&](int) { return ++calls < 2; }).IsEmpty());
         QCOMPARE(error, QString());
-    }
-
-    void StepThatCannotBeApplied()
-    {
-        QString error;
-        const HBImage<> image = HBTestRamp(10, 10);
-        QVERIFY(HBApplyRecipe(image, {{Step(1, 1), {"HBFoo", {}}}}, &error).IsEmpty());
-        QCOMPARE(error, QString("Step 2 (HBFoo): there is no such panel"));
     }
 };
 

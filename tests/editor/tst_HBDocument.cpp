@@ -16,10 +16,7 @@ class TestHBDocument : public QObject
         image.SetPixel(0, 0, HBRGBA32i(std::uint8_t(value), 0, 0));
         return image;
     }
-    static HBDocument::State Step(int value, bool wholeImage = true)
-    {
-        return {QString::number(value), Image(value), {{QString("Panel%1").arg(value), {}}}, wholeImage};
-    }
+    static HBDocument::State Step(int value) { return {QString::number(value), Image(value), {}, true}; }
     static int Value(const HBDocument& document) { return document.Image().PixelAt(0, 0).red; }
 
     static void Open(HBDocument* document)
@@ -76,23 +73,6 @@ private slots:
         QVERIFY(document.IsModified());
         document.Apply(Step(3)); // the saved state is lost, though this one has its number
         QVERIFY(document.IsModified());
-    }
-
-    void recipeHoldsTheStepsOnTheWholeImage()
-    {
-        HBDocument document;
-        Open(&document);
-        document.Apply(Step(2));
-        document.Apply(Step(3, false));
-        document.Apply(Step(4));
-        document.Apply(Step(5));
-        document.Undo();
-        int leftOut = 0;
-        const HBRecipe recipe = document.Recipe(&leftOut);
-        QCOMPARE(leftOut, 1);
-        QCOMPARE(recipe.steps.size(), 2);
-        QCOMPARE(recipe.steps.at(0).panel, QString("Panel2"));
-        QCOMPARE(recipe.steps.at(1).panel, QString("Panel4"));
     }
 };
 

@@ -18,24 +18,24 @@ private slots:
     {
         QTest::addColumn<HBSelectionShape>("shape");
         QTest::addColumn<QRect>("area"); // of the mask on a photo of 400 x 300
-        QTest::newRow("rectangle") << HBSelectionShape{Kind::Rectangle, {10, 20, 300, 200}, 0, false}
-                                   << QRect(10, 20, 300, 200);
-        QTest::newRow("soft rectangle")
-            << HBSelectionShape{Kind::Rectangle, {50, 60, 290, 180}, 15, false} << QRect(35, 45, 320, 210);
-        QTest::newRow("cut off by the photo")
-            << HBSelectionShape{Kind::Rectangle, {-50, 280, 100, 200}, 5, false} << QRect(0, 275, 55, 25);
-        QTest::newRow("ellipse") << HBSelectionShape{Kind::Ellipse, {7, 9, 380, 280}, 0, false}
-                                 << QRect(7, 9, 380, 280);
-        QTest::newRow("soft ellipse") << HBSelectionShape{Kind::Ellipse, {40, 40, 320, 220}, 30, false}
-                                      << QRect(10, 10, 380, 280);
-        QTest::newRow("one pixel") << HBSelectionShape{Kind::Ellipse, {399, 299, 1, 1}, 0, false}
-                                   << QRect(399, 299, 1, 1);
-        QTest::newRow("feather beyond the shape")
-            << HBSelectionShape{Kind::Ellipse, {200, 100, 4, 4}, 50, false} << QRect(150, 50, 104, 104);
-        QTest::newRow("inverted rectangle")
-            << HBSelectionShape{Kind::Rectangle, {100, 100, 200, 20}, 3, true} << QRect(0, 0, 400, 300);
-        QTest::newRow("inverted ellipse")
-            << HBSelectionShape{Kind::Ellipse, {10, 10, 380, 280}, 0, true} << QRect(0, 0, 400, 300);
+        const struct
+        {
+            const char* name;
+            HBSelectionShape shape;
+            QRect area;
+        } rows[] = {
+            {"rectangle", {Kind::Rectangle, {10, 20, 300, 200}, 0, false}, {10, 20, 300, 200}},
+            {"soft rectangle", {Kind::Rectangle, {50, 60, 290, 180}, 15, false}, {35, 45, 320, 210}},
+            {"cut off by the photo", {Kind::Rectangle, {-50, 280, 100, 200}, 5, false}, {0, 275, 55, 25}},
+            {"ellipse", {Kind::Ellipse, {7, 9, 380, 280}, 0, false}, {7, 9, 380, 280}},
+            {"soft ellipse", {Kind::Ellipse, {40, 40, 320, 220}, 30, false}, {10, 10, 380, 280}},
+            {"one pixel", {Kind::Ellipse, {399, 299, 1, 1}, 0, false}, {399, 299, 1, 1}},
+            {"feather beyond the shape", {Kind::Ellipse, {200, 100, 4, 4}, 50, false}, {150, 50, 104, 104}},
+            {"inverted rectangle", {Kind::Rectangle, {100, 100, 200, 20}, 3, true}, {0, 0, 400, 300}},
+            {"inverted ellipse", {Kind::Ellipse, {10, 10, 380, 280}, 0, true}, {0, 0, 400, 300}},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(row.name) << row.shape << row.area;
     }
     void maskIsTheCoverageInItsBoundingRectangle()
     {

@@ -96,18 +96,7 @@ private slots:
                  photo.image.ToQImage().convertToFormat(compared));
     }
 
-    void JpegIsPutOnWhite()
-    {
-        QImage source(64, 64, QImage::Format_ARGB32);
-        source.fill(qRgba(255, 0, 0, 0));
-        QString error;
-        HBPhoto photo;
-        QVERIFY(HBWritePhoto(Path("a.jpg"), HBImage<>::FromQImage(source), {}, &error));
-        QVERIFY(HBReadPhoto(Path("a.jpg"), &photo, &error));
-        QCOMPARE(photo.image.PixelAt(30, 30), HBRGBA32i(255, 255, 255));
-    }
-
-    void QualityAndResolution()
+    void QualityResolutionTransparency()
     {
         HBImage<> image = HBImage<>::FromQImage(Gradient(300, 200));
         image.SetHostValue(0, 11800);
@@ -122,6 +111,10 @@ private slots:
             QVERIFY(HBReadPhoto(Path(name), &photo, &error));
             QVERIFY2(qAbs(photo.image.HostValue(0) - 11800) < 20, name);
         }
+        QImage transparent(64, 64, QImage::Format_ARGB32);
+        transparent.fill(qRgba(255, 0, 0, 0));
+        QVERIFY(HBWritePhoto(Path("a.jpg"), HBImage<>::FromQImage(transparent), {}, &error));
+        QCOMPARE(QImage(Path("a.jpg")).pixel(30, 30), qRgb(255, 255, 255)); // which has no transparency
         // Quality is none of PNG's business: it stays compressed.
         QVERIFY(QFileInfo(Path("a.png")).size() < 300 * 200);
     }
@@ -172,17 +165,13 @@ private slots:
         QTest::addColumn<QString>("path");
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("missing") << "none.jpg" << QByteArray();
-        QTest::newRow("folder") << "." << QByteArray();
         QTest::newRow("device") << "/dev/zero" << QByteArray();
-        QTest::newRow("empty name") << "" << QByteArray();
         QTest::newRow("empty") << "a.jpg" << QByteArray("");
         QTest::newRow("text") << "a.jpg" << QByteArray("This is not a photo.\n");
         QTest::newRow("drawing") << "a.png"
                                  << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
         QTest::newRow("zeros") << "a.jpg" << QByteArray(5000, '\0');
-        QTest::newRow("all bits") << "a.tif" << QByteArray(5000, '\xff');
         QTest::newRow("only a start") << "a.jpg" << QByteArray("\xff\xd8\xff\xe0");
-        QTest::newRow("start and end") << "a.jpg" << QByteArray("\xff\xd8\xff\xd9");
         QTest::newRow("too large") << "a.png" << EmptyPng("000f4240000f424008060000005c6d387d");
         QTest::newRow("empty tiff") << "a.tif" << QByteArray("II*\0\x08\0\0\0\0\0", 10);
         QTest::newRow("no pixels") << "a.png" << EmptyPng("000000000000000508060000005c6d387d");
@@ -207,10 +196,8 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QSize>("size");
-        QTest::newRow("no suffix") << "a" << QSize(8, 8);
         QTest::newRow("unknown suffix") << "a.xyz" << QSize(8, 8);
         QTest::newRow("no such folder") << "none/a.jpg" << QSize(8, 8);
-        QTest::newRow("a file as folder") << "file/a.jpg" << QSize(8, 8);
         QTest::newRow("a folder in its place") << "folder.jpg" << QSize(8, 8);
         QTest::newRow("no pixels") << "a.jpg" << QSize(0, 0);
         QTest::newRow("too wide") << "a.webp" << QSize(16384, 1);
