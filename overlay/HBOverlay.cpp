@@ -66,7 +66,9 @@ HBImage<> DrawSign(const HBImage<>& image, const HBSignWidget::Params& params, Q
         auto* pixels = reinterpret_cast<QRgb*>(layer.bits()) + at.y() * stride + at.x();
         stamp.Read(part.translated(-area.topLeft()), pixels, stride);
     };
-    return HBComposeTiles(image, {area}, HBComposition::Of(params.blendingMode, params.opacity), render);
+    HBComposition composition = HBComposition::Of(params.blendingMode, params.opacity);
+    composition.premultiplied = stamp.IsPremultiplied();
+    return HBComposeTiles(image, {area}, composition, render);
 }
 
 /// Turns coverage into pixels of a colour.
