@@ -104,13 +104,16 @@ HBImage<> DrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params&
         QPainter painter(&coverage);
         painter.setRenderHint(QPainter::Antialiasing);
         for (int i = 0; i < copies.size(); ++i) {
-            bool visible = areas.at(i).intersects(tile);
-            // Cannot be inverted: a text as small as a millionth of a pixel.
-            const QTransform toText = visible ? copies.at(i).inverted(&visible) : QTransform();
-            if (!visible)
+            if (!areas.at(i).intersects(tile))
                 continue;
-            painter.setTransform(copies.at(i) * QTransform::fromTranslate(-tile.left(), -tile.top()));
-            text.Fill(painter, toText.mapRect(QRectF(tile).adjusted(-1, -1, 1, 1)));
+            // The lane's own: a transform finds out what kind it is when it is first used, also a const one.
+            const QTransform toPicture = copies.at(i);
+            bool invertible = false; // not for a text as small as a millionth of a pixel
+            const QRectF window = toPicture.inverted(&invertible).mapRect(QRectF(tile).adjusted(-1, -1, 1, 1));
+            if (!invertible)
+                continue;
+            painter.setTransform(toPicture * QTransform::fromTranslate(-tile.left(), -tile.top()));
+            text.Fill(painter, window);
         }
         painter.end();
         Colour(layer, params.color.rgba());
