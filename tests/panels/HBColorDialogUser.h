@@ -142,6 +142,8 @@ inline QVector<HBColorVisit> HBComparingVisits()
         {"accept another than was tried", old, {red}, blue, true, blue, 2},
         {"accept another colour model", hsv, {}, {}, true, hsv, 0},
         {"cancel another colour model", hsv, {red}, {}, false, hsv, 2},
+        {"accept no colour at all", QColor(), {}, {}, true, QColor(), 0},
+        {"cancel from translucent", QColor(255, 0, 255, 51), {}, {}, false, QColor(255, 0, 255, 51), 0},
     };
 }
 

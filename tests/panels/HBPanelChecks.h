@@ -76,6 +76,15 @@ void HBVerifyForm(const char* form, const char* title, const QSize& size, const 
     }
 }
 
+/// Whether one sees where a slider stands: a style sheet that colours its groove takes the handle away, unless another
+/// brings one. The value that it is moved to must not change the groove.
+inline bool HBShowsItsValue(QSlider* slider)
+{
+    const QImage before = slider->grab().toImage();
+    slider->setValue(slider->maximum() - slider->maximum() / 4);
+    return slider->grab().toImage() != before;
+}
+
 /// Gives the panel sources that have nothing to measure or to transform: none, one pixel, one colour. Each must come
 /// back, whatever the panel's record is; with as many pixels and unchanged alpha.
 template <class Panel>

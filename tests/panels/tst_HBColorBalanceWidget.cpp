@@ -109,8 +109,10 @@ void tst_HBColorBalanceWidget::form()
         {f.redSlider, "stop: 0 rgb(0, 255, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(255, 0, 0)"},
         {f.greenSlider, "stop: 0 rgb(255, 0, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 255, 0)"},
         {f.blueSlider, "stop: 0 rgb(255, 255, 0), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 0, 255)"}};
-    for (const auto& groove : grooves)
+    for (const auto& groove : grooves) {
         QVERIFY2(groove.first->styleSheet().contains(groove.second), qPrintable(groove.first->styleSheet()));
+        QVERIFY(HBShowsItsValue(groove.first));
+    }
 }
 
 /// Before the first SetValue no button is checked, but the midtones are what is edited.
@@ -265,9 +267,9 @@ void tst_HBColorBalanceWidget::reset()
 void tst_HBColorBalanceWidget::besideRadiosOfTheHost()
 {
     QWidget host;
+    HBColorBalanceWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
     QRadioButton first(&host), second(&host);
     first.setChecked(true);
-    HBColorBalanceWidget panel(false, &host, {});
     for (const int toneRange : {1, 0, 3}) {
         panel.SetValue(Sample(toneRange));
         QVERIFY(first.isChecked() && !second.isChecked());

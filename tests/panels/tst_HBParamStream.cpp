@@ -138,6 +138,8 @@ struct Checks
                 QVERIFY(stream.status() != QDataStream::Ok);
             if (recordKept)
                 QCOMPARE(Bytes(params), Bytes(byOperator ? AfterForeignTag() : Case::Sample()));
+            else if (byOperator && Case::defaultsAfterFailedRead)
+                QCOMPARE(Bytes(params), Bytes(Params()));
             if (consumed >= 0)
                 QCOMPARE(int(stream.device()->pos()), consumed);
         }

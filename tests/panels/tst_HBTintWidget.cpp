@@ -8,6 +8,7 @@
 #include <HBTintWidget.h>
 
 #include <QComboBox>
+#include <QDataStream>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -70,6 +71,7 @@ private slots:
     void result_data();
     void result();
     void noPixels();
+    void truncatedRecord();
     void deletedAtOnce();
 };
 
@@ -272,6 +274,22 @@ void tst_HBTintWidget::noPixels()
         QVERIFY(f.panel.AdjustedImage().IsEmpty());
         f.recorder.Take();
     }
+}
+
+/// What was read stays; the rest is what the stream makes of nothing, not the defaults and not the old values.
+void tst_HBTintWidget::truncatedRecord()
+{
+    QByteArray bytes;
+    QDataStream writer(&bytes, QIODevice::WriteOnly);
+    QVERIFY(Params().Write(writer));
+    const HBLogCapture log;
+    QDataStream reader(bytes.left(14 + 11 + 5)); // inside the white tone
+    Params params{Qt::red, Qt::green, 12, HBTintWidget::LUMA};
+    reader >> params;
+    QCOMPARE(params.blackTone, QColor(5, 6, 8));
+    QVERIFY(params.whiteTone != QColor(Qt::green));
+    QCOMPARE(params.amount, 0);
+    QCOMPARE(params.type, HBTintWidget::Average);
 }
 
 void tst_HBTintWidget::deletedAtOnce()
