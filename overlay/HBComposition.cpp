@@ -138,16 +138,37 @@ Words Byte(V value)
     return hn::ShiftLeft<Shift>(hn::BitCast(du, hn::ConvertTo(di, hn::Add(level, Number(0.5f)))));
 }
 
+/// What is laid over: its coverage and the factor that makes its bytes, of 255, to its colour.
+struct Layer
+{
+    Layer(Words words, bool premultiplied)
+        : pixels(words)
+        , alpha(Channel<24>(words))
+        , factor(premultiplied ? hn::Div(Number(1), alpha) : Number(1))
+    {
+    }
+
+    template <int Shift>
+    V Color() const
+    {
+        return hn::Mul(Channel<Shift>(pixels), factor);
+    }
+
+    Words pixels;
+    V alpha;
+    V factor;
+};
+
 /// A blend mode: source over with the colour that the mode makes where both cover.
 template <class Blend>
 struct Blended
 {
     explicit Blended(float share) : opacity(Number(share)) {}
 
-    Words operator()(Words below, Words above) const
+    Words operator()(Words below, const Layer& above) const
     {
         const V belowAlpha = Channel<24>(below);
-        const V aboveAlpha = hn::Mul(Channel<24>(above), opacity);
+        const V aboveAlpha = hn::Mul(above.alpha, opacity);
         const V both = hn::Mul(belowAlpha, aboveAlpha);
         const V alpha = hn::Sub(hn::Add(belowAlpha, aboveAlpha), both);
         // Shares of the result's coverage; alpha is 0 only where the opacity is.
@@ -159,10 +180,10 @@ struct Blended
     }
 
     template <int Shift>
-    Words Mixed(Words below, Words above, const V* shares) const
+    Words Mixed(Words below, const Layer& above, const V* shares) const
     {
         const V under = Channel<Shift>(below);
-        const V over = Channel<Shift>(above);
+        const V over = above.Color<Shift>();
         return Byte<Shift>(hn::Add(hn::Add(hn::Mul(under, shares[0]), hn::Mul(over, shares[1])),
                                    hn::Mul(Blend()(under, over), shares[2])));
     }
@@ -176,18 +197,18 @@ struct Added
 {
     explicit Added(float share) : opacity(Number(share)) {}
 
-    Words operator()(Words below, Words above) const
+    Words operator()(Words below, const Layer& above) const
     {
         const V belowAlpha = Channel<24>(below);
-        const V aboveAlpha = Channel<24>(above);
+        const V aboveAlpha = above.alpha;
         const V alpha = Sum(belowAlpha, aboveAlpha);
         const V whole = hn::Div(Number(1), alpha);
         auto color = [&](V under, V over) {
             return hn::Mul(Sum(hn::Mul(under, belowAlpha), hn::Mul(over, aboveAlpha)), whole);
         };
-        return hn::Or(hn::Or(Byte<24>(alpha), Byte<16>(color(Channel<16>(below), Channel<16>(above)))),
-                      hn::Or(Byte<8>(color(Channel<8>(below), Channel<8>(above))),
-                             Byte<0>(color(Channel<0>(below), Channel<0>(above)))));
+        return hn::Or(hn::Or(Byte<24>(alpha), Byte<16>(color(Channel<16>(below), above.Color<16>()))),
+                      hn::Or(Byte<8>(color(Channel<8>(below), above.Color<8>())),
+                             Byte<0>(color(Channel<0>(below), above.Color<0>()))));
     }
 
     V Sum(V under, V over) const
@@ -200,10 +221,10 @@ struct Added
 };
 
 template <class Compose>
-void RunVectors(QRgb* pixels, const QRgb* layer, int count, float opacity)
+void RunVectors(QRgb* pixels, const QRgb* layer, int count, const HBComposition& composition)
 {
     const hn::RebindToUnsigned<D> du;
-    const Compose compose(opacity);
+    const Compose compose(composition.opacity);
     const int lanes = int(hn::Lanes(d));
     for (int i = 0; i < count; i += lanes) {
         const Words above = hn::LoadU(du, layer + i);
@@ -211,39 +232,40 @@ void RunVectors(QRgb* pixels, const QRgb* layer, int count, float opacity)
         if (hn::AllTrue(du, transparent))
             continue;
         const Words below = hn::LoadU(du, pixels + i);
-        hn::StoreU(hn::IfThenElse(transparent, below, compose(below, above)), du, pixels + i);
+        hn::StoreU(hn::IfThenElse(transparent, below, compose(below, Layer(above, composition.premultiplied))), du,
+                   pixels + i);
     }
 }
 
-void Compose(QRgb* pixels, const QRgb* above, int count, QPainter::CompositionMode mode, float opacity)
+void Compose(QRgb* pixels, const QRgb* above, int count, const HBComposition& composition)
 {
-    switch (mode) {
+    switch (composition.mode) {
     case QPainter::CompositionMode_Plus:
-        return RunVectors<Added>(pixels, above, count, opacity);
+        return RunVectors<Added>(pixels, above, count, composition);
     case QPainter::CompositionMode_Multiply:
-        return RunVectors<Blended<Multiply>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Multiply>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Screen:
-        return RunVectors<Blended<Screen>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Screen>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Overlay:
-        return RunVectors<Blended<Overlay>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Overlay>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Darken:
-        return RunVectors<Blended<Darken>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Darken>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Lighten:
-        return RunVectors<Blended<Lighten>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Lighten>>(pixels, above, count, composition);
     case QPainter::CompositionMode_ColorDodge:
-        return RunVectors<Blended<ColorDodge>>(pixels, above, count, opacity);
+        return RunVectors<Blended<ColorDodge>>(pixels, above, count, composition);
     case QPainter::CompositionMode_ColorBurn:
-        return RunVectors<Blended<ColorBurn>>(pixels, above, count, opacity);
+        return RunVectors<Blended<ColorBurn>>(pixels, above, count, composition);
     case QPainter::CompositionMode_HardLight:
-        return RunVectors<Blended<HardLight>>(pixels, above, count, opacity);
+        return RunVectors<Blended<HardLight>>(pixels, above, count, composition);
     case QPainter::CompositionMode_SoftLight:
-        return RunVectors<Blended<SoftLight>>(pixels, above, count, opacity);
+        return RunVectors<Blended<SoftLight>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Difference:
-        return RunVectors<Blended<Difference>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Difference>>(pixels, above, count, composition);
     case QPainter::CompositionMode_Exclusion:
-        return RunVectors<Blended<Exclusion>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Exclusion>>(pixels, above, count, composition);
     default:
-        return RunVectors<Blended<Normal>>(pixels, above, count, opacity);
+        return RunVectors<Blended<Normal>>(pixels, above, count, composition);
     }
 }
 
@@ -271,7 +293,7 @@ HBComposition HBComposition::Of(unsigned mode, int percent)
 void HBComposition::Run(QRgb* pixels, const QRgb* above, int count) const
 {
     if (opacity > 0)
-        HWY_DYNAMIC_DISPATCH(Compose)(pixels, above, count, mode, opacity);
+        HWY_DYNAMIC_DISPATCH(Compose)(pixels, above, count, *this);
 }
 
 #endif

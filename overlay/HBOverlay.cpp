@@ -66,7 +66,9 @@ HBImage<> DrawSign(const HBImage<>& image, const HBSignWidget::Params& params, Q
         auto* pixels = reinterpret_cast<QRgb*>(layer.bits()) + at.y() * stride + at.x();
         stamp.Read(part.translated(-area.topLeft()), pixels, stride);
     };
-    return HBComposeTiles(image, {area}, HBComposition::Of(params.blendingMode, params.opacity), render);
+    HBComposition composition = HBComposition::Of(params.blendingMode, params.opacity);
+    composition.premultiplied = stamp.IsPremultiplied();
+    return HBComposeTiles(image, {area}, composition, render);
 }
 
 /// Turns coverage into pixels of a colour.
@@ -102,13 +104,16 @@ HBImage<> DrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params&
         QPainter painter(&coverage);
         painter.setRenderHint(QPainter::Antialiasing);
         for (int i = 0; i < copies.size(); ++i) {
-            bool visible = areas.at(i).intersects(tile);
-            // Cannot be inverted: a text as small as a millionth of a pixel.
-            const QTransform toText = visible ? copies.at(i).inverted(&visible) : QTransform();
-            if (!visible)
+            if (!areas.at(i).intersects(tile))
                 continue;
-            painter.setTransform(copies.at(i) * QTransform::fromTranslate(-tile.left(), -tile.top()));
-            text.Fill(painter, toText.mapRect(QRectF(tile).adjusted(-1, -1, 1, 1)));
+            // The lane's own: a transform finds out what kind it is when it is first used, also a const one.
+            const QTransform toPicture = copies.at(i);
+            bool invertible = false; // not for a text as small as a millionth of a pixel
+            const QRectF window = toPicture.inverted(&invertible).mapRect(QRectF(tile).adjusted(-1, -1, 1, 1));
+            if (!invertible)
+                continue;
+            painter.setTransform(toPicture * QTransform::fromTranslate(-tile.left(), -tile.top()));
+            text.Fill(painter, window);
         }
         painter.end();
         Colour(layer, params.color.rgba());

@@ -19,10 +19,14 @@ using TilePixels = std::array<QRgb, HBImage<>::TilePixels>;
 
 bool IsTransparent(const TilePixels& layer)
 {
-    QRgb any = 0;
-    for (const QRgb pixel : layer)
-        any |= pixel;
-    return qAlpha(any) == 0;
+    for (size_t row = 0; row < layer.size(); row += Side) {
+        QRgb any = 0;
+        for (size_t i = row; i < row + Side; ++i)
+            any |= layer[i];
+        if (qAlpha(any) != 0)
+            return false;
+    }
+    return true;
 }
 
 /// The tiles that any area touches, in their order.

@@ -11,8 +11,8 @@
 
 #include <functional>
 
-/// Renders the overlay's part in `tile`, in pixels of the picture, into a layer of that size, in QImage::Format_ARGB32,
-/// transparent at first. Runs on several threads at once.
+/// Renders the overlay's part in `tile`, in pixels of the picture, into a layer of that size, transparent at
+/// first: in QImage::Format_ARGB32, or as premultiplied as the composition says. Runs on several threads at once.
 using HBOverlayRenderer = std::function<void(const QRect& tile, QImage& layer)>;
 
 /// Lays an overlay over a picture, tile by tile in parallel. Tiles outside `areas`, and those where the layer is

@@ -8,7 +8,6 @@
 #include <QImageReader>
 #include <QMutex>
 
-#include <cmath>
 #include <cstring>
 #include <vector>
 
@@ -54,15 +53,6 @@ QImage Decode(const QString& file, QString* reason)
     return image.convertToFormat(QImage::Format_ARGB32);
 }
 
-/// Both with their weights, on four channels of 8 bits at once, rounded.
-QRgb Mixed(QRgb a, QRgb b, unsigned weightOfB)
-{
-    const unsigned weightOfA = 256 - weightOfB;
-    const QRgb even = ((a & 0xff00ff) * weightOfA + (b & 0xff00ff) * weightOfB + 0x800080) >> 8 & 0xff00ff;
-    const QRgb odd = ((a >> 8 & 0xff00ff) * weightOfA + (b >> 8 & 0xff00ff) * weightOfB + 0x800080) & 0xff00ff00;
-    return even | odd;
-}
-
 } // namespace
 
 QImage HBStamp::Load(const QString& file, QString* error)
@@ -101,25 +91,13 @@ HBStamp::HBStamp(const QImage& image, const QSize& size) : m_Image(image)
     }
     // Colours mix by their coverage.
     m_Image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    m_Columns = Places(image.width(), size.width());
-    m_Rows = Places(image.height(), size.height());
-}
-
-QVector<HBStamp::Place> HBStamp::Places(int from, int to)
-{
-    QVector<Place> places(to);
-    for (int i = 0; i < to; ++i) {
-        // Middle of the pixel to middle of the pixel; the outermost half pixels have one neighbour only.
-        const double at = qBound(0.0, (i + 0.5) * from / to - 0.5, double(from - 1));
-        const int first = qMin(int(at), qMax(0, from - 2));
-        places[i] = {first, qRound((at - first) * 256)};
-    }
-    return places;
+    m_Columns = HBEnlarging(image.width(), size.width());
+    m_Rows = HBEnlarging(image.height(), size.height());
 }
 
 void HBStamp::Read(const QRect& piece, QRgb* pixels, int stride) const
 {
-    if (!m_Columns.isEmpty()) {
+    if (IsPremultiplied()) {
         ReadEnlarged(piece, pixels, stride);
         return;
     }
@@ -132,23 +110,16 @@ void HBStamp::Read(const QRect& piece, QRgb* pixels, int stride) const
 void HBStamp::ReadEnlarged(const QRect& piece, QRgb* pixels, int stride) const
 {
     // First down, on the few columns of the image that the piece needs, then across.
-    const int first = m_Columns.at(piece.left()).first;
-    const int last = qMin(m_Columns.at(piece.right()).first + 1, m_Image.width() - 1);
-    std::vector<QRgb> mixed(size_t(last - first + 2));
+    const int first = m_Columns.First(piece.left());
+    const int last = qMin(m_Columns.First(piece.right()) + 1, m_Image.width() - 1);
+    const int count = last - first + 1;
+    std::vector<QRgb> mixed(size_t(count) + 1); // one more: the neighbour of the last column, without a weight
+    const auto row = [&](int y) {
+        return reinterpret_cast<const QRgb*>(m_Image.constScanLine(qMin(y, m_Image.height() - 1))) + first;
+    };
     for (int y = 0; y < piece.height(); ++y) {
-        const Place row = m_Rows.at(piece.top() + y);
-        const auto* upper = reinterpret_cast<const QRgb*>(m_Image.constScanLine(row.first));
-        const auto* lower =
-            reinterpret_cast<const QRgb*>(m_Image.constScanLine(qMin(row.first + 1, m_Image.height() - 1)));
-        for (int x = first; x <= last; ++x)
-            mixed[size_t(x - first)] = Mixed(upper[x], lower[x], unsigned(row.next));
-        mixed[size_t(last - first + 1)] = mixed[size_t(last - first)]; // the neighbour of a single column
-
-        const Place* column = m_Columns.constData() + piece.left();
-        QRgb* target = pixels + y * stride;
-        for (int x = 0; x < piece.width(); ++x, ++column) {
-            const QRgb* source = mixed.data() + (column->first - first);
-            target[x] = qUnpremultiply(Mixed(source[0], source[1], unsigned(column->next)));
-        }
+        const int upper = m_Rows.First(piece.top() + y);
+        HBEnlarging::Mix(row(upper), row(upper + 1), m_Rows.Weight(piece.top() + y), count, mixed.data());
+        m_Columns.Across(mixed.data(), first, piece.left(), piece.width(), pixels + y * stride);
     }
 }

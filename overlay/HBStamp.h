@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBEnlarging.h"
+
 #include <QImage>
 #include <QRect>
 #include <QString>
-#include <QVector>
 
 /// The picture of a stamp at the size at which it is laid over a photo. Any size goes: what is larger than the file is
 /// made piece by piece. Reading the pieces is safe on several threads at once.
@@ -22,22 +23,15 @@ public:
     /// \param image in Format_ARGB32
     HBStamp(const QImage& image, const QSize& size);
 
-    /// Copies `piece`, which must lie within the size, to `pixels`, whose rows are `stride` pixels apart; not
-    /// premultiplied.
+    /// Whether Read gives premultiplied pixels.
+    bool IsPremultiplied() const { return !m_Columns.IsEmpty(); }
+    /// Copies `piece`, which must lie within the size, to `pixels`, whose rows are `stride` pixels apart.
     void Read(const QRect& piece, QRgb* pixels, int stride) const;
 
 private:
-    /// Between which two columns, or rows, of the image one of the stamp lies: `first` and the next one, whose weight
-    /// is `next` / 256.
-    struct Place
-    {
-        int first;
-        int next;
-    };
-    static QVector<Place> Places(int from, int to);
     void ReadEnlarged(const QRect& piece, QRgb* pixels, int stride) const;
 
-    QImage m_Image;           ///< premultiplied if it is to be enlarged
-    QVector<Place> m_Columns; ///< of an enlarged stamp; else empty
-    QVector<Place> m_Rows;
+    QImage m_Image;        ///< premultiplied if it is enlarged
+    HBEnlarging m_Columns; ///< of an enlarged stamp; else empty
+    HBEnlarging m_Rows;
 };

@@ -40,6 +40,8 @@ QFont OutlineFont(const QFont& font)
 {
     const double factor = HBTextOutlines::FontPixels / HBFontUnits(font);
     QFont large = font;
+    if (font.family().isEmpty())
+        large.setFamily(QFont().family());
     large.setPixelSize(HBTextOutlines::FontPixels);
     large.setHintingPreference(QFont::PreferNoHinting);
     large.setStyleStrategy(QFont::ForceOutline);

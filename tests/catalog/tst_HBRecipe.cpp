@@ -6,11 +6,14 @@
 #include <HBBrightnessContrastWidget.h>
 #include <HBPanelCatalog.h>
 #include <HBRecipe.h>
+#include <HBSignWidget.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QScopeGuard>
 #include <QThreadPool>
+
+#include <memory>
 
 namespace
 {
@@ -192,6 +195,55 @@ private slots:
         const HBRecipe recipe{{Step(10, -20), Step(-60, 70), Step(1, 1)}};
         QVERIFY(HBApplyRecipe(HBTestRamp(600, 600), recipe, &error, [&](int) { return ++calls < 2; }).IsEmpty());
         QCOMPARE(error, QString());
+    }
+
+    void OverlaysAreDrawn()
+    {
+        const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
+        std::unique_ptr<HBAdjustmentWidget> panel(entry->create(true, nullptr));
+        HBRecipe recipe;
+        recipe.steps = {Step(10, -20), {"HBWatermarkWidget", entry->save(*panel)}};
+        const HBImage<> image = HBTestRamp(600, 400);
+        QString error;
+        const HBImage<> result = HBApplyRecipe(image, recipe, &error);
+        QCOMPARE(error, QString());
+        // Drawn by values that were taken before the panel was gone, over the first step's result.
+        const HBOverlayDrawing draw = entry->draw(*panel);
+        panel.reset();
+        const HBImage<> expected = draw(ByHand(image, 10, -20), &error);
+        QCOMPARE(result.ToQImage(), expected.ToQImage());
+        QVERIFY(result.ToQImage() != ByHand(image, 10, -20).ToQImage());
+    }
+
+    void AnOverlayThatCannotBeDrawnIsNamed()
+    {
+        HBSignWidget panel(nullptr, {});
+        HBSignWidget::Params params;
+        params.fileName = "/no/such/logo.png";
+        panel.SetValue(params);
+        HBRecipe recipe;
+        recipe.steps = {Step(10, -20), {"HBSignWidget", HBFindPanel("HBSignWidget")->save(panel)}};
+        QString error;
+        QVERIFY(HBApplyRecipe(HBTestRamp(20, 20), recipe, &error).IsEmpty());
+        QCOMPARE(error,
+                 QString("Step 2 (HBSignWidget): The stamp /no/such/logo.png cannot be read: there is no such "
+                         "file"));
+    }
+
+    /// Where Qt would reserve memory for as many names of a font as the file says that there are.
+    void ABrokenFontIsRefused()
+    {
+        const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
+        const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
+        const QJsonObject values = entry->save(*panel);
+        const QByteArray record = QByteArray::fromBase64(values["record"].toString().toLatin1());
+        for (int at = 19; at + 4 <= record.size(); ++at) {
+            QByteArray hostile = record;
+            hostile.replace(at, 4, QByteArray::fromHex("7fffffff"));
+            QString reason;
+            if (!entry->restore(*panel, {{"record", QString::fromLatin1(hostile.toBase64())}}, &reason))
+                QVERIFY(!reason.isEmpty());
+        }
     }
 };
 
