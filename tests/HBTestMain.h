@@ -14,18 +14,15 @@
 /// warning or an error that no QTest::ignoreMessage announced.
 ///
 /// Qt Test only prints such messages; a second log, in XML, tells how many there were.
-inline int HBRunTest(QObject* test, QStringList arguments)
-{
+inline int HBRunTest(QObject* test, QStringList arguments) {
     const QTemporaryDir folder;
     const QString log = folder.filePath(QStringLiteral("log.xml"));
-    if (!arguments.contains(QStringLiteral("-o")))
-        arguments << QStringLiteral("-o") << QStringLiteral("-,txt");
+    if (!arguments.contains(QStringLiteral("-o"))) arguments << QStringLiteral("-o") << QStringLiteral("-,txt");
     arguments << QStringLiteral("-o") << log + QStringLiteral(",xml");
     const int failed = QTest::qExec(test, arguments);
 
     QFile file(log);
-    if (!file.open(QIODevice::ReadOnly))
-        return failed; // options like -functions run nothing
+    if (!file.open(QIODevice::ReadOnly)) return failed; // options like -functions run nothing
     const QByteArray messages = file.readAll();
     const int warnings = messages.count("type=\"qwarn\"") + messages.count("type=\"system\"");
     if (warnings > 0)
@@ -35,10 +32,8 @@ inline int HBRunTest(QObject* test, QStringList arguments)
 
 /// The main() of a test: one class a file, with widgets, without a screen unless one is asked for.
 #define HB_TEST_MAIN(Class)                                                                                       \
-    int main(int argc, char* argv[])                                                                              \
-    {                                                                                                             \
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))                                                        \
-            qputenv("QT_QPA_PLATFORM", "offscreen");                                                              \
+    int main(int argc, char* argv[]) {                                                                            \
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");               \
         QApplication application(argc, argv);                                                                     \
         Class test;                                                                                               \
         return HBRunTest(&test, application.arguments());                                                         \

@@ -9,35 +9,27 @@
 
 #include <memory>
 
-namespace
-{
+namespace {
 
-QJsonObject WithRecord(const QByteArray& record)
-{
-    return {{"record", QString::fromLatin1(record.toBase64())}};
-}
+QJsonObject WithRecord(const QByteArray& record) { return {{"record", QString::fromLatin1(record.toBase64())}}; }
 
-QByteArray RecordOf(const QJsonObject& values)
-{
+QByteArray RecordOf(const QJsonObject& values) {
     return QByteArray::fromBase64(values["record"].toString().toLatin1());
 }
 
 } // namespace
 
 /// What holds for every panel there is.
-class tst_HBPanelCatalog : public QObject
-{
+class tst_HBPanelCatalog : public QObject {
     Q_OBJECT
 private slots:
-    void Rows_data()
-    {
+    void Rows_data() {
         QTest::addColumn<QString>("name");
         QVERIFY(!HBPanelCatalog().isEmpty());
         for (const HBPanelEntry& entry : HBPanelCatalog())
             QTest::newRow(entry.className) << QString(entry.className);
     }
-    void Rows()
-    {
+    void Rows() {
         QFETCH(QString, name);
         const HBPanelEntry* entry = HBFindPanel(name);
         QVERIFY(entry);
@@ -54,8 +46,7 @@ private slots:
     }
 
     void RecordsSurvive_data() { Rows_data(); }
-    void RecordsSurvive()
-    {
+    void RecordsSurvive() {
         QFETCH(QString, name);
         const HBPanelEntry* entry = HBFindPanel(name);
         const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
@@ -66,13 +57,11 @@ private slots:
         const QJsonObject read = entry->save(*panel);
         QVERIFY2(entry->restore(*panel, read, &reason), qPrintable(reason));
         QCOMPARE(entry->save(*panel), read);
-        if (entry->tag)
-            QVERIFY(RecordOf(defaults).startsWith(entry->tag));
+        if (entry->tag) QVERIFY(RecordOf(defaults).startsWith(entry->tag));
     }
 
     /// A setter of a panel without a record may miss a value by a step; a recipe must not.
-    void PlainValuesComeBackExactly()
-    {
+    void PlainValuesComeBackExactly() {
         for (const double offset : {-0.5, -0.25, -0.0001, 0.1234, 0.5}) {
             const HBPanelEntry* entry = HBFindPanel("HBExposureWidget");
             const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
@@ -84,8 +73,7 @@ private slots:
     }
 
     void HostileRecordsAreRefused_data() { Rows_data(); }
-    void HostileRecordsAreRefused()
-    {
+    void HostileRecordsAreRefused() {
         QFETCH(QString, name);
         const HBPanelEntry* entry = HBFindPanel(name);
         const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
@@ -117,8 +105,7 @@ private slots:
             WithRecord(record + record),
             WithRecord(QByteArray(1 << 20, '\xff')),
         };
-        for (int size = 0; size < record.size(); ++size)
-            hostile.append(WithRecord(record.left(size)));
+        for (int size = 0; size < record.size(); ++size) hostile.append(WithRecord(record.left(size)));
         for (const QJsonObject& values : hostile) {
             QString reason;
             QVERIFY2(!entry->restore(*panel, values, &reason), qPrintable(values["record"].toString()));

@@ -15,8 +15,7 @@
 
 #include <memory>
 
-namespace
-{
+namespace {
 
 /// A file once written; must be read as this for ever: brightness 10, contrast -20.
 constexpr char frozen[] = "{\n"
@@ -30,8 +29,7 @@ constexpr char frozen[] = "{\n"
                           "    \"version\": 1\n"
                           "}\n";
 
-HBRecipeStep Step(int brightness, int contrast)
-{
+HBRecipeStep Step(int brightness, int contrast) {
     HBBrightnessContrastWidget panel(false, nullptr, {});
     HBBrightnessContrastWidget::Params params;
     params.brightness = brightness;
@@ -41,8 +39,7 @@ HBRecipeStep Step(int brightness, int contrast)
 }
 
 /// The picture as a user sees it who opens the panel with these values.
-HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast)
-{
+HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast) {
     HBBrightnessContrastWidget panel(true, nullptr, {});
     HBBrightnessContrastWidget::Params params;
     params.brightness = brightness;
@@ -54,26 +51,20 @@ HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast)
 }
 
 /// The frozen recipe with one thing changed.
-QByteArray Changed(const char* key, const QJsonValue& value)
-{
+QByteArray Changed(const char* key, const QJsonValue& value) {
     QJsonObject head = QJsonDocument::fromJson(frozen).object();
     head[key] = value;
     return QJsonDocument(head).toJson();
 }
 
-QByteArray WithSteps(const QJsonArray& steps)
-{
-    return Changed("steps", steps);
-}
+QByteArray WithSteps(const QJsonArray& steps) { return Changed("steps", steps); }
 
 } // namespace
 
-class tst_HBRecipe : public QObject
-{
+class tst_HBRecipe : public QObject {
     Q_OBJECT
 private slots:
-    void FrozenFile()
-    {
+    void FrozenFile() {
         HBRecipe recipe;
         QString error;
         QVERIFY2(HBRecipe::FromJson(frozen, &recipe, &error), qPrintable(error));
@@ -82,8 +73,7 @@ private slots:
         QCOMPARE(recipe.ToJson(), QByteArray(frozen));
     }
 
-    void SaveAndLoad()
-    {
+    void SaveAndLoad() {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.json");
         QString error;
@@ -104,8 +94,7 @@ private slots:
         QCOMPARE(loaded.steps.size(), 3);
     }
 
-    void BadInput_data()
-    {
+    void BadInput_data() {
         const QJsonObject good = QJsonDocument::fromJson(frozen).object()["steps"].toArray()[0].toObject();
         auto with = [&](const char* key, const QJsonValue& value) {
             QJsonObject step = good;
@@ -121,8 +110,7 @@ private slots:
         QTest::newRow("version half") << Changed("version", 0.5) << "no valid version";
         QTest::newRow("steps empty") << WithSteps({}) << "no steps";
         QJsonArray many;
-        for (int i = 0; i < 1001; ++i)
-            many.append(good);
+        for (int i = 0; i < 1001; ++i) many.append(good);
         QTest::newRow("many steps") << WithSteps(many) << "1001 steps";
         QTest::newRow("step is text") << WithSteps({good, "x"}) << "Step 2: it is not an object";
         QTest::newRow("panel number") << with("panel", 7) << "Step 2: it does not name its panel";
@@ -135,8 +123,7 @@ private slots:
         QTest::newRow("record cut") << with("record", "S01CcmlnaHRuZXNzQ29udHJhc3QgMS4wMDAwMAAAAAr/")
                                     << "its record is cut short";
     }
-    void BadInput()
-    {
+    void BadInput() {
         QFETCH(QByteArray, json);
         QFETCH(QString, message);
         HBRecipe recipe{{Step(1, 1)}};
@@ -147,8 +134,7 @@ private slots:
         QCOMPARE(recipe.steps.size(), 1);
     }
 
-    void AppliesAsByHand()
-    {
+    void AppliesAsByHand() {
         HBImage<> image = HBTestRamp(300, 260);
         image.SetHostValue(0, 11811);
         image.SetProfile(KMCMSProfile("profile"));
@@ -170,8 +156,7 @@ private slots:
         QCOMPARE(progress.last(), 1000);
     }
 
-    void ImagesOfAnySize()
-    {
+    void ImagesOfAnySize() {
         QString error;
         QThreadPool* pool = QThreadPool::globalInstance();
         const int threads = pool->maxThreadCount();
@@ -186,8 +171,7 @@ private slots:
         QVERIFY2(error.isEmpty(), qPrintable(error));
     }
 
-    void FailsOrIsGivenUp()
-    {
+    void FailsOrIsGivenUp() {
         QString error;
         QVERIFY(HBApplyRecipe(HBTestRamp(10, 10), {{Step(1, 1), {"HBFoo", {}}}}, &error).IsEmpty());
         QCOMPARE(error, QString("Step 2 (HBFoo): there is no such panel"));
@@ -197,8 +181,7 @@ private slots:
         QCOMPARE(error, QString());
     }
 
-    void OverlaysAreDrawn()
-    {
+    void OverlaysAreDrawn() {
         const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
         std::unique_ptr<HBAdjustmentWidget> panel(entry->create(true, nullptr));
         HBRecipe recipe;
@@ -215,8 +198,7 @@ private slots:
         QVERIFY(result.ToQImage() != ByHand(image, 10, -20).ToQImage());
     }
 
-    void AnOverlayThatCannotBeDrawnIsNamed()
-    {
+    void AnOverlayThatCannotBeDrawnIsNamed() {
         HBSignWidget panel(nullptr, {});
         HBSignWidget::Params params;
         params.fileName = "/no/such/logo.png";
@@ -231,8 +213,7 @@ private slots:
     }
 
     /// Where Qt would reserve memory for as many names of a font as the file says that there are.
-    void ABrokenFontIsRefused()
-    {
+    void ABrokenFontIsRefused() {
         const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
         const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
         const QJsonObject values = entry->save(*panel);

@@ -8,12 +8,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-class TestHBBeforeAfter : public QObject
-{
+class TestHBBeforeAfter : public QObject {
     Q_OBJECT
 private slots:
-    void clipsTheOldPhoto()
-    {
+    void clipsTheOldPhoto() {
         KMDocumentView view;
         QImage white(400, 300, QImage::Format_ARGB32);
         white.fill(Qt::white);
@@ -42,8 +40,7 @@ private slots:
         QCOMPARE(pixel(50), QColor(Qt::black));
     }
 
-    void lineCanBeDragged()
-    {
+    void lineCanBeDragged() {
         KMDocumentView view;
         view.resize(400, 300);
         view.show();

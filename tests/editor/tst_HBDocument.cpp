@@ -6,12 +6,10 @@
 
 #include <QSignalSpy>
 
-class TestHBDocument : public QObject
-{
+class TestHBDocument : public QObject {
     Q_OBJECT
 
-    static HBImage<> Image(int value)
-    {
+    static HBImage<> Image(int value) {
         HBImage<> image(10, 10);
         image.SetPixel(0, 0, HBRGBA32i(std::uint8_t(value), 0, 0));
         return image;
@@ -19,16 +17,14 @@ class TestHBDocument : public QObject
     static HBDocument::State Step(int value) { return {QString::number(value), Image(value), {}, true}; }
     static int Value(const HBDocument& document) { return document.Image().PixelAt(0, 0).red; }
 
-    static void Open(HBDocument* document)
-    {
+    static void Open(HBDocument* document) {
         HBPhoto photo;
         photo.image = Image(1);
         document->SetPhoto("/photos/a.png", photo);
     }
 
 private slots:
-    void undoAndRedo()
-    {
+    void undoAndRedo() {
         HBDocument document;
         QVERIFY(document.Image().IsEmpty());
         document.Undo();
@@ -56,8 +52,7 @@ private slots:
         QCOMPARE(changed.count(), 0);
     }
 
-    void modifiedMeansOtherThanTheFile()
-    {
+    void modifiedMeansOtherThanTheFile() {
         HBDocument document;
         Open(&document);
         QVERIFY(!document.IsModified());

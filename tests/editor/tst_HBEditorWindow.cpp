@@ -26,44 +26,37 @@
 #include <memory>
 #include <thread>
 
-class TestHBEditorWindow : public QObject
-{
+class TestHBEditorWindow : public QObject {
     Q_OBJECT
 
     /// A photo file of that size, a ramp.
-    QString Photo(const QString& name, int width = 300, int height = 200)
-    {
+    QString Photo(const QString& name, int width = 300, int height = 200) {
         QImage image(width, height, QImage::Format_RGB32);
         for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x)
-                image.setPixel(x, y, qRgb(x & 255, y & 255, 100));
+            for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(x & 255, y & 255, 100));
         }
         image.save(m_Folder.filePath(name));
         return m_Folder.filePath(name);
     }
 
     static const HBPanelEntry& Entry() { return *HBFindPanel("HBBrightnessContrastWidget"); }
-    static QSpinBox* Brightness(const HBEditorWindow& window)
-    {
+    static QSpinBox* Brightness(const HBEditorWindow& window) {
         return window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
     }
 
-    void OpenWithPanel(HBEditorWindow* window)
-    {
+    void OpenWithPanel(HBEditorWindow* window) {
         window->show();
         QVERIFY(window->Open(Photo("a.png")));
         QVERIFY(window->OpenPanel(Entry()));
     }
-    static void Apply(const HBEditorWindow& window, int brightness)
-    {
+    static void Apply(const HBEditorWindow& window, int brightness) {
         Brightness(window)->setValue(brightness);
         emit window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
     }
 
     /// Presses a button of the next message box.
-    static void Answer(QMessageBox::StandardButton button)
-    {
+    static void Answer(QMessageBox::StandardButton button) {
         QTimer::singleShot(0, qApp, [=] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (box)
@@ -74,21 +67,18 @@ class TestHBEditorWindow : public QObject
     }
 
 private slots:
-    void initTestCase()
-    {
+    void initTestCase() {
         m_pLog = std::make_unique<HBOffscreenLog>();
         QVERIFY(m_Folder.isValid());
     }
     void cleanupTestCase() { m_pLog.reset(); }
 
-    void everyPanelOpensAndCloses_data()
-    {
+    void everyPanelOpensAndCloses_data() {
         QTest::addColumn<bool>("docked");
         QTest::newRow("side bar") << true;
         QTest::newRow("dialog") << false;
     }
-    void everyPanelOpensAndCloses()
-    {
+    void everyPanelOpensAndCloses() {
         QFETCH(bool, docked);
         HBEditorWindow window(false);
         window.show();
@@ -117,8 +107,7 @@ private slots:
         QVERIFY(!window.Document().IsModified());
     }
 
-    void previewOkUndoRecipe()
-    {
+    void previewOkUndoRecipe() {
         HBEditorWindow window(false);
         OpenWithPanel(&window);
         Brightness(window)->setValue(50);
@@ -141,8 +130,7 @@ private slots:
         QVERIFY(window.MessageBar()->Text().contains("norecipe.png"));
     }
 
-    void selectionReachesAnOpenPanelAndStaysOutOfTheRecipe()
-    {
+    void selectionReachesAnOpenPanelAndStaysOutOfTheRecipe() {
         HBEditorWindow window(false);
         OpenWithPanel(&window);
         Brightness(window)->setValue(50);
@@ -156,8 +144,7 @@ private slots:
         QCOMPARE(leftOut, 1);
     }
 
-    void badFilesLeaveThePhotoAlone()
-    {
+    void badFilesLeaveThePhotoAlone() {
         HBEditorWindow window(false);
         QVERIFY(window.Open(Photo("good.png")));
         QFile text(m_Folder.filePath("text.jpg"));
@@ -172,8 +159,7 @@ private slots:
         QVERIFY(window.MessageBar()->Text().isEmpty());
     }
 
-    void failedSaveLosesNothing()
-    {
+    void failedSaveLosesNothing() {
         HBEditorWindow window(false);
         OpenWithPanel(&window);
         Apply(window, 50);
@@ -188,8 +174,7 @@ private slots:
         QCOMPARE(QImage(m_Folder.filePath("b.png")).pixel(0, 0), qRgb(50, 50, 150));
     }
 
-    void anotherPhotoWithAPanelOpen_data()
-    {
+    void anotherPhotoWithAPanelOpen_data() {
         QTest::addColumn<int>("answer");
         QTest::addColumn<int>("second"); // to the question whether to save
         QTest::addColumn<bool>("opens");
@@ -198,8 +183,7 @@ private slots:
         QTest::newRow("apply, do not save") << int(QMessageBox::Apply) << int(QMessageBox::Discard) << true;
         QTest::newRow("apply, stay") << int(QMessageBox::Apply) << int(QMessageBox::Cancel) << false;
     }
-    void anotherPhotoWithAPanelOpen()
-    {
+    void anotherPhotoWithAPanelOpen() {
         QFETCH(int, answer);
         QFETCH(int, second);
         QFETCH(bool, opens);
@@ -211,8 +195,7 @@ private slots:
         Brightness(window)->setValue(50); // younger than the debounce
         QTimer::singleShot(0, this, [=] {
             Answer(QMessageBox::StandardButton(answer));
-            if (second)
-                QTimer::singleShot(0, qApp, [=] { Answer(QMessageBox::StandardButton(second)); });
+            if (second) QTimer::singleShot(0, qApp, [=] { Answer(QMessageBox::StandardButton(second)); });
         });
         QCOMPARE(window.Open(Photo("c.png", 10, 10)), opens);
         QCOMPARE(window.Document().FileName(), QString(opens ? "c.png" : "b.png"));
@@ -220,8 +203,7 @@ private slots:
             QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
     }
 
-    void droppedFileIsOpened()
-    {
+    void droppedFileIsOpened() {
         HBEditorWindow window(false);
         window.show();
         QMimeData data;
@@ -235,8 +217,7 @@ private slots:
         QTRY_COMPARE(window.Document().FileName(), QString("dropped.png"));
     }
 
-    void tellsOfAFullScratchDisk()
-    {
+    void tellsOfAFullScratchDisk() {
         HBEditorWindow window(false);
         HBShowTileWarnings(window.MessageBar());
         const char* text =
@@ -246,8 +227,7 @@ private slots:
         QTRY_VERIFY(window.MessageBar()->Text().contains("Save your work"));
     }
 
-    void aRecipeCanBeStopped()
-    {
+    void aRecipeCanBeStopped() {
         HBEditorWindow window(false);
         window.Open(Photo("large.png", 3000, 2000));
         const QString recipe = m_Folder.filePath("stopped.json");
@@ -262,8 +242,7 @@ private slots:
         QCOMPARE(window.MessageBar()->Text(), QString());
     }
 
-    void destroyedWithAPanelAtWork()
-    {
+    void destroyedWithAPanelAtWork() {
         auto window = std::make_unique<HBEditorWindow>(false);
         window->show();
         window->Open(Photo("large.png", 3000, 2000));
@@ -273,8 +252,7 @@ private slots:
         QVERIFY(!panel);
     }
 
-    void keys()
-    {
+    void keys() {
         HBEditorWindow window(false);
         OpenWithPanel(&window);
         QVERIFY(QTest::qWaitForWindowActive(&window));

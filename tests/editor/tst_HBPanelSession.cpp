@@ -13,18 +13,15 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 
-namespace
-{
+namespace {
 
 /// Paints every pixel in the red of its value, tile by tile through a gate.
-class ValuePanel : public HBAdjustmentWidget
-{
+class ValuePanel : public HBAdjustmentWidget {
 public:
     explicit ValuePanel(bool dialog) : HBAdjustmentWidget(dialog, nullptr, {}) {}
     ~ValuePanel() override { FinishJob(); }
 
-    void SetValue(int value)
-    {
+    void SetValue(int value) {
         m_Value = value;
         emit AboutUserParamsChanged();
         emit DataChanged();
@@ -38,34 +35,28 @@ public:
     std::atomic<bool> fails{false};
 
 private:
-    struct Paint
-    {
+    struct Paint {
         HBTestGate* gate;
         int value;
         HBRGBA32i* pixels = nullptr;
 
         void SetProcessingBuffer(HBRGBA32i* buffer) { pixels = buffer; }
-        void operator()(int first, int count) const
-        {
+        void operator()(int first, int count) const {
             gate->Pass();
             std::fill_n(pixels + first, count, HBRGBA32i(std::uint8_t(value), 0, 0));
         }
     };
-    struct Data : HBJobData
-    {
+    struct Data : HBJobData {
         int value;
     };
 
     void Reset() override {}
-    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override
-    {
+    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override {
         ++starts;
         HBStartJob(watcher, this, &ValuePanel::Process, Data{JobData(), m_Value});
     }
-    HBImage<> Process(Data job)
-    {
-        if (fails)
-            SetJobFailed();
+    HBImage<> Process(Data job) {
+        if (fails) SetJobFailed();
         return RunTransformation(job, Paint{&gate, job.value});
     }
 
@@ -83,8 +74,7 @@ const HBPanelEntry entry = {"ValuePanel",
                             [](HBAdjustmentWidget&, const QJsonObject&, QString*) { return true; }};
 
 /// A session on a photo of 3 x 3 tiles, and what it has told.
-struct Fixture
-{
+struct Fixture {
     HBPanelSession* session = new HBPanelSession(entry, nullptr);
     QPointer<ValuePanel> panel = static_cast<ValuePanel*>(session->Panel());
     QVector<int> previews; ///< the red of each
@@ -93,8 +83,7 @@ struct Fixture
     int resumed = 0;
     int failures = 0;
 
-    Fixture()
-    {
+    Fixture() {
         QObject::connect(session, &HBPanelSession::PreviewReady, session,
                          [this](const HBImage<>& image) { previews.append(image.PixelAt(299, 299).red); });
         QObject::connect(session, &HBPanelSession::Accepted, session,
@@ -109,21 +98,18 @@ struct Fixture
 
     void SetSource() { session->SetSource(HBImage<>(300, 300), {}); }
     /// Up to the first preview.
-    void Open()
-    {
+    void Open() {
         SetSource();
         QTRY_COMPARE(previews, QVector<int>{1});
     }
     /// The first job is at work, and stays so.
-    void HoldFirst()
-    {
+    void HoldFirst() {
         panel->gate.Close();
         SetSource();
         QVERIFY(panel->gate.WaitForHeld());
     }
     /// The second one, for the value 7.
-    void OpenAndHold()
-    {
+    void OpenAndHold() {
         Open();
         panel->gate.Close();
         panel->SetValue(7);
@@ -134,13 +120,11 @@ struct Fixture
 
 } // namespace
 
-class TestHBPanelSession : public QObject
-{
+class TestHBPanelSession : public QObject {
     Q_OBJECT
 private slots:
     /// An overlay is drawn as it is edited; OK takes the last change, and refuses one that cannot be drawn.
-    void OverlaysAreDrawn()
-    {
+    void OverlaysAreDrawn() {
         const HBPanelEntry* watermark = HBFindPanel("HBWatermarkWidget");
         QVERIFY(watermark && watermark->draw);
         HBPanelSession session(*watermark, nullptr);
@@ -171,8 +155,7 @@ private slots:
 
     void init() { KMApplication::SetProgressTimeout(100); }
 
-    void previewsEachChange()
-    {
+    void previewsEachChange() {
         Fixture f;
         f.Open();
         QVERIFY(!f.session->IsChanged());
@@ -184,8 +167,7 @@ private slots:
         QVERIFY(!f.session->IsFinishing());
     }
 
-    void okTakesAChangeThatIsStillDebounced()
-    {
+    void okTakesAChangeThatIsStillDebounced() {
         Fixture f;
         f.Open();
         f.panel->SetValue(7);
@@ -194,8 +176,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void aFailedJobIsNotAccepted()
-    {
+    void aFailedJobIsNotAccepted() {
         Fixture f;
         f.Open();
         f.panel->fails = true;
@@ -209,8 +190,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void okWaitsForTheRunningJob()
-    {
+    void okWaitsForTheRunningJob() {
         Fixture f;
         f.OpenAndHold();
         f.session->Accept();
@@ -219,8 +199,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void okTakesAChangeMadeWhileAnotherJobRuns()
-    {
+    void okTakesAChangeMadeWhileAnotherJobRuns() {
         Fixture f;
         f.OpenAndHold();
         f.panel->SetValue(9);
@@ -231,8 +210,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{9});
     }
 
-    void aStaleJobThatEndsWithinTheDebounceDoesNotCount()
-    {
+    void aStaleJobThatEndsWithinTheDebounceDoesNotCount() {
         Fixture f;
         f.OpenAndHold();
         f.panel->SetValue(9);
@@ -243,8 +221,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{9});
     }
 
-    void cancelledWaitGoesOnAndLosesNothing()
-    {
+    void cancelledWaitGoesOnAndLosesNothing() {
         Fixture f;
         f.Open();
         f.panel->gate.Close();
@@ -267,8 +244,7 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void cancelEndsWithoutAnImage()
-    {
+    void cancelEndsWithoutAnImage() {
         Fixture f;
         f.Open();
         f.panel->SetValue(7);
@@ -282,8 +258,7 @@ private slots:
         QVERIFY(f.accepted.isEmpty());
     }
 
-    void anotherPhotoMakesTheRunningJobObsolete()
-    {
+    void anotherPhotoMakesTheRunningJobObsolete() {
         Fixture f;
         f.HoldFirst();
         f.SetSource();
@@ -292,8 +267,7 @@ private slots:
         QTRY_COMPARE(f.previews, QVector<int>{1}); // the new job's only
     }
 
-    void selectionIsHandedOver()
-    {
+    void selectionIsHandedOver() {
         Fixture f;
         const HBSelectionShape shape{HBSelectionShape::Kind::Rectangle, QRect(10, 10, 5, 5), 0, false};
         HBImage<> preview;
@@ -307,13 +281,11 @@ private slots:
         QCOMPARE(int(preview.PixelAt(15, 14).red), 0);
     }
 
-    void destroyedWhileAJobRuns()
-    {
+    void destroyedWhileAJobRuns() {
         for (const bool waiting : {false, true}) {
             Fixture f;
             f.HoldFirst();
-            if (waiting)
-                f.session->Accept();
+            if (waiting) f.session->Accept();
             QCOMPARE(QApplication::overrideCursor() != nullptr, waiting);
             f.panel->gate.OpenWhenObsolete();
             delete f.session;
@@ -323,8 +295,7 @@ private slots:
         }
     }
 
-    void destroyedWhileItsProgressDialogIsOpen()
-    {
+    void destroyedWhileItsProgressDialogIsOpen() {
         Fixture f;
         f.HoldFirst();
         const HBProgressDialogWatch watch([&](HBOperationProgressDlg*) {
@@ -338,8 +309,7 @@ private slots:
         QVERIFY(f.accepted.isEmpty());
     }
 
-    void survivesItsPanel()
-    {
+    void survivesItsPanel() {
         Fixture f;
         f.Open();
         delete f.panel;

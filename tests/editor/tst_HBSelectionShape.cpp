@@ -10,16 +10,13 @@ Q_DECLARE_METATYPE(HBSelectionShape)
 
 using Kind = HBSelectionShape::Kind;
 
-class TestHBSelectionShape : public QObject
-{
+class TestHBSelectionShape : public QObject {
     Q_OBJECT
 private slots:
-    void maskIsTheCoverageInItsBoundingRectangle_data()
-    {
+    void maskIsTheCoverageInItsBoundingRectangle_data() {
         QTest::addColumn<HBSelectionShape>("shape");
         QTest::addColumn<QRect>("area"); // of the mask on a photo of 400 x 300
-        const struct
-        {
+        const struct {
             const char* name;
             HBSelectionShape shape;
             QRect area;
@@ -34,11 +31,9 @@ private slots:
             {"inverted rectangle", {Kind::Rectangle, {100, 100, 200, 20}, 3, true}, {0, 0, 400, 300}},
             {"inverted ellipse", {Kind::Ellipse, {10, 10, 380, 280}, 0, true}, {0, 0, 400, 300}},
         };
-        for (const auto& row : rows)
-            QTest::newRow(row.name) << row.shape << row.area;
+        for (const auto& row : rows) QTest::newRow(row.name) << row.shape << row.area;
     }
-    void maskIsTheCoverageInItsBoundingRectangle()
-    {
+    void maskIsTheCoverageInItsBoundingRectangle() {
         QFETCH(HBSelectionShape, shape);
         QFETCH(QRect, area);
         const HBSelection selection = shape.Rasterize(QSize(400, 300));
@@ -58,8 +53,7 @@ private slots:
         }
     }
 
-    void edges()
-    {
+    void edges() {
         const HBSelectionShape hard{Kind::Rectangle, {10, 10, 20, 20}, 0, false};
         QCOMPARE(hard.CoverageAt(9, 10), 0);
         QCOMPARE(hard.CoverageAt(10, 10), 255);
@@ -78,15 +72,13 @@ private slots:
         const HBSelectionShape circle{Kind::Ellipse, {0, 0, 200, 200}, 0, false};
         double covered = 0;
         for (int y = 0; y < 200; ++y) {
-            for (int x = 0; x < 200; ++x)
-                covered += circle.CoverageAt(x, y) / 255.0;
+            for (int x = 0; x < 200; ++x) covered += circle.CoverageAt(x, y) / 255.0;
         }
         QVERIFY(qAbs(covered - 31415.9) < 10); // pi r^2: the border pixels count in part
         QVERIFY(circle.CoverageAt(29, 29) > 0 && circle.CoverageAt(29, 29) < 255);
     }
 
-    void nothingToSelect()
-    {
+    void nothingToSelect() {
         for (const HBSelectionShape& shape :
              {HBSelectionShape(), HBSelectionShape{Kind::Rectangle, {500, 0, 10, 10}, 0, false},
               HBSelectionShape{Kind::Ellipse, QRect(), 5, false}}) {
@@ -97,8 +89,7 @@ private slots:
         QVERIFY(!(HBSelectionShape{Kind::Rectangle, {0, 0, 5, 5}, 0, false}.Rasterize(QSize())).bounds.isValid());
     }
 
-    void aHugeSelectionCostsItsEdgeOnly()
-    {
+    void aHugeSelectionCostsItsEdgeOnly() {
         for (const Kind kind : {Kind::Rectangle, Kind::Ellipse}) {
             for (const bool inverted : {false, true}) {
                 const qint64 before = KMTileManager64::Instance().CurrentUsage().resident;

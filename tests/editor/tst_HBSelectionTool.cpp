@@ -13,19 +13,16 @@ Q_DECLARE_METATYPE(HBSelectionShape::Kind)
 
 using Kind = HBSelectionShape::Kind;
 
-class TestHBSelectionTool : public QObject
-{
+class TestHBSelectionTool : public QObject {
     Q_OBJECT
 
-    struct Fixture
-    {
+    struct Fixture {
         KMDocumentView view;
         HBSelectionTool tool{&view};
 
         Fixture() { view.SetPicture(HBImage<>(400, 300)); }
 
-        bool Mouse(QEvent::Type type, const QPointF& at, Qt::KeyboardModifiers modifiers = {})
-        {
+        bool Mouse(QEvent::Type type, const QPointF& at, Qt::KeyboardModifiers modifiers = {}) {
             QGraphicsSceneMouseEvent event(type);
             event.setScenePos(at);
             event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : Qt::LeftButton);
@@ -33,22 +30,19 @@ class TestHBSelectionTool : public QObject
             event.setModifiers(modifiers);
             return QApplication::sendEvent(view.scene(), &event);
         }
-        void Drag(const QPointF& from, const QPointF& to, Qt::KeyboardModifiers modifiers = {})
-        {
+        void Drag(const QPointF& from, const QPointF& to, Qt::KeyboardModifiers modifiers = {}) {
             Mouse(QEvent::GraphicsSceneMousePress, from);
             Mouse(QEvent::GraphicsSceneMouseMove, (from + to) / 2, modifiers);
             Mouse(QEvent::GraphicsSceneMouseRelease, to, modifiers);
         }
-        void Escape()
-        {
+        void Escape() {
             QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
             QApplication::sendEvent(view.scene(), &event);
         }
     };
 
 private slots:
-    void drags_data()
-    {
+    void drags_data() {
         QTest::addColumn<Kind>("kind");
         QTest::addColumn<QPointF>("from");
         QTest::addColumn<QPointF>("to");
@@ -67,8 +61,7 @@ private slots:
         QTest::newRow("outside") << Kind::Ellipse << QPointF(-50, 10) << QPointF(-10, 20) << false << QRect();
         QTest::newRow("click") << Kind::Rectangle << QPointF(50, 50) << QPointF(50.3, 50) << false << QRect();
     }
-    void drags()
-    {
+    void drags() {
         QFETCH(Kind, kind);
         QFETCH(QPointF, from);
         QFETCH(QPointF, to);
@@ -87,8 +80,7 @@ private slots:
         QCOMPARE(f.tool.Shape().feather, rect.isNull() ? 0 : 3);
     }
 
-    void leavesTheMouseToOthers()
-    {
+    void leavesTheMouseToOthers() {
         Fixture f;
         f.Drag({10, 10}, {50, 50}); // no tool
         QVERIFY(f.tool.Shape().IsNone());
@@ -104,8 +96,7 @@ private slots:
         QVERIFY(f.tool.Shape().IsNone());
     }
 
-    void escape()
-    {
+    void escape() {
         Fixture f;
         f.tool.SetTool(Kind::Rectangle);
         f.Drag({10, 10}, {50, 50});
@@ -121,8 +112,7 @@ private slots:
         QCOMPARE(changed.count(), 1);
     }
 
-    void allNoneInvert()
-    {
+    void allNoneInvert() {
         Fixture f;
         f.tool.Invert();
         QCOMPARE(f.tool.Shape().rect, QRect(0, 0, 400, 300));

@@ -8,8 +8,7 @@
 #include <QGraphicsView>
 #include <QPointer>
 
-class TestControlNode : public QObject
-{
+class TestControlNode : public QObject {
     Q_OBJECT
 private slots:
     void HitArea_data();
@@ -21,8 +20,7 @@ private slots:
     void AssistiveTechnology();
 };
 
-void TestControlNode::HitArea_data()
-{
+void TestControlNode::HitArea_data() {
     QTest::addColumn<QPointF>("offset");
     QTest::addColumn<bool>("hit");
     QTest::newRow("centre") << QPointF(0, 0) << true;
@@ -31,8 +29,7 @@ void TestControlNode::HitArea_data()
     QTest::newRow("below it") << QPointF(0, 4.1) << false;
 }
 
-void TestControlNode::HitArea()
-{
+void TestControlNode::HitArea() {
     QFETCH(QPointF, offset);
     QGraphicsScene scene(0, 0, 255, 255);
     QGraphicsView view(&scene);
@@ -45,8 +42,7 @@ void TestControlNode::HitArea()
     }
 }
 
-void TestControlNode::LooksTheSameInAnyView_data()
-{
+void TestControlNode::LooksTheSameInAnyView_data() {
     QTest::addColumn<qreal>("x");
     QTest::addColumn<qreal>("y");
     QTest::newRow("as it is") << 1.0 << 1.0;
@@ -54,8 +50,7 @@ void TestControlNode::LooksTheSameInAnyView_data()
     QTest::newRow("large") << 5.0 << 5.0;
 }
 
-void TestControlNode::LooksTheSameInAnyView()
-{
+void TestControlNode::LooksTheSameInAnyView() {
     QFETCH(qreal, x);
     QFETCH(qreal, y);
     QGraphicsScene scene(0, 0, 255, 255);
@@ -73,8 +68,7 @@ void TestControlNode::LooksTheSameInAnyView()
         QRect drawn;
         for (int row = 0; row < image.height(); ++row)
             for (int column = 0; column < image.width(); ++column)
-                if (image.pixelColor(column, row) != QColor(90, 140, 90))
-                    drawn |= QRect(column, row, 1, 1);
+                if (image.pixelColor(column, row) != QColor(90, 140, 90)) drawn |= QRect(column, row, 1, 1);
         return drawn.size();
     };
     const QSize normal = extent();
@@ -87,8 +81,7 @@ void TestControlNode::LooksTheSameInAnyView()
     QCOMPARE(extent(), normal);
 }
 
-void TestControlNode::PressesStayWithTheNode()
-{
+void TestControlNode::PressesStayWithTheNode() {
     QGraphicsScene scene(0, 0, 255, 255);
     QGraphicsView view(&scene);
     view.setDragMode(QGraphicsView::RubberBandDrag);
@@ -115,8 +108,7 @@ void TestControlNode::PressesStayWithTheNode()
     QCOMPARE(node->pos(), QPointF(100, 80));
 }
 
-void TestControlNode::SlotsMayDeleteTheNode()
-{
+void TestControlNode::SlotsMayDeleteTheNode() {
     QGraphicsScene scene(0, 0, 255, 255);
     QGraphicsView view(&scene);
     view.resize(300, 300);
@@ -134,8 +126,7 @@ void TestControlNode::SlotsMayDeleteTheNode()
     }
 }
 
-void TestControlNode::AssistiveTechnology()
-{
+void TestControlNode::AssistiveTechnology() {
     QGraphicsScene scene(0, 0, 255, 255);
     QGraphicsView view(&scene);
     view.resize(300, 300);

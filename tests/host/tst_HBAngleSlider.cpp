@@ -11,22 +11,19 @@
 #include <cmath>
 #include <memory>
 
-namespace
-{
+namespace {
 
 constexpr int Size = 36;
 
 /// A point of the dial in the direction of an angle.
-QPoint At(int degrees)
-{
+QPoint At(int degrees) {
     const double radians = degrees * 3.14159265358979 / 180;
     return {int(std::lround(17.5 + 14 * std::cos(radians))), int(std::lround(17.5 - 14 * std::sin(radians)))};
 }
 
 } // namespace
 
-class tst_HBAngleSlider : public QObject
-{
+class tst_HBAngleSlider : public QObject {
     Q_OBJECT
 private slots:
     void init();
@@ -49,13 +46,11 @@ private:
     HBAngleSlider* m_pDial = nullptr;
     QWidget* m_pOther = nullptr;
 
-    void Drag(const QPointF& to, Qt::KeyboardModifiers modifiers = {})
-    {
+    void Drag(const QPointF& to, Qt::KeyboardModifiers modifiers = {}) {
         QMouseEvent event(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton, modifiers);
         QApplication::sendEvent(m_pDial, &event);
     }
-    void Turn(int delta)
-    {
+    void Turn(int delta) {
         const QPointF at(18, 18);
         QWheelEvent event(at, m_pDial->mapToGlobal(at.toPoint()), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
@@ -63,8 +58,7 @@ private:
     }
 };
 
-void tst_HBAngleSlider::init()
-{
+void tst_HBAngleSlider::init() {
     m_pWindow = std::make_unique<QWidget>();
     m_pWindow->resize(120, 60);
     m_pDial = new HBAngleSlider(m_pWindow.get());
@@ -77,8 +71,7 @@ void tst_HBAngleSlider::init()
     QVERIFY(QTest::qWaitForWindowActive(m_pWindow.get()));
 }
 
-void tst_HBAngleSlider::Values_data()
-{
+void tst_HBAngleSlider::Values_data() {
     QTest::addColumn<int>("set");
     QTest::addColumn<int>("value");
     QTest::addColumn<int>("changes");
@@ -91,8 +84,7 @@ void tst_HBAngleSlider::Values_data()
     QTest::newRow("above") << INT_MAX << 180 << 1;
 }
 
-void tst_HBAngleSlider::Values()
-{
+void tst_HBAngleSlider::Values() {
     QFETCH(int, set);
     QFETCH(int, value);
     QFETCH(int, changes);
@@ -104,8 +96,7 @@ void tst_HBAngleSlider::Values()
     QCOMPARE(spy.count(), changes);
 }
 
-void tst_HBAngleSlider::TiedToASpinBox()
-{
+void tst_HBAngleSlider::TiedToASpinBox() {
     auto* spin = qobject_cast<QSpinBox*>(m_pOther);
     spin->setRange(-179, 180);
     connect(m_pDial, SIGNAL(valueChanged(int)), spin, SLOT(setValue(int)));
@@ -119,8 +110,7 @@ void tst_HBAngleSlider::TiedToASpinBox()
     }
 }
 
-void tst_HBAngleSlider::AngleAt_data()
-{
+void tst_HBAngleSlider::AngleAt_data() {
     QTest::addColumn<QPointF>("point");
     QTest::addColumn<int>("angle");
     QTest::newRow("right") << QPointF(5, 0) << 0;
@@ -133,15 +123,13 @@ void tst_HBAngleSlider::AngleAt_data()
     QTest::newRow("the centre keeps it") << QPointF() << 77;
 }
 
-void tst_HBAngleSlider::AngleAt()
-{
+void tst_HBAngleSlider::AngleAt() {
     QFETCH(QPointF, point);
     QFETCH(int, angle);
     QCOMPARE(HBAngleSlider::AngleAt(point, 77), angle);
 }
 
-void tst_HBAngleSlider::Mouse()
-{
+void tst_HBAngleSlider::Mouse() {
     QTest::mousePress(m_pDial, Qt::RightButton, Qt::NoModifier, At(90));
     QCOMPARE(m_pDial->value(), 0);
     QTest::mousePress(m_pDial, Qt::LeftButton, Qt::NoModifier, At(90));
@@ -159,8 +147,7 @@ void tst_HBAngleSlider::Mouse()
     QVERIFY(!m_pDial->isSliderDown());
 }
 
-void tst_HBAngleSlider::Keys_data()
-{
+void tst_HBAngleSlider::Keys_data() {
     QTest::addColumn<int>("before");
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("after");
@@ -178,8 +165,7 @@ void tst_HBAngleSlider::Keys_data()
     QTest::newRow("another key") << 7 << int(Qt::Key_A) << 7;
 }
 
-void tst_HBAngleSlider::Keys()
-{
+void tst_HBAngleSlider::Keys() {
     QFETCH(int, before);
     QFETCH(int, key);
     QFETCH(int, after);
@@ -188,8 +174,7 @@ void tst_HBAngleSlider::Keys()
     QCOMPARE(m_pDial->value(), after);
 }
 
-void tst_HBAngleSlider::Wheel()
-{
+void tst_HBAngleSlider::Wheel() {
     Turn(240);
     QCOMPARE(m_pDial->value(), 2);
     Turn(-60);
@@ -203,8 +188,7 @@ void tst_HBAngleSlider::Wheel()
     QVERIFY(!(m_pDial->focusPolicy() & Qt::WheelFocus & ~Qt::StrongFocus));
 }
 
-void tst_HBAngleSlider::AssistiveTechnologyReadsIt()
-{
+void tst_HBAngleSlider::AssistiveTechnologyReadsIt() {
     m_pDial->setValue(-33);
     QAccessibleInterface* dial = QAccessible::queryAccessibleInterface(m_pDial);
     QVERIFY(dial && dial->valueInterface());
@@ -214,8 +198,7 @@ void tst_HBAngleSlider::AssistiveTechnologyReadsIt()
     QCOMPARE(m_pDial->value(), 44);
 }
 
-void tst_HBAngleSlider::PaintsAtAnySize()
-{
+void tst_HBAngleSlider::PaintsAtAnySize() {
     for (const QSize& size : {QSize(36, 36), QSize(1, 1), QSize(3, 90), QSize(200, 40)}) {
         m_pDial->setFixedSize(size);
         for (const bool enabled : {true, false}) {

@@ -3,8 +3,7 @@
 #include <HBColorWidget.h>
 #include <HBTestMain.h>
 
-class TestHBColorWidget : public QObject
-{
+class TestHBColorWidget : public QObject {
     Q_OBJECT
 private slots:
     void GradientsCoverTheWidget_data();
@@ -12,8 +11,7 @@ private slots:
     void TranslucentColoursShowChecks();
 };
 
-void TestHBColorWidget::GradientsCoverTheWidget_data()
-{
+void TestHBColorWidget::GradientsCoverTheWidget_data() {
     QTest::addColumn<int>("mode");
     QTest::addColumn<bool>("vertical");
     for (const bool vertical : {false, true}) {
@@ -24,8 +22,7 @@ void TestHBColorWidget::GradientsCoverTheWidget_data()
     }
 }
 
-void TestHBColorWidget::GradientsCoverTheWidget()
-{
+void TestHBColorWidget::GradientsCoverTheWidget() {
     QFETCH(int, mode);
     QFETCH(bool, vertical);
     QLinearGradient gradient(0, 0, vertical ? 0 : 1, vertical ? 1 : 0);
@@ -46,16 +43,14 @@ void TestHBColorWidget::GradientsCoverTheWidget()
     }
 }
 
-void TestHBColorWidget::TranslucentColoursShowChecks()
-{
+void TestHBColorWidget::TranslucentColoursShowChecks() {
     HBColorWidget widget;
     widget.resize(40, 20);
     const auto colours = [&widget] {
         const QImage image = widget.grab().toImage();
         QSet<QRgb> seen;
         for (int y = 2; y < 18; ++y)
-            for (int x = 2; x < 38; ++x)
-                seen << image.pixel(x, y);
+            for (int x = 2; x < 38; ++x) seen << image.pixel(x, y);
         return seen.size();
     };
     widget.SetBackgroundBrush(QColor(200, 30, 30));

@@ -11,15 +11,13 @@
 
 #include <memory>
 
-class TestHBCommonComboBox : public QObject
-{
+class TestHBCommonComboBox : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { m_pLog = std::make_unique<HBOffscreenLog>(); }
     void cleanupTestCase() { m_pLog.reset(); }
 
-    void wheelChoosesOnlyWithTheFocus()
-    {
+    void wheelChoosesOnlyWithTheFocus() {
         QWidget window;
         QVBoxLayout layout(&window);
         QLineEdit other;

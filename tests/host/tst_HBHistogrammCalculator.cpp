@@ -8,14 +8,12 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 using Counts = HBHistogrammCalculator::Counts;
 
 /// Differs along x and y in every channel; the padding of the border tiles is filled as well.
-HBImage<> Ramp(int width, int height)
-{
+HBImage<> Ramp(int width, int height) {
     HBImage<> image(width, height);
     for (int tile = 0; tile < image.Columns() * image.Rows(); ++tile) {
         const KMTilePin<HBRGBA32i> pin(image.Tile(tile), true);
@@ -27,8 +25,7 @@ HBImage<> Ramp(int width, int height)
     return image;
 }
 
-Counts PlainLoop(const HBImage<>& image, const QRect& rect)
-{
+Counts PlainLoop(const HBImage<>& image, const QRect& rect) {
     Counts counts;
     for (int y = qMax(0, rect.top()); y <= qMin(image.Height() - 1, rect.bottom()); ++y) {
         for (int x = qMax(0, rect.left()); x <= qMin(image.Width() - 1, rect.right()); ++x) {
@@ -45,8 +42,7 @@ Counts PlainLoop(const HBImage<>& image, const QRect& rect)
 
 } // namespace
 
-class TestHBHistogrammCalculator : public QObject
-{
+class TestHBHistogrammCalculator : public QObject {
     Q_OBJECT
 private slots:
     void EqualsAPlainLoop_data();
@@ -61,8 +57,7 @@ private slots:
     void PixelByPixel();
 };
 
-void TestHBHistogrammCalculator::EqualsAPlainLoop_data()
-{
+void TestHBHistogrammCalculator::EqualsAPlainLoop_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QRect>("rect");
     for (const QSize size :
@@ -79,8 +74,7 @@ void TestHBHistogrammCalculator::EqualsAPlainLoop_data()
     QTest::newRow("no image") << QSize(0, 0) << QRect(0, 0, 5, 5);
 }
 
-void TestHBHistogrammCalculator::EqualsAPlainLoop()
-{
+void TestHBHistogrammCalculator::EqualsAPlainLoop() {
     QFETCH(QSize, size);
     QFETCH(QRect, rect);
     const HBImage<> image = Ramp(size.width(), size.height());
@@ -95,8 +89,7 @@ void TestHBHistogrammCalculator::EqualsAPlainLoop()
     QThreadPool::globalInstance()->setMaxThreadCount(threads);
 }
 
-void TestHBHistogrammCalculator::LumaIsRounded()
-{
+void TestHBHistogrammCalculator::LumaIsRounded() {
     for (int r = 0; r < 256; r += 5) {
         for (int g = 0; g < 256; g += 5) {
             for (int b = 0; b < 256; b += 5) {
@@ -111,8 +104,7 @@ void TestHBHistogrammCalculator::LumaIsRounded()
 }
 
 // The fast counters are 16 bits wide: far more pixels than that of one level.
-void TestHBHistogrammCalculator::OneColourOfManyPixels()
-{
+void TestHBHistogrammCalculator::OneColourOfManyPixels() {
     QImage colour(1500, 1000, QImage::Format_RGB32);
     colour.fill(QColor(1, 128, 255));
     for (const Counts& counts : {HBHistogrammCalculator::Count(colour),
@@ -125,8 +117,7 @@ void TestHBHistogrammCalculator::OneColourOfManyPixels()
     }
 }
 
-void TestHBHistogrammCalculator::QImagesOfAnyFormat()
-{
+void TestHBHistogrammCalculator::QImagesOfAnyFormat() {
     const QImage ramp = Ramp(130, 70).ToQImage();
     const Counts expected = HBHistogrammCalculator::Count(Ramp(130, 70), QRect(0, 0, 130, 70));
     QVERIFY(HBHistogrammCalculator::Count(ramp).levels == expected.levels);
@@ -143,8 +134,7 @@ void TestHBHistogrammCalculator::QImagesOfAnyFormat()
     QCOMPARE(HBHistogrammCalculator::Count(QImage()).pixels, quint64(0));
 }
 
-void TestHBHistogrammCalculator::AccumulateAddsAndStops()
-{
+void TestHBHistogrammCalculator::AccumulateAddsAndStops() {
     const HBImage<> image = Ramp(200, 150);
     const Counts counts = PlainLoop(image, QRect(0, 0, 200, 150));
     int red[256] = {};
@@ -154,19 +144,16 @@ void TestHBHistogrammCalculator::AccumulateAddsAndStops()
     calculator.SetOutput(red, nullptr, nullptr, luma);
     calculator.Accumulate(image, QRect(0, 0, 200, 150));
     calculator.Accumulate(image, QRect(0, 0, 200, 150));
-    for (int level = 0; level < 256; ++level)
-        QCOMPARE(red[level], int(2 * counts.levels[0][level]));
+    for (int level = 0; level < 256; ++level) QCOMPARE(red[level], int(2 * counts.levels[0][level]));
     QCOMPARE(luma[60], std::numeric_limits<int>::max());
 }
 
-void TestHBHistogrammCalculator::AbandonedCountsEnd()
-{
+void TestHBHistogrammCalculator::AbandonedCountsEnd() {
     const std::atomic<bool> abandoned{true};
     QCOMPARE(HBHistogrammCalculator::Count(Ramp(300, 300), QRect(0, 0, 300, 300), &abandoned).pixels, quint64(0));
 }
 
-void TestHBHistogrammCalculator::Threshold_data()
-{
+void TestHBHistogrammCalculator::Threshold_data() {
     using Levels = QMap<int, int>;
     QTest::addColumn<Levels>("levels");
     QTest::addColumn<int>("low");
@@ -180,20 +167,17 @@ void TestHBHistogrammCalculator::Threshold_data()
     QTest::newRow("negative counts are none") << Levels{{7, -50}, {9, 10}} << 9 << 9;
 }
 
-void TestHBHistogrammCalculator::Threshold()
-{
+void TestHBHistogrammCalculator::Threshold() {
     using Levels = QMap<int, int>;
     QFETCH(Levels, levels);
     QFETCH(int, low);
     QFETCH(int, high);
     int counts[256] = {};
-    for (auto it = levels.cbegin(); it != levels.cend(); ++it)
-        counts[it.key()] = it.value();
+    for (auto it = levels.cbegin(); it != levels.cend(); ++it) counts[it.key()] = it.value();
     QCOMPARE(HBHistogrammCalculator::Threshold(counts), (std::vector<int>{low, high}));
 }
 
-void TestHBHistogrammCalculator::PixelByPixel()
-{
+void TestHBHistogrammCalculator::PixelByPixel() {
     uint red[256] = {};
     uint green[256] = {};
     uint blue[256] = {};

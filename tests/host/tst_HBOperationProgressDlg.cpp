@@ -13,13 +13,11 @@
 #include <functional>
 #include <memory>
 
-class TestHBOperationProgressDlg : public QObject
-{
+class TestHBOperationProgressDlg : public QObject {
     Q_OBJECT
 
     /// Runs the dialog and does something to it meanwhile.
-    static int Run(HBOperationProgressDlg* dialog, const std::function<void()>& meanwhile)
-    {
+    static int Run(HBOperationProgressDlg* dialog, const std::function<void()>& meanwhile) {
         QTimer::singleShot(0, dialog, meanwhile);
         QTimer::singleShot(10000, dialog, &QDialog::reject);
         return HBDialog::Exec(dialog);
@@ -29,8 +27,7 @@ private slots:
     void initTestCase() { m_pLog = std::make_unique<HBOffscreenLog>(); }
     void cleanupTestCase() { m_pLog.reset(); }
 
-    void acceptsAtTheMaximumOnlyWhileItRuns()
-    {
+    void acceptsAtTheMaximumOnlyWhileItRuns() {
         HBOperationProgressDlg dialog;
         dialog.SetLabel("Levels:");
         QCOMPARE(dialog.Label(), QString("Levels:"));
@@ -49,15 +46,13 @@ private slots:
         QCOMPARE(result, 1);
     }
 
-    void cancels()
-    {
+    void cancels() {
         HBOperationProgressDlg dialog;
         QCOMPARE(Run(&dialog, [&] { QTest::keyClick(&dialog, Qt::Key_Escape); }), 0);
         QCOMPARE(Run(&dialog, [&] { dialog.close(); }), 0);
     }
 
-    void survivesItsOwnDeath()
-    {
+    void survivesItsOwnDeath() {
         auto* dialog = new HBOperationProgressDlg;
         QCOMPARE(Run(dialog, [=] { delete dialog; }), 0);
     }

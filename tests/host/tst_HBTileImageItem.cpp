@@ -9,19 +9,16 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
-HBImage<> Filled(int width, int height, HBRGBA32i pixel)
-{
+HBImage<> Filled(int width, int height, HBRGBA32i pixel) {
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(pixel.ToRgba());
     return HBImage<>::FromQImage(image);
 }
 
 /// The whole scene at that scale, on magenta.
-QImage Render(QGraphicsScene& scene, const QSize& size, double scale)
-{
+QImage Render(QGraphicsScene& scene, const QSize& size, double scale) {
     QImage image(qRound(size.width() * scale), qRound(size.height() * scale), QImage::Format_RGB32);
     image.fill(qRgb(255, 0, 255));
     QPainter painter(&image);
@@ -32,19 +29,16 @@ QImage Render(QGraphicsScene& scene, const QSize& size, double scale)
 
 } // namespace
 
-class TestHBTileImageItem : public QObject
-{
+class TestHBTileImageItem : public QObject {
     Q_OBJECT
 private slots:
-    void noSeamAtAnyScale_data()
-    {
+    void noSeamAtAnyScale_data() {
         QTest::addColumn<double>("scale");
         for (const double scale :
              {0.013, 0.1, 0.26, 0.4999, 0.5, 0.61, 0.77, 0.999, 1.0, 1.37, 1.9, 2.0, 2.3, 5.5})
             QTest::addRow("%g", scale) << scale;
     }
-    void noSeamAtAnyScale()
-    {
+    void noSeamAtAnyScale() {
         QFETCH(double, scale);
         const QSize size(300, 270); // 3 x 3 tiles, the last ones cut
         QGraphicsScene scene;
@@ -54,18 +48,15 @@ private slots:
         item.SetImage(Filled(size.width(), size.height(), HBRGBA32i(10, 200, 90)));
         const QImage image = Render(scene, size, scale);
         for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                QCOMPARE(image.pixel(x, y), qRgb(10, 200, 90));
+            for (int x = 0; x < image.width(); ++x) QCOMPARE(image.pixel(x, y), qRgb(10, 200, 90));
         }
         scene.removeItem(&item);
     }
 
-    void showsThePixelsThemselvesFromHundredPercentUp()
-    {
+    void showsThePixelsThemselvesFromHundredPercentUp() {
         QImage ramp(300, 140, QImage::Format_ARGB32);
         for (int y = 0; y < ramp.height(); ++y) {
-            for (int x = 0; x < ramp.width(); ++x)
-                ramp.setPixel(x, y, qRgb(x & 255, y, x >> 8));
+            for (int x = 0; x < ramp.width(); ++x) ramp.setPixel(x, y, qRgb(x & 255, y, x >> 8));
         }
         QGraphicsScene scene;
         HBTileImageItem item;
@@ -81,8 +72,7 @@ private slots:
         scene.removeItem(&item);
     }
 
-    void averagesBelowHalfAndIgnoresPadding()
-    {
+    void averagesBelowHalfAndIgnoresPadding() {
         // Stripes of one pixel become their mean; the padding beyond 130 must not darken the last column.
         QImage stripes(130, 8, QImage::Format_ARGB32);
         for (int y = 0; y < 8; ++y) {
@@ -95,16 +85,14 @@ private slots:
         const QImage half = mips.Assemble(QRect(0, 0, 2, 1), 1);
         QCOMPARE(half.size(), QSize(128, 64));
         QVERIFY(!half.hasAlphaChannel());
-        for (int x = 0; x < 65; ++x)
-            QCOMPARE(half.pixel(x, 0), qRgb(150, 150, 150));
+        for (int x = 0; x < 65; ++x) QCOMPARE(half.pixel(x, 0), qRgb(150, 150, 150));
         // Each level is made from the one below it.
         const QImage quarter = mips.Assemble(QRect(0, 0, 1, 1), 2);
         QCOMPARE(quarter.size(), QSize(32, 32));
         QCOMPARE(quarter.pixel(31, 1), qRgb(150, 150, 150));
     }
 
-    void shrinksOnlyTilesThatChanged()
-    {
+    void shrinksOnlyTilesThatChanged() {
         HBImage<> image = Filled(300, 300, HBRGBA32i(1, 2, 3));
         HBTileMips mips;
         mips.SetImage(image);
@@ -122,13 +110,11 @@ private slots:
         // Without time a few are made all the same, so that it ends.
         mips.SetImage(Filled(300, 300, HBRGBA32i(9, 9, 9)));
         int calls = 1;
-        while (!mips.Prepare(all, 3, 0))
-            ++calls;
+        while (!mips.Prepare(all, 3, 0)) ++calls;
         QVERIFY(calls <= 9);
     }
 
-    void transparencyLiesOnAChecker()
-    {
+    void transparencyLiesOnAChecker() {
         QGraphicsScene scene;
         HBTileImageItem item;
         scene.addItem(&item);

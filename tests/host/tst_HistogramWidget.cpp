@@ -9,27 +9,21 @@
 
 #include <memory>
 
-namespace
-{
+namespace {
 
-QImage Grey(int level, int width = 20, int height = 10)
-{
+QImage Grey(int level, int width = 20, int height = 10) {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(QColor(level, level, level));
     return image;
 }
 
 /// Keeps every thread of the pool busy until it is released or dies.
-class PoolBlock
-{
+class PoolBlock {
 public:
-    PoolBlock()
-    {
-        for (int i = 0; i < m_Threads; ++i)
-            QtConcurrent::run([this] { m_Gate.acquire(); });
+    PoolBlock() {
+        for (int i = 0; i < m_Threads; ++i) QtConcurrent::run([this] { m_Gate.acquire(); });
     }
-    ~PoolBlock()
-    {
+    ~PoolBlock() {
         m_Gate.release(m_Threads);
         QThreadPool::globalInstance()->waitForDone();
     }
@@ -41,8 +35,7 @@ private:
 
 } // namespace
 
-class TestHistogramWidget : public QObject
-{
+class TestHistogramWidget : public QObject {
     Q_OBJECT
 private slots:
     void CountsEitherKind();
@@ -55,8 +48,7 @@ private slots:
     void ChannelsLookDifferent();
 };
 
-void TestHistogramWidget::CountsEitherKind()
-{
+void TestHistogramWidget::CountsEitherKind() {
     QImage picture = Grey(30, 300, 200);
     picture.setPixel(5, 5, qRgb(10, 200, 255));
     HBSharedImage<QImage> plain;
@@ -83,8 +75,7 @@ void TestHistogramWidget::CountsEitherKind()
     }
 }
 
-void TestHistogramWidget::TheNewestRequestWins()
-{
+void TestHistogramWidget::TheNewestRequestWins() {
     HBSharedImage<QImage> first;
     first.Set(Grey(1));
     HBSharedImage<HBImage<>> second;
@@ -104,8 +95,7 @@ void TestHistogramWidget::TheNewestRequestWins()
     QCOMPARE(widget.GetPixelsCount(), 200.0);
 }
 
-void TestHistogramWidget::RebuildsAfterAChange()
-{
+void TestHistogramWidget::RebuildsAfterAChange() {
     HBSharedImage<QImage> shared;
     shared.Set(Grey(1));
     HistogramWidget widget;
@@ -119,8 +109,7 @@ void TestHistogramWidget::RebuildsAfterAChange()
     QCOMPARE(widget.GetCount(0, 9), 200u);
 }
 
-void TestHistogramWidget::ANullPointerClears()
-{
+void TestHistogramWidget::ANullPointerClears() {
     HBSharedImage<QImage> shared;
     shared.Set(Grey(1));
     HistogramWidget widget;
@@ -141,8 +130,7 @@ void TestHistogramWidget::ANullPointerClears()
     QCOMPARE(qMakePair(low, high), qMakePair(0, 0));
 }
 
-void TestHistogramWidget::MayDieWhileCounting()
-{
+void TestHistogramWidget::MayDieWhileCounting() {
     auto shared = std::make_unique<HBSharedImage<HBImage<>>>();
     shared->Set(HBImage<>::FromQImage(Grey(1, 2000, 2000)));
     {
@@ -154,8 +142,7 @@ void TestHistogramWidget::MayDieWhileCounting()
     QCoreApplication::processEvents();
 }
 
-void TestHistogramWidget::UnknownChannelsAndLevels()
-{
+void TestHistogramWidget::UnknownChannelsAndLevels() {
     HBSharedImage<QImage> shared;
     shared.Set(Grey(0));
     HistogramWidget widget;
@@ -174,8 +161,7 @@ void TestHistogramWidget::UnknownChannelsAndLevels()
     QCOMPARE(widget.GetCount(0, 256), 0u);
 }
 
-void TestHistogramWidget::ASpikeLeavesTheRestReadable()
-{
+void TestHistogramWidget::ASpikeLeavesTheRestReadable() {
     QImage picture = Grey(255, 256, 400);
     for (int x = 0; x < 256; ++x)
         picture.setPixel(x, 0, qRgb(x, x, x)); // a flat row of levels under 100 000 white pixels
@@ -195,12 +181,10 @@ void TestHistogramWidget::ASpikeLeavesTheRestReadable()
     QCOMPARE(image.pixelColor(128, 10), QColor(Qt::white));
 }
 
-void TestHistogramWidget::ChannelsLookDifferent()
-{
+void TestHistogramWidget::ChannelsLookDifferent() {
     QImage picture(256, 64, QImage::Format_RGB32);
     for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 256; ++x)
-            picture.setPixel(x, y, qRgb(x / 2, x, 255 - x / 3));
+        for (int x = 0; x < 256; ++x) picture.setPixel(x, y, qRgb(x / 2, x, 255 - x / 3));
     HBSharedImage<QImage> shared;
     shared.Set(picture);
     HistogramWidget widget;

@@ -19,13 +19,11 @@
 #include <limits>
 #include <memory>
 
-namespace
-{
+namespace {
 
 /// Acts on the dialog that the next call opens, from inside its event loop.
 template <class Dialog>
-void WhenOpen(const std::function<void(Dialog*)>& action)
-{
+void WhenOpen(const std::function<void(Dialog*)>& action) {
     QTimer::singleShot(0, qApp, [action] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog);
@@ -36,8 +34,7 @@ void WhenOpen(const std::function<void(Dialog*)>& action)
 } // namespace
 
 /// The dialogs of colour, font and file.
-class tst_HostDialogs : public QObject
-{
+class tst_HostDialogs : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
@@ -62,8 +59,7 @@ private:
     const QTemporaryDir m_Folder;
 };
 
-void tst_HostDialogs::initTestCase()
-{
+void tst_HostDialogs::initTestCase() {
     m_pShowsWindows = std::make_unique<HBShowsWindows>();
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName("AdjustmentPanelsTest");
@@ -72,8 +68,7 @@ void tst_HostDialogs::initTestCase()
     QVERIFY(m_Folder.isValid());
 }
 
-void tst_HostDialogs::ColorIsKeptExactly_data()
-{
+void tst_HostDialogs::ColorIsKeptExactly_data() {
     QTest::addColumn<QColor>("color");
     QTest::newRow("8 bits") << QColor(1, 2, 3);
     QTest::newRow("translucent") << QColor(1, 2, 3, 4);
@@ -85,8 +80,7 @@ void tst_HostDialogs::ColorIsKeptExactly_data()
     QTest::newRow("none") << QColor();
 }
 
-void tst_HostDialogs::ColorIsKeptExactly()
-{
+void tst_HostDialogs::ColorIsKeptExactly() {
     QFETCH(QColor, color);
     KMColorDialog dialog(nullptr);
     QSignalSpy spy(&dialog, SIGNAL(ColorChanged(QColor)));
@@ -101,8 +95,7 @@ void tst_HostDialogs::ColorIsKeptExactly()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_HostDialogs::ColorFollowsTheUser()
-{
+void tst_HostDialogs::ColorFollowsTheUser() {
     KMColorDialog dialog(nullptr);
     dialog.setWindowTitle("Select a color");
     dialog.SetColor(QColor::fromRgbF(0.5, 0.25, 0.75));
@@ -128,15 +121,13 @@ void tst_HostDialogs::ColorFollowsTheUser()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_HostDialogs::ColorDialogEnds_data()
-{
+void tst_HostDialogs::ColorDialogEnds_data() {
     QTest::addColumn<bool>("parentDies");
     QTest::newRow("the dialog dies") << false;
     QTest::newRow("its parent dies") << true;
 }
 
-void tst_HostDialogs::ColorDialogEnds()
-{
+void tst_HostDialogs::ColorDialogEnds() {
     QFETCH(bool, parentDies);
     auto parent = std::make_unique<QWidget>();
     const QPointer<KMColorDialog> dialog(new KMColorDialog(parent.get()));
@@ -150,8 +141,7 @@ void tst_HostDialogs::ColorDialogEnds()
     QVERIFY(!dialog);
 }
 
-void tst_HostDialogs::FontIsKeptExactly_data()
-{
+void tst_HostDialogs::FontIsKeptExactly_data() {
     QTest::addColumn<QFont>("font");
     QFont font;
     font.setPointSizeF(17.3);
@@ -170,8 +160,7 @@ void tst_HostDialogs::FontIsKeptExactly_data()
     QTest::newRow("missing") << font;
 }
 
-void tst_HostDialogs::FontIsKeptExactly()
-{
+void tst_HostDialogs::FontIsKeptExactly() {
     QFETCH(QFont, font);
     HBFontDialog dialog(font, nullptr);
     for (const int answer : {1, 0}) {
@@ -183,8 +172,7 @@ void tst_HostDialogs::FontIsKeptExactly()
     QVERIFY(dialog.currentFont().pointSizeF() <= HBFontDialog::MaximumPoints);
 }
 
-void tst_HostDialogs::FontFollowsTheUser()
-{
+void tst_HostDialogs::FontFollowsTheUser() {
     QFont font;
     font.setPointSizeF(1e9);
     HBFontDialog dialog(font, nullptr);
@@ -204,8 +192,7 @@ void tst_HostDialogs::FontFollowsTheUser()
     QCOMPARE(dialog.GetSelectedFont().pointSize(), 24);
 }
 
-void tst_HostDialogs::FontDialogEnds()
-{
+void tst_HostDialogs::FontDialogEnds() {
     auto parent = std::make_unique<QWidget>();
     const QPointer<HBFontDialog> dialog(new HBFontDialog(QFont(), parent.get()));
     WhenOpen<HBFontDialog>([&](HBFontDialog*) { parent.reset(); });
@@ -213,8 +200,7 @@ void tst_HostDialogs::FontDialogEnds()
     QVERIFY(!dialog);
 }
 
-void tst_HostDialogs::FileByChooser()
-{
+void tst_HostDialogs::FileByChooser() {
     QStringList asked;
     QString answer = m_Folder.filePath("a.png");
     KMFileDialog::SetChooser([&](const QString& title, const QString& folder, const QString& filter) {
@@ -230,15 +216,13 @@ void tst_HostDialogs::FileByChooser()
     KMFileDialog::SetChooser(nullptr);
 }
 
-void tst_HostDialogs::FileByDialog_data()
-{
+void tst_HostDialogs::FileByDialog_data() {
     QTest::addColumn<bool>("accept");
     QTest::newRow("accepted") << true;
     QTest::newRow("cancelled") << false;
 }
 
-void tst_HostDialogs::FileByDialog()
-{
+void tst_HostDialogs::FileByDialog() {
     QFETCH(bool, accept);
     const QString name = m_Folder.filePath("chosen.png");
     QFile file(name);
@@ -259,8 +243,7 @@ void tst_HostDialogs::FileByDialog()
     QVERIFY(!QApplication::activeModalWidget());
 }
 
-void tst_HostDialogs::FileDialogDiesWithItsWindow()
-{
+void tst_HostDialogs::FileDialogDiesWithItsWindow() {
     auto window = std::make_unique<QWidget>();
     window->show();
     QApplication::setActiveWindow(window.get());

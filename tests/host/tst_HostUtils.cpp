@@ -7,8 +7,7 @@
 
 #include <QPixmap>
 
-class TestHostUtils : public QObject
-{
+class TestHostUtils : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { KMTheme::Install(); }
@@ -21,13 +20,9 @@ private slots:
 };
 
 /// The test runs once on a plain and once on a doubled screen.
-static bool Doubled()
-{
-    return qEnvironmentVariable("QT_SCALE_FACTOR") == QLatin1String("2");
-}
+static bool Doubled() { return qEnvironmentVariable("QT_SCALE_FACTOR") == QLatin1String("2"); }
 
-void TestHostUtils::Ratio()
-{
+void TestHostUtils::Ratio() {
     QCOMPARE(KMPixelRatioRound::GetPixelRatio(), Doubled() ? 2.0 : 1.0);
     KMPixelRatioRound::SetPixelRatio(3.0);
     QCOMPARE(KMPixelRatioRound::GetPixelRatio(), 3.0);
@@ -35,8 +30,7 @@ void TestHostUtils::Ratio()
     KMPixelRatioRound::SetPixelRatio(0.0);
 }
 
-void TestHostUtils::HighDpiNames_data()
-{
+void TestHostUtils::HighDpiNames_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("doubled");
     QTest::newRow("there is one") << "theme:picker_gray.png"
@@ -53,22 +47,19 @@ void TestHostUtils::HighDpiNames_data()
                            << "";
 }
 
-void TestHostUtils::HighDpiNames()
-{
+void TestHostUtils::HighDpiNames() {
     QFETCH(QString, name);
     QFETCH(QString, doubled);
     QCOMPARE(KMStringHelper::DPIAdjustImageName(name), Doubled() ? doubled : name);
 }
 
-void TestHostUtils::Pictures_data()
-{
+void TestHostUtils::Pictures_data() {
     QTest::addColumn<QString>("name");
     for (const char* name : {"cursor", "black", "gray", "white"})
         QTest::newRow(name) << QStringLiteral("theme:picker_%1.png").arg(QLatin1String(name));
 }
 
-void TestHostUtils::Pictures()
-{
+void TestHostUtils::Pictures() {
     QFETCH(QString, name);
     const QPixmap pixmap(KMStringHelper::DPIAdjustImageName(name));
     QCOMPARE(pixmap.devicePixelRatio(), Doubled() ? 2.0 : 1.0);
@@ -80,8 +71,7 @@ void TestHostUtils::Pictures()
     QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
 }
 
-void TestHostUtils::HostFoldersComeFirst()
-{
+void TestHostUtils::HostFoldersComeFirst() {
     const QTemporaryDir folder;
     QDir::setSearchPaths(QStringLiteral("theme"), {folder.path()});
     KMTheme::Install();

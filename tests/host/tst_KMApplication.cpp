@@ -7,12 +7,10 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-class TestKMApplication : public QObject
-{
+class TestKMApplication : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase()
-    {
+    void initTestCase() {
         // Never the settings of whoever runs the test.
         QVERIFY(m_Folder.isValid());
         QSettings::setDefaultFormat(QSettings::IniFormat);
@@ -20,8 +18,7 @@ private slots:
         QCoreApplication::setOrganizationName("Test");
     }
 
-    void folderIsKeptWhileItExists()
-    {
+    void folderIsKeptWhileItExists() {
         const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
         QCOMPARE(KMApplication::GetPathOpen(), pictures);
         KMApplication::SetPathOpen(m_Folder.path());
@@ -30,16 +27,14 @@ private slots:
         QCOMPARE(KMApplication::GetPathOpen(), pictures);
     }
 
-    void progressTimeout()
-    {
+    void progressTimeout() {
         QCOMPARE(KMApplication::GetProgressTimeout(), 500);
         KMApplication::SetProgressTimeout(-1);
         QCOMPARE(KMApplication::GetProgressTimeout(), 0);
         KMApplication::SetProgressTimeout(500);
     }
 
-    void tileMemory()
-    {
+    void tileMemory() {
         KMApplication::SetTileMemory(64 << 20);
         QCOMPARE(KMApplication::GetTileMemory(), qint64(64 << 20));
         KMApplication::SetTileMemory(0);

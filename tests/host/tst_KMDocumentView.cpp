@@ -11,23 +11,19 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
-HBImage<> Filled(int width, int height, HBRGBA32i pixel)
-{
+HBImage<> Filled(int width, int height, HBRGBA32i pixel) {
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(pixel.ToRgba());
     return HBImage<>::FromQImage(image);
 }
 
 /// A view of 400 x 300 pixels without scroll bars.
-struct Window
-{
+struct Window {
     KMDocumentView view;
 
-    explicit Window(const HBImage<>& picture)
-    {
+    explicit Window(const HBImage<>& picture) {
         view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         view.resize(400, 300);
@@ -35,14 +31,12 @@ struct Window
         view.SetPicture(picture);
     }
     QPointF ToScene(const QPointF& position) const { return view.viewportTransform().inverted().map(position); }
-    void Wheel(const QPoint& at, int delta, Qt::KeyboardModifiers modifiers)
-    {
+    void Wheel(const QPoint& at, int delta, Qt::KeyboardModifiers modifiers) {
         QWheelEvent event(at, view.mapToGlobal(at), {}, {0, delta}, Qt::NoButton, modifiers, Qt::NoScrollPhase,
                           false);
         QApplication::sendEvent(view.viewport(), &event);
     }
-    void Mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button, Qt::MouseButtons buttons)
-    {
+    void Mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
         QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, buttons, Qt::NoModifier);
         QApplication::sendEvent(view.viewport(), &event);
     }
@@ -50,14 +44,12 @@ struct Window
 
 } // namespace
 
-class TestKMDocumentView : public QObject
-{
+class TestKMDocumentView : public QObject {
     Q_OBJECT
 private slots:
     // ---- Zoom ----
 
-    void fitsAndKeepsTheZoomForTheSameSize()
-    {
+    void fitsAndKeepsTheZoomForTheSameSize() {
         Window w(Filled(800, 300, HBRGBA32i(1, 1, 1)));
         QCOMPARE(w.view.Zoom(), 0.5);
         w.view.resize(200, 300);
@@ -74,8 +66,7 @@ private slots:
         QCOMPARE(w.view.Zoom(), 5.0);
     }
 
-    void wheelZoomsToTheCursor()
-    {
+    void wheelZoomsToTheCursor() {
         Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
         w.view.SetZoom(0.95);
         const QPoint cursor(123, 77);
@@ -91,8 +82,7 @@ private slots:
         QCOMPARE(w.view.Zoom(), zoom);
     }
 
-    void keysStopAtRoundValues()
-    {
+    void keysStopAtRoundValues() {
         Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
         w.view.SetZoom(0.9);
         w.view.ZoomIn();
@@ -102,45 +92,38 @@ private slots:
         w.view.ZoomOut();
         w.view.ZoomOut();
         QCOMPARE(w.view.Zoom(), 2.0 / 3);
-        for (int i = 0; i < 50; ++i)
-            w.view.ZoomIn();
+        for (int i = 0; i < 50; ++i) w.view.ZoomIn();
         QCOMPARE(w.view.Zoom(), double(KMDocumentView::MaximumZoom));
-        for (int i = 0; i < 50; ++i)
-            w.view.ZoomOut();
+        for (int i = 0; i < 50; ++i) w.view.ZoomOut();
         QCOMPARE(w.view.Zoom(), double(KMDocumentView::MinimumZoom));
     }
 
     // ---- Mouse ----
 
-    void panning_data()
-    {
+    void panning_data() {
         QTest::addColumn<bool>("space");
         QTest::addColumn<int>("button");
         QTest::newRow("middle button") << false << int(Qt::MiddleButton);
         QTest::newRow("space") << true << int(Qt::LeftButton);
     }
-    void panning()
-    {
+    void panning() {
         QFETCH(bool, space);
         QFETCH(int, button);
         const auto used = Qt::MouseButton(button);
         Window w(Filled(4000, 3000, HBRGBA32i(1, 1, 1)));
         w.view.SetZoom(1);
         const QPoint from(w.view.horizontalScrollBar()->value(), w.view.verticalScrollBar()->value());
-        if (space)
-            QTest::keyPress(&w.view, Qt::Key_Space);
+        if (space) QTest::keyPress(&w.view, Qt::Key_Space);
         w.Mouse(QEvent::MouseButtonPress, {100, 100}, used, used);
         w.Mouse(QEvent::MouseMove, {70, 120}, Qt::NoButton, used);
         w.Mouse(QEvent::MouseButtonRelease, {70, 120}, used, Qt::NoButton);
-        if (space)
-            QTest::keyRelease(&w.view, Qt::Key_Space);
+        if (space) QTest::keyRelease(&w.view, Qt::Key_Space);
         w.Mouse(QEvent::MouseMove, {0, 0}, Qt::NoButton, Qt::NoButton);
         QCOMPARE(QPoint(w.view.horizontalScrollBar()->value(), w.view.verticalScrollBar()->value()) - from,
                  QPoint(30, -20));
     }
 
-    void tellsThePixelUnderTheMouse()
-    {
+    void tellsThePixelUnderTheMouse() {
         Window w(Filled(400, 100, HBRGBA32i(1, 1, 1))); // at 100 %, in the middle of 300 rows
         QSignalSpy hovered(&w.view, &KMDocumentView::PixelHovered);
         w.Mouse(QEvent::MouseMove, {7, 103}, Qt::NoButton, Qt::NoButton);
@@ -149,8 +132,7 @@ private slots:
         QCOMPARE(hovered.last().first().toPoint(), QPoint(-1, -1));
     }
 
-    void cursorOfPanelsGoesOverThatOfTools()
-    {
+    void cursorOfPanelsGoesOverThatOfTools() {
         Window w(Filled(40, 40, HBRGBA32i(1, 1, 1)));
         w.view.SetToolCursor(Qt::CrossCursor);
         w.view.SetOverrideCursor(Qt::WhatsThisCursor);
@@ -161,8 +143,7 @@ private slots:
         QCOMPARE(w.view.viewport()->cursor().shape(), Qt::CrossCursor);
     }
 
-    void noSeamWhereverItIsScrolled()
-    {
+    void noSeamWhereverItIsScrolled() {
         Window w(Filled(3000, 3000, HBRGBA32i(10, 200, 90)));
         w.view.PictureItem()->SetPatience(std::numeric_limits<int>::max());
         for (const double zoom : {0.31, 0.47, 0.61, 0.93, 1.0, 1.71, 2.9}) {
@@ -172,15 +153,13 @@ private slots:
                 w.view.verticalScrollBar()->setValue(position);
                 const QImage shown = w.view.viewport()->grab().toImage();
                 for (int y = 0; y < shown.height(); ++y) {
-                    for (int x = 0; x < shown.width(); ++x)
-                        QCOMPARE(shown.pixel(x, y), qRgb(10, 200, 90));
+                    for (int x = 0; x < shown.width(); ++x) QCOMPARE(shown.pixel(x, y), qRgb(10, 200, 90));
                 }
             }
         }
     }
 
-    void survivesHavingNoPicture()
-    {
+    void survivesHavingNoPicture() {
         Window w{HBImage<>()};
         w.view.SetPlaceholder("Nothing yet");
         w.view.ZoomToFit();

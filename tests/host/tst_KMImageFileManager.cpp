@@ -4,18 +4,14 @@
 
 #include <KMImageFileManager.h>
 
-class TestKMImageFileManager : public QObject
-{
+class TestKMImageFileManager : public QObject {
     Q_OBJECT
 private slots:
-    void suffixes()
-    {
+    void suffixes() {
         for (const QStringList& suffixes :
              {KMImageFileManager::SuffixesForRead(), KMImageFileManager::SuffixesForWrite()}) {
-            for (const char* photo : {"jpg", "jpeg", "png"})
-                QVERIFY2(suffixes.contains(photo), photo);
-            for (const char* drawing : {"svg", "ico", "pdf"})
-                QVERIFY2(!suffixes.contains(drawing), drawing);
+            for (const char* photo : {"jpg", "jpeg", "png"}) QVERIFY2(suffixes.contains(photo), photo);
+            for (const char* drawing : {"svg", "ico", "pdf"}) QVERIFY2(!suffixes.contains(drawing), drawing);
             QStringList sorted = suffixes;
             sorted.sort();
             QCOMPARE(suffixes, sorted);
@@ -23,8 +19,7 @@ private slots:
         }
     }
 
-    void filters()
-    {
+    void filters() {
         for (const QString& filter :
              {KMImageFileManager::GetFilterForRead(), KMImageFileManager::GetFilterForWrite()}) {
             const QStringList entries = filter.split(";;");

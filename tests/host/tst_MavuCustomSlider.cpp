@@ -10,12 +10,10 @@
 #include <limits>
 #include <memory>
 
-namespace
-{
+namespace {
 
 /// What a slot saw, as "handle:value".
-QStringList Seen(const QSignalSpy& spy)
-{
+QStringList Seen(const QSignalSpy& spy) {
     QStringList seen;
     for (const QList<QVariant>& call : spy)
         seen << QStringLiteral("%1:%2").arg(call.at(0).toUInt()).arg(call.at(1).toInt());
@@ -27,8 +25,7 @@ constexpr int Width = 259;
 
 } // namespace
 
-class TestMavuCustomSlider : public QObject
-{
+class TestMavuCustomSlider : public QObject {
     Q_OBJECT
 private slots:
     void init();
@@ -61,8 +58,7 @@ private:
     static QPoint At(int value) { return {value + 2, 8}; }
 };
 
-void TestMavuCustomSlider::init()
-{
+void TestMavuCustomSlider::init() {
     m_pWindow = std::make_unique<QWidget>();
     m_pWindow->resize(400, 100);
     m_pSlider = new MavuCustomSlider(m_pWindow.get());
@@ -77,21 +73,16 @@ void TestMavuCustomSlider::init()
     QVERIFY(QTest::qWaitForWindowActive(m_pWindow.get()));
 }
 
-void TestMavuCustomSlider::cleanup()
-{
-    m_pWindow.reset();
-}
+void TestMavuCustomSlider::cleanup() { m_pWindow.reset(); }
 
-void TestMavuCustomSlider::Mouse(QEvent::Type type, double x, double y)
-{
+void TestMavuCustomSlider::Mouse(QEvent::Type type, double x, double y) {
     const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, {x, y}, m_pSlider->mapToGlobal(QPoint(int(x), int(y))), button, held, Qt::NoModifier);
     QApplication::sendEvent(m_pSlider, &event);
 }
 
-void TestMavuCustomSlider::Limits_data()
-{
+void TestMavuCustomSlider::Limits_data() {
     constexpr int Min = std::numeric_limits<int>::min();
     constexpr int Max = std::numeric_limits<int>::max();
     QTest::addColumn<int>("minimum");
@@ -107,8 +98,7 @@ void TestMavuCustomSlider::Limits_data()
     QTest::newRow("any int") << Min << Max << Max << 255;
 }
 
-void TestMavuCustomSlider::Limits()
-{
+void TestMavuCustomSlider::Limits() {
     QFETCH(int, minimum);
     QFETCH(int, maximum);
     QFETCH(int, value);
@@ -120,8 +110,7 @@ void TestMavuCustomSlider::Limits()
     QCOMPARE(m_pSlider->Maximum(1), maximum);
 }
 
-void TestMavuCustomSlider::LimitsMoveTheValueOnce()
-{
+void TestMavuCustomSlider::LimitsMoveTheValueOnce() {
     QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     m_pSlider->SetMaximum(1, 100);
     m_pSlider->SetMaximum(1, 110);
@@ -132,8 +121,7 @@ void TestMavuCustomSlider::LimitsMoveTheValueOnce()
     QCOMPARE(Seen(changed), (QStringList{"1:100", "1:110", "0:50", "1:105", "2:105"}));
 }
 
-void TestMavuCustomSlider::UnknownHandlesAreIgnored()
-{
+void TestMavuCustomSlider::UnknownHandlesAreIgnored() {
     QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     m_pSlider->SetValue(3, 5);
     m_pSlider->SetMinimum(4000000000u, 5);
@@ -150,28 +138,24 @@ void TestMavuCustomSlider::UnknownHandlesAreIgnored()
     empty.grab();
 }
 
-void TestMavuCustomSlider::SlotsMaySetValuesAgain()
-{
+void TestMavuCustomSlider::SlotsMaySetValuesAgain() {
     QSignalSpy changed(m_pSlider, SIGNAL(ValueChanged(uint,int)));
     connect(m_pSlider, &MavuCustomSlider::ValueChanged, this, [this](uint control, int value) {
         QCOMPARE(m_pSlider->Value(control), value); // stored before it is told
-        if (value == 0)
-            m_pSlider->SetValue(control, 1);
+        if (value == 0) m_pSlider->SetValue(control, 1);
     });
     m_pSlider->SetValue(1, 0);
     QCOMPARE(m_pSlider->Value(1), 1);
     QCOMPARE(Seen(changed), (QStringList{"1:0", "1:1"}));
 }
 
-void TestMavuCustomSlider::SlotsMayDeleteTheSlider()
-{
+void TestMavuCustomSlider::SlotsMayDeleteTheSlider() {
     connect(m_pSlider, &MavuCustomSlider::ValueChanged, this, [this] { delete m_pSlider; });
     m_pSlider->SetRange(60, 70); // would move all three
     QVERIFY(m_pWindow->children().isEmpty());
 }
 
-void TestMavuCustomSlider::Drag_data()
-{
+void TestMavuCustomSlider::Drag_data() {
     QTest::addColumn<QVector<int>>("values");
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
@@ -187,13 +171,11 @@ void TestMavuCustomSlider::Drag_data()
     QTest::newRow("no movement, no choice") << List{90, 90, 90} << 90 << 90 << List{90, 90, 90};
 }
 
-void TestMavuCustomSlider::Drag()
-{
+void TestMavuCustomSlider::Drag() {
     QFETCH(QVector<int>, values);
     QFETCH(int, from);
     QFETCH(int, to);
-    for (int i = 0; i < 3; ++i)
-        m_pSlider->SetValue(uint(i), values.at(i));
+    for (int i = 0; i < 3; ++i) m_pSlider->SetValue(uint(i), values.at(i));
     Mouse(QEvent::MouseButtonPress, from + 2);
     Mouse(QEvent::MouseMove, (from + to) / 2 + 2);
     Mouse(QEvent::MouseMove, to + 2);
@@ -201,8 +183,7 @@ void TestMavuCustomSlider::Drag()
     QTEST((QVector<int>{m_pSlider->Value(0), m_pSlider->Value(1), m_pSlider->Value(2)}), "expected");
 }
 
-void TestMavuCustomSlider::AGripBesideTheTipDoesNotJump()
-{
+void TestMavuCustomSlider::AGripBesideTheTipDoesNotJump() {
     Mouse(QEvent::MouseButtonPress, 128 + 2 + 4);
     QCOMPARE(m_pSlider->Value(1), 128);
     Mouse(QEvent::MouseMove, 128 + 2 + 4 + 10);
@@ -215,8 +196,7 @@ void TestMavuCustomSlider::AGripBesideTheTipDoesNotJump()
     QCOMPARE(m_pSlider->Value(1), 133);
 }
 
-void TestMavuCustomSlider::OtherButtonsDoNothing()
-{
+void TestMavuCustomSlider::OtherButtonsDoNothing() {
     QTest::mouseClick(m_pSlider, Qt::RightButton, {}, At(60));
     Mouse(QEvent::MouseMove, 60);
     QCOMPARE(m_pSlider->Value(0), 0);
@@ -225,8 +205,7 @@ void TestMavuCustomSlider::OtherButtonsDoNothing()
     QCOMPARE(m_pSlider->Value(0), 0);
 }
 
-void TestMavuCustomSlider::ReleaseIsToldOnce()
-{
+void TestMavuCustomSlider::ReleaseIsToldOnce() {
     QSignalSpy released(m_pSlider, SIGNAL(NodeReleased()));
     QTest::mouseClick(m_pSlider, Qt::LeftButton, {}, At(60));
     QCOMPARE(released.count(), 1);
@@ -239,8 +218,7 @@ void TestMavuCustomSlider::ReleaseIsToldOnce()
     QCOMPARE(released.count(), 3);
 }
 
-void TestMavuCustomSlider::Keys_data()
-{
+void TestMavuCustomSlider::Keys_data() {
     QTest::addColumn<int>("start");
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("expected");
@@ -256,8 +234,7 @@ void TestMavuCustomSlider::Keys_data()
     QTest::newRow("another key") << 100 << int(Qt::Key_A) << 100;
 }
 
-void TestMavuCustomSlider::Keys()
-{
+void TestMavuCustomSlider::Keys() {
     QFETCH(int, start);
     QFETCH(int, key);
     m_pSlider->SetMinimum(1, 20);
@@ -274,8 +251,7 @@ void TestMavuCustomSlider::Keys()
     QCOMPARE(m_pSlider->Value(0), 0);
 }
 
-void TestMavuCustomSlider::TabVisitsHandlesThenLeaves()
-{
+void TestMavuCustomSlider::TabVisitsHandlesThenLeaves() {
     auto* next = new QWidget(m_pWindow.get());
     next->setFocusPolicy(Qt::StrongFocus);
     next->show();
@@ -296,8 +272,7 @@ void TestMavuCustomSlider::TabVisitsHandlesThenLeaves()
     QCOMPARE(m_pSlider->CurrentControl(), 1u);
 }
 
-void TestMavuCustomSlider::Wheel_data()
-{
+void TestMavuCustomSlider::Wheel_data() {
     QTest::addColumn<bool>("focused");
     QTest::addColumn<QVector<int>>("turns");
     QTest::addColumn<int>("modifiers");
@@ -311,15 +286,13 @@ void TestMavuCustomSlider::Wheel_data()
     QTest::newRow("not focused: left to the scroll area") << false << List{120} << 0 << 128 << false;
 }
 
-void TestMavuCustomSlider::Wheel()
-{
+void TestMavuCustomSlider::Wheel() {
     QFETCH(bool, focused);
     QFETCH(QVector<int>, turns);
     QFETCH(int, modifiers);
     QFETCH(bool, accepted);
     m_pSlider->SetCurrentControl(1);
-    if (!focused)
-        m_pSlider->clearFocus();
+    if (!focused) m_pSlider->clearFocus();
     for (const int turn : turns) {
         QWheelEvent event(QPointF(50, 5), m_pSlider->mapToGlobal(QPoint(50, 5)), {}, {0, turn}, Qt::NoButton,
                           Qt::KeyboardModifiers(modifiers), Qt::NoScrollPhase, false);
@@ -329,8 +302,7 @@ void TestMavuCustomSlider::Wheel()
     QTEST(m_pSlider->Value(1), "expected");
 }
 
-void TestMavuCustomSlider::AssistiveTechnologyReachesEachHandle()
-{
+void TestMavuCustomSlider::AssistiveTechnologyReachesEachHandle() {
     m_pSlider->SetControlName(2, QStringLiteral("White point"));
     m_pSlider->SetMinimum(2, 130);
     QAccessibleInterface* group = QAccessible::queryAccessibleInterface(m_pSlider);
@@ -360,13 +332,11 @@ void TestMavuCustomSlider::AssistiveTechnologyReachesEachHandle()
     QCOMPARE(group->focusChild(), handle);
 }
 
-void TestMavuCustomSlider::PaintsAtAnySize()
-{
+void TestMavuCustomSlider::PaintsAtAnySize() {
     for (const QSize size : {QSize(1, 1), QSize(5, 10), QSize(12, 3), QSize(1000, 60)}) {
         m_pSlider->resize(size);
         m_pSlider->grab();
-        for (uint i = 0; i < 3; ++i)
-            m_pSlider->ControlRect(i);
+        for (uint i = 0; i < 3; ++i) m_pSlider->ControlRect(i);
     }
     // A black handle must not vanish on a dark window, nor a white one on a light window.
     m_pSlider->resize(Width, 14);

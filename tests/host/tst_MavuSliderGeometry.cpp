@@ -5,8 +5,7 @@
 
 #include <limits>
 
-class TestMavuSliderGeometry : public QObject
-{
+class TestMavuSliderGeometry : public QObject {
     Q_OBJECT
 private slots:
     void EveryValueSurvivesThePixels_data();
@@ -17,8 +16,7 @@ private slots:
     void Nearest();
 };
 
-void TestMavuSliderGeometry::EveryValueSurvivesThePixels_data()
-{
+void TestMavuSliderGeometry::EveryValueSurvivesThePixels_data() {
     QTest::addColumn<int>("minimum");
     QTest::addColumn<int>("maximum");
     QTest::addColumn<double>("length");
@@ -29,8 +27,7 @@ void TestMavuSliderGeometry::EveryValueSurvivesThePixels_data()
     QTest::newRow("one value") << 7 << 7 << 100.0;
 }
 
-void TestMavuSliderGeometry::EveryValueSurvivesThePixels()
-{
+void TestMavuSliderGeometry::EveryValueSurvivesThePixels() {
     QFETCH(int, minimum);
     QFETCH(int, maximum);
     QFETCH(double, length);
@@ -41,8 +38,7 @@ void TestMavuSliderGeometry::EveryValueSurvivesThePixels()
     }
 }
 
-void TestMavuSliderGeometry::Ends()
-{
+void TestMavuSliderGeometry::Ends() {
     const MavuSliderGeometry geometry{0, 255, 2, 510};
     QCOMPARE(geometry.PositionOf(0), 2.0);
     QCOMPARE(geometry.PositionOf(255), 512.0);
@@ -52,8 +48,7 @@ void TestMavuSliderGeometry::Ends()
     QCOMPARE(geometry.MovedBy(250, 20), 255);
 }
 
-void TestMavuSliderGeometry::HostilePixels_data()
-{
+void TestMavuSliderGeometry::HostilePixels_data() {
     constexpr int Min = std::numeric_limits<int>::min();
     constexpr int Max = std::numeric_limits<int>::max();
     QTest::addColumn<int>("minimum");
@@ -71,8 +66,7 @@ void TestMavuSliderGeometry::HostilePixels_data()
     QTest::newRow("all ints, high end") << Min << Max << 100.0 << 200.0 << Max;
 }
 
-void TestMavuSliderGeometry::HostilePixels()
-{
+void TestMavuSliderGeometry::HostilePixels() {
     QFETCH(int, minimum);
     QFETCH(int, maximum);
     QFETCH(double, length);
@@ -81,8 +75,7 @@ void TestMavuSliderGeometry::HostilePixels()
     QTEST(geometry.ValueAt(x), "expected");
 }
 
-void TestMavuSliderGeometry::Nearest()
-{
+void TestMavuSliderGeometry::Nearest() {
     const MavuSliderGeometry geometry{0, 255, 0, 255};
     using List = QVector<int>;
     QCOMPARE(geometry.NearestTo(90, {0, 128, 255}), List{1});

@@ -23,20 +23,15 @@
 #include <functional>
 #include <limits>
 
-namespace
-{
+namespace {
 
 using Operation = std::function<void(HBRGBA32i&)>;
 using Triple = std::array<double, 3>; // red, green, blue
 
-Triple TripleOf(HBRGBA32i pixel)
-{
-    return {double(pixel.red), double(pixel.green), double(pixel.blue)};
-}
+Triple TripleOf(HBRGBA32i pixel) { return {double(pixel.red), double(pixel.green), double(pixel.blue)}; }
 
 /// Whether the operation is within `tolerance` levels of a formula over all dense colours, and keeps alpha.
-bool IsFormula(const Operation& operation, const std::function<Triple(const Triple&)>& formula, double tolerance)
-{
+bool IsFormula(const Operation& operation, const std::function<Triple(const Triple&)>& formula, double tolerance) {
     for (const HBRGBA32i colour : HBDenseColours()) {
         HBRGBA32i pixel = colour;
         operation(pixel);
@@ -56,79 +51,66 @@ bool IsFormula(const Operation& operation, const std::function<Triple(const Trip
 /// Of a formula that is rounded to the nearest level in single precision.
 constexpr double Rounded = 0.5 + 1e-3;
 
-bool IsIdentity(const Operation& operation)
-{
+bool IsIdentity(const Operation& operation) {
     return IsFormula(
         operation, [](const Triple& colour) { return colour; }, 0.0);
 }
 
-bool AreEqual(const Operation& a, const Operation& b)
-{
+bool AreEqual(const Operation& a, const Operation& b) {
     for (HBRGBA32i pixel : HBDenseColours()) {
         HBRGBA32i other = pixel;
         a(pixel);
         b(other);
-        if (pixel != other)
-            return false;
+        if (pixel != other) return false;
     }
     return true;
 }
 
-HBRGBA32i Apply(const Operation& operation, int red, int green, int blue)
-{
+HBRGBA32i Apply(const Operation& operation, int red, int green, int blue) {
     HBRGBA32i pixel(std::uint8_t(red), std::uint8_t(green), std::uint8_t(blue), 77);
     operation(pixel);
     return pixel;
 }
 
-bool KeepsGrey(const Operation& operation)
-{
+bool KeepsGrey(const Operation& operation) {
     for (int level = 0; level < 256; ++level) {
         const HBRGBA32i pixel = Apply(operation, level, level, level);
-        if (pixel.red != pixel.green || pixel.green != pixel.blue)
-            return false;
+        if (pixel.red != pixel.green || pixel.green != pixel.blue) return false;
     }
     return true;
 }
 
 // The operations behind the transformations of tiles.
 
-HBColorBalance Balance(std::array<int, 3> red, std::array<int, 3> green, std::array<int, 3> blue)
-{
+HBColorBalance Balance(std::array<int, 3> red, std::array<int, 3> green, std::array<int, 3> blue) {
     return HBIterativeColorBalanceTransformation(red.data(), green.data(), blue.data()).Operation();
 }
 
-HBPhotoFilter Filter(HBRGBA32i colour, int density)
-{
+HBPhotoFilter Filter(HBRGBA32i colour, int density) {
     return HBIterativePhotoFilterTransformation(colour, density).Operation();
 }
 
-HBColorize Colorize(HBRGBA32i colour, int amount)
-{
+HBColorize Colorize(HBRGBA32i colour, int amount) {
     return HBIterativeColorizeTransformation(colour, amount).Operation();
 }
 
-HBBlackAndWhite BlackAndWhite(bool cie, float red, float green, float blue)
-{
+HBBlackAndWhite BlackAndWhite(bool cie, float red, float green, float blue) {
     return HBIterativeBlackAndWhiteTransformation(cie, red, green, blue).Operation();
 }
 
-HBTemperatureCorrection Temperature(int kelvin, int strength, int tint)
-{
+HBTemperatureCorrection Temperature(int kelvin, int strength, int tint) {
     HBTemperatureCorrection correction;
     correction.SetData(kelvin, strength, tint);
     return correction;
 }
 
-KMFillTransformation Fill(HBRGBA32i colour)
-{
+KMFillTransformation Fill(HBRGBA32i colour) {
     KMFillTransformation fill;
     fill.SetData(colour);
     return fill;
 }
 
-HBColorEnhancerTransformation Enhancer(int amount)
-{
+HBColorEnhancerTransformation Enhancer(int amount) {
     const int input[4][2] = {{0, 255}, {20, 200}, {0, 100}, {50, 255}};
     const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
     const double gamma[4] = {1.0, 1.0, 1.0, 1.0};
@@ -141,38 +123,28 @@ HBColorEnhancerTransformation Enhancer(int amount)
 // Second implementations, one pixel at a time. The non-separable blend modes as W3C Compositing and Blending 1 has
 // them, with levels instead of 0..1.
 
-double Lum(const Triple& c)
-{
-    return 0.3 * c[0] + 0.59 * c[1] + 0.11 * c[2];
-}
+double Lum(const Triple& c) { return 0.3 * c[0] + 0.59 * c[1] + 0.11 * c[2]; }
 
-Triple SetLum(Triple c, double luminosity)
-{
+Triple SetLum(Triple c, double luminosity) {
     const double difference = luminosity - Lum(c);
-    for (double& channel : c)
-        channel += difference;
+    for (double& channel : c) channel += difference;
     const double l = Lum(c);
     const double n = *std::min_element(c.begin(), c.end());
     const double x = *std::max_element(c.begin(), c.end());
     for (double& channel : c) {
-        if (n < 0.0)
-            channel = l + (channel - l) * l / (l - n);
-        if (x > 255.0)
-            channel = l + (channel - l) * (255.0 - l) / (x - l);
+        if (n < 0.0) channel = l + (channel - l) * l / (l - n);
+        if (x > 255.0) channel = l + (channel - l) * (255.0 - l) / (x - l);
     }
     return c;
 }
 
-Triple Mix(const Triple& from, const Triple& to, int percent)
-{
+Triple Mix(const Triple& from, const Triple& to, int percent) {
     Triple result;
-    for (std::size_t i = 0; i < 3; ++i)
-        result[i] = from[i] + (to[i] - from[i]) * percent / 100.0;
+    for (std::size_t i = 0; i < 3; ++i) result[i] = from[i] + (to[i] - from[i]) * percent / 100.0;
     return result;
 }
 
-Triple QtHsl(const Triple& colour, int hue, int saturation, int lightness, bool colorize)
-{
+Triple QtHsl(const Triple& colour, int hue, int saturation, int lightness, bool colorize) {
     const auto c = QColor::fromRgb(int(colour[0]), int(colour[1]), int(colour[2]));
     const double turned = qMax(0.0, double(c.hslHueF())) + hue / 360.0;
     const double h = colorize ? hue / 360.0 : turned - std::floor(turned);
@@ -184,48 +156,36 @@ Triple QtHsl(const Triple& colour, int hue, int saturation, int lightness, bool 
 }
 
 // IEC 61966-2-1
-double Decode(double level)
-{
+double Decode(double level) {
     const double value = level / 255.0;
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
 }
-double Encode(double light)
-{
+double Encode(double light) {
     const double value = light <= 0.0031308 ? light * 12.92 : 1.055 * std::pow(light, 1.0 / 2.4) - 0.055;
     return 255.0 * value;
 }
 
-Triple LightOf(HBRGBA32i pixel)
-{
-    return {Decode(pixel.red), Decode(pixel.green), Decode(pixel.blue)};
-}
+Triple LightOf(HBRGBA32i pixel) { return {Decode(pixel.red), Decode(pixel.green), Decode(pixel.blue)}; }
 
-double Luminance(const Triple& light)
-{
-    return 0.2126 * light[0] + 0.7152 * light[1] + 0.0722 * light[2];
-}
+double Luminance(const Triple& light) { return 0.2126 * light[0] + 0.7152 * light[1] + 0.0722 * light[2]; }
 
 /// A chromaticity of the CIE 1960 diagram as bright as sRGB can show it, in levels.
-Triple ShownChromaticity(double u, double v)
-{
+Triple ShownChromaticity(double u, double v) {
     const double x = 1.5 * u / v;
     const double z = (2.0 - 0.5 * u - 5.0 * v) / v;
     Triple light = {3.2406 * x - 1.5372 - 0.4986 * z, -0.9689 * x + 1.8758 + 0.0415 * z,
                     0.0557 * x - 0.2040 + 1.0570 * z};
     const double brightest = *std::max_element(light.begin(), light.end());
-    for (double& channel : light)
-        channel = Encode(qMax(0.0, channel / brightest));
+    for (double& channel : light) channel = Encode(qMax(0.0, channel / brightest));
     return light;
 }
 
 } // namespace
 
-class tst_ColourTransformations : public QObject
-{
+class tst_ColourTransformations : public QObject {
     Q_OBJECT
 private slots:
-    void RunFormEqualsScalarForm()
-    {
+    void RunFormEqualsScalarForm() {
         const HBRGBA32i orange(236, 138, 0, 9);
         for (bool colorize : {false, true}) {
             QVERIFY(HBRunFormEqualsScalarForm(HBHueSaturationTransformation(200, 40, -30, colorize)));
@@ -244,8 +204,7 @@ private slots:
             QVERIFY(HBRunFormEqualsScalarForm(Fill(HBRGBA32i(1, 200, 90, std::uint8_t(alpha)))));
     }
 
-    void NeutralIsIdentity()
-    {
+    void NeutralIsIdentity() {
         const HBRGBA32i red(255, 0, 0, 100);
         QVERIFY(IsIdentity(HBHueSaturationTransformation(0, 0, 0, false)));
         QVERIFY(IsIdentity(Balance({}, {}, {})));
@@ -263,8 +222,7 @@ private slots:
         QVERIFY(IsIdentity(Fill(HBRGBA32i(9, 9, 9, 0))));
     }
 
-    void GreyStaysGrey()
-    {
+    void GreyStaysGrey() {
         QVERIFY(KeepsGrey(HBHueSaturationTransformation(100, 100, 30, false)));
         QVERIFY(KeepsGrey(HBHueSaturationTransformation(359, -50, -99, false)));
         QVERIFY(KeepsGrey(HBHueSaturationTransformation(100, -100, 30, true)));
@@ -274,8 +232,7 @@ private slots:
     }
 
     /// Out of range is as the nearest in range.
-    void ArgumentsAreClamped()
-    {
+    void ArgumentsAreClamped() {
         const HBRGBA32i colour(250, 100, 20);
         QVERIFY(AreEqual(HBHueSaturationTransformation(INT_MAX, INT_MAX, INT_MIN, false),
                          HBHueSaturationTransformation(359, 100, -100, false)));
@@ -302,8 +259,7 @@ private slots:
                  HBTemperatureCorrection::GetTemperatureColor(40000));
     }
 
-    void HueSaturation_data()
-    {
+    void HueSaturation_data() {
         QTest::addColumn<int>("hue");
         QTest::addColumn<int>("saturation");
         QTest::addColumn<int>("lightness");
@@ -317,8 +273,7 @@ private slots:
         QTest::newRow("white") << 1 << 0 << 100;
         QTest::newRow("black") << 1 << 0 << -100;
     }
-    void HueSaturation()
-    {
+    void HueSaturation() {
         QFETCH(int, hue);
         QFETCH(int, saturation);
         QFETCH(int, lightness);
@@ -329,8 +284,7 @@ private slots:
         }
     }
 
-    void ColorBalance()
-    {
+    void ColorBalance() {
         const std::array<int, 3> red = {10, -20, 30};
         const std::array<int, 3> green = {-100, 100, 0};
         const std::array<int, 3> blue = {0, 50, -70};
@@ -349,8 +303,7 @@ private slots:
         QCOMPARE(Apply(Balance({30, 30, 30}, {}, {}), 100, 100, 100), HBRGBA32i(130, 100, 100, 77));
     }
 
-    void BlendModes_data()
-    {
+    void BlendModes_data() {
         QTest::addColumn<QColor>("colour");
         QTest::addColumn<int>("percent");
         QTest::newRow("orange") << QColor(236, 138, 0) << 25;
@@ -361,8 +314,7 @@ private slots:
         QTest::newRow("grey") << QColor(99, 99, 99) << 50;
         QTest::newRow("green, transparent") << QColor(0, 255, 0, 0) << 80;
     }
-    void BlendModes()
-    {
+    void BlendModes() {
         QFETCH(QColor, colour);
         QFETCH(int, percent);
         const HBRGBA32i pixel = HBRGBA32i::FromRgba(colour.rgba());
@@ -385,8 +337,7 @@ private slots:
     /// The chromaticities of the Planckian locus as published by Robertson, "Computation of correlated color
     /// temperature and distribution temperature", J. Opt. Soc. Am. 58 (1968); the last from Wyszecki & Stiles, Color
     /// Science, 2nd ed., (x, y) = (0.6528, 0.3444).
-    void TemperatureColour_data()
-    {
+    void TemperatureColour_data() {
         QTest::addColumn<double>("kelvin");
         QTest::addColumn<double>("u");
         QTest::addColumn<double>("v");
@@ -410,8 +361,7 @@ private slots:
         row(600, 0.33724, 0.36051);
         row(1000, 4 * 0.6528 / (-2 * 0.6528 + 12 * 0.3444 + 3), 6 * 0.3444 / (-2 * 0.6528 + 12 * 0.3444 + 3));
     }
-    void TemperatureColour()
-    {
+    void TemperatureColour() {
         QFETCH(double, kelvin);
         QFETCH(double, u);
         QFETCH(double, v);
@@ -423,8 +373,7 @@ private slots:
         QCOMPARE(int(colour.alpha), 255);
     }
 
-    void TemperatureTakesWhiteToWhite()
-    {
+    void TemperatureTakesWhiteToWhite() {
         // The colour of a black body at 6500 K, not too bright, becomes that of another, with the same luminance.
         const Triple neutral = LightOf(HBTemperatureCorrection::GetTemperatureColor(6500));
         HBRGBA32i start;
@@ -442,8 +391,7 @@ private slots:
         }
     }
 
-    void TemperatureDirections()
-    {
+    void TemperatureDirections() {
         const auto grey = [](int kelvin, int strength, int tint) {
             return Apply(Temperature(kelvin, strength, tint), 128, 128, 128);
         };
@@ -458,10 +406,8 @@ private slots:
                 std::abs(near.blue - 128) <= 1);
     }
 
-    void BlackAndWhiteWeights()
-    {
-        struct Weights
-        {
+    void BlackAndWhiteWeights() {
+        struct Weights {
             float red, green, blue;
         };
         for (const Weights w : {Weights{0.333f, 0.333f, 0.333f}, Weights{0.212671f, 0.71516f, 0.072169f},
@@ -482,8 +428,7 @@ private slots:
         }
     }
 
-    void BlackAndWhiteHostileWeights()
-    {
+    void BlackAndWhiteHostileWeights() {
         const float infinity = std::numeric_limits<float>::infinity();
         const float nan = std::numeric_limits<float>::quiet_NaN();
         for (bool cie : {false, true}) {
@@ -494,8 +439,7 @@ private slots:
         }
     }
 
-    void EnhancerMixesLevels()
-    {
+    void EnhancerMixesLevels() {
         const auto formula = [](const Triple& c) {
             const Triple levels = {qBound(0.0, (c[0] - 20) / 180, 1.0) * 255, qMin(c[1] / 100, 1.0) * 255,
                                    qMax(0.0, (c[2] - 50) / 205) * 255};
@@ -512,8 +456,7 @@ private slots:
         QVERIFY(AreEqual(enhancer, Enhancer(40)));
     }
 
-    void FillIsSourceOver()
-    {
+    void FillIsSourceOver() {
         // On opaque pixels, where QPainter's premultiplied arithmetic loses nothing.
         QImage image(17, 289, QImage::Format_ARGB32);
         std::vector<HBRGBA32i> pixels = HBDenseColours();
@@ -536,8 +479,7 @@ private slots:
     }
 
     /// On opaque pixels the run form has a way of its own.
-    void FillOfOpaqueRuns()
-    {
+    void FillOfOpaqueRuns() {
         std::vector<HBRGBA32i> levels;
         for (int level = 0; level < 256; ++level)
             levels.emplace_back(std::uint8_t(level), std::uint8_t(255 - level), std::uint8_t(level / 2));
@@ -548,15 +490,13 @@ private slots:
                 std::vector<HBRGBA32i> run = levels;
                 std::vector<HBRGBA32i> single = levels;
                 fill(run.data(), int(run.size()));
-                for (HBRGBA32i& pixel : single)
-                    fill(pixel);
+                for (HBRGBA32i& pixel : single) fill(pixel);
                 QVERIFY(run == single);
             }
         }
     }
 
-    void SourceOverByOpacity()
-    {
+    void SourceOverByOpacity() {
         const HBBlend::HBSourceOver over;
         const HBRGBA32i above(200, 10, 255, 90);
         const HBRGBA32i below(0, 11, 255, 91);

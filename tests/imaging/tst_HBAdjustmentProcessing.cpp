@@ -14,17 +14,14 @@
 #include <stdexcept>
 #include <vector>
 
-namespace
-{
+namespace {
 
 constexpr int Most = std::numeric_limits<int>::max();
 constexpr int Least = std::numeric_limits<int>::min();
 const QRect NoBounds(QPoint(0, 0), QPoint(-1, -1));
 
-struct Invert
-{
-    void operator()(HBRGBA32i& pixel) const
-    {
+struct Invert {
+    void operator()(HBRGBA32i& pixel) const {
         pixel = HBRGBA32i(std::uint8_t(255 - pixel.red), std::uint8_t(255 - pixel.green),
                           std::uint8_t(255 - pixel.blue), pixel.alpha);
     }
@@ -32,32 +29,27 @@ struct Invert
 using InvertTransformation = HBIterativeAdjustmentTransformation<Invert>;
 
 /// Inverts, and calls `hook` with the number of the tile (TileNumbers()) before it does.
-struct HookedTransformation
-{
+struct HookedTransformation {
     std::function<void(int tile)> hook;
     HBRGBA32i* pixels = nullptr;
 
-    void SetProcessingBuffer(HBRGBA32i* buffer)
-    {
+    void SetProcessingBuffer(HBRGBA32i* buffer) {
         pixels = buffer;
         hook(pixels[0].red);
     }
     void operator()(int index) const { Invert()(pixels[index]); }
 };
 
-QImage Ramp(int width, int height)
-{
+QImage Ramp(int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, qRgba(x, y, x + y, 255 - x));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgba(x, y, x + y, 255 - x));
     }
     return image;
 }
 
 /// An image whose pixels hold the number of their tile.
-HBImage<> TileNumbers(int width, int height)
-{
+HBImage<> TileNumbers(int width, int height) {
     HBImage<> image(width, height);
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
@@ -67,25 +59,21 @@ HBImage<> TileNumbers(int width, int height)
 }
 
 /// Coverage in all four bytes, from 0 to 255 and all between.
-HBRGBA32i MaskPixel(int x, int y)
-{
+HBRGBA32i MaskPixel(int x, int y) {
     const auto coverage = std::uint8_t(x % 3 == 0 ? 0 : x % 3 == 1 ? 255 : x * 7 + y * 13);
     return {coverage, coverage, coverage, coverage};
 }
 
-HBImage<> Mask(const QSize& size)
-{
+HBImage<> Mask(const QSize& size) {
     QImage image(size, QImage::Format_ARGB32);
     for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            image.setPixel(x, y, MaskPixel(x, y).ToRgba());
+        for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, MaskPixel(x, y).ToRgba());
     }
     return HBImage<>::FromQImage(image);
 }
 
 /// What a job must give, pixel by pixel from the definition.
-QImage Expected(QImage image, const QSize& mask, const QPoint& offset, const QRect& bounds)
-{
+QImage Expected(QImage image, const QSize& mask, const QPoint& offset, const QRect& bounds) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const HBRGBA32i source = HBRGBA32i::FromRgba(image.pixel(x, y));
@@ -109,24 +97,21 @@ QImage Expected(QImage image, const QSize& mask, const QPoint& offset, const QRe
 
 /// A job and what it reported.
 template <class Transformation>
-struct Job
-{
+struct Job {
     QReadWriteLock guard;
     bool newData = false;
     HBAdjustmentProcessingTemplate<Transformation> processing;
     int maximum = -1;
     std::vector<int> values;
 
-    explicit Job(const Transformation& transformation) : processing(transformation, &guard, &newData)
-    {
+    explicit Job(const Transformation& transformation) : processing(transformation, &guard, &newData) {
         // Direct, on whichever lane reports: the signals come one at a time.
         QObject::connect(&processing, &HBAdjustmentProcessing::RangeChanged,
                          [this](int minimum, int most) { maximum = minimum == 0 ? most : -2; });
         QObject::connect(&processing, &HBAdjustmentProcessing::ProgressChanged,
                          [this](int value) { values.push_back(value); });
     }
-    bool CountedUpTo(int last) const
-    {
+    bool CountedUpTo(int last) const {
         int value = 0;
         return int(values.size()) == last &&
                std::all_of(values.begin(), values.end(), [&](int v) { return v == ++value; });
@@ -134,8 +119,7 @@ struct Job
 };
 
 /// Changes the size of the global pool for a while.
-class PoolSize
-{
+class PoolSize {
 public:
     explicit PoolSize(int threads) { QThreadPool::globalInstance()->setMaxThreadCount(threads); }
     ~PoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(m_Before); }
@@ -146,12 +130,10 @@ private:
 
 } // namespace
 
-class tst_HBAdjustmentProcessing : public QObject
-{
+class tst_HBAdjustmentProcessing : public QObject {
     Q_OBJECT
 private slots:
-    void Result_data()
-    {
+    void Result_data() {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<QSize>("mask");
         QTest::addColumn<QPoint>("offset");
@@ -187,8 +169,7 @@ private slots:
                                     << QRect(QPoint(5, 5), QPoint(Most, Most)) << 0;
         QTest::newRow("inverted") << QSize(64, 64) << QSize() << none << QRect(QPoint(5, 5), QPoint(2, 2)) << 1;
     }
-    void Result()
-    {
+    void Result() {
         QFETCH(QSize, size);
         QFETCH(QSize, mask);
         QFETCH(QPoint, offset);
@@ -209,17 +190,14 @@ private slots:
         }
     }
 
-    void UntouchedTilesStayShared()
-    {
+    void UntouchedTilesStayShared() {
         const HBImage<> source = HBImage<>::FromQImage(Ramp(300, 200));
         Job<InvertTransformation> job{InvertTransformation(Invert())};
         const HBImage<> result = job.processing.Process(source, Mask({300, 200}), {}, QRect(130, 10, 20, 30));
-        for (int index = 0; index < 6; ++index)
-            QCOMPARE(result.Tile(index) == source.Tile(index), index != 1);
+        for (int index = 0; index < 6; ++index) QCOMPARE(result.Tile(index) == source.Tile(index), index != 1);
     }
 
-    void TilesBeginInListOrder()
-    {
+    void TilesBeginInListOrder() {
         const PoolSize pool(1);
         std::vector<int> order;
         Job<HookedTransformation> job({[&](int tile) { order.push_back(tile); }});
@@ -227,8 +205,7 @@ private slots:
         QCOMPARE(order, (std::vector<int>{5, 6, 9, 10}));
     }
 
-    void ObsoleteFromTheStart()
-    {
+    void ObsoleteFromTheStart() {
         const HBImage<> source = TileNumbers(300, 200);
         Job<InvertTransformation> job{InvertTransformation(Invert())};
         job.newData = true;
@@ -239,8 +216,7 @@ private slots:
     }
 
     // The flag is set under the write lock from within the job: it would hang if the guard were held meanwhile.
-    void ObsoleteAmongTheTiles()
-    {
+    void ObsoleteAmongTheTiles() {
         const PoolSize pool(1);
         const HBImage<> source = TileNumbers(300, 200);
         std::function<void(int)> hook;
@@ -251,11 +227,9 @@ private slots:
         };
         const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
         QVERIFY(job.CountedUpTo(3));
-        for (int index = 0; index < 6; ++index)
-            QCOMPARE(result.Tile(index) == source.Tile(index), index > 2);
+        for (int index = 0; index < 6; ++index) QCOMPARE(result.Tile(index) == source.Tile(index), index > 2);
     }
-    void ObsoleteAmongTheRows()
-    {
+    void ObsoleteAmongTheRows() {
         const PoolSize pool(1);
         Job<InvertTransformation> job{InvertTransformation(Invert())};
         QObject::connect(&job.processing, &HBAdjustmentProcessing::ProgressChanged, [&](int value) {
@@ -266,13 +240,11 @@ private slots:
         QVERIFY(job.CountedUpTo(11));
     }
 
-    void ThrowingTransformation()
-    {
+    void ThrowingTransformation() {
         const PoolSize pool(1);
         const HBImage<> source = TileNumbers(300, 200);
         Job<HookedTransformation> job({[](int tile) {
-            if (tile == 2)
-                throw std::runtime_error("tile two");
+            if (tile == 2) throw std::runtime_error("tile two");
         }});
         const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
         QVERIFY(job.CountedUpTo(2));
@@ -281,9 +253,7 @@ private slots:
         QVERIFY(job.processing.Exception() != nullptr);
         try {
             std::rethrow_exception(job.processing.Exception());
-        } catch (const std::runtime_error& error) {
-            QCOMPARE(error.what(), "tile two");
-        }
+        } catch (const std::runtime_error& error) { QCOMPARE(error.what(), "tile two"); }
 
         // With a selection, what lies outside it must come back even then.
         job.processing.Process(source, Mask({300, 200}), {}, NoBounds);
@@ -297,16 +267,14 @@ private slots:
     }
 
     // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.
-    void JobsOnAFullPool_data()
-    {
+    void JobsOnAFullPool_data() {
         QTest::addColumn<int>("threads");
         QTest::addColumn<int>("jobs");
         QTest::newRow("one on one") << 1 << 1;
         QTest::newRow("two on two") << 2 << 2;
         QTest::newRow("eight on three") << 3 << 8;
     }
-    void JobsOnAFullPool()
-    {
+    void JobsOnAFullPool() {
         QFETCH(int, threads);
         QFETCH(int, jobs);
         const PoolSize pool(threads);

@@ -6,8 +6,7 @@
 
 #include <climits>
 
-namespace
-{
+namespace {
 
 constexpr HBRGBA32i Black(0, 0, 0);
 constexpr HBRGBA32i White(255, 255, 255);
@@ -20,26 +19,22 @@ using Ntsc = HBAverageTintRGB32<300, 590, 110>;
 using Luma = HBAverageTintRGB32<212, 715, 73>;
 
 template <class Tint>
-HBRGBA32i Apply(const Tint& tint, HBRGBA32i pixel)
-{
+HBRGBA32i Apply(const Tint& tint, HBRGBA32i pixel) {
     pixel.alpha = 31;
     tint(pixel);
     return pixel;
 }
 
-HBRGBA32i Pixel(int red, int green, int blue)
-{
+HBRGBA32i Pixel(int red, int green, int blue) {
     return {std::uint8_t(red), std::uint8_t(green), std::uint8_t(blue), 31};
 }
 
 } // namespace
 
-class tst_HBAverageTintRGB32 : public QObject
-{
+class tst_HBAverageTintRGB32 : public QObject {
     Q_OBJECT
 private slots:
-    void Values()
-    {
+    void Values() {
         constexpr int all = 255000;
         QCOMPARE(Apply(Average(Black, White, all), Pixel(255, 0, 0)), Pixel(84, 84, 84));
         QCOMPARE(Apply(Ntsc(Black, White, all), Pixel(255, 0, 0)), Pixel(76, 76, 76));
@@ -53,8 +48,7 @@ private slots:
         QCOMPARE(Apply(tint, Pixel(100, 150, 200)), Pixel(97, 126, 159));
     }
 
-    void NothingOfItIsIdentity()
-    {
+    void NothingOfItIsIdentity() {
         for (HBRGBA32i pixel : HBDenseColours()) {
             const HBRGBA32i before = pixel;
             Ntsc(LightTone, DarkTone, 0)(pixel);
@@ -64,8 +58,7 @@ private slots:
         QCOMPARE(Apply(Luma(Black, White, INT_MAX), Pixel(255, 0, 0)), Pixel(54, 54, 54));
     }
 
-    void RunFormEqualsScalarForm()
-    {
+    void RunFormEqualsScalarForm() {
         for (int amount : {0, 1, 2550, 127500, 252450, 255000}) {
             QVERIFY(HBRunFormEqualsScalarForm(Average(DarkTone, LightTone, amount)));
             QVERIFY(HBRunFormEqualsScalarForm(Ntsc(Black, White, amount)));

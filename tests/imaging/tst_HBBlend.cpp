@@ -6,20 +6,16 @@
 
 #include <cmath>
 
-class tst_HBBlend : public QObject
-{
+class tst_HBBlend : public QObject {
     Q_OBJECT
 private slots:
-    void ScaleRoundsToNearest()
-    {
+    void ScaleRoundsToNearest() {
         for (int a = 0; a < 256; ++a) {
-            for (int b = 0; b < 256; ++b)
-                QCOMPARE(HBBlend::Scale(a, b), (2 * a * b + 255) / 510);
+            for (int b = 0; b < 256; ++b) QCOMPARE(HBBlend::Scale(a, b), (2 * a * b + 255) / 510);
         }
     }
 
-    void SelectionWeighsAllFourChannels()
-    {
+    void SelectionWeighsAllFourChannels() {
         // 255 is odd, so that no value lies half-way: rounding has one meaning.
         for (int source = 0; source < 256; source += 5) {
             for (int adjusted = 0; adjusted < 256; adjusted += 3) {
@@ -36,8 +32,7 @@ private slots:
         }
     }
 
-    void SourceOver_data()
-    {
+    void SourceOver_data() {
         QTest::addColumn<QColor>("source");
         QTest::addColumn<QColor>("destination");
         QTest::addColumn<QColor>("expected");
@@ -51,8 +46,7 @@ private slots:
         // alpha 128/255 + 128/255 × 127/255; the colours weigh 255 : 127 in it
         QTest::newRow("half on half") << halfBlue << QColor(255, 0, 0, 128) << QColor(85, 0, 170, 192);
     }
-    void SourceOver()
-    {
+    void SourceOver() {
         QFETCH(QColor, source);
         QFETCH(QColor, destination);
         QFETCH(QColor, expected);
@@ -60,8 +54,7 @@ private slots:
         HBBlend::HBSourceOver()(HBRGBA32i::FromRgba(source.rgba()), pixel);
         QCOMPARE(QColor::fromRgba(pixel.ToRgba()), expected);
     }
-    void SourceOverIsTheFormula()
-    {
+    void SourceOverIsTheFormula() {
         for (int as = 0; as < 256; as += 3) {
             for (int ad = 1; ad < 256; ad += 2) {
                 HBRGBA32i pixel(0, 200, 255, std::uint8_t(ad));

@@ -13,66 +13,54 @@
 #include <numeric>
 #include <random>
 
-namespace
-{
+namespace {
 
 using Points = QVector<QPoint>;
 
-struct Spline
-{
+struct Spline {
     Points points;
     QVector<double> a, b, c;
 
-    explicit Spline(const Points& through) : points(through)
-    {
+    explicit Spline(const Points& through) : points(through) {
         HBCurvesTransformation::BuildSplineParts(points, a, b, c);
     }
     int operator()(int x) const { return HBCurvesTransformation::SplineValue(x, points, a, b, c); }
 };
 
 /// The table of the red channel; the other curves are empty.
-HBChannelTables::Table Red(const Points& composite, const Points& red, int amount = 100)
-{
+HBChannelTables::Table Red(const Points& composite, const Points& red, int amount = 100) {
     const Points curves[4] = {composite, red, {}, {}};
     return HBIterativeCurvesTransformation(curves, amount).Operation().red;
 }
 
 /// 4 to 64 points whose x are distinct; a third of the lists is monotone, and some points repeat a y.
-Points RandomPoints(std::mt19937& random)
-{
+Points RandomPoints(std::mt19937& random) {
     const auto below = [&](int limit) { return int(random() % unsigned(limit)); };
     const int count = 4 + below(61);
     std::vector<int> x(256), y;
     std::iota(x.begin(), x.end(), 0);
     std::shuffle(x.begin(), x.end(), random);
     std::sort(x.begin(), x.begin() + count);
-    for (int i = 0; i < count; ++i)
-        y.push_back(i > 0 && below(5) == 0 ? y.back() : below(256));
-    if (below(3) == 0)
-        std::sort(y.begin(), y.end());
+    for (int i = 0; i < count; ++i) y.push_back(i > 0 && below(5) == 0 ? y.back() : below(256));
+    if (below(3) == 0) std::sort(y.begin(), y.end());
     Points points;
-    for (int i = 0; i < count; ++i)
-        points.append({x[std::size_t(i)], y[std::size_t(i)]});
+    for (int i = 0; i < count; ++i) points.append({x[std::size_t(i)], y[std::size_t(i)]});
     return points;
 }
 
 } // namespace
 
-class tst_HBCurvesTransformation : public QObject
-{
+class tst_HBCurvesTransformation : public QObject {
     Q_OBJECT
 private slots:
-    void DefaultPointsAreTheIdentity()
-    {
+    void DefaultPointsAreTheIdentity() {
         const Spline spline({{0, 0}, {255, 255}});
-        for (int x = 0; x < 256; ++x)
-            QCOMPARE(spline(x), x);
+        for (int x = 0; x < 256; ++x) QCOMPARE(spline(x), x);
         QCOMPARE(Red(spline.points, spline.points), HBChannelTables().red);
         QCOMPARE(HBCurvesTransformation().red, HBChannelTables().red);
     }
 
-    void AgreesWithBoost()
-    {
+    void AgreesWithBoost() {
         std::mt19937 random(20260101);
         for (int set = 0; set < 3000; ++set) {
             const Points points = RandomPoints(random);
@@ -92,8 +80,7 @@ private slots:
         }
     }
 
-    void NeverOvershootsBetweenTwoPoints()
-    {
+    void NeverOvershootsBetweenTwoPoints() {
         std::mt19937 random(7);
         for (int set = 0; set < 500; ++set) {
             const Spline spline(RandomPoints(random));
@@ -101,29 +88,25 @@ private slots:
                 const QPoint from = spline.points[i - 1];
                 const QPoint to = spline.points[i];
                 const int direction = to.y() < from.y() ? -1 : 1;
-                for (int x = from.x(); x < to.x(); ++x)
-                    QVERIFY(direction * (spline(x + 1) - spline(x)) >= 0);
+                for (int x = from.x(); x < to.x(); ++x) QVERIFY(direction * (spline(x + 1) - spline(x)) >= 0);
             }
         }
     }
 
-    void CoefficientForm()
-    {
+    void CoefficientForm() {
         // The inner slope is the harmonic mean of 0.5 and 1.5, the widths being equal: 0.75.
         const Spline spline({{0, 0}, {100, 50}, {200, 200}});
         const QVector<double> expected[] = {{0.5, 0.75}, {-0.0025, 0.015}, {0.000025, -0.000075}};
         const QVector<double>* parts[] = {&spline.a, &spline.b, &spline.c};
         for (int part = 0; part < 3; ++part) {
             QCOMPARE(parts[part]->size(), 2);
-            for (int i = 0; i < 2; ++i)
-                QVERIFY(qAbs(parts[part]->at(i) - expected[part][i]) < 1e-12);
+            for (int i = 0; i < 2; ++i) QVERIFY(qAbs(parts[part]->at(i) - expected[part][i]) < 1e-12);
         }
         QCOMPARE(spline(50), 22);   // 21.875
         QCOMPARE(spline(150), 116); // 115.625
     }
 
-    void Values_data()
-    {
+    void Values_data() {
         QTest::addColumn<Points>("points");
         QTest::addColumn<Points>("expected"); // x, value
         QTest::newRow("flat outside") << Points{{50, 20}, {200, 230}}
@@ -146,25 +129,21 @@ private slots:
         QTest::newRow("steep") << Points{{0, INT_MIN}, {1, INT_MAX}, {2, INT_MIN}}
                                << Points{{0, 0}, {1, 255}, {2, 0}};
     }
-    void Values()
-    {
+    void Values() {
         QFETCH(Points, points);
         QFETCH(Points, expected);
         const Spline spline(points);
-        for (const QPoint& point : qAsConst(expected))
-            QCOMPARE(spline(point.x()), point.y());
+        for (const QPoint& point : qAsConst(expected)) QCOMPARE(spline(point.x()), point.y());
     }
 
-    void CoefficientsOfAnotherListAreRefused()
-    {
+    void CoefficientsOfAnotherListAreRefused() {
         const Spline spline({{0, 255}, {255, 0}});
         const Points three{{0, 255}, {100, 100}, {255, 0}};
         QCOMPARE(HBCurvesTransformation::SplineValue(77, three, spline.a, spline.b, spline.c), 77);
         QCOMPARE(HBCurvesTransformation::SplineValue(77, spline.points, spline.a, {}, {}), 77);
     }
 
-    void ChannelThenComposite()
-    {
+    void ChannelThenComposite() {
         const Points bright{{0, 100}, {255, 255}};
         const Points invert{{0, 255}, {255, 0}};
         const Points curve{{0, 0}, {100, 150}, {255, 255}};
@@ -181,22 +160,17 @@ private slots:
         QCOMPARE(pixel, HBRGBA32i(155, 215, 105, 31));
     }
 
-    void AmountIsAShareOfTheWay()
-    {
+    void AmountIsAShareOfTheWay() {
         const Points black{{0, 0}, {255, 0}};
-        const struct
-        {
+        const struct {
             int amount, expected;
         } rows[] = {{0, 200}, {25, 150}, {50, 100}, {100, 0}, {INT_MAX, 0}, {INT_MIN, 200}};
-        for (const auto& row : rows)
-            QCOMPARE(int(Red(black, {}, row.amount)[200]), row.expected);
+        for (const auto& row : rows) QCOMPARE(int(Red(black, {}, row.amount)[200]), row.expected);
     }
 
-    void TooFewOrTooManyPointsAreTheIdentity()
-    {
+    void TooFewOrTooManyPointsAreTheIdentity() {
         Points longest;
-        for (int x = 0; x < HBCurvesTransformation::MaxPoints; ++x)
-            longest.append({x, 255 - x});
+        for (int x = 0; x < HBCurvesTransformation::MaxPoints; ++x) longest.append({x, 255 - x});
         QCOMPARE(int(Red({}, longest)[10]), 245);
         longest.append({256, 0});
         for (const Points& points : {Points{}, Points{{0, 255}}, longest, Points(1000000, QPoint(0, 255))})

@@ -10,44 +10,37 @@
 #include <functional>
 #include <vector>
 
-namespace
-{
+namespace {
 
 constexpr HBRGBA32i White(255, 255, 255);
 constexpr HBRGBA32i Black(0, 0, 0);
 constexpr HBRGBA32i Red(255, 0, 0);
 constexpr HBRGBA32i Exactly(0, 0, 0, 0);
 
-HBRGBA32i Tolerance(int level)
-{
+HBRGBA32i Tolerance(int level) {
     const auto byte = std::uint8_t(level);
     return {byte, byte, byte, byte};
 }
 
-QImage Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour)
-{
+QImage Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, colour(x, y).ToRgba());
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y).ToRgba());
     }
     return image;
 }
 
-QImage Uniform(int width, int height, HBRGBA32i colour)
-{
+QImage Uniform(int width, int height, HBRGBA32i colour) {
     return Generate(width, height, [=](int, int) { return colour; });
 }
 
-bool IsLike(QRgb a, QRgb b, HBRGBA32i tolerance)
-{
+bool IsLike(QRgb a, QRgb b, HBRGBA32i tolerance) {
     return std::abs(qRed(a) - qRed(b)) <= tolerance.red && std::abs(qGreen(a) - qGreen(b)) <= tolerance.green &&
            std::abs(qBlue(a) - qBlue(b)) <= tolerance.blue && std::abs(qAlpha(a) - qAlpha(b)) <= tolerance.alpha;
 }
 
 /// The plain way: one pixel after the other, without tiles.
-QImage PlainFill(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement, QRect* filled)
-{
+QImage PlainFill(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement, QRect* filled) {
     QImage result = image;
     const QRgb like = image.pixel(seed);
     std::vector<bool> seen(std::size_t(image.width()) * std::size_t(image.height()));
@@ -56,16 +49,13 @@ QImage PlainFill(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32
     while (!open.empty()) {
         const QPoint p = open.back();
         open.pop_back();
-        if (!image.rect().contains(p) || !IsLike(image.pixel(p), like, tolerance))
-            continue;
+        if (!image.rect().contains(p) || !IsLike(image.pixel(p), like, tolerance)) continue;
         const auto place = std::size_t(p.y()) * std::size_t(image.width()) + std::size_t(p.x());
-        if (seen[place])
-            continue;
+        if (seen[place]) continue;
         seen[place] = true;
         *filled |= QRect(p, QSize(1, 1));
         HBRGBA32i pixel = HBRGBA32i::FromRgba(image.pixel(p));
-        if (replacement.alpha > 0)
-            HBBlend::HBSourceOver()(replacement, pixel);
+        if (replacement.alpha > 0) HBBlend::HBSourceOver()(replacement, pixel);
         result.setPixel(p, pixel.ToRgba());
         for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
             open.push_back(p + step);
@@ -73,8 +63,7 @@ QImage PlainFill(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32
     return result;
 }
 
-bool FillsAsThePlainWay(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement)
-{
+bool FillsAsThePlainWay(const QImage& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement) {
     QRect expectedArea;
     const QImage expected = PlainFill(image, seed, tolerance, replacement, &expectedArea);
     const HBImage<> source = HBImage<>::FromQImage(image);
@@ -85,8 +74,7 @@ bool FillsAsThePlainWay(const QImage& image, QPoint seed, HBRGBA32i tolerance, H
 }
 
 /// A white corridor, one pixel wide between black walls, that winds inwards over all tiles.
-QImage Spiral(int size)
-{
+QImage Spiral(int size) {
     QImage image = Uniform(size, size, Black);
     QPoint at(0, 0);
     QPoint step(1, 0);
@@ -106,8 +94,7 @@ QImage Spiral(int size)
     return image;
 }
 
-QImage Noise(int width, int height, int percentWhite)
-{
+QImage Noise(int width, int height, int percentWhite) {
     quint32 state = 7;
     return Generate(width, height, [&](int, int) {
         state = state * 1664525u + 1013904223u;
@@ -117,12 +104,10 @@ QImage Noise(int width, int height, int percentWhite)
 
 } // namespace
 
-class tst_HBFloodFillHelper : public QObject
-{
+class tst_HBFloodFillHelper : public QObject {
     Q_OBJECT
 private slots:
-    void AsThePlainWay_data()
-    {
+    void AsThePlainWay_data() {
         QTest::addColumn<QImage>("image");
         QTest::addColumn<QPoint>("seed");
         for (const QSize size : {QSize(1, 1), QSize(127, 127), QSize(128, 128), QSize(129, 257), QSize(300, 1),
@@ -149,8 +134,7 @@ private slots:
             return ring % 2 ? White : Black;
         }) << QPoint(299, 0);
     }
-    void AsThePlainWay()
-    {
+    void AsThePlainWay() {
         QFETCH(QImage, image);
         QFETCH(QPoint, seed);
         for (const HBRGBA32i replacement : {Red, HBRGBA32i(0, 90, 200, 127), White, HBRGBA32i(1, 2, 3, 0)})
@@ -158,8 +142,7 @@ private slots:
         QVERIFY(FillsAsThePlainWay(image, seed, Tolerance(255), Red)); // all
     }
 
-    void ToleranceIsPerChannelAgainstTheSeed()
-    {
+    void ToleranceIsPerChannelAgainstTheSeed() {
         // A ramp does not creep: each pixel is compared with the seed, not with its neighbour.
         const QImage ramp = Generate(256, 140, [](int x, int y) {
             return HBRGBA32i(std::uint8_t(x), std::uint8_t(255 - x), std::uint8_t(x / 2),
@@ -173,8 +156,7 @@ private slots:
         }
     }
 
-    void NothingToFill()
-    {
+    void NothingToFill() {
         QRect area(1, 2, 3, 4);
         HBImage<> empty;
         QVERIFY(!HBFloodFillHelper::FloodFill(empty, QPoint(0, 0), Exactly, Red, &area));
@@ -190,8 +172,7 @@ private slots:
         QCOMPARE(image.ToQImage(), white);
     }
 
-    void OnlyWrittenTilesAreDetached()
-    {
+    void OnlyWrittenTilesAreDetached() {
         // Three tiles in a row, the middle one black: the fill ends there.
         const QImage picture = Generate(384, 100, [](int x, int) { return x / 128 == 1 ? Black : White; });
         const HBImage<> source = HBImage<>::FromQImage(picture);
@@ -207,8 +188,7 @@ private slots:
         QVERIFY(untouched.Tiles() == source.Tiles());
     }
 
-    void PictureLargerThanMemory()
-    {
+    void PictureLargerThanMemory() {
         auto& manager = KMTileManager64::Instance();
         const qint64 budget = manager.MemoryBudget();
         manager.SetMemoryBudget(4 * KMTileManager64::TileBytes);

@@ -7,30 +7,25 @@
 #include <limits>
 #include <new>
 
-namespace
-{
+namespace {
 
 constexpr int Huge = std::numeric_limits<int>::max();
 
 /// Every pixel its own colour and alpha.
-QImage Ramp(int width, int height)
-{
+QImage Ramp(int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, qRgba(x, y, x * 7 + y, x * 3 + y * 5));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgba(x, y, x * 7 + y, x * 3 + y * 5));
     }
     return image;
 }
 
 } // namespace
 
-class tst_HBImage : public QObject
-{
+class tst_HBImage : public QObject {
     Q_OBJECT
 private slots:
-    void Sizes_data()
-    {
+    void Sizes_data() {
         QTest::addColumn<int>("width");
         QTest::addColumn<int>("height");
         QTest::addColumn<int>("columns");
@@ -45,8 +40,7 @@ private slots:
         QTest::newRow("tile and one") << 129 << 128 << 2 << 1;
         QTest::newRow("two tiles and one") << 1 << 257 << 1 << 3;
     }
-    void Sizes()
-    {
+    void Sizes() {
         QFETCH(int, width);
         QFETCH(int, height);
         QFETCH(int, columns);
@@ -69,8 +63,7 @@ private slots:
     }
     void TooLarge() { QVERIFY_EXCEPTION_THROWN(HBImage<>(Huge, Huge), std::bad_alloc); }
 
-    void EveryQImageFormat()
-    {
+    void EveryQImageFormat() {
         const QImage ramp = Ramp(259, 131);
         int formats = 0;
         for (int format = QImage::Format_Invalid + 1; format < QImage::NImageFormats; ++format, ++formats) {
@@ -84,8 +77,7 @@ private slots:
         QVERIFY(HBImage<>::FromQImage(QImage()).IsEmpty());
     }
 
-    void WritingDetachesOneTile()
-    {
+    void WritingDetachesOneTile() {
         const HBImage<> original = HBImage<>::FromQImage(Ramp(300, 200));
         HBImage<> copy = original;
         QVERIFY(copy.Tiles() == original.Tiles());
@@ -99,8 +91,7 @@ private slots:
         QCOMPARE(copy.ToQImage(), original.ToQImage());
     }
 
-    void NoPixelOutside()
-    {
+    void NoPixelOutside() {
         HBImage<> image = HBImage<>::FromQImage(Ramp(129, 2));
         const QPoint points[] = {{-1, 0}, {0, -1}, {129, 0}, {0, 2}, {130, 1}, {Huge, Huge}};
         for (const QPoint& point : points) {
@@ -110,8 +101,7 @@ private slots:
         QCOMPARE(image.ToQImage(), Ramp(129, 2));
     }
 
-    void CompanionsTravel()
-    {
+    void CompanionsTravel() {
         HBImage<> image(2, 2);
         image.SetProfile(KMCMSProfile("profile"));
         image.SetHostValue(0, 3779);

@@ -11,13 +11,11 @@
 #include <limits>
 #include <vector>
 
-namespace
-{
+namespace {
 
 using Transformation = HBIterativeBrightnessContrastTransformation;
 
-int Map(int brightness, int contrast, int level)
-{
+int Map(int brightness, int contrast, int level) {
     const auto byte = std::uint8_t(level);
     HBRGBA32i pixel(byte, byte, byte, 77);
     Transformation transformation(brightness, contrast);
@@ -28,8 +26,7 @@ int Map(int brightness, int contrast, int level)
 }
 
 /// Every byte value in every channel; neighbours differ, so that a mixed-up channel or pixel shows.
-std::vector<HBRGBA32i> EveryByte()
-{
+std::vector<HBRGBA32i> EveryByte() {
     std::vector<HBRGBA32i> pixels;
     for (int i = 0; i < 256; ++i)
         pixels.emplace_back(std::uint8_t(i), std::uint8_t(i * 7 + 3), std::uint8_t(255 - i),
@@ -37,18 +34,15 @@ std::vector<HBRGBA32i> EveryByte()
     return pixels;
 }
 
-bool RunEqualsScalar(const HBChannelTables& tables, int first, int count)
-{
+bool RunEqualsScalar(const HBChannelTables& tables, int first, int count) {
     std::vector<HBRGBA32i> expected = EveryByte();
     std::vector<HBRGBA32i> pixels = expected;
-    for (int i = first; i < first + count; ++i)
-        tables(expected[std::size_t(i)]);
+    for (int i = first; i < first + count; ++i) tables(expected[std::size_t(i)]);
     tables(pixels.data() + first, count);
     return pixels == expected;
 }
 
-HBChannelTables ThreeDifferentTables()
-{
+HBChannelTables ThreeDifferentTables() {
     HBChannelTables tables;
     tables.red = HBMakeTable([](int level) { return level * level / 255; });
     tables.green = HBMakeTable([](int level) { return 255 - level; });
@@ -58,12 +52,10 @@ HBChannelTables ThreeDifferentTables()
 
 } // namespace
 
-class tst_HBIterativeBrightnessContrastTransformation : public QObject
-{
+class tst_HBIterativeBrightnessContrastTransformation : public QObject {
     Q_OBJECT
 private slots:
-    void Values_data()
-    {
+    void Values_data() {
         QTest::addColumn<int>("brightness");
         QTest::addColumn<int>("contrast");
         QTest::addColumn<int>("level");
@@ -83,8 +75,7 @@ private slots:
         QTest::newRow("upright, below") << 0 << 127 << 126 << 0;
         QTest::newRow("upright, above") << 0 << 127 << 129 << 255;
     }
-    void Values()
-    {
+    void Values() {
         QFETCH(int, brightness);
         QFETCH(int, contrast);
         QFETCH(int, level);
@@ -92,22 +83,18 @@ private slots:
         QCOMPARE(Map(brightness, contrast, level), expected);
     }
 
-    void NeutralIsIdentity()
-    {
-        for (int level = 0; level < 256; ++level)
-            QCOMPARE(Map(0, 0, level), level);
+    void NeutralIsIdentity() {
+        for (int level = 0; level < 256; ++level) QCOMPARE(Map(0, 0, level), level);
     }
 
-    void EveryArgumentIsMonotone()
-    {
+    void EveryArgumentIsMonotone() {
         for (int contrast = -127; contrast <= 127; ++contrast) {
             const auto table = Transformation(contrast / 2, contrast).Operation().red;
             QVERIFY(std::is_sorted(table.begin(), table.end()));
         }
     }
 
-    void ArgumentsAreClamped()
-    {
+    void ArgumentsAreClamped() {
         constexpr int most = std::numeric_limits<int>::max();
         constexpr int least = std::numeric_limits<int>::min();
         for (int level = 0; level < 256; ++level) {
@@ -117,8 +104,7 @@ private slots:
         }
     }
 
-    void RunFormEqualsScalarForm()
-    {
+    void RunFormEqualsScalarForm() {
         const auto reset = qScopeGuard([] { hwy::GetChosenTarget().Update(hwy::SupportedTargets()); });
         const HBChannelTables tables[] = {HBChannelTables(), ThreeDifferentTables(),
                                           Transformation(30, -40).Operation()};

@@ -6,19 +6,16 @@
 
 #include <climits>
 
-namespace
-{
+namespace {
 
 using Threshold = HBThresholdRGB32<30, 59, 11>;
 
 }
 
-class tst_HBThresholdRGB32 : public QObject
-{
+class tst_HBThresholdRGB32 : public QObject {
     Q_OBJECT
 private slots:
-    void Values_data()
-    {
+    void Values_data() {
         QTest::addColumn<QColor>("colour");
         QTest::addColumn<int>("luminance");
         QTest::newRow("black") << QColor(0, 0, 0) << 0;
@@ -30,8 +27,7 @@ private slots:
         QTest::newRow("just below 2") << QColor(2, 2, 1) << 1; // 1.89
         QTest::newRow("white") << QColor(255, 255, 255) << 255;
     }
-    void Values()
-    {
+    void Values() {
         QFETCH(QColor, colour);
         QFETCH(int, luminance);
         for (int level : {INT_MIN, -1, 0, luminance, luminance + 1, 256, INT_MAX}) {
@@ -43,8 +39,7 @@ private slots:
         }
     }
 
-    void RunFormEqualsScalarForm()
-    {
+    void RunFormEqualsScalarForm() {
         for (int level : {INT_MIN, -1, 0, 1, 28, 29, 127, 128, 255, 256, INT_MAX})
             QVERIFY(HBRunFormEqualsScalarForm(Threshold{level}));
         QVERIFY(HBRunFormEqualsScalarForm(HBThresholdRGB32<100, 0, 0>{100}));

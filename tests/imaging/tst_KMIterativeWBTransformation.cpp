@@ -13,27 +13,23 @@
 #include <cmath>
 #include <functional>
 
-namespace
-{
+namespace {
 
 using WB = KMIterativeWBTransformation;
 using Triple = std::array<double, 3>;
 
-double Decode(double level)
-{
+double Decode(double level) {
     const double value = level / 255.0;
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
 }
-int Encode(double light)
-{
+int Encode(double light) {
     const double bounded = qBound(0.0, light, 1.0);
     const double value = bounded <= 0.0031308 ? bounded * 12.92 : 1.055 * std::pow(bounded, 1.0 / 2.4) - 0.055;
     return int(std::lround(255.0 * value));
 }
 
 /// Every pixel, padding included, from the function of its place; padding is what no image has.
-HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour, HBRGBA32i padding)
-{
+HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour, HBRGBA32i padding) {
     HBImage<> image(width, height);
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect area = image.TileRect(index);
@@ -48,15 +44,13 @@ HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int
     return image;
 }
 
-HBImage<> Uniform(int width, int height, HBRGBA32i colour, HBRGBA32i padding = {})
-{
+HBImage<> Uniform(int width, int height, HBRGBA32i colour, HBRGBA32i padding = {}) {
     return Generate(
         width, height, [=](int, int) { return colour; }, padding);
 }
 
 /// Surfaces of all colours, some of them white, under a light of the given colour.
-HBImage<> Scene(int width, int height, const Triple& light, HBRGBA32i padding = {})
-{
+HBImage<> Scene(int width, int height, const Triple& light, HBRGBA32i padding = {}) {
     const auto surface = [&](int x, int y) {
         const quint32 random = quint32((x / 9) * 7919 + (y / 7) * 104729 + 1) * 2654435761u;
         const auto shown = [&](int shift, double share) {
@@ -68,21 +62,16 @@ HBImage<> Scene(int width, int height, const Triple& light, HBRGBA32i padding = 
     return Generate(width, height, surface, padding);
 }
 
-double Angle(const Triple& a, const Triple& b)
-{
+double Angle(const Triple& a, const Triple& b) {
     const auto dot = [](const Triple& p, const Triple& q) { return p[0] * q[0] + p[1] * q[1] + p[2] * q[2]; };
     return std::acos(qMin(1.0, dot(a, b) / std::sqrt(dot(a, a) * dot(b, b)))) * 180.0 / M_PI;
 }
 
-bool AreEqual(const HBChannelTables& a, const HBChannelTables& b)
-{
+bool AreEqual(const HBChannelTables& a, const HBChannelTables& b) {
     return a.red == b.red && a.green == b.green && a.blue == b.blue;
 }
 
-bool IsIdentity(const HBChannelTables& tables)
-{
-    return AreEqual(tables, HBChannelTables());
-}
+bool IsIdentity(const HBChannelTables& tables) { return AreEqual(tables, HBChannelTables()); }
 
 constexpr auto Auto = WB::AutoBalance;
 constexpr auto Over = WB::Overexposure;
@@ -90,13 +79,11 @@ constexpr auto Under = WB::Underexposure;
 
 } // namespace
 
-class tst_KMIterativeWBTransformation : public QObject
-{
+class tst_KMIterativeWBTransformation : public QObject {
     Q_OBJECT
 private slots:
     /// A light multiplies the picture by three gains; the correction takes its colour back.
-    void CastIsTakenBack_data()
-    {
+    void CastIsTakenBack_data() {
         QTest::addColumn<double>("red");
         QTest::addColumn<double>("green");
         QTest::addColumn<double>("blue");
@@ -106,8 +93,7 @@ private slots:
         QTest::newRow("green") << 0.7 << 1.0 << 0.75;
         QTest::newRow("warm and dark") << 0.2 << 0.15 << 0.08;
     }
-    void CastIsTakenBack()
-    {
+    void CastIsTakenBack() {
         QFETCH(double, red);
         QFETCH(double, green);
         QFETCH(double, blue);
@@ -123,8 +109,7 @@ private slots:
         QVERIFY(std::abs(luminance(corrected) / (0.4 * luminance(light)) - 1.0) < 0.05);
     }
 
-    void StrengthLeadsToTheCorrection()
-    {
+    void StrengthLeadsToTheCorrection() {
         const HBImage<> scene = Scene(200, 200, {1.0, 0.7, 0.5});
         int before = 255;
         for (int strength : {0, 25, 50, 75, 100}) {
@@ -136,8 +121,7 @@ private slots:
         QVERIFY(IsIdentity(WB(scene, Auto, INT_MIN)));
     }
 
-    void NothingToCorrect()
-    {
+    void NothingToCorrect() {
         const HBRGBA32i black(0, 0, 0);
         for (auto function : {Auto, Over, Under}) {
             QVERIFY(IsIdentity(WB(HBImage<>(), function, 100)));
@@ -160,8 +144,7 @@ private slots:
         }
     }
 
-    void ExposureGoesToTheKey()
-    {
+    void ExposureGoesToTheKey() {
         // 118 has a luminance of 0.18.
         const HBImage<> bright = Uniform(200, 3, HBRGBA32i(200, 200, 200));
         const HBImage<> dark = Uniform(200, 3, HBRGBA32i(60, 60, 60));
@@ -179,8 +162,7 @@ private slots:
                  Encode(std::pow(Decode(180), power)));
     }
 
-    void PaddingIsNotCounted()
-    {
+    void PaddingIsNotCounted() {
         for (const QSize size : {QSize(130, 1), QSize(1, 1), QSize(127, 129), QSize(17, 260)}) {
             const Triple light = {1.0, 0.6, 0.4};
             const HBImage<> plain = Scene(size.width(), size.height(), light);
@@ -190,8 +172,7 @@ private slots:
         }
     }
 
-    void SameBytesEverywhere()
-    {
+    void SameBytesEverywhere() {
         const auto reset = qScopeGuard([] { hwy::GetChosenTarget().Update(hwy::SupportedTargets()); });
         auto& pool = *QThreadPool::globalInstance();
         const int threads = pool.maxThreadCount();
@@ -208,8 +189,7 @@ private slots:
         pool.setMaxThreadCount(threads);
     }
 
-    void CorrectionOutlivesThePicture()
-    {
+    void CorrectionOutlivesThePicture() {
         auto scene = std::make_unique<HBImage<>>(Scene(100, 100, {1.0, 0.6, 0.4}));
         const WB iterative(*scene, Auto, 100);
         scene.reset();
@@ -217,8 +197,7 @@ private slots:
         QVERIFY(HBRunFormEqualsScalarForm(sliced));
         HBRGBA32i pixels[3] = {{1, 2, 3, 4}, {90, 80, 70, 60}, {200, 100, 50, 0}};
         HBRGBA32i expected[3] = {pixels[0], pixels[1], pixels[2]};
-        for (HBRGBA32i& pixel : expected)
-            sliced(pixel);
+        for (HBRGBA32i& pixel : expected) sliced(pixel);
         WB copy = iterative;
         copy.SetProcessingBuffer(pixels);
         copy(0);

@@ -13,35 +13,28 @@
 #include <unistd.h>
 #include <vector>
 
-namespace
-{
+namespace {
 
 constexpr int TileBytes = KMTileManager64::TileBytes;
 constexpr const char* ScratchWarning =
     "Image data cannot be moved to the scratch file (is the disk full?): it stays in memory";
 
-KMTileManager64& Manager()
-{
-    return KMTileManager64::Instance();
-}
+KMTileManager64& Manager() { return KMTileManager64::Instance(); }
 
 using Pin = KMTilePin<uchar>;
 
-void Fill(const KMTileRef& tile, int value)
-{
+void Fill(const KMTileRef& tile, int value) {
     const Pin pin(tile, true);
     std::fill_n(pin.Pixels(), TileBytes, uchar(value));
 }
 
-bool Holds(const KMTileRef& tile, int value)
-{
+bool Holds(const KMTileRef& tile, int value) {
     const Pin pin(tile, false);
     return std::all_of(pin.Pixels(), pin.Pixels() + TileBytes, [=](uchar byte) { return byte == uchar(value); });
 }
 
 /// Tiles that hold 1, 2, 3 ...
-std::vector<KMTileRef> MakeTiles(int count)
-{
+std::vector<KMTileRef> MakeTiles(int count) {
     std::vector<KMTileRef> tiles;
     for (int i = 0; i < count; ++i) {
         tiles.emplace_back(Manager().MakeTile());
@@ -50,15 +43,13 @@ std::vector<KMTileRef> MakeTiles(int count)
     return tiles;
 }
 
-bool HoldTheirNumbers(const std::vector<KMTileRef>& tiles)
-{
+bool HoldTheirNumbers(const std::vector<KMTileRef>& tiles) {
     int value = 0;
     return std::all_of(tiles.begin(), tiles.end(), [&](const KMTileRef& tile) { return Holds(tile, ++value); });
 }
 
 /// Cuts the scratch file to nothing behind the manager's back, as a failing disk would.
-bool DestroyScratchFile(const QString& folder)
-{
+bool DestroyScratchFile(const QString& folder) {
     const QDir descriptors(QStringLiteral("/proc/self/fd"));
     for (const QString& name : descriptors.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
         const QByteArray path = QFile::encodeName(descriptors.filePath(name));
@@ -72,19 +63,16 @@ bool DestroyScratchFile(const QString& folder)
 
 } // namespace
 
-class tst_KMTileManager64 : public QObject
-{
+class tst_KMTileManager64 : public QObject {
     Q_OBJECT
 private slots:
-    void init()
-    {
+    void init() {
         QVERIFY(m_Folder.isValid());
         Manager().SetScratchFolder(m_Folder.path());
         Manager().SetMemoryBudget(qint64(1) << 30);
         Manager().SetScratchLimit(-1);
     }
-    void cleanup()
-    {
+    void cleanup() {
         // Whatever a test did, nothing may be left of it.
         const KMTileManager64::Usage usage = Manager().CurrentUsage();
         QCOMPARE(usage.tiles, qint64(0));
@@ -93,8 +81,7 @@ private slots:
     }
 
     // First, while there is no scratch file yet: a folder that cannot be written is like a full disk.
-    void UnwritableFolder()
-    {
+    void UnwritableFolder() {
         Manager().SetScratchFolder(QStringLiteral("/proc/none"));
         Manager().SetMemoryBudget(4 * TileBytes);
         QTest::ignoreMessage(QtWarningMsg, ScratchWarning);
@@ -103,8 +90,7 @@ private slots:
         QCOMPARE(Manager().CurrentUsage().resident, qint64(20) * TileBytes);
     }
 
-    void FreshTileTakesNoMemoryAndIsZero()
-    {
+    void FreshTileTakesNoMemoryAndIsZero() {
         KMTileRef used(Manager().MakeTile());
         Fill(used, 0xAB);
         used = KMTileRef(); // so that the next tile gets memory that is not zero by luck
@@ -119,8 +105,7 @@ private slots:
         QCOMPARE(quintptr(pin.Pixels()) % 64, quintptr(0));
     }
 
-    void CopiesAreIndependent()
-    {
+    void CopiesAreIndependent() {
         const auto tiles = MakeTiles(1);
         const KMTileRef copy(Manager().CopyTile(tiles[0].Get()));
         QVERIFY(!tiles[0].IsShared());
@@ -130,8 +115,7 @@ private slots:
         QVERIFY(copy.IsShared() && same.IsShared());
     }
 
-    void TilesMoveOutAndComeBack()
-    {
+    void TilesMoveOutAndComeBack() {
         Manager().SetMemoryBudget(8 * TileBytes);
         const auto tiles = MakeTiles(100);
         QVERIFY(Manager().CurrentUsage().resident <= 8 * TileBytes);
@@ -139,21 +123,16 @@ private slots:
         QVERIFY(HoldTheirNumbers(tiles));
 
         // What came back and is written again must be saved again.
-        for (int i = 0; i < 100; ++i)
-            Fill(tiles[std::size_t(i)], 100 - i);
-        for (int i = 0; i < 100; ++i)
-            QVERIFY(Holds(tiles[std::size_t(i)], 100 - i));
+        for (int i = 0; i < 100; ++i) Fill(tiles[std::size_t(i)], 100 - i);
+        for (int i = 0; i < 100; ++i) QVERIFY(Holds(tiles[std::size_t(i)], 100 - i));
 
         std::vector<KMTileRef> copies;
-        for (const KMTileRef& tile : tiles)
-            copies.emplace_back(Manager().CopyTile(tile.Get()));
-        for (int i = 0; i < 100; ++i)
-            QVERIFY(Holds(copies[std::size_t(i)], 100 - i));
+        for (const KMTileRef& tile : tiles) copies.emplace_back(Manager().CopyTile(tile.Get()));
+        for (int i = 0; i < 100; ++i) QVERIFY(Holds(copies[std::size_t(i)], 100 - i));
         QVERIFY(Manager().CurrentUsage().resident <= 8 * TileBytes);
     }
 
-    void LeastRecentlyUsedLeaveFirst()
-    {
+    void LeastRecentlyUsedLeaveFirst() {
         const auto tiles = MakeTiles(32);
         Manager().SetMemoryBudget(32 * TileBytes);
         QVERIFY(Holds(tiles[0], 1)); // the oldest becomes the youngest
@@ -169,16 +148,13 @@ private slots:
         QCOMPARE(Manager().CurrentUsage().resident, resident); // it was still in memory
     }
 
-    void PinnedTilesStay()
-    {
+    void PinnedTilesStay() {
         Manager().SetMemoryBudget(4 * TileBytes);
         const auto tiles = MakeTiles(8);
         std::vector<Pin> pins;
-        for (const KMTileRef& tile : tiles)
-            pins.emplace_back(tile, true);
+        for (const KMTileRef& tile : tiles) pins.emplace_back(tile, true);
         std::vector<uchar*> before;
-        for (const Pin& pin : pins)
-            before.push_back(pin.Pixels());
+        for (const Pin& pin : pins) before.push_back(pin.Pixels());
         const auto others = MakeTiles(16);
         QVERIFY(HoldTheirNumbers(others));
         for (std::size_t i = 0; i < pins.size(); ++i) {
@@ -188,8 +164,7 @@ private slots:
         }
     }
 
-    void CleanTilesNeedNoMoreScratchSpace()
-    {
+    void CleanTilesNeedNoMoreScratchSpace() {
         Manager().SetMemoryBudget(4 * TileBytes);
         const auto tiles = MakeTiles(64);
         QVERIFY(HoldTheirNumbers(tiles)); // by the end, every tile has been saved
@@ -199,8 +174,7 @@ private slots:
         QVERIFY(Manager().CurrentUsage().resident <= 4 * TileBytes);
     }
 
-    void FullScratchFileLosesNothing()
-    {
+    void FullScratchFileLosesNothing() {
         Manager().SetMemoryBudget(4 * TileBytes);
         Manager().SetScratchLimit(10 * TileBytes);
         QTest::ignoreMessage(QtWarningMsg, ScratchWarning); // once
@@ -216,8 +190,7 @@ private slots:
         QVERIFY(HoldTheirNumbers(tiles));
     }
 
-    void UnreadableTileIsAnErrorNotAPin()
-    {
+    void UnreadableTileIsAnErrorNotAPin() {
         Manager().SetMemoryBudget(4 * TileBytes);
         const auto tiles = MakeTiles(20);
         Manager().SetMemoryBudget(100 * TileBytes); // no more writing, which would fill the file with zeros
@@ -237,8 +210,7 @@ private slots:
         QCOMPARE(Manager().CurrentUsage().resident, qint64(20 - failed) * TileBytes);
     }
 
-    void FreeSlabsGoBackBeyondAReserve()
-    {
+    void FreeSlabsGoBackBeyondAReserve() {
         const qint64 reserve = qint64(64) << 20;
         {
             const auto tiles = MakeTiles(int(reserve / TileBytes) + 100);
@@ -247,8 +219,7 @@ private slots:
         QCOMPARE(Manager().CurrentUsage().slabs, reserve);
     }
 
-    void ManyThreadsFewTilesInMemory()
-    {
+    void ManyThreadsFewTilesInMemory() {
         constexpr int threadCount = 4;
         constexpr int tileCount = 64;
         Manager().SetMemoryBudget(8 * TileBytes);
@@ -272,8 +243,7 @@ private slots:
                 }
             });
         }
-        for (std::thread& thread : threads)
-            thread.join();
+        for (std::thread& thread : threads) thread.join();
         QCOMPARE(wrong.load(), 0);
         QVERIFY(HoldTheirNumbers(shared));
     }

@@ -14,58 +14,44 @@
 #include <limits>
 #include <set>
 
-namespace
-{
+namespace {
 
 using Table = HBChannelTables::Table;
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-bool IsIdentity(const HBChannelTables& tables)
-{
+bool IsIdentity(const HBChannelTables& tables) {
     const HBChannelTables identity;
     return tables.red == identity.red && tables.green == identity.green && tables.blue == identity.blue;
 }
 
-const Table& CommonTable(const HBChannelTables& tables)
-{
-    if (tables.red != tables.green || tables.green != tables.blue)
-        qWarning("the channels differ");
+const Table& CommonTable(const HBChannelTables& tables) {
+    if (tables.red != tables.green || tables.green != tables.blue) qWarning("the channels differ");
     return tables.red;
 }
 
-Table Gamma(double gamma)
-{
-    return CommonTable(HBIterativeGammaCorrectionTransformation(gamma).Operation());
-}
+Table Gamma(double gamma) { return CommonTable(HBIterativeGammaCorrectionTransformation(gamma).Operation()); }
 
-Table Exposure(double exposure, double offset)
-{
+Table Exposure(double exposure, double offset) {
     return CommonTable(HBIterativeExposureTransformation(exposure, offset).Operation());
 }
 
-Table Posterize(int levels)
-{
-    return CommonTable(HBIterativePosterizeTransformation(levels).Operation());
-}
+Table Posterize(int levels) { return CommonTable(HBIterativePosterizeTransformation(levels).Operation()); }
 
-struct LevelsSettings
-{
+struct LevelsSettings {
     int input[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
     int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
     double gamma[4] = {1.0, 1.0, 1.0, 1.0};
     int amount = 100;
 
-    HBLevelsTransformation Operation() const
-    {
+    HBLevelsTransformation Operation() const {
         return HBIterativeLevelsTransformation(input, output, gamma, amount).Operation();
     }
 };
 
 /// Levels with only the composite channel set.
-Table Composite(int low, int high, double gamma, int black, int white)
-{
+Table Composite(int low, int high, double gamma, int black, int white) {
     LevelsSettings settings;
     settings.input[0][0] = low;
     settings.input[0][1] = high;
@@ -77,12 +63,10 @@ Table Composite(int low, int high, double gamma, int black, int white)
 
 } // namespace
 
-class tst_TonalTransformations : public QObject
-{
+class tst_TonalTransformations : public QObject {
     Q_OBJECT
 private slots:
-    void NeutralIsIdentity()
-    {
+    void NeutralIsIdentity() {
         QVERIFY(IsIdentity(HBIterativeGammaCorrectionTransformation(1.0).Operation()));
         QVERIFY(IsIdentity(HBIterativeExposureTransformation(0.0, 0.0).Operation()));
         QVERIFY(IsIdentity(LevelsSettings().Operation()));
@@ -93,8 +77,7 @@ private slots:
         QVERIFY(IsIdentity(none.Operation()));
     }
 
-    void GammaValues_data()
-    {
+    void GammaValues_data() {
         QTest::addColumn<double>("gamma");
         QTest::addColumn<int>("level");
         QTest::addColumn<int>("expected");
@@ -110,8 +93,7 @@ private slots:
         QTest::newRow("negative") << -1.0 << 254 << 172;
         QTest::newRow("not a number") << NaN << 100 << 100;
     }
-    void GammaValues()
-    {
+    void GammaValues() {
         QFETCH(double, gamma);
         QFETCH(int, level);
         const Table table = Gamma(gamma);
@@ -120,8 +102,7 @@ private slots:
         QCOMPARE(int(table[255]), 255);
     }
 
-    void ExposureValues_data()
-    {
+    void ExposureValues_data() {
         QTest::addColumn<double>("exposure");
         QTest::addColumn<double>("offset");
         QTest::addColumn<int>("level");
@@ -143,16 +124,14 @@ private slots:
         QTest::newRow("clamped") << -Infinity << 7.0 << 255 << 188;
         QTest::newRow("not numbers") << NaN << NaN << 77 << 77;
     }
-    void ExposureValues()
-    {
+    void ExposureValues() {
         QFETCH(double, exposure);
         QFETCH(double, offset);
         QFETCH(int, level);
         QTEST(int(Exposure(exposure, offset)[level]), "expected");
     }
 
-    void PosterizeValues_data()
-    {
+    void PosterizeValues_data() {
         QTest::addColumn<int>("levels");
         QTest::addColumn<int>("level");
         QTest::addColumn<int>("expected");
@@ -169,15 +148,13 @@ private slots:
         QTest::newRow("too few") << INT_MIN << 127 << 0;
         QTest::newRow("too many") << INT_MAX << 1 << 0;
     }
-    void PosterizeValues()
-    {
+    void PosterizeValues() {
         QFETCH(int, levels);
         QFETCH(int, level);
         QTEST(int(Posterize(levels)[level]), "expected");
     }
 
-    void PosterizeLeavesThatManyLevels()
-    {
+    void PosterizeLeavesThatManyLevels() {
         for (int levels = 2; levels <= 255; ++levels) {
             const Table table = Posterize(levels);
             QVERIFY(std::is_sorted(table.begin(), table.end()));
@@ -187,8 +164,7 @@ private slots:
         }
     }
 
-    void CompositeLevels_data()
-    {
+    void CompositeLevels_data() {
         QTest::addColumn<int>("low");
         QTest::addColumn<int>("high");
         QTest::addColumn<double>("gamma");
@@ -214,8 +190,7 @@ private slots:
         QTest::newRow("gamma infinite") << 0 << 255 << Infinity << 0 << 255 << Points{{0, 0}, {1, 146}};
         QTest::newRow("gamma not a number") << 0 << 255 << NaN << 0 << 255 << Points{{77, 77}};
     }
-    void CompositeLevels()
-    {
+    void CompositeLevels() {
         QFETCH(int, low);
         QFETCH(int, high);
         QFETCH(double, gamma);
@@ -223,12 +198,10 @@ private slots:
         QFETCH(int, white);
         QFETCH(QVector<QPoint>, expected);
         const Table table = Composite(low, high, gamma, black, white);
-        for (const QPoint& point : qAsConst(expected))
-            QCOMPARE(int(table[point.x()]), point.y());
+        for (const QPoint& point : qAsConst(expected)) QCOMPARE(int(table[point.x()]), point.y());
     }
 
-    void ChannelsComeFirstAndAlone()
-    {
+    void ChannelsComeFirstAndAlone() {
         LevelsSettings settings;
         settings.output[1][1] = 10;
         settings.input[0][1] = 10;
@@ -248,12 +221,10 @@ private slots:
         QCOMPARE(pixel, HBRGBA32i(77, 0, 0, 31));
     }
 
-    void AmountIsAShareOfTheWay()
-    {
+    void AmountIsAShareOfTheWay() {
         LevelsSettings settings;
         settings.output[0][1] = 0;
-        const struct
-        {
+        const struct {
             int amount, expected;
         } rows[] = {{25, 150}, {50, 100}, {100, 0}, {101, 0}, {INT_MAX, 0}, {-1, 200}, {INT_MIN, 200}};
         for (const auto& row : rows) {
@@ -262,8 +233,7 @@ private slots:
         }
     }
 
-    void RunFormsEqualScalarForms()
-    {
+    void RunFormsEqualScalarForms() {
         LevelsSettings settings;
         settings.gamma[1] = 2.0;
         settings.output[2][0] = 200;

@@ -13,22 +13,19 @@
 /// The modes of the list.
 inline const QVector<int> HBAllModes = {0, 13, 14, 15, 22, 23, 17, 16, 21, 20, 18, 19, 12};
 
-inline QRect HBMargins(int left, int top, int right, int bottom)
-{
+inline QRect HBMargins(int left, int top, int right, int bottom) {
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
 /// A colour of an overlay test. Dodge and burn jump at black and white, where QPainter's 16 bits do not tell which side a
 /// translucent pixel is on: those are left out.
-inline QRgb HBColor(int red, int green, int blue, int alpha)
-{
+inline QRgb HBColor(int red, int green, int blue, int alpha) {
     auto level = [](int value) { return 8 + value % 240; };
     return qRgba(level(red), level(green), level(blue), alpha);
 }
 
 /// Many colours; the left half opaque, in the right half every alpha from 0 on.
-inline QImage HBHalfOpaque(int width, int height)
-{
+inline QImage HBHalfOpaque(int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
@@ -39,8 +36,7 @@ inline QImage HBHalfOpaque(int width, int height)
     return image;
 }
 
-inline QImage HBPlain(int width, int height, const QColor& color)
-{
+inline QImage HBPlain(int width, int height, const QColor& color) {
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(color);
     return image;
@@ -48,8 +44,7 @@ inline QImage HBPlain(int width, int height, const QColor& color)
 
 /// The largest difference in alpha, or in a colour as far as it shows: QPainter's own colours of a pixel that covers
 /// little are off by as much as its 16 bits lose there.
-inline double HBLargestDifference(const QImage& a, const QImage& b)
-{
+inline double HBLargestDifference(const QImage& a, const QImage& b) {
     double largest = a.size() == b.size() ? 0 : 256;
     for (int y = 0; largest < 256 && y < a.height(); ++y) {
         for (int x = 0; x < a.width(); ++x) {
@@ -65,21 +60,18 @@ inline double HBLargestDifference(const QImage& a, const QImage& b)
 }
 
 /// The pixels that differ.
-inline QRect HBChangedRect(const QImage& before, const QImage& after)
-{
+inline QRect HBChangedRect(const QImage& before, const QImage& after) {
     QRect changed;
     for (int y = 0; y < before.height(); ++y) {
         for (int x = 0; x < before.width(); ++x) {
-            if (before.pixel(x, y) != after.pixel(x, y))
-                changed |= QRect(x, y, 1, 1);
+            if (before.pixel(x, y) != after.pixel(x, y)) changed |= QRect(x, y, 1, 1);
         }
     }
     return changed;
 }
 
 /// The mean difference of two pictures of different sizes, once both are small.
-inline double HBMeanDifference(const QImage& a, const QImage& b)
-{
+inline double HBMeanDifference(const QImage& a, const QImage& b) {
     const QSize size(150, 150 * a.height() / a.width());
     auto small = [&size](const QImage& image) {
         return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)

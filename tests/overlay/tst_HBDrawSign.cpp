@@ -7,12 +7,10 @@
 
 #include <climits>
 
-namespace
-{
+namespace {
 
 /// Opaque at the left, then every alpha, with transparent columns.
-QImage TranslucentStamp()
-{
+QImage TranslucentStamp() {
     QImage stamp(300, 280, QImage::Format_ARGB32);
     for (int y = 0; y < stamp.height(); ++y) {
         for (int x = 0; x < stamp.width(); ++x) {
@@ -25,8 +23,7 @@ QImage TranslucentStamp()
 
 } // namespace
 
-class tst_HBDrawSign : public QObject
-{
+class tst_HBDrawSign : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { QVERIFY(m_Folder.isValid()); }
@@ -49,39 +46,33 @@ private slots:
 private:
     const QTemporaryDir m_Folder;
 
-    QString Save(const char* name, const QImage& stamp) const
-    {
+    QString Save(const char* name, const QImage& stamp) const {
         const QString file = m_Folder.filePath(name);
         return stamp.save(file) ? file : QString();
     }
     /// Without margins, at the left and at the top.
-    HBSignWidget::Params Stamp(const char* name, const QImage& stamp) const
-    {
+    HBSignWidget::Params Stamp(const char* name, const QImage& stamp) const {
         HBSignWidget::Params params;
         params.fileName = Save(name, stamp);
         params.margins = HBMargins(0, 0, 0, 0);
         return params;
     }
-    static QImage Drawn(const QImage& picture, const HBSignWidget::Params& params)
-    {
+    static QImage Drawn(const QImage& picture, const HBSignWidget::Params& params) {
         QString error;
         const QImage drawn = HBDrawSign(HBImage<>::FromQImage(picture), params, &error).ToQImage();
         return error.isEmpty() ? drawn : QImage();
     }
 };
 
-void tst_HBDrawSign::Modes_data()
-{
+void tst_HBDrawSign::Modes_data() {
     QTest::addColumn<int>("mode");
     QTest::addColumn<int>("opacity");
     for (const int mode : HBAllModes) {
-        for (const int opacity : {0, 37, 100})
-            QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
+        for (const int opacity : {0, 37, 100}) QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
     }
 }
 
-void tst_HBDrawSign::Modes()
-{
+void tst_HBDrawSign::Modes() {
     QFETCH(int, mode);
     QFETCH(int, opacity);
     // A pixel of the stamp is one of this picture; it lies across the borders of 16 tiles, in both halves.
@@ -112,8 +103,7 @@ void tst_HBDrawSign::Modes()
     QVERIFY2(difference <= 1, qPrintable(QString::number(difference)));
 }
 
-void tst_HBDrawSign::Place_data()
-{
+void tst_HBDrawSign::Place_data() {
     QTest::addColumn<QSize>("picture");
     QTest::addColumn<QSize>("stamp");
     QTest::addColumn<int>("alignment");
@@ -146,8 +136,7 @@ void tst_HBDrawSign::Place_data()
                              << QRect(500, 3, 0, 0);
 }
 
-void tst_HBDrawSign::Place()
-{
+void tst_HBDrawSign::Place() {
     QFETCH(QSize, picture);
     QFETCH(QSize, stamp);
     QFETCH(int, alignment);
@@ -163,15 +152,13 @@ void tst_HBDrawSign::Place()
     QCOMPARE(HBChangedRect(before, after), expected);
 }
 
-void tst_HBDrawSign::LooksTheSameAtAnySize_data()
-{
+void tst_HBDrawSign::LooksTheSameAtAnySize_data() {
     QTest::addColumn<QSize>("shape");
     QTest::newRow("landscape") << QSize(300, 200);
     QTest::newRow("portrait") << QSize(300, 450);
 }
 
-void tst_HBDrawSign::LooksTheSameAtAnySize()
-{
+void tst_HBDrawSign::LooksTheSameAtAnySize() {
     QFETCH(QSize, shape);
     QImage stamp = HBPlain(500, 200, Qt::transparent);
     QPainter painter(&stamp);
@@ -189,12 +176,10 @@ void tst_HBDrawSign::LooksTheSameAtAnySize()
 }
 
 /// Along a ramp that is four times as large as its file, no value may jump, not at the borders of tiles either.
-void tst_HBDrawSign::EnlargesWithoutSeams()
-{
+void tst_HBDrawSign::EnlargesWithoutSeams() {
     QImage ramp(60, 3, QImage::Format_ARGB32);
     for (int x = 0; x < ramp.width(); ++x) {
-        for (int y = 0; y < ramp.height(); ++y)
-            ramp.setPixel(x, y, qRgb(x * 4, x * 4, x * 4));
+        for (int y = 0; y < ramp.height(); ++y) ramp.setPixel(x, y, qRgb(x * 4, x * 4, x * 4));
     }
     const QImage before = HBPlain(4000, 4000, Qt::white);
     const QImage after = Drawn(before, Stamp("ramp.png", ramp));
@@ -206,8 +191,7 @@ void tst_HBDrawSign::EnlargesWithoutSeams()
     QCOMPARE(qRed(after.pixel(239, 5)), 59 * 4);
 }
 
-void tst_HBDrawSign::TouchesNothingElse()
-{
+void tst_HBDrawSign::TouchesNothingElse() {
     const QImage before = HBHalfOpaque(1000, 1000);
     HBImage<> picture = HBImage<>::FromQImage(before);
     picture.SetHostValue(0, 11811);
@@ -218,15 +202,13 @@ void tst_HBDrawSign::TouchesNothingElse()
     QString error;
     const HBImage<> drawn = HBDrawSign(picture, params, &error);
     QCOMPARE(error, QString());
-    for (int i = 0; i < picture.Tiles().size(); ++i)
-        QCOMPARE(drawn.Tile(i) == picture.Tile(i), i != 1);
+    for (int i = 0; i < picture.Tiles().size(); ++i) QCOMPARE(drawn.Tile(i) == picture.Tile(i), i != 1);
     QCOMPARE(picture.ToQImage(), before);
     QCOMPARE(HBChangedRect(before, drawn.ToQImage()), QRect(150, 10, 1, 1));
     QCOMPARE(drawn.HostValue(0), 11811);
 }
 
-void tst_HBDrawSign::Nothing_data()
-{
+void tst_HBDrawSign::Nothing_data() {
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("opacity");
     const QString stamp = Save("nothing.png", HBPlain(10, 10, Qt::red));
@@ -237,8 +219,7 @@ void tst_HBDrawSign::Nothing_data()
     QTest::newRow("a transparent stamp") << Save("clear.png", HBPlain(10, 10, Qt::transparent)) << 100;
 }
 
-void tst_HBDrawSign::Nothing()
-{
+void tst_HBDrawSign::Nothing() {
     QFETCH(QString, file);
     QFETCH(int, opacity);
     const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
@@ -252,8 +233,7 @@ void tst_HBDrawSign::Nothing()
     QVERIFY(HBDrawSign({}, params, nullptr).IsEmpty());
 }
 
-void tst_HBDrawSign::Failures_data()
-{
+void tst_HBDrawSign::Failures_data() {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QRect>("margins");
     QTest::addColumn<QString>("message");
@@ -285,8 +265,7 @@ void tst_HBDrawSign::Failures_data()
                                      << QString("The margins leave no room");
 }
 
-void tst_HBDrawSign::Failures()
-{
+void tst_HBDrawSign::Failures() {
     QFETCH(QString, file);
     QFETCH(QRect, margins);
     QFETCH(QString, message);
@@ -302,8 +281,7 @@ void tst_HBDrawSign::Failures()
     QCOMPARE(HBDrawSign(picture, params, nullptr).Tiles(), picture.Tiles());
 }
 
-void tst_HBDrawSign::HostileValuesAreClamped()
-{
+void tst_HBDrawSign::HostileValuesAreClamped() {
     const QImage picture = HBHalfOpaque(1500, 1000);
     HBSignWidget::Params usual = Stamp("hostile.png", TranslucentStamp());
     usual.margins = HBMargins(0, 999, 0, 0);
@@ -318,8 +296,7 @@ void tst_HBDrawSign::HostileValuesAreClamped()
     }
 }
 
-void tst_HBDrawSign::ReadsAFileAgainThatHasChanged()
-{
+void tst_HBDrawSign::ReadsAFileAgainThatHasChanged() {
     const QImage picture = HBPlain(1000, 1000, Qt::white);
     HBSignWidget::Params params = Stamp("changing.png", HBPlain(10, 10, Qt::red));
     QCOMPARE(Drawn(picture, params).pixelColor(5, 5), QColor(Qt::red));

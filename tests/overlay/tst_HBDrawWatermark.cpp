@@ -12,12 +12,10 @@
 #include <climits>
 #include <limits>
 
-namespace
-{
+namespace {
 
 /// Without margins, in units that are pixels of a picture of 1000.
-HBWatermarkWidget::Params Text(const QString& text, int pixels)
-{
+HBWatermarkWidget::Params Text(const QString& text, int pixels) {
     HBWatermarkWidget::Params params;
     params.text = text;
     params.font.setPixelSize(pixels);
@@ -26,16 +24,14 @@ HBWatermarkWidget::Params Text(const QString& text, int pixels)
     return params;
 }
 
-QImage Drawn(const QImage& picture, const HBWatermarkWidget::Params& params)
-{
+QImage Drawn(const QImage& picture, const HBWatermarkWidget::Params& params) {
     QString error;
     const QImage drawn = HBDrawWatermark(HBImage<>::FromQImage(picture), params, &error).ToQImage();
     return error.isEmpty() ? drawn : QImage();
 }
 
 /// The text of a whole picture in one piece.
-QImage Layer(const QSize& picture, const HBWatermarkWidget::Params& params)
-{
+QImage Layer(const QSize& picture, const HBWatermarkWidget::Params& params) {
     QString error;
     const HBTextOutlines text = HBTextOutlines::Make(params.text, params.font, &error);
     const double scale = HBFontUnits(params.font) * HBOverlayLayout::Unit(picture) / HBTextOutlines::FontPixels;
@@ -63,8 +59,7 @@ QImage Layer(const QSize& picture, const HBWatermarkWidget::Params& params)
 }
 
 /// Where the ink is heavier, seen from the middle of what has changed: -1, 0 or 1 each way.
-QPoint HeavySide(const QImage& before, const QImage& after)
-{
+QPoint HeavySide(const QImage& before, const QImage& after) {
     const QRect box = HBChangedRect(before, after);
     QPointF sum;
     double weight = 0;
@@ -81,8 +76,7 @@ QPoint HeavySide(const QImage& before, const QImage& after)
 }
 
 /// A font with a size that no function of Qt would set, as a record may hold it.
-QFont WithSize(double points, qint32 pixels)
-{
+QFont WithSize(double points, qint32 pixels) {
     QByteArray bytes;
     QDataStream writer(&bytes, QIODevice::WriteOnly);
     writer.setVersion(QDataStream::Qt_5_0); // the family, then the sizes
@@ -103,8 +97,7 @@ QFont WithSize(double points, qint32 pixels)
 
 } // namespace
 
-class tst_HBDrawWatermark : public QObject
-{
+class tst_HBDrawWatermark : public QObject {
     Q_OBJECT
 private slots:
     void Modes_data();
@@ -128,19 +121,16 @@ private slots:
     void HostileTexts();
 };
 
-void tst_HBDrawWatermark::Modes_data()
-{
+void tst_HBDrawWatermark::Modes_data() {
     QTest::addColumn<int>("mode");
     QTest::addColumn<int>("opacity");
     for (const int mode : HBAllModes) {
-        for (const int opacity : {0, 37, 100})
-            QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
+        for (const int opacity : {0, 37, 100}) QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
     }
 }
 
 /// Tile by tile as in one piece, in each mode as QPainter composes it.
-void tst_HBDrawWatermark::Modes()
-{
+void tst_HBDrawWatermark::Modes() {
     QFETCH(int, mode);
     QFETCH(int, opacity);
     const QImage picture = HBHalfOpaque(600, 400);
@@ -165,8 +155,7 @@ void tst_HBDrawWatermark::Modes()
         for (int x = 0; x < picture.width(); ++x) {
             const bool untouched = opacity == 0 || qAlpha(layer.pixel(x, y)) == 0;
             covered += untouched ? 0 : 1;
-            if (untouched)
-                expected.setPixel(x, y, picture.pixel(x, y));
+            if (untouched) expected.setPixel(x, y, picture.pixel(x, y));
         }
     }
     QVERIFY(opacity == 0 || covered > 5000);
@@ -174,8 +163,7 @@ void tst_HBDrawWatermark::Modes()
     QVERIFY2(difference <= 1, qPrintable(QString::number(difference)));
 }
 
-void tst_HBDrawWatermark::AngleTurnsCounterClockwise_data()
-{
+void tst_HBDrawWatermark::AngleTurnsCounterClockwise_data() {
     QTest::addColumn<int>("angle");
     QTest::addColumn<QPoint>("beginning"); // of the text, seen from its middle
     QTest::newRow("level") << 0 << QPoint(-1, 0);
@@ -187,8 +175,7 @@ void tst_HBDrawWatermark::AngleTurnsCounterClockwise_data()
     QTest::newRow("hostile") << 90 + 360 * 1000000 << QPoint(0, 1);
 }
 
-void tst_HBDrawWatermark::AngleTurnsCounterClockwise()
-{
+void tst_HBDrawWatermark::AngleTurnsCounterClockwise() {
     QFETCH(int, angle);
     QFETCH(QPoint, beginning);
     HBWatermarkWidget::Params params = Text("MMM----", 60);
@@ -197,8 +184,7 @@ void tst_HBDrawWatermark::AngleTurnsCounterClockwise()
     QCOMPARE(HeavySide(before, Drawn(before, params)), beginning);
 }
 
-void tst_HBDrawWatermark::NeverLeavesTheMargins_data()
-{
+void tst_HBDrawWatermark::NeverLeavesTheMargins_data() {
     QTest::addColumn<QSize>("picture");
     QTest::addColumn<QRect>("margins");
     QTest::addColumn<int>("angle");
@@ -213,8 +199,7 @@ void tst_HBDrawWatermark::NeverLeavesTheMargins_data()
     QTest::newRow("tiny") << QSize(20, 9) << none << 3 << 2;
 }
 
-void tst_HBDrawWatermark::NeverLeavesTheMargins()
-{
+void tst_HBDrawWatermark::NeverLeavesTheMargins() {
     QFETCH(QSize, picture);
     QFETCH(QRect, margins);
     QFETCH(int, angle);
@@ -232,8 +217,7 @@ void tst_HBDrawWatermark::NeverLeavesTheMargins()
     QVERIFY(room.width() - changed.width() < slack || room.height() - changed.height() < slack);
 }
 
-void tst_HBDrawWatermark::Tiles()
-{
+void tst_HBDrawWatermark::Tiles() {
     HBWatermarkWidget::Params params = Text("tile", 40);
     params.angle = 30;
     params.horizontalTiles = 3;
@@ -248,8 +232,7 @@ void tst_HBDrawWatermark::Tiles()
         QCOMPARE(after.copy(QRect(corner, cell.size())), cell);
 }
 
-void tst_HBDrawWatermark::SizeOfTheFont()
-{
+void tst_HBDrawWatermark::SizeOfTheFont() {
     // 75 points are 100 units, which are 50 pixels of a picture of 500.
     HBWatermarkWidget::Params points = Text("H", 1);
     points.font.setPointSizeF(75);
@@ -265,15 +248,13 @@ void tst_HBDrawWatermark::SizeOfTheFont()
     QVERIFY(HBChangedRect(before, Drawn(before, lines)).height() > 2 * changed.height());
 }
 
-void tst_HBDrawWatermark::LooksTheSameAtAnySize_data()
-{
+void tst_HBDrawWatermark::LooksTheSameAtAnySize_data() {
     QTest::addColumn<QSize>("shape");
     QTest::newRow("landscape") << QSize(300, 200);
     QTest::newRow("portrait") << QSize(300, 450);
 }
 
-void tst_HBDrawWatermark::LooksTheSameAtAnySize()
-{
+void tst_HBDrawWatermark::LooksTheSameAtAnySize() {
     QFETCH(QSize, shape);
     HBWatermarkWidget::Params params = Text("Watermark", 120);
     params.color = Qt::yellow;
@@ -288,8 +269,7 @@ void tst_HBDrawWatermark::LooksTheSameAtAnySize()
 }
 
 /// Of the tiles that the box around a slanting text reaches, those without ink stay shared.
-void tst_HBDrawWatermark::TouchesNothingElse()
-{
+void tst_HBDrawWatermark::TouchesNothingElse() {
     const QImage before = HBHalfOpaque(1280, 1280);
     const HBImage<> picture = HBImage<>::FromQImage(before);
     HBWatermarkWidget::Params params = Text("_____________________", 60);
@@ -308,8 +288,7 @@ void tst_HBDrawWatermark::TouchesNothingElse()
     QCOMPARE(picture.ToQImage(), before);
 }
 
-void tst_HBDrawWatermark::Nothing_data()
-{
+void tst_HBDrawWatermark::Nothing_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QColor>("color");
     QTest::addColumn<int>("opacity");
@@ -320,8 +299,7 @@ void tst_HBDrawWatermark::Nothing_data()
     QTest::newRow("a transparent colour") << QString("text") << QColor(255, 0, 0, 0) << 100;
 }
 
-void tst_HBDrawWatermark::Nothing()
-{
+void tst_HBDrawWatermark::Nothing() {
     QFETCH(QString, text);
     QFETCH(QColor, color);
     QFETCH(int, opacity);
@@ -335,8 +313,7 @@ void tst_HBDrawWatermark::Nothing()
     QVERIFY(HBDrawWatermark({}, params, nullptr).IsEmpty());
 }
 
-void tst_HBDrawWatermark::NamesAFontThatIsMissing()
-{
+void tst_HBDrawWatermark::NamesAFontThatIsMissing() {
     const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
     HBWatermarkWidget::Params params = Text("text", 100);
     params.font.setFamily("No Such Font %2");
@@ -353,8 +330,7 @@ void tst_HBDrawWatermark::NamesAFontThatIsMissing()
     QCOMPARE(error, QString());
 }
 
-void tst_HBDrawWatermark::HostileFontSizes_data()
-{
+void tst_HBDrawWatermark::HostileFontSizes_data() {
     QTest::addColumn<double>("points");
     QTest::addColumn<int>("pixels");
     QTest::addColumn<int>("units");
@@ -370,8 +346,7 @@ void tst_HBDrawWatermark::HostileFontSizes_data()
     QTest::newRow("negative pixels") << -1.0 << INT_MIN << 16;
 }
 
-void tst_HBDrawWatermark::HostileFontSizes()
-{
+void tst_HBDrawWatermark::HostileFontSizes() {
     QFETCH(double, points);
     QFETCH(int, pixels);
     QFETCH(int, units);
@@ -382,8 +357,7 @@ void tst_HBDrawWatermark::HostileFontSizes()
     QCOMPARE(Drawn(before, params), Drawn(before, Text("text", units)));
 }
 
-void tst_HBDrawWatermark::HostileValuesAreClamped()
-{
+void tst_HBDrawWatermark::HostileValuesAreClamped() {
     const QImage picture = HBHalfOpaque(500, 400);
     HBWatermarkWidget::Params usual = Text("text", 200);
     usual.horizontalTiles = 9;
@@ -407,8 +381,7 @@ void tst_HBDrawWatermark::HostileValuesAreClamped()
     }
 }
 
-void tst_HBDrawWatermark::HostileTexts_data()
-{
+void tst_HBDrawWatermark::HostileTexts_data() {
     QTest::addColumn<QString>("text");
     QTest::newRow("a million letters") << QString(1'000'000, 'W');
     QTest::newRow("a million lines") << QString("W\n").repeated(1'000'000);
@@ -417,8 +390,7 @@ void tst_HBDrawWatermark::HostileTexts_data()
     QTest::newRow("both directions") << QString::fromUtf8("abc \u202eאבג \u0627\u0644\u0639");
 }
 
-void tst_HBDrawWatermark::HostileTexts()
-{
+void tst_HBDrawWatermark::HostileTexts() {
     QFETCH(QString, text);
     HBWatermarkWidget::Params params = Text(text, 100);
     params.horizontalTiles = params.verticalTiles = 9;

@@ -16,14 +16,12 @@
 #include <QTimer>
 
 /// The user before the colour dialog.
-class HBColorDialogUser
-{
+class HBColorDialogUser {
 public:
     explicit HBColorDialogUser(KMColorDialog& dialog) : m_Dialog(dialog) {}
 
     /// Puts a colour into the dialog's field for names, in one go.
-    void Pick(const QColor& color)
-    {
+    void Pick(const QColor& color) {
         for (QLineEdit* edit : m_Dialog.findChildren<QLineEdit*>()) {
             if (!qobject_cast<QAbstractSpinBox*>(edit->parent())) {
                 edit->selectAll();
@@ -31,14 +29,12 @@ public:
             }
         }
     }
-    void Press(QDialogButtonBox::StandardButton button)
-    {
+    void Press(QDialogButtonBox::StandardButton button) {
         m_Dialog.findChild<QDialogButtonBox*>()->button(button)->click();
     }
 
     /// Clicks the button; `visit` is called while the dialog is open and closes it. False if there was none.
-    static bool Open(QAbstractButton* button, const std::function<void(KMColorDialog&)>& visit)
-    {
+    static bool Open(QAbstractButton* button, const std::function<void(KMColorDialog&)>& visit) {
         const HBShowsWindows silence;
         bool found = false;
         QTimer::singleShot(0, qApp, [&] {
@@ -59,22 +55,19 @@ private:
 };
 
 /// The colour that a button shows as its icon, all over it.
-inline QColor HBShownColor(const QAbstractButton* button)
-{
+inline QColor HBShownColor(const QAbstractButton* button) {
     const QImage icon = button->icon().pixmap(button->iconSize()).toImage();
     const QColor color = icon.pixelColor(0, 0);
     for (int y = 0; y < icon.height(); ++y) {
         for (int x = 0; x < icon.width(); ++x) {
-            if (icon.pixelColor(x, y) != color)
-                return {};
+            if (icon.pixelColor(x, y) != color) return {};
         }
     }
     return color;
 }
 
 /// One visit to the dialog and what must come of it.
-struct HBColorVisit
-{
+struct HBColorVisit {
     const char* name;
     QColor before;         ///< the panel's colour
     QVector<QColor> picks; ///< what the user tries
@@ -88,8 +81,7 @@ struct HBColorVisit
 /// \param color the panel's colour; `setColor` loads one
 template <class Fixture>
 void HBCheckColorVisit(Fixture& f, QAbstractButton* button, const QString& title, const HBColorVisit& visit,
-                       const std::function<QColor()>& color, const std::function<void(const QColor&)>& setColor)
-{
+                       const std::function<QColor()>& color, const std::function<void(const QColor&)>& setColor) {
     setColor(visit.before);
     QCOMPARE(f.recorder.Take(), QStringList());
     const bool opened = HBColorDialogUser::Open(button, [&](KMColorDialog& dialog) {
@@ -101,8 +93,7 @@ void HBCheckColorVisit(Fixture& f, QAbstractButton* button, const QString& title
             user.Pick(pick);
             QCOMPARE(color(), pick); // the picture follows
         }
-        if (visit.last.isValid())
-            dialog.SetColor(visit.last);
+        if (visit.last.isValid()) dialog.SetColor(visit.last);
         user.Press(visit.accepted ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
     });
     QVERIFY(opened);
@@ -115,19 +106,16 @@ void HBCheckColorVisit(Fixture& f, QAbstractButton* button, const QString& title
 template <class Fixture>
 void HBCheckColorVisits(Fixture& f, QAbstractButton* button, const QString& title,
                         const QVector<HBColorVisit>& visits, const std::function<QColor()>& color,
-                        const std::function<void(const QColor&)>& setColor)
-{
+                        const std::function<void(const QColor&)>& setColor) {
     for (const HBColorVisit& visit : visits) {
         HBCheckColorVisit(f, button, title, visit, color, setColor);
-        if (QTest::currentTestFailed())
-            return qWarning("in the visit \"%s\"", visit.name);
+        if (QTest::currentTestFailed()) return qWarning("in the visit \"%s\"", visit.name);
     }
 }
 
 /// The rule of most panels: an accepted colour is heard if it is not the present one, a cancelled dialog if the user has
 /// tried another one.
-inline QVector<HBColorVisit> HBComparingVisits()
-{
+inline QVector<HBColorVisit> HBComparingVisits() {
     const QColor old("#102030");
     const QColor red("#ff0000");
     const QColor blue("#0000ff");
@@ -149,8 +137,7 @@ inline QVector<HBColorVisit> HBComparingVisits()
 
 /// The panel, or the dialog, is destroyed while the dialog is open.
 template <class Panel>
-void HBCheckLostDialog(const char* button)
-{
+void HBCheckLostDialog(const char* button) {
     const auto click = [&](Panel& panel, const std::function<void(KMColorDialog&)>& visit) {
         return HBColorDialogUser::Open(panel.template findChild<QAbstractButton*>(button), visit);
     };

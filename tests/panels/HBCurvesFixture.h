@@ -21,8 +21,7 @@ using HBPoints = QVector<QPoint>;
 
 /// Sends a mouse event to a scene as its views do.
 inline void HBSceneMouse(QGraphicsScene* scene, QEvent::Type type, const QPointF& position,
-                         Qt::MouseButton button = Qt::LeftButton)
-{
+                         Qt::MouseButton button = Qt::LeftButton) {
     QGraphicsSceneMouseEvent event(type);
     event.setScenePos(position);
     event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : button);
@@ -30,21 +29,18 @@ inline void HBSceneMouse(QGraphicsScene* scene, QEvent::Type type, const QPointF
     QApplication::sendEvent(scene, &event);
 }
 
-inline void HBClickScene(QGraphicsScene* scene, const QPointF& position, Qt::MouseButton button = Qt::LeftButton)
-{
+inline void HBClickScene(QGraphicsScene* scene, const QPointF& position, Qt::MouseButton button = Qt::LeftButton) {
     HBSceneMouse(scene, QEvent::GraphicsSceneMousePress, position, button);
     HBSceneMouse(scene, QEvent::GraphicsSceneMouseRelease, position, button);
 }
 
 /// The curves panel and its editor. The scene's y grows downward: level y is at 255 - y.
-struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget>
-{
+struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget> {
     using HBPanelFixture::HBPanelFixture;
 
     HBPoints Points() const { return panel.GetValue().points[panel.GetValue().channel]; }
     /// Shows these points in a channel.
-    void Set(const HBPoints& points, int index = 0)
-    {
+    void Set(const HBPoints& points, int index = 0) {
         HBCurvesWidget::Params params;
         params.channel = index;
         params.points[index] = points;
@@ -53,36 +49,29 @@ struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget>
 
     /// In the order in which they were put into the scene.
     template <class Item>
-    QVector<Item*> Items() const
-    {
+    QVector<Item*> Items() const {
         QVector<Item*> found;
         for (QGraphicsItem* item : scene->items(Qt::AscendingOrder)) {
-            if (auto* match = dynamic_cast<Item*>(item))
-                found += match;
+            if (auto* match = dynamic_cast<Item*>(item)) found += match;
         }
         return found;
     }
-    ControlNode* NodeAt(const QPoint& point) const
-    {
+    ControlNode* NodeAt(const QPoint& point) const {
         for (ControlNode* node : Items<ControlNode>()) {
-            if (node->pos() == QPointF(point.x(), 255 - point.y()))
-                return node;
+            if (node->pos() == QPointF(point.x(), 255 - point.y())) return node;
         }
         return nullptr;
     }
     /// The points whose nodes are sunken: one or none.
-    HBPoints Selected() const
-    {
+    HBPoints Selected() const {
         HBPoints found;
         for (const ControlNode* node : Items<ControlNode>()) {
-            if (node->isSunken())
-                found += QPoint(int(node->pos().x()), 255 - int(node->pos().y()));
+            if (node->isSunken()) found += QPoint(int(node->pos().x()), 255 - int(node->pos().y()));
         }
         return found;
     }
     /// One node per point, where it is.
-    bool NodesFit() const
-    {
+    bool NodesFit() const {
         const HBPoints points = Points();
         return Items<ControlNode>().size() == points.size() &&
                std::all_of(points.begin(), points.end(), [this](const QPoint& p) { return NodeAt(p) != nullptr; });

@@ -10,8 +10,7 @@
 // What the tests of the two overlay panels share.
 
 /// The modes of the list, in its order: lighten before darken.
-struct HBModeRow
-{
+struct HBModeRow {
     const char* text;
     int mode;
 };
@@ -22,8 +21,7 @@ inline const HBModeRow HBModeRows[] = {
 
 /// Every mode there and back, and what is not in the list.
 template <class Panel>
-void HBVerifyModes()
-{
+void HBVerifyModes() {
     HBPanelFixture<Panel> f;
     auto* combo = f.template Find<QComboBox>("m_pBlendCombo");
     QCOMPARE(combo->count(), int(std::size(HBModeRows)));
@@ -57,8 +55,7 @@ void HBVerifyModes()
 
 /// Each of the boxes stores what it shows in its own margin.
 template <class Panel>
-void HBVerifyMargins()
-{
+void HBVerifyMargins() {
     HBPanelFixture<Panel> f;
     const char* names[] = {"m_pLeftMargin", "m_pTopMargin", "m_pRightMargin", "m_pBottomMargin"};
     const auto margins = [&f] {
@@ -83,15 +80,13 @@ void HBVerifyMargins()
     f.panel.SetValue(params);
     QVERIFY(f.panel.GetValue().margins == params.margins); // a comparison that prints takes the width
     const int shown[] = {0, 999, 0, 999};
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(f.template Find<QSpinBox>(names[i])->value(), shown[i]);
+    for (int i = 0; i < 4; ++i) QCOMPARE(f.template Find<QSpinBox>(names[i])->value(), shown[i]);
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
 /// The slider and the box of the opacity.
 template <class Panel>
-void HBVerifyOpacity()
-{
+void HBVerifyOpacity() {
     HBPanelFixture<Panel> f;
     auto* slider = f.template Find<QSlider>("m_pOpacitySlider");
     auto* spin = f.template Find<QSpinBox>("m_pOpacitySpn");
@@ -114,8 +109,7 @@ void HBVerifyOpacity()
 
 /// There is no job: nothing to wait for, no image, and no change of a value starts anything.
 template <class Panel>
-void HBVerifyNoJob()
-{
+void HBVerifyNoJob() {
     HBPanelFixture<Panel> f;
     f.panel.SetImage(HBTestRamp(300, 200), {}, {}, {});
     QVERIFY(HBIsIdle(f.panel));

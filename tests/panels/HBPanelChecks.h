@@ -16,11 +16,9 @@ constexpr int LeastInt = std::numeric_limits<int>::min();
 constexpr int MostInt = std::numeric_limits<int>::max();
 
 /// Where something lies in its layout: "gridLayout 0,1", with the spans behind it if they are not 1.
-inline QString HBCellOf(const QLayout* layout, int index)
-{
+inline QString HBCellOf(const QLayout* layout, int index) {
     const auto* grid = qobject_cast<const QGridLayout*>(layout);
-    if (!grid)
-        return QString("%1 %2").arg(layout->objectName()).arg(index);
+    if (!grid) return QString("%1 %2").arg(layout->objectName()).arg(index);
     int row, column, rows, columns;
     grid->getItemPosition(index, &row, &column, &rows, &columns);
     const QString cell = QString("%1 %2,%3").arg(layout->objectName()).arg(row).arg(column);
@@ -28,8 +26,7 @@ inline QString HBCellOf(const QLayout* layout, int index)
 }
 
 /// All that stands in the layouts under `parent`, cell by cell: controls, and spacers with their size hint.
-inline QStringList HBFormLines(const QWidget* parent)
-{
+inline QStringList HBFormLines(const QWidget* parent) {
     QStringList lines;
     const auto cells = [&lines](const QLayout* layout, const auto& self) -> void {
         for (int i = 0; i < layout->count(); ++i) {
@@ -40,8 +37,7 @@ inline QStringList HBFormLines(const QWidget* parent)
             }
             if (QWidget* widget = item->widget()) {
                 lines += HBCellOf(layout, i) + ": " + HBControlText(*widget);
-                if (widget->layout())
-                    self(widget->layout(), self);
+                if (widget->layout()) self(widget->layout(), self);
             } else {
                 const QSize size = item->sizeHint();
                 const bool grows = item->expandingDirections() != Qt::Orientations();
@@ -59,27 +55,23 @@ inline QStringList HBFormLines(const QWidget* parent)
 
 /// The form of a panel in both modes: its names, its title, its first size where it is the panel's own, its cells.
 template <class Panel>
-void HBVerifyForm(const char* form, const char* title, const QSize& size, const QStringList& lines)
-{
+void HBVerifyForm(const char* form, const char* title, const QSize& size, const QStringList& lines) {
     for (const bool dialog : {true, false}) {
         HBPanelFixture<Panel> f(dialog);
         QWidget* content = dialog ? f.template Find<QWidget>("m_pContent") : &f.panel;
         QVERIFY(content);
         QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : form));
         QCOMPARE(content->windowTitle(), QString(title));
-        if (!dialog)
-            QCOMPARE(content->size(), size);
+        if (!dialog) QCOMPARE(content->size(), size);
         const QStringList found = HBFormLines(content);
-        for (int i = 0; i < qMin(found.size(), lines.size()); ++i)
-            QCOMPARE(found[i], lines[i]);
+        for (int i = 0; i < qMin(found.size(), lines.size()); ++i) QCOMPARE(found[i], lines[i]);
         QCOMPARE(found.size(), lines.size());
     }
 }
 
 /// Whether one sees where a slider stands: a style sheet that colours its groove takes the handle away, unless another
 /// brings one. The value that it is moved to must not change the groove.
-inline bool HBShowsItsValue(QSlider* slider)
-{
+inline bool HBShowsItsValue(QSlider* slider) {
     const QImage before = slider->grab().toImage();
     slider->setValue(slider->maximum() - slider->maximum() / 4);
     return slider->grab().toImage() != before;
@@ -88,8 +80,7 @@ inline bool HBShowsItsValue(QSlider* slider)
 /// Gives the panel sources that have nothing to measure or to transform: none, one pixel, one colour. Each must come
 /// back, whatever the panel's record is; with as many pixels and unchanged alpha.
 template <class Panel>
-void HBVerifyOddSources(HBPanelFixture<Panel>& f)
-{
+void HBVerifyOddSources(HBPanelFixture<Panel>& f) {
     const auto plain = [](int width, int height, QRgb colour) {
         QImage image(width, height, QImage::Format_ARGB32);
         image.fill(colour);
@@ -119,14 +110,12 @@ void HBVerifyOddSources(HBPanelFixture<Panel>& f)
 
 /// Destroys panels whose job has just been started and ones in the midst of it.
 template <class Panel>
-void HBVerifyDestruction(const std::function<void(Panel&)>& prepare)
-{
+void HBVerifyDestruction(const std::function<void(Panel&)>& prepare) {
     const HBImage<> photo = HBTestRamp(1500, 1500);
     for (const bool running : {false, true, false, true}) {
         HBPanelFixture<Panel> f;
         prepare(f.panel);
         f.panel.SetImage(photo, {}, {}, {});
-        if (running)
-            QVERIFY(f.recorder.WaitFor("ProgressValueChanged"));
+        if (running) QVERIFY(f.recorder.WaitFor("ProgressValueChanged"));
     }
 }

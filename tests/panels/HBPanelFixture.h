@@ -9,18 +9,15 @@
 
 /// A panel with its signals recorded.
 template <class Panel>
-struct HBPanelFixture
-{
+struct HBPanelFixture {
     explicit HBPanelFixture(bool dialog = true) : panel(dialog, nullptr, {}) {}
 
     template <class Control>
-    Control* Find(const char* name) const
-    {
+    Control* Find(const char* name) const {
         return panel.template findChild<Control*>(name);
     }
     /// Waits for the jobs that run and for a debounced one.
-    bool Finish()
-    {
+    bool Finish() {
         HBSettle();
         return QTest::qWaitFor([this] { return HBIsIdle(panel); }, 10000);
     }
@@ -30,19 +27,16 @@ struct HBPanelFixture
 };
 
 /// What every slot that changes a parameter emits, in this order.
-inline QStringList HBClosingCalls(int times = 1, const char* valueSignal = "ValueChanged()")
-{
+inline QStringList HBClosingCalls(int times = 1, const char* valueSignal = "ValueChanged()") {
     QStringList lines;
-    for (int i = 0; i < times; ++i)
-        lines += {"AboutUserParamsChanged()", valueSignal, "DataChanged()"};
+    for (int i = 0; i < times; ++i) lines += {"AboutUserParamsChanged()", valueSignal, "DataChanged()"};
     return lines;
 }
 
 /// What a job must return: the transformation's scalar form, pixel by pixel.
 template <class Transformation>
 HBImage<> HBTransformed(const HBImage<>& photo, Transformation transformation, const HBImage<>& mask = {},
-                        const QPoint& offset = {}, const QRect& bounds = {})
-{
+                        const QPoint& offset = {}, const QRect& bounds = {}) {
     HBRGBA32i buffer;
     transformation.SetProcessingBuffer(&buffer);
     auto operation = [&](HBRGBA32i pixel) {

@@ -26,8 +26,7 @@
 // RecordPanels below.
 
 /// What holds for most panels.
-struct CommonRecordCase
-{
+struct CommonRecordCase {
     static constexpr const char* otherTag = nullptr; ///< a second tag that the panel reads
     /// Line numbers in the log, where they are fixed; 0: those of the panel's source.
     static constexpr int readLine = 0;
@@ -39,8 +38,7 @@ struct CommonRecordCase
         true; ///< false: Qt cannot read every content without running out of memory
     /// What reading makes of a written record.
     template <class Params>
-    static Params ReadBack(const Params& written)
-    {
+    static Params ReadBack(const Params& written) {
         return written;
     }
 };
@@ -49,8 +47,7 @@ template <class Panel>
 struct RecordCase;
 
 template <>
-struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase
-{
+struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMBrightnessContrast 1.00000";
     static constexpr const char* readMessage = "Read brightness and contrast data error.";
     static constexpr const char* writeMessage = "Write brightness and contrast data error.";
@@ -64,14 +61,12 @@ struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBLevelsWidget> : CommonRecordCase
-{
+struct RecordCase<HBLevelsWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMLevels 1.00000";
     static constexpr const char* readMessage = "Read levels data error.";
     static constexpr const char* writeMessage = "Write levels data error.";
     static constexpr const char* source = "src\\HBLevelsWidget";
-    static HBLevelsWidget::Params Sample()
-    {
+    static HBLevelsWidget::Params Sample() {
         HBLevelsWidget::Params params;
         params = {2,
                   {{1, 250}, {10, 200}, {20, 180}, {30, 160}},
@@ -94,8 +89,7 @@ struct RecordCase<HBLevelsWidget> : CommonRecordCase
     static constexpr int resetsFromSample = 1;
     static constexpr int resetsFromDefaults = 1;
     /// The middles are computed anew: 127 where the defaults say 128.
-    static HBLevelsWidget::Params ReadBack(HBLevelsWidget::Params written)
-    {
+    static HBLevelsWidget::Params ReadBack(HBLevelsWidget::Params written) {
         for (int c = 0; c < 4; ++c)
             written.middle[c] =
                 HBLevelsWidget::MiddleValue(written.input[c][0], written.input[c][1], written.gamma[c]);
@@ -104,14 +98,12 @@ struct RecordCase<HBLevelsWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBCurvesWidget> : CommonRecordCase
-{
+struct RecordCase<HBCurvesWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMCurves 1.00000";
     static constexpr const char* readMessage = "Read curves data error.";
     static constexpr const char* writeMessage = "Write curves data error.";
     static constexpr const char* source = "src\\HBCurvesWidget";
-    static HBCurvesWidget::Params Sample()
-    {
+    static HBCurvesWidget::Params Sample() {
         HBCurvesWidget::Params params;
         params.channel = 3;
         params.points[0] = {{0, 10}, {100, 50}, {250, 240}};
@@ -132,8 +124,7 @@ struct RecordCase<HBCurvesWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBThresholdWidget> : CommonRecordCase
-{
+struct RecordCase<HBThresholdWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMThreshold 1.00000";
     static constexpr const char* readMessage = "Read threshold data error.";
     static constexpr const char* writeMessage = "Write threshold data error.";
@@ -145,8 +136,7 @@ struct RecordCase<HBThresholdWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBHueSaturationWidget> : CommonRecordCase
-{
+struct RecordCase<HBHueSaturationWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMHueSaturation 1.00000";
     static constexpr const char* readMessage = "Read hue and saturation data error.";
     static constexpr const char* writeMessage = "Write hue and saturation data error.";
@@ -159,8 +149,7 @@ struct RecordCase<HBHueSaturationWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBColorBalanceWidget> : CommonRecordCase
-{
+struct RecordCase<HBColorBalanceWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMColorBalance 1.00000";
     static constexpr const char* readMessage = "Read color balance data error.";
     static constexpr const char* writeMessage = "Write color balance data error.";
@@ -176,8 +165,7 @@ struct RecordCase<HBColorBalanceWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBWBWidget> : CommonRecordCase
-{
+struct RecordCase<HBWBWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMWhiteBalance 1.00000";
     static constexpr const char* readMessage = "Read WB data error.";
     static constexpr const char* writeMessage = "Write WB data error.";
@@ -189,8 +177,7 @@ struct RecordCase<HBWBWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBTemperatureWidget> : CommonRecordCase
-{
+struct RecordCase<HBTemperatureWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMTemperature 1.00000";
     static constexpr const char* readMessage = "Read temperature data error.";
     static constexpr const char* writeMessage = "Write temperature data error.";
@@ -202,8 +189,7 @@ struct RecordCase<HBTemperatureWidget> : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase
-{
+struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase {
     static constexpr const char* tag = "KMColorEnhancer 1.00000";
     static constexpr const char* readMessage = "Read color enhancer data error.";
     static constexpr const char* writeMessage = "Write color enhancer data error.";
@@ -215,21 +201,18 @@ struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase
 };
 
 /// What holds for the panels with colours of a dialog.
-struct ColourRecordCase : CommonRecordCase
-{
+struct ColourRecordCase : CommonRecordCase {
     static constexpr int resetsFromSample = 1; // always, also when nothing changes
     static constexpr int resetsFromDefaults = 1;
 };
 
 template <>
-struct RecordCase<HBTintWidget> : ColourRecordCase
-{
+struct RecordCase<HBTintWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMTint 1.00000";
     static constexpr const char* readMessage = "Read tint data error.";
     static constexpr const char* writeMessage = "Write tint data error.";
     static constexpr const char* source = "src\\HBTintWidget";
-    static HBTintWidget::Params Sample()
-    {
+    static HBTintWidget::Params Sample() {
         return {QColor(1, 2, 3, 128), QColor(200, 100, 50), 30, HBTintWidget::LUMA};
     }
     static constexpr const char* fields = "01 8080 0101 0202 0303 0000"
@@ -237,8 +220,7 @@ struct RecordCase<HBTintWidget> : ColourRecordCase
 };
 
 template <>
-struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase
-{
+struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMBlackAndWhite 1.00000";
     static constexpr const char* otherTag = "KMDesaturate 1.00000";
     static constexpr const char* readMessage = "Read BlackAndWhite data error.";
@@ -249,8 +231,7 @@ struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase
 };
 
 template <>
-struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase
-{
+struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMPhotoFilter 1.00000";
     static constexpr const char* readMessage = "Read photo filter data error.";
     static constexpr const char* writeMessage = "Write photo filter data error.";
@@ -263,8 +244,7 @@ struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase
 };
 
 template <>
-struct RecordCase<HBColorizeWidget> : ColourRecordCase
-{
+struct RecordCase<HBColorizeWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMColorizeFilter 1.00000";
     static constexpr const char* readMessage = "Read colorize data error.";
     static constexpr const char* writeMessage = "Write colorize data error.";
@@ -277,8 +257,7 @@ struct RecordCase<HBColorizeWidget> : ColourRecordCase
 };
 
 template <>
-struct RecordCase<HBReplaceColorWidget> : ColourRecordCase
-{
+struct RecordCase<HBReplaceColorWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMReplaceColor 1.00000";
     static constexpr const char* readMessage = "Read sign data error."; // the sign panel's, on purpose
     static constexpr const char* writeMessage = "Write sign data error.";
@@ -286,16 +265,14 @@ struct RecordCase<HBReplaceColorWidget> : ColourRecordCase
     static constexpr int readLine = 410;
     static constexpr int writeLine = 397;
     static constexpr bool defaultsAfterFailedRead = true;
-    static HBReplaceColorWidget::Params Sample()
-    {
+    static HBReplaceColorWidget::Params Sample() {
         return {40, HBReplaceColorWidget::RightBottom, QColor(16, 32, 48), 60};
     }
     static constexpr const char* fields = "00000028 00000003 01 ffff 1010 2020 3030 0000 0000003c";
 };
 
 template <>
-struct RecordCase<KMFillColorWidget> : ColourRecordCase
-{
+struct RecordCase<KMFillColorWidget> : ColourRecordCase {
     static constexpr const char* tag = "KMFillColor 1.00000";
     static constexpr const char* readMessage = "Read colorize data error."; // the colorize panel's, on purpose
     static constexpr const char* writeMessage = "Write colorize data error.";
@@ -308,8 +285,7 @@ struct RecordCase<KMFillColorWidget> : ColourRecordCase
 };
 
 /// What holds for the overlays.
-struct OverlayRecordCase : CommonRecordCase
-{
+struct OverlayRecordCase : CommonRecordCase {
     static constexpr bool defaultsAfterFailedRead = true;
     static constexpr bool hasJob = false;
     static constexpr int resetsFromSample = 1;
@@ -317,16 +293,14 @@ struct OverlayRecordCase : CommonRecordCase
 };
 
 template <>
-struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase
-{
+struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase {
     static constexpr const char* tag = "KMSign 1.00000";
     static constexpr const char* readMessage = "Read sign data error.";
     static constexpr const char* writeMessage = "Write sign data error.";
     static constexpr const char* source = "src\\HBSignWidget";
     static constexpr int readLine = 591;
     static constexpr int writeLine = 578;
-    static HBSignWidget::Params Sample()
-    {
+    static HBSignWidget::Params Sample() {
         return {Qt::AlignRight | Qt::AlignBottom, "a.png", QRect(QPoint(1, 2), QPoint(3, 4)), 13, 40};
     }
     // The margins before the name.
@@ -335,8 +309,7 @@ struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase
 };
 
 template <>
-struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase
-{
+struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase {
     static constexpr const char* tag = "KMWatermark 1.00000";
     static constexpr const char* readMessage = "Read watermark data error.";
     static constexpr const char* writeMessage = "Write watermark data error.";
@@ -345,8 +318,7 @@ struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase
         false; // the number of a font's names; the catalog refuses such a record
     static constexpr int readLine = 561;
     static constexpr int writeLine = 548;
-    static HBWatermarkWidget::Params Sample()
-    {
+    static HBWatermarkWidget::Params Sample() {
         HBWatermarkWidget::Params params;
         params.angle = -30;
         params.font = QFont("Mono", 20, QFont::Bold);
@@ -367,9 +339,7 @@ struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase
 };
 
 template <class... Panels>
-struct PanelList
-{
-};
+struct PanelList {};
 
 using RecordPanels =
     PanelList<HBBrightnessContrastWidget, HBLevelsWidget, HBCurvesWidget, HBThresholdWidget, HBHueSaturationWidget,

@@ -21,42 +21,31 @@
 #include <atomic>
 #include <stdexcept>
 
-namespace
-{
+namespace {
 
 using Lines = QStringList;
 
 /// 3 × 2 tiles.
-const HBImage<>& Photo()
-{
+const HBImage<>& Photo() {
     static const HBImage<> photo = HBTestRamp(300, 200);
     return photo;
 }
 
-QImage Inverted(const HBImage<>& image)
-{
+QImage Inverted(const HBImage<>& image) {
     auto invert = [](HBRGBA32i pixel) { return HBRGBA32i::FromRgba(pixel.ToRgba() ^ 0xFFFFFF); };
     return HBPlainLoop(image, invert).ToQImage();
 }
 
-void SetPhoto(HBAdjustmentWidget& panel, const HBImage<>& image = Photo())
-{
-    panel.SetImage(image, {}, {}, {});
-}
+void SetPhoto(HBAdjustmentWidget& panel, const HBImage<>& image = Photo()) { panel.SetImage(image, {}, {}, {}); }
 
-QProgressBar* Bar(const QWidget& panel)
-{
-    return panel.findChild<QProgressBar*>();
-}
+QProgressBar* Bar(const QWidget& panel) { return panel.findChild<QProgressBar*>(); }
 
 /// The end of what the recorder has written.
-Lines Last(const HBSignalRecorder& recorder, int count)
-{
+Lines Last(const HBSignalRecorder& recorder, int count) {
     return recorder.Lines().mid(qMax(0, recorder.Lines().size() - count));
 }
 
-int ProgressDialogs()
-{
+int ProgressDialogs() {
     int count = 0;
     for (QWidget* widget : QApplication::topLevelWidgets())
         count += qobject_cast<HBOperationProgressDlg*>(widget) ? 1 : 0;
@@ -65,8 +54,7 @@ int ProgressDialogs()
 
 } // namespace
 
-class tst_HBAdjustmentWidget : public QObject
-{
+class tst_HBAdjustmentWidget : public QObject {
     Q_OBJECT
 private slots:
     void init();
@@ -114,13 +102,9 @@ private slots:
     void deletedUnderItsDialog();
 };
 
-void tst_HBAdjustmentWidget::init()
-{
-    KMApplication::SetProgressTimeout(500);
-}
+void tst_HBAdjustmentWidget::init() { KMApplication::SetProgressTimeout(500); }
 
-void tst_HBAdjustmentWidget::cleanup()
-{
+void tst_HBAdjustmentWidget::cleanup() {
     QThreadPool::globalInstance()->waitForDone();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     HBMdiArea::SetMainWindow(nullptr);
@@ -130,8 +114,7 @@ void tst_HBAdjustmentWidget::cleanup()
 
 // ---- Frame ----
 
-void tst_HBAdjustmentWidget::frame()
-{
+void tst_HBAdjustmentWidget::frame() {
     HBLatchPanel panel;
     QVERIFY(panel.IsDialog());
     QCOMPARE(panel.windowTitle(), QString("Form"));
@@ -176,8 +159,7 @@ void tst_HBAdjustmentWidget::frame()
     QCOMPARE(panel.resets, 1);
 }
 
-void tst_HBAdjustmentWidget::embedded()
-{
+void tst_HBAdjustmentWidget::embedded() {
     KMApplication::SetProgressTimeout(0);
     HBLatchPanel panel(false);
     QVERIFY(!panel.IsDialog());
@@ -200,8 +182,7 @@ void tst_HBAdjustmentWidget::embedded()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::grooveGradient_data()
-{
+void tst_HBAdjustmentWidget::grooveGradient_data() {
     QTest::addColumn<QGradientStops>("stops");
     QTest::addColumn<QString>("groove");
     const QString blackToWhite = "stop: 0 rgb(0, 0, 0), stop: 1 rgb(255, 255, 255)";
@@ -212,13 +193,11 @@ void tst_HBAdjustmentWidget::grooveGradient_data()
                                           << "stop: 0.333333 rgb(9, 8, 7), stop: 1 rgb(255, 0, 0)";
 }
 
-void tst_HBAdjustmentWidget::grooveGradient()
-{
+void tst_HBAdjustmentWidget::grooveGradient() {
     QFETCH(QGradientStops, stops);
     QFETCH(QString, groove);
     QLinearGradient gradient(3, 0, 3, 70); // its direction does not count
-    if (!stops.isEmpty())
-        gradient.setStops(stops);
+    if (!stops.isEmpty()) gradient.setStops(stops);
     QSlider slider(Qt::Horizontal);
     HBLatchPanel::SetGrooveGradient(&slider, gradient);
     QCOMPARE(slider.styleSheet(), "QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
@@ -228,8 +207,7 @@ void tst_HBAdjustmentWidget::grooveGradient()
 
 // ---- Jobs ----
 
-void tst_HBAdjustmentWidget::job_data()
-{
+void tst_HBAdjustmentWidget::job_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QRect>("bounds");
     QTest::addColumn<QPoint>("offset");
@@ -243,8 +221,7 @@ void tst_HBAdjustmentWidget::job_data()
     QTest::newRow("inverted rectangle") << QSize(64, 64) << QRect(QPoint(5, 5), QPoint(2, 2)) << QPoint() << 1;
 }
 
-void tst_HBAdjustmentWidget::job()
-{
+void tst_HBAdjustmentWidget::job() {
     QFETCH(QSize, size);
     QFETCH(QRect, bounds);
     QFETCH(QPoint, offset);
@@ -261,8 +238,7 @@ void tst_HBAdjustmentWidget::job()
     HBSettle();
 
     Lines expected = {"start", "SourceChanged()", QString("ProgressRangeChanged(0,%1)").arg(steps)};
-    for (int step = 1; step <= steps; ++step)
-        expected += QString("ProgressValueChanged(%1)").arg(step);
+    for (int step = 1; step <= steps; ++step) expected += QString("ProgressValueChanged(%1)").arg(step);
     expected += {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
     QCOMPARE(recorder.Take(), expected);
     QVERIFY(HBIsIdle(panel));
@@ -276,8 +252,7 @@ void tst_HBAdjustmentWidget::job()
     QCOMPARE(HBIsIdle(panel), size.isEmpty());
 }
 
-void tst_HBAdjustmentWidget::debounce()
-{
+void tst_HBAdjustmentWidget::debounce() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     SetPhoto(panel);
@@ -286,8 +261,7 @@ void tst_HBAdjustmentWidget::debounce()
     panel.onStart = [&] { recorder.Note(QString::number(sinceChange.elapsed() >= 45)); };
     recorder.Take();
     for (int i = 0; i < 3; ++i) {
-        if (i > 0)
-            QThread::msleep(30); // the first change would be due, had the others not begun anew
+        if (i > 0) QThread::msleep(30); // the first change would be due, had the others not begun anew
         panel.Change();
         sinceChange.start();
     }
@@ -298,15 +272,13 @@ void tst_HBAdjustmentWidget::debounce()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::obsoleteJob_data()
-{
+void tst_HBAdjustmentWidget::obsoleteJob_data() {
     QTest::addColumn<bool>("byChange");
     QTest::newRow("a value changes") << true;
     QTest::newRow("another image") << false;
 }
 
-void tst_HBAdjustmentWidget::obsoleteJob()
-{
+void tst_HBAdjustmentWidget::obsoleteJob() {
     QFETCH(bool, byChange);
     const HBPoolSize pool(1);
     KMApplication::SetProgressTimeout(60000);
@@ -332,8 +304,7 @@ void tst_HBAdjustmentWidget::obsoleteJob()
     QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
 }
 
-void tst_HBAdjustmentWidget::changeInTheLastMoments()
-{
+void tst_HBAdjustmentWidget::changeInTheLastMoments() {
     // Only the debounce makes a job obsolete: one that ends before is still worth showing.
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
@@ -348,8 +319,7 @@ void tst_HBAdjustmentWidget::changeInTheLastMoments()
     QCOMPARE(panel.starts, 2);
 }
 
-void tst_HBAdjustmentWidget::newImageKeepsDebounce()
-{
+void tst_HBAdjustmentWidget::newImageKeepsDebounce() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     SetPhoto(panel);
@@ -362,8 +332,7 @@ void tst_HBAdjustmentWidget::newImageKeepsDebounce()
     QCOMPARE(panel.starts, 3);
 }
 
-void tst_HBAdjustmentWidget::cancel()
-{
+void tst_HBAdjustmentWidget::cancel() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     panel.Gate().Close();
@@ -388,8 +357,7 @@ void tst_HBAdjustmentWidget::cancel()
     QVERIFY(recorder.WaitFor("ImageReady"));
 }
 
-void tst_HBAdjustmentWidget::cancelTakenBack()
-{
+void tst_HBAdjustmentWidget::cancelTakenBack() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     panel.Gate().Close();
@@ -404,8 +372,7 @@ void tst_HBAdjustmentWidget::cancelTakenBack()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::progressBar()
-{
+void tst_HBAdjustmentWidget::progressBar() {
     const HBPoolSize pool(1);
     KMApplication::SetProgressTimeout(1);
     HBLatchPanel panel;
@@ -442,8 +409,7 @@ void tst_HBAdjustmentWidget::progressBar()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::hostStartsJobAtTheEnd()
-{
+void tst_HBAdjustmentWidget::hostStartsJobAtTheEnd() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     for (const char* moment : {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"}) {
@@ -458,8 +424,7 @@ void tst_HBAdjustmentWidget::hostStartsJobAtTheEnd()
     }
 }
 
-void tst_HBAdjustmentWidget::clearData()
-{
+void tst_HBAdjustmentWidget::clearData() {
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
     panel.SetImage(Photo(), HBTestMask(300, 200, 255), QPoint(1, 2), QRect(3, 4, 5, 6));
@@ -487,8 +452,7 @@ void tst_HBAdjustmentWidget::clearData()
     QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
 }
 
-void tst_HBAdjustmentWidget::panelWithoutJob()
-{
+void tst_HBAdjustmentWidget::panelWithoutJob() {
     KMApplication::SetProgressTimeout(0);
     for (const bool dialog : {true, false}) {
         HBLatchPanel panel(dialog);
@@ -506,16 +470,14 @@ void tst_HBAdjustmentWidget::panelWithoutJob()
     }
 }
 
-void tst_HBAdjustmentWidget::throwingTransformation_data()
-{
+void tst_HBAdjustmentWidget::throwingTransformation_data() {
     QTest::addColumn<int>("kind");
     QTest::newRow("standard exception") << 0;
     QTest::newRow("out of memory") << 1;
     QTest::newRow("no exception class") << 2;
 }
 
-void tst_HBAdjustmentWidget::throwingTransformation()
-{
+void tst_HBAdjustmentWidget::throwingTransformation() {
     QFETCH(int, kind);
     const HBPoolSize pool(1);
     const HBLogCapture log;
@@ -523,12 +485,9 @@ void tst_HBAdjustmentWidget::throwingTransformation()
     HBSignalRecorder recorder(&panel);
     int tile = 0;
     panel.onTile = [&] {
-        if (++tile != 3)
-            return;
-        if (kind == 0)
-            throw std::runtime_error("third tile");
-        if (kind == 1)
-            throw std::bad_alloc();
+        if (++tile != 3) return;
+        if (kind == 0) throw std::runtime_error("third tile");
+        if (kind == 1) throw std::bad_alloc();
         throw kind;
     };
     SetPhoto(panel);
@@ -549,8 +508,7 @@ void tst_HBAdjustmentWidget::throwingTransformation()
 
 // ---- Waiting ----
 
-void tst_HBAdjustmentWidget::waitAnswers()
-{
+void tst_HBAdjustmentWidget::waitAnswers() {
     KMApplication::SetProgressTimeout(0);
     const HBProgressDialogWatch dialogs([](HBOperationProgressDlg* dialog) { dialog->reject(); });
     HBLatchPanel panel;
@@ -596,8 +554,7 @@ void tst_HBAdjustmentWidget::waitAnswers()
     QCOMPARE(recorder.Count("ImageReady"), 0);
 }
 
-void tst_HBAdjustmentWidget::waitShowsDialog_data()
-{
+void tst_HBAdjustmentWidget::waitShowsDialog_data() {
     QTest::addColumn<bool>("dialog");
     QTest::addColumn<bool>("mainWindow");
     QTest::newRow("dialog mode, no main window") << true << false;
@@ -605,8 +562,7 @@ void tst_HBAdjustmentWidget::waitShowsDialog_data()
     QTest::newRow("embedded") << false << true;
 }
 
-void tst_HBAdjustmentWidget::waitShowsDialog()
-{
+void tst_HBAdjustmentWidget::waitShowsDialog() {
     QFETCH(bool, dialog);
     QFETCH(bool, mainWindow);
     const HBPoolSize pool(1);
@@ -646,8 +602,7 @@ void tst_HBAdjustmentWidget::waitShowsDialog()
     QCOMPARE(dialogs.Count(), 1);
 }
 
-void tst_HBAdjustmentWidget::waitIsCancelled()
-{
+void tst_HBAdjustmentWidget::waitIsCancelled() {
     const HBPoolSize pool(1);
     KMApplication::SetProgressTimeout(0);
     HBLatchPanel panel;
@@ -669,8 +624,7 @@ void tst_HBAdjustmentWidget::waitIsCancelled()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::waitForRestartedJob()
-{
+void tst_HBAdjustmentWidget::waitForRestartedJob() {
     KMApplication::SetProgressTimeout(0);
     HBLatchPanel panel;
     HBSignalRecorder recorder(&panel);
@@ -690,15 +644,13 @@ void tst_HBAdjustmentWidget::waitForRestartedJob()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::waitDropsChange_data()
-{
+void tst_HBAdjustmentWidget::waitDropsChange_data() {
     QTest::addColumn<int>("timeout");
     QTest::newRow("the dialog comes first") << 0;
     QTest::newRow("the debounce comes first") << 200;
 }
 
-void tst_HBAdjustmentWidget::waitDropsChange()
-{
+void tst_HBAdjustmentWidget::waitDropsChange() {
     QFETCH(int, timeout);
     KMApplication::SetProgressTimeout(timeout);
     HBLatchPanel panel;
@@ -715,16 +667,14 @@ void tst_HBAdjustmentWidget::waitDropsChange()
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::waitEndsOnce_data()
-{
+void tst_HBAdjustmentWidget::waitEndsOnce_data() {
     QTest::addColumn<QString>("moment");
     for (const char* moment :
          {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"})
         QTest::newRow(moment) << moment;
 }
 
-void tst_HBAdjustmentWidget::waitEndsOnce()
-{
+void tst_HBAdjustmentWidget::waitEndsOnce() {
     // A job that the host starts while a wait ends: its progress timer may get the number of the wait's.
     QFETCH(QString, moment);
     KMApplication::SetProgressTimeout(0);
@@ -733,8 +683,7 @@ void tst_HBAdjustmentWidget::waitEndsOnce()
     const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
     const bool atTheEnd = moment.startsWith("Finished"); // before, the wait includes the new job
     recorder.Once(moment, [&] {
-        if (atTheEnd)
-            panel.Gate().Close();
+        if (atTheEnd) panel.Gate().Close();
         SetPhoto(panel);
     });
     panel.Gate().Close();
@@ -742,8 +691,7 @@ void tst_HBAdjustmentWidget::waitEndsOnce()
     QVERIFY(panel.Gate().WaitForHeld());
     QVERIFY(!panel.WaitForProcessingFinished(false));
     QVERIFY(recorder.WaitFor("Finished(1)"));
-    if (atTheEnd)
-        QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
+    if (atTheEnd) QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
     QCOMPARE(recorder.Count("Finished"), 1);
     QCOMPARE(dialogs.Count(), 1);
     panel.Gate().Open();
@@ -753,8 +701,7 @@ void tst_HBAdjustmentWidget::waitEndsOnce()
     QCOMPARE(recorder.Count("Finished"), 1);
 }
 
-void tst_HBAdjustmentWidget::waitRunsQueuedJob()
-{
+void tst_HBAdjustmentWidget::waitRunsQueuedJob() {
     // A job that has found no thread yet is run by the thread that waits for it, the GUI thread.
     const HBPoolSize pool(1);
     KMApplication::SetProgressTimeout(0);
@@ -782,29 +729,24 @@ void tst_HBAdjustmentWidget::waitRunsQueuedJob()
 
 // ---- Several panels, and their end ----
 
-void tst_HBAdjustmentWidget::panelsShareThePool_data()
-{
+void tst_HBAdjustmentWidget::panelsShareThePool_data() {
     QTest::addColumn<int>("threads");
     QTest::addColumn<int>("panels");
     for (const int threads : {1, 2, 4}) {
-        for (const int panels : {1, 2, 5})
-            QTest::addRow("%d on %d threads", panels, threads) << threads << panels;
+        for (const int panels : {1, 2, 5}) QTest::addRow("%d on %d threads", panels, threads) << threads << panels;
     }
 }
 
-void tst_HBAdjustmentWidget::panelsShareThePool()
-{
+void tst_HBAdjustmentWidget::panelsShareThePool() {
     QFETCH(int, threads);
     QFETCH(int, panels);
     const HBPoolSize pool(threads);
     const HBImage<> photo = HBTestRamp(700, 400);
     const QImage inverted = Inverted(photo);
     std::vector<std::unique_ptr<HBLatchPanel>> all;
-    for (int i = 0; i < panels; ++i)
-        all.push_back(std::make_unique<HBLatchPanel>(i % 2 == 0));
+    for (int i = 0; i < panels; ++i) all.push_back(std::make_unique<HBLatchPanel>(i % 2 == 0));
     for (int round = 0; round < 5; ++round) {
-        for (const auto& panel : all)
-            SetPhoto(*panel, photo);
+        for (const auto& panel : all) SetPhoto(*panel, photo);
         HBSettle();
         for (const auto& panel : all) {
             QVERIFY(HBIsIdle(*panel));
@@ -814,8 +756,7 @@ void tst_HBAdjustmentWidget::panelsShareThePool()
     }
 }
 
-void tst_HBAdjustmentWidget::deletedWhileJobRuns_data()
-{
+void tst_HBAdjustmentWidget::deletedWhileJobRuns_data() {
     QTest::addColumn<int>("threads");
     QTest::addColumn<bool>("waiting");
     QTest::addColumn<bool>("queued");
@@ -825,8 +766,7 @@ void tst_HBAdjustmentWidget::deletedWhileJobRuns_data()
     QTest::newRow("not begun") << 1 << true << true;
 }
 
-void tst_HBAdjustmentWidget::deletedWhileJobRuns()
-{
+void tst_HBAdjustmentWidget::deletedWhileJobRuns() {
     QFETCH(int, threads);
     QFETCH(bool, waiting);
     QFETCH(bool, queued);
@@ -843,11 +783,9 @@ void tst_HBAdjustmentWidget::deletedWhileJobRuns()
     panel->onTile = [&] { ++tiles; };
     panel->Gate().OpenWhenObsolete();
     SetPhoto(*panel);
-    if (!queued)
-        QVERIFY(panel->Gate().WaitForHeld());
+    if (!queued) QVERIFY(panel->Gate().WaitForHeld());
     panel->Change();
-    if (waiting)
-        QVERIFY(!panel->WaitForProcessingFinished(false));
+    if (waiting) QVERIFY(!panel->WaitForProcessingFinished(false));
     panel.reset();
     QVERIFY2(tiles <= (queued ? 0 : threads), "the job went on with another tile");
     QVERIFY(!QApplication::overrideCursor());
@@ -856,8 +794,7 @@ void tst_HBAdjustmentWidget::deletedWhileJobRuns()
     QCOMPARE(recorder.Count("ImageReady") + recorder.Count("Finished"), 0);
 }
 
-void tst_HBAdjustmentWidget::deletedByItsSignal_data()
-{
+void tst_HBAdjustmentWidget::deletedByItsSignal_data() {
     QTest::addColumn<QString>("line");
     QTest::addColumn<bool>("later");
     for (const char* line :
@@ -871,16 +808,14 @@ void tst_HBAdjustmentWidget::deletedByItsSignal_data()
     QTest::addRow("AboutUserParamsChanged(), later") << "AboutUserParamsChanged()" << true;
 }
 
-void tst_HBAdjustmentWidget::deletedByItsSignal()
-{
+void tst_HBAdjustmentWidget::deletedByItsSignal() {
     QFETCH(QString, line);
     QFETCH(bool, later);
     KMApplication::SetProgressTimeout(0);
     const QPointer<HBLatchPanel> panel(new HBLatchPanel());
     HBSignalRecorder recorder(panel);
     const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
-        if (panel)
-            panel->Gate().Open();
+        if (panel) panel->Gate().Open();
     });
     recorder.Once(line, [&] {
         panel->Gate().Open();
@@ -892,21 +827,18 @@ void tst_HBAdjustmentWidget::deletedByItsSignal()
     panel->Gate().Close();
     panel->Change();
     SetPhoto(*panel);
-    if (panel)
-        QVERIFY(!panel->WaitForProcessingFinished(false));
+    if (panel) QVERIFY(!panel->WaitForProcessingFinished(false));
     QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
     QVERIFY(recorder.Lines().contains(line));
 }
 
-void tst_HBAdjustmentWidget::deletedUnderItsDialog_data()
-{
+void tst_HBAdjustmentWidget::deletedUnderItsDialog_data() {
     QTest::addColumn<QString>("what");
     for (const char* what : {"panel", "panel later", "main window", "main window with the panel"})
         QTest::newRow(what) << what;
 }
 
-void tst_HBAdjustmentWidget::deletedUnderItsDialog()
-{
+void tst_HBAdjustmentWidget::deletedUnderItsDialog() {
     QFETCH(QString, what);
     KMApplication::SetProgressTimeout(0);
     const QPointer<QWidget> window(new QWidget());

@@ -16,8 +16,7 @@
 
 Q_DECLARE_METATYPE(HBBlackAndWhiteWidget::Params)
 
-namespace
-{
+namespace {
 
 using Params = HBBlackAndWhiteWidget::Params;
 constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
@@ -26,8 +25,7 @@ constexpr int Least = std::numeric_limits<int>::min();
 constexpr int Most = std::numeric_limits<int>::max();
 
 /// Radio button, slot and weights of each type; those of "Custom" are the test's own.
-const struct TypeRow
-{
+const struct TypeRow {
     const char* button;
     const char* slot;
     float r, g, b;
@@ -40,17 +38,14 @@ const struct TypeRow
     {"m_pCustom", "OnCustom", 0.25f, 0.5f, 0.125f},
 };
 
-struct Fixture : HBPanelFixture<HBBlackAndWhiteWidget>
-{
+struct Fixture : HBPanelFixture<HBBlackAndWhiteWidget> {
     using HBPanelFixture::HBPanelFixture;
     Params Value() const { return panel.GetValue(); }
     /// Which radio button is checked; -1 unless exactly one is.
-    int Checked() const
-    {
+    int Checked() const {
         int checked = -1;
         for (int i = 0; i < 6; ++i) {
-            if (Radio(i)->isChecked())
-                checked = checked < 0 ? i : 99;
+            if (Radio(i)->isChecked()) checked = checked < 0 ? i : 99;
         }
         return checked > 5 ? -1 : checked;
     }
@@ -66,8 +61,7 @@ struct Fixture : HBPanelFixture<HBBlackAndWhiteWidget>
 const QVector<bool> On(3, true);
 const QVector<bool> Off(3, false);
 
-QByteArray Fields(int type, float weight)
-{
+QByteArray Fields(int type, float weight) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream << qint32(type) << weight << weight << weight;
@@ -76,8 +70,7 @@ QByteArray Fields(int type, float weight)
 
 } // namespace
 
-class tst_HBBlackAndWhiteWidget : public QObject
-{
+class tst_HBBlackAndWhiteWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -94,8 +87,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBBlackAndWhiteWidget::form()
-{
+void tst_HBBlackAndWhiteWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
@@ -106,15 +98,13 @@ void tst_HBBlackAndWhiteWidget::form()
                                      "QRadioButton m_pNTSC \"NTSC Specification\"",
                                      "QRadioButton m_pCIE \"CIE Specification\"",
                                      "QRadioButton m_pCustom \"Custom weights:\""};
-        for (int i = 0; i < 6; ++i)
-            QCOMPARE(HBControlText(*f.Radio(i)), QString(texts[i]));
+        for (int i = 0; i < 6; ++i) QCOMPARE(HBControlText(*f.Radio(i)), QString(texts[i]));
         const QString spin = "QDoubleSpinBox %1 0 1 0.333 3 0.001 disabled tip \"Custom weight for %2 channel\"";
         QCOMPARE(HBControlText(*f.red), spin.arg("m_pRed", "R"));
         QCOMPARE(HBControlText(*f.green), spin.arg("m_pGreen", "G"));
         QCOMPARE(HBControlText(*f.blue), spin.arg("m_pBlue", "B"));
         QStringList labels;
-        for (const QLabel* label : f.panel.findChildren<QLabel*>())
-            labels += label->text();
+        for (const QLabel* label : f.panel.findChildren<QLabel*>()) labels += label->text();
         QCOMPARE(labels, QStringList({"R:", "G:", "B:"}));
         QCOMPARE(f.Value().r, 0.333f);
         QCOMPARE(f.Value().type, 0);
@@ -126,8 +116,7 @@ void tst_HBBlackAndWhiteWidget::form()
 }
 
 /// From each type to each other one: told once, weights shown, the user's own ones kept.
-void tst_HBBlackAndWhiteWidget::types()
-{
+void tst_HBBlackAndWhiteWidget::types() {
     const char* shown[] = {"0.333 0.333 0.333", "0.213 0.715 0.072", "0.213 0.715 0.072",
                            "0.300 0.590 0.110", "0.213 0.715 0.072", "0.250 0.500 0.125"};
     Fixture f;
@@ -155,8 +144,7 @@ void tst_HBBlackAndWhiteWidget::types()
     }
 }
 
-void tst_HBBlackAndWhiteWidget::customWeights()
-{
+void tst_HBBlackAndWhiteWidget::customWeights() {
     Fixture f;
     f.Radio(5)->click();
     QCOMPARE(f.Spins(), QString("0.333 0.333 0.333"));
@@ -183,13 +171,11 @@ void tst_HBBlackAndWhiteWidget::customWeights()
 }
 
 /// Whatever reaches the boxes of a type with fixed weights changes nothing and is not told.
-void tst_HBBlackAndWhiteWidget::presetWeightsAreFixed()
-{
+void tst_HBBlackAndWhiteWidget::presetWeightsAreFixed() {
     Fixture f;
     for (int type = 0; type < 5; ++type) {
         f.panel.SetValue({0.25f, 0.5f, 0.125f, type});
-        for (QDoubleSpinBox* spin : {f.red, f.green, f.blue})
-            spin->setValue(0.9);
+        for (QDoubleSpinBox* spin : {f.red, f.green, f.blue}) spin->setValue(0.9);
         QCOMPARE(f.recorder.Take(), QStringList());
         QCOMPARE(f.Value().r, 0.25f);
         QCOMPARE(f.Value().GetR(), Types[type].r);
@@ -197,10 +183,8 @@ void tst_HBBlackAndWhiteWidget::presetWeightsAreFixed()
 }
 
 /// The record is kept as it is; a type that does not exist counts as the user's own weights.
-void tst_HBBlackAndWhiteWidget::setValue()
-{
-    const struct
-    {
+void tst_HBBlackAndWhiteWidget::setValue() {
+    const struct {
         Params params;
         int checked;
         const char* shown;
@@ -235,8 +219,7 @@ void tst_HBBlackAndWhiteWidget::setValue()
 }
 
 /// Radio buttons of the host beside an embedded panel are left alone, and leave the panel's alone.
-void tst_HBBlackAndWhiteWidget::hostsOwnRadios()
-{
+void tst_HBBlackAndWhiteWidget::hostsOwnRadios() {
     QWidget host;
     QRadioButton first("1", &host);
     QRadioButton second("2", &host);
@@ -250,8 +233,7 @@ void tst_HBBlackAndWhiteWidget::hostsOwnRadios()
 }
 
 /// The older tag is three bytes shorter; what stands behind either record must still be found.
-void tst_HBBlackAndWhiteWidget::eitherTag()
-{
+void tst_HBBlackAndWhiteWidget::eitherTag() {
     HBLogCapture log;
     const QByteArray tags[] = {"KMDesaturate 1.00000", "KMBlackAndWhite 1.00000"};
     for (const QByteArray& first : tags) {
@@ -270,8 +252,7 @@ void tst_HBBlackAndWhiteWidget::eitherTag()
     QVERIFY(log.Take().isEmpty());
 
     // A foreign tag costs 23 bytes, one that merely looks like the older one too; a truncated older record fails.
-    const struct
-    {
+    const struct {
         QByteArray bytes;
         int consumed;
         QDataStream::Status status;
@@ -291,8 +272,7 @@ void tst_HBBlackAndWhiteWidget::eitherTag()
         QCOMPARE(int(stream.device()->pos()), row.consumed);
         QCOMPARE(stream.status(), row.status);
         QCOMPARE(read, row.consumed == 48);
-        if (row.consumed < 24 && row.status == QDataStream::Ok)
-            QCOMPARE(params.type, 2);
+        if (row.consumed < 24 && row.status == QDataStream::Ok) QCOMPARE(params.type, 2);
         if (row.consumed == 47) { // the rest is what the stream makes of nothing
             QCOMPARE(params.type, 3);
             QCOMPARE(params.g, 0.5f);
@@ -302,8 +282,7 @@ void tst_HBBlackAndWhiteWidget::eitherTag()
 }
 
 /// Single precision in the record, whatever the width it is stored in.
-void tst_HBBlackAndWhiteWidget::weightsOfStoredRecords()
-{
+void tst_HBBlackAndWhiteWidget::weightsOfStoredRecords() {
     for (const auto precision : {QDataStream::SinglePrecision, QDataStream::DoublePrecision}) {
         QByteArray bytes;
         QDataStream writer(&bytes, QIODevice::WriteOnly);
@@ -321,11 +300,9 @@ void tst_HBBlackAndWhiteWidget::weightsOfStoredRecords()
     }
 }
 
-void tst_HBBlackAndWhiteWidget::result_data()
-{
+void tst_HBBlackAndWhiteWidget::result_data() {
     QTest::addColumn<Params>("params");
-    for (int type = 0; type < 6; ++type)
-        QTest::addRow("type %d", type) << Params{0.25f, 0.5f, 0.125f, type};
+    for (int type = 0; type < 6; ++type) QTest::addRow("type %d", type) << Params{0.25f, 0.5f, 0.125f, type};
     QTest::newRow("type 6") << Params{0.25f, 0.5f, 0.125f, 6};
     QTest::newRow("too bright") << Params{1, 1, 1, 5};
     QTest::newRow("too dark") << Params{-1, -1, -1, -9};
@@ -334,8 +311,7 @@ void tst_HBBlackAndWhiteWidget::result_data()
     QTest::newRow("hidden behind a type") << Params{NaN, Infinity, 1e38f, 4};
 }
 
-void tst_HBBlackAndWhiteWidget::result()
-{
+void tst_HBBlackAndWhiteWidget::result() {
     QFETCH(Params, params);
     Fixture f;
     f.panel.SetValue(params);
@@ -357,8 +333,7 @@ void tst_HBBlackAndWhiteWidget::result()
 }
 
 /// The three decimals of a spin box would make 217 of it.
-void tst_HBBlackAndWhiteWidget::rawWeightsReachTheJob()
-{
+void tst_HBBlackAndWhiteWidget::rawWeightsReachTheJob() {
     Fixture f;
     f.panel.SetValue({0.28449f, 0.28449f, 0.28449f, 5});
     QCOMPARE(f.Spins(), QString("0.284 0.284 0.284"));
@@ -369,14 +344,12 @@ void tst_HBBlackAndWhiteWidget::rawWeightsReachTheJob()
     QCOMPARE(f.panel.AdjustedImage().PixelAt(0, 0), HBRGBA32i(218, 218, 218, 77));
 }
 
-void tst_HBBlackAndWhiteWidget::deletedAtOnce()
-{
+void tst_HBBlackAndWhiteWidget::deletedAtOnce() {
     for (const bool running : {false, true}) {
         Fixture f;
         f.panel.SetValue({0, 0, 0, 4});
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

@@ -14,21 +14,18 @@
 #include <QSlider>
 #include <QSpinBox>
 
-namespace
-{
+namespace {
 
 using Panel = HBBrightnessContrastWidget;
 
 const QStringList ClosingCalls = {"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"};
 
 /// The panel and its controls.
-struct Fixture
-{
+struct Fixture {
     explicit Fixture(bool dialog = true) : panel(dialog, nullptr, {}) {}
 
     template <class Control>
-    Control* Find(const char* name)
-    {
+    Control* Find(const char* name) {
         return panel.findChild<Control*>(name);
     }
     QPoint Record() const { return {panel.GetValue().brightness, panel.GetValue().contrast}; }
@@ -45,8 +42,7 @@ struct Fixture
 
 /// The job's meaning: the transformation's scalar form, pixel by pixel.
 HBImage<> Expected(const HBImage<>& photo, int brightness, int contrast, const HBImage<>& mask = {},
-                   const QPoint& offset = {}, const QRect& bounds = {})
-{
+                   const QPoint& offset = {}, const QRect& bounds = {}) {
     HBIterativeBrightnessContrastTransformation transformation(brightness, contrast);
     HBRGBA32i buffer;
     transformation.SetProcessingBuffer(&buffer);
@@ -60,8 +56,7 @@ HBImage<> Expected(const HBImage<>& photo, int brightness, int contrast, const H
 
 } // namespace
 
-class tst_HBBrightnessContrastWidget : public QObject
-{
+class tst_HBBrightnessContrastWidget : public QObject {
     Q_OBJECT
 private slots:
     void form_data();
@@ -77,15 +72,13 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBBrightnessContrastWidget::form_data()
-{
+void tst_HBBrightnessContrastWidget::form_data() {
     QTest::addColumn<bool>("dialog");
     QTest::newRow("dialog") << true;
     QTest::newRow("embedded") << false;
 }
 
-void tst_HBBrightnessContrastWidget::form()
-{
+void tst_HBBrightnessContrastWidget::form() {
     QFETCH(bool, dialog);
     Fixture f(dialog);
     QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
@@ -102,8 +95,7 @@ void tst_HBBrightnessContrastWidget::form()
         qobject_cast<QGridLayout*>(qobject_cast<QGridLayout*>(content->layout())->itemAtPosition(0, 0)->layout());
     QVERIFY(grid);
     QCOMPARE(grid->objectName(), QString("gridLayout"));
-    const struct
-    {
+    const struct {
         const char* label;
         const char* text;
         QSlider* slider;
@@ -138,11 +130,9 @@ void tst_HBBrightnessContrastWidget::form()
     QCOMPARE(f.Record(), QPoint(0, 0));
 }
 
-void tst_HBBrightnessContrastWidget::controls()
-{
+void tst_HBBrightnessContrastWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QObject* control;
         int value;
         QPoint record;
@@ -159,13 +149,11 @@ void tst_HBBrightnessContrastWidget::controls()
         QCOMPARE(f.Spins(), move.record);
         QCOMPARE(f.Sliders(), move.record);
         QCOMPARE(f.recorder.Take(), move.changes ? ClosingCalls : QStringList());
-        if (move.changes)
-            QCOMPARE(seen, move.record); // stored before it is told
+        if (move.changes) QCOMPARE(seen, move.record); // stored before it is told
     }
 }
 
-void tst_HBBrightnessContrastWidget::setValue_data()
-{
+void tst_HBBrightnessContrastWidget::setValue_data() {
     QTest::addColumn<QPoint>("before");
     QTest::addColumn<QPoint>("value");
     QTest::addColumn<QPoint>("shown");
@@ -178,8 +166,7 @@ void tst_HBBrightnessContrastWidget::setValue_data()
     QTest::newRow("no control moves") << QPoint(300, 0) << QPoint(127, 0) << QPoint(127, 0);
 }
 
-void tst_HBBrightnessContrastWidget::setValue()
-{
+void tst_HBBrightnessContrastWidget::setValue() {
     QFETCH(QPoint, before);
     QFETCH(QPoint, value);
     QFETCH(QPoint, shown);
@@ -196,8 +183,7 @@ void tst_HBBrightnessContrastWidget::setValue()
     QCOMPARE(f.recorder.Take(), ClosingCalls + ClosingCalls);
 }
 
-void tst_HBBrightnessContrastWidget::reset()
-{
+void tst_HBBrightnessContrastWidget::reset() {
     Fixture f;
     f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
     HBSettle();
@@ -227,8 +213,7 @@ void tst_HBBrightnessContrastWidget::reset()
     QCOMPARE(f.recorder.Take(), ClosingCalls);
 }
 
-void tst_HBBrightnessContrastWidget::result_data()
-{
+void tst_HBBrightnessContrastWidget::result_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QPoint>("value");
     QTest::addColumn<QRect>("bounds");
@@ -249,8 +234,7 @@ void tst_HBBrightnessContrastWidget::result_data()
     QTest::newRow("beside the photo") << photo << value << QRect(0, 0, 10, 10) << QPoint(1000, 0);
 }
 
-void tst_HBBrightnessContrastWidget::result()
-{
+void tst_HBBrightnessContrastWidget::result() {
     QFETCH(QSize, size);
     QFETCH(QPoint, value);
     QFETCH(QRect, bounds);
@@ -267,8 +251,7 @@ void tst_HBBrightnessContrastWidget::result()
     QCOMPARE(f.panel.SourceImage().ToQImage(), HBTestRamp(size.width(), size.height()).ToQImage());
 }
 
-void tst_HBBrightnessContrastWidget::recordOutOfRange()
-{
+void tst_HBBrightnessContrastWidget::recordOutOfRange() {
     const HBImage<> photo = HBTestColourCube(17);
     Fixture f;
     f.panel.SetImage(photo, {}, {}, {});
@@ -282,8 +265,7 @@ void tst_HBBrightnessContrastWidget::recordOutOfRange()
 }
 
 /// Tab reaches the controls first and the frame's buttons last.
-void tst_HBBrightnessContrastWidget::tabOrder()
-{
+void tst_HBBrightnessContrastWidget::tabOrder() {
     const HBShowsWindows showsWindows;
     HBBrightnessContrastWidget panel(true, nullptr, {});
     panel.show();
@@ -295,14 +277,12 @@ void tst_HBBrightnessContrastWidget::tabOrder()
     QCOMPARE(kinds.join(' '), "QSlider QSpinBox QSlider QSpinBox QPushButton QPushButton QPushButton");
 }
 
-void tst_HBBrightnessContrastWidget::deletedAtOnce()
-{
+void tst_HBBrightnessContrastWidget::deletedAtOnce() {
     const HBImage<> photo = HBTestRamp(2000, 2000);
     for (int round = 0; round < 5; ++round) {
         Fixture f;
         f.panel.SetImage(photo, {}, {}, {});
-        if (round % 2 == 1)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (round % 2 == 1) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

@@ -10,44 +10,35 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
-namespace
-{
+namespace {
 
 using Params = HBColorBalanceWidget::Params;
 using Values = QVector<int>;
 
 /// Every value is another one, so that no two can be mistaken for each other.
-Params Sample(int toneRange)
-{
-    return {{10, 20, 30}, {-1, -2, -3}, {70, 80, 90}, toneRange, false};
-}
+Params Sample(int toneRange) { return {{10, 20, 30}, {-1, -2, -3}, {70, 80, 90}, toneRange, false}; }
 
-Values ValuesOf(const Params& params)
-{
+Values ValuesOf(const Params& params) {
     Values values;
     for (const auto* axis : {params.cyanRed, params.magentaGreen, params.yellowBlue})
         values += {axis[0], axis[1], axis[2]};
     return values + Values{params.toneRange, params.preserveLuminosity};
 }
 
-struct Fixture : HBPanelFixture<HBColorBalanceWidget>
-{
+struct Fixture : HBPanelFixture<HBColorBalanceWidget> {
     using HBPanelFixture::HBPanelFixture;
 
     Values Record() const { return ValuesOf(panel.GetValue()); }
     Values Spins() const { return {red->value(), green->value(), blue->value()}; }
     /// 0 if none, -1 if several are checked.
-    int Range() const
-    {
+    int Range() const {
         const int checked = int(shadows->isChecked()) + midtones->isChecked() + highlights->isChecked();
         return checked > 1 ? -1 : shadows->isChecked() ? 1 : midtones->isChecked() ? 2 : checked * 3;
     }
-    bool Enabled() const
-    {
+    bool Enabled() const {
         const bool enabled = luminosity->isEnabled();
         for (const QWidget* spin : {red, green, blue}) {
-            if (spin->isEnabled() != enabled)
-                QTest::qFail("the values are not enabled alike", __FILE__, __LINE__);
+            if (spin->isEnabled() != enabled) QTest::qFail("the values are not enabled alike", __FILE__, __LINE__);
         }
         return enabled;
     }
@@ -66,8 +57,7 @@ struct Fixture : HBPanelFixture<HBColorBalanceWidget>
 
 } // namespace
 
-class tst_HBColorBalanceWidget : public QObject
-{
+class tst_HBColorBalanceWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -85,8 +75,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBColorBalanceWidget::form()
-{
+void tst_HBColorBalanceWidget::form() {
     HBVerifyForm<HBColorBalanceWidget>(
         "ColorBalanceParamWidget", "Color Balance", {254, 341},
         {"gridLayout_2 0,0: QLabel label_2 \"Cyan\" right", "gridLayout_2 0,1: QSlider m_pCRSlider -100 100 0",
@@ -116,8 +105,7 @@ void tst_HBColorBalanceWidget::form()
 }
 
 /// Before the first SetValue no button is checked, but the midtones are what is edited.
-void tst_HBColorBalanceWidget::fresh()
-{
+void tst_HBColorBalanceWidget::fresh() {
     Fixture f;
     QCOMPARE(f.Range(), 0);
     QCOMPARE(f.Record(), ValuesOf({}));
@@ -128,14 +116,12 @@ void tst_HBColorBalanceWidget::fresh()
     QCOMPARE(f.Spins(), Values({0, 0, 0}));
 }
 
-void tst_HBColorBalanceWidget::values()
-{
+void tst_HBColorBalanceWidget::values() {
     Fixture f;
     for (int range = 1; range <= 3; ++range) {
         f.panel.SetValue(Sample(range));
         Values expected = f.Record();
-        const struct
-        {
+        const struct {
             QObject* control;
             int value, stored, axis;
         } moves[] = {{f.redSlider, -50, -50, 0}, {f.red, 500, 100, 0},          {f.green, 5, 5, 1},
@@ -151,16 +137,14 @@ void tst_HBColorBalanceWidget::values()
 }
 
 /// Another range is shown; the picture stays as it is.
-void tst_HBColorBalanceWidget::ranges()
-{
+void tst_HBColorBalanceWidget::ranges() {
     const QStringList calls = {"AboutUserParamsChanged()", "ValueChanged()"};
     Fixture f;
     f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
     QVERIFY(f.Finish());
     f.panel.SetValue(Sample(2));
     f.recorder.Take();
-    const struct
-    {
+    const struct {
         QRadioButton* radio;
         int range;
         Values spins;
@@ -183,8 +167,7 @@ void tst_HBColorBalanceWidget::ranges()
 }
 
 /// Wired, stored and never shown, on purpose.
-void tst_HBColorBalanceWidget::luminosity()
-{
+void tst_HBColorBalanceWidget::luminosity() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const HBShowsWindows quiet;
@@ -200,8 +183,7 @@ void tst_HBColorBalanceWidget::luminosity()
     }
 }
 
-void tst_HBColorBalanceWidget::setValue_data()
-{
+void tst_HBColorBalanceWidget::setValue_data() {
     QTest::addColumn<int>("toneRange");
     QTest::addColumn<int>("range");
     QTest::addColumn<Values>("spins");
@@ -215,8 +197,7 @@ void tst_HBColorBalanceWidget::setValue_data()
         QTest::addRow("foreign %d", foreign) << foreign << 3 << Values{0, 0, 0} << true;
 }
 
-void tst_HBColorBalanceWidget::setValue()
-{
+void tst_HBColorBalanceWidget::setValue() {
     QFETCH(int, toneRange);
     QFETCH(int, range);
     QFETCH(Values, spins);
@@ -240,8 +221,7 @@ void tst_HBColorBalanceWidget::setValue()
 }
 
 /// The sliders stay enabled: nothing is stored, but the host is told.
-void tst_HBColorBalanceWidget::noRange()
-{
+void tst_HBColorBalanceWidget::noRange() {
     for (const int toneRange : {0, 7, LeastInt}) {
         Fixture f;
         f.panel.SetValue(Sample(toneRange));
@@ -252,8 +232,7 @@ void tst_HBColorBalanceWidget::noRange()
     }
 }
 
-void tst_HBColorBalanceWidget::reset()
-{
+void tst_HBColorBalanceWidget::reset() {
     Fixture f;
     f.panel.SetValue(Sample(0));
     f.panel.OnReset();
@@ -264,8 +243,7 @@ void tst_HBColorBalanceWidget::reset()
     QVERIFY(f.Enabled() && f.luminosity->isChecked());
 }
 
-void tst_HBColorBalanceWidget::besideRadiosOfTheHost()
-{
+void tst_HBColorBalanceWidget::besideRadiosOfTheHost() {
     QWidget host;
     HBColorBalanceWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
     QRadioButton first(&host), second(&host);
@@ -280,8 +258,7 @@ void tst_HBColorBalanceWidget::besideRadiosOfTheHost()
 }
 
 /// From the record, all ranges together, whichever is shown.
-void tst_HBColorBalanceWidget::result()
-{
+void tst_HBColorBalanceWidget::result() {
     const HBImage<> photo = HBTestRamp(300, 260);
     const HBImage<> mask = HBTestMask(200, 180);
     const Params extreme = {{LeastInt, MostInt, 0}, {MostInt, LeastInt, 101}, {-101, 0, LeastInt}, LeastInt, true};
@@ -302,15 +279,13 @@ void tst_HBColorBalanceWidget::result()
     }
 }
 
-void tst_HBColorBalanceWidget::oddSources()
-{
+void tst_HBColorBalanceWidget::oddSources() {
     Fixture f;
     f.panel.SetValue(Sample(1));
     HBVerifyOddSources(f);
 }
 
-void tst_HBColorBalanceWidget::deletedAtOnce()
-{
+void tst_HBColorBalanceWidget::deletedAtOnce() {
     HBVerifyDestruction<HBColorBalanceWidget>([](auto& panel) { panel.SetValue(Sample(2)); });
 }
 

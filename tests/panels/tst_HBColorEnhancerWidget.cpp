@@ -15,13 +15,11 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 using Values = QVector<int>; // amount, affected
 
-struct Fixture : HBPanelFixture<HBColorEnhancerWidget>
-{
+struct Fixture : HBPanelFixture<HBColorEnhancerWidget> {
     using HBPanelFixture::HBPanelFixture;
 
     Values Record() const { return {panel.GetValue().amount, panel.GetValue().affected}; }
@@ -36,8 +34,7 @@ struct Fixture : HBPanelFixture<HBColorEnhancerWidget>
 };
 
 /// A picture whose channels keep to ranges of their own, each level `low`, `middle` and `high` in a third of it.
-HBImage<> Photo(const int (&low)[3], const int (&high)[3], int width = 150, int height = 140)
-{
+HBImage<> Photo(const int (&low)[3], const int (&high)[3], int width = 150, int height = 140) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
@@ -49,11 +46,9 @@ HBImage<> Photo(const int (&low)[3], const int (&high)[3], int width = 150, int 
 }
 
 /// The enhancement with these black and white points of red, green and blue.
-QImage Stretched(const HBImage<>& photo, int amount, const int (&points)[3][2])
-{
+QImage Stretched(const HBImage<>& photo, int amount, const int (&points)[3][2]) {
     int input[4][2] = {{0, 255}};
-    for (int c = 0; c < 3; ++c)
-        std::copy_n(points[c], 2, input[c + 1]);
+    for (int c = 0; c < 3; ++c) std::copy_n(points[c], 2, input[c + 1]);
     const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
     const double gamma[4] = {1.0, 1.0, 1.0, 1.0};
     HBColorEnhancerTransformation enhancer;
@@ -63,8 +58,7 @@ QImage Stretched(const HBImage<>& photo, int amount, const int (&points)[3][2])
 }
 
 /// The same with the points that the panel must find.
-QImage Enhanced(const HBImage<>& photo, int amount, int affected)
-{
+QImage Enhanced(const HBImage<>& photo, int amount, int affected) {
     int counts[4][256] = {};
     const QImage image = photo.ToQImage();
     for (int y = 0; y < image.height(); ++y) {
@@ -87,24 +81,20 @@ QImage Enhanced(const HBImage<>& photo, int amount, int affected)
     return Stretched(photo, amount, points);
 }
 
-const HBImage<>& PhotoA()
-{
+const HBImage<>& PhotoA() {
     static const HBImage<> photo = Photo({20, 40, 60}, {240, 200, 160});
     return photo;
 }
 
-const HBImage<>& PhotoB()
-{
+const HBImage<>& PhotoB() {
     static const HBImage<> photo = Photo({100, 110, 90}, {150, 140, 180});
     return photo;
 }
 
 /// Keeps the only thread of the pool busy until it is opened, so that jobs wait in their order.
-class Barrier
-{
+class Barrier {
 public:
-    Barrier()
-    {
+    Barrier() {
         QThreadPool::globalInstance()->start(QRunnable::create([this] { m_Open.acquire(); }));
     }
     void Open() { m_Open.release(); }
@@ -116,8 +106,7 @@ private:
 
 } // namespace
 
-class tst_HBColorEnhancerWidget : public QObject
-{
+class tst_HBColorEnhancerWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -134,8 +123,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBColorEnhancerWidget::form()
-{
+void tst_HBColorEnhancerWidget::form() {
     HBVerifyForm<HBColorEnhancerWidget>(
         "ColorEnhancer", "Color enhancer", {390, 109},
         {"gridLayout 0,0: QLabel label \"Amount:\" right", "gridLayout 0,1: QSlider horizontalSlider 0 100 100",
@@ -147,11 +135,9 @@ void tst_HBColorEnhancerWidget::form()
         QStringList({"ValueChanged()", "OnAmountChanged(int)", "OnAffectedChanged(int)", "OnSourceChanged()"}));
 }
 
-void tst_HBColorEnhancerWidget::controls()
-{
+void tst_HBColorEnhancerWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QObject* control;
         int value;
         Values record;
@@ -169,13 +155,11 @@ void tst_HBColorEnhancerWidget::controls()
         QCOMPARE(f.Shown(), move.record);
         QCOMPARE(f.Sliders(), move.record);
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes)
-            QCOMPARE(seen, move.record);
+        if (move.changes) QCOMPARE(seen, move.record);
     }
 }
 
-void tst_HBColorEnhancerWidget::setValue()
-{
+void tst_HBColorEnhancerWidget::setValue() {
     Fixture f;
     const QPair<Values, Values> cases[] = {{{30, 60}, {30, 60}},
                                            {{-1, 101}, {0, 100}},
@@ -190,8 +174,7 @@ void tst_HBColorEnhancerWidget::setValue()
     }
 }
 
-void tst_HBColorEnhancerWidget::reset()
-{
+void tst_HBColorEnhancerWidget::reset() {
     Fixture f;
     f.panel.SetValue({30, 60});
     f.panel.OnReset();
@@ -204,8 +187,7 @@ void tst_HBColorEnhancerWidget::reset()
 }
 
 /// From the record, brought into its range.
-void tst_HBColorEnhancerWidget::result()
-{
+void tst_HBColorEnhancerWidget::result() {
     const HBImage<> ramp = HBTestRamp(257, 130);
     for (const Values& v :
          {Values{100, 100}, {100, 0}, {60, 33}, {0, 100}, {MostInt, LeastInt}, {LeastInt, MostInt}, {101, 1000}}) {
@@ -219,8 +201,7 @@ void tst_HBColorEnhancerWidget::result()
     }
 }
 
-void tst_HBColorEnhancerWidget::shareOfTheChannels()
-{
+void tst_HBColorEnhancerWidget::shareOfTheChannels() {
     // Thirds of the picture: red 20..240, and a luma of 10..250 between its green and blue.
     const HBImage<> photo = Photo({20, 8, 0}, {240, 253, 250});
     const auto luma = [](int r, int g, int b) {
@@ -240,13 +221,11 @@ void tst_HBColorEnhancerWidget::shareOfTheChannels()
     }
 }
 
-void tst_HBColorEnhancerWidget::selectionDoesNotCount()
-{
+void tst_HBColorEnhancerWidget::selectionDoesNotCount() {
     // Only the first tile is selected, which has no light part.
     QImage image = PhotoA().ToQImage();
     for (int y = 0; y < 128; ++y) {
-        for (int x = 0; x < 128; ++x)
-            image.setPixel(x, y, qRgb(90, 90, 90));
+        for (int x = 0; x < 128; ++x) image.setPixel(x, y, qRgb(90, 90, 90));
     }
     const HBImage<> photo = HBImage<>::FromQImage(image);
     const QImage whole = Enhanced(photo, 100, 100);
@@ -262,8 +241,7 @@ void tst_HBColorEnhancerWidget::selectionDoesNotCount()
 
 /// Seen by changing the source's pixels behind the panel's back, as nothing may: a job that measured them again would
 /// stretch them otherwise.
-void tst_HBColorEnhancerWidget::thresholdsAreKept()
-{
+void tst_HBColorEnhancerWidget::thresholdsAreKept() {
     Fixture f;
     const HBImage<> photo = Photo({20, 40, 60}, {240, 200, 160});
     f.panel.SetImage(photo, {}, {}, {});
@@ -284,8 +262,7 @@ void tst_HBColorEnhancerWidget::thresholdsAreKept()
 }
 
 /// SetImage starts the job, then tells of the source: here the job is over before the panel has heard of it.
-void tst_HBColorEnhancerWidget::newSourceStartsBeforeItIsTold()
-{
+void tst_HBColorEnhancerWidget::newSourceStartsBeforeItIsTold() {
     Fixture f;
     QVERIFY(QObject::disconnect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged())));
     QObject::connect(&f.panel, &HBAdjustmentWidget::SourceChanged,
@@ -302,8 +279,7 @@ void tst_HBColorEnhancerWidget::newSourceStartsBeforeItIsTold()
 }
 
 /// A job that waits for its turn while the source changes measures the old one after the cache was emptied.
-void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing()
-{
+void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing() {
     Fixture f;
     for (int round = 0; round < 2; ++round) {
         {
@@ -322,8 +298,7 @@ void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing()
     }
 }
 
-void tst_HBColorEnhancerWidget::oddSources()
-{
+void tst_HBColorEnhancerWidget::oddSources() {
     Fixture f;
     for (const int affected : {0, 100}) {
         f.panel.SetValue({100, affected});
@@ -331,8 +306,7 @@ void tst_HBColorEnhancerWidget::oddSources()
     }
 }
 
-void tst_HBColorEnhancerWidget::deletedAtOnce()
-{
+void tst_HBColorEnhancerWidget::deletedAtOnce() {
     HBVerifyDestruction<HBColorEnhancerWidget>([](auto&) {});
 }
 

@@ -17,8 +17,7 @@
 using Run = void (*)();
 Q_DECLARE_METATYPE(Run)
 
-namespace
-{
+namespace {
 
 constexpr int Least = std::numeric_limits<int>::min();
 constexpr int Most = std::numeric_limits<int>::max();
@@ -27,8 +26,7 @@ template <class Panel>
 struct Facts;
 
 template <>
-struct Facts<HBColorizeWidget>
-{
+struct Facts<HBColorizeWidget> {
     static constexpr const char* formName = "ColorizeWidget";
     static constexpr const char* title = "Colorize";
     static constexpr QSize size{229, 101};
@@ -39,8 +37,7 @@ struct Facts<HBColorizeWidget>
     static QColor Color() { return QColor(255, 210, 255); }
     static int Percent(const HBColorizeWidget::Params& params) { return params.amount; }
     static HBImage<> Expected(const HBImage<>& photo, const QColor& color, int percent, const HBImage<>& mask,
-                              const QPoint& offset, const QRect& bounds)
-    {
+                              const QPoint& offset, const QRect& bounds) {
         const HBIterativeColorizeTransformation transformation(HBRGBA32i::FromRgba(color.rgba()),
                                                                qBound(0, percent, 100));
         return HBTransformed(photo, transformation, mask, offset, bounds);
@@ -48,8 +45,7 @@ struct Facts<HBColorizeWidget>
 };
 
 template <>
-struct Facts<KMFillColorWidget>
-{
+struct Facts<KMFillColorWidget> {
     static constexpr const char* formName = "FillColor";
     static constexpr const char* title = "Fill color";
     static constexpr QSize size{522, 116};
@@ -61,8 +57,7 @@ struct Facts<KMFillColorWidget>
     static int Percent(const KMFillColorWidget::Params& params) { return params.opacity; }
     /// Source-over with the opacity's alpha alone, over an opaque picture.
     static HBImage<> Expected(const HBImage<>& photo, const QColor& color, int percent, const HBImage<>& mask,
-                              const QPoint& offset, const QRect& bounds)
-    {
+                              const QPoint& offset, const QRect& bounds) {
         const int alpha = qBound(0, percent, 100) * 255 / 100;
         const auto operation = [&](HBRGBA32i pixel) {
             const auto mixed = [&](int below, int above) {
@@ -76,8 +71,7 @@ struct Facts<KMFillColorWidget>
 };
 
 template <class Panel>
-struct Fixture : HBPanelFixture<Panel>
-{
+struct Fixture : HBPanelFixture<Panel> {
     explicit Fixture(bool dialog = true) : HBPanelFixture<Panel>(dialog) {}
     QColor Color() const { return this->panel.GetValue().color; }
     int Percent() const { return Facts<Panel>::Percent(this->panel.GetValue()); }
@@ -89,19 +83,16 @@ struct Fixture : HBPanelFixture<Panel>
 };
 
 template <class Panel>
-struct Checks
-{
+struct Checks {
     using Fact = Facts<Panel>;
 
-    static void Form()
-    {
+    static void Form() {
         for (const bool dialog : {true, false}) {
             Fixture<Panel> f(dialog);
             const QWidget* content = dialog ? f.template Find<QWidget>("m_pContent") : &f.panel;
             QCOMPARE(content->windowTitle(), QString(Fact::title));
             QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : Fact::formName));
-            if (!dialog)
-                QCOMPARE(f.panel.size(), Fact::size);
+            if (!dialog) QCOMPARE(f.panel.size(), Fact::size);
             QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
             QStringList grid = HBGridText(content->layout());
             QVERIFY(grid.takeLast().startsWith("2, 0 (1 x 3): spacer"));
@@ -118,11 +109,9 @@ struct Checks
                  QStringList({"ValueChanged()", "OnColor()", "OnCurrentColorChanged(QColor)", Fact::slot}));
     }
 
-    static void Controls()
-    {
+    static void Controls() {
         Fixture<Panel> f;
-        const struct
-        {
+        const struct {
             QWidget* control;
             int value;
             int percent;
@@ -140,8 +129,7 @@ struct Checks
         QCOMPARE(f.Shown(), QVector<int>(2, Fact::percent));
     }
 
-    static void SetValue()
-    {
+    static void SetValue() {
         Fixture<Panel> f;
         for (const int percent : {40, 0, 100, 101, -1, Most, Least}) {
             for (const QColor& color : {QColor(1, 2, 3, 4), QColor(), QColor::fromHsv(3, 4, 5)}) {
@@ -156,8 +144,7 @@ struct Checks
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
     }
 
-    static void Dialog()
-    {
+    static void Dialog() {
         Fixture<Panel> f;
         HBCheckColorVisits(
             f, f.color, "Select a color", HBComparingVisits(), [&] { return f.Color(); },
@@ -168,8 +155,7 @@ struct Checks
     }
 
     /// Takes the record as it is, through no control.
-    static void Result()
-    {
+    static void Result() {
         const QColor colors[] = {Fact::Color(),   QColor(200, 100, 50, 10),        QColor(),
                                  Qt::transparent, QColor::fromCmyk(1, 200, 30, 9), QColor::fromRgbF(7.5, -3, 0.5)};
         const HBImage<> mask = HBTestMask(80, 60);
@@ -184,29 +170,25 @@ struct Checks
                     QCOMPARE(f.recorder.Count("ImageReady"), 1);
                     QCOMPARE(f.panel.AdjustedImage().ToQImage(),
                              Fact::Expected(photo, color, percent, mask, QPoint(5, 6), bounds).ToQImage());
-                    if (percent <= 0)
-                        QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
+                    if (percent <= 0) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
                     f.recorder.Take();
                 }
             }
         }
     }
 
-    static void DeletedAtOnce()
-    {
+    static void DeletedAtOnce() {
         for (const bool running : {false, true}) {
             Fixture<Panel> f;
             f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-            if (running)
-                f.recorder.WaitFor("ProgressValueChanged");
+            if (running) f.recorder.WaitFor("ProgressValueChanged");
         }
     }
 };
 
 } // namespace
 
-class tst_HBColorizeWidget : public QObject
-{
+class tst_HBColorizeWidget : public QObject {
     Q_OBJECT
 private slots:
     void check_data();
@@ -214,8 +196,7 @@ private slots:
     void fillAlpha();
 };
 
-void tst_HBColorizeWidget::check_data()
-{
+void tst_HBColorizeWidget::check_data() {
     QTest::addColumn<Run>("run");
     const auto add = [](auto checks, const char* panel) {
         using C = decltype(checks);
@@ -230,15 +211,13 @@ void tst_HBColorizeWidget::check_data()
     add(Checks<KMFillColorWidget>(), "fill");
 }
 
-void tst_HBColorizeWidget::check()
-{
+void tst_HBColorizeWidget::check() {
     QFETCH(Run, run);
     run();
 }
 
 /// Over nothing, the fill's own alpha is left: the opacity alone, whatever that of the colour.
-void tst_HBColorizeWidget::fillAlpha()
-{
+void tst_HBColorizeWidget::fillAlpha() {
     for (const int colorAlpha : {255, 10, 0}) {
         for (const auto& [opacity, alpha] :
              {std::pair{100, 255}, {50, 127}, {1, 2}, {0, 0}, {999, 255}, {-9, 0}}) {

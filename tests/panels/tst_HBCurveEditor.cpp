@@ -13,24 +13,20 @@
 
 Q_DECLARE_METATYPE(QVector<QPoint>)
 
-namespace
-{
+namespace {
 
 using Fixture = HBCurvesFixture;
 
 const HBPoints Default = {{0, 0}, {255, 255}};
 const HBPoints Bent = {{0, 0}, {100, 120}, {255, 255}};
 
-QVector<QPointF> Elements(const QPainterPath& path)
-{
+QVector<QPointF> Elements(const QPainterPath& path) {
     QVector<QPointF> elements;
-    for (int i = 0; i < path.elementCount(); ++i)
-        elements += path.elementAt(i);
+    for (int i = 0; i < path.elementCount(); ++i) elements += path.elementAt(i);
     return elements;
 }
 
-void CheckPen(const QPen& pen, const QColor& color)
-{
+void CheckPen(const QPen& pen, const QColor& color) {
     QCOMPARE(pen.brush(), QBrush(color));
     QCOMPARE(pen.widthF(), 0.0);
     QCOMPARE(pen.style(), Qt::SolidLine);
@@ -40,8 +36,7 @@ void CheckPen(const QPen& pen, const QColor& color)
 
 } // namespace
 
-class tst_HBCurveEditor : public QObject
-{
+class tst_HBCurveEditor : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { KMTheme::Install(); }
@@ -68,8 +63,7 @@ private slots:
     void hostSetsAnotherCurve();
 };
 
-void tst_HBCurveEditor::scene()
-{
+void tst_HBCurveEditor::scene() {
     Fixture f;
     QCOMPARE(f.scene->parent(), f.view);
     QCOMPARE(f.scene->sceneRect(), QRectF(0, 0, 255, 255));
@@ -107,8 +101,7 @@ void tst_HBCurveEditor::scene()
 }
 
 /// The square fills the view, whatever its shape, also while it is resized.
-void tst_HBCurveEditor::fits()
-{
+void tst_HBCurveEditor::fits() {
     const HBShowsWindows quiet;
     Fixture f(false);
     f.panel.show();
@@ -123,8 +116,7 @@ void tst_HBCurveEditor::fits()
     }
 }
 
-void tst_HBCurveEditor::path_data()
-{
+void tst_HBCurveEditor::path_data() {
     QTest::addColumn<HBPoints>("points");
     QTest::newRow("default") << Default;
     QTest::newRow("two, with flat ends") << HBPoints{{50, 10}, {200, 240}};
@@ -134,8 +126,7 @@ void tst_HBCurveEditor::path_data()
 }
 
 /// What is drawn is what is applied.
-void tst_HBCurveEditor::path()
-{
+void tst_HBCurveEditor::path() {
     QFETCH(HBPoints, points);
     Fixture f;
     f.Set(points);
@@ -155,8 +146,7 @@ void tst_HBCurveEditor::path()
     QVERIFY(f.NodesFit());
 }
 
-void tst_HBCurveEditor::click_data()
-{
+void tst_HBCurveEditor::click_data() {
     QTest::addColumn<HBPoints>("points");
     QTest::addColumn<QPoint>("at");
     QTest::addColumn<bool>("inserted");
@@ -177,8 +167,7 @@ void tst_HBCurveEditor::click_data()
     QTest::newRow("behind the last") << HBPoints{{50, 20}, {200, 200}} << QPoint(230, 200) << false;
 }
 
-void tst_HBCurveEditor::click()
-{
+void tst_HBCurveEditor::click() {
     QFETCH(HBPoints, points);
     QFETCH(QPoint, at);
     QFETCH(bool, inserted);
@@ -202,10 +191,8 @@ void tst_HBCurveEditor::click()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBCurveEditor::clickPositions()
-{
-    const struct
-    {
+void tst_HBCurveEditor::clickPositions() {
+    const struct {
         QPointF at;
         QPoint point;
     } rows[] = {{{99.5, 155.4}, {100, 100}}, {{99.49, 155.5}, {99, 99}}, {{100.4, 154.6}, {100, 100}}};
@@ -216,8 +203,7 @@ void tst_HBCurveEditor::clickPositions()
     }
 }
 
-void tst_HBCurveEditor::clickAndSelection()
-{
+void tst_HBCurveEditor::clickAndSelection() {
     Fixture f;
     f.Set(Bent);
     const auto select = [&] {
@@ -245,8 +231,7 @@ void tst_HBCurveEditor::clickAndSelection()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBCurveEditor::drag_data()
-{
+void tst_HBCurveEditor::drag_data() {
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
     QTest::addColumn<bool>("moved");
@@ -263,8 +248,7 @@ void tst_HBCurveEditor::drag_data()
     QTest::newRow("last, too far") << QPoint(255, 255) << QPoint(203, 255) << false;
 }
 
-void tst_HBCurveEditor::drag()
-{
+void tst_HBCurveEditor::drag() {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
     QFETCH(bool, moved);
@@ -275,8 +259,7 @@ void tst_HBCurveEditor::drag()
     const QString before = f.Edits();
     f.Drag(to);
     HBPoints expected = points;
-    if (moved)
-        expected[points.indexOf(from)] = to;
+    if (moved) expected[points.indexOf(from)] = to;
     QCOMPARE(f.Points(), expected);
     QVERIFY(f.NodesFit());
     QCOMPARE(f.Selected(), HBPoints{moved ? to : from});
@@ -289,8 +272,7 @@ void tst_HBCurveEditor::drag()
     QVERIFY(Elements(curve).contains(f.View(moved ? to : from)));
 }
 
-void tst_HBCurveEditor::dragNeedsTheLeftButtonAndASelection()
-{
+void tst_HBCurveEditor::dragNeedsTheLeftButtonAndASelection() {
     Fixture f;
     f.Set(Bent);
     f.Drag({50, 50}); // nothing is selected
@@ -305,8 +287,7 @@ void tst_HBCurveEditor::dragNeedsTheLeftButtonAndASelection()
 }
 
 /// Positions are clamped to the square before anything is compared.
-void tst_HBCurveEditor::farPositions()
-{
+void tst_HBCurveEditor::farPositions() {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     Fixture f;
     f.Set(Bent);
@@ -323,8 +304,7 @@ void tst_HBCurveEditor::farPositions()
     QCOMPARE(f.Points(), Bent);
 }
 
-void tst_HBCurveEditor::slider()
-{
+void tst_HBCurveEditor::slider() {
     Fixture f;
     f.Set({{0, 30}, {100, 120}, {255, 200}});
     f.slider->SetValue(0, 20);
@@ -347,8 +327,7 @@ void tst_HBCurveEditor::slider()
 }
 
 /// The handles' limits follow a moved neighbour and a change of the channel, but no insertion and no deletion.
-void tst_HBCurveEditor::sliderLimits()
-{
+void tst_HBCurveEditor::sliderLimits() {
     Fixture f;
     const auto limits = [&] { return QPoint(f.slider->Maximum(0), f.slider->Minimum(1)); };
     QCOMPARE(limits(), QPoint(251, 4));
@@ -373,8 +352,7 @@ void tst_HBCurveEditor::sliderLimits()
 }
 
 /// A handle that could be pushed beyond a new point comes back, with its end of the curve, when that point is moved.
-void tst_HBCurveEditor::staleSliderHandle()
-{
+void tst_HBCurveEditor::staleSliderHandle() {
     Fixture f;
     f.Press({100, 100});
     f.Release({100, 100});
@@ -401,8 +379,7 @@ void tst_HBCurveEditor::staleSliderHandle()
     QVERIFY(g.NodesFit());
 }
 
-void tst_HBCurveEditor::deletion()
-{
+void tst_HBCurveEditor::deletion() {
     const HBShowsWindows quiet;
     Fixture f;
     f.panel.show();
@@ -441,8 +418,7 @@ void tst_HBCurveEditor::deletion()
     QVERIFY(!Elements(f.Items<QGraphicsPathItem>()[0]->path()).contains(QPointF(50, 255 - 60)));
 }
 
-void tst_HBCurveEditor::noDeletionInMidDrag()
-{
+void tst_HBCurveEditor::noDeletionInMidDrag() {
     const HBShowsWindows quiet;
     Fixture f(false);
     f.Set(Bent);
@@ -461,8 +437,7 @@ void tst_HBCurveEditor::noDeletionInMidDrag()
 }
 
 /// An S-curve without a mouse.
-void tst_HBCurveEditor::keyboard()
-{
+void tst_HBCurveEditor::keyboard() {
     const HBShowsWindows quiet;
     Fixture f;
     f.panel.show();
@@ -502,8 +477,7 @@ void tst_HBCurveEditor::keyboard()
     QCOMPARE(f.Points().size(), 3);
 }
 
-void tst_HBCurveEditor::keyboardLimits()
-{
+void tst_HBCurveEditor::keyboardLimits() {
     Fixture f;
     f.Set({{0, 0}, {8, 250}, {13, 13}, {255, 255}});
     const auto press = [&](int key, Qt::KeyboardModifiers modifiers = {}) {
@@ -523,18 +497,15 @@ void tst_HBCurveEditor::keyboardLimits()
     f.Set({{0, 0}, {2, 2}, {3, 3}, {255, 255}}); // no way to move at all
     press(Qt::Key_PageUp);
     press(Qt::Key_PageUp);
-    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Insert})
-        press(key);
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Insert}) press(key);
     QCOMPARE(f.Points(), HBPoints({{0, 0}, {2, 2}, {3, 3}, {255, 255}}));
-    for (int i = 0; i < 10; ++i)
-        press(Qt::Key_PageUp);
+    for (int i = 0; i < 10; ++i) press(Qt::Key_PageUp);
     QCOMPARE(f.Selected(), HBPoints({{255, 255}}));
     press(Qt::Key_Insert); // behind the last: in the gap before it
     QCOMPARE(f.Points().size(), 5);
 }
 
-void tst_HBCurveEditor::selectionEnds()
-{
+void tst_HBCurveEditor::selectionEnds() {
     Fixture f;
     const auto select = [&] {
         f.Set(Bent);
@@ -556,8 +527,7 @@ void tst_HBCurveEditor::selectionEnds()
     }
 }
 
-void tst_HBCurveEditor::hostSetsAnotherCurve()
-{
+void tst_HBCurveEditor::hostSetsAnotherCurve() {
     const HBPoints other = {{10, 20}, {30, 40}, {200, 100}};
     for (const HBPoints& points : {Default, Bent, other}) {
         for (const int channel : {0, 3}) {

@@ -23,15 +23,13 @@
 
 Q_DECLARE_METATYPE(QVector<QPoint>)
 
-namespace
-{
+namespace {
 
 using Params = HBCurvesWidget::Params;
 
 const HBPoints Default = {{0, 0}, {255, 255}};
 
-QByteArray Bytes(const Params& params)
-{
+QByteArray Bytes(const Params& params) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     params.Write(stream);
@@ -39,16 +37,13 @@ QByteArray Bytes(const Params& params)
 }
 
 /// Keeps the pool busy, so that jobs wait, until it is released or dies.
-class PoolBlock
-{
+class PoolBlock {
 public:
-    PoolBlock()
-    {
+    PoolBlock() {
         QtConcurrent::run([this] { m_Gate.acquire(); });
     }
     ~PoolBlock() { Release(); }
-    void Release()
-    {
+    void Release() {
         m_Gate.release();
         HBSettle();
     }
@@ -59,50 +54,41 @@ private:
 };
 
 /// 100 × 80 black pixels, with one block of a colour.
-HBImage<> Photo(const QRect& block, const QColor& color)
-{
+HBImage<> Photo(const QRect& block, const QColor& color) {
     QImage image(100, 80, QImage::Format_ARGB32);
     image.fill(Qt::black);
     for (int y = block.top(); y <= block.bottom(); ++y) {
-        for (int x = block.left(); x <= block.right(); ++x)
-            image.setPixelColor(x, y, color);
+        for (int x = block.left(); x <= block.right(); ++x) image.setPixelColor(x, y, color);
     }
     return HBImage<>::FromQImage(image);
 }
 
 /// With a document to pick from. Scene coordinates times the screen's ratio are pixels of the photo.
-struct Fixture : HBCurvesFixture
-{
-    explicit Fixture(bool dialog = true) : HBCurvesFixture(dialog)
-    {
+struct Fixture : HBCurvesFixture {
+    explicit Fixture(bool dialog = true) : HBCurvesFixture(dialog) {
         document.setScene(&photoScene);
         panel.SetView(&document);
     }
 
-    void SetImage(const HBImage<>& image)
-    {
+    void SetImage(const HBImage<>& image) {
         panel.SetImage(image, {}, {}, {});
         Finish();
         recorder.Take();
     }
     QPoint InScene(const QPoint& pixel) const { return QPoint(pixel.x() / ratio, pixel.y() / ratio); }
-    void Start(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton)
-    {
+    void Start(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton) {
         HBSceneMouse(document.scene(), QEvent::GraphicsSceneMousePress, InScene(pixel), button);
     }
-    void End(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton)
-    {
+    void End(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton) {
         HBSceneMouse(document.scene(), QEvent::GraphicsSceneMouseRelease, InScene(pixel), button);
     }
     /// Drags over these pixels, corners included.
-    void Pick(const QRect& pixels)
-    {
+    void Pick(const QRect& pixels) {
         Start(pixels.topLeft());
         End(pixels.bottomRight());
     }
     HBPoints Red() const { return panel.GetValue().points[1]; }
-    bool HasPickerCursor() const
-    {
+    bool HasPickerCursor() const {
         const QCursor cursor = document.viewport()->cursor();
         return !cursor.pixmap().isNull() && cursor.hotSpot() == QPoint(2, 14);
     }
@@ -114,8 +100,7 @@ struct Fixture : HBCurvesFixture
 
 } // namespace
 
-class tst_HBCurvesWidget : public QObject
-{
+class tst_HBCurvesWidget : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { KMTheme::Install(); }
@@ -148,21 +133,18 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBCurvesWidget::form()
-{
+void tst_HBCurvesWidget::form() {
     for (const bool dialog : {true, false}) {
         HBCurvesFixture f(dialog);
         QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
         QCOMPARE(content->windowTitle(), QString("Curves"));
         QStringList items;
-        for (int i = 0; i < f.channel->count(); ++i)
-            items += f.channel->itemText(i);
+        for (int i = 0; i < f.channel->count(); ++i) items += f.channel->itemText(i);
         QCOMPARE(items, QStringList({"RGB", "Red", "Green", "Blue"}));
         QCOMPARE(f.channel->minimumWidth(), 120);
         QCOMPARE(f.channel->toolTip(), QString("Channel for input signal"));
         QStringList labels;
-        for (const QLabel* label : content->findChildren<QLabel*>())
-            labels += label->text();
+        for (const QLabel* label : content->findChildren<QLabel*>()) labels += label->text();
         labels.sort();
         QCOMPARE(labels, QStringList({"Channel:", "Input:", "Output:"}));
 
@@ -212,20 +194,17 @@ void tst_HBCurvesWidget::form()
         }
     }
     QVector<int> masks;
-    for (const int channel : {0, 1, 2, 3, 4, -1})
-        masks += HBCurvesWidget::IndexToHistogrammChannel(channel);
+    for (const int channel : {0, 1, 2, 3, 4, -1}) masks += HBCurvesWidget::IndexToHistogrammChannel(channel);
     QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
 }
 
-void tst_HBCurvesWidget::setValue_data()
-{
+void tst_HBCurvesWidget::setValue_data() {
     QTest::addColumn<HBPoints>("points");
     QTest::addColumn<HBPoints>("kept");
     constexpr int Least = std::numeric_limits<int>::min();
     constexpr int Most = std::numeric_limits<int>::max();
     HBPoints many;
-    for (int i = 0; i < 256; ++i)
-        many += QPoint(i, 255 - i);
+    for (int i = 0; i < 256; ++i) many += QPoint(i, 255 - i);
     const auto same = [](const char* name, const HBPoints& points) { QTest::newRow(name) << points << points; };
     same("default", Default);
     same("as many as there are levels", many);
@@ -239,21 +218,18 @@ void tst_HBCurvesWidget::setValue_data()
                               << HBPoints{{0, 0}, {255, 255}, {255, 0}};
 }
 
-void tst_HBCurvesWidget::setValue()
-{
+void tst_HBCurvesWidget::setValue() {
     QFETCH(HBPoints, points);
     QFETCH(HBPoints, kept);
     for (const int channel : {0, 2, 3, 4, -1, std::numeric_limits<int>::max()}) {
         HBCurvesFixture f;
         Params params;
         params.channel = channel;
-        for (HBPoints& list : params.points)
-            list = points;
+        for (HBPoints& list : params.points) list = points;
         f.panel.SetValue(params);
         Params expected;
         expected.channel = channel >= 0 && channel <= 3 ? channel : 0;
-        for (HBPoints& list : expected.points)
-            list = kept;
+        for (HBPoints& list : expected.points) list = kept;
         QCOMPARE(Bytes(f.panel.GetValue()), Bytes(expected));
         QVERIFY(f.NodesFit());
         QCOMPARE(f.channel->currentIndex(), expected.channel);
@@ -273,8 +249,7 @@ void tst_HBCurvesWidget::setValue()
 }
 
 /// No count is believed before its points have been read.
-void tst_HBCurvesWidget::hostileCounts()
-{
+void tst_HBCurvesWidget::hostileCounts() {
     for (const quint32 count : {0xFFFFFFFFu, 0x80000000u, 0x7FFFFFFFu, 0x3FFFFFFFu, 0x0FFFFFFFu, 3u}) {
         QByteArray bytes("KMCurves 1.00000");
         QDataStream writer(&bytes, QIODevice::Append);
@@ -285,22 +260,19 @@ void tst_HBCurvesWidget::hostileCounts()
         QCOMPARE(reader.status(), QDataStream::ReadPastEnd);
         QCOMPARE(params.channel, 3);
         QCOMPARE(params.points[0], HBPoints({{1, 2}, {30, 40}}));
-        for (int c = 1; c < 4; ++c)
-            QCOMPARE(params.points[c], HBPoints());
+        for (int c = 1; c < 4; ++c) QCOMPARE(params.points[c], HBPoints());
         HBCurvesFixture f;
         f.panel.SetValue(params);
         QCOMPARE(f.Points(), Default);
     }
 }
 
-void tst_HBCurvesWidget::channels()
-{
+void tst_HBCurvesWidget::channels() {
     HBCurvesFixture f;
     f.panel.SetImage(HBTestRamp(9, 9), {}, {}, {});
     QVERIFY(f.Finish());
     Params params;
-    for (int c = 0; c < 4; ++c)
-        params.points[c] = {{60 * c, c}, {60 * c + 20, 100}, {60 * c + 40, 200}};
+    for (int c = 0; c < 4; ++c) params.points[c] = {{60 * c, c}, {60 * c + 20, 100}, {60 * c + 40, 200}};
     f.panel.SetValue(params);
     f.recorder.Take();
     for (const int c : {3, 0, 2, 1, 3}) {
@@ -326,8 +298,7 @@ void tst_HBCurvesWidget::channels()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBCurvesWidget::reset()
-{
+void tst_HBCurvesWidget::reset() {
     HBCurvesFixture f;
     f.Set({{0, 9}, {50, 60}, {200, 100}}, 2);
     for (int i = 0; i < 2; ++i) {
@@ -338,8 +309,7 @@ void tst_HBCurvesWidget::reset()
     }
 }
 
-void tst_HBCurvesWidget::results_data()
-{
+void tst_HBCurvesWidget::results_data() {
     QTest::addColumn<QVector<HBPoints>>("lists");
     QTest::newRow("neutral") << QVector<HBPoints>{Default, Default, Default, Default};
     QTest::newRow("all") << QVector<HBPoints>{{{0, 10}, {100, 50}, {250, 240}},
@@ -348,8 +318,7 @@ void tst_HBCurvesWidget::results_data()
                                               {{0, 0}, {60, 90}, {62, 100}, {200, 210}}};
 }
 
-void tst_HBCurvesWidget::results()
-{
+void tst_HBCurvesWidget::results() {
     QFETCH(QVector<HBPoints>, lists);
     const HBImage<> photo = HBTestRamp(257, 130);
     const HBImage<> mask = HBTestMask(150, 90);
@@ -365,8 +334,7 @@ void tst_HBCurvesWidget::results()
             HBTransformed(photo, HBIterativeCurvesTransformation(params.points, 100), mask, QPoint(30, 40), bounds)
                 .ToQImage());
     }
-    if (lists[0] == Default)
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
+    if (lists[0] == Default) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
     f.slider->SetValue(0, 50); // by the debounce
     QVERIFY(f.recorder.WaitFor("ImageReady", 3));
     const Params now = f.panel.GetValue();
@@ -376,8 +344,7 @@ void tst_HBCurvesWidget::results()
                  .ToQImage());
 }
 
-void tst_HBCurvesWidget::histogram()
-{
+void tst_HBCurvesWidget::histogram() {
     HBCurvesFixture f;
     f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
     QVERIFY(f.Finish());
@@ -399,8 +366,7 @@ void tst_HBCurvesWidget::histogram()
     QCOMPARE(f.histogram->GetPixelsCount(), 100.0);
 }
 
-void tst_HBCurvesWidget::exceptionLines()
-{
+void tst_HBCurvesWidget::exceptionLines() {
     HBLogCapture log;
     HB_LOG_JOB_EXCEPTION(nullptr);
     QVERIFY(log.Take().isEmpty());
@@ -411,8 +377,7 @@ void tst_HBCurvesWidget::exceptionLines()
     const QString head = QString("\"Build date=%1, time=").arg(__DATE__);
     // Quoted and escaped, as Qt writes a string to its debug stream.
     const QString place = "line=851, file=\\\"ImagingLib\\\\HBTransformImageColors.h\\\"";
-    for (const HBLogCapture::Line& line : lines)
-        QVERIFY2(line.text.startsWith(head), qPrintable(line.text));
+    for (const HBLogCapture::Line& line : lines) QVERIFY2(line.text.startsWith(head), qPrintable(line.text));
     const QString known = ". Unexpected exception: " + place + ". Exception content:\\\"no more tiles\\\"\"";
     QVERIFY2(lines[0].text.endsWith(known), qPrintable(lines[0].text));
     QVERIFY2(lines[1].text.endsWith(". Unexpected unknown exception: " + place + '"'), qPrintable(lines[1].text));
@@ -420,22 +385,18 @@ void tst_HBCurvesWidget::exceptionLines()
 
 // ---- Pickers ----
 
-void tst_HBCurvesWidget::pickerButtons()
-{
+void tst_HBCurvesWidget::pickerButtons() {
     Fixture f;
     QVERIFY(!f.HasPickerCursor());
     const QVector<QToolButton*> buttons = {f.black, f.gray, f.white};
     for (QToolButton* first : buttons) {
         for (QToolButton* second : buttons) {
             first->click();
-            if (second != first)
-                second->click();
-            for (const QToolButton* button : buttons)
-                QCOMPARE(button->isChecked(), button == second);
+            if (second != first) second->click();
+            for (const QToolButton* button : buttons) QCOMPARE(button->isChecked(), button == second);
             QVERIFY(f.HasPickerCursor());
             second->click();
-            for (const QToolButton* button : buttons)
-                QVERIFY(!button->isChecked());
+            for (const QToolButton* button : buttons) QVERIFY(!button->isChecked());
             QVERIFY(!f.HasPickerCursor());
             f.Start({5, 5}); // nobody listens any more
             QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
@@ -445,8 +406,7 @@ void tst_HBCurvesWidget::pickerButtons()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBCurvesWidget::pickDrag()
-{
+void tst_HBCurvesWidget::pickDrag() {
     Fixture f;
     f.SetImage(Photo({20, 20, 10, 10}, QColor(40, 50, 60)));
     f.black->click();
@@ -472,8 +432,7 @@ void tst_HBCurvesWidget::pickDrag()
 }
 
 /// By the view's own mouse events, in a zoomed view.
-void tst_HBCurvesWidget::pickByMouse()
-{
+void tst_HBCurvesWidget::pickByMouse() {
     const HBShowsWindows quiet;
     Fixture f(false);
     f.SetImage(Photo({20, 20, 30, 20}, QColor(200, 210, 220)));
@@ -491,8 +450,7 @@ void tst_HBCurvesWidget::pickByMouse()
     QCOMPARE(f.panel.GetValue().points[3], HBPoints({{0, 0}, {220, 255}}));
 }
 
-void tst_HBCurvesWidget::picks_data()
-{
+void tst_HBCurvesWidget::picks_data() {
     QTest::addColumn<QString>("picker");
     QTest::addColumn<int>("level"); // of the picked colour
     QTest::addColumn<HBPoints>("before");
@@ -515,8 +473,7 @@ void tst_HBCurvesWidget::picks_data()
         << "m_pGray" << 100 << narrow << HBPoints{{0, 0}, {30, 255}, {100, 128}};
 }
 
-void tst_HBCurvesWidget::picks()
-{
+void tst_HBCurvesWidget::picks() {
     QFETCH(QString, picker);
     QFETCH(int, level);
     QFETCH(HBPoints, before);
@@ -525,22 +482,19 @@ void tst_HBCurvesWidget::picks()
     f.SetImage(Photo({20, 20, 10, 10}, QColor(level, level, level)));
     Params params;
     params.channel = 1;
-    for (HBPoints& list : params.points)
-        list = before;
+    for (HBPoints& list : params.points) list = before;
     f.panel.SetValue(params);
     f.Find<QToolButton>(qPrintable(picker))->click();
     f.Pick({20, 20, 10, 10});
     HBSettle();
-    for (int c = 1; c < 4; ++c)
-        params.points[c] = after;
+    for (int c = 1; c < 4; ++c) params.points[c] = after;
     QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
     QVERIFY(f.NodesFit());
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
     QVERIFY(f.recorder.WaitFor("ImageReady")); // by the debounce
 }
 
-void tst_HBCurvesWidget::pickRectangles_data()
-{
+void tst_HBCurvesWidget::pickRectangles_data() {
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
     QTest::addColumn<int>("average"); // of a block of 101 at (50, 40), 20 × 20; the fallback is 128
@@ -557,8 +511,7 @@ void tst_HBCurvesWidget::pickRectangles_data()
     }
 }
 
-void tst_HBCurvesWidget::pickRectangles()
-{
+void tst_HBCurvesWidget::pickRectangles() {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
     QFETCH(int, average);
@@ -570,8 +523,7 @@ void tst_HBCurvesWidget::pickRectangles()
     HBSettle();
     HBPoints expected = Default + HBPoints{{average, 128}};
     std::sort(expected.begin(), expected.end(), [](const QPoint& a, const QPoint& b) { return a.x() < b.x(); });
-    if (average == 0)
-        expected = {{0, 0}, {0, 128}, {255, 255}};
+    if (average == 0) expected = {{0, 0}, {0, 128}, {255, 255}};
     QCOMPARE(f.Red(), expected);
 
     // Without an image there is the fallback only.
@@ -592,14 +544,12 @@ void tst_HBCurvesWidget::pickRectangles()
 }
 
 /// The sums have 32 bits and wrap: 25 million white pixels average to 83.
-void tst_HBCurvesWidget::hugePick()
-{
+void tst_HBCurvesWidget::hugePick() {
     QImage white(128, 128, QImage::Format_RGB32);
     white.fill(Qt::white);
     const HBImage<> tile = HBImage<>::FromQImage(white);
     HBImage<> photo(5000, 5000);
-    for (int i = 0; i < photo.Tiles().size(); ++i)
-        photo.ShareTile(i, tile.Tile(0));
+    for (int i = 0; i < photo.Tiles().size(); ++i) photo.ShareTile(i, tile.Tile(0));
     Fixture f;
     f.panel.SetCancelProcessing(true); // no job of the panel's own
     f.panel.SetImage(photo, {}, {}, {});
@@ -609,8 +559,7 @@ void tst_HBCurvesWidget::hugePick()
     QCOMPARE(f.Red(), HBPoints({{0, 0}, {83, 255}}));
 }
 
-void tst_HBCurvesWidget::pickPrecedence()
-{
+void tst_HBCurvesWidget::pickPrecedence() {
     Fixture f;
     f.SetImage(Photo({20, 20, 10, 10}, QColor(100, 100, 100)));
     f.white->click();
@@ -632,8 +581,7 @@ void tst_HBCurvesWidget::pickPrecedence()
 }
 
 /// While one pick runs, the latest of those that follow is remembered.
-void tst_HBCurvesWidget::pendingPick()
-{
+void tst_HBCurvesWidget::pendingPick() {
     Fixture f;
     f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
     f.black->click();
@@ -647,14 +595,12 @@ void tst_HBCurvesWidget::pendingPick()
     block.Release();
     QCOMPARE(first, HBPoints({{80, 0}, {255, 255}}));
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    if (f.ratio == 1)
-        QCOMPARE(f.Red(), HBPoints({{40, 0}, {255, 255}}));
+    if (f.ratio == 1) QCOMPARE(f.Red(), HBPoints({{40, 0}, {255, 255}}));
     HBSettle();
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBCurvesWidget::resetCancelsPicks()
-{
+void tst_HBCurvesWidget::resetCancelsPicks() {
     Fixture f(false);
     f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
     for (QToolButton* button : {f.black, f.gray, f.white}) {
@@ -680,8 +626,7 @@ void tst_HBCurvesWidget::resetCancelsPicks()
     }
 }
 
-void tst_HBCurvesWidget::unpickedInMidDrag()
-{
+void tst_HBCurvesWidget::unpickedInMidDrag() {
     Fixture f;
     f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
     f.black->click();
@@ -703,8 +648,7 @@ void tst_HBCurvesWidget::unpickedInMidDrag()
 }
 
 /// Clicks in the curve's scene pick nothing.
-void tst_HBCurvesWidget::ownSceneIsNoDocument()
-{
+void tst_HBCurvesWidget::ownSceneIsNoDocument() {
     Fixture f;
     f.SetImage(HBTestRamp(300, 300));
     f.black->click();
@@ -716,8 +660,7 @@ void tst_HBCurvesWidget::ownSceneIsNoDocument()
     QCOMPARE(f.Red(), Default);
 }
 
-void tst_HBCurvesWidget::views()
-{
+void tst_HBCurvesWidget::views() {
     Fixture f;
     f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
     f.black->click();
@@ -736,8 +679,7 @@ void tst_HBCurvesWidget::views()
     KMDocumentView empty;
     for (KMDocumentView* view : {static_cast<KMDocumentView*>(nullptr), &empty}) {
         f.panel.SetView(view);
-        for (QToolButton* button : {f.black, f.gray, f.white, f.white})
-            button->click();
+        for (QToolButton* button : {f.black, f.gray, f.white, f.white}) button->click();
         f.gray->click();
     }
     f.panel.SetView(&empty);
@@ -763,8 +705,7 @@ void tst_HBCurvesWidget::views()
     QCOMPARE(f.Red(), Default);
 }
 
-void tst_HBCurvesWidget::deletedWhilePicking()
-{
+void tst_HBCurvesWidget::deletedWhilePicking() {
     KMDocumentView document;
     QGraphicsScene scene(0, 0, 2000, 2000);
     document.setScene(&scene);
@@ -774,8 +715,7 @@ void tst_HBCurvesWidget::deletedWhilePicking()
         f.panel.SetView(&document);
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
         f.Finish();
-        if (queued)
-            block = std::make_unique<PoolBlock>();
+        if (queued) block = std::make_unique<PoolBlock>();
         for (QToolButton* button : {f.black, f.gray, f.white}) {
             button->click();
             for (int i = 0; i < 2; ++i) {
@@ -791,8 +731,7 @@ void tst_HBCurvesWidget::deletedWhilePicking()
     HBSceneMouse(&scene, QEvent::GraphicsSceneMousePress, {0, 0});
 }
 
-void tst_HBCurvesWidget::deletedAtOnce()
-{
+void tst_HBCurvesWidget::deletedAtOnce() {
     const HBShowsWindows quiet;
     for (const bool running : {false, true}) {
         HBCurvesFixture f;
@@ -801,8 +740,7 @@ void tst_HBCurvesWidget::deletedAtOnce()
         f.view->setFocus();
         HBClickScene(f.scene, f.View({100, 100}));
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

@@ -10,18 +10,15 @@
 
 #include <QCheckBox>
 
-namespace
-{
+namespace {
 
 using Params = HBHueSaturationWidget::Params;
 using Values = QVector<int>;
 
-struct Fixture : HBPanelFixture<HBHueSaturationWidget>
-{
+struct Fixture : HBPanelFixture<HBHueSaturationWidget> {
     using HBPanelFixture::HBPanelFixture;
 
-    Values Record() const
-    {
+    Values Record() const {
         const Params params = panel.GetValue();
         return {params.hue, params.saturation, params.lightness, params.colorize};
     }
@@ -30,13 +27,11 @@ struct Fixture : HBPanelFixture<HBHueSaturationWidget>
     void SetValue(const Values& v) { panel.SetValue({v[0], v[1], v[2], v[3] != 0}); }
 
     /// The stops of a groove, "stop: 0 rgb(…), …".
-    static QString Groove(const QSlider* slider)
-    {
+    static QString Groove(const QSlider* slider) {
         return slider->styleSheet().section("y2: 0, ", 1).section(");}", 0, 0);
     }
     QStringList Grooves() const { return {Groove(hueSlider), Groove(saturationSlider), Groove(lightnessSlider)}; }
-    static QVector<QRgb> Colours(const HBColorWidget* strip)
-    {
+    static QVector<QRgb> Colours(const HBColorWidget* strip) {
         QVector<QRgb> colours;
         const QGradientStops stops = strip->BackgroundBrush().gradient()->stops();
         for (int i = 0; i < stops.size(); ++i)
@@ -55,23 +50,19 @@ struct Fixture : HBPanelFixture<HBHueSaturationWidget>
     HBColorWidget* result = Find<HBColorWidget>("m_pColorizeLabel");
 };
 
-QVector<QRgb> Spectrum(int hue, int step, int saturation, int lightness)
-{
+QVector<QRgb> Spectrum(int hue, int step, int saturation, int lightness) {
     QVector<QRgb> colours;
-    for (int i = 0; i <= 6; ++i)
-        colours += QColor::fromHsl((hue + step * i) % 360, saturation, lightness).rgba();
+    for (int i = 0; i <= 6; ++i) colours += QColor::fromHsl((hue + step * i) % 360, saturation, lightness).rgba();
     return colours;
 }
 
-HBIterativeAdjustmentTransformation<HBHueSaturationTransformation> Transformation(int h, int s, int l, bool c)
-{
+HBIterativeAdjustmentTransformation<HBHueSaturationTransformation> Transformation(int h, int s, int l, bool c) {
     return HBIterativeAdjustmentTransformation(HBHueSaturationTransformation(h, s, l, c));
 }
 
 } // namespace
 
-class tst_HBHueSaturationWidget : public QObject
-{
+class tst_HBHueSaturationWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -89,8 +80,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBHueSaturationWidget::form()
-{
+void tst_HBHueSaturationWidget::form() {
     HBVerifyForm<HBHueSaturationWidget>("HueSaturationParamWidget", "Hue and Saturation", {223, 165},
                                         {"gridLayout 0,0: QLabel m_hueLabel \"Hue:\" right",
                                          "gridLayout 0,1: QSlider m_pHueSlider 0 360 0",
@@ -113,8 +103,7 @@ void tst_HBHueSaturationWidget::form()
 }
 
 /// On purpose: a host creates the panel, then sets its value.
-void tst_HBHueSaturationWidget::deafBeforeSetValue()
-{
+void tst_HBHueSaturationWidget::deafBeforeSetValue() {
     Fixture f;
     f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
     QVERIFY(f.Finish());
@@ -138,13 +127,11 @@ void tst_HBHueSaturationWidget::deafBeforeSetValue()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBHueSaturationWidget::controls()
-{
+void tst_HBHueSaturationWidget::controls() {
     Fixture f;
     f.panel.SetValue({});
     f.panel.SetValue({}); // connects once
-    const struct
-    {
+    const struct {
         QObject* control;
         const char* property;
         int value;
@@ -170,14 +157,12 @@ void tst_HBHueSaturationWidget::controls()
         QCOMPARE(f.Shown(), move.record);
         QCOMPARE(f.Sliders(), move.record.mid(0, 3));
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes)
-            QCOMPARE(seen, move.record);
+        if (move.changes) QCOMPARE(seen, move.record);
     }
 }
 
 /// The slider goes to 360, one more than the spin box, on purpose.
-void tst_HBHueSaturationWidget::hueEndsAt359()
-{
+void tst_HBHueSaturationWidget::hueEndsAt359() {
     Fixture f;
     f.panel.SetValue({});
     f.hueSlider->setValue(360);
@@ -191,8 +176,7 @@ void tst_HBHueSaturationWidget::hueEndsAt359()
     }
 }
 
-void tst_HBHueSaturationWidget::grooves()
-{
+void tst_HBHueSaturationWidget::grooves() {
     Fixture f;
     const QString blackToWhite = "stop: 0 rgb(0, 0, 0), stop: 1 rgb(255, 255, 255)";
     QStringList grooves = f.Grooves();
@@ -203,8 +187,7 @@ void tst_HBHueSaturationWidget::grooves()
     QCOMPARE(grooves[2], blackToWhite);
 
     f.panel.SetValue({});
-    const struct
-    {
+    const struct {
         QObject* control;
         int value;
         bool hue, saturation;
@@ -225,17 +208,14 @@ void tst_HBHueSaturationWidget::grooves()
     QCOMPARE(f.Grooves()[1], QString("stop: 0 rgb(127, 127, 127), stop: 1 rgb(0, 169, 254)"));
     f.SetValue({0, 50, -50, 0}); // 50 is level 191, -50 is 63
     QVERIFY(f.Grooves()[0].startsWith(QString("stop: 0 rgb(%1, ").arg(QColor::fromHsl(0, 191, 63).red())));
-    for (QSlider* slider : {f.hueSlider, f.saturationSlider, f.lightnessSlider})
-        QVERIFY(HBShowsItsValue(slider));
+    for (QSlider* slider : {f.hueSlider, f.saturationSlider, f.lightnessSlider}) QVERIFY(HBShowsItsValue(slider));
 }
 
-void tst_HBHueSaturationWidget::strips()
-{
+void tst_HBHueSaturationWidget::strips() {
     Fixture f;
     const QVector<QRgb> reference = Spectrum(0, 60, 255, 127);
     QCOMPARE(Fixture::Colours(f.result), Spectrum(0, 60, 127, 127));
-    const struct
-    {
+    const struct {
         Values value;
         QVector<QRgb> strip;
     } cases[] = {
@@ -261,8 +241,7 @@ void tst_HBHueSaturationWidget::strips()
 }
 
 /// The preview is brought up to date between the host's signal and the job's.
-void tst_HBHueSaturationWidget::orderInASlot()
-{
+void tst_HBHueSaturationWidget::orderInASlot() {
     Fixture f;
     f.panel.SetValue({});
     const auto state = [&] { return qMakePair(Fixture::Colours(f.result), f.Grooves()); };
@@ -278,11 +257,9 @@ void tst_HBHueSaturationWidget::orderInASlot()
     QVERIFY(atDataChanged == state() && state() != before);
 }
 
-void tst_HBHueSaturationWidget::setValue()
-{
+void tst_HBHueSaturationWidget::setValue() {
     Fixture f;
-    const struct
-    {
+    const struct {
         Values value;
         Values shown;
     } cases[] = {{{200, 10, -20, 1}, {200, 10, -20, 1}},
@@ -300,8 +277,7 @@ void tst_HBHueSaturationWidget::setValue()
     }
 }
 
-void tst_HBHueSaturationWidget::reset()
-{
+void tst_HBHueSaturationWidget::reset() {
     Fixture f;
     f.SetValue({5, 6, 7, 1});
     Values record(4, 9), shown;
@@ -320,8 +296,7 @@ void tst_HBHueSaturationWidget::reset()
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
 }
 
-void tst_HBHueSaturationWidget::result()
-{
+void tst_HBHueSaturationWidget::result() {
     const HBImage<> photo = HBTestRamp(300, 260);
     for (const Values& v : {Values{0, 0, 0, 0}, {120, 30, -20, 0}, {200, -40, 10, 1}, {359, 100, 100, 0}}) {
         const auto transformation = Transformation(v[0], v[1], v[2], v[3]);
@@ -338,8 +313,7 @@ void tst_HBHueSaturationWidget::result()
     }
 }
 
-void tst_HBHueSaturationWidget::jobTakesTheControls()
-{
+void tst_HBHueSaturationWidget::jobTakesTheControls() {
     const HBImage<> photo = HBTestColourCube(51);
     Fixture f;
     f.SetValue({400, 500, -500, 0}); // shown as 359, 100, -100
@@ -354,8 +328,7 @@ void tst_HBHueSaturationWidget::jobTakesTheControls()
     QCOMPARE(f.Record(), Values({400, 500, -10, 0}));
 }
 
-void tst_HBHueSaturationWidget::oddSources()
-{
+void tst_HBHueSaturationWidget::oddSources() {
     Fixture f;
     for (const Values& value : {Values{90, 100, 0, 0}, {90, 100, 0, 1}}) {
         f.SetValue(value);
@@ -363,8 +336,7 @@ void tst_HBHueSaturationWidget::oddSources()
     }
 }
 
-void tst_HBHueSaturationWidget::deletedAtOnce()
-{
+void tst_HBHueSaturationWidget::deletedAtOnce() {
     HBVerifyDestruction<HBHueSaturationWidget>([](auto& panel) { panel.SetValue({100, 20, 30, false}); });
 }
 

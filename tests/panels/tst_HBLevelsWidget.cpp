@@ -19,8 +19,7 @@
 
 Q_DECLARE_METATYPE(HBLevelsWidget::Params)
 
-namespace
-{
+namespace {
 
 using Params = HBLevelsWidget::Params;
 
@@ -31,20 +30,17 @@ constexpr int Most = std::numeric_limits<int>::max();
 
 using Numbers = QVector<int>;
 
-struct Fixture : HBPanelFixture<HBLevelsWidget>
-{
+struct Fixture : HBPanelFixture<HBLevelsWidget> {
     using HBPanelFixture::HBPanelFixture;
 
     /// Of the shown channel: input points and middle, output points.
-    Numbers Record() const
-    {
+    Numbers Record() const {
         const Params p = panel.GetValue();
         const int c = p.channel;
         return {p.input[c][0], p.middle[c], p.input[c][1], p.output[c][0], p.output[c][1]};
     }
     /// What the handles show of the same.
-    Numbers Handles() const
-    {
+    Numbers Handles() const {
         return {input->Value(0), input->Value(1), input->Value(2), output->Value(0), output->Value(1)};
     }
     Numbers Spins() const { return {low->value(), high->value(), lowOutput->value(), highOutput->value()}; }
@@ -62,38 +58,32 @@ struct Fixture : HBPanelFixture<HBLevelsWidget>
     QSpinBox* highOutput = Find<QSpinBox>("m_pHighOutput");
 };
 
-QByteArray Bytes(const Params& params)
-{
+QByteArray Bytes(const Params& params) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     params.Write(stream);
     return bytes;
 }
 
-HBIterativeLevelsTransformation Transformation(const Params& p)
-{
+HBIterativeLevelsTransformation Transformation(const Params& p) {
     return HBIterativeLevelsTransformation(p.input, p.output, p.gamma, 100);
 }
 
 /// A picture with so many pixels of each colour, one after the other.
-HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs)
-{
+HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs) {
     int width = 0;
-    for (const auto& run : runs)
-        width += run.second;
+    for (const auto& run : runs) width += run.second;
     QImage image(width, 1, QImage::Format_ARGB32);
     int x = 0;
     for (const auto& run : runs) {
-        for (int i = 0; i < run.second; ++i)
-            image.setPixel(x++, 0, run.first);
+        for (int i = 0; i < run.second; ++i) image.setPixel(x++, 0, run.first);
     }
     return HBImage<>::FromQImage(image);
 }
 
 } // namespace
 
-class tst_HBLevelsWidget : public QObject
-{
+class tst_HBLevelsWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -118,15 +108,13 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBLevelsWidget::form()
-{
+void tst_HBLevelsWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
         QCOMPARE(content->windowTitle(), QString("Levels"));
         QStringList items;
-        for (int i = 0; i < f.channel->count(); ++i)
-            items += f.channel->itemText(i);
+        for (int i = 0; i < f.channel->count(); ++i) items += f.channel->itemText(i);
         QCOMPARE(items, QStringList({"RGB", "Red", "Green", "Blue"}));
         QCOMPARE(f.channel->minimumWidth(), 120);
         QCOMPARE(f.automatic->text(), QString("Auto"));
@@ -134,8 +122,7 @@ void tst_HBLevelsWidget::form()
         QVERIFY(!f.automatic->isEnabled());
         QCOMPARE(f.histogram->minimumHeight(), 100);
 
-        const struct
-        {
+        const struct {
             QWidget* control;
             const char* toolTip;
             double minimum, maximum, value;
@@ -162,8 +149,7 @@ void tst_HBLevelsWidget::form()
             QCOMPARE(slider->minimumHeight(), 10);
             QCOMPARE(qMakePair(slider->RangeMinimum(), slider->RangeMaximum()), qMakePair(0, 255));
             QCOMPARE(int(slider->ControlCount()), brushes.size());
-            for (int i = 0; i < brushes.size(); ++i)
-                QCOMPARE(slider->Brush(uint(i)), brushes[i]);
+            for (int i = 0; i < brushes.size(); ++i) QCOMPARE(slider->Brush(uint(i)), brushes[i]);
         }
         for (const char* name : {"m_pInputLabel", "m_pOutputLabel"}) {
             const auto* bar = f.Find<HBColorWidget>(name);
@@ -179,24 +165,20 @@ void tst_HBLevelsWidget::form()
     }
 }
 
-void tst_HBLevelsWidget::creationOrder()
-{
+void tst_HBLevelsWidget::creationOrder() {
     Fixture f(false);
     QStringList names;
     for (const QObject* child : f.panel.children()) {
         const auto* label = qobject_cast<const QLabel*>(child);
-        if (child->isWidgetType())
-            names += label ? label->text() : child->objectName();
+        if (child->isWidgetType()) names += label ? label->text() : child->objectName();
     }
     QCOMPARE(names, QStringList({"Channel:", "m_pChannel", "m_pAutoBtn", "m_pHistogramm", "m_pInputSlider",
                                  "Input", "m_pLowInput", "m_pMiddleInput", "m_pHighInput", "m_pInputLabel",
                                  "Output", "m_pLowOutput", "m_pHighOutput", "m_pOutputLabel", "m_pOutputSlider"}));
 }
 
-void tst_HBLevelsWidget::middleValue()
-{
-    const struct
-    {
+void tst_HBLevelsWidget::middleValue() {
+    const struct {
         int low, high;
         double gamma;
         int middle;
@@ -208,8 +190,7 @@ void tst_HBLevelsWidget::middleValue()
         {0, 255, NaN, 127},       {10, 10, 5, 10},      {Least, Least, 1, Least},
         {Most, Most, 9.99, Most},
     };
-    for (const auto& row : rows)
-        QCOMPARE(HBLevelsWidget::MiddleValue(row.low, row.high, row.gamma), row.middle);
+    for (const auto& row : rows) QCOMPARE(HBLevelsWidget::MiddleValue(row.low, row.high, row.gamma), row.middle);
     // No overflow, whatever comes.
     for (const int low : {Least, 0, Most}) {
         for (const int high : {Least, 255, Most}) {
@@ -219,10 +200,8 @@ void tst_HBLevelsWidget::middleValue()
     }
 }
 
-void tst_HBLevelsWidget::toneValue()
-{
-    const struct
-    {
+void tst_HBLevelsWidget::toneValue() {
+    const struct {
         int low, high, position;
         double gamma;
     } rows[] = {
@@ -231,31 +210,26 @@ void tst_HBLevelsWidget::toneValue()
         {10, 12, 10, 9.99},   {10, 10, 10, 1.0}, // no room for a handle
         {10, 11, 9, 1.0},     {Most, Most, 0, 1.0}, {Most, Most, Most, 1.0},
     };
-    for (const auto& row : rows)
-        QCOMPARE(HBLevelsWidget::ToneValue(row.low, row.high, row.position), row.gamma);
+    for (const auto& row : rows) QCOMPARE(HBLevelsWidget::ToneValue(row.low, row.high, row.position), row.gamma);
     for (const int low : {Least, 0, Most}) {
         for (const int high : {Least, 0, Most}) {
-            for (const int position : {Least, 0, Most})
-                HBLevelsWidget::ToneValue(low, high, position);
+            for (const int position : {Least, 0, Most}) HBLevelsWidget::ToneValue(low, high, position);
         }
     }
     QVector<int> masks;
-    for (const int channel : {0, 1, 2, 3, 4, -1})
-        masks += HBLevelsWidget::IndexToHistogrammChannel(channel);
+    for (const int channel : {0, 1, 2, 3, 4, -1}) masks += HBLevelsWidget::IndexToHistogrammChannel(channel);
     QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
 }
 
 /// One change each, whichever control it is made with.
-void tst_HBLevelsWidget::controls()
-{
+void tst_HBLevelsWidget::controls() {
     Fixture f;
     using Move = std::function<void()>;
     const auto handle = [](MavuCustomSlider* slider, uint control, int value) {
         return [=] { slider->SetValue(control, value); };
     };
     const auto spin = [](QWidget* box, double value) { return [=] { box->setProperty("value", value); }; };
-    const struct
-    {
+    const struct {
         Move move;
         Numbers state; ///< record and handles alike
         double gamma;
@@ -285,8 +259,7 @@ void tst_HBLevelsWidget::controls()
         QCOMPARE(f.Spins(), Numbers({move.state[0], move.state[2], move.state[3], move.state[4]}));
         QCOMPARE(f.ShownGamma(), move.gamma);
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes)
-            QCOMPARE(seen, move.state);
+        if (move.changes) QCOMPARE(seen, move.state);
     }
     // A handle that does not exist.
     emit f.input->ValueChanged(3, 50);
@@ -295,10 +268,8 @@ void tst_HBLevelsWidget::controls()
 }
 
 /// The box keeps two decimals, and the handle goes where the rounded gamma is.
-void tst_HBLevelsWidget::middleSettles()
-{
-    const struct
-    {
+void tst_HBLevelsWidget::middleSettles() {
+    const struct {
         int dragged;
         double gamma;
         int settled;
@@ -321,8 +292,7 @@ void tst_HBLevelsWidget::middleSettles()
 }
 
 /// The slider's limits follow every change, the boxes' ranges only a change of the channel.
-void tst_HBLevelsWidget::staleSpinRanges()
-{
+void tst_HBLevelsWidget::staleSpinRanges() {
     Fixture f;
     f.high->setValue(10);
     QCOMPARE(f.low->maximum(), 253);
@@ -352,8 +322,7 @@ void tst_HBLevelsWidget::staleSpinRanges()
     QCOMPARE(f.input->Value(0), 98);
 }
 
-void tst_HBLevelsWidget::channels()
-{
+void tst_HBLevelsWidget::channels() {
     Fixture f;
     f.panel.SetImage(HBTestRamp(9, 9), {}, {}, {});
     QVERIFY(f.Finish());
@@ -396,8 +365,7 @@ void tst_HBLevelsWidget::channels()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBLevelsWidget::setValue()
-{
+void tst_HBLevelsWidget::setValue() {
     Fixture f;
     Params params;
     params.channel = 2;
@@ -414,8 +382,7 @@ void tst_HBLevelsWidget::setValue()
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // connected, once each
 }
 
-void tst_HBLevelsWidget::hostileRecords()
-{
+void tst_HBLevelsWidget::hostileRecords() {
     const HBImage<> photo = HBTestRamp(20, 20);
     const QVector<QPair<int, int>> points = {{255, 0},      {10, 10},      {-2, 0},        {300, 400},
                                              {Least, Most}, {Most, Least}, {Least, Least}, {Most, Most},
@@ -433,14 +400,11 @@ void tst_HBLevelsWidget::hostileRecords()
                 }
                 Fixture f(channel == 0);
                 f.panel.SetValue(params);
-                if (channel < 0 || channel > 3)
-                    params.channel = 0;
+                if (channel < 0 || channel > 3) params.channel = 0;
                 QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params)); // kept, but for the channel
                 QCOMPARE(f.recorder.Take(), QStringList());
-                if (qIsNaN(gamma))
-                    QCOMPARE(f.middle->value(), 1.0);
-                if (channel == 0 || channel == -1)
-                    f.panel.SetImage(photo, {}, {}, {});
+                if (qIsNaN(gamma)) QCOMPARE(f.middle->value(), 1.0);
+                if (channel == 0 || channel == -1) f.panel.SetImage(photo, {}, {}, {});
                 // Every control still answers.
                 for (uint handle = 0; handle < 3; ++handle) {
                     for (const int value : {0, 128, 255}) {
@@ -449,8 +413,7 @@ void tst_HBLevelsWidget::hostileRecords()
                     }
                 }
                 for (QWidget* box : QVector<QWidget*>{f.low, f.middle, f.high, f.lowOutput, f.highOutput}) {
-                    for (const int value : {255, 0, 10, 1})
-                        box->setProperty("value", value);
+                    for (const int value : {255, 0, 10, 1}) box->setProperty("value", value);
                 }
                 f.channel->setCurrentIndex(1);
             }
@@ -459,8 +422,7 @@ void tst_HBLevelsWidget::hostileRecords()
     HBSettle();
 }
 
-void tst_HBLevelsWidget::hostSetsMeanwhile()
-{
+void tst_HBLevelsWidget::hostSetsMeanwhile() {
     Fixture f;
     Params other;
     other.channel = 1;
@@ -481,8 +443,7 @@ void tst_HBLevelsWidget::hostSetsMeanwhile()
     }
 }
 
-void tst_HBLevelsWidget::reset()
-{
+void tst_HBLevelsWidget::reset() {
     Fixture f;
     f.panel.SetValue([] {
         Params p;
@@ -498,8 +459,7 @@ void tst_HBLevelsWidget::reset()
     QCOMPARE(f.Handles(), Numbers({0, 128, 255, 0, 255}));
 }
 
-void tst_HBLevelsWidget::autoAdjust_data()
-{
+void tst_HBLevelsWidget::autoAdjust_data() {
     QTest::addColumn<HBImage<>>("photo");
     QTest::addColumn<Numbers>("points"); // red, green, blue: low, high, middle
     QTest::newRow("single levels") << Picture({{qRgb(250, 3, 128), 50}})
@@ -516,8 +476,7 @@ void tst_HBLevelsWidget::autoAdjust_data()
     QTest::newRow("no image") << HBImage<>() << Numbers({0, 16, 8, 0, 16, 8, 0, 16, 8});
 }
 
-void tst_HBLevelsWidget::autoAdjust()
-{
+void tst_HBLevelsWidget::autoAdjust() {
     QFETCH(HBImage<>, photo);
     QFETCH(Numbers, points);
     Fixture f;
@@ -529,16 +488,14 @@ void tst_HBLevelsWidget::autoAdjust()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
     const Params p = f.panel.GetValue();
     Numbers got;
-    for (int c = 1; c < 4; ++c)
-        got += {p.input[c][0], p.input[c][1], p.middle[c]};
+    for (int c = 1; c < 4; ++c) got += {p.input[c][0], p.input[c][1], p.middle[c]};
     QCOMPARE(got, points);
     f.panel.ClearData();
     QVERIFY(f.Finish());
     QVERIFY(f.automatic->isEnabled());
 }
 
-void tst_HBLevelsWidget::autoKeepsTheChannelOnly()
-{
+void tst_HBLevelsWidget::autoKeepsTheChannelOnly() {
     Fixture f;
     f.panel.SetImage(Picture({{qRgb(20, 20, 20), 50}, {qRgb(200, 200, 200), 50}}), {}, {}, {});
     QVERIFY(f.Finish());
@@ -562,17 +519,13 @@ void tst_HBLevelsWidget::autoKeepsTheChannelOnly()
 }
 
 /// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for none.
-void tst_HBLevelsWidget::overlappingStream()
-{
+void tst_HBLevelsWidget::overlappingStream() {
     QByteArray bytes("KMLevels 1.00000");
     QDataStream writer(&bytes, QIODevice::Append);
     writer << 1;
-    for (int i = 1; i <= 12; ++i)
-        writer << i;
-    for (int i = 0; i < 8; ++i)
-        writer << 20 + i;
-    for (const double gamma : {1.0, 9.99, 0.01, 1.0})
-        writer << gamma;
+    for (int i = 1; i <= 12; ++i) writer << i;
+    for (int i = 0; i < 8; ++i) writer << 20 + i;
+    for (const double gamma : {1.0, 9.99, 0.01, 1.0}) writer << gamma;
     Params p;
     QDataStream reader(bytes);
     QVERIFY(p.Read(reader));
@@ -591,8 +544,7 @@ void tst_HBLevelsWidget::overlappingStream()
     QCOMPARE(Bytes(Params()).mid(16 + 4 + 44, 4).toHex(), QByteArray("00000080"));
 }
 
-void tst_HBLevelsWidget::results_data()
-{
+void tst_HBLevelsWidget::results_data() {
     QTest::addColumn<Params>("params");
     QTest::newRow("neutral") << Params();
     QTest::newRow("all") << Params{3,
@@ -608,8 +560,7 @@ void tst_HBLevelsWidget::results_data()
                                             {1, 20, 1, NaN}};
 }
 
-void tst_HBLevelsWidget::results()
-{
+void tst_HBLevelsWidget::results() {
     QFETCH(Params, params);
     const HBImage<> photo = HBTestRamp(257, 130);
     const HBImage<> mask = HBTestMask(150, 90);
@@ -621,12 +572,10 @@ void tst_HBLevelsWidget::results()
         QCOMPARE(f.panel.AdjustedImage().ToQImage(),
                  HBTransformed(photo, Transformation(params), mask, QPoint(30, 40), bounds).ToQImage());
     }
-    if (Bytes(params) == Bytes(Params()))
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
+    if (Bytes(params) == Bytes(Params())) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
 }
 
-void tst_HBLevelsWidget::histogram()
-{
+void tst_HBLevelsWidget::histogram() {
     Fixture f;
     f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
     QVERIFY(f.Finish());
@@ -652,13 +601,11 @@ void tst_HBLevelsWidget::histogram()
     QCOMPARE(f.histogram->GetPixelsCount(), 0.0);
 }
 
-void tst_HBLevelsWidget::deletedAtOnce()
-{
+void tst_HBLevelsWidget::deletedAtOnce() {
     for (const bool running : {false, true}) {
         Fixture f;
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

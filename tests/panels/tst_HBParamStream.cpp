@@ -11,8 +11,7 @@
 #include <QDataStream>
 #include <QRegularExpression>
 
-namespace
-{
+namespace {
 
 /// The tags of all records, also of those that another version of the library wrote.
 const QByteArray AllTags[] = {
@@ -38,8 +37,7 @@ const QByteArray AllTags[] = {
 
 /// The checks that every record passes, written once for all panels.
 template <class Panel>
-struct Checks
-{
+struct Checks {
     using Case = RecordCase<Panel>;
     using Params = typename Panel::Params;
 
@@ -47,8 +45,7 @@ struct Checks
     static QByteArray Stored() { return Case::tag + Fields(); }
     static int TagSize() { return int(qstrlen(Case::tag)); }
 
-    static QByteArray Bytes(const Params& params)
-    {
+    static QByteArray Bytes(const Params& params) {
         QByteArray bytes;
         QDataStream stream(&bytes, QIODevice::WriteOnly);
         stream.setVersion(QDataStream::Qt_5_15);
@@ -59,8 +56,7 @@ struct Checks
     static Params AfterForeignTag() { return Case::defaultsAfterFailedRead ? Params() : Case::Sample(); }
 
     /// Exactly one line since the last call, in the form that log readers know.
-    static void VerifyLogged(HBLogCapture& log, const char* message, int fixedLine)
-    {
+    static void VerifyLogged(HBLogCapture& log, const char* message, int fixedLine) {
         const QVector<HBLogCapture::Line> lines = log.Take();
         QCOMPARE(lines.size(), 1);
         QVERIFY2(lines[0].context.isEmpty() || lines[0].context == "default", qPrintable(lines[0].context));
@@ -73,8 +69,7 @@ struct Checks
         QVERIFY2(form.match(lines[0].text).hasMatch(), qPrintable(lines[0].text));
     }
 
-    static void RoundTrip()
-    {
+    static void RoundTrip() {
         HBLogCapture log;
         QByteArray bytes;
         QDataStream writer(&bytes, QIODevice::WriteOnly);
@@ -94,8 +89,7 @@ struct Checks
         QVERIFY(log.Take().isEmpty());
     }
 
-    static void CallersFormat()
-    {
+    static void CallersFormat() {
         QByteArray bytes;
         QDataStream writer(&bytes, QIODevice::WriteOnly);
         writer.setVersion(QDataStream::Qt_5_0);
@@ -115,8 +109,7 @@ struct Checks
 
     /// Reads `bytes`, by the operator and by Read(), and expects a failure.
     static void FailToRead(const std::function<void(QDataStream&)>& attach, QDataStream::Status status,
-                           bool recordKept, int consumed)
-    {
+                           bool recordKept, int consumed) {
         HBLogCapture log;
         for (const bool byOperator : {true, false}) {
             QDataStream stream;
@@ -130,8 +123,7 @@ struct Checks
                 QVERIFY(!params.Read(stream));
                 QVERIFY(log.Take().isEmpty());
             }
-            if (QTest::currentTestFailed())
-                return;
+            if (QTest::currentTestFailed()) return;
             if (status == QDataStream::Ok)
                 QCOMPARE(stream.status(), status);
             else
@@ -140,13 +132,11 @@ struct Checks
                 QCOMPARE(Bytes(params), Bytes(byOperator ? AfterForeignTag() : Case::Sample()));
             else if (byOperator && Case::defaultsAfterFailedRead)
                 QCOMPARE(Bytes(params), Bytes(Params()));
-            if (consumed >= 0)
-                QCOMPARE(int(stream.device()->pos()), consumed);
+            if (consumed >= 0) QCOMPARE(int(stream.device()->pos()), consumed);
         }
     }
 
-    static void Truncation()
-    {
+    static void Truncation() {
         for (int size = 0; size < Stored().size(); ++size) {
             QBuffer buffer;
             buffer.setData(Stored().left(size));
@@ -157,17 +147,14 @@ struct Checks
                 stream.setDevice(&buffer);
             };
             FailToRead(attach, inTag ? QDataStream::Ok : QDataStream::ReadPastEnd, inTag, size);
-            if (QTest::currentTestFailed())
-                return qWarning("with %d bytes", size);
+            if (QTest::currentTestFailed()) return qWarning("with %d bytes", size);
         }
     }
 
-    static void ForeignTag()
-    {
+    static void ForeignTag() {
         QVector<QByteArray> heads;
         for (const QByteArray& tag : AllTags) {
-            if (tag != Case::tag && tag != Case::otherTag)
-                heads += tag;
+            if (tag != Case::tag && tag != Case::otherTag) heads += tag;
         }
         QCOMPARE(heads.size(), int(std::size(AllTags)) - (Case::otherTag ? 2 : 1));
         for (int i = 0; i < TagSize(); ++i) {
@@ -185,13 +172,11 @@ struct Checks
                 stream.setDevice(&buffer);
             };
             FailToRead(attach, QDataStream::Ok, true, TagSize());
-            if (QTest::currentTestFailed())
-                return qWarning("with the tag %s", head.constData());
+            if (QTest::currentTestFailed()) return qWarning("with the tag %s", head.constData());
         }
     }
 
-    static void FailingDevice()
-    {
+    static void FailingDevice() {
         HBLogCapture log;
         for (int limit = 0; limit < Stored().size(); ++limit) {
             HBFailingDevice source(limit, Stored());
@@ -208,8 +193,7 @@ struct Checks
             QCOMPARE(&(writer << Case::Sample()), &writer);
             VerifyLogged(log, Case::writeMessage, Case::writeLine);
             QCOMPARE(target.Bytes(), Stored().left(limit));
-            if (QTest::currentTestFailed())
-                return qWarning("at byte %d", limit);
+            if (QTest::currentTestFailed()) return qWarning("at byte %d", limit);
         }
         HBFailingDevice target(Stored().size());
         QDataStream writer(&target);
@@ -217,8 +201,7 @@ struct Checks
         QVERIFY(Case::Sample().Write(writer));
     }
 
-    static void NoDevice()
-    {
+    static void NoDevice() {
         FailToRead([](QDataStream&) {}, QDataStream::Ok, true, -1);
         HBLogCapture log;
         QDataStream stream;
@@ -227,8 +210,7 @@ struct Checks
         VerifyLogged(log, Case::writeMessage, Case::writeLine);
     }
 
-    static void BrokenStream()
-    {
+    static void BrokenStream() {
         HBLogCapture log;
         for (const auto status :
              {QDataStream::ReadPastEnd, QDataStream::ReadCorruptData, QDataStream::WriteFailed}) {
@@ -249,22 +231,19 @@ struct Checks
     }
 
     /// Fields of any content: a record is kept as it was read, and whoever consumes its values guards them.
-    static void HostileFields()
-    {
+    static void HostileFields() {
         const HBImage<> photo = HBTestRamp(20, 20);
         for (const char* pattern : {"00", "01", "7f", "80", "ff", "7fffffff", "80000000", "0fffffff"}) {
             const QByteArray unit = QByteArray::fromHex(pattern);
             for (const int kept : {0, 4, 8, Fields().size() / 2}) {
                 QByteArray fields = Fields().left(kept);
-                while (fields.size() < Fields().size() + 64)
-                    fields += unit;
+                while (fields.size() < Fields().size() + 64) fields += unit;
                 HBLogCapture log;
                 QDataStream reader(Case::tag + fields);
                 reader.setVersion(QDataStream::Qt_5_15);
                 Params params;
                 try {
-                    if (!params.Read(reader))
-                        continue;
+                    if (!params.Read(reader)) continue;
                 } catch (const std::bad_alloc&) {
                     QVERIFY(!Case::readsAnyFields);
                     continue;
@@ -273,8 +252,7 @@ struct Checks
                 HBSignalRecorder recorder(&panel);
                 panel.SetValue(params);
                 QVERIFY(recorder.Lines().isEmpty());
-                if (Case::keepsAnyRecord)
-                    QCOMPARE(Bytes(panel.GetValue()), Bytes(params));
+                if (Case::keepsAnyRecord) QCOMPARE(Bytes(panel.GetValue()), Bytes(params));
                 panel.SetImage(photo, {}, {}, {});
                 HBSettle();
                 QCOMPARE(recorder.Count("ImageReady"), Case::hasJob ? 1 : 0);
@@ -283,8 +261,7 @@ struct Checks
         }
     }
 
-    static void InThePanel()
-    {
+    static void InThePanel() {
         for (const bool dialog : {true, false}) {
             Panel panel(dialog, nullptr, {});
             QCOMPARE(Bytes(panel.GetValue()), Bytes(Params()));
@@ -318,16 +295,14 @@ struct Checks
     }
 };
 
-struct Check
-{
+struct Check {
     const char* panel;
     const char* name;
     void (*run)();
 };
 
 template <class... Panels>
-QVector<Check> AllChecks(PanelList<Panels...>)
-{
+QVector<Check> AllChecks(PanelList<Panels...>) {
     QVector<Check> all;
     auto add = [&](auto checks, const char* panel) {
         using C = decltype(checks);
@@ -347,8 +322,7 @@ QVector<Check> AllChecks(PanelList<Panels...>)
 
 } // namespace
 
-class tst_HBParamStream : public QObject
-{
+class tst_HBParamStream : public QObject {
     Q_OBJECT
 private slots:
     void record_data();
@@ -358,15 +332,12 @@ private:
     const QVector<Check> m_Checks = AllChecks(RecordPanels());
 };
 
-void tst_HBParamStream::record_data()
-{
+void tst_HBParamStream::record_data() {
     QTest::addColumn<int>("check");
-    for (int i = 0; i < m_Checks.size(); ++i)
-        QTest::addRow("%s, %s", m_Checks[i].panel, m_Checks[i].name) << i;
+    for (int i = 0; i < m_Checks.size(); ++i) QTest::addRow("%s, %s", m_Checks[i].panel, m_Checks[i].name) << i;
 }
 
-void tst_HBParamStream::record()
-{
+void tst_HBParamStream::record() {
     QFETCH(int, check);
     m_Checks[check].run();
 }

@@ -13,14 +13,12 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 constexpr int Least = std::numeric_limits<int>::min();
 constexpr int Most = std::numeric_limits<int>::max();
 
-struct Fixture : HBPanelFixture<HBPhotoFilterWidget>
-{
+struct Fixture : HBPanelFixture<HBPhotoFilterWidget> {
     using HBPanelFixture::HBPanelFixture;
     HBPhotoFilterWidget::Params Value() const { return panel.GetValue(); }
 
@@ -31,8 +29,7 @@ struct Fixture : HBPanelFixture<HBPhotoFilterWidget>
 };
 
 /// The list; the fourth name is misspelt on purpose.
-const struct
-{
+const struct {
     const char* name;
     const char* color;
 } Presets[] = {
@@ -62,8 +59,7 @@ constexpr int PresetCount = int(std::size(Presets));
 
 } // namespace
 
-class tst_HBPhotoFilterWidget : public QObject
-{
+class tst_HBPhotoFilterWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -78,15 +74,13 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBPhotoFilterWidget::form()
-{
+void tst_HBPhotoFilterWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
         QCOMPARE(content->windowTitle(), QString("Photo filter"));
         QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "PhotoFilterWidget"));
-        if (!dialog)
-            QCOMPARE(f.panel.size(), QSize(276, 172));
+        if (!dialog) QCOMPARE(f.panel.size(), QSize(276, 172));
         QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
         QCOMPARE(HBGridText(content->layout()), QStringList({
                                                     "0, 0: QLabel label_2 \"Color:\" right",
@@ -114,8 +108,7 @@ void tst_HBPhotoFilterWidget::form()
                           "OnPresetChanged(int)"}));
 }
 
-void tst_HBPhotoFilterWidget::presets()
-{
+void tst_HBPhotoFilterWidget::presets() {
     Fixture f;
     for (int i = 1; i < PresetCount; ++i) {
         const QColor color(Presets[i].color);
@@ -148,11 +141,9 @@ void tst_HBPhotoFilterWidget::presets()
     QCOMPARE(f.Value().color, QColor("#00ff00"));
 }
 
-void tst_HBPhotoFilterWidget::density()
-{
+void tst_HBPhotoFilterWidget::density() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QWidget* control;
         int value;
         int density;
@@ -175,10 +166,8 @@ void tst_HBPhotoFilterWidget::density()
 }
 
 /// The record is kept as it is, and nothing is told although the list's connection is never cut.
-void tst_HBPhotoFilterWidget::setValue()
-{
-    const struct
-    {
+void tst_HBPhotoFilterWidget::setValue() {
+    const struct {
         QColor color;
         int density;
         int shown;
@@ -201,8 +190,7 @@ void tst_HBPhotoFilterWidget::setValue()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBPhotoFilterWidget::dialog_data()
-{
+void tst_HBPhotoFilterWidget::dialog_data() {
     QTest::addColumn<QColor>("before");
     QTest::addColumn<QVector<QColor>>("picks");
     QTest::addColumn<QColor>("last");
@@ -232,8 +220,7 @@ void tst_HBPhotoFilterWidget::dialog_data()
     QTest::newRow("cancel another colour model") << hsv << Colors{ones} << none << false << hsv << 0 << 2;
 }
 
-void tst_HBPhotoFilterWidget::dialog()
-{
+void tst_HBPhotoFilterWidget::dialog() {
     QFETCH(QColor, before);
     QFETCH(QVector<QColor>, picks);
     QFETCH(QColor, last);
@@ -251,13 +238,9 @@ void tst_HBPhotoFilterWidget::dialog()
     QCOMPARE(f.presets->currentIndex(), preset);
 }
 
-void tst_HBPhotoFilterWidget::lostDialog()
-{
-    HBCheckLostDialog<HBPhotoFilterWidget>("m_pColor");
-}
+void tst_HBPhotoFilterWidget::lostDialog() { HBCheckLostDialog<HBPhotoFilterWidget>("m_pColor"); }
 
-void tst_HBPhotoFilterWidget::result_data()
-{
+void tst_HBPhotoFilterWidget::result_data() {
     QTest::addColumn<QColor>("color");
     QTest::addColumn<int>("density");
     for (const int density : {0, 1, 50, 100, 101, -1, Most, Least})
@@ -271,8 +254,7 @@ void tst_HBPhotoFilterWidget::result_data()
 }
 
 /// Takes the record as it is, through no control.
-void tst_HBPhotoFilterWidget::result()
-{
+void tst_HBPhotoFilterWidget::result() {
     QFETCH(QColor, color);
     QFETCH(int, density);
     const HBIterativePhotoFilterTransformation transformation(HBRGBA32i::FromRgba(color.rgba()),
@@ -287,20 +269,17 @@ void tst_HBPhotoFilterWidget::result()
             QCOMPARE(f.recorder.Count("ImageReady"), 1);
             const QImage expected = HBTransformed(photo, transformation, mask, QPoint(30, 40), bounds).ToQImage();
             QCOMPARE(f.panel.AdjustedImage().ToQImage(), expected);
-            if (density <= 0)
-                QCOMPARE(expected, photo.ToQImage());
+            if (density <= 0) QCOMPARE(expected, photo.ToQImage());
             f.recorder.Take();
         }
     }
 }
 
-void tst_HBPhotoFilterWidget::deletedAtOnce()
-{
+void tst_HBPhotoFilterWidget::deletedAtOnce() {
     for (const bool running : {false, true}) {
         Fixture f;
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

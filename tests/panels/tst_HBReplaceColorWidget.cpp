@@ -13,23 +13,20 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 using Panel = HBReplaceColorWidget;
 using Params = Panel::Params;
 constexpr int Least = std::numeric_limits<int>::min();
 constexpr int Most = std::numeric_limits<int>::max();
 
-struct Fixture : HBPanelFixture<Panel>
-{
+struct Fixture : HBPanelFixture<Panel> {
     using HBPanelFixture::HBPanelFixture;
     Params Value() const { return panel.GetValue(); }
     QVector<int> Record() const { return {Value().tolerance, Value().position, Value().opacity}; }
     QVector<int> Shown() const { return {tolerance->value(), position->currentIndex(), opacity->value()}; }
     /// The job's result for a record.
-    QImage Run(const Params& params, const QImage& photo)
-    {
+    QImage Run(const Params& params, const QImage& photo) {
         panel.SetValue(params);
         panel.SetImage(HBImage<>::FromQImage(photo), {}, {}, {});
         return Finish() ? panel.AdjustedImage().ToQImage() : QImage();
@@ -43,8 +40,7 @@ struct Fixture : HBPanelFixture<Panel>
     QPushButton* color = Find<QPushButton>("m_pSelectDestinationColor");
 };
 
-QImage Plain(int width, int height, const QColor& color)
-{
+QImage Plain(int width, int height, const QColor& color) {
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(color);
     return image;
@@ -52,8 +48,7 @@ QImage Plain(int width, int height, const QColor& color)
 
 } // namespace
 
-class tst_HBReplaceColorWidget : public QObject
-{
+class tst_HBReplaceColorWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -71,15 +66,13 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBReplaceColorWidget::form()
-{
+void tst_HBReplaceColorWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
         QCOMPARE(content->windowTitle(), QString("Color Replacement"));
         QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "ReplaceColor"));
-        if (!dialog)
-            QCOMPARE(f.panel.size(), QSize(300, 246));
+        if (!dialog) QCOMPARE(f.panel.size(), QSize(300, 246));
         QCOMPARE(content->layout()->objectName(), QString("gridLayout_3"));
         QStringList outer = HBGridText(content->layout());
         QVERIFY(outer.takeLast().startsWith("2, 0: spacer"));
@@ -113,11 +106,9 @@ void tst_HBReplaceColorWidget::form()
                           "OnDestinationOpacityChanged(int)"}));
 }
 
-void tst_HBReplaceColorWidget::controls()
-{
+void tst_HBReplaceColorWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QWidget* control;
         const char* property;
         int value;
@@ -148,8 +139,7 @@ void tst_HBReplaceColorWidget::controls()
 }
 
 /// The record is kept as it is; the controls show what they can.
-void tst_HBReplaceColorWidget::setValue()
-{
+void tst_HBReplaceColorWidget::setValue() {
     const QVector<int> rows[][2] = {{{20, 2, 50}, {20, 2, 50}},          {{256, 4, 101}, {255, -1, 100}},
                                     {{-1, -1, -1}, {0, -1, 0}},          {{Most, Most, Most}, {255, -1, 100}},
                                     {{Least, Least, Least}, {0, -1, 0}}, {{0, 0, 100}, {0, 0, 100}}};
@@ -166,8 +156,7 @@ void tst_HBReplaceColorWidget::setValue()
 }
 
 /// Every accepted dialog is heard, changed or not; a cancelled one only if the user has tried another colour.
-void tst_HBReplaceColorWidget::dialog()
-{
+void tst_HBReplaceColorWidget::dialog() {
     const QColor old("#102030"), red("#ff0000"), blue("#0000ff");
     const QColor hsv = QColor::fromHsv(120, 255, 255);
     Fixture f;
@@ -189,14 +178,10 @@ void tst_HBReplaceColorWidget::dialog()
         });
 }
 
-void tst_HBReplaceColorWidget::lostDialog()
-{
-    HBCheckLostDialog<Panel>("m_pSelectDestinationColor");
-}
+void tst_HBReplaceColorWidget::lostDialog() { HBCheckLostDialog<Panel>("m_pSelectDestinationColor"); }
 
 /// Four fields of one colour, parted by a black cross: each corner fills its own.
-void tst_HBReplaceColorWidget::corners()
-{
+void tst_HBReplaceColorWidget::corners() {
     QImage photo = Plain(301, 270, Qt::yellow);
     QPainter painter(&photo);
     painter.fillRect(150, 0, 1, 270, Qt::black);
@@ -213,26 +198,22 @@ void tst_HBReplaceColorWidget::corners()
 }
 
 /// Each channel by itself, against the corner, not against the pixel beside; alpha is a channel too.
-void tst_HBReplaceColorWidget::tolerance()
-{
+void tst_HBReplaceColorWidget::tolerance() {
     QImage photo = Plain(7, 1, QColor(100, 100, 100));
     const QColor row[] = {{100, 100, 100}, {110, 100, 100},      {110, 90, 110}, {110, 90, 110, 245},
                           {111, 90, 110},  {100, 100, 100, 255}, {100, 100, 100}};
-    for (int x = 0; x < 7; ++x)
-        photo.setPixelColor(x, 0, row[x]);
+    for (int x = 0; x < 7; ++x) photo.setPixelColor(x, 0, row[x]);
     Fixture f;
     const QPair<int, int> rows[] = {{0, 1}, {9, 1}, {10, 4}, {11, 7}, {255, 7}};
     for (const auto& [tolerance, filled] : rows) {
         QImage expected = photo;
-        for (int x = 0; x < filled; ++x)
-            expected.setPixelColor(x, 0, Qt::red);
+        for (int x = 0; x < filled; ++x) expected.setPixelColor(x, 0, Qt::red);
         QCOMPARE(f.Run({tolerance, Panel::LeftTop, Qt::red, 100}, photo), expected);
     }
 }
 
 /// Over nothing, the replacement's own alpha is left: the opacity alone, whatever that of the colour.
-void tst_HBReplaceColorWidget::opacity()
-{
+void tst_HBReplaceColorWidget::opacity() {
     Fixture f;
     for (const int own : {255, 10, 0}) {
         for (const auto& [opacity, alpha] :
@@ -249,8 +230,7 @@ void tst_HBReplaceColorWidget::opacity()
 }
 
 /// A ring on an uneven ground: the ground changes, the ring does not, nor what of the ground's colour it encloses.
-void tst_HBReplaceColorWidget::productShot()
-{
+void tst_HBReplaceColorWidget::productShot() {
     const auto ground = [](int x, int y) { return qRgb(230 + (x + y) % 7, 228 + x % 5, 225 + y % 6); };
     const auto ring = [](int x, int y) {
         const int square = (x - 200) * (x - 200) + (y - 150) * (y - 150);
@@ -259,8 +239,7 @@ void tst_HBReplaceColorWidget::productShot()
     const auto inside = [](int x, int y) { return (x - 200) * (x - 200) + (y - 150) * (y - 150) <= 60 * 60; };
     QImage photo(400, 300, QImage::Format_ARGB32);
     for (int y = 0; y < 300; ++y) {
-        for (int x = 0; x < 400; ++x)
-            photo.setPixel(x, y, ring(x, y) ? qRgb(x / 2, 40, y / 2) : ground(x, y));
+        for (int x = 0; x < 400; ++x) photo.setPixel(x, y, ring(x, y) ? qRgb(x / 2, 40, y / 2) : ground(x, y));
     }
     Fixture f;
     const QImage result = f.Run({12, Panel::RightTop, QColor(0, 90, 200), 100}, photo);
@@ -272,8 +251,7 @@ void tst_HBReplaceColorWidget::productShot()
     }
 }
 
-void tst_HBReplaceColorWidget::smallPictures()
-{
+void tst_HBReplaceColorWidget::smallPictures() {
     Fixture f;
     for (int position = -1; position < 5; ++position) {
         const Params params{0, Panel::PositionType(position), Qt::red, 100};
@@ -290,8 +268,7 @@ void tst_HBReplaceColorWidget::smallPictures()
 }
 
 /// The four bytes of the tolerance are those of the number or'd with itself three times, a byte further each time.
-void tst_HBReplaceColorWidget::hostileRecords()
-{
+void tst_HBReplaceColorWidget::hostileRecords() {
     const HBImage<> photo = HBTestRamp(150, 140);
     Fixture f;
     for (const int tolerance : {256, 1000, -1, Most, Least}) {
@@ -315,8 +292,7 @@ void tst_HBReplaceColorWidget::hostileRecords()
 }
 
 /// The selection is carried along, but neither limits the fill nor weighs it.
-void tst_HBReplaceColorWidget::selectionDoesNotLimit()
-{
+void tst_HBReplaceColorWidget::selectionDoesNotLimit() {
     Fixture f;
     f.panel.SetValue({0, Panel::LeftTop, Qt::red, 100});
     f.panel.SetImage(HBImage<>::FromQImage(Plain(200, 150, Qt::blue)), HBTestMask(50, 50), QPoint(10, 10),
@@ -325,14 +301,12 @@ void tst_HBReplaceColorWidget::selectionDoesNotLimit()
     QCOMPARE(f.panel.AdjustedImage().ToQImage(), Plain(200, 150, Qt::red));
 }
 
-void tst_HBReplaceColorWidget::deletedAtOnce()
-{
+void tst_HBReplaceColorWidget::deletedAtOnce() {
     for (const bool begun : {false, true}) {
         Fixture f;
         f.panel.SetValue({255, Panel::LeftTop, Qt::red, 60});
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (begun)
-            QTest::qWait(1);
+        if (begun) QTest::qWait(1);
     }
 }
 

@@ -11,20 +11,17 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace
-{
+namespace {
 
 using Panel = HBOverlayPanel<HBSignWidget>;
 
-struct Fixture : HBPanelFixture<Panel>
-{
+struct Fixture : HBPanelFixture<Panel> {
     QComboBox* horizontal = Find<QComboBox>("m_pHrzAlignment");
     QComboBox* vertical = Find<QComboBox>("m_pVrtAlignment");
     QLineEdit* name = Find<QLineEdit>("m_pImageFileName");
     QPushButton* select = Find<QPushButton>("m_pSelectAnImage");
 
-    void Load(Qt::Alignment alignment)
-    {
+    void Load(Qt::Alignment alignment) {
         HBSignWidget::Params params;
         params.alignment = alignment;
         panel.SetValue(params);
@@ -34,10 +31,8 @@ struct Fixture : HBPanelFixture<Panel>
 };
 
 /// Answers in place of the file dialog, and writes down what it was asked.
-struct Chooser
-{
-    explicit Chooser(const QString& answer)
-    {
+struct Chooser {
+    explicit Chooser(const QString& answer) {
         KMFileDialog::SetChooser(
             [this, answer](const QString& title, const QString& folder, const QString& filter) {
                 asked += title + '|' + folder + '|' + filter;
@@ -50,8 +45,7 @@ struct Chooser
 
 } // namespace
 
-class tst_HBSignWidget : public QObject
-{
+class tst_HBSignWidget : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
@@ -68,15 +62,13 @@ private slots:
     void destroyedInTheDialog();
 };
 
-void tst_HBSignWidget::initTestCase()
-{
+void tst_HBSignWidget::initTestCase() {
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName("AdjustmentPanelsTest");
     QCoreApplication::setApplicationName("tst_HBSignWidget");
 }
 
-void tst_HBSignWidget::form()
-{
+void tst_HBSignWidget::form() {
     Fixture f;
     QCOMPARE(f.panel.objectName(), QString("SignWidget"));
     QCOMPARE(f.panel.windowTitle(), QString("Sign"));
@@ -123,8 +115,7 @@ void tst_HBSignWidget::form()
     QCOMPARE(fresh.opacity, 100);
 }
 
-void tst_HBSignWidget::alignment_data()
-{
+void tst_HBSignWidget::alignment_data() {
     QTest::addColumn<int>("flags");
     QTest::addColumn<QPoint>("rows");
     QTest::newRow("left top") << int(Qt::AlignLeft | Qt::AlignTop) << QPoint(0, 0);
@@ -138,8 +129,7 @@ void tst_HBSignWidget::alignment_data()
     QTest::newRow("all") << -1 << QPoint(0, 0);
 }
 
-void tst_HBSignWidget::alignment()
-{
+void tst_HBSignWidget::alignment() {
     QFETCH(int, flags);
     QFETCH(QPoint, rows);
     Fixture f;
@@ -151,12 +141,10 @@ void tst_HBSignWidget::alignment()
 }
 
 /// A choice replaces its own bits and keeps all others.
-void tst_HBSignWidget::alignmentsByHand()
-{
+void tst_HBSignWidget::alignmentsByHand() {
     Fixture f;
     f.Load(Qt::Alignment(QFlag(0x7fffffff)));
-    const struct
-    {
+    const struct {
         QComboBox* combo;
         int row;
         int flags;
@@ -170,8 +158,7 @@ void tst_HBSignWidget::alignmentsByHand()
     }
 }
 
-void tst_HBSignWidget::names()
-{
+void tst_HBSignWidget::names() {
     Fixture f;
     for (const QString& name : {QString("a.png"), QString(""), QString(), QString("/x/%1.png")}) {
         HBSignWidget::Params params;
@@ -184,8 +171,7 @@ void tst_HBSignWidget::names()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBSignWidget::chooseAFile()
-{
+void tst_HBSignWidget::chooseAFile() {
     const QTemporaryDir folder;
     KMApplication::SetPathOpen(folder.path());
     const QString filter = KMImageFileManager::GetFilterForRead();
@@ -209,8 +195,7 @@ void tst_HBSignWidget::chooseAFile()
     }
 }
 
-void tst_HBSignWidget::destroyedInTheDialog()
-{
+void tst_HBSignWidget::destroyedInTheDialog() {
     auto panel = std::make_unique<HBSignWidget>(nullptr, Qt::WindowFlags());
     KMFileDialog::SetChooser([&](const QString&, const QString&, const QString&) {
         panel.reset();

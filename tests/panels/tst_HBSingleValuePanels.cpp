@@ -19,15 +19,13 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 /// One value of a panel: its controls, its accessors and its signal.
-struct Value
-{
+struct Value {
     const char* name;
     const char* signal;
     QDoubleSpinBox* spin;
@@ -36,15 +34,13 @@ struct Value
     std::function<double()> get;
 
     /// What is compared: which value was given, and what spin box and slider make of it.
-    QString Text(double given, double shown, int position) const
-    {
+    QString Text(double given, double shown, int position) const {
         return QString("%1 %2: %3 %4").arg(name).arg(given).arg(shown).arg(position);
     }
     QString State(double given) const { return Text(given, get(), slider->value()); }
 };
 
-struct Gamma : HBPanelFixture<HBGammaCorrectionWidget>
-{
+struct Gamma : HBPanelFixture<HBGammaCorrectionWidget> {
     using HBPanelFixture::HBPanelFixture;
     Value gamma{"gamma",
                 "GammaChanged()",
@@ -54,8 +50,7 @@ struct Gamma : HBPanelFixture<HBGammaCorrectionWidget>
                 [this] { return panel.GetGamma(); }};
 };
 
-struct Exposure : HBPanelFixture<HBExposureWidget>
-{
+struct Exposure : HBPanelFixture<HBExposureWidget> {
     using HBPanelFixture::HBPanelFixture;
     Value exposure{"exposure",
                    "ExposureChanged()",
@@ -71,15 +66,13 @@ struct Exposure : HBPanelFixture<HBExposureWidget>
                  [this] { return panel.GetOffset(); }};
 };
 
-struct Posterize : HBPanelFixture<HBPosterizeWidget>
-{
+struct Posterize : HBPanelFixture<HBPosterizeWidget> {
     using HBPanelFixture::HBPanelFixture;
     QSpinBox* spin = Find<QSpinBox>("m_pPosterizeSpin");
     QSlider* slider = Find<QSlider>("m_pPosterizeSlider");
 };
 
-struct Row
-{
+struct Row {
     const char* label;
     const char* text;
     const char* slider;
@@ -88,22 +81,19 @@ struct Row
     QVector<double> spinNumbers; ///< minimum, maximum, step, decimals, value
 };
 
-QVector<int> Numbers(const QSlider& slider)
-{
+QVector<int> Numbers(const QSlider& slider) {
     return {slider.minimum(), slider.maximum(), slider.singleStep(), slider.pageStep(), slider.value()};
 }
 
 /// By property, of either kind of spin box.
-QVector<double> Numbers(const QWidget& spin)
-{
+QVector<double> Numbers(const QWidget& spin) {
     QVector<double> numbers;
     for (const char* name : {"minimum", "maximum", "singleStep", "decimals", "value"})
         numbers += spin.property(name).toDouble();
     return numbers;
 }
 
-void CheckForm(const QWidget& content, const char* title, const QVector<Row>& rows, const QSize& spacerSize)
-{
+void CheckForm(const QWidget& content, const char* title, const QVector<Row>& rows, const QSize& spacerSize) {
     QCOMPARE(content.windowTitle(), QString(title));
     auto* outer = qobject_cast<QGridLayout*>(content.layout());
     QVERIFY(outer);
@@ -136,8 +126,7 @@ void CheckForm(const QWidget& content, const char* title, const QVector<Row>& ro
 }
 
 template <class Fixture>
-void CheckForms(const char* title, const QSize& size, const QVector<Row>& rows, const QSize& spacer)
-{
+void CheckForms(const char* title, const QSize& size, const QVector<Row>& rows, const QSize& spacer) {
     Fixture dialog(true);
     CheckForm(*dialog.template Find<QWidget>("m_pContent"), title, rows, spacer);
     Fixture embedded(false);
@@ -147,8 +136,7 @@ void CheckForms(const char* title, const QSize& size, const QVector<Row>& rows, 
 
 /// Sets the image and compares the job's result, without and with a selection.
 template <class Fixture, class Transformation>
-void CheckResult(Fixture& f, const Transformation& transformation)
-{
+void CheckResult(Fixture& f, const Transformation& transformation) {
     const HBImage<> photo = HBTestRamp(257, 130);
     const HBImage<> mask = HBTestMask(150, 90);
     for (const QRect& bounds : {QRect(), QRect(20, 10, 120, 70)}) {
@@ -160,20 +148,17 @@ void CheckResult(Fixture& f, const Transformation& transformation)
 }
 
 template <class Panel>
-void DeleteAtOnce()
-{
+void DeleteAtOnce() {
     for (const bool running : {false, true}) {
         HBPanelFixture<Panel> f;
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 
 } // namespace
 
-class tst_HBSingleValuePanels : public QObject
-{
+class tst_HBSingleValuePanels : public QObject {
     Q_OBJECT
 private slots:
     void forms();
@@ -189,8 +174,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBSingleValuePanels::forms()
-{
+void tst_HBSingleValuePanels::forms() {
     CheckForms<Gamma>(
         "Gamma correction", {208, 105},
         {{"label", "Gamma:", "m_pGammaSlider", {1, 500, 1, 10, 100}, "m_pGammaSpin", {0.01, 5, 0.01, 2, 1}}},
@@ -216,12 +200,10 @@ void tst_HBSingleValuePanels::forms()
 }
 
 /// A value in the spin box puts the slider on the truncated step: a negative one lands one nearer zero.
-void tst_HBSingleValuePanels::spinBoxes()
-{
+void tst_HBSingleValuePanels::spinBoxes() {
     Gamma g;
     Exposure e;
-    const struct
-    {
+    const struct {
         const Value& value;
         HBSignalRecorder& recorder;
         double entered;
@@ -247,12 +229,10 @@ void tst_HBSingleValuePanels::spinBoxes()
     }
 }
 
-void tst_HBSingleValuePanels::sliders()
-{
+void tst_HBSingleValuePanels::sliders() {
     Gamma g;
     Exposure e;
-    const struct
-    {
+    const struct {
         const Value& value;
         HBSignalRecorder& recorder;
         int dragged;
@@ -273,12 +253,10 @@ void tst_HBSingleValuePanels::sliders()
     }
 }
 
-void tst_HBSingleValuePanels::setters()
-{
+void tst_HBSingleValuePanels::setters() {
     Gamma g;
     Exposure e;
-    const struct
-    {
+    const struct {
         const Value& value;
         HBSignalRecorder& recorder;
         double set;
@@ -314,8 +292,7 @@ void tst_HBSingleValuePanels::setters()
 }
 
 /// Each call of SetExposure leaves two more connections behind.
-void tst_HBSingleValuePanels::setExposure()
-{
+void tst_HBSingleValuePanels::setExposure() {
     Exposure f;
     const auto told = [](int times) { return HBClosingCalls(times, "ExposureChanged()"); };
     f.panel.SetExposure(1.0); // the first connection and the one that the call begins with
@@ -343,8 +320,7 @@ void tst_HBSingleValuePanels::setExposure()
     }
 }
 
-void tst_HBSingleValuePanels::moreDigitsThanTheBox()
-{
+void tst_HBSingleValuePanels::moreDigitsThanTheBox() {
     Exposure f;
     // The box rounds to 1.0001 and tells; the slider truncates to 10000, writes back, and it is told again.
     f.panel.SetExposure(1.00009);
@@ -354,8 +330,7 @@ void tst_HBSingleValuePanels::moreDigitsThanTheBox()
 }
 
 /// Return in a spin box tells its value again, changed or not.
-void tst_HBSingleValuePanels::returnKey()
-{
+void tst_HBSingleValuePanels::returnKey() {
     Exposure f;
     f.exposure.spin->setFocus();
     QTest::keyClick(f.exposure.spin, Qt::Key_Return);
@@ -363,8 +338,7 @@ void tst_HBSingleValuePanels::returnKey()
     QCOMPARE(f.panel.GetExposure(), 0.0);
 }
 
-void tst_HBSingleValuePanels::reset()
-{
+void tst_HBSingleValuePanels::reset() {
     Exposure e;
     e.exposure.spin->setValue(1.2);
     e.offset.spin->setValue(0.1);
@@ -384,8 +358,7 @@ void tst_HBSingleValuePanels::reset()
     QCOMPARE(g.gamma.slider->value(), 100);
 }
 
-void tst_HBSingleValuePanels::posterize()
-{
+void tst_HBSingleValuePanels::posterize() {
     Posterize f;
     for (const auto& [set, shown] : {std::pair{1, 2}, {300, 255}, {7, 7}, {std::numeric_limits<int>::min(), 2}}) {
         f.panel.SetPosterize(set);
@@ -408,8 +381,7 @@ void tst_HBSingleValuePanels::posterize()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBSingleValuePanels::results()
-{
+void tst_HBSingleValuePanels::results() {
     const HBImage<> photo = HBTestRamp(200, 200);
     Gamma g;
     g.panel.SetImage(photo, {}, {}, {});
@@ -435,8 +407,7 @@ void tst_HBSingleValuePanels::results()
     CheckResult(p, HBIterativePosterizeTransformation(2));
 }
 
-void tst_HBSingleValuePanels::deletedAtOnce()
-{
+void tst_HBSingleValuePanels::deletedAtOnce() {
     DeleteAtOnce<HBGammaCorrectionWidget>();
     DeleteAtOnce<HBExposureWidget>();
     DeleteAtOnce<HBPosterizeWidget>();

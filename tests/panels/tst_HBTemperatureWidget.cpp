@@ -7,17 +7,14 @@
 #include <HBTemperatureCorrection.h>
 #include <HBTemperatureWidget.h>
 
-namespace
-{
+namespace {
 
 using Values = QVector<int>; // temperature, tint, strength
 
-struct Fixture : HBPanelFixture<HBTemperatureWidget>
-{
+struct Fixture : HBPanelFixture<HBTemperatureWidget> {
     using HBPanelFixture::HBPanelFixture;
 
-    Values Record() const
-    {
+    Values Record() const {
         const auto params = panel.GetValue();
         return {params.temperature, params.tint, params.strength};
     }
@@ -32,8 +29,7 @@ struct Fixture : HBPanelFixture<HBTemperatureWidget>
     QSpinBox* strength = Find<QSpinBox>("m_pStrength");
 };
 
-HBImage<> Corrected(const HBImage<>& photo, int kelvin, int tint, int strength)
-{
+HBImage<> Corrected(const HBImage<>& photo, int kelvin, int tint, int strength) {
     HBTemperatureCorrection correction;
     correction.SetData(kelvin, strength, tint);
     return HBTransformed(photo, HBIterativeAdjustmentTransformation(correction));
@@ -41,8 +37,7 @@ HBImage<> Corrected(const HBImage<>& photo, int kelvin, int tint, int strength)
 
 } // namespace
 
-class tst_HBTemperatureWidget : public QObject
-{
+class tst_HBTemperatureWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -54,8 +49,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBTemperatureWidget::form()
-{
+void tst_HBTemperatureWidget::form() {
     HBVerifyForm<HBTemperatureWidget>(
         "TemperatureWidget", "Temperature correction", {310, 96},
         {"gridLayout 0,0: QLabel labelBrightness \"Temperature:\" right",
@@ -70,11 +64,9 @@ void tst_HBTemperatureWidget::form()
                  {"ValueChanged()", "OnTemperatureChanged(int)", "OnTintChanged(int)", "OnStrengthChanged(int)"}));
 }
 
-void tst_HBTemperatureWidget::controls()
-{
+void tst_HBTemperatureWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QObject* control;
         int value;
         Values record;
@@ -91,8 +83,7 @@ void tst_HBTemperatureWidget::controls()
         QCOMPARE(f.Shown(), move.record);
         QCOMPARE(f.Sliders(), move.record);
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes)
-            QCOMPARE(seen, move.record);
+        if (move.changes) QCOMPARE(seen, move.record);
     }
     for (const QSlider* slider : {f.temperatureSlider, f.tintSlider, f.strengthSlider})
         QCOMPARE(slider->styleSheet(), QString()); // no coloured grooves here
@@ -105,11 +96,9 @@ void tst_HBTemperatureWidget::controls()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBTemperatureWidget::setValue()
-{
+void tst_HBTemperatureWidget::setValue() {
     Fixture f;
-    const struct
-    {
+    const struct {
         Values value;
         Values shown;
     } cases[] = {{{3000, 10, 80}, {3000, 10, 50}},
@@ -128,8 +117,7 @@ void tst_HBTemperatureWidget::setValue()
 }
 
 /// On purpose: the strength of a loaded record counts, but its control keeps what it showed.
-void tst_HBTemperatureWidget::strengthIsNotShown()
-{
+void tst_HBTemperatureWidget::strengthIsNotShown() {
     const HBImage<> photo = HBTestColourCube(51);
     Fixture f;
     f.panel.SetImage(photo, {}, {}, {});
@@ -154,8 +142,7 @@ void tst_HBTemperatureWidget::strengthIsNotShown()
     QVERIFY(HBIsIdle(f.panel));
 }
 
-void tst_HBTemperatureWidget::result()
-{
+void tst_HBTemperatureWidget::result() {
     const HBImage<> photo = HBTestRamp(300, 260);
     // From the record, whatever it holds.
     for (const Values& v : {Values{6500, 0, 100},
@@ -171,20 +158,17 @@ void tst_HBTemperatureWidget::result()
         const HBImage<> expected =
             Corrected(photo, qBound(1000, v[0], 40000), qBound(-100, v[1], 100), qBound(0, v[2], 100));
         QCOMPARE(f.panel.AdjustedImage().ToQImage(), expected.ToQImage());
-        if (v[0] == 6500)
-            QCOMPARE(expected.ToQImage(), photo.ToQImage());
+        if (v[0] == 6500) QCOMPARE(expected.ToQImage(), photo.ToQImage());
     }
 }
 
-void tst_HBTemperatureWidget::oddSources()
-{
+void tst_HBTemperatureWidget::oddSources() {
     Fixture f;
     f.panel.SetValue({2000, 50, 100});
     HBVerifyOddSources(f);
 }
 
-void tst_HBTemperatureWidget::deletedAtOnce()
-{
+void tst_HBTemperatureWidget::deletedAtOnce() {
     HBVerifyDestruction<HBTemperatureWidget>([](auto& panel) { panel.SetValue({3000, 20, 80}); });
 }
 

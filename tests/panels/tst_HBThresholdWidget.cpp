@@ -12,11 +12,9 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
-struct Fixture : HBPanelFixture<HBThresholdWidget>
-{
+struct Fixture : HBPanelFixture<HBThresholdWidget> {
     using HBPanelFixture::HBPanelFixture;
     /// Record, spin box and slider.
     QVector<int> State() const { return {panel.GetValue().level, spin->value(), slider->Value(0)}; }
@@ -28,8 +26,7 @@ struct Fixture : HBPanelFixture<HBThresholdWidget>
 
 } // namespace
 
-class tst_HBThresholdWidget : public QObject
-{
+class tst_HBThresholdWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -41,8 +38,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBThresholdWidget::form()
-{
+void tst_HBThresholdWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
@@ -60,11 +56,9 @@ void tst_HBThresholdWidget::form()
     }
 }
 
-void tst_HBThresholdWidget::controls()
-{
+void tst_HBThresholdWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         bool bySlider;
         int value;
         QVector<int> state;
@@ -90,8 +84,7 @@ void tst_HBThresholdWidget::controls()
 }
 
 /// The record is kept as it is; the slider shows what it can, and the spin box follows the slider.
-void tst_HBThresholdWidget::setValue()
-{
+void tst_HBThresholdWidget::setValue() {
     constexpr int Least = std::numeric_limits<int>::min();
     constexpr int Most = std::numeric_limits<int>::max();
     Fixture f;
@@ -111,15 +104,13 @@ void tst_HBThresholdWidget::setValue()
     QCOMPARE(f.State(), QVector<int>({77, 77, 77}));
 }
 
-void tst_HBThresholdWidget::result_data()
-{
+void tst_HBThresholdWidget::result_data() {
     QTest::addColumn<int>("level");
     for (const int level : {128, 1, 255, 29, 0, -7, 256, 100000}) // from the record, which no control clamps
         QTest::addRow("level %d", level) << level;
 }
 
-void tst_HBThresholdWidget::result()
-{
+void tst_HBThresholdWidget::result() {
     QFETCH(int, level);
     Fixture f;
     f.panel.SetValue({level});
@@ -135,8 +126,7 @@ void tst_HBThresholdWidget::result()
     }
 }
 
-void tst_HBThresholdWidget::histogram()
-{
+void tst_HBThresholdWidget::histogram() {
     Fixture f;
     f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
     QVERIFY(f.Finish());
@@ -163,13 +153,11 @@ void tst_HBThresholdWidget::histogram()
     QCOMPARE(f.histogram->GetPixelsCount(), 0.0);
 }
 
-void tst_HBThresholdWidget::deletedAtOnce()
-{
+void tst_HBThresholdWidget::deletedAtOnce() {
     for (const bool running : {false, true}) {
         Fixture f;
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

@@ -14,15 +14,13 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 using Params = HBTintWidget::Params;
 constexpr int Least = std::numeric_limits<int>::min();
 constexpr int Most = std::numeric_limits<int>::max();
 
-struct Fixture : HBPanelFixture<HBTintWidget>
-{
+struct Fixture : HBPanelFixture<HBTintWidget> {
     using HBPanelFixture::HBPanelFixture;
     Params Value() const { return panel.GetValue(); }
 
@@ -37,15 +35,12 @@ struct Fixture : HBPanelFixture<HBTintWidget>
 constexpr int Weights[][3] = {{333, 334, 333}, {300, 590, 110}, {212, 715, 73}};
 
 /// The job's meaning, in whole numbers that are truncated twice.
-HBRGBA32i Tinted(HBRGBA32i pixel, const Params& params)
-{
+HBRGBA32i Tinted(HBRGBA32i pixel, const Params& params) {
     const HBRGBA32i black = HBRGBA32i::FromRgba(params.blackTone.rgba());
     const HBRGBA32i white = HBRGBA32i::FromRgba(params.whiteTone.rgba());
     const int amount = qBound(0, params.amount, 100);
-    if (params.type == HBTintWidget::RGB)
-        HBTintRGB32(black, white, amount)(pixel);
-    if (params.type < 0 || params.type > 2)
-        return pixel;
+    if (params.type == HBTintWidget::RGB) HBTintRGB32(black, white, amount)(pixel);
+    if (params.type < 0 || params.type > 2) return pixel;
     const int* w = Weights[params.type];
     const int y = pixel.red * w[0] + pixel.green * w[1] + pixel.blue * w[2];
     const auto mixed = [&](int level, int dark, int light) {
@@ -58,8 +53,7 @@ HBRGBA32i Tinted(HBRGBA32i pixel, const Params& params)
 
 } // namespace
 
-class tst_HBTintWidget : public QObject
-{
+class tst_HBTintWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -75,15 +69,13 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBTintWidget::form()
-{
+void tst_HBTintWidget::form() {
     for (const bool dialog : {true, false}) {
         Fixture f(dialog);
         const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
         QCOMPARE(content->windowTitle(), QString("Tint"));
         QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "TintWidget"));
-        if (!dialog)
-            QCOMPARE(f.panel.size(), QSize(276, 228));
+        if (!dialog) QCOMPARE(f.panel.size(), QSize(276, 228));
         QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
         const QString tip = " tip \"Set the color you want to replace the %1 tone with\"";
         QCOMPARE(HBGridText(content->layout()),
@@ -114,11 +106,9 @@ void tst_HBTintWidget::form()
                           "OnCurrentWhiteToneChanged(QColor)", "OnAmountChanged(int)", "OnTypeChanged(int)"}));
 }
 
-void tst_HBTintWidget::controls()
-{
+void tst_HBTintWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QWidget* control;
         const char* property;
         int value;
@@ -142,10 +132,8 @@ void tst_HBTintWidget::controls()
 }
 
 /// The record is kept as it is; the controls show what they can.
-void tst_HBTintWidget::setValue()
-{
-    const struct
-    {
+void tst_HBTintWidget::setValue() {
+    const struct {
         int amount;
         int shown;
         int type;
@@ -173,8 +161,7 @@ void tst_HBTintWidget::setValue()
     QCOMPARE(HBShownColor(f.white), QColor(170, 209, 255));
 }
 
-void tst_HBTintWidget::dialogs()
-{
+void tst_HBTintWidget::dialogs() {
     Fixture f;
     HBCheckColorVisits(
         f, f.black, "Select a black tone", HBComparingVisits(), [&] { return f.Value().blackTone; },
@@ -190,14 +177,12 @@ void tst_HBTintWidget::dialogs()
     QCOMPARE(f.Value().blackTone, QColor(Qt::black));
 }
 
-void tst_HBTintWidget::lostDialogs()
-{
+void tst_HBTintWidget::lostDialogs() {
     HBCheckLostDialog<HBTintWidget>("m_pBlackTone");
     HBCheckLostDialog<HBTintWidget>("m_pWhiteTone");
 }
 
-void tst_HBTintWidget::publishedLevels()
-{
+void tst_HBTintWidget::publishedLevels() {
     const Params standard;
     const auto whole = [](HBTintWidget::Type type, int amount) {
         return Params{Qt::black, Qt::white, amount, type};
@@ -207,8 +192,7 @@ void tst_HBTintWidget::publishedLevels()
         params.type = HBTintWidget::LUMA;
         return params;
     }();
-    const struct
-    {
+    const struct {
         Params params;
         QColor pixel;
         QColor expected;
@@ -233,8 +217,7 @@ void tst_HBTintWidget::publishedLevels()
     }
 }
 
-void tst_HBTintWidget::result_data()
-{
+void tst_HBTintWidget::result_data() {
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("amount");
     for (const int type : {0, 1, 2, 3, 7, -1, Most, Least}) {
@@ -244,8 +227,7 @@ void tst_HBTintWidget::result_data()
 }
 
 /// Takes the record as it is, through no control.
-void tst_HBTintWidget::result()
-{
+void tst_HBTintWidget::result() {
     QFETCH(int, type);
     QFETCH(int, amount);
     const Params params{QColor::fromHsv(200, 180, 60, 0), QColor(250, 240, 180), amount, HBTintWidget::Type(type)};
@@ -263,8 +245,7 @@ void tst_HBTintWidget::result()
     QCOMPARE(f.panel.SourceImage().ToQImage(), HBTestRamp(200, 131).ToQImage());
 }
 
-void tst_HBTintWidget::noPixels()
-{
+void tst_HBTintWidget::noPixels() {
     Fixture f;
     for (int type = -1; type < 5; ++type) {
         f.panel.SetValue({Qt::black, Qt::white, 50, HBTintWidget::Type(type)});
@@ -277,8 +258,7 @@ void tst_HBTintWidget::noPixels()
 }
 
 /// What was read stays; the rest is what the stream makes of nothing, not the defaults and not the old values.
-void tst_HBTintWidget::truncatedRecord()
-{
+void tst_HBTintWidget::truncatedRecord() {
     QByteArray bytes;
     QDataStream writer(&bytes, QIODevice::WriteOnly);
     QVERIFY(Params().Write(writer));
@@ -292,13 +272,11 @@ void tst_HBTintWidget::truncatedRecord()
     QCOMPARE(params.type, HBTintWidget::Average);
 }
 
-void tst_HBTintWidget::deletedAtOnce()
-{
+void tst_HBTintWidget::deletedAtOnce() {
     for (const bool running : {false, true}) {
         Fixture f;
         f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running)
-            f.recorder.WaitFor("ProgressValueChanged");
+        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

@@ -14,37 +14,31 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
-namespace
-{
+namespace {
 
 using Params = HBWBWidget::Params;
 using Values = QVector<int>;
 
-Values ValuesOf(const Params& p)
-{
+Values ValuesOf(const Params& p) {
     return {p.enchanced, p.autoStrength,   p.overexposureStrength, p.underexposureStrength,
             p.mode,      p.useTemperature, p.temperature,          p.temperatureStrength};
 }
 
-Params WithMode(int mode, int strength = 50, bool enchanced = false)
-{
+Params WithMode(int mode, int strength = 50, bool enchanced = false) {
     return {enchanced, strength, strength, strength, mode, false, 0, 50};
 }
 
-struct Fixture : HBPanelFixture<HBWBWidget>
-{
+struct Fixture : HBPanelFixture<HBWBWidget> {
     using HBPanelFixture::HBPanelFixture;
 
     Values Record() const { return ValuesOf(panel.GetValue()); }
     /// Which button is checked, 3 if none is; the strength, on both controls.
-    Values Mode() const
-    {
+    Values Mode() const {
         const int mode = automatic->isChecked() ? 0 : over->isChecked() ? 1 : under->isChecked() ? 2 : 3;
         return {mode, strength->value(), strengthSpin->value()};
     }
     QImage Result(const Params& params, const HBImage<>& photo, const HBImage<>& mask = {},
-                  const QPoint& offset = {}, const QRect& bounds = {})
-    {
+                  const QPoint& offset = {}, const QRect& bounds = {}) {
         panel.SetValue(params);
         panel.SetImage(photo, mask, offset, bounds);
         return Finish() ? panel.AdjustedImage().ToQImage() : QImage();
@@ -63,19 +57,16 @@ struct Fixture : HBPanelFixture<HBWBWidget>
     QSlider* temperatureStrengthSlider = Find<QSlider>("slider_2");
 };
 
-HBImage<> Filled(int width, int height, const std::function<QRgb(int, int)>& colour)
-{
+HBImage<> Filled(int width, int height, const std::function<QRgb(int, int)>& colour) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, colour(x, y));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y));
     }
     return HBImage<>::FromQImage(image);
 }
 
 /// A picture with a warm cast, whose channels keep to 10..200, 20..150 and 5..100.
-HBImage<> CastPhoto(int width = 257, int height = 130)
-{
+HBImage<> CastPhoto(int width = 257, int height = 130) {
     return Filled(width, height, [](int x, int y) {
         const int v = (x + 2 * y) % 96;
         return qRgba(10 + 2 * v, 20 + 130 * v / 95, 5 + v, 255 - (x & 63));
@@ -83,12 +74,10 @@ HBImage<> CastPhoto(int width = 257, int height = 130)
 }
 
 /// Black and white point of a channel, by the rule itself.
-QPair<int, int> StretchOf(const QImage& image, int shift)
-{
+QPair<int, int> StretchOf(const QImage& image, int shift) {
     double counts[256] = {};
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            ++counts[(image.pixel(x, y) >> shift) & 255];
+        for (int x = 0; x < image.width(); ++x) ++counts[(image.pixel(x, y) >> shift) & 255];
     }
     int lo = 255, hi = 0;
     for (int v = 0; v < 256; ++v) {
@@ -113,8 +102,7 @@ QPair<int, int> StretchOf(const QImage& image, int shift)
 }
 
 HBIterativeLevelsTransformation Levels(const QPair<int, int>& red, const QPair<int, int>& green,
-                                       const QPair<int, int>& blue)
-{
+                                       const QPair<int, int>& blue) {
     const int input[4][2] = {
         {0, 255}, {red.first, red.second}, {green.first, green.second}, {blue.first, blue.second}};
     const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
@@ -124,8 +112,7 @@ HBIterativeLevelsTransformation Levels(const QPair<int, int>& red, const QPair<i
 
 /// Advanced automatic correction, stage by stage, each weighted by the selection.
 QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}, const QPoint& offset = {},
-                const QRect& bounds = {})
-{
+                const QRect& bounds = {}) {
     const KMIterativeWBTransformation balance(photo, KMWBTransformation::AutoBalance, 100);
     const HBImage<> balanced = HBTransformed(photo, balance, mask, offset, bounds);
     const QImage look = balanced.ToQImage();
@@ -143,10 +130,8 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
             const int b = (below.pixel(x, y) >> shift) & 255;
             result |= QRgb((a * opacity + b * (256 - opacity) + 128) / 256) << shift;
         }
-        if (!bounds.isValid())
-            return result;
-        if (!selected.contains(x, y))
-            return below.pixel(x, y);
+        if (!bounds.isValid()) return result;
+        if (!selected.contains(x, y)) return below.pixel(x, y);
         HBRGBA32i pixel = HBRGBA32i::FromRgba(result);
         HBBlend::HBSourceBySelection()(HBRGBA32i::FromRgba(below.pixel(x, y)), pixel,
                                        HBRGBA32i::FromRgba(coverages.pixel(QPoint(x, y) - offset)));
@@ -157,8 +142,7 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
 
 } // namespace
 
-class tst_HBWBWidget : public QObject
-{
+class tst_HBWBWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -179,8 +163,7 @@ private slots:
     void deletedAtOnce();
 };
 
-void tst_HBWBWidget::form()
-{
+void tst_HBWBWidget::form() {
     HBVerifyForm<HBWBWidget>("WBWidget", "Picture corection", {438, 288}, // spelled so on purpose
                              {"gridLayout_3 0,0: QGroupBox groupBox \"Main\"",
                               "gridLayout_2 0,0: QRadioButton m_pAuto \"Auto correction\" checked",
@@ -215,8 +198,7 @@ void tst_HBWBWidget::form()
 }
 
 /// On purpose: a new panel neither shows its record nor listens. SetValue, and so OnReset, does both.
-void tst_HBWBWidget::deafBeforeSetValue()
-{
+void tst_HBWBWidget::deafBeforeSetValue() {
     Fixture f;
     QCOMPARE(f.Record(), ValuesOf({}));
     QCOMPARE(f.Mode(), Values({0, 0, 0}));
@@ -237,12 +219,10 @@ void tst_HBWBWidget::deafBeforeSetValue()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBWBWidget::threeStrengths()
-{
+void tst_HBWBWidget::threeStrengths() {
     Fixture f;
     f.panel.SetValue({});
-    const struct
-    {
+    const struct {
         QRadioButton* mode; ///< clicked, or null:
         int strength;       ///< set, or shown after the click
         Values stored;      ///< the three strengths and the mode
@@ -264,13 +244,11 @@ void tst_HBWBWidget::threeStrengths()
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
-void tst_HBWBWidget::controls()
-{
+void tst_HBWBWidget::controls() {
     Fixture f;
     f.panel.SetValue({});
     f.panel.SetValue({}); // connects once
-    const struct
-    {
+    const struct {
         QObject* control;
         const char* property;
         int value;
@@ -297,11 +275,9 @@ void tst_HBWBWidget::controls()
     QCOMPARE(f.temperatureSlider->value(), f.temperature->value());
 }
 
-void tst_HBWBWidget::setValue()
-{
+void tst_HBWBWidget::setValue() {
     Fixture f;
-    const struct
-    {
+    const struct {
         Params params;
         Values mode;        ///< as shown
         Values temperature; ///< as shown
@@ -323,8 +299,7 @@ void tst_HBWBWidget::setValue()
 }
 
 /// A mode that does not exist leaves buttons and strength as they were; its strength is nobody's.
-void tst_HBWBWidget::foreignMode()
-{
+void tst_HBWBWidget::foreignMode() {
     const HBImage<> photo = CastPhoto(40, 30);
     for (const int mode : {5, 3, -1, MostInt, LeastInt}) {
         Fixture f;
@@ -341,8 +316,7 @@ void tst_HBWBWidget::foreignMode()
     }
 }
 
-void tst_HBWBWidget::reset()
-{
+void tst_HBWBWidget::reset() {
     Fixture f;
     f.panel.SetValue({true, 11, 22, 33, 2, true, -44, 55});
     f.panel.OnReset();
@@ -353,8 +327,7 @@ void tst_HBWBWidget::reset()
     QVERIFY(!f.enchanced->isChecked() && f.enchanced->isEnabled() && !f.useTemperature->isChecked());
 }
 
-void tst_HBWBWidget::besideRadiosOfTheHost()
-{
+void tst_HBWBWidget::besideRadiosOfTheHost() {
     QWidget host;
     HBWBWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
     QRadioButton first(&host), second(&host);
@@ -366,8 +339,7 @@ void tst_HBWBWidget::besideRadiosOfTheHost()
     QVERIFY(panel.findChild<QRadioButton*>("m_pUnderexposure")->isChecked());
 }
 
-void tst_HBWBWidget::plainModes()
-{
+void tst_HBWBWidget::plainModes() {
     const HBImage<> photos[] = {CastPhoto(), HBTestRamp(130, 140)};
     const HBImage<> mask = HBTestMask(200, 180);
     Fixture f(false);
@@ -387,8 +359,7 @@ void tst_HBWBWidget::plainModes()
     QVERIFY(f.Result(WithMode(0, 100), photos[0]) != photos[0].ToQImage());
 }
 
-void tst_HBWBWidget::stretch_data()
-{
+void tst_HBWBWidget::stretch_data() {
     QTest::addColumn<Values>("levels");
     QTest::addColumn<int>("rare"); // occurs once
     QTest::addColumn<int>("black");
@@ -404,8 +375,7 @@ void tst_HBWBWidget::stretch_data()
 }
 
 /// Grey, so that the white balance leaves it alone: what is seen is the stretch of each channel.
-void tst_HBWBWidget::stretch()
-{
+void tst_HBWBWidget::stretch() {
     QFETCH(Values, levels);
     QFETCH(int, rare);
     QFETCH(int, black);
@@ -421,8 +391,7 @@ void tst_HBWBWidget::stretch()
              HBTransformed(photo, Levels(points, points, points)).ToQImage());
 }
 
-void tst_HBWBWidget::advanced()
-{
+void tst_HBWBWidget::advanced() {
     Fixture f(false);
     for (const HBImage<>& photo : {CastPhoto(), CastPhoto(130, 1)}) {
         for (const int strength : {0, 1, 50, 99, 100})
@@ -433,8 +402,7 @@ void tst_HBWBWidget::advanced()
 }
 
 /// The whole picture is measured, what is selected is changed; partly selected pixels are weighted at every stage.
-void tst_HBWBWidget::advancedWithSelection()
-{
+void tst_HBWBWidget::advancedWithSelection() {
     const HBImage<> photo = CastPhoto();
     Fixture f(false);
     for (const QPoint& offset : {QPoint(0, 0), QPoint(37, -20), QPoint(-60, 100)}) {
@@ -445,11 +413,9 @@ void tst_HBWBWidget::advancedWithSelection()
     }
 }
 
-void tst_HBWBWidget::temperature()
-{
+void tst_HBWBWidget::temperature() {
     const HBImage<> photo = CastPhoto(150, 20);
-    const struct
-    {
+    const struct {
         int temperature;
         int kelvin;
     } cases[] = {{-100, 9000}, {-1, 6525},  {0, 6500},        {1, 6455},
@@ -472,8 +438,7 @@ void tst_HBWBWidget::temperature()
     }
 }
 
-void tst_HBWBWidget::oddSources()
-{
+void tst_HBWBWidget::oddSources() {
     Fixture f;
     for (const int mode : {0, 1, 2}) {
         f.panel.SetValue({mode == 0, 100, 100, 100, mode, true, 100, 100});
@@ -481,8 +446,7 @@ void tst_HBWBWidget::oddSources()
     }
 }
 
-void tst_HBWBWidget::deletedAtOnce()
-{
+void tst_HBWBWidget::deletedAtOnce() {
     HBVerifyDestruction<HBWBWidget>([](auto& panel) { panel.SetValue({true, 80, 0, 0, 0, true, 30, 50}); });
 }
 

@@ -10,13 +10,11 @@
 
 #include <limits>
 
-namespace
-{
+namespace {
 
 using Panel = HBOverlayPanel<HBWatermarkWidget>;
 
-struct Fixture : HBPanelFixture<Panel>
-{
+struct Fixture : HBPanelFixture<Panel> {
     QLineEdit* text = Find<QLineEdit>("m_pText");
     QPushButton* color = Find<QPushButton>("m_pColor");
     QPushButton* font = Find<QPushButton>("m_pSelectFont");
@@ -29,8 +27,7 @@ struct Fixture : HBPanelFixture<Panel>
 };
 
 /// Clicks the font button; `visit` ends the dialog.
-void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&)>& visit)
-{
+void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&)>& visit) {
     const HBShowsWindows silence;
     bool found = false;
     QTimer::singleShot(0, qApp, [&] {
@@ -45,8 +42,7 @@ void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&
 
 } // namespace
 
-class tst_HBWatermarkWidget : public QObject
-{
+class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
 private slots:
     void form();
@@ -62,8 +58,7 @@ private slots:
     void destroyedInTheDialog();
 };
 
-void tst_HBWatermarkWidget::form()
-{
+void tst_HBWatermarkWidget::form() {
     Fixture f;
     QCOMPARE(f.panel.objectName(), QString("WatermarkWidget"));
     QCOMPARE(f.panel.windowTitle(), QString("Watermark"));
@@ -115,11 +110,9 @@ void tst_HBWatermarkWidget::form()
     QCOMPARE(f.Value().blendingMode, 0);
 }
 
-void tst_HBWatermarkWidget::controls()
-{
+void tst_HBWatermarkWidget::controls() {
     Fixture f;
-    const struct
-    {
+    const struct {
         QWidget* control;
         int value;
         int angle;
@@ -141,10 +134,8 @@ void tst_HBWatermarkWidget::controls()
 }
 
 /// The record is kept as it is; the controls show what they can.
-void tst_HBWatermarkWidget::setValue()
-{
-    const struct
-    {
+void tst_HBWatermarkWidget::setValue() {
+    const struct {
         int angle;
         int shownAngle;
         int tiles;
@@ -172,8 +163,7 @@ void tst_HBWatermarkWidget::setValue()
     }
 }
 
-void tst_HBWatermarkWidget::texts()
-{
+void tst_HBWatermarkWidget::texts() {
     Fixture f;
     f.text->selectAll();
     QTest::keyClicks(f.text, "abc");
@@ -190,11 +180,9 @@ void tst_HBWatermarkWidget::texts()
 }
 
 /// No preview; an accepted dialog is always told, a cancelled one never.
-void tst_HBWatermarkWidget::colors()
-{
+void tst_HBWatermarkWidget::colors() {
     const QColor hsv = QColor::fromHsv(120, 255, 255);
-    const struct
-    {
+    const struct {
         QColor before;
         QColor pick;
         bool accepted;
@@ -212,8 +200,7 @@ void tst_HBWatermarkWidget::colors()
         QVERIFY(HBColorDialogUser::Open(f.color, [&](KMColorDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), QString("Select text color"));
             HBColorDialogUser user(dialog);
-            if (visit.pick.isValid())
-                user.Pick(visit.pick);
+            if (visit.pick.isValid()) user.Pick(visit.pick);
             QCOMPARE(f.Value().color, visit.before);
             user.Press(visit.accepted ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
         }));
@@ -223,8 +210,7 @@ void tst_HBWatermarkWidget::colors()
     }
 }
 
-void tst_HBWatermarkWidget::fonts()
-{
+void tst_HBWatermarkWidget::fonts() {
     Fixture f;
     HBWatermarkWidget::Params params;
     params.font.setPointSizeF(1e9);
@@ -250,8 +236,7 @@ void tst_HBWatermarkWidget::fonts()
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBWatermarkWidget::destroyedInTheDialog()
-{
+void tst_HBWatermarkWidget::destroyedInTheDialog() {
     for (const bool panelDies : {true, false}) {
         auto panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
         HBSignalRecorder recorder(panel.get());
@@ -262,8 +247,7 @@ void tst_HBWatermarkWidget::destroyedInTheDialog()
                 delete &dialog;
         };
         VisitFontDialog(panel->findChild<QPushButton*>("m_pSelectFont"), end);
-        if (panelDies)
-            panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
+        if (panelDies) panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
         QVERIFY(HBColorDialogUser::Open(panel->findChild<QPushButton*>("m_pColor"), end));
         QCOMPARE(!panel, panelDies);
         QCOMPARE(recorder.Take(), QStringList());

@@ -14,38 +14,32 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 /// Smooth, so that lossy formats keep it nearly; no symmetry, so that a turned picture shows.
-QImage Gradient(int width, int height)
-{
+QImage Gradient(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, qRgb(255 * x / width, 255 * y / height, 128));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(255 * x / width, 255 * y / height, 128));
     }
     return image;
 }
 
 /// A PNG that claims a size and holds nothing.
-QByteArray EmptyPng(const char* size)
-{
+QByteArray EmptyPng(const char* size) {
     static const char end[] = "\0\0\0\0IEND\xae\x42\x60\x82";
     return QByteArray("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16) + QByteArray::fromHex(size) + QByteArray(end, 12);
 }
 
 } // namespace
 
-class tst_HBPhotoFile : public QObject
-{
+class tst_HBPhotoFile : public QObject {
     Q_OBJECT
 private slots:
     void init() { m_pFolder = std::make_unique<HBTestFolder>(); }
     void cleanup() { m_pFolder.reset(); }
 
-    void Pixels_data()
-    {
+    void Pixels_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QImage::Format>("format");
         for (const QImage::Format format :
@@ -59,14 +53,12 @@ private slots:
         QTest::newRow("wrong suffix") << "a.png.jpg" << QImage::Format_ARGB32;
     }
     /// What Qt wrote is read with the same pixels, and so is what we write from it.
-    void Pixels()
-    {
+    void Pixels() {
         QFETCH(QString, name);
         QFETCH(QImage::Format, format);
         QImage source = Gradient(61, 37).convertToFormat(QImage::Format_ARGB32);
         if (QImage::toPixelFormat(format).alphaUsage() == QPixelFormat::UsesAlpha) {
-            for (int x = 0; x < 61; ++x)
-                source.setPixel(x, 5, qRgba(200, 100, 50, 4 * x));
+            for (int x = 0; x < 61; ++x) source.setPixel(x, 5, qRgba(200, 100, 50, 4 * x));
         }
         source = source.convertToFormat(format);
         const QString path = Path(name);
@@ -96,8 +88,7 @@ private slots:
                  photo.image.ToQImage().convertToFormat(compared));
     }
 
-    void QualityResolutionTransparency()
-    {
+    void QualityResolutionTransparency() {
         HBImage<> image = HBImage<>::FromQImage(Gradient(300, 200));
         image.SetHostValue(0, 11800);
         image.SetHostValue(1, 11800);
@@ -119,14 +110,11 @@ private slots:
         QVERIFY(QFileInfo(Path("a.png")).size() < 300 * 200);
     }
 
-    void CutShort_data()
-    {
+    void CutShort_data() {
         QTest::addColumn<QString>("suffix");
-        for (const char* suffix : {"jpg", "png", "tif", "webp", "bmp", "gif"})
-            QTest::newRow(suffix) << suffix;
+        for (const char* suffix : {"jpg", "png", "tif", "webp", "bmp", "gif"}) QTest::newRow(suffix) << suffix;
     }
-    void CutShort()
-    {
+    void CutShort() {
         QFETCH(QString, suffix);
         QString error;
         const QString path = Path("whole." + suffix);
@@ -160,8 +148,7 @@ private slots:
         }
     }
 
-    void NotAPhoto_data()
-    {
+    void NotAPhoto_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("missing") << "none.jpg" << QByteArray();
@@ -177,14 +164,11 @@ private slots:
         QTest::newRow("no pixels") << "a.png" << EmptyPng("000000000000000508060000005c6d387d");
         QTest::newRow("endless tiff") << "a.tif" << QByteArray("MM\0*\xff\xff\xff\xff", 8);
     }
-    void NotAPhoto()
-    {
+    void NotAPhoto() {
         QFETCH(QString, path);
         QFETCH(QByteArray, bytes);
-        if (!path.isEmpty() && !path.startsWith('/'))
-            path = Path(path);
-        if (!bytes.isNull())
-            QVERIFY(HBWriteBytes(path, bytes));
+        if (!path.isEmpty() && !path.startsWith('/')) path = Path(path);
+        if (!bytes.isNull()) QVERIFY(HBWriteBytes(path, bytes));
         HBPhoto photo;
         QString error;
         QVERIFY(!HBReadPhoto(path, &photo, &error));
@@ -192,8 +176,7 @@ private slots:
         QVERIFY(photo.image.IsEmpty());
     }
 
-    void CannotBeWritten_data()
-    {
+    void CannotBeWritten_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QSize>("size");
         QTest::newRow("unknown suffix") << "a.xyz" << QSize(8, 8);
@@ -202,8 +185,7 @@ private slots:
         QTest::newRow("no pixels") << "a.jpg" << QSize(0, 0);
         QTest::newRow("too wide") << "a.webp" << QSize(16384, 1);
     }
-    void CannotBeWritten()
-    {
+    void CannotBeWritten() {
         QFETCH(QString, name);
         QFETCH(QSize, size);
         QVERIFY(HBWriteBytes(Path("file"), "file"));
@@ -215,16 +197,14 @@ private slots:
         QCOMPARE(m_pFolder->Files(), before);
     }
 
-    void FullDiskKeepsTheOldFile_data()
-    {
+    void FullDiskKeepsTheOldFile_data() {
         QTest::addColumn<int>("room");
         QTest::newRow("large file") << 20000;
         QTest::newRow("file that fits into a buffer") << 100;
         QTest::newRow("no room at all") << 0;
     }
     /// A limit on the size of files stands for the full disk: the write fails in the same place.
-    void FullDiskKeepsTheOldFile()
-    {
+    void FullDiskKeepsTheOldFile() {
         QFETCH(int, room);
         QVERIFY(HBWriteBytes(Path("a.tif"), "old"));
         const int side = room > 1000 ? 200 : 10;
@@ -242,8 +222,7 @@ private slots:
         QCOMPARE(m_pFolder->Files(), QStringList("a.tif"));
     }
 
-    void RemarksAreTold()
-    {
+    void RemarksAreTold() {
         QString error;
         HBPhoto photo;
         QVERIFY(HBWritePhoto(Path("a.jpg"), HBImage<>::FromQImage(Gradient(300, 200)), {}, &error));
@@ -262,8 +241,7 @@ private slots:
         QCOMPARE(photo.warnings, QStringList("only the first of 2 pages is read"));
     }
 
-    void ManyThreads()
-    {
+    void ManyThreads() {
         HBImage<> image = HBImage<>::FromQImage(Gradient(130, 130));
         const QByteArray xmp = "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF "
                                "xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "

@@ -12,20 +12,15 @@
 #include <functional>
 #include <memory>
 
-namespace
-{
+namespace {
 
 constexpr QSize pictureSize(96, 64);
 
-QRgb ColourAt(int x, int y)
-{
-    return qRgb(2 * x, 3 * y, 100);
-}
+QRgb ColourAt(int x, int y) { return qRgb(2 * x, 3 * y, 100); }
 
 /// Where the file has the upright pixel (x, y) if it says this orientation. From the definition, by row and column 0:
 /// 1 top left, 2 top right, 3 bottom right, 4 bottom left, 5 left top, 6 right top, 7 right bottom, 8 left bottom.
-QPoint InFile(int orientation, int x, int y)
-{
+QPoint InFile(int orientation, int x, int y) {
     const int right = pictureSize.width() - 1 - x;
     const int bottom = pictureSize.height() - 1 - y;
     const QPoint places[] = {{x, y}, {right, y}, {right, bottom}, {x, bottom},
@@ -33,19 +28,16 @@ QPoint InFile(int orientation, int x, int y)
     return places[orientation - 1];
 }
 
-QImage Picture(int orientation)
-{
+QImage Picture(int orientation) {
     QImage image(orientation < 5 ? pictureSize : pictureSize.transposed(), QImage::Format_RGB32);
     for (int y = 0; y < pictureSize.height(); ++y) {
-        for (int x = 0; x < pictureSize.width(); ++x)
-            image.setPixel(InFile(orientation, x, y), ColourAt(x, y));
+        for (int x = 0; x < pictureSize.width(); ++x) image.setPixel(InFile(orientation, x, y), ColourAt(x, y));
     }
     return image;
 }
 
 /// Changes a file's metadata.
-void Tag(const QString& path, const std::function<void(Exiv2::Image&)>& change)
-{
+void Tag(const QString& path, const std::function<void(Exiv2::Image&)>& change) {
     const auto image = Exiv2::ImageFactory::open(path.toStdString());
     image->readMetadata();
     change(*image);
@@ -53,19 +45,15 @@ void Tag(const QString& path, const std::function<void(Exiv2::Image&)>& change)
 }
 
 /// A profile of this colour model, filled up to a size that takes several segments of a JPEG.
-QByteArray Profile(const char* model, int size = 150000)
-{
+QByteArray Profile(const char* model, int size = 150000) {
     QByteArray icc = QColorSpace(QColorSpace::SRgb).iccProfile();
-    for (int i = icc.size(); i < size; ++i)
-        icc.append(char(i * 31));
-    for (int i = 0; i < 4; ++i)
-        icc[i] = char(icc.size() >> (24 - 8 * i));
+    for (int i = icc.size(); i < size; ++i) icc.append(char(i * 31));
+    for (int i = 0; i < 4; ++i) icc[i] = char(icc.size() >> (24 - 8 * i));
     return icc.replace(16, 4, model, 4);
 }
 
 /// A grey profile: white point D50, gamma 2.2 (ICC.1:2022).
-QByteArray GreyProfile()
-{
+QByteArray GreyProfile() {
     QByteArray icc = Profile("GRAY", 0).left(128);
     for (const char* tag : {"00000002", "77747074 0000009c 00000014", "6b545243 000000b0 00000010",
                             "58595a20 00000000 0000f6d6 00010000 0000d32d", "63757276 00000000 00000001 02330000"})
@@ -75,14 +63,12 @@ QByteArray GreyProfile()
     return icc;
 }
 
-void SetProfile(Exiv2::Image& image, const QByteArray& icc)
-{
+void SetProfile(Exiv2::Image& image, const QByteArray& icc) {
     Exiv2::DataBuf buffer(reinterpret_cast<const Exiv2::byte*>(icc.constData()), icc.size());
     image.setIccProfile(buffer);
 }
 
-void TagFully(Exiv2::Image& image)
-{
+void TagFully(Exiv2::Image& image) {
     Exiv2::ExifData& exif = image.exifData();
     exif["Exif.Image.Make"] = "Maker";
     exif["Exif.Image.Orientation"] = std::uint16_t(6);
@@ -102,42 +88,35 @@ void TagFully(Exiv2::Image& image)
 }
 
 template <class Key, class Data>
-QString Text(const Data& data, const char* key)
-{
+QString Text(const Data& data, const char* key) {
     const auto datum = data.findKey(Key(key));
     return datum == data.end() ? QString() : QString::fromStdString(datum->toString());
 }
 
-QString Text(const Exiv2::Image& image, const char* key)
-{
-    if (key[0] == 'E')
-        return Text<Exiv2::ExifKey>(image.exifData(), key);
+QString Text(const Exiv2::Image& image, const char* key) {
+    if (key[0] == 'E') return Text<Exiv2::ExifKey>(image.exifData(), key);
     return key[0] == 'X' ? Text<Exiv2::XmpKey>(image.xmpData(), key) : Text<Exiv2::IptcKey>(image.iptcData(), key);
 }
 
 } // namespace
 
-class tst_HBPhotoMetadata : public QObject
-{
+class tst_HBPhotoMetadata : public QObject {
     Q_OBJECT
 private slots:
     void init() { m_pFolder = std::make_unique<HBTestFolder>(); }
     void cleanup() { m_pFolder.reset(); }
 
-    void Orientation_data()
-    {
+    void Orientation_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("orientation");
         for (const char* suffix : {"jpg", "png", "tif", "webp"}) {
             for (int orientation = 1; orientation <= 8; ++orientation)
                 QTest::addRow("%s %d", suffix, orientation) << QString("a.%1").arg(suffix) << orientation;
         }
-        for (int outOfRange : {0, 9, 65535})
-            QTest::addRow("png %d", outOfRange) << "a.png" << outOfRange;
+        for (int outOfRange : {0, 9, 65535}) QTest::addRow("png %d", outOfRange) << "a.png" << outOfRange;
     }
     /// Applied when read, gone when written, whatever the format.
-    void Orientation()
-    {
+    void Orientation() {
         QFETCH(QString, name);
         QFETCH(int, orientation);
         QVERIFY(Picture(orientation < 1 || orientation > 8 ? 1 : orientation).save(Path(name), nullptr, 100));
@@ -152,8 +131,7 @@ private slots:
         CompareUpright(photo.image);
     }
 
-    void RoundTrip_data()
-    {
+    void RoundTrip_data() {
         QTest::addColumn<QString>("first");
         QTest::addColumn<QString>("second");
         for (const char* first : {"jpg", "png", "tif", "webp"}) {
@@ -163,8 +141,7 @@ private slots:
         }
     }
     /// From a tagged photo to one format, and from that to another.
-    void RoundTrip()
-    {
+    void RoundTrip() {
         QFETCH(QString, first);
         QFETCH(QString, second);
         QVERIFY(Picture(6).save(Path("a.jpg"), nullptr, 100));
@@ -209,8 +186,7 @@ private slots:
     }
 
     /// As others read it: every format with one profile, lossless WebP with and without alpha too.
-    void ProfileIsThereOnce_data()
-    {
+    void ProfileIsThereOnce_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("quality");
         QTest::addColumn<int>("alpha");
@@ -223,8 +199,7 @@ private slots:
             }
         }
     }
-    void ProfileIsThereOnce()
-    {
+    void ProfileIsThereOnce() {
         QFETCH(QString, name);
         QFETCH(int, quality);
         QFETCH(int, alpha);
@@ -235,16 +210,14 @@ private slots:
         QString error;
         QVERIFY2(HBWritePhoto(Path(name), image, {quality}, &error), qPrintable(error));
         const QByteArray bytes = HBBytesOf(Path(name));
-        if (name != "a.tif")
-            QCOMPARE(bytes.count("ICC_PROFILE") + bytes.count("iCCP") + bytes.count("ICCP"), 1);
+        if (name != "a.tif") QCOMPARE(bytes.count("ICC_PROFILE") + bytes.count("iCCP") + bytes.count("ICCP"), 1);
         const QImage read(Path(name));
         QCOMPARE(read.colorSpace(), QColorSpace(QColorSpace::SRgb));
         QCOMPARE(read.colorSpace().iccProfile(), icc);
         QCOMPARE(qAlpha(read.pixel(40, 40)), alpha);
     }
 
-    void GreyPictures()
-    {
+    void GreyPictures() {
         QImage grey(40, 30, QImage::Format_Grayscale8);
         grey.fill(90);
         QString error;
@@ -267,8 +240,7 @@ private slots:
         QVERIFY(photo.image.Profile().IsEmpty());
     }
 
-    void ProfileThatDoesNotFit()
-    {
+    void ProfileThatDoesNotFit() {
         QVERIFY(Picture(1).save(Path("a.jpg")));
         Tag(Path("a.jpg"), [](auto& image) { SetProfile(image, Profile("CMYK", 600)); });
         HBPhoto photo;
@@ -279,8 +251,7 @@ private slots:
     }
 
     /// The picture is what counts: metadata that a format cannot take is told, not fatal.
-    void WhatCannotBeStored_data()
-    {
+    void WhatCannotBeStored_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("key");
         QTest::addColumn<QByteArray>("value");
@@ -297,8 +268,7 @@ private slots:
         QTest::newRow("no such tag") << "a.png" << QByteArray("Exif.Nonsense.Tag") << QByteArray("x") << "EXIF";
         QTest::newRow("no key") << "a.png" << QByteArray() << QByteArray("x") << "EXIF";
     }
-    void WhatCannotBeStored()
-    {
+    void WhatCannotBeStored() {
         QFETCH(QString, name);
         QFETCH(QByteArray, key);
         QFETCH(QByteArray, value);
@@ -317,8 +287,7 @@ private slots:
     }
 
     /// Metadata cut or overwritten at every place never costs the picture, nor the program.
-    void BrokenTags()
-    {
+    void BrokenTags() {
         QVERIFY(Picture(1).save(Path("a.jpg")));
         Tag(Path("a.jpg"), [](auto& image) {
             TagFully(image);
@@ -331,10 +300,8 @@ private slots:
         const int iptc = whole.indexOf("Photoshop 3.0");
         QVERIFY(exif > 0 && exif < xmp && xmp < iptc);
         for (int position = exif + 6; position < iptc + 30; ++position) {
-            if (position == xmp - 4)
-                position = xmp;
-            if (position == iptc - 4)
-                position = iptc;
+            if (position == xmp - 4) position = xmp;
+            if (position == iptc - 4) position = iptc;
             QByteArray broken = whole;
             broken[position] = char(~broken[position]);
             QVERIFY(HBWriteBytes(Path("b.jpg"), broken));
@@ -349,8 +316,7 @@ private:
     QString Path(const QString& name) const { return m_pFolder->filePath(name); }
 
     /// Within what JPEG loses.
-    void CompareUpright(const HBImage<>& image)
-    {
+    void CompareUpright(const HBImage<>& image) {
         QCOMPARE(QSize(image.Width(), image.Height()), pictureSize);
         for (int y = 0; y < pictureSize.height(); y += 5) {
             for (int x = 0; x < pictureSize.width(); x += 5) {
@@ -358,8 +324,7 @@ private:
                 const QRgb expected = ColourAt(x, y);
                 const int difference =
                     qMax(qAbs(qRed(found) - qRed(expected)), qAbs(qGreen(found) - qGreen(expected)));
-                if (difference > 8)
-                    QCOMPARE(QColor(found), QColor(expected));
+                if (difference > 8) QCOMPARE(QColor(found), QColor(expected));
             }
         }
     }

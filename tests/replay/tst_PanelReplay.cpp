@@ -15,13 +15,11 @@
 #include <csignal>
 #include <memory>
 
-namespace
-{
+namespace {
 
 constexpr char brightnessRecipe[] = SAMPLE_RECIPES "/HBBrightnessContrastWidget.json";
 
-struct Outcome
-{
+struct Outcome {
     int code = -1;
     QString out;
     QString err;
@@ -29,12 +27,10 @@ struct Outcome
 
 } // namespace
 
-class tst_PanelReplay : public QObject
-{
+class tst_PanelReplay : public QObject {
     Q_OBJECT
 private slots:
-    void init()
-    {
+    void init() {
         m_pFolder = std::make_unique<HBTestFolder>();
         QVERIFY(QDir(m_pFolder->path()).mkdir("sub"));
         for (const char* name : {"a.png", "b.png", "sub/a.png"})
@@ -42,8 +38,7 @@ private slots:
     }
     void cleanup() { m_pFolder.reset(); }
 
-    void Lists()
-    {
+    void Lists() {
         const Outcome outcome = Replay({"list"});
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString());
@@ -54,8 +49,7 @@ private slots:
             QString("HBBrightnessContrastWidget\tKMBrightnessContrast 1.00000\tTonal\tBrightness and Contrast"));
     }
 
-    void HelpAndVersion()
-    {
+    void HelpAndVersion() {
         const Outcome help = Replay({"--help"});
         QCOMPARE(help.code, 0);
         for (const char* word : {"apply RECIPE FILE", "--quality", "--overwrite", "Exit code"})
@@ -65,8 +59,7 @@ private slots:
         QVERIFY(QRegularExpression("^panel-replay \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch());
     }
 
-    void WrongUsage_data()
-    {
+    void WrongUsage_data() {
         QTest::addColumn<QString>("arguments");
         QTest::addColumn<QString>("message");
         const char* const rows[][2] = {
@@ -87,11 +80,9 @@ private slots:
             {"list -o out", "--help"},
             {"list --quality 9", "--help"},
         };
-        for (const auto& [arguments, message] : rows)
-            QTest::newRow(arguments) << arguments << message;
+        for (const auto& [arguments, message] : rows) QTest::newRow(arguments) << arguments << message;
     }
-    void WrongUsage()
-    {
+    void WrongUsage() {
         QFETCH(QString, arguments);
         QFETCH(QString, message);
         QVERIFY(HBWriteBytes(Path("newer.json"), HBBytesOf(brightnessRecipe).replace(": 1\n", ": 2\n")));
@@ -105,8 +96,7 @@ private slots:
     }
 
     /// Of a recipe, by the formula itself.
-    void WritesWhatTheFormulaSays()
-    {
+    void WritesWhatTheFormulaSays() {
         HBBrightnessContrastWidget panel(false, nullptr, {});
         panel.SetValue({30, 40});
         const char* name = panel.metaObject()->className();
@@ -127,8 +117,7 @@ private slots:
         QCOMPARE(written.image.ToQImage(), expected.ToQImage());
     }
 
-    void BadFilesDoNotStopTheRest()
-    {
+    void BadFilesDoNotStopTheRest() {
         QVERIFY(HBWriteBytes(Path("cut.png"), HBBytesOf(Path("a.png")).left(500)));
         QVERIFY(HBWriteBytes(Path("kind.xyz"), HBBytesOf(Path("a.png"))));
         const Outcome outcome =
@@ -140,8 +129,7 @@ private slots:
         QCOMPARE(m_pFolder->Files("out"), QStringList({"a.png", "b.png"}));
     }
 
-    void NothingIsOverwrittenUnasked()
-    {
+    void NothingIsOverwrittenUnasked() {
         const QByteArray original = HBBytesOf(Path("a.png"));
         const Outcome own = Replay({"apply", brightnessRecipe, "a.png", "-o", "."});
         QCOMPARE(own.code, 1);
@@ -159,11 +147,9 @@ private slots:
         QVERIFY(HBBytesOf(Path("a.png")) != original);
     }
 
-    void FormatAndNames()
-    {
+    void FormatAndNames() {
         const QStringList names = {"ä b.png", "-title.png", "no.suffix.but.dots.png", "plain"};
-        for (const QString& name : names)
-            QVERIFY(QFile::copy(Path("a.png"), Path(name)));
+        for (const QString& name : names) QVERIFY(QFile::copy(Path("a.png"), Path(name)));
         const Outcome outcome = Replay(
             QStringList{"apply", "-o", "out", "--format", "JPG", "--quality", "50", "--", brightnessRecipe} +
             names);
@@ -176,8 +162,7 @@ private slots:
         }
     }
 
-    void EveryPanelHasItsDemonstration()
-    {
+    void EveryPanelHasItsDemonstration() {
         const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"});
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err)); // names the missing samples/recipes/<panel>.json
         const QImage original(Path("a.png"));
@@ -191,8 +176,7 @@ private slots:
     }
 
     /// Whole files or none, and an end that comes soon.
-    void Interrupted()
-    {
+    void Interrupted() {
         QStringList arguments = {"apply", brightnessRecipe, "-o", "out"};
         QVERIFY(HBTestRamp(1200, 1200).ToQImage().save(Path("large.png")));
         for (int i = 0; i < 60; ++i) {
@@ -204,8 +188,7 @@ private slots:
         process.setReadChannel(QProcess::StandardError);
         process.start(PANEL_REPLAY, arguments);
         QByteArray err;
-        while (!err.contains("[1/60]") && process.waitForReadyRead())
-            err += process.readAllStandardError();
+        while (!err.contains("[1/60]") && process.waitForReadyRead()) err += process.readAllStandardError();
         QVERIFY2(err.contains("[1/60]"), err.constData());
         ::kill(pid_t(process.processId()), SIGINT);
         QVERIFY(process.waitForFinished());
@@ -224,8 +207,7 @@ private slots:
 
 private:
     /// Without a display or a locale, as under cron.
-    Outcome Replay(const QStringList& arguments) const
-    {
+    Outcome Replay(const QStringList& arguments) const {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name :

@@ -10,35 +10,30 @@
 
 #include <chrono>
 
-void HBTestGate::Set(int allowed, bool obsoletePasses)
-{
+void HBTestGate::Set(int allowed, bool obsoletePasses) {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     m_Allowed = allowed;
     m_ObsoletePasses = obsoletePasses;
     m_Changed.notify_all();
 }
 
-void HBTestGate::Let(int tiles)
-{
+void HBTestGate::Let(int tiles) {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     m_Allowed += tiles;
     m_Changed.notify_all();
 }
 
-bool HBTestGate::WaitForHeld(int tiles)
-{
+bool HBTestGate::WaitForHeld(int tiles) {
     std::unique_lock<std::mutex> lock(m_Mutex);
     return m_Changed.wait_for(lock, std::chrono::seconds(10), [&] { return m_Allowed == 0 && m_Held >= tiles; });
 }
 
-int HBTestGate::Passed() const
-{
+int HBTestGate::Passed() const {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     return m_Passed;
 }
 
-void HBTestGate::Pass()
-{
+void HBTestGate::Pass() {
     std::unique_lock<std::mutex> lock(m_Mutex);
     ++m_Held;
     m_Changed.notify_all();
@@ -47,31 +42,24 @@ void HBTestGate::Pass()
     // Nobody tells when a job becomes obsolete, so that is asked from time to time.
     while (m_Allowed == 0 && !(m_ObsoletePasses && m_IsObsolete()) && std::chrono::steady_clock::now() < limit)
         m_Changed.wait_for(lock, std::chrono::milliseconds(1));
-    if (m_Allowed > 0 && m_Allowed < Unlimited)
-        --m_Allowed;
+    if (m_Allowed > 0 && m_Allowed < Unlimited) --m_Allowed;
     --m_Held;
     ++m_Passed;
     m_Changed.notify_all();
 }
 
-namespace
-{
+namespace {
 
-class GatedInversion
-{
+class GatedInversion {
 public:
     GatedInversion(std::shared_ptr<HBTestGate> gate, std::function<void()> onTile)
         : m_pGate(std::move(gate))
-        , m_OnTile(std::move(onTile))
-    {
-    }
+        , m_OnTile(std::move(onTile)) {}
 
     void SetProcessingBuffer(HBRGBA32i* pixels) { m_pPixels = pixels; }
-    void operator()(int first, int count) const
-    {
+    void operator()(int first, int count) const {
         m_pGate->Pass();
-        if (m_OnTile)
-            m_OnTile();
+        if (m_OnTile) m_OnTile();
         for (HBRGBA32i* pixel = m_pPixels + first; pixel != m_pPixels + first + count; ++pixel)
             *pixel = HBRGBA32i::FromRgba(pixel->ToRgba() ^ 0xFFFFFF);
     }
@@ -84,8 +72,7 @@ private:
 
 } // namespace
 
-struct HBLatchPanel::Data : HBJobData
-{
+struct HBLatchPanel::Data : HBJobData {
     std::function<void()> onTile;
 };
 
@@ -94,49 +81,35 @@ HBLatchPanel::HBLatchPanel(bool dialog, QWidget* parent)
     , m_pGate(std::make_shared<HBTestGate>([this] {
         const QReadLocker guard(&GetDataGuard());
         return GetNewData();
-    }))
-{
+    })) {
     GetUIContent()->setWindowTitle("Latch");
 }
 
-HBLatchPanel::~HBLatchPanel()
-{
+HBLatchPanel::~HBLatchPanel() {
     m_pGate->OpenWhenObsolete();
     FinishJob();
 }
 
-void HBLatchPanel::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
-{
+void HBLatchPanel::StartJobWatching(QFutureWatcher<HBImage<>>* watcher) {
     ++starts;
-    if (onStart)
-        onStart();
-    if (hasJob)
-        HBStartJob(watcher, this, &HBLatchPanel::Process, Data{JobData(), onTile});
+    if (onStart) onStart();
+    if (hasJob) HBStartJob(watcher, this, &HBLatchPanel::Process, Data{JobData(), onTile});
 }
 
-void HBLatchPanel::CancelProcessing()
-{
+void HBLatchPanel::CancelProcessing() {
     ++cancels;
     SetCancelProcessing(true);
 }
 
-HBImage<> HBLatchPanel::Process(Data job)
-{
-    return RunTransformation(job, GatedInversion(m_pGate, job.onTile));
-}
+HBImage<> HBLatchPanel::Process(Data job) { return RunTransformation(job, GatedInversion(m_pGate, job.onTile)); }
 
-HBProgressDialogWatch::HBProgressDialogWatch(Action action) : m_Action(std::move(action))
-{
+HBProgressDialogWatch::HBProgressDialogWatch(Action action) : m_Action(std::move(action)) {
     qApp->installEventFilter(this);
 }
 
-HBProgressDialogWatch::~HBProgressDialogWatch()
-{
-    qApp->removeEventFilter(this);
-}
+HBProgressDialogWatch::~HBProgressDialogWatch() { qApp->removeEventFilter(this); }
 
-bool HBProgressDialogWatch::eventFilter(QObject* watched, QEvent* event)
-{
+bool HBProgressDialogWatch::eventFilter(QObject* watched, QEvent* event) {
     auto* dialog = event->type() == QEvent::Show ? qobject_cast<HBOperationProgressDlg*>(watched) : nullptr;
     if (dialog) {
         ++m_Count;

@@ -14,8 +14,7 @@
 class HBOperationProgressDlg;
 
 /// Where the tiles of a test job wait until the test lets them through.
-class HBTestGate
-{
+class HBTestGate {
 public:
     /// \param isObsolete asked by a waiting tile
     explicit HBTestGate(std::function<bool()> isObsolete) : m_IsObsolete(std::move(isObsolete)) {}
@@ -50,8 +49,7 @@ private:
 };
 
 /// A panel whose job inverts the colours, one tile at a time through a gate, which is open at first.
-class HBLatchPanel : public HBAdjustmentWidget
-{
+class HBLatchPanel : public HBAdjustmentWidget {
     Q_OBJECT
 public:
     explicit HBLatchPanel(bool dialog = true, QWidget* parent = nullptr);
@@ -90,8 +88,7 @@ private:
 };
 
 /// Acts whenever a progress dialog has opened, from inside its event loop.
-class HBProgressDialogWatch : public QObject
-{
+class HBProgressDialogWatch : public QObject {
 public:
     using Action = std::function<void(HBOperationProgressDlg*)>;
 

@@ -7,11 +7,9 @@
 #include <QVector>
 
 /// Catches the debug lines while it lives; everything else goes to the test's own log. One at a time.
-class HBLogCapture
-{
+class HBLogCapture {
 public:
-    struct Line
-    {
+    struct Line {
         QString text;
         QString context; ///< file, function and category that came along, as far as they did
     };
@@ -31,8 +29,7 @@ private:
 
 /// While it lives, windows may be shown: silences what a platform without a screen remarks about each of them. Create
 /// it before an HBLogCapture.
-class HBShowsWindows
-{
+class HBShowsWindows {
 public:
     HBShowsWindows();
     ~HBShowsWindows();

@@ -13,8 +13,7 @@ class HBAdjustmentWidget;
 
 /// Writes down every signal of a panel, those of its base classes up to KMAdjustmentWidget included, in the order in
 /// which they are emitted and with their arguments, as "ProgressRangeChanged(0,6)".
-class HBSignalRecorder : public QObject
-{
+class HBSignalRecorder : public QObject {
 public:
     explicit HBSignalRecorder(HBAdjustmentWidget* panel);
 
@@ -51,8 +50,7 @@ int HBTimerCount(const HBAdjustmentWidget& panel);
 bool HBIsIdle(const HBAdjustmentWidget& panel);
 
 /// The size of the global thread pool for the time of a test.
-class HBPoolSize
-{
+class HBPoolSize {
 public:
     explicit HBPoolSize(int threads);
     ~HBPoolSize();

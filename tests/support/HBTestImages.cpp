@@ -2,35 +2,29 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestImages.h"
 
-namespace
-{
+namespace {
 
-HBImage<> Generate(int width, int height, const std::function<QRgb(int, int)>& colour)
-{
+HBImage<> Generate(int width, int height, const std::function<QRgb(int, int)>& colour) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, colour(x, y));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y));
     }
     return HBImage<>::FromQImage(image);
 }
 
 } // namespace
 
-HBImage<> HBTestRamp(int width, int height)
-{
+HBImage<> HBTestRamp(int width, int height) {
     return Generate(width, height, [](int x, int y) {
         return qRgba((x + 3 * y) & 255, (5 * x + y) & 255, (x * y) & 255, 255 - ((x / 3 + y / 5) & 255));
     });
 }
 
-HBImage<> HBTestColourCube(int step)
-{
+HBImage<> HBTestColourCube(int step) {
     const int levels = (254 + step) / step + 1;
     const int colours = levels * levels * levels;
     int side = 1;
-    while (side * side < colours)
-        ++side;
+    while (side * side < colours) ++side;
     auto level = [=](int index) { return qMin(255, index % levels * step); };
     return Generate(side, side, [=](int x, int y) {
         const int index = (y * side + x) % colours;
@@ -38,35 +32,30 @@ HBImage<> HBTestColourCube(int step)
     });
 }
 
-HBImage<> HBTestMask(int width, int height)
-{
+HBImage<> HBTestMask(int width, int height) {
     return Generate(width, height, [](int x, int y) {
         const int coverage = qBound(0, (7 * x + 11 * y) % 512 - 128, 255);
         return qRgba(coverage, coverage, coverage, coverage);
     });
 }
 
-HBImage<> HBTestMask(int width, int height, int coverage)
-{
+HBImage<> HBTestMask(int width, int height, int coverage) {
     return Generate(width, height, [=](int, int) { return qRgba(coverage, coverage, coverage, coverage); });
 }
 
-QVector<QSize> HBAwkwardSizes()
-{
+QVector<QSize> HBAwkwardSizes() {
     return {{1, 1}, {127, 127}, {128, 128}, {129, 129}, {257, 130}, {1, 300}, {300, 1}};
 }
 
 HBImage<> HBPlainLoop(const HBImage<>& source, const std::function<HBRGBA32i(HBRGBA32i)>& operation,
-                      const HBImage<>& mask, const QPoint& offset, const QRect& bounds)
-{
+                      const HBImage<>& mask, const QPoint& offset, const QRect& bounds) {
     const QImage before = source.ToQImage();
     const QImage coverages = mask.ToQImage();
     const QRect selected = bounds.translated(offset);
     return Generate(source.Width(), source.Height(), [&](int x, int y) {
         const QRgb old = before.pixel(x, y);
         const QRgb adjusted = operation(HBRGBA32i::FromRgba(old)).ToRgba();
-        if (!bounds.isValid())
-            return adjusted;
+        if (!bounds.isValid()) return adjusted;
         const QPoint onMask = QPoint(x, y) - offset;
         const bool covered = selected.contains(x, y) && coverages.rect().contains(onMask);
         const int coverage = covered ? qAlpha(coverages.pixel(onMask)) : 0;

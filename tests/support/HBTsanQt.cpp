@@ -12,94 +12,80 @@
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
 
-namespace
-{
+namespace {
 
 char jobStart;
 char jobEnd;
 
 /// Qt's own function of that (mangled) name.
 template <class Result, class... Arguments>
-Result CallQt(const char* name, Arguments... arguments)
-{
+Result CallQt(const char* name, Arguments... arguments) {
     const auto function = reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name));
     return function(arguments...);
 }
 
 } // namespace
 
-void QReadWriteLock::lockForRead()
-{
+void QReadWriteLock::lockForRead() {
     CallQt<void>("_ZN14QReadWriteLock11lockForReadEv", this);
     __tsan_acquire(this);
 }
 
-void QReadWriteLock::lockForWrite()
-{
+void QReadWriteLock::lockForWrite() {
     CallQt<void>("_ZN14QReadWriteLock12lockForWriteEv", this);
     __tsan_acquire(this);
 }
 
-void QReadWriteLock::unlock()
-{
+void QReadWriteLock::unlock() {
     __tsan_release(this);
     CallQt<void>("_ZN14QReadWriteLock6unlockEv", this);
 }
 
 /// The threads of a parallel map.
-bool QThreadPool::tryStart(QRunnable* runnable)
-{
+bool QThreadPool::tryStart(QRunnable* runnable) {
     __tsan_release(runnable);
     return CallQt<bool>("_ZN11QThreadPool8tryStartEP9QRunnable", this, runnable);
 }
 
-void QtConcurrent::ThreadEngineBase::run()
-{
+void QtConcurrent::ThreadEngineBase::run() {
     __tsan_acquire(static_cast<QRunnable*>(this));
     CallQt<void>("_ZN12QtConcurrent16ThreadEngineBase3runEv", this);
 }
 
 /// Jobs, and further threads of a map.
-void QThreadPool::start(QRunnable* runnable, int priority)
-{
+void QThreadPool::start(QRunnable* runnable, int priority) {
     __tsan_release(runnable);
     __tsan_release(&jobStart);
     CallQt<void>("_ZN11QThreadPool5startEP9QRunnablei", this, runnable, priority);
 }
 
 /// The first thing that a job asks.
-bool QFutureInterfaceBase::isCanceled() const
-{
+bool QFutureInterfaceBase::isCanceled() const {
     __tsan_acquire(&jobStart);
     return CallQt<bool>("_ZNK20QFutureInterfaceBase10isCanceledEv", this);
 }
 
-void QFutureInterfaceBase::reportResultsReady(int begin, int end)
-{
+void QFutureInterfaceBase::reportResultsReady(int begin, int end) {
     __tsan_release(&jobEnd);
     CallQt<void>("_ZN20QFutureInterfaceBase18reportResultsReadyEii", this, begin, end);
 }
 
-void QFutureInterfaceBase::reportFinished()
-{
+void QFutureInterfaceBase::reportFinished() {
     __tsan_release(&jobEnd);
     CallQt<void>("_ZN20QFutureInterfaceBase14reportFinishedEv", this);
 }
 
-void QFutureInterfaceBase::waitForFinished()
-{
+void QFutureInterfaceBase::waitForFinished() {
     CallQt<void>("_ZN20QFutureInterfaceBase15waitForFinishedEv", this);
     __tsan_acquire(&jobEnd);
 }
 
-QtPrivate::ResultStoreBase& QFutureInterfaceBase::resultStoreBase()
-{
+QtPrivate::ResultStoreBase& QFutureInterfaceBase::resultStoreBase() {
     __tsan_acquire(&jobEnd);
     return CallQt<QtPrivate::ResultStoreBase&>("_ZN20QFutureInterfaceBase15resultStoreBaseEv", this);
 }
 
-const QtPrivate::ResultStoreBase& QFutureInterfaceBase::resultStoreBase() const
-{
+const QtPrivate::ResultStoreBase& QFutureInterfaceBase::resultStoreBase() const {
     __tsan_acquire(&jobEnd);
     return CallQt<const QtPrivate::ResultStoreBase&>("_ZNK20QFutureInterfaceBase15resultStoreBaseEv", this);
 }
