@@ -11,6 +11,7 @@
 #include <HBAdjustmentProcessingTemplate.h>
 #include <HBColorEnhancerTransformation.h>
 #include <HBFloodFillHelper.h>
+#include <HBHistogrammCalculator.h>
 #include <HBHueSaturationTransformation.h>
 #include <HBIterativeBlackAndWhiteTransformation.h>
 #include <HBIterativeBrightnessContrastTransformation.h>
@@ -22,6 +23,7 @@
 #include <HBIterativeLevelsTransformation.h>
 #include <HBIterativePhotoFilterTransformation.h>
 #include <HBIterativePosterizeTransformation.h>
+#include <HBOverlay.h>
 #include <HBParallel.h>
 #include <HBTemperatureCorrection.h>
 #include <HBTintRGB32.h>
@@ -31,7 +33,8 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <atomic>
 #include <functional>
@@ -247,6 +250,47 @@ void RegisterFlood(const char* name)
     });
 }
 
+void RegisterHistogram(const char* name)
+{
+    Register(name, [](benchmark::State& state) {
+        Photo();
+        for (auto _ : state)
+            benchmark::DoNotOptimize(HBHistogrammCalculator::Count(Photo(), QRect(0, 0, Width, Height)));
+    });
+}
+
+/// Overlays that cover the picture.
+void RegisterOverlays(std::vector<HBBenchmarkAim>& aims)
+{
+    static const QTemporaryDir folder;
+    HBSignWidget::Params sign;
+    sign.fileName = folder.filePath("stamp.png");
+    sign.margins = QRect(QPoint(0, 0), QPoint(0, 0));
+    sign.opacity = 50;
+    QImage stamp(1500, 1000, QImage::Format_ARGB32);
+    stamp.fill(QColor(200, 120, 40, 180));
+    stamp.save(sign.fileName);
+    HBWatermarkWidget::Params watermark;
+    watermark.text = "Adjustment Panels";
+    watermark.font.setPointSize(300);
+    watermark.opacity = 50;
+    watermark.margins = sign.margins;
+    const auto overlay = [](const char* name, auto draw, const auto& params) {
+        Register(name, [=](benchmark::State& state) {
+            Photo();
+            QString error;
+            for (auto _ : state)
+                benchmark::DoNotOptimize(draw(Photo(), params, &error));
+            if (!error.isEmpty())
+                state.SkipWithError(qPrintable(error));
+        });
+    };
+    overlay("Sign", &HBDrawSign, sign);
+    overlay("Watermark", &HBDrawWatermark, watermark);
+    aims.push_back({"Sign", "TileRead", 6.0, 0.0});
+    aims.push_back({"Watermark", "TileRead", 6.0, 0.0});
+}
+
 void RegisterColour(std::vector<HBBenchmarkAim>& aims)
 {
     const HBRGBA32i orange(236, 138, 0);
@@ -317,7 +361,10 @@ std::vector<HBBenchmarkAim> RegisterAll()
     std::vector<HBBenchmarkAim> aims = {{"BrightnessContrast", "BrightnessContrast_OpenCV", 2.0, 2.5}};
     for (const char* name : {"Gamma", "Exposure", "Posterize", "Levels", "Curves", "Threshold"})
         aims.push_back({name, "Lut_OpenCV", 2.0, 2.5});
+    RegisterHistogram("Histogram");
+    aims.push_back({"Histogram", "TileRead", 6.0, 1.0 / 3.0});
     RegisterColour(aims);
+    RegisterOverlays(aims);
     return aims;
 }
 
@@ -325,7 +372,8 @@ std::vector<HBBenchmarkAim> RegisterAll()
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv); // for the fonts of the watermark
     const std::vector<HBBenchmarkAim> aims = RegisterAll();
     // Medians of many short repetitions, interleaved: another program on the machine then disturbs all alike.
     std::vector<char*> arguments(argv, argv + argc);

@@ -12,6 +12,8 @@
 
 #include <QDataStream>
 
+#include <new>
+
 namespace
 {
 
@@ -32,8 +34,13 @@ bool HBWatermarkWidget::Params::Read(QDataStream& stream)
 {
     if (!HBReadTag(stream, Tag))
         return false;
-    stream >> angle >> margins >> text >> font >> color >> blendingMode >> opacity >> horizontalTiles >>
-        verticalTiles;
+    try {
+        stream >> angle >> margins >> text >> font >> color >> blendingMode >> opacity >> horizontalTiles >>
+            verticalTiles;
+    } catch (const std::bad_alloc&) {
+        // Qt makes room for as many names of a font as the record says that there are.
+        stream.setStatus(QDataStream::ReadCorruptData);
+    }
     return stream.status() == QDataStream::Ok;
 }
 
