@@ -52,14 +52,15 @@ QString Filter(const QStringList& suffixes)
 {
     if (suffixes.isEmpty())
         return {};
-    auto tr = [](const char* text) { return QCoreApplication::translate("KMImageFileManager", text); };
-    QStringList filters = {tr("Images") + " (" + Patterns(suffixes) + ')'};
+    QStringList filters = {QCoreApplication::translate("KMImageFileManager", "Images") + " (" +
+                           Patterns(suffixes) + ')'};
     for (const Format& format : namedFormats) {
         const QStringList own = QString::fromLatin1(format.suffixes).split(' ');
         if (suffixes.contains(own.first()))
-            filters.append(tr(format.name) + " (" + Patterns(own) + ')');
+            filters.append(QCoreApplication::translate("KMImageFileManager", format.name) + " (" + Patterns(own) +
+                           ')');
     }
-    filters.append(tr("All files") + " (*)");
+    filters.append(QCoreApplication::translate("KMImageFileManager", "All files") + " (*)");
     return filters.join(";;");
 }
 
