@@ -86,3 +86,38 @@ inline double HBMeanDifference(const QImage& a, const QImage& b) {
     }
     return sum / (4.0 * size.width() * size.height());
 }
+
+/// Whether the overlay differs by at most a level from a layer at that place as QPainter composes it. What the layer
+/// does not cover keeps its bytes; QPainter's way through premultiplied pixels loses some.
+inline bool HBIsComposed(const QImage& drawn, const QImage& picture, const QImage& layer, QPoint at, int mode,
+                         int opacity) {
+    QImage expected = picture;
+    QPainter painter(&expected);
+    painter.setCompositionMode(QPainter::CompositionMode(mode));
+    painter.setOpacity(opacity / 100.0);
+    painter.drawImage(at, layer);
+    painter.end();
+    int covered = 0;
+    for (int y = 0; y < layer.height(); ++y) {
+        for (int x = 0; x < layer.width(); ++x) {
+            const bool untouched = opacity == 0 || qAlpha(layer.pixel(x, y)) == 0;
+            covered += untouched ? 0 : 1;
+            if (untouched) expected.setPixel(at + QPoint(x, y), picture.pixel(at + QPoint(x, y)));
+        }
+    }
+    const double difference = HBLargestDifference(drawn, expected);
+    if (difference > 1) qWarning("mode %d at %d %%: off by %g", mode, opacity, difference);
+    return difference <= 1 && (opacity == 0 || covered > 5000);
+}
+
+/// Whether a function draws the same on a picture and on one twenty times its size, in either orientation.
+template <class Draw>
+bool HBLooksTheSameAtAnySize(const Draw& draw) {
+    for (const QSize shape : {QSize(300, 200), QSize(300, 450)}) {
+        const QImage plain = HBPlain(shape.width(), shape.height(), Qt::darkBlue);
+        const QImage small = draw(plain);
+        const QImage large = draw(HBPlain(shape.width() * 20, shape.height() * 20, Qt::darkBlue));
+        if (HBMeanDifference(small, plain) <= 1 || HBMeanDifference(small, large) >= 0.6) return false;
+    }
+    return true;
+}

@@ -28,20 +28,199 @@ class tst_HBDrawSign : public QObject {
 private slots:
     void initTestCase() { QVERIFY(m_Folder.isValid()); }
 
-    void Modes_data();
-    void Modes();
-    void Place_data();
-    void Place();
-    void LooksTheSameAtAnySize_data();
-    void LooksTheSameAtAnySize();
-    void EnlargesWithoutSeams();
-    void TouchesNothingElse();
-    void Nothing_data();
-    void Nothing();
-    void Failures_data();
-    void Failures();
-    void HostileValuesAreClamped();
-    void ReadsAFileAgainThatHasChanged();
+    void Modes() {
+        // A pixel of the stamp is one of this picture; it lies across the borders of 16 tiles, in both halves.
+        const QImage picture = HBHalfOpaque(1000, 1100);
+        const QImage stamp = TranslucentStamp();
+        HBSignWidget::Params params = Stamp("modes.png", stamp);
+        params.alignment = Qt::AlignCenter;
+        params.margins = HBMargins(20, 0, 0, 0);
+        for (const int mode : HBAllModes) {
+            for (const int opacity : {0, 37, 100}) {
+                params.blendingMode = quint32(mode);
+                params.opacity = opacity;
+                QVERIFY(HBIsComposed(Drawn(picture, params), picture, stamp, QPoint(360, 410), mode, opacity));
+            }
+        }
+    }
+
+    void Place_data() {
+        HBColumns<QSize, QSize, int, QRect, QRect>("picture", "stamp", "alignment", "margins", "expected");
+        const QSize wide(750, 500), tall(500, 750), stamp(100, 60);
+        const QRect margins = HBMargins(10, 20, 30, 40); // twice as much as pixels
+        const int left = Qt::AlignLeft, centre = Qt::AlignHCenter, right = Qt::AlignRight;
+        const int top = Qt::AlignTop, middle = Qt::AlignVCenter, bottom = Qt::AlignBottom;
+        QTest::newRow("left top") << wide << stamp << (left | top) << margins << QRect(5, 10, 50, 30);
+        QTest::newRow("right bottom") << wide << stamp << (right | bottom) << margins << QRect(685, 450, 50, 30);
+        QTest::newRow("centred between the margins")
+            << wide << stamp << (centre | middle) << margins << QRect(345, 230, 50, 30);
+        QTest::newRow("portrait, left bottom")
+            << tall << stamp << (left | bottom) << margins << QRect(5, 700, 50, 30);
+        QTest::newRow("no flag") << wide << stamp << 0 << margins << QRect(5, 10, 50, 30);
+        QTest::newRow("all flags") << wide << stamp << -1 << margins << QRect(5, 10, 50, 30);
+        QTest::newRow("centre and right")
+            << wide << stamp << (centre | right | middle | bottom) << margins << QRect(345, 230, 50, 30);
+        QTest::newRow("too wide") << wide << QSize(2920, 400) << (left | bottom) << margins
+                                  << QRect(5, 380, 730, 100);
+        QTest::newRow("too high") << tall << QSize(200, 2880) << (right | top) << margins
+                                  << QRect(435, 10, 50, 720);
+        QTest::newRow("a hair") << wide << QSize(3000, 1) << (left | bottom) << HBMargins(0, 0, 0, 0)
+                                << QRect(0, 499, 750, 1);
+        QTest::newRow("one pixel") << QSize(1, 1) << stamp << (right | bottom) << HBMargins(5, 5, 5, 5)
+                                   << QRect(0, 0, 1, 1);
+        QTest::newRow("a strip") << QSize(500, 3) << stamp << (right | bottom) << HBMargins(0, 0, 0, 0)
+                                 << QRect(500, 3, 0, 0);
+    }
+
+    void Place() {
+        QFETCH(QSize, picture);
+        QFETCH(QSize, stamp);
+        QFETCH(int, alignment);
+        QFETCH(QRect, margins);
+        QFETCH(QRect, expected);
+        HBSignWidget::Params params = Stamp("place.png", HBPlain(stamp.width(), stamp.height(), Qt::red));
+        params.alignment = Qt::Alignment(QFlag(alignment));
+        params.margins = margins;
+        const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
+        const QImage after = Drawn(before, params);
+        if (expected.isEmpty()) // 0.3 by 0.18 pixels
+            expected = QRect(499, 2, 1, 1);
+        QCOMPARE(HBChangedRect(before, after), expected);
+    }
+
+    void LooksTheSameAtAnySize() {
+        QImage stamp = HBPlain(500, 200, Qt::transparent);
+        QPainter painter(&stamp);
+        painter.setBrush(Qt::yellow);
+        painter.drawEllipse(20, 20, 460, 160);
+        painter.end();
+        HBSignWidget::Params params = Stamp("same.png", stamp);
+        params.alignment = Qt::AlignRight | Qt::AlignBottom;
+        params.margins = HBMargins(5, 5, 60, 30);
+        params.opacity = 80;
+        QVERIFY(HBLooksTheSameAtAnySize([&](const QImage& picture) { return Drawn(picture, params); }));
+    }
+
+    /// Along a ramp that is four times as large as its file, no value may jump, not at the borders of tiles either.
+    void EnlargesWithoutSeams() {
+        QImage ramp(60, 3, QImage::Format_ARGB32);
+        for (int x = 0; x < ramp.width(); ++x) {
+            for (int y = 0; y < ramp.height(); ++y) ramp.setPixel(x, y, qRgb(x * 4, x * 4, x * 4));
+        }
+        const QImage before = HBPlain(4000, 4000, Qt::white);
+        const QImage after = Drawn(before, Stamp("ramp.png", ramp));
+        QCOMPARE(HBChangedRect(before.copy(0, 0, 400, 50), after.copy(0, 0, 400, 50)), QRect(0, 0, 240, 12));
+        for (int x = 1; x < 240; ++x) {
+            const int step = qRed(after.pixel(x, 5)) - qRed(after.pixel(x - 1, 5));
+            QVERIFY2(step >= 0 && step <= 2, qPrintable(QString("%1 at %2").arg(step).arg(x)));
+        }
+        QCOMPARE(qRed(after.pixel(239, 5)), 59 * 4);
+    }
+
+    void TouchesNothingElse() {
+        const QImage before = HBHalfOpaque(1000, 1000);
+        HBImage<> picture = HBImage<>::FromQImage(before);
+        picture.SetHostValue(0, 11811);
+        // Transparent but for one corner, in the second column of tiles.
+        QImage stamp = HBPlain(400, 300, Qt::transparent);
+        stamp.setPixel(150, 10, qRgb(1, 2, 3));
+        const HBSignWidget::Params params = Stamp("corner.png", stamp);
+        QString error;
+        const HBImage<> drawn = HBDrawSign(picture, params, &error);
+        QCOMPARE(error, QString());
+        for (int i = 0; i < picture.Tiles().size(); ++i) QCOMPARE(drawn.Tile(i) == picture.Tile(i), i != 1);
+        QCOMPARE(picture.ToQImage(), before);
+        QCOMPARE(HBChangedRect(before, drawn.ToQImage()), QRect(150, 10, 1, 1));
+        QCOMPARE(drawn.HostValue(0), 11811);
+    }
+
+    void Nothing() {
+        const QString stamp = Save("nothing.png", HBPlain(10, 10, Qt::red));
+        const QString clear = Save("clear.png", HBPlain(10, 10, Qt::transparent));
+        const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
+        const std::pair<QString, int> rows[] = {{{}, 100}, {"", 100}, {stamp, 0}, {stamp, -1}, {clear, 100}};
+        for (const auto& [file, opacity] : rows) {
+            HBSignWidget::Params params;
+            params.fileName = file;
+            params.opacity = opacity;
+            QString error = "left from before";
+            QCOMPARE(HBDrawSign(picture, params, &error).Tiles(), picture.Tiles());
+            QCOMPARE(error, QString());
+            QVERIFY(HBDrawSign({}, params, nullptr).IsEmpty());
+        }
+    }
+
+    void Failures_data() {
+        HBColumns<QString, QRect, QString>("file", "margins", "message");
+        const QRect none = HBMargins(0, 0, 0, 0);
+        QFile text(m_Folder.filePath("text.png"));
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") == 10);
+        QFile cut(m_Folder.filePath("cut.png"));
+        QFile whole(Save("whole.png", HBPlain(50, 50, Qt::red)));
+        QVERIFY(whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly));
+        cut.write(whole.read(40));
+        // The head of a picture of 20000 by 20000 pixels.
+        QFile bomb(m_Folder.filePath("bomb.ppm"));
+        QVERIFY(bomb.open(QIODevice::WriteOnly) && bomb.write("P6 20000 20000 255\n") > 0);
+
+        const QString missing = m_Folder.filePath("a%1 b.png");
+        QTest::newRow("missing")
+            << missing << none
+            << QString("The stamp %1 cannot be read: there is no such file").replace("%1", missing);
+        QTest::newRow("a folder") << m_Folder.path() << none
+                                  << m_Folder.path() + " cannot be read: this is not a file";
+        QTest::newRow("a device") << QString("/dev/zero") << none
+                                  << QString("/dev/zero cannot be read: this is not a file");
+        QTest::newRow("no picture") << text.fileName() << none << text.fileName() + " cannot be read: ";
+        QTest::newRow("cut short") << cut.fileName() << none << cut.fileName() + " cannot be read: ";
+        QTest::newRow("a bomb") << bomb.fileName() << none
+                                << bomb.fileName() + " cannot be read: it is larger than 100 megapixels";
+        QTest::newRow("no room") << whole.fileName() << HBMargins(500, 0, 500, 0)
+                                 << QString("The margins leave no room");
+        QTest::newRow("hostile margins") << whole.fileName() << HBMargins(INT_MAX, INT_MAX, INT_MAX, INT_MAX)
+                                         << QString("The margins leave no room");
+    }
+
+    void Failures() {
+        QFETCH(QString, file);
+        QFETCH(QRect, margins);
+        QFETCH(QString, message);
+        const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
+        HBSignWidget::Params params;
+        params.fileName = file;
+        params.margins = margins;
+        QString error;
+        const HBImage<> drawn = HBDrawSign(picture, params, &error);
+        QCOMPARE(drawn.Tiles(), picture.Tiles());
+        QVERIFY2(error.contains(message), qPrintable(error));
+        QVERIFY(error.size() > message.size() || !message.endsWith(' ')); // Qt's reason follows
+        QCOMPARE(HBDrawSign(picture, params, nullptr).Tiles(), picture.Tiles());
+    }
+
+    void HostileValuesAreClamped() {
+        const QImage picture = HBHalfOpaque(1500, 1000);
+        HBSignWidget::Params usual = Stamp("hostile.png", TranslucentStamp());
+        usual.margins = HBMargins(0, 999, 0, 0);
+        HBSignWidget::Params hostile = usual;
+        hostile.margins = HBMargins(INT_MIN, INT_MAX, -1, INT_MIN);
+        hostile.opacity = INT_MAX;
+        const QImage expected = Drawn(picture, usual);
+        QVERIFY(!expected.isNull() && expected != picture);
+        for (const quint32 mode : {1u, 2u, 11u, 24u, 37u, 0x80000000u, 0xffffffffu}) {
+            hostile.blendingMode = mode;
+            QCOMPARE(Drawn(picture, hostile), expected);
+        }
+    }
+
+    void ReadsAFileAgainThatHasChanged() {
+        const QImage picture = HBPlain(1000, 1000, Qt::white);
+        HBSignWidget::Params params = Stamp("changing.png", HBPlain(10, 10, Qt::red));
+        QCOMPARE(Drawn(picture, params).pixelColor(5, 5), QColor(Qt::red));
+        QCOMPARE(Save("changing.png", HBPlain(20, 30, Qt::blue)), params.fileName);
+        QCOMPARE(Drawn(picture, params).pixelColor(15, 25), QColor(Qt::blue));
+        QVERIFY(QFile::remove(params.fileName));
+        QVERIFY(Drawn(picture, params).isNull());
+    }
 
 private:
     const QTemporaryDir m_Folder;
@@ -63,248 +242,6 @@ private:
         return error.isEmpty() ? drawn : QImage();
     }
 };
-
-void tst_HBDrawSign::Modes_data() {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("opacity");
-    for (const int mode : HBAllModes) {
-        for (const int opacity : {0, 37, 100}) QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
-    }
-}
-
-void tst_HBDrawSign::Modes() {
-    QFETCH(int, mode);
-    QFETCH(int, opacity);
-    // A pixel of the stamp is one of this picture; it lies across the borders of 16 tiles, in both halves.
-    const QImage picture = HBHalfOpaque(1000, 1100);
-    const QImage stamp = TranslucentStamp();
-    const QPoint at(360, 410);
-    HBSignWidget::Params params = Stamp("modes.png", stamp);
-    params.alignment = Qt::AlignCenter;
-    params.margins = HBMargins(20, 0, 0, 0);
-    params.blendingMode = quint32(mode);
-    params.opacity = opacity;
-    const QImage drawn = Drawn(picture, params);
-
-    QImage expected = picture;
-    QPainter painter(&expected);
-    painter.setCompositionMode(QPainter::CompositionMode(mode));
-    painter.setOpacity(opacity / 100.0);
-    painter.drawImage(at, stamp);
-    painter.end();
-    // What is not covered keeps its bytes; QPainter's way through premultiplied pixels loses some.
-    for (int y = 0; y < stamp.height(); ++y) {
-        for (int x = 0; x < stamp.width(); ++x) {
-            if (opacity == 0 || qAlpha(stamp.pixel(x, y)) == 0)
-                expected.setPixel(at + QPoint(x, y), picture.pixel(at + QPoint(x, y)));
-        }
-    }
-    const double difference = HBLargestDifference(drawn, expected);
-    QVERIFY2(difference <= 1, qPrintable(QString::number(difference)));
-}
-
-void tst_HBDrawSign::Place_data() {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("stamp");
-    QTest::addColumn<int>("alignment");
-    QTest::addColumn<QRect>("margins");
-    QTest::addColumn<QRect>("expected");
-    const QSize wide(750, 500), tall(500, 750), stamp(100, 60);
-    const QRect margins = HBMargins(10, 20, 30, 40); // twice as much as pixels
-    const int left = Qt::AlignLeft, centre = Qt::AlignHCenter, right = Qt::AlignRight;
-    const int top = Qt::AlignTop, middle = Qt::AlignVCenter, bottom = Qt::AlignBottom;
-    QTest::newRow("left top") << wide << stamp << (left | top) << margins << QRect(5, 10, 50, 30);
-    QTest::newRow("right bottom") << wide << stamp << (right | bottom) << margins << QRect(685, 450, 50, 30);
-    QTest::newRow("centred between the margins")
-        << wide << stamp << (centre | middle) << margins << QRect(345, 230, 50, 30);
-    QTest::newRow("portrait, left bottom") << tall << stamp << (left | bottom) << margins << QRect(5, 700, 50, 30);
-    QTest::newRow("portrait, right middle")
-        << tall << stamp << (right | middle) << margins << QRect(435, 355, 50, 30);
-    QTest::newRow("no flag") << wide << stamp << 0 << margins << QRect(5, 10, 50, 30);
-    QTest::newRow("all flags") << wide << stamp << -1 << margins << QRect(5, 10, 50, 30);
-    QTest::newRow("centre and right") << wide << stamp << (centre | right | middle | bottom) << margins
-                                      << QRect(345, 230, 50, 30);
-    QTest::newRow("too wide") << wide << QSize(2920, 400) << (left | bottom) << margins << QRect(5, 380, 730, 100);
-    QTest::newRow("too high") << tall << QSize(200, 2880) << (right | top) << margins << QRect(435, 10, 50, 720);
-    QTest::newRow("no room to spare") << tall << QSize(1000, 1500) << (left | top) << HBMargins(0, 0, 0, 0)
-                                      << QRect(0, 0, 500, 750);
-    QTest::newRow("a hair") << wide << QSize(3000, 1) << (left | bottom) << HBMargins(0, 0, 0, 0)
-                            << QRect(0, 499, 750, 1);
-    QTest::newRow("one pixel") << QSize(1, 1) << stamp << (right | bottom) << HBMargins(5, 5, 5, 5)
-                               << QRect(0, 0, 1, 1);
-    QTest::newRow("a strip") << QSize(500, 3) << stamp << (right | bottom) << HBMargins(0, 0, 0, 0)
-                             << QRect(500, 3, 0, 0);
-}
-
-void tst_HBDrawSign::Place() {
-    QFETCH(QSize, picture);
-    QFETCH(QSize, stamp);
-    QFETCH(int, alignment);
-    QFETCH(QRect, margins);
-    QFETCH(QRect, expected);
-    HBSignWidget::Params params = Stamp("place.png", HBPlain(stamp.width(), stamp.height(), Qt::red));
-    params.alignment = Qt::Alignment(QFlag(alignment));
-    params.margins = margins;
-    const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
-    const QImage after = Drawn(before, params);
-    if (expected.isEmpty()) // 0.3 by 0.18 pixels
-        expected = QRect(499, 2, 1, 1);
-    QCOMPARE(HBChangedRect(before, after), expected);
-}
-
-void tst_HBDrawSign::LooksTheSameAtAnySize_data() {
-    QTest::addColumn<QSize>("shape");
-    QTest::newRow("landscape") << QSize(300, 200);
-    QTest::newRow("portrait") << QSize(300, 450);
-}
-
-void tst_HBDrawSign::LooksTheSameAtAnySize() {
-    QFETCH(QSize, shape);
-    QImage stamp = HBPlain(500, 200, Qt::transparent);
-    QPainter painter(&stamp);
-    painter.setBrush(Qt::yellow);
-    painter.drawEllipse(20, 20, 460, 160);
-    painter.end();
-    HBSignWidget::Params params = Stamp("same.png", stamp);
-    params.alignment = Qt::AlignRight | Qt::AlignBottom;
-    params.margins = HBMargins(5, 5, 60, 30);
-    params.opacity = 80;
-    const QImage small = Drawn(HBPlain(shape.width(), shape.height(), Qt::darkBlue), params);
-    const QImage large = Drawn(HBPlain(shape.width() * 20, shape.height() * 20, Qt::darkBlue), params);
-    QVERIFY(HBMeanDifference(small, HBPlain(shape.width(), shape.height(), Qt::darkBlue)) > 1);
-    QVERIFY2(HBMeanDifference(small, large) < 0.6, qPrintable(QString::number(HBMeanDifference(small, large))));
-}
-
-/// Along a ramp that is four times as large as its file, no value may jump, not at the borders of tiles either.
-void tst_HBDrawSign::EnlargesWithoutSeams() {
-    QImage ramp(60, 3, QImage::Format_ARGB32);
-    for (int x = 0; x < ramp.width(); ++x) {
-        for (int y = 0; y < ramp.height(); ++y) ramp.setPixel(x, y, qRgb(x * 4, x * 4, x * 4));
-    }
-    const QImage before = HBPlain(4000, 4000, Qt::white);
-    const QImage after = Drawn(before, Stamp("ramp.png", ramp));
-    QCOMPARE(HBChangedRect(before.copy(0, 0, 400, 50), after.copy(0, 0, 400, 50)), QRect(0, 0, 240, 12));
-    for (int x = 1; x < 240; ++x) {
-        const int step = qRed(after.pixel(x, 5)) - qRed(after.pixel(x - 1, 5));
-        QVERIFY2(step >= 0 && step <= 2, qPrintable(QString("%1 at %2").arg(step).arg(x)));
-    }
-    QCOMPARE(qRed(after.pixel(239, 5)), 59 * 4);
-}
-
-void tst_HBDrawSign::TouchesNothingElse() {
-    const QImage before = HBHalfOpaque(1000, 1000);
-    HBImage<> picture = HBImage<>::FromQImage(before);
-    picture.SetHostValue(0, 11811);
-    // Transparent but for one corner, in the second column of tiles.
-    QImage stamp = HBPlain(400, 300, Qt::transparent);
-    stamp.setPixel(150, 10, qRgb(1, 2, 3));
-    const HBSignWidget::Params params = Stamp("corner.png", stamp);
-    QString error;
-    const HBImage<> drawn = HBDrawSign(picture, params, &error);
-    QCOMPARE(error, QString());
-    for (int i = 0; i < picture.Tiles().size(); ++i) QCOMPARE(drawn.Tile(i) == picture.Tile(i), i != 1);
-    QCOMPARE(picture.ToQImage(), before);
-    QCOMPARE(HBChangedRect(before, drawn.ToQImage()), QRect(150, 10, 1, 1));
-    QCOMPARE(drawn.HostValue(0), 11811);
-}
-
-void tst_HBDrawSign::Nothing_data() {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("opacity");
-    const QString stamp = Save("nothing.png", HBPlain(10, 10, Qt::red));
-    QTest::newRow("no file was chosen") << QString() << 100;
-    QTest::newRow("an empty name") << QString("") << 100;
-    QTest::newRow("no opacity") << stamp << 0;
-    QTest::newRow("less than none") << stamp << -1;
-    QTest::newRow("a transparent stamp") << Save("clear.png", HBPlain(10, 10, Qt::transparent)) << 100;
-}
-
-void tst_HBDrawSign::Nothing() {
-    QFETCH(QString, file);
-    QFETCH(int, opacity);
-    const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
-    HBSignWidget::Params params;
-    params.fileName = file;
-    params.opacity = opacity;
-    QString error = "left from before";
-    const HBImage<> drawn = HBDrawSign(picture, params, &error);
-    QCOMPARE(drawn.Tiles(), picture.Tiles());
-    QCOMPARE(error, QString());
-    QVERIFY(HBDrawSign({}, params, nullptr).IsEmpty());
-}
-
-void tst_HBDrawSign::Failures_data() {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QRect>("margins");
-    QTest::addColumn<QString>("message");
-    const QRect none = HBMargins(0, 0, 0, 0);
-    QFile text(m_Folder.filePath("text.png"));
-    QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") == 10);
-    QFile cut(m_Folder.filePath("cut.png"));
-    QFile whole(Save("whole.png", HBPlain(50, 50, Qt::red)));
-    QVERIFY(whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly));
-    cut.write(whole.read(40));
-    // The head of a picture of 20000 by 20000 pixels.
-    QFile bomb(m_Folder.filePath("bomb.ppm"));
-    QVERIFY(bomb.open(QIODevice::WriteOnly) && bomb.write("P6 20000 20000 255\n") > 0);
-
-    const QString missing = m_Folder.filePath("a%1 b.png");
-    QTest::newRow("missing")
-        << missing << none << QString("The stamp %1 cannot be read: there is no such file").replace("%1", missing);
-    QTest::newRow("a folder") << m_Folder.path() << none
-                              << m_Folder.path() + " cannot be read: this is not a file";
-    QTest::newRow("a device") << QString("/dev/zero") << none
-                              << QString("/dev/zero cannot be read: this is not a file");
-    QTest::newRow("no picture") << text.fileName() << none << text.fileName() + " cannot be read: ";
-    QTest::newRow("cut short") << cut.fileName() << none << cut.fileName() + " cannot be read: ";
-    QTest::newRow("a bomb") << bomb.fileName() << none
-                            << bomb.fileName() + " cannot be read: it is larger than 100 megapixels";
-    QTest::newRow("no room") << whole.fileName() << HBMargins(500, 0, 500, 0)
-                             << QString("The margins leave no room");
-    QTest::newRow("hostile margins") << whole.fileName() << HBMargins(INT_MAX, INT_MAX, INT_MAX, INT_MAX)
-                                     << QString("The margins leave no room");
-}
-
-void tst_HBDrawSign::Failures() {
-    QFETCH(QString, file);
-    QFETCH(QRect, margins);
-    QFETCH(QString, message);
-    const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
-    HBSignWidget::Params params;
-    params.fileName = file;
-    params.margins = margins;
-    QString error;
-    const HBImage<> drawn = HBDrawSign(picture, params, &error);
-    QCOMPARE(drawn.Tiles(), picture.Tiles());
-    QVERIFY2(error.contains(message), qPrintable(error));
-    QVERIFY(error.size() > message.size() || !message.endsWith(' ')); // Qt's reason follows
-    QCOMPARE(HBDrawSign(picture, params, nullptr).Tiles(), picture.Tiles());
-}
-
-void tst_HBDrawSign::HostileValuesAreClamped() {
-    const QImage picture = HBHalfOpaque(1500, 1000);
-    HBSignWidget::Params usual = Stamp("hostile.png", TranslucentStamp());
-    usual.margins = HBMargins(0, 999, 0, 0);
-    HBSignWidget::Params hostile = usual;
-    hostile.margins = HBMargins(INT_MIN, INT_MAX, -1, INT_MIN);
-    hostile.opacity = INT_MAX;
-    const QImage expected = Drawn(picture, usual);
-    QVERIFY(!expected.isNull() && expected != picture);
-    for (const quint32 mode : {1u, 2u, 11u, 24u, 37u, 0x80000000u, 0xffffffffu}) {
-        hostile.blendingMode = mode;
-        QCOMPARE(Drawn(picture, hostile), expected);
-    }
-}
-
-void tst_HBDrawSign::ReadsAFileAgainThatHasChanged() {
-    const QImage picture = HBPlain(1000, 1000, Qt::white);
-    HBSignWidget::Params params = Stamp("changing.png", HBPlain(10, 10, Qt::red));
-    QCOMPARE(Drawn(picture, params).pixelColor(5, 5), QColor(Qt::red));
-    QCOMPARE(Save("changing.png", HBPlain(20, 30, Qt::blue)), params.fileName);
-    QCOMPARE(Drawn(picture, params).pixelColor(15, 25), QColor(Qt::blue));
-    QVERIFY(QFile::remove(params.fileName));
-    QVERIFY(Drawn(picture, params).isNull());
-}
 
 HB_TEST_MAIN(tst_HBDrawSign)
 #include "tst_HBDrawSign.moc"

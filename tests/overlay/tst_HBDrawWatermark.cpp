@@ -100,305 +100,221 @@ QFont WithSize(double points, qint32 pixels) {
 class tst_HBDrawWatermark : public QObject {
     Q_OBJECT
 private slots:
-    void Modes_data();
-    void Modes();
-    void AngleTurnsCounterClockwise_data();
-    void AngleTurnsCounterClockwise();
-    void NeverLeavesTheMargins_data();
-    void NeverLeavesTheMargins();
-    void Tiles();
-    void SizeOfTheFont();
-    void LooksTheSameAtAnySize_data();
-    void LooksTheSameAtAnySize();
-    void TouchesNothingElse();
-    void Nothing_data();
-    void Nothing();
-    void NamesAFontThatIsMissing();
-    void HostileFontSizes_data();
-    void HostileFontSizes();
-    void HostileValuesAreClamped();
-    void HostileTexts_data();
-    void HostileTexts();
-};
-
-void tst_HBDrawWatermark::Modes_data() {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("opacity");
-    for (const int mode : HBAllModes) {
-        for (const int opacity : {0, 37, 100}) QTest::addRow("mode %d, %d %%", mode, opacity) << mode << opacity;
-    }
-}
-
-/// Tile by tile as in one piece, in each mode as QPainter composes it.
-void tst_HBDrawWatermark::Modes() {
-    QFETCH(int, mode);
-    QFETCH(int, opacity);
-    const QImage picture = HBHalfOpaque(600, 400);
-    HBWatermarkWidget::Params params = Text("Water&mark", 150);
-    params.color = QColor(200, 120, 30, 180);
-    params.angle = 25;
-    params.horizontalTiles = 2;
-    params.verticalTiles = 2;
-    params.blendingMode = mode;
-    params.opacity = opacity;
-    const QImage drawn = Drawn(picture, params);
-
-    const QImage layer = Layer(picture.size(), params);
-    QImage expected = picture;
-    QPainter painter(&expected);
-    painter.setCompositionMode(QPainter::CompositionMode(mode));
-    painter.setOpacity(opacity / 100.0);
-    painter.drawImage(0, 0, layer);
-    painter.end();
-    int covered = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const bool untouched = opacity == 0 || qAlpha(layer.pixel(x, y)) == 0;
-            covered += untouched ? 0 : 1;
-            if (untouched) expected.setPixel(x, y, picture.pixel(x, y));
+    /// Tile by tile as in one piece.
+    void Modes() {
+        const QImage picture = HBHalfOpaque(600, 400);
+        HBWatermarkWidget::Params params = Text("Water&mark", 150);
+        params.color = QColor(200, 120, 30, 180);
+        params.angle = 25;
+        params.horizontalTiles = 2;
+        params.verticalTiles = 2;
+        const QImage layer = Layer(picture.size(), params);
+        for (const int mode : HBAllModes) {
+            for (const int opacity : {0, 37, 100}) {
+                params.blendingMode = mode;
+                params.opacity = opacity;
+                QVERIFY(HBIsComposed(Drawn(picture, params), picture, layer, {}, mode, opacity));
+            }
         }
     }
-    QVERIFY(opacity == 0 || covered > 5000);
-    const double difference = HBLargestDifference(drawn, expected);
-    QVERIFY2(difference <= 1, qPrintable(QString::number(difference)));
-}
 
-void tst_HBDrawWatermark::AngleTurnsCounterClockwise_data() {
-    QTest::addColumn<int>("angle");
-    QTest::addColumn<QPoint>("beginning"); // of the text, seen from its middle
-    QTest::newRow("level") << 0 << QPoint(-1, 0);
-    QTest::newRow("reads upwards") << 90 << QPoint(0, 1);
-    QTest::newRow("reads downwards") << -90 << QPoint(0, -1);
-    QTest::newRow("upside down") << 180 << QPoint(1, 0);
-    QTest::newRow("rises") << 45 << QPoint(-1, 1);
-    QTest::newRow("once around") << 360 << QPoint(-1, 0);
-    QTest::newRow("hostile") << 90 + 360 * 1000000 << QPoint(0, 1);
-}
-
-void tst_HBDrawWatermark::AngleTurnsCounterClockwise() {
-    QFETCH(int, angle);
-    QFETCH(QPoint, beginning);
-    HBWatermarkWidget::Params params = Text("MMM----", 60);
-    params.angle = angle;
-    const QImage before = HBPlain(500, 500, Qt::white);
-    QCOMPARE(HeavySide(before, Drawn(before, params)), beginning);
-}
-
-void tst_HBDrawWatermark::NeverLeavesTheMargins_data() {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QRect>("margins");
-    QTest::addColumn<int>("angle");
-    QTest::addColumn<int>("tiles");
-    const QRect none = HBMargins(0, 0, 0, 0);
-    QTest::newRow("landscape") << QSize(450, 300) << none << 0 << 1;
-    QTest::newRow("portrait") << QSize(300, 450) << none << 0 << 1;
-    QTest::newRow("upright") << QSize(450, 300) << none << 90 << 1;
-    QTest::newRow("turned") << QSize(300, 450) << none << -37 << 1;
-    QTest::newRow("margins") << QSize(450, 300) << HBMargins(100, 200, 300, 400) << 15 << 1;
-    QTest::newRow("many") << QSize(450, 300) << HBMargins(50, 50, 50, 50) << 100 << 9;
-    QTest::newRow("tiny") << QSize(20, 9) << none << 3 << 2;
-}
-
-void tst_HBDrawWatermark::NeverLeavesTheMargins() {
-    QFETCH(QSize, picture);
-    QFETCH(QRect, margins);
-    QFETCH(int, angle);
-    QFETCH(int, tiles);
-    HBWatermarkWidget::Params params = Text("A text that is far too long, jÄgQ", 1000);
-    params.margins = margins;
-    params.angle = angle;
-    params.horizontalTiles = params.verticalTiles = tiles;
-    const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
-    const QRect changed = HBChangedRect(before, Drawn(before, params));
-    const QRectF room = HBOverlayLayout::Between(picture, margins);
-    QVERIFY(room.toAlignedRect().contains(changed));
-    // Not smaller than it must be: one way, it reaches from end to end.
-    const double slack = 3 + 0.08 * qMin(room.width(), room.height());
-    QVERIFY(room.width() - changed.width() < slack || room.height() - changed.height() < slack);
-}
-
-void tst_HBDrawWatermark::Tiles() {
-    HBWatermarkWidget::Params params = Text("tile", 40);
-    params.angle = 30;
-    params.horizontalTiles = 3;
-    params.verticalTiles = 2;
-    params.margins = HBMargins(50, 0, 50, 0);
-    const QImage before = HBPlain(1000, 1000, Qt::white);
-    const QImage after = Drawn(before, params);
-    const QImage cell = after.copy(50, 0, 300, 500);
-    const QRect changed = HBChangedRect(before.copy(0, 0, 300, 500), cell);
-    QVERIFY((changed.center() - cell.rect().center()).manhattanLength() <= 2);
-    for (const QPoint& corner : {QPoint(350, 0), QPoint(650, 0), QPoint(50, 500), QPoint(650, 500)})
-        QCOMPARE(after.copy(QRect(corner, cell.size())), cell);
-}
-
-void tst_HBDrawWatermark::SizeOfTheFont() {
-    // 75 points are 100 units, which are 50 pixels of a picture of 500.
-    HBWatermarkWidget::Params points = Text("H", 1);
-    points.font.setPointSizeF(75);
-    const QImage before = HBPlain(700, 500, Qt::white);
-    QCOMPARE(Drawn(before, points), Drawn(before, Text("H", 100)));
-    QFont font;
-    font.setPixelSize(500);
-    const double height = QFontMetricsF(font).tightBoundingRect("H").height() / 10;
-    const QRect changed = HBChangedRect(before, Drawn(before, points));
-    QVERIFY(qAbs(changed.height() - height) <= 2);
-
-    HBWatermarkWidget::Params lines = Text("H\nH", 100);
-    QVERIFY(HBChangedRect(before, Drawn(before, lines)).height() > 2 * changed.height());
-}
-
-void tst_HBDrawWatermark::LooksTheSameAtAnySize_data() {
-    QTest::addColumn<QSize>("shape");
-    QTest::newRow("landscape") << QSize(300, 200);
-    QTest::newRow("portrait") << QSize(300, 450);
-}
-
-void tst_HBDrawWatermark::LooksTheSameAtAnySize() {
-    QFETCH(QSize, shape);
-    HBWatermarkWidget::Params params = Text("Watermark", 120);
-    params.color = Qt::yellow;
-    params.angle = -20;
-    params.verticalTiles = 2;
-    params.margins = HBMargins(5, 100, 60, 30);
-    params.opacity = 70;
-    const QImage small = Drawn(HBPlain(shape.width(), shape.height(), Qt::darkBlue), params);
-    const QImage large = Drawn(HBPlain(shape.width() * 20, shape.height() * 20, Qt::darkBlue), params);
-    QVERIFY(HBMeanDifference(small, HBPlain(shape.width(), shape.height(), Qt::darkBlue)) > 1);
-    QVERIFY2(HBMeanDifference(small, large) < 0.6, qPrintable(QString::number(HBMeanDifference(small, large))));
-}
-
-/// Of the tiles that the box around a slanting text reaches, those without ink stay shared.
-void tst_HBDrawWatermark::TouchesNothingElse() {
-    const QImage before = HBHalfOpaque(1280, 1280);
-    const HBImage<> picture = HBImage<>::FromQImage(before);
-    HBWatermarkWidget::Params params = Text("_____________________", 60);
-    params.angle = 45;
-    QString error;
-    const HBImage<> drawn = HBDrawWatermark(picture, params, &error);
-    QCOMPARE(error, QString());
-    const QImage after = drawn.ToQImage();
-    int changed = 0;
-    for (int i = 0; i < picture.Tiles().size(); ++i) {
-        const bool same = before.copy(picture.TileRect(i)) == after.copy(picture.TileRect(i));
-        QCOMPARE(drawn.Tile(i) == picture.Tile(i), same);
-        changed += same ? 0 : 1;
+    void AngleTurnsCounterClockwise() {
+        const struct {
+            int angle;
+            QPoint beginning; // of the text, seen from its middle
+        } rows[] = {{0, {-1, 0}},  {90, {0, 1}},  {-90, {0, -1}},
+                    {180, {1, 0}}, {45, {-1, 1}}, {90 + 360 * 1000000, {0, 1}}};
+        const QImage before = HBPlain(500, 500, Qt::white);
+        HBWatermarkWidget::Params params = Text("MMM----", 60);
+        for (const auto& row : rows) {
+            params.angle = row.angle;
+            QCOMPARE(HeavySide(before, Drawn(before, params)), row.beginning);
+        }
     }
-    QVERIFY(changed > 5 && changed < 40);
-    QCOMPARE(picture.ToQImage(), before);
-}
 
-void tst_HBDrawWatermark::Nothing_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<int>("opacity");
-    QTest::newRow("no text") << QString() << QColor(Qt::red) << 100;
-    QTest::newRow("blanks") << QString(" \n\t ") << QColor(Qt::red) << 100;
-    QTest::newRow("no opacity") << QString("text") << QColor(Qt::red) << 0;
-    QTest::newRow("less than none") << QString("text") << QColor(Qt::red) << INT_MIN;
-    QTest::newRow("a transparent colour") << QString("text") << QColor(255, 0, 0, 0) << 100;
-}
-
-void tst_HBDrawWatermark::Nothing() {
-    QFETCH(QString, text);
-    QFETCH(QColor, color);
-    QFETCH(int, opacity);
-    const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
-    HBWatermarkWidget::Params params = Text(text, 100);
-    params.color = color;
-    params.opacity = opacity;
-    QString error = "left from before";
-    QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
-    QCOMPARE(error, QString());
-    QVERIFY(HBDrawWatermark({}, params, nullptr).IsEmpty());
-}
-
-void tst_HBDrawWatermark::NamesAFontThatIsMissing() {
-    const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
-    HBWatermarkWidget::Params params = Text("text", 100);
-    params.font.setFamily("No Such Font %2");
-    QString error;
-    QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
-    QCOMPARE(error, QString("The font No Such Font %2 is not installed"));
-
-    params.font = QFont();
-    params.margins = HBMargins(0, 999, 0, 1); // of 1000
-    QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
-    QCOMPARE(error, QString("The margins leave no room"));
-    params.margins = HBMargins(0, 999, 0, 0);
-    HBDrawWatermark(picture, params, &error);
-    QCOMPARE(error, QString());
-}
-
-void tst_HBDrawWatermark::HostileFontSizes_data() {
-    QTest::addColumn<double>("points");
-    QTest::addColumn<int>("pixels");
-    QTest::addColumn<int>("units");
-    const double infinite = std::numeric_limits<double>::infinity();
-    QTest::newRow("1e9 points") << 1e9 << -1 << 1000;
-    QTest::newRow("infinite") << infinite << -1 << 1000;
-    QTest::newRow("1e-9 points") << 1e-9 << -1 << 1;
-    QTest::newRow("not a number") << std::nan("") << -1 << 16;
-    QTest::newRow("0") << 0.0 << -1 << 16;
-    QTest::newRow("-1") << -1.0 << -1 << 16;
-    QTest::newRow("-infinite") << -infinite << 0 << 16;
-    QTest::newRow("pixels") << -1.0 << INT_MAX << 1000;
-    QTest::newRow("negative pixels") << -1.0 << INT_MIN << 16;
-}
-
-void tst_HBDrawWatermark::HostileFontSizes() {
-    QFETCH(double, points);
-    QFETCH(int, pixels);
-    QFETCH(int, units);
-    HBWatermarkWidget::Params params = Text("text", 1);
-    params.font = WithSize(points, pixels);
-    QVERIFY(params.font.pixelSize() == pixels || params.font.pixelSize() == -1);
-    const QImage before = HBPlain(1000, 1000, Qt::white);
-    QCOMPARE(Drawn(before, params), Drawn(before, Text("text", units)));
-}
-
-void tst_HBDrawWatermark::HostileValuesAreClamped() {
-    const QImage picture = HBHalfOpaque(500, 400);
-    HBWatermarkWidget::Params usual = Text("text", 200);
-    usual.horizontalTiles = 9;
-    usual.margins = HBMargins(0, 0, 999, 0);
-    HBWatermarkWidget::Params hostile = usual;
-    hostile.horizontalTiles = INT_MAX;
-    hostile.verticalTiles = INT_MIN;
-    hostile.margins = HBMargins(INT_MIN, -1, INT_MAX, INT_MIN);
-    hostile.opacity = INT_MAX;
-    const QImage expected = Drawn(picture, usual);
-    QVERIFY(!expected.isNull() && expected != picture);
-    for (const int mode : {1, 2, 11, 24, 37, INT_MIN, -1}) {
-        hostile.blendingMode = mode;
-        QCOMPARE(Drawn(picture, hostile), expected);
+    void NeverLeavesTheMargins_data() {
+        HBColumns<QSize, QRect, int, int>("picture", "margins", "angle", "tiles");
+        const QRect none = HBMargins(0, 0, 0, 0);
+        QTest::newRow("landscape") << QSize(450, 300) << none << 0 << 1;
+        QTest::newRow("portrait") << QSize(300, 450) << none << 0 << 1;
+        QTest::newRow("upright") << QSize(450, 300) << none << 90 << 1;
+        QTest::newRow("turned") << QSize(300, 450) << none << -37 << 1;
+        QTest::newRow("margins") << QSize(450, 300) << HBMargins(100, 200, 300, 400) << 15 << 1;
+        QTest::newRow("many") << QSize(450, 300) << HBMargins(50, 50, 50, 50) << 100 << 9;
+        QTest::newRow("tiny") << QSize(20, 9) << none << 3 << 2;
     }
-    for (const int angle : {INT_MIN, INT_MAX}) {
-        hostile.angle = angle;
-        usual.angle = angle % 360;
-        hostile.blendingMode = 0;
-        QCOMPARE(Drawn(picture, hostile), Drawn(picture, usual));
+
+    void NeverLeavesTheMargins() {
+        QFETCH(QSize, picture);
+        QFETCH(QRect, margins);
+        QFETCH(int, angle);
+        QFETCH(int, tiles);
+        HBWatermarkWidget::Params params = Text("A text that is far too long, jÄgQ", 1000);
+        params.margins = margins;
+        params.angle = angle;
+        params.horizontalTiles = params.verticalTiles = tiles;
+        const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
+        const QRect changed = HBChangedRect(before, Drawn(before, params));
+        const QRectF room = HBOverlayLayout::Between(picture, margins);
+        QVERIFY(room.toAlignedRect().contains(changed));
+        // Not smaller than it must be: one way, it reaches from end to end.
+        const double slack = 3 + 0.08 * qMin(room.width(), room.height());
+        QVERIFY(room.width() - changed.width() < slack || room.height() - changed.height() < slack);
     }
-}
 
-void tst_HBDrawWatermark::HostileTexts_data() {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a million letters") << QString(1'000'000, 'W');
-    QTest::newRow("a million lines") << QString("W\n").repeated(1'000'000);
-    QTest::newRow("nulls") << QString(3, QChar(0)) + "x";
-    QTest::newRow("half a pair") << QString("x") + QChar(0xd800) + "y" + QChar(0xdc00);
-    QTest::newRow("both directions") << QString::fromUtf8("abc \u202eאבג \u0627\u0644\u0639");
-}
+    void Tiles() {
+        HBWatermarkWidget::Params params = Text("tile", 40);
+        params.angle = 30;
+        params.horizontalTiles = 3;
+        params.verticalTiles = 2;
+        params.margins = HBMargins(50, 0, 50, 0);
+        const QImage before = HBPlain(1000, 1000, Qt::white);
+        const QImage after = Drawn(before, params);
+        const QImage cell = after.copy(50, 0, 300, 500);
+        const QRect changed = HBChangedRect(before.copy(0, 0, 300, 500), cell);
+        QVERIFY((changed.center() - cell.rect().center()).manhattanLength() <= 2);
+        for (const QPoint& corner : {QPoint(350, 0), QPoint(650, 0), QPoint(50, 500), QPoint(650, 500)})
+            QCOMPARE(after.copy(QRect(corner, cell.size())), cell);
+    }
 
-void tst_HBDrawWatermark::HostileTexts() {
-    QFETCH(QString, text);
-    HBWatermarkWidget::Params params = Text(text, 100);
-    params.horizontalTiles = params.verticalTiles = 9;
-    params.angle = 33;
-    const QImage before = HBPlain(400, 300, Qt::white);
-    QVERIFY(!Drawn(before, params).isNull());
-    QVERIFY(!Drawn(HBPlain(1, 1, Qt::white), params).isNull());
-}
+    void SizeOfTheFont() {
+        // 75 points are 100 units, which are 50 pixels of a picture of 500.
+        HBWatermarkWidget::Params points = Text("H", 1);
+        points.font.setPointSizeF(75);
+        const QImage before = HBPlain(700, 500, Qt::white);
+        QCOMPARE(Drawn(before, points), Drawn(before, Text("H", 100)));
+        QFont font;
+        font.setPixelSize(500);
+        const double height = QFontMetricsF(font).tightBoundingRect("H").height() / 10;
+        const QRect changed = HBChangedRect(before, Drawn(before, points));
+        QVERIFY(qAbs(changed.height() - height) <= 2);
+
+        HBWatermarkWidget::Params lines = Text("H\nH", 100);
+        QVERIFY(HBChangedRect(before, Drawn(before, lines)).height() > 2 * changed.height());
+    }
+
+    void LooksTheSameAtAnySize() {
+        HBWatermarkWidget::Params params = Text("Watermark", 120);
+        params.color = Qt::yellow;
+        params.angle = -20;
+        params.verticalTiles = 2;
+        params.margins = HBMargins(5, 100, 60, 30);
+        params.opacity = 70;
+        QVERIFY(HBLooksTheSameAtAnySize([&](const QImage& picture) { return Drawn(picture, params); }));
+    }
+
+    /// Of the tiles that the box around a slanting text reaches, those without ink stay shared.
+    void TouchesNothingElse() {
+        const QImage before = HBHalfOpaque(1280, 1280);
+        const HBImage<> picture = HBImage<>::FromQImage(before);
+        HBWatermarkWidget::Params params = Text("_____________________", 60);
+        params.angle = 45;
+        QString error;
+        const HBImage<> drawn = HBDrawWatermark(picture, params, &error);
+        QCOMPARE(error, QString());
+        const QImage after = drawn.ToQImage();
+        int changed = 0;
+        for (int i = 0; i < picture.Tiles().size(); ++i) {
+            const bool same = before.copy(picture.TileRect(i)) == after.copy(picture.TileRect(i));
+            QCOMPARE(drawn.Tile(i) == picture.Tile(i), same);
+            changed += same ? 0 : 1;
+        }
+        QVERIFY(changed > 5 && changed < 40);
+        QCOMPARE(picture.ToQImage(), before);
+    }
+
+    void Nothing() {
+        const struct {
+            const char* text;
+            QColor color;
+            int opacity;
+        } rows[] = {{"", Qt::red, 100},
+                    {" \n\t ", Qt::red, 100},
+                    {"text", Qt::red, 0},
+                    {"text", Qt::red, INT_MIN},
+                    {"text", QColor(255, 0, 0, 0), 100}};
+        const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
+        for (const auto& row : rows) {
+            HBWatermarkWidget::Params params = Text(row.text, 100);
+            params.color = row.color;
+            params.opacity = row.opacity;
+            QString error = "left from before";
+            QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
+            QCOMPARE(error, QString());
+            QVERIFY(HBDrawWatermark({}, params, nullptr).IsEmpty());
+        }
+    }
+
+    void NamesAFontThatIsMissing() {
+        const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
+        HBWatermarkWidget::Params params = Text("text", 100);
+        params.font.setFamily("No Such Font %2");
+        QString error;
+        QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
+        QCOMPARE(error, QString("The font No Such Font %2 is not installed"));
+
+        params.font = QFont();
+        params.margins = HBMargins(0, 999, 0, 1); // of 1000
+        QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
+        QCOMPARE(error, QString("The margins leave no room"));
+        params.margins = HBMargins(0, 999, 0, 0);
+        HBDrawWatermark(picture, params, &error);
+        QCOMPARE(error, QString());
+    }
+
+    void HostileFontSizes() {
+        const double infinite = std::numeric_limits<double>::infinity();
+        const struct {
+            double points;
+            int pixels, units;
+        } rows[] = {{1e9, -1, 1000},        {infinite, -1, 1000}, {1e-9, -1, 1},
+                    {std::nan(""), -1, 16}, {0, -1, 16},          {-1, -1, 16},
+                    {-infinite, 0, 16},     {-1, INT_MAX, 1000},  {-1, INT_MIN, 16}};
+        const QImage before = HBPlain(1000, 1000, Qt::white);
+        for (const auto& row : rows) {
+            HBWatermarkWidget::Params params = Text("text", 1);
+            params.font = WithSize(row.points, row.pixels);
+            QVERIFY(params.font.pixelSize() == row.pixels || params.font.pixelSize() == -1);
+            QCOMPARE(Drawn(before, params), Drawn(before, Text("text", row.units)));
+        }
+    }
+
+    void HostileValuesAreClamped() {
+        const QImage picture = HBHalfOpaque(500, 400);
+        HBWatermarkWidget::Params usual = Text("text", 200);
+        usual.horizontalTiles = 9;
+        usual.margins = HBMargins(0, 0, 999, 0);
+        HBWatermarkWidget::Params hostile = usual;
+        hostile.horizontalTiles = INT_MAX;
+        hostile.verticalTiles = INT_MIN;
+        hostile.margins = HBMargins(INT_MIN, -1, INT_MAX, INT_MIN);
+        hostile.opacity = INT_MAX;
+        const QImage expected = Drawn(picture, usual);
+        QVERIFY(!expected.isNull() && expected != picture);
+        for (const int mode : {1, 2, 11, 24, 37, INT_MIN, -1}) {
+            hostile.blendingMode = mode;
+            QCOMPARE(Drawn(picture, hostile), expected);
+        }
+        for (const int angle : {INT_MIN, INT_MAX}) {
+            hostile.angle = angle;
+            usual.angle = angle % 360;
+            hostile.blendingMode = 0;
+            QCOMPARE(Drawn(picture, hostile), Drawn(picture, usual));
+        }
+    }
+
+    void HostileTexts() {
+        for (const QString& text : {QString(1'000'000, 'W'), QString("W\n").repeated(1'000'000),
+                                    QString(3, QChar(0)) + "x", QString("x") + QChar(0xd800) + "y" + QChar(0xdc00),
+                                    QString::fromUtf8("abc \u202eאבג \u0627\u0644\u0639")}) {
+            HBWatermarkWidget::Params params = Text(text, 100);
+            params.horizontalTiles = params.verticalTiles = 9;
+            params.angle = 33;
+            QVERIFY(!Drawn(HBPlain(400, 300, Qt::white), params).isNull());
+            QVERIFY(!Drawn(HBPlain(1, 1, Qt::white), params).isNull());
+        }
+    }
+};
 
 HB_TEST_MAIN(tst_HBDrawWatermark)
 #include "tst_HBDrawWatermark.moc"
