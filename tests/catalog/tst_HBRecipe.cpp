@@ -41,10 +41,7 @@ HBRecipeStep Step(int brightness, int contrast) {
 /// The picture as a user sees it who opens the panel with these values.
 HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast) {
     HBBrightnessContrastWidget panel(true, nullptr, {});
-    HBBrightnessContrastWidget::Params params;
-    params.brightness = brightness;
-    params.contrast = contrast;
-    panel.SetValue(params);
+    HBFindPanel("HBBrightnessContrastWidget")->restore(panel, Step(brightness, contrast).values, nullptr);
     QSignalSpy ready(&panel, &HBAdjustmentWidget::ImageReady);
     panel.SetImage(image, {}, {}, {});
     return ready.wait() ? panel.AdjustedImage() : HBImage<>();
@@ -101,8 +98,7 @@ private slots:
             step[key] = value;
             return WithSteps({good, step});
         };
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("message");
+        HBColumns<QByteArray, QString>("json", "message");
         QTest::newRow("empty") << QByteArray() << "not JSON";
         QTest::newRow("deep") << QByteArray(5000, '[') << "not JSON";
         QTest::newRow("other format") << Changed("format", "curves") << "not a recipe";

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "../host/HBOffscreenLog.h"
 #include "HBTestMain.h"
 
 #include <HBAdjustmentWidget.h>
@@ -67,44 +66,35 @@ class TestHBEditorWindow : public QObject {
     }
 
 private slots:
-    void initTestCase() {
-        m_pLog = std::make_unique<HBOffscreenLog>();
-        QVERIFY(m_Folder.isValid());
-    }
-    void cleanupTestCase() { m_pLog.reset(); }
 
-    void everyPanelOpensAndCloses_data() {
-        QTest::addColumn<bool>("docked");
-        QTest::newRow("side bar") << true;
-        QTest::newRow("dialog") << false;
-    }
     void everyPanelOpensAndCloses() {
-        QFETCH(bool, docked);
-        HBEditorWindow window(false);
-        window.show();
-        window.Actions()->docked->setChecked(docked);
-        QVERIFY(!window.Actions()->panels->isEnabled()); // no photo yet
-        QVERIFY(!window.OpenPanel(Entry()));
-        QVERIFY(window.Open(Photo("a.png")));
-        QVERIFY(window.Actions()->panels->isEnabled());
-        QCOMPARE(window.Actions()->panels->actions().size(), HBPanelCatalog().size());
-        for (const HBPanelEntry& entry : HBPanelCatalog()) {
-            QVERIFY(window.OpenPanel(entry));
-            const QPointer<HBAdjustmentWidget> panel = window.Session()->Panel();
-            QVERIFY(panel->isVisible());
-            QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, !docked);
-            window.Actions()->docked->toggle(); // moves the panel
-            QVERIFY(panel->isVisible());
-            QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, docked);
-            window.Actions()->docked->toggle();
-            if (docked)
-                emit panel->Cancel();
-            else
-                panel->window()->close();
-            QVERIFY(!window.Session());
-            QTRY_VERIFY(!panel);
+        for (const bool docked : {true, false}) {
+            HBEditorWindow window(false);
+            window.show();
+            window.Actions()->docked->setChecked(docked);
+            QVERIFY(!window.Actions()->panels->isEnabled()); // no photo yet
+            QVERIFY(!window.OpenPanel(Entry()));
+            QVERIFY(window.Open(Photo("a.png")));
+            QVERIFY(window.Actions()->panels->isEnabled());
+            QCOMPARE(window.Actions()->panels->actions().size(), HBPanelCatalog().size());
+            for (const HBPanelEntry& entry : HBPanelCatalog()) {
+                QVERIFY(window.OpenPanel(entry));
+                const QPointer<HBAdjustmentWidget> panel = window.Session()->Panel();
+                QVERIFY(panel->isVisible());
+                QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, !docked);
+                window.Actions()->docked->toggle(); // moves the panel
+                QVERIFY(panel->isVisible());
+                QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, docked);
+                window.Actions()->docked->toggle();
+                if (docked)
+                    emit panel->Cancel();
+                else
+                    panel->window()->close();
+                QVERIFY(!window.Session());
+                QTRY_VERIFY(!panel);
+            }
+            QVERIFY(!window.Document().IsModified());
         }
-        QVERIFY(!window.Document().IsModified());
     }
 
     void previewOkUndoRecipe() {
@@ -175,9 +165,7 @@ private slots:
     }
 
     void anotherPhotoWithAPanelOpen_data() {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<int>("second"); // to the question whether to save
-        QTest::addColumn<bool>("opens");
+        HBColumns<int, int, bool>("answer", "second", "opens"); // second: to the question whether to save
         QTest::newRow("stay") << int(QMessageBox::Cancel) << 0 << false;
         QTest::newRow("discard") << int(QMessageBox::Discard) << 0 << true;
         QTest::newRow("apply, do not save") << int(QMessageBox::Apply) << int(QMessageBox::Discard) << true;
@@ -278,7 +266,6 @@ private slots:
 
 private:
     QTemporaryDir m_Folder;
-    std::unique_ptr<HBOffscreenLog> m_pLog;
 };
 
 HB_TEST_MAIN(TestHBEditorWindow)

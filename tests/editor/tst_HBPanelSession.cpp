@@ -190,15 +190,6 @@ private slots:
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
 
-    void okWaitsForTheRunningJob() {
-        Fixture f;
-        f.OpenAndHold();
-        f.session->Accept();
-        QVERIFY(f.accepted.isEmpty());
-        f.panel->gate.Open();
-        QTRY_COMPARE(f.accepted, QVector<int>{7});
-    }
-
     void okTakesAChangeMadeWhileAnotherJobRuns() {
         Fixture f;
         f.OpenAndHold();

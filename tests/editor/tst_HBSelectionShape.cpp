@@ -6,20 +6,16 @@
 
 #include <KMTileManager64.h>
 
-Q_DECLARE_METATYPE(HBSelectionShape)
-
 using Kind = HBSelectionShape::Kind;
 
 class TestHBSelectionShape : public QObject {
     Q_OBJECT
 private slots:
-    void maskIsTheCoverageInItsBoundingRectangle_data() {
-        QTest::addColumn<HBSelectionShape>("shape");
-        QTest::addColumn<QRect>("area"); // of the mask on a photo of 400 x 300
+    void maskIsTheCoverageInItsBoundingRectangle() {
         const struct {
             const char* name;
             HBSelectionShape shape;
-            QRect area;
+            QRect area; // of the mask on a photo of 400 x 300
         } rows[] = {
             {"rectangle", {Kind::Rectangle, {10, 20, 300, 200}, 0, false}, {10, 20, 300, 200}},
             {"soft rectangle", {Kind::Rectangle, {50, 60, 290, 180}, 15, false}, {35, 45, 320, 210}},
@@ -31,24 +27,21 @@ private slots:
             {"inverted rectangle", {Kind::Rectangle, {100, 100, 200, 20}, 3, true}, {0, 0, 400, 300}},
             {"inverted ellipse", {Kind::Ellipse, {10, 10, 380, 280}, 0, true}, {0, 0, 400, 300}},
         };
-        for (const auto& row : rows) QTest::newRow(row.name) << row.shape << row.area;
-    }
-    void maskIsTheCoverageInItsBoundingRectangle() {
-        QFETCH(HBSelectionShape, shape);
-        QFETCH(QRect, area);
-        const HBSelection selection = shape.Rasterize(QSize(400, 300));
-        QCOMPARE(selection.offset, area.topLeft());
-        QCOMPARE(selection.bounds, QRect(QPoint(0, 0), area.size()));
-        QCOMPARE(QSize(selection.mask.Width(), selection.mask.Height()), area.size());
-        for (int y = 0; y < 300; ++y) {
-            for (int x = 0; x < 400; ++x) {
-                const int coverage = shape.CoverageAt(x, y);
-                if (!area.contains(x, y)) {
-                    QCOMPARE(coverage, 0); // nothing that is selected is left out
-                    continue;
+        for (const auto& [name, shape, area] : rows) {
+            const HBSelection selection = shape.Rasterize(QSize(400, 300));
+            QVERIFY2(selection.offset == area.topLeft(), name);
+            QCOMPARE(selection.bounds, QRect(QPoint(0, 0), area.size()));
+            QCOMPARE(QSize(selection.mask.Width(), selection.mask.Height()), area.size());
+            for (int y = 0; y < 300; ++y) {
+                for (int x = 0; x < 400; ++x) {
+                    const int coverage = shape.CoverageAt(x, y);
+                    if (!area.contains(x, y)) {
+                        QCOMPARE(coverage, 0); // nothing that is selected is left out
+                        continue;
+                    }
+                    const HBRGBA32i pixel = selection.mask.PixelAt(x - area.left(), y - area.top());
+                    QCOMPARE(pixel.ToRgba(), QRgb(coverage) * 0x01010101u);
                 }
-                const HBRGBA32i pixel = selection.mask.PixelAt(x - area.left(), y - area.top());
-                QCOMPARE(pixel.ToRgba(), QRgb(coverage) * 0x01010101u);
             }
         }
     }

@@ -43,11 +43,8 @@ class TestHBSelectionTool : public QObject {
 
 private slots:
     void drags_data() {
-        QTest::addColumn<Kind>("kind");
-        QTest::addColumn<QPointF>("from");
-        QTest::addColumn<QPointF>("to");
-        QTest::addColumn<bool>("shift");
-        QTest::addColumn<QRect>("rect"); // null: nothing is selected
+        HBColumns<Kind, QPointF, QPointF, bool, QRect>("kind", "from", "to", "shift",
+                                                       "rect"); // rect: null: nothing is selected
         QTest::newRow("rectangle") << Kind::Rectangle << QPointF(10.2, 20.4) << QPointF(50, 70) << false
                                    << QRect(10, 20, 40, 50);
         QTest::newRow("backwards") << Kind::Rectangle << QPointF(50, 70) << QPointF(10, 20) << false

@@ -40,8 +40,7 @@ private slots:
     void cleanup() { m_pFolder.reset(); }
 
     void Pixels_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QImage::Format>("format");
+        HBColumns<QString, QImage::Format>("name", "format");
         for (const QImage::Format format :
              {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_Indexed8, QImage::Format_Grayscale8,
               QImage::Format_Mono, QImage::Format_RGBA64, QImage::Format_Grayscale16})
@@ -148,78 +147,65 @@ private slots:
         }
     }
 
-    void NotAPhoto_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("missing") << "none.jpg" << QByteArray();
-        QTest::newRow("device") << "/dev/zero" << QByteArray();
-        QTest::newRow("empty") << "a.jpg" << QByteArray("");
-        QTest::newRow("text") << "a.jpg" << QByteArray("This is not a photo.\n");
-        QTest::newRow("drawing") << "a.png"
-                                 << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
-        QTest::newRow("zeros") << "a.jpg" << QByteArray(5000, '\0');
-        QTest::newRow("only a start") << "a.jpg" << QByteArray("\xff\xd8\xff\xe0");
-        QTest::newRow("too large") << "a.png" << EmptyPng("000f4240000f424008060000005c6d387d");
-        QTest::newRow("empty tiff") << "a.tif" << QByteArray("II*\0\x08\0\0\0\0\0", 10);
-        QTest::newRow("no pixels") << "a.png" << EmptyPng("000000000000000508060000005c6d387d");
-        QTest::newRow("endless tiff") << "a.tif" << QByteArray("MM\0*\xff\xff\xff\xff", 8);
-    }
     void NotAPhoto() {
-        QFETCH(QString, path);
-        QFETCH(QByteArray, bytes);
-        if (!path.isEmpty() && !path.startsWith('/')) path = Path(path);
-        if (!bytes.isNull()) QVERIFY(HBWriteBytes(path, bytes));
-        HBPhoto photo;
-        QString error;
-        QVERIFY(!HBReadPhoto(path, &photo, &error));
-        QVERIFY2(error.startsWith(path + ": ") && error.size() > path.size() + 10, qPrintable(error));
-        QVERIFY(photo.image.IsEmpty());
+        const std::pair<QString, QByteArray> rows[] = {
+            {"none.jpg", {}},
+            {"/dev/zero", {}},
+            {"a.jpg", ""},
+            {"a.jpg", "This is not a photo.\n"},
+            {"a.png", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"},
+            {"a.jpg", QByteArray(5000, '\0')},
+            {"a.jpg", "\xff\xd8\xff\xe0"},
+            {"a.png", EmptyPng("000f4240000f424008060000005c6d387d")}, // a million by a million pixels
+            {"a.png", EmptyPng("000000000000000508060000005c6d387d")},
+            {"a.tif", QByteArray("II*\0\x08\0\0\0\0\0", 10)},
+            {"a.tif", QByteArray("MM\0*\xff\xff\xff\xff", 8)}};
+        for (const auto& [name, bytes] : rows) {
+            const QString path = name.startsWith('/') ? name : Path(name);
+            if (!bytes.isNull()) QVERIFY(HBWriteBytes(path, bytes));
+            HBPhoto photo;
+            QString error;
+            QVERIFY(!HBReadPhoto(path, &photo, &error));
+            QVERIFY2(error.startsWith(path + ": ") && error.size() > path.size() + 10, qPrintable(error));
+            QVERIFY(photo.image.IsEmpty());
+        }
     }
 
-    void CannotBeWritten_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("unknown suffix") << "a.xyz" << QSize(8, 8);
-        QTest::newRow("no such folder") << "none/a.jpg" << QSize(8, 8);
-        QTest::newRow("a folder in its place") << "folder.jpg" << QSize(8, 8);
-        QTest::newRow("no pixels") << "a.jpg" << QSize(0, 0);
-        QTest::newRow("too wide") << "a.webp" << QSize(16384, 1);
-    }
     void CannotBeWritten() {
-        QFETCH(QString, name);
-        QFETCH(QSize, size);
-        QVERIFY(HBWriteBytes(Path("file"), "file"));
         QVERIFY(QDir(m_pFolder->path()).mkdir("folder.jpg"));
         const QStringList before = m_pFolder->Files();
-        QString error;
-        QVERIFY(!HBWritePhoto(Path(name), HBImage<>(size.width(), size.height()), {}, &error));
-        QVERIFY2(error.startsWith(Path(name) + ": "), qPrintable(error));
-        QCOMPARE(m_pFolder->Files(), before);
+        const std::pair<const char*, QSize> rows[] = {{"a.xyz", {8, 8}},
+                                                      {"none/a.jpg", {8, 8}},
+                                                      {"folder.jpg", {8, 8}},
+                                                      {"a.jpg", {0, 0}},
+                                                      {"a.webp", {16384, 1}}};
+        for (const auto& [name, size] : rows) {
+            QString error;
+            QVERIFY2(!HBWritePhoto(Path(name), HBImage<>(size.width(), size.height()), {}, &error), name);
+            QVERIFY2(error.startsWith(Path(name) + ": "), qPrintable(error));
+            QCOMPARE(m_pFolder->Files(), before);
+        }
     }
 
-    void FullDiskKeepsTheOldFile_data() {
-        QTest::addColumn<int>("room");
-        QTest::newRow("large file") << 20000;
-        QTest::newRow("file that fits into a buffer") << 100;
-        QTest::newRow("no room at all") << 0;
-    }
     /// A limit on the size of files stands for the full disk: the write fails in the same place.
     void FullDiskKeepsTheOldFile() {
-        QFETCH(int, room);
         QVERIFY(HBWriteBytes(Path("a.tif"), "old"));
-        const int side = room > 1000 ? 200 : 10;
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit before;
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-        const rlimit small{rlim_t(room), before.rlim_max};
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-        QString error;
-        const bool written = HBWritePhoto(Path("a.tif"), HBImage<>::FromQImage(Gradient(side, side)), {}, &error);
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QVERIFY(!written);
-        QCOMPARE(error, Path("a.tif") + ": " + qt_error_string(EFBIG));
-        QCOMPARE(HBBytesOf(Path("a.tif")), QByteArray("old"));
-        QCOMPARE(m_pFolder->Files(), QStringList("a.tif"));
+        for (const int room : {20000, 100, 0}) { // for the second, the file fits into a buffer
+            const int side = room > 1000 ? 200 : 10;
+            const rlimit small{rlim_t(room), before.rlim_max};
+            QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+            QString error;
+            const bool written =
+                HBWritePhoto(Path("a.tif"), HBImage<>::FromQImage(Gradient(side, side)), {}, &error);
+            QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+            QVERIFY(!written);
+            QCOMPARE(error, Path("a.tif") + ": " + qt_error_string(EFBIG));
+            QCOMPARE(HBBytesOf(Path("a.tif")), QByteArray("old"));
+            QCOMPARE(m_pFolder->Files(), QStringList("a.tif"));
+        }
     }
 
     void RemarksAreTold() {
