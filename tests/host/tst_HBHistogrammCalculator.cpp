@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <HBHistogrammCalculator.h>
 #include <HBTestMain.h>
-#include <KMRGBHistogram.h>
 
 #include <QThreadPool>
 
@@ -45,149 +44,114 @@ Counts PlainLoop(const HBImage<>& image, const QRect& rect) {
 class TestHBHistogrammCalculator : public QObject {
     Q_OBJECT
 private slots:
-    void EqualsAPlainLoop_data();
-    void EqualsAPlainLoop();
-    void LumaIsRounded();
-    void OneColourOfManyPixels();
-    void QImagesOfAnyFormat();
-    void AccumulateAddsAndStops();
-    void AbandonedCountsEnd();
-    void Threshold_data();
-    void Threshold();
-    void PixelByPixel();
-};
-
-void TestHBHistogrammCalculator::EqualsAPlainLoop_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("rect");
-    for (const QSize size :
-         {QSize(1, 1), QSize(127, 129), QSize(128, 128), QSize(129, 127), QSize(257, 3), QSize(300, 290)})
-        QTest::addRow("whole %dx%d", size.width(), size.height()) << size << QRect(QPoint(), size);
-    const QSize size(300, 290);
-    QTest::newRow("one pixel") << size << QRect(128, 127, 1, 1);
-    QTest::newRow("across borders") << size << QRect(100, 120, 130, 20);
-    QTest::newRow("one tile") << size << QRect(128, 128, 128, 128);
-    QTest::newRow("reaching out") << size << QRect(-50, -50, 90, 900);
-    QTest::newRow("outside") << size << QRect(-50, -50, 50, 50);
-    QTest::newRow("beyond the image, in the padding") << size << QRect(300, 0, 50, 50);
-    QTest::newRow("inverted") << size << QRect(QPoint(50, 50), QPoint(10, 10));
-    QTest::newRow("no image") << QSize(0, 0) << QRect(0, 0, 5, 5);
-}
-
-void TestHBHistogrammCalculator::EqualsAPlainLoop() {
-    QFETCH(QSize, size);
-    QFETCH(QRect, rect);
-    const HBImage<> image = Ramp(size.width(), size.height());
-    const Counts expected = PlainLoop(image, rect);
-    const int threads = QThreadPool::globalInstance()->maxThreadCount();
-    for (const int lanes : {1, 4}) {
-        QThreadPool::globalInstance()->setMaxThreadCount(lanes);
-        const Counts counts = HBHistogrammCalculator::Count(image, rect);
-        QCOMPARE(counts.pixels, expected.pixels);
-        QVERIFY(counts.levels == expected.levels);
-    }
-    QThreadPool::globalInstance()->setMaxThreadCount(threads);
-}
-
-void TestHBHistogrammCalculator::LumaIsRounded() {
-    for (int r = 0; r < 256; r += 5) {
-        for (int g = 0; g < 256; g += 5) {
-            for (int b = 0; b < 256; b += 5) {
-                const int luma = HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(r), quint8(g), quint8(b)));
-                // 15-bit weights are off by up to 0.008, which tells near halves only.
-                QVERIFY(qAbs(luma - (0.2126 * r + 0.7152 * g + 0.0722 * b)) <= 0.508);
+    void EqualsAPlainLoop() {
+        std::vector<std::pair<QSize, QRect>> rows = {{{0, 0}, {0, 0, 5, 5}}};
+        for (const QSize& size : {QSize(1, 1), QSize(127, 129), QSize(128, 128), QSize(257, 3), QSize(300, 290)})
+            rows.emplace_back(size, QRect(QPoint(), size));
+        // One pixel, across borders, one tile, reaching out, outside, in the padding, inverted.
+        for (const QRect& rect :
+             {QRect(128, 127, 1, 1), QRect(100, 120, 130, 20), QRect(128, 128, 128, 128), QRect(-50, -50, 90, 900),
+              QRect(-50, -50, 50, 50), QRect(300, 0, 50, 50), QRect(QPoint(50, 50), QPoint(10, 10))})
+            rows.emplace_back(QSize(300, 290), rect);
+        const int threads = QThreadPool::globalInstance()->maxThreadCount();
+        for (const auto& [size, rect] : rows) {
+            const HBImage<> image = Ramp(size.width(), size.height());
+            const Counts expected = PlainLoop(image, rect);
+            for (const int lanes : {1, 4}) {
+                QThreadPool::globalInstance()->setMaxThreadCount(lanes);
+                const Counts counts = HBHistogrammCalculator::Count(image, rect);
+                QCOMPARE(counts.pixels, expected.pixels);
+                QVERIFY(counts.levels == expected.levels);
             }
         }
+        QThreadPool::globalInstance()->setMaxThreadCount(threads);
     }
-    for (int level = 0; level < 256; ++level)
-        QCOMPARE(HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(level), quint8(level), quint8(level))), level);
-}
 
-// The fast counters are 16 bits wide: far more pixels than that of one level.
-void TestHBHistogrammCalculator::OneColourOfManyPixels() {
-    QImage colour(1500, 1000, QImage::Format_RGB32);
-    colour.fill(QColor(1, 128, 255));
-    for (const Counts& counts : {HBHistogrammCalculator::Count(colour),
-                                 HBHistogrammCalculator::Count(HBImage<>::FromQImage(colour), colour.rect())}) {
-        QCOMPARE(counts.pixels, quint64(1500000));
-        QCOMPARE(counts.levels[0][1], quint64(1500000));
-        QCOMPARE(counts.levels[1][128], quint64(1500000));
-        QCOMPARE(counts.levels[2][255], quint64(1500000));
-        QCOMPARE(counts.levels[3][110], quint64(1500000)); // 0.2126 + 91.55 + 18.41
+    void LumaIsRounded() {
+        for (int r = 0; r < 256; r += 5) {
+            for (int g = 0; g < 256; g += 5) {
+                for (int b = 0; b < 256; b += 5) {
+                    const int luma = HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(r), quint8(g), quint8(b)));
+                    // 15-bit weights are off by up to 0.008, which tells near halves only.
+                    QVERIFY(qAbs(luma - (0.2126 * r + 0.7152 * g + 0.0722 * b)) <= 0.508);
+                }
+            }
+        }
+        for (int level = 0; level < 256; ++level)
+            QCOMPARE(HBHistogrammCalculator::LumaOf(HBRGBA32i(quint8(level), quint8(level), quint8(level))),
+                     level);
     }
-}
 
-void TestHBHistogrammCalculator::QImagesOfAnyFormat() {
-    const QImage ramp = Ramp(130, 70).ToQImage();
-    const Counts expected = HBHistogrammCalculator::Count(Ramp(130, 70), QRect(0, 0, 130, 70));
-    QVERIFY(HBHistogrammCalculator::Count(ramp).levels == expected.levels);
-    QVERIFY(HBHistogrammCalculator::Count(ramp.convertToFormat(QImage::Format_RGBA8888)).levels ==
-            expected.levels);
+    // The fast counters are 16 bits wide: far more pixels than that of one level.
+    void OneColourOfManyPixels() {
+        QImage colour(1500, 1000, QImage::Format_RGB32);
+        colour.fill(QColor(1, 128, 255));
+        for (const Counts& counts :
+             {HBHistogrammCalculator::Count(colour),
+              HBHistogrammCalculator::Count(HBImage<>::FromQImage(colour), colour.rect())}) {
+            QCOMPARE(counts.pixels, quint64(1500000));
+            QCOMPARE(counts.levels[0][1], quint64(1500000));
+            QCOMPARE(counts.levels[1][128], quint64(1500000));
+            QCOMPARE(counts.levels[2][255], quint64(1500000));
+            QCOMPARE(counts.levels[3][110], quint64(1500000)); // 0.2126 + 91.55 + 18.41
+        }
+    }
 
-    QImage indexed(3, 200, QImage::Format_Indexed8);
-    indexed.setColorTable({qRgb(10, 20, 30), qRgb(40, 50, 60)});
-    indexed.fill(1);
-    QCOMPARE(HBHistogrammCalculator::Count(indexed).levels[1][50], quint64(600));
-    QImage half(4, 4, QImage::Format_ARGB32_Premultiplied);
-    half.fill(QColor(200, 100, 50, 255));
-    QCOMPARE(HBHistogrammCalculator::Count(half).levels[0][200], quint64(16));
-    QCOMPARE(HBHistogrammCalculator::Count(QImage()).pixels, quint64(0));
-}
+    void QImagesOfAnyFormat() {
+        const QImage ramp = Ramp(130, 70).ToQImage();
+        const Counts expected = HBHistogrammCalculator::Count(Ramp(130, 70), QRect(0, 0, 130, 70));
+        QVERIFY(HBHistogrammCalculator::Count(ramp).levels == expected.levels);
+        QVERIFY(HBHistogrammCalculator::Count(ramp.convertToFormat(QImage::Format_RGBA8888)).levels ==
+                expected.levels);
 
-void TestHBHistogrammCalculator::AccumulateAddsAndStops() {
-    const HBImage<> image = Ramp(200, 150);
-    const Counts counts = PlainLoop(image, QRect(0, 0, 200, 150));
-    int red[256] = {};
-    int luma[256] = {};
-    luma[60] = std::numeric_limits<int>::max() - 1;
-    HBHistogrammCalculator calculator;
-    calculator.SetOutput(red, nullptr, nullptr, luma);
-    calculator.Accumulate(image, QRect(0, 0, 200, 150));
-    calculator.Accumulate(image, QRect(0, 0, 200, 150));
-    for (int level = 0; level < 256; ++level) QCOMPARE(red[level], int(2 * counts.levels[0][level]));
-    QCOMPARE(luma[60], std::numeric_limits<int>::max());
-}
+        QImage indexed(3, 200, QImage::Format_Indexed8);
+        indexed.setColorTable({qRgb(10, 20, 30), qRgb(40, 50, 60)});
+        indexed.fill(1);
+        QCOMPARE(HBHistogrammCalculator::Count(indexed).levels[1][50], quint64(600));
+        QImage half(4, 4, QImage::Format_ARGB32_Premultiplied);
+        half.fill(QColor(200, 100, 50, 255));
+        QCOMPARE(HBHistogrammCalculator::Count(half).levels[0][200], quint64(16));
+        QCOMPARE(HBHistogrammCalculator::Count(QImage()).pixels, quint64(0));
+    }
 
-void TestHBHistogrammCalculator::AbandonedCountsEnd() {
-    const std::atomic<bool> abandoned{true};
-    QCOMPARE(HBHistogrammCalculator::Count(Ramp(300, 300), QRect(0, 0, 300, 300), &abandoned).pixels, quint64(0));
-}
+    void AccumulateAddsAndStops() {
+        const HBImage<> image = Ramp(200, 150);
+        const Counts counts = PlainLoop(image, QRect(0, 0, 200, 150));
+        int red[256] = {};
+        int luma[256] = {};
+        luma[60] = std::numeric_limits<int>::max() - 1;
+        HBHistogrammCalculator calculator;
+        calculator.SetOutput(red, nullptr, nullptr, luma);
+        calculator.Accumulate(image, QRect(0, 0, 200, 150));
+        calculator.Accumulate(image, QRect(0, 0, 200, 150));
+        for (int level = 0; level < 256; ++level) QCOMPARE(red[level], int(2 * counts.levels[0][level]));
+        QCOMPARE(luma[60], std::numeric_limits<int>::max());
+    }
 
-void TestHBHistogrammCalculator::Threshold_data() {
-    using Levels = QMap<int, int>;
-    QTest::addColumn<Levels>("levels");
-    QTest::addColumn<int>("low");
-    QTest::addColumn<int>("high");
-    QTest::newRow("empty") << Levels{} << 0 << 255;
-    QTest::newRow("one level") << Levels{{40, 1}} << 40 << 40;
-    QTest::newRow("just 0.5 % at the ends") << Levels{{3, 5}, {50, 990}, {200, 5}} << 3 << 50;
-    QTest::newRow("less than 0.5 % at the ends") << Levels{{3, 4}, {50, 992}, {200, 4}} << 50 << 50;
-    QTest::newRow("a share at either end") << Levels{{0, 100}, {255, 100}} << 0 << 255;
-    QTest::newRow("large counts") << Levels{{7, INT_MAX}, {9, INT_MAX}} << 7 << 9;
-    QTest::newRow("negative counts are none") << Levels{{7, -50}, {9, 10}} << 9 << 9;
-}
+    void AbandonedCountsEnd() {
+        const std::atomic<bool> abandoned{true};
+        QCOMPARE(HBHistogrammCalculator::Count(Ramp(300, 300), QRect(0, 0, 300, 300), &abandoned).pixels,
+                 quint64(0));
+    }
 
-void TestHBHistogrammCalculator::Threshold() {
-    using Levels = QMap<int, int>;
-    QFETCH(Levels, levels);
-    QFETCH(int, low);
-    QFETCH(int, high);
-    int counts[256] = {};
-    for (auto it = levels.cbegin(); it != levels.cend(); ++it) counts[it.key()] = it.value();
-    QCOMPARE(HBHistogrammCalculator::Threshold(counts), (std::vector<int>{low, high}));
-}
-
-void TestHBHistogrammCalculator::PixelByPixel() {
-    uint red[256] = {};
-    uint green[256] = {};
-    uint blue[256] = {};
-    KMRGBHistogram histogram(red, green, blue);
-    histogram(HBRGBA32i(1, 2, 3, 4));
-    histogram(HBRGBA32i(1, 255, 0, 0));
-    QCOMPARE(red[1], 2u);
-    QCOMPARE(green[2] + green[255], 2u);
-    QCOMPARE(blue[3] + blue[0], 2u);
-}
+    void Threshold() {
+        const struct {
+            QMap<int, int> levels;
+            int low, high;
+        } rows[] = {{{}, 0, 255},
+                    {{{40, 1}}, 40, 40},
+                    {{{3, 5}, {50, 990}, {200, 5}}, 3, 50}, // just 0.5 % at the ends
+                    {{{3, 4}, {50, 992}, {200, 4}}, 50, 50},
+                    {{{0, 100}, {255, 100}}, 0, 255},
+                    {{{7, INT_MAX}, {9, INT_MAX}}, 7, 9},
+                    {{{7, -50}, {9, 10}}, 9, 9}};
+        for (const auto& row : rows) {
+            int counts[256] = {};
+            for (auto it = row.levels.cbegin(); it != row.levels.cend(); ++it) counts[it.key()] = it.value();
+            QCOMPARE(HBHistogrammCalculator::Threshold(counts), (std::vector<int>{row.low, row.high}));
+        }
+    }
+};
 
 HB_TEST_MAIN(TestHBHistogrammCalculator)
 #include "tst_HBHistogrammCalculator.moc"

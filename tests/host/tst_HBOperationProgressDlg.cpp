@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBOffscreenLog.h"
 #include "HBTestMain.h"
 
 #include <HBDialog.h>
@@ -11,7 +10,6 @@
 #include <QTimer>
 
 #include <functional>
-#include <memory>
 
 class TestHBOperationProgressDlg : public QObject {
     Q_OBJECT
@@ -24,9 +22,6 @@ class TestHBOperationProgressDlg : public QObject {
     }
 
 private slots:
-    void initTestCase() { m_pLog = std::make_unique<HBOffscreenLog>(); }
-    void cleanupTestCase() { m_pLog.reset(); }
-
     void acceptsAtTheMaximumOnlyWhileItRuns() {
         HBOperationProgressDlg dialog;
         dialog.SetLabel("Levels:");
@@ -56,9 +51,6 @@ private slots:
         auto* dialog = new HBOperationProgressDlg;
         QCOMPARE(Run(dialog, [=] { delete dialog; }), 0);
     }
-
-private:
-    std::unique_ptr<HBOffscreenLog> m_pLog;
 };
 
 HB_TEST_MAIN(TestHBOperationProgressDlg)

@@ -32,27 +32,6 @@ QImage Render(QGraphicsScene& scene, const QSize& size, double scale) {
 class TestHBTileImageItem : public QObject {
     Q_OBJECT
 private slots:
-    void noSeamAtAnyScale_data() {
-        QTest::addColumn<double>("scale");
-        for (const double scale :
-             {0.013, 0.1, 0.26, 0.4999, 0.5, 0.61, 0.77, 0.999, 1.0, 1.37, 1.9, 2.0, 2.3, 5.5})
-            QTest::addRow("%g", scale) << scale;
-    }
-    void noSeamAtAnyScale() {
-        QFETCH(double, scale);
-        const QSize size(300, 270); // 3 x 3 tiles, the last ones cut
-        QGraphicsScene scene;
-        HBTileImageItem item;
-        item.SetPatience(std::numeric_limits<int>::max());
-        scene.addItem(&item);
-        item.SetImage(Filled(size.width(), size.height(), HBRGBA32i(10, 200, 90)));
-        const QImage image = Render(scene, size, scale);
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) QCOMPARE(image.pixel(x, y), qRgb(10, 200, 90));
-        }
-        scene.removeItem(&item);
-    }
-
     void showsThePixelsThemselvesFromHundredPercentUp() {
         QImage ramp(300, 140, QImage::Format_ARGB32);
         for (int y = 0; y < ramp.height(); ++y) {

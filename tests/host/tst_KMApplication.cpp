@@ -3,6 +3,7 @@
 #include "HBTestMain.h"
 
 #include <KMApplication.h>
+#include <KMImageFileManager.h>
 
 #include <QSettings>
 #include <QStandardPaths>
@@ -27,18 +28,28 @@ private slots:
         QCOMPARE(KMApplication::GetPathOpen(), pictures);
     }
 
-    void progressTimeout() {
-        QCOMPARE(KMApplication::GetProgressTimeout(), 500);
-        KMApplication::SetProgressTimeout(-1);
-        QCOMPARE(KMApplication::GetProgressTimeout(), 0);
-        KMApplication::SetProgressTimeout(500);
+    void suffixes() {
+        for (const QStringList& suffixes :
+             {KMImageFileManager::SuffixesForRead(), KMImageFileManager::SuffixesForWrite()}) {
+            for (const char* photo : {"jpg", "jpeg", "png"}) QVERIFY2(suffixes.contains(photo), photo);
+            for (const char* drawing : {"svg", "ico", "pdf"}) QVERIFY2(!suffixes.contains(drawing), drawing);
+            QStringList sorted = suffixes;
+            sorted.sort();
+            QCOMPARE(suffixes, sorted);
+            QCOMPARE(sorted.removeDuplicates(), 0);
+        }
     }
 
-    void tileMemory() {
-        KMApplication::SetTileMemory(64 << 20);
-        QCOMPARE(KMApplication::GetTileMemory(), qint64(64 << 20));
-        KMApplication::SetTileMemory(0);
-        QVERIFY(KMApplication::GetTileMemory() > 64 << 20); // half of the RAM
+    void filters() {
+        for (const QString& filter :
+             {KMImageFileManager::GetFilterForRead(), KMImageFileManager::GetFilterForWrite()}) {
+            const QStringList entries = filter.split(";;");
+            QVERIFY(entries.size() >= 4);
+            QVERIFY(entries.first().contains("*.jpg") && entries.first().contains("*.png"));
+            QVERIFY(entries.contains("JPEG (*.jpg *.jpeg)"));
+            QVERIFY(entries.contains("PNG (*.png)"));
+            QCOMPARE(entries.last(), QString("All files (*)"));
+        }
     }
 
 private:

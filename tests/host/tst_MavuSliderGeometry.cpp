@@ -8,81 +8,43 @@
 class TestMavuSliderGeometry : public QObject {
     Q_OBJECT
 private slots:
-    void EveryValueSurvivesThePixels_data();
-    void EveryValueSurvivesThePixels();
-    void Ends();
-    void HostilePixels_data();
-    void HostilePixels();
-    void Nearest();
-};
-
-void TestMavuSliderGeometry::EveryValueSurvivesThePixels_data() {
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<double>("length");
-    QTest::newRow("one pixel a level") << 0 << 255 << 255.0;
-    QTest::newRow("wide") << 0 << 255 << 1003.0;
-    QTest::newRow("less than a pixel a level") << 0 << 255 << 61.0;
-    QTest::newRow("negative") << -100 << 100 << 333.0;
-    QTest::newRow("one value") << 7 << 7 << 100.0;
-}
-
-void TestMavuSliderGeometry::EveryValueSurvivesThePixels() {
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    QFETCH(double, length);
-    const MavuSliderGeometry geometry{minimum, maximum, 2, length};
-    for (int value = minimum; value <= maximum; ++value) {
-        QCOMPARE(geometry.ValueAt(geometry.PositionOf(value)), value);
-        QCOMPARE(geometry.MovedBy(value, 0), value);
+    void EveryValueSurvivesThePixels() {
+        const MavuSliderGeometry geometries[] = {{0, 255, 2, 255},
+                                                 {0, 255, 2, 1003},
+                                                 {0, 255, 2, 61}, // less than a pixel a level
+                                                 {-100, 100, 2, 333},
+                                                 {7, 7, 2, 100}};
+        for (const MavuSliderGeometry& geometry : geometries) {
+            for (int value = geometry.minimum; value <= geometry.maximum; ++value) {
+                QCOMPARE(geometry.ValueAt(geometry.PositionOf(value)), value);
+                QCOMPARE(geometry.MovedBy(value, 0), value);
+            }
+        }
     }
-}
 
-void TestMavuSliderGeometry::Ends() {
-    const MavuSliderGeometry geometry{0, 255, 2, 510};
-    QCOMPARE(geometry.PositionOf(0), 2.0);
-    QCOMPARE(geometry.PositionOf(255), 512.0);
-    QCOMPARE(geometry.ValueAt(4.9), 1);
-    QCOMPARE(geometry.ValueAt(5.1), 2);
-    QCOMPARE(geometry.MovedBy(100, 20), 110);
-    QCOMPARE(geometry.MovedBy(250, 20), 255);
-}
+    void Ends() {
+        const MavuSliderGeometry geometry{0, 255, 2, 510};
+        QCOMPARE(geometry.PositionOf(0), 2.0);
+        QCOMPARE(geometry.PositionOf(255), 512.0);
+        QCOMPARE(geometry.ValueAt(4.9), 1);
+        QCOMPARE(geometry.ValueAt(5.1), 2);
+        QCOMPARE(geometry.MovedBy(100, 20), 110);
+        QCOMPARE(geometry.MovedBy(250, 20), 255);
+    }
 
-void TestMavuSliderGeometry::HostilePixels_data() {
-    constexpr int Min = std::numeric_limits<int>::min();
-    constexpr int Max = std::numeric_limits<int>::max();
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<double>("length");
-    QTest::addColumn<double>("x");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("NaN") << 0 << 255 << 100.0 << qQNaN() << 0;
-    QTest::newRow("infinite") << 0 << 255 << 100.0 << qInf() << 255;
-    QTest::newRow("far left") << 0 << 255 << 100.0 << -1e300 << 0;
-    QTest::newRow("no length") << 3 << 255 << 0.0 << 50.0 << 3;
-    QTest::newRow("negative length") << 3 << 255 << -4.0 << 50.0 << 3;
-    QTest::newRow("inverted range") << 9 << 2 << 100.0 << 50.0 << 9;
-    QTest::newRow("all ints, low end") << Min << Max << 100.0 << 0.0 << Min;
-    QTest::newRow("all ints, high end") << Min << Max << 100.0 << 200.0 << Max;
-}
-
-void TestMavuSliderGeometry::HostilePixels() {
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    QFETCH(double, length);
-    QFETCH(double, x);
-    const MavuSliderGeometry geometry{minimum, maximum, 2, length};
-    QTEST(geometry.ValueAt(x), "expected");
-}
-
-void TestMavuSliderGeometry::Nearest() {
-    const MavuSliderGeometry geometry{0, 255, 0, 255};
-    using List = QVector<int>;
-    QCOMPARE(geometry.NearestTo(90, {0, 128, 255}), List{1});
-    QCOMPARE(geometry.NearestTo(10, {20, 20, 200}), (List{0, 1}));
-    QCOMPARE(geometry.NearestTo(15, {10, 20}), (List{0, 1}));
-    QCOMPARE(geometry.NearestTo(15, {}), List{});
-}
+    void HostilePixels() {
+        constexpr int Min = std::numeric_limits<int>::min();
+        constexpr int Max = std::numeric_limits<int>::max();
+        const struct {
+            MavuSliderGeometry geometry;
+            double x;
+            int expected;
+        } rows[] = {{{0, 255, 2, 100}, qQNaN(), 0}, {{0, 255, 2, 100}, qInf(), 255}, {{0, 255, 2, 100}, -1e300, 0},
+                    {{3, 255, 2, 0}, 50, 3},        {{3, 255, 2, -4}, 50, 3},        {{9, 2, 2, 100}, 50, 9},
+                    {{Min, Max, 2, 100}, 0, Min},   {{Min, Max, 2, 100}, 200, Max}};
+        for (const auto& row : rows) QCOMPARE(row.geometry.ValueAt(row.x), row.expected);
+    }
+};
 
 HB_TEST_MAIN(TestMavuSliderGeometry)
 #include "tst_MavuSliderGeometry.moc"

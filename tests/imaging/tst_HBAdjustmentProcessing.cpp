@@ -134,11 +134,7 @@ class tst_HBAdjustmentProcessing : public QObject {
     Q_OBJECT
 private slots:
     void Result_data() {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QSize>("mask");
-        QTest::addColumn<QPoint>("offset");
-        QTest::addColumn<QRect>("bounds");
-        QTest::addColumn<int>("maximum");
+        HBColumns<QSize, QSize, QPoint, QRect, int>("size", "mask", "offset", "bounds", "maximum");
         const QSize photo(300, 200); // 3 × 2 tiles
         const QPoint none;
         for (int side : {1, 127, 128, 129, 257}) {
@@ -267,32 +263,26 @@ private slots:
     }
 
     // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.
-    void JobsOnAFullPool_data() {
-        QTest::addColumn<int>("threads");
-        QTest::addColumn<int>("jobs");
-        QTest::newRow("one on one") << 1 << 1;
-        QTest::newRow("two on two") << 2 << 2;
-        QTest::newRow("eight on three") << 3 << 8;
-    }
     void JobsOnAFullPool() {
-        QFETCH(int, threads);
-        QFETCH(int, jobs);
-        const PoolSize pool(threads);
         const QImage photo = Ramp(700, 500);
         const HBImage<> source = HBImage<>::FromQImage(photo);
         const HBImage<> mask = Mask({700, 500});
         const QRect bounds(10, 10, 600, 400);
-        QVector<QFuture<HBImage<>>> results;
-        for (int i = 0; i < jobs; ++i) {
-            results << QtConcurrent::run([&] {
-                Job<InvertTransformation> job{InvertTransformation(Invert())};
-                return job.processing.Process(source, mask, {}, bounds);
-            });
-        }
         const QImage expected = Expected(photo, {700, 500}, {}, bounds);
-        for (QFuture<HBImage<>>& result : results) {
-            QTRY_VERIFY_WITH_TIMEOUT(result.isFinished(), 60000); // waiting for the future would run the job here
-            QCOMPARE(result.result().ToQImage(), expected);
+        for (const auto& [threads, jobs] : {std::pair(1, 1), std::pair(2, 2), std::pair(3, 8)}) {
+            const PoolSize pool(threads);
+            QVector<QFuture<HBImage<>>> results;
+            for (int i = 0; i < jobs; ++i) {
+                results << QtConcurrent::run([&] {
+                    Job<InvertTransformation> job{InvertTransformation(Invert())};
+                    return job.processing.Process(source, mask, {}, bounds);
+                });
+            }
+            for (QFuture<HBImage<>>& result : results) {
+                QTRY_VERIFY_WITH_TIMEOUT(result.isFinished(),
+                                         60000); // waiting for the future would run the job here
+                QCOMPARE(result.result().ToQImage(), expected);
+            }
         }
     }
 };

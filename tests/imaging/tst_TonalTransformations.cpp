@@ -3,6 +3,7 @@
 #include "HBRunFormCheck.h"
 #include "HBTestMain.h"
 
+#include <HBIterativeBrightnessContrastTransformation.h>
 #include <HBIterativeCurvesTransformation.h>
 #include <HBIterativeExposureTransformation.h>
 #include <HBIterativeGammaCorrectionTransformation.h>
@@ -35,6 +36,10 @@ Table Gamma(double gamma) { return CommonTable(HBIterativeGammaCorrectionTransfo
 
 Table Exposure(double exposure, double offset) {
     return CommonTable(HBIterativeExposureTransformation(exposure, offset).Operation());
+}
+
+Table BrightnessContrast(int brightness, int contrast) {
+    return CommonTable(HBIterativeBrightnessContrastTransformation(brightness, contrast).Operation());
 }
 
 Table Posterize(int levels) { return CommonTable(HBIterativePosterizeTransformation(levels).Operation()); }
@@ -71,87 +76,90 @@ private slots:
         QVERIFY(IsIdentity(HBIterativeExposureTransformation(0.0, 0.0).Operation()));
         QVERIFY(IsIdentity(LevelsSettings().Operation()));
         QVERIFY(IsIdentity(HBLevelsTransformation()));
+        QVERIFY(IsIdentity(HBIterativeBrightnessContrastTransformation(0, 0).Operation()));
         LevelsSettings none;
         none.output[0][1] = 0;
         none.amount = 0;
         QVERIFY(IsIdentity(none.Operation()));
     }
 
-    void GammaValues_data() {
-        QTest::addColumn<double>("gamma");
-        QTest::addColumn<int>("level");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("square root") << 2.0 << 64 << 128; // 127.75
-        QTest::newRow("square") << 0.5 << 128 << 64;      // 64.25
-        QTest::newRow("2.2") << 2.2 << 128 << 186;        // 186.42, the usual table of gamma 2.2
-        QTest::newRow("2.2 back") << 1 / 2.2 << 186 << 127;
-        QTest::newRow("brightest") << 5.0 << 1 << 84;   // 84.18
-        QTest::newRow("darkest") << 0.01 << 254 << 172; // 172.14
-        QTest::newRow("too much") << 9.0 << 1 << 84;
-        QTest::newRow("infinite") << Infinity << 1 << 84;
-        QTest::newRow("zero") << 0.0 << 254 << 172;
-        QTest::newRow("negative") << -1.0 << 254 << 172;
-        QTest::newRow("not a number") << NaN << 100 << 100;
+    void BrightnessContrastValues() {
+        const struct {
+            int brightness, contrast, level, expected;
+        } rows[] = {{50, 0, 100, 150},
+                    {50, 0, 206, 255},
+                    {-127, 0, 128, 1},
+                    {-127, 0, 126, 0},
+                    // tan(67.5°) = 1 + √2 and tan(22.5°) = √2 - 1 about 127.5
+                    {0, 64, 100, 61},
+                    {0, 64, 155, 194},
+                    {0, 64, 74, 0},
+                    {0, -64, 100, 116},
+                    {10, -64, 100, 126},
+                    // flat, then upright
+                    {0, -127, 0, 127},
+                    {0, -127, 255, 128},
+                    {0, 127, 126, 0},
+                    {0, 127, 129, 255}};
+        for (const auto& row : rows)
+            QCOMPARE(int(BrightnessContrast(row.brightness, row.contrast)[row.level]), row.expected);
+        QCOMPARE(BrightnessContrast(128, 0), BrightnessContrast(127, 0));
+        QCOMPARE(BrightnessContrast(INT_MAX, INT_MIN), BrightnessContrast(127, -127));
+        QCOMPARE(BrightnessContrast(INT_MIN, INT_MAX), BrightnessContrast(-127, 127));
+        for (int contrast = -127; contrast <= 127; ++contrast) {
+            const Table table = BrightnessContrast(contrast / 2, contrast);
+            QVERIFY(std::is_sorted(table.begin(), table.end()));
+        }
     }
+
     void GammaValues() {
-        QFETCH(double, gamma);
-        QFETCH(int, level);
-        const Table table = Gamma(gamma);
-        QTEST(int(table[level]), "expected");
-        QCOMPARE(int(table[0]), 0);
-        QCOMPARE(int(table[255]), 255);
+        const struct {
+            double gamma;
+            int level, expected;
+        } rows[] = {{2.0, 64, 128},  {0.5, 128, 64},      // 127.75, 64.25
+                    {2.2, 128, 186}, {1 / 2.2, 186, 127}, // 186.42, the usual table of gamma 2.2
+                    {5.0, 1, 84},    {0.01, 254, 172},    // 84.18, 172.14: the ends of the range
+                    {9.0, 1, 84},    {Infinity, 1, 84},   {0.0, 254, 172}, {-1.0, 254, 172}, {NaN, 100, 100}};
+        for (const auto& row : rows) {
+            const Table table = Gamma(row.gamma);
+            QCOMPARE(int(table[row.level]), row.expected);
+            QCOMPARE(int(table[0]), 0);
+            QCOMPARE(int(table[255]), 255);
+        }
     }
 
-    void ExposureValues_data() {
-        QTest::addColumn<double>("exposure");
-        QTest::addColumn<double>("offset");
-        QTest::addColumn<int>("level");
-        QTest::addColumn<int>("expected");
-        // Half the light is level 187.5 of sRGB, 18 % grey 117.6, full light less half of it 187.5 again.
-        QTest::newRow("half the light") << -1.0 << 0.0 << 255 << 188;
-        QTest::newRow("twice the light") << 1.0 << 0.0 << 187 << 254;
-        QTest::newRow("twice the light, white") << 1.0 << 0.0 << 188 << 255;
-        QTest::newRow("18 % of the light") << -2.473931188 << 0.0 << 255 << 118;
-        QTest::newRow("half light added") << 0.0 << 0.5 << 0 << 188;
-        QTest::newRow("half light taken") << 0.0 << -0.5 << 255 << 188;
-        QTest::newRow("straight part of the function") << 0.0 << -0.5 << 188 << 10; // 9.51
-        QTest::newRow("straight part, half") << -1.0 << 0.0 << 10 << 5;
-        QTest::newRow("out of the straight part") << 1.0 << 0.0 << 10 << 18; // 18.05
-        QTest::newRow("offset after exposure") << 1.0 << 0.1 << 100 << 161;  // 160.69
-        QTest::newRow("20 stops") << 20.0 << 0.0 << 1 << 255;
-        QTest::newRow("20 stops, black") << 20.0 << 0.0 << 0 << 0;
-        QTest::newRow("-20 stops") << -20.0 << 0.0 << 255 << 0;
-        QTest::newRow("clamped") << -Infinity << 7.0 << 255 << 188;
-        QTest::newRow("not numbers") << NaN << NaN << 77 << 77;
-    }
     void ExposureValues() {
-        QFETCH(double, exposure);
-        QFETCH(double, offset);
-        QFETCH(int, level);
-        QTEST(int(Exposure(exposure, offset)[level]), "expected");
+        // Half the light is level 187.5 of sRGB, 18 % grey 117.6, full light less half of it 187.5 again.
+        const struct {
+            double exposure, offset;
+            int level, expected;
+        } rows[] = {{-1.0, 0.0, 255, 188},
+                    {1.0, 0.0, 187, 254},
+                    {1.0, 0.0, 188, 255},
+                    {-2.473931188, 0.0, 255, 118},
+                    {0.0, 0.5, 0, 188},
+                    {0.0, -0.5, 255, 188},
+                    // into the straight part of the function (9.51), within it, and out of it (18.05)
+                    {0.0, -0.5, 188, 10},
+                    {-1.0, 0.0, 10, 5},
+                    {1.0, 0.0, 10, 18},
+                    {1.0, 0.1, 100, 161}, // 160.69: offset after exposure
+                    {20.0, 0.0, 1, 255},
+                    {20.0, 0.0, 0, 0},
+                    {-20.0, 0.0, 255, 0},
+                    {-Infinity, 7.0, 255, 188},
+                    {NaN, NaN, 77, 77}};
+        for (const auto& row : rows) QCOMPARE(int(Exposure(row.exposure, row.offset)[row.level]), row.expected);
     }
 
-    void PosterizeValues_data() {
-        QTest::addColumn<int>("levels");
-        QTest::addColumn<int>("level");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("2, dark") << 2 << 127 << 0;
-        QTest::newRow("2, light") << 2 << 128 << 255;
-        QTest::newRow("3, end of the first bin") << 3 << 85 << 0;
-        QTest::newRow("3, second bin") << 3 << 86 << 128; // 127.5
-        QTest::newRow("4, end of the first bin") << 4 << 63 << 0;
-        QTest::newRow("4, second bin") << 4 << 64 << 85;
-        QTest::newRow("4, third bin") << 4 << 191 << 170;
-        QTest::newRow("255, first") << 255 << 1 << 0;
-        QTest::newRow("255, darkened") << 255 << 127 << 126;
-        QTest::newRow("255, kept") << 255 << 128 << 128; // 255 × 127 / 254 = 127.5
-        QTest::newRow("too few") << INT_MIN << 127 << 0;
-        QTest::newRow("too many") << INT_MAX << 1 << 0;
-    }
     void PosterizeValues() {
-        QFETCH(int, levels);
-        QFETCH(int, level);
-        QTEST(int(Posterize(levels)[level]), "expected");
+        const struct {
+            int levels, level, expected;
+        } rows[] = {{2, 127, 0},       {2, 128, 255},   {3, 85, 0},    {3, 86, 128}, // 127.5
+                    {4, 63, 0},        {4, 64, 85},     {4, 191, 170}, {255, 1, 0},
+                    {255, 127, 126},   {255, 128, 128}, // 255 × 127 / 254 = 127.5
+                    {INT_MIN, 127, 0}, {INT_MAX, 1, 0}};
+        for (const auto& row : rows) QCOMPARE(int(Posterize(row.levels)[row.level]), row.expected);
     }
 
     void PosterizeLeavesThatManyLevels() {
@@ -164,41 +172,31 @@ private slots:
         }
     }
 
-    void CompositeLevels_data() {
-        QTest::addColumn<int>("low");
-        QTest::addColumn<int>("high");
-        QTest::addColumn<double>("gamma");
-        QTest::addColumn<int>("black");
-        QTest::addColumn<int>("white");
-        QTest::addColumn<QVector<QPoint>>("expected"); // level, result
-        using Points = QVector<QPoint>;
-        QTest::newRow("input") << 50 << 200 << 1.0 << 0 << 255
-                               << Points{{49, 0}, {50, 0}, {125, 128}, {200, 255}, {201, 255}};
-        QTest::newRow("output") << 0 << 255 << 1.0 << 100 << 200 << Points{{0, 100}, {128, 150}, {255, 200}};
-        QTest::newRow("output upside down")
-            << 0 << 255 << 1.0 << 255 << 0 << Points{{0, 255}, {100, 155}, {255, 0}};
-        QTest::newRow("gamma 2") << 0 << 255 << 2.0 << 0 << 255 << Points{{0, 0}, {64, 128}, {255, 255}};
-        QTest::newRow("gamma inside the input") << 100 << 200 << 2.0 << 0 << 255 << Points{{125, 128}};
-        QTest::newRow("empty input") << 128 << 128 << 1.0 << 0 << 255 << Points{{127, 0}, {128, 255}};
-        QTest::newRow("empty input, white") << 255 << 255 << 9.99 << 10 << 20 << Points{{254, 10}, {255, 20}};
-        QTest::newRow("input upside down")
-            << 200 << 100 << 0.5 << 0 << 255 << Points{{100, 0}, {199, 0}, {200, 255}};
-        QTest::newRow("far away") << INT_MIN << INT_MAX << 1.0 << INT_MIN << INT_MAX << Points{{0, 0}, {77, 77}};
-        QTest::newRow("far away, upside down")
-            << INT_MAX << INT_MIN << 1.0 << INT_MAX << INT_MIN << Points{{254, 255}, {255, 0}};
-        QTest::newRow("gamma 0") << 0 << 255 << 0.0 << 0 << 255 << Points{{254, 172}, {255, 255}};
-        QTest::newRow("gamma infinite") << 0 << 255 << Infinity << 0 << 255 << Points{{0, 0}, {1, 146}};
-        QTest::newRow("gamma not a number") << 0 << 255 << NaN << 0 << 255 << Points{{77, 77}};
-    }
     void CompositeLevels() {
-        QFETCH(int, low);
-        QFETCH(int, high);
-        QFETCH(double, gamma);
-        QFETCH(int, black);
-        QFETCH(int, white);
-        QFETCH(QVector<QPoint>, expected);
-        const Table table = Composite(low, high, gamma, black, white);
-        for (const QPoint& point : qAsConst(expected)) QCOMPARE(int(table[point.x()]), point.y());
+        const struct {
+            int low, high;
+            double gamma;
+            int black, white;
+            QVector<QPoint> expected; // level, result
+        } rows[] = {{50, 200, 1.0, 0, 255, {{49, 0}, {50, 0}, {125, 128}, {200, 255}, {201, 255}}},
+                    {0, 255, 1.0, 100, 200, {{0, 100}, {128, 150}, {255, 200}}},
+                    {0, 255, 1.0, 255, 0, {{0, 255}, {100, 155}, {255, 0}}},
+                    {0, 255, 2.0, 0, 255, {{0, 0}, {64, 128}, {255, 255}}},
+                    {100, 200, 2.0, 0, 255, {{125, 128}}},
+                    // an input that is empty or upside down
+                    {128, 128, 1.0, 0, 255, {{127, 0}, {128, 255}}},
+                    {255, 255, 9.99, 10, 20, {{254, 10}, {255, 20}}},
+                    {200, 100, 0.5, 0, 255, {{100, 0}, {199, 0}, {200, 255}}},
+                    // hostile
+                    {INT_MIN, INT_MAX, 1.0, INT_MIN, INT_MAX, {{0, 0}, {77, 77}}},
+                    {INT_MAX, INT_MIN, 1.0, INT_MAX, INT_MIN, {{254, 255}, {255, 0}}},
+                    {0, 255, 0.0, 0, 255, {{254, 172}, {255, 255}}},
+                    {0, 255, Infinity, 0, 255, {{0, 0}, {1, 146}}},
+                    {0, 255, NaN, 0, 255, {{77, 77}}}};
+        for (const auto& row : rows) {
+            const Table table = Composite(row.low, row.high, row.gamma, row.black, row.white);
+            for (const QPoint& point : row.expected) QCOMPARE(int(table[point.x()]), point.y());
+        }
     }
 
     void ChannelsComeFirstAndAlone() {
@@ -242,6 +240,7 @@ private slots:
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeCurvesTransformation(curves, 100).Operation()));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeGammaCorrectionTransformation(2.2).Operation()));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeExposureTransformation(0.7, -0.01).Operation()));
+        QVERIFY(HBRunFormEqualsScalarForm(HBIterativeBrightnessContrastTransformation(30, -40).Operation()));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativePosterizeTransformation(5).Operation()));
     }
 };

@@ -44,48 +44,38 @@ private slots:
         }
     }
 
-    void Place_data() {
-        HBColumns<QSize, QSize, int, QRect, QRect>("picture", "stamp", "alignment", "margins", "expected");
-        const QSize wide(750, 500), tall(500, 750), stamp(100, 60);
-        const QRect margins = HBMargins(10, 20, 30, 40); // twice as much as pixels
+    void Place() {
+        const QSize wide(750, 500), tall(500, 750), small(100, 60);
+        const QRect margins = HBMargins(10, 20, 30, 40), none = HBMargins(0, 0, 0, 0); // twice as much as pixels
         const int left = Qt::AlignLeft, centre = Qt::AlignHCenter, right = Qt::AlignRight;
         const int top = Qt::AlignTop, middle = Qt::AlignVCenter, bottom = Qt::AlignBottom;
-        QTest::newRow("left top") << wide << stamp << (left | top) << margins << QRect(5, 10, 50, 30);
-        QTest::newRow("right bottom") << wide << stamp << (right | bottom) << margins << QRect(685, 450, 50, 30);
-        QTest::newRow("centred between the margins")
-            << wide << stamp << (centre | middle) << margins << QRect(345, 230, 50, 30);
-        QTest::newRow("portrait, left bottom")
-            << tall << stamp << (left | bottom) << margins << QRect(5, 700, 50, 30);
-        QTest::newRow("no flag") << wide << stamp << 0 << margins << QRect(5, 10, 50, 30);
-        QTest::newRow("all flags") << wide << stamp << -1 << margins << QRect(5, 10, 50, 30);
-        QTest::newRow("centre and right")
-            << wide << stamp << (centre | right | middle | bottom) << margins << QRect(345, 230, 50, 30);
-        QTest::newRow("too wide") << wide << QSize(2920, 400) << (left | bottom) << margins
-                                  << QRect(5, 380, 730, 100);
-        QTest::newRow("too high") << tall << QSize(200, 2880) << (right | top) << margins
-                                  << QRect(435, 10, 50, 720);
-        QTest::newRow("a hair") << wide << QSize(3000, 1) << (left | bottom) << HBMargins(0, 0, 0, 0)
-                                << QRect(0, 499, 750, 1);
-        QTest::newRow("one pixel") << QSize(1, 1) << stamp << (right | bottom) << HBMargins(5, 5, 5, 5)
-                                   << QRect(0, 0, 1, 1);
-        QTest::newRow("a strip") << QSize(500, 3) << stamp << (right | bottom) << HBMargins(0, 0, 0, 0)
-                                 << QRect(500, 3, 0, 0);
-    }
-
-    void Place() {
-        QFETCH(QSize, picture);
-        QFETCH(QSize, stamp);
-        QFETCH(int, alignment);
-        QFETCH(QRect, margins);
-        QFETCH(QRect, expected);
-        HBSignWidget::Params params = Stamp("place.png", HBPlain(stamp.width(), stamp.height(), Qt::red));
-        params.alignment = Qt::Alignment(QFlag(alignment));
-        params.margins = margins;
-        const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
-        const QImage after = Drawn(before, params);
-        if (expected.isEmpty()) // 0.3 by 0.18 pixels
-            expected = QRect(499, 2, 1, 1);
-        QCOMPARE(HBChangedRect(before, after), expected);
+        const struct {
+            const char* name;
+            QSize picture, stamp;
+            int alignment;
+            QRect margins, expected;
+        } rows[] = {
+            {"left top", wide, small, left | top, margins, {5, 10, 50, 30}},
+            {"right bottom", wide, small, right | bottom, margins, {685, 450, 50, 30}},
+            {"centred between the margins", wide, small, centre | middle, margins, {345, 230, 50, 30}},
+            {"portrait", tall, small, left | bottom, margins, {5, 700, 50, 30}},
+            {"no flag", wide, small, 0, margins, {5, 10, 50, 30}},
+            {"all flags", wide, small, -1, margins, {5, 10, 50, 30}},
+            {"centre and right", wide, small, centre | right | middle | bottom, margins, {345, 230, 50, 30}},
+            {"too wide", wide, {2920, 400}, left | bottom, margins, {5, 380, 730, 100}},
+            {"too high", tall, {200, 2880}, right | top, margins, {435, 10, 50, 720}},
+            {"a hair", wide, {3000, 1}, left | bottom, none, {0, 499, 750, 1}},
+            {"one pixel", {1, 1}, small, right | bottom, HBMargins(5, 5, 5, 5), {0, 0, 1, 1}},
+            {"a strip: 0.3 by 0.18 pixels", {500, 3}, small, right | bottom, none, {499, 2, 1, 1}},
+        };
+        for (const auto& row : rows) {
+            HBSignWidget::Params params =
+                Stamp("place.png", HBPlain(row.stamp.width(), row.stamp.height(), Qt::red));
+            params.alignment = Qt::Alignment(QFlag(row.alignment));
+            params.margins = row.margins;
+            const QImage before = HBPlain(row.picture.width(), row.picture.height(), Qt::white);
+            QVERIFY2(HBChangedRect(before, Drawn(before, params)) == row.expected, row.name);
+        }
     }
 
     void LooksTheSameAtAnySize() {

@@ -132,34 +132,32 @@ private slots:
         }
     }
 
-    void NeverLeavesTheMargins_data() {
-        HBColumns<QSize, QRect, int, int>("picture", "margins", "angle", "tiles");
-        const QRect none = HBMargins(0, 0, 0, 0);
-        QTest::newRow("landscape") << QSize(450, 300) << none << 0 << 1;
-        QTest::newRow("portrait") << QSize(300, 450) << none << 0 << 1;
-        QTest::newRow("upright") << QSize(450, 300) << none << 90 << 1;
-        QTest::newRow("turned") << QSize(300, 450) << none << -37 << 1;
-        QTest::newRow("margins") << QSize(450, 300) << HBMargins(100, 200, 300, 400) << 15 << 1;
-        QTest::newRow("many") << QSize(450, 300) << HBMargins(50, 50, 50, 50) << 100 << 9;
-        QTest::newRow("tiny") << QSize(20, 9) << none << 3 << 2;
-    }
-
     void NeverLeavesTheMargins() {
-        QFETCH(QSize, picture);
-        QFETCH(QRect, margins);
-        QFETCH(int, angle);
-        QFETCH(int, tiles);
-        HBWatermarkWidget::Params params = Text("A text that is far too long, jÄgQ", 1000);
-        params.margins = margins;
-        params.angle = angle;
-        params.horizontalTiles = params.verticalTiles = tiles;
-        const QImage before = HBPlain(picture.width(), picture.height(), Qt::white);
-        const QRect changed = HBChangedRect(before, Drawn(before, params));
-        const QRectF room = HBOverlayLayout::Between(picture, margins);
-        QVERIFY(room.toAlignedRect().contains(changed));
-        // Not smaller than it must be: one way, it reaches from end to end.
-        const double slack = 3 + 0.08 * qMin(room.width(), room.height());
-        QVERIFY(room.width() - changed.width() < slack || room.height() - changed.height() < slack);
+        const QRect none = HBMargins(0, 0, 0, 0);
+        const struct {
+            QSize picture;
+            QRect margins;
+            int angle, tiles;
+        } rows[] = {{{450, 300}, none, 0, 1},
+                    {{300, 450}, none, 0, 1},
+                    {{450, 300}, none, 90, 1},
+                    {{300, 450}, none, -37, 1},
+                    {{450, 300}, HBMargins(100, 200, 300, 400), 15, 1},
+                    {{450, 300}, HBMargins(50, 50, 50, 50), 100, 9},
+                    {{20, 9}, none, 3, 2}};
+        for (const auto& row : rows) {
+            HBWatermarkWidget::Params params = Text("A text that is far too long, jÄgQ", 1000);
+            params.margins = row.margins;
+            params.angle = row.angle;
+            params.horizontalTiles = params.verticalTiles = row.tiles;
+            const QImage before = HBPlain(row.picture.width(), row.picture.height(), Qt::white);
+            const QRect changed = HBChangedRect(before, Drawn(before, params));
+            const QRectF room = HBOverlayLayout::Between(row.picture, row.margins);
+            QVERIFY(room.toAlignedRect().contains(changed));
+            // Not smaller than it must be: one way, it reaches from end to end.
+            const double slack = 3 + 0.08 * qMin(room.width(), room.height());
+            QVERIFY(room.width() - changed.width() < slack || room.height() - changed.height() < slack);
+        }
     }
 
     void Tiles() {

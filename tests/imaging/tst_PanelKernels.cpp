@@ -3,6 +3,7 @@
 #include "HBAverageTintRGB32.h"
 #include "HBRunFormCheck.h"
 #include "HBTestMain.h"
+#include "HBThresholdRGB32.h"
 
 #include <climits>
 
@@ -16,6 +17,7 @@ constexpr HBRGBA32i LightTone(170, 209, 255);
 
 using Average = HBAverageTintRGB32<333, 334, 333>;
 using Ntsc = HBAverageTintRGB32<300, 590, 110>;
+using Threshold = HBThresholdRGB32<30, 59, 11>;
 using Luma = HBAverageTintRGB32<212, 715, 73>;
 
 template <class Tint>
@@ -31,10 +33,10 @@ HBRGBA32i Pixel(int red, int green, int blue) {
 
 } // namespace
 
-class tst_HBAverageTintRGB32 : public QObject {
+class tst_PanelKernels : public QObject {
     Q_OBJECT
 private slots:
-    void Values() {
+    void TintValues() {
         constexpr int all = 255000;
         QCOMPARE(Apply(Average(Black, White, all), Pixel(255, 0, 0)), Pixel(84, 84, 84));
         QCOMPARE(Apply(Ntsc(Black, White, all), Pixel(255, 0, 0)), Pixel(76, 76, 76));
@@ -58,14 +60,35 @@ private slots:
         QCOMPARE(Apply(Luma(Black, White, INT_MAX), Pixel(255, 0, 0)), Pixel(54, 54, 54));
     }
 
+    void ThresholdValues() {
+        const struct {
+            HBRGBA32i colour;
+            int luminance;
+        } rows[] = {{Black, 0},         {{127, 127, 127}, 127}, {{128, 128, 128}, 128}, {{255, 0, 0}, 76}, // 76.5
+                    {{0, 255, 0}, 150}, // 150.45
+                    {{0, 0, 255}, 28},  // 28.05
+                    {{2, 2, 1}, 1},     // 1.89
+                    {White, 255}};
+        for (const auto& row : rows) {
+            for (int level : {INT_MIN, -1, 0, row.luminance, row.luminance + 1, 256, INT_MAX}) {
+                const int expected = row.luminance < level ? 0 : 255;
+                QCOMPARE(Apply(Threshold{level}, row.colour), Pixel(expected, expected, expected));
+            }
+        }
+    }
+
     void RunFormEqualsScalarForm() {
         for (int amount : {0, 1, 2550, 127500, 252450, 255000}) {
             QVERIFY(HBRunFormEqualsScalarForm(Average(DarkTone, LightTone, amount)));
             QVERIFY(HBRunFormEqualsScalarForm(Ntsc(Black, White, amount)));
             QVERIFY(HBRunFormEqualsScalarForm(Luma(White, Black, amount)));
         }
+        for (int level : {INT_MIN, -1, 0, 1, 28, 29, 127, 128, 255, 256, INT_MAX})
+            QVERIFY(HBRunFormEqualsScalarForm(Threshold{level}));
+        QVERIFY(HBRunFormEqualsScalarForm(HBThresholdRGB32<100, 0, 0>{100}));
+        QVERIFY(HBRunFormEqualsScalarForm(HBThresholdRGB32<0, 0, 100>{100}));
     }
 };
 
-HB_TEST_MAIN(tst_HBAverageTintRGB32)
-#include "tst_HBAverageTintRGB32.moc"
+HB_TEST_MAIN(tst_PanelKernels)
+#include "tst_PanelKernels.moc"
