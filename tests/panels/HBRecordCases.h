@@ -34,6 +34,8 @@ struct CommonRecordCase {
     static constexpr bool defaultsAfterFailedRead = false; ///< operator>> then sets the defaults
     static constexpr bool keepsAnyRecord = true;           ///< false: SetValue mends what no control could hold
     static constexpr bool hasJob = true;
+    static constexpr bool keepsAlpha = true;     ///< false: paints over what is transparent
+    static constexpr const char* hiddenBox = ""; ///< a box that does not show the record, on purpose
     static constexpr bool readsAnyFields =
         true; ///< false: Qt cannot read every content without running out of memory
     /// What reading makes of a written record.
@@ -182,6 +184,7 @@ struct RecordCase<HBTemperatureWidget> : CommonRecordCase {
     static constexpr const char* readMessage = "Read temperature data error.";
     static constexpr const char* writeMessage = "Write temperature data error.";
     static constexpr const char* source = "src\\HBTemperatureWidget";
+    static constexpr const char* hiddenBox = "m_pStrength";
     static HBTemperatureWidget::Params Sample() { return {3000, -10, 80}; }
     static constexpr const char* fields = "00000bb8 fffffff6 00000050";
     static constexpr int resetsFromSample = 2; // the strength was not shown
@@ -262,6 +265,7 @@ struct RecordCase<HBReplaceColorWidget> : ColourRecordCase {
     static constexpr const char* readMessage = "Read sign data error."; // the sign panel's, on purpose
     static constexpr const char* writeMessage = "Write sign data error.";
     static constexpr const char* source = "src\\HBReplaceColorWidget";
+    static constexpr bool keepsAlpha = false;
     static constexpr int readLine = 410;
     static constexpr int writeLine = 397;
     static constexpr bool defaultsAfterFailedRead = true;
@@ -273,6 +277,7 @@ struct RecordCase<HBReplaceColorWidget> : ColourRecordCase {
 
 template <>
 struct RecordCase<KMFillColorWidget> : ColourRecordCase {
+    static constexpr bool keepsAlpha = false;
     static constexpr const char* tag = "KMFillColor 1.00000";
     static constexpr const char* readMessage = "Read colorize data error."; // the colorize panel's, on purpose
     static constexpr const char* writeMessage = "Write colorize data error.";

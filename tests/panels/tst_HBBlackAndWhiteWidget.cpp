@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBFormText.h"
 #include "HBLogCapture.h"
 #include "HBPanelFixture.h"
 #include "HBTestMain.h"
@@ -73,47 +72,16 @@ QByteArray Fields(int type, float weight) {
 class tst_HBBlackAndWhiteWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void types();
     void customWeights();
     void presetWeightsAreFixed();
     void setValue();
-    void hostsOwnRadios();
     void eitherTag();
     void weightsOfStoredRecords();
     void result_data();
     void result();
     void rawWeightsReachTheJob();
-    void deletedAtOnce();
 };
-
-void tst_HBBlackAndWhiteWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Black & White..."));
-        const char* const texts[] = {"QRadioButton m_pAverage \"Average\" checked",
-                                     "QRadioButton m_pLuminance \"Luminance\"",
-                                     "QRadioButton m_pD65 \"D65\"",
-                                     "QRadioButton m_pNTSC \"NTSC Specification\"",
-                                     "QRadioButton m_pCIE \"CIE Specification\"",
-                                     "QRadioButton m_pCustom \"Custom weights:\""};
-        for (int i = 0; i < 6; ++i) QCOMPARE(HBControlText(*f.Radio(i)), QString(texts[i]));
-        const QString spin = "QDoubleSpinBox %1 0 1 0.333 3 0.001 disabled tip \"Custom weight for %2 channel\"";
-        QCOMPARE(HBControlText(*f.red), spin.arg("m_pRed", "R"));
-        QCOMPARE(HBControlText(*f.green), spin.arg("m_pGreen", "G"));
-        QCOMPARE(HBControlText(*f.blue), spin.arg("m_pBlue", "B"));
-        QStringList labels;
-        for (const QLabel* label : f.panel.findChildren<QLabel*>()) labels += label->text();
-        QCOMPARE(labels, QStringList({"R:", "G:", "B:"}));
-        QCOMPARE(f.Value().r, 0.333f);
-        QCOMPARE(f.Value().type, 0);
-    }
-    QCOMPARE(HBMethodText(HBBlackAndWhiteWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnAverage(bool)", "OnLuminance(bool)", "OnD65(bool)", "OnNTSC(bool)",
-                          "OnCIE(bool)", "OnCustom(bool)", "OnRedChanged(double)", "OnGreenChanged(double)",
-                          "OnBlueChanged(double)"}));
-}
 
 /// From each type to each other one: told once, weights shown, the user's own ones kept.
 void tst_HBBlackAndWhiteWidget::types() {
@@ -216,20 +184,6 @@ void tst_HBBlackAndWhiteWidget::setValue() {
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
     QCOMPARE(f.Value().r, 0.5f);
     QCOMPARE(f.Value().type, 77);
-}
-
-/// Radio buttons of the host beside an embedded panel are left alone, and leave the panel's alone.
-void tst_HBBlackAndWhiteWidget::hostsOwnRadios() {
-    QWidget host;
-    QRadioButton first("1", &host);
-    QRadioButton second("2", &host);
-    HBBlackAndWhiteWidget panel(false, &host, {});
-    first.click();
-    panel.findChild<QRadioButton*>("m_pNTSC")->click();
-    QVERIFY(first.isChecked());
-    second.click();
-    QVERIFY(!first.isChecked());
-    QVERIFY(panel.findChild<QRadioButton*>("m_pNTSC")->isChecked());
 }
 
 /// The older tag is three bytes shorter; what stands behind either record must still be found.
@@ -342,15 +296,6 @@ void tst_HBBlackAndWhiteWidget::rawWeightsReachTheJob() {
     f.panel.SetImage(pixel, {}, {}, {});
     QVERIFY(f.Finish());
     QCOMPARE(f.panel.AdjustedImage().PixelAt(0, 0), HBRGBA32i(218, 218, 218, 77));
-}
-
-void tst_HBBlackAndWhiteWidget::deletedAtOnce() {
-    for (const bool running : {false, true}) {
-        Fixture f;
-        f.panel.SetValue({0, 0, 0, 4});
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running) f.recorder.WaitFor("ProgressValueChanged");
-    }
 }
 
 HB_TEST_MAIN(tst_HBBlackAndWhiteWidget)

@@ -1,57 +1,29 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBLogCapture.h"
-#include "HBSignalRecorder.h"
-#include "HBTestImages.h"
+#include "HBPanelChecks.h"
 #include "HBTestMain.h"
 
 #include <HBBrightnessContrastWidget.h>
 #include <HBIterativeBrightnessContrastTransformation.h>
 
-#include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QSlider>
-#include <QSpinBox>
 
 namespace {
 
-using Panel = HBBrightnessContrastWidget;
-
-const QStringList ClosingCalls = {"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"};
-
-/// The panel and its controls.
-struct Fixture {
-    explicit Fixture(bool dialog = true) : panel(dialog, nullptr, {}) {}
-
-    template <class Control>
-    Control* Find(const char* name) {
-        return panel.findChild<Control*>(name);
-    }
+struct Fixture : HBPanelFixture<HBBrightnessContrastWidget> {
     QPoint Record() const { return {panel.GetValue().brightness, panel.GetValue().contrast}; }
     QPoint Spins() const { return {brightness->value(), contrast->value()}; }
     QPoint Sliders() const { return {brightnessSlider->value(), contrastSlider->value()}; }
 
-    Panel panel;
-    HBSignalRecorder recorder{&panel};
     QSlider* brightnessSlider = Find<QSlider>("m_pBrightnessSlider");
     QSlider* contrastSlider = Find<QSlider>("m_pContrastSlider");
     QSpinBox* brightness = Find<QSpinBox>("m_pBrightnessSpin");
     QSpinBox* contrast = Find<QSpinBox>("m_pContrastSpin");
 };
 
-/// The job's meaning: the transformation's scalar form, pixel by pixel.
-HBImage<> Expected(const HBImage<>& photo, int brightness, int contrast, const HBImage<>& mask = {},
-                   const QPoint& offset = {}, const QRect& bounds = {}) {
-    HBIterativeBrightnessContrastTransformation transformation(brightness, contrast);
-    HBRGBA32i buffer;
-    transformation.SetProcessingBuffer(&buffer);
-    auto operation = [&](HBRGBA32i pixel) {
-        buffer = pixel;
-        transformation(0);
-        return buffer;
-    };
-    return HBPlainLoop(photo, operation, mask, offset, bounds);
+HBIterativeBrightnessContrastTransformation Transformation(const QPoint& value) {
+    return HBIterativeBrightnessContrastTransformation(value.x(), value.y());
 }
 
 } // namespace
@@ -59,76 +31,13 @@ HBImage<> Expected(const HBImage<>& photo, int brightness, int contrast, const H
 class tst_HBBrightnessContrastWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form_data();
-    void form();
     void controls();
-    void setValue_data();
-    void setValue();
     void reset();
     void result_data();
     void result();
     void recordOutOfRange();
     void tabOrder();
-    void deletedAtOnce();
 };
-
-void tst_HBBrightnessContrastWidget::form_data() {
-    QTest::addColumn<bool>("dialog");
-    QTest::newRow("dialog") << true;
-    QTest::newRow("embedded") << false;
-}
-
-void tst_HBBrightnessContrastWidget::form() {
-    QFETCH(bool, dialog);
-    Fixture f(dialog);
-    QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-    QVERIFY(content);
-    QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "BrightnessContrastParamWidget"));
-    QCOMPARE(content->windowTitle(), QString("Brightness and Contrast"));
-    if (dialog)
-        QCOMPARE(f.panel.windowTitle(), QString("Form"));
-    else
-        QCOMPARE(f.panel.size(), QSize(208, 103));
-
-    QCOMPARE(content->layout()->objectName(), QString("gridLayout_2"));
-    auto* grid =
-        qobject_cast<QGridLayout*>(qobject_cast<QGridLayout*>(content->layout())->itemAtPosition(0, 0)->layout());
-    QVERIFY(grid);
-    QCOMPARE(grid->objectName(), QString("gridLayout"));
-    const struct {
-        const char* label;
-        const char* text;
-        QSlider* slider;
-        QSpinBox* spin;
-    } rows[] = {{"labelBrightness", "Brightness:", f.brightnessSlider, f.brightness},
-                {"labelContrast", "Contrast:", f.contrastSlider, f.contrast}};
-    for (int row = 0; row < 2; ++row) {
-        auto* label = f.Find<QLabel>(rows[row].label);
-        QCOMPARE(grid->itemAtPosition(row, 0)->widget(), label);
-        QCOMPARE(label->text(), QString(rows[row].text));
-        QCOMPARE(label->alignment() & (Qt::AlignRight | Qt::AlignVCenter), Qt::AlignRight | Qt::AlignVCenter);
-
-        const QSlider* slider = rows[row].slider;
-        QCOMPARE(grid->itemAtPosition(row, 1)->widget(), slider);
-        QCOMPARE(slider->orientation(), Qt::Horizontal);
-        QCOMPARE(qMakePair(slider->minimum(), slider->maximum()), qMakePair(-127, 127));
-        QCOMPARE(slider->value(), 0);
-        QCOMPARE(slider->toolTip(), QString());
-
-        const QSpinBox* spin = rows[row].spin;
-        QCOMPARE(grid->itemAtPosition(row, 2)->widget(), spin);
-        QCOMPARE(qMakePair(spin->minimum(), spin->maximum()), qMakePair(-127, 127));
-        QCOMPARE(spin->singleStep(), 1);
-        QCOMPARE(spin->value(), 0);
-        QCOMPARE(spin->toolTip(), QString());
-    }
-    const QSpacerItem* spacer = grid->itemAtPosition(2, 0)->spacerItem();
-    QCOMPARE(grid->itemAtPosition(2, 2)->spacerItem(), spacer);
-    QCOMPARE(spacer->sizeHint(), QSize(188, 24));
-    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
-    QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
-    QCOMPARE(f.Record(), QPoint(0, 0));
-}
 
 void tst_HBBrightnessContrastWidget::controls() {
     Fixture f;
@@ -148,39 +57,9 @@ void tst_HBBrightnessContrastWidget::controls() {
         QCOMPARE(f.Record(), move.record);
         QCOMPARE(f.Spins(), move.record);
         QCOMPARE(f.Sliders(), move.record);
-        QCOMPARE(f.recorder.Take(), move.changes ? ClosingCalls : QStringList());
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
         if (move.changes) QCOMPARE(seen, move.record); // stored before it is told
     }
-}
-
-void tst_HBBrightnessContrastWidget::setValue_data() {
-    QTest::addColumn<QPoint>("before");
-    QTest::addColumn<QPoint>("value");
-    QTest::addColumn<QPoint>("shown");
-    const int least = std::numeric_limits<int>::min();
-    const int most = std::numeric_limits<int>::max();
-    QTest::newRow("in range") << QPoint() << QPoint(10, -20) << QPoint(10, -20);
-    QTest::newRow("the ends") << QPoint() << QPoint(-127, 127) << QPoint(-127, 127);
-    QTest::newRow("beside them") << QPoint() << QPoint(-128, 128) << QPoint(-127, 127);
-    QTest::newRow("the type's") << QPoint(1, 1) << QPoint(least, most) << QPoint(-127, 127);
-    QTest::newRow("no control moves") << QPoint(300, 0) << QPoint(127, 0) << QPoint(127, 0);
-}
-
-void tst_HBBrightnessContrastWidget::setValue() {
-    QFETCH(QPoint, before);
-    QFETCH(QPoint, value);
-    QFETCH(QPoint, shown);
-    Fixture f;
-    f.panel.SetValue({before.x(), before.y()});
-    f.panel.SetValue({value.x(), value.y()});
-    QCOMPARE(f.Record(), value); // kept as it is
-    QCOMPARE(f.Spins(), shown);
-    QCOMPARE(f.Sliders(), shown);
-    QCOMPARE(f.recorder.Take(), QStringList());
-    // The controls are live again, once each.
-    f.brightnessSlider->setValue(5);
-    f.contrast->setValue(6);
-    QCOMPARE(f.recorder.Take(), ClosingCalls + ClosingCalls);
 }
 
 void tst_HBBrightnessContrastWidget::reset() {
@@ -196,7 +75,7 @@ void tst_HBBrightnessContrastWidget::reset() {
         spins = f.Spins();
     });
     f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), ClosingCalls + ClosingCalls);
+    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
     QCOMPARE(record, QPoint(0, 0)); // written first: at that moment the contrast still shows its old value
     QCOMPARE(spins, QPoint(0, -20));
     QCOMPARE(f.Spins(), QPoint(0, 0));
@@ -210,7 +89,7 @@ void tst_HBBrightnessContrastWidget::reset() {
     QCOMPARE(f.recorder.Take(), QStringList());
     f.panel.SetValue({10, 0});
     f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), ClosingCalls);
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
 void tst_HBBrightnessContrastWidget::result_data() {
@@ -247,7 +126,7 @@ void tst_HBBrightnessContrastWidget::result() {
     HBSettle();
     QCOMPARE(f.recorder.Count("ImageReady"), 1);
     QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-             Expected(photo, value.x(), value.y(), mask, offset, bounds).ToQImage());
+             HBTransformed(photo, Transformation(value), mask, offset, bounds).ToQImage());
     QCOMPARE(f.panel.SourceImage().ToQImage(), HBTestRamp(size.width(), size.height()).ToQImage());
 }
 
@@ -260,7 +139,7 @@ void tst_HBBrightnessContrastWidget::recordOutOfRange() {
     f.panel.SetValue({300, -20}); // shown as 127
     f.contrast->setValue(-21);
     QVERIFY(f.recorder.WaitFor("ImageReady", 2));
-    QCOMPARE(f.panel.AdjustedImage().ToQImage(), Expected(photo, 127, -21).ToQImage());
+    QCOMPARE(f.panel.AdjustedImage().ToQImage(), HBTransformed(photo, Transformation({127, -21})).ToQImage());
     QCOMPARE(f.Record(), QPoint(300, -21));
 }
 
@@ -275,15 +154,6 @@ void tst_HBBrightnessContrastWidget::tabOrder() {
             kinds.append(widget->metaObject()->className());
     }
     QCOMPARE(kinds.join(' '), "QSlider QSpinBox QSlider QSpinBox QPushButton QPushButton QPushButton");
-}
-
-void tst_HBBrightnessContrastWidget::deletedAtOnce() {
-    const HBImage<> photo = HBTestRamp(2000, 2000);
-    for (int round = 0; round < 5; ++round) {
-        Fixture f;
-        f.panel.SetImage(photo, {}, {}, {});
-        if (round % 2 == 1) f.recorder.WaitFor("ProgressValueChanged");
-    }
 }
 
 HB_TEST_MAIN(tst_HBBrightnessContrastWidget)

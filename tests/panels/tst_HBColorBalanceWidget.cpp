@@ -60,7 +60,6 @@ struct Fixture : HBPanelFixture<HBColorBalanceWidget> {
 class tst_HBColorBalanceWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void fresh();
     void values();
     void ranges();
@@ -68,41 +67,8 @@ private slots:
     void setValue_data();
     void setValue();
     void noRange();
-    void reset();
-    void besideRadiosOfTheHost();
     void result();
-    void oddSources();
-    void deletedAtOnce();
 };
-
-void tst_HBColorBalanceWidget::form() {
-    HBVerifyForm<HBColorBalanceWidget>(
-        "ColorBalanceParamWidget", "Color Balance", {254, 341},
-        {"gridLayout_2 0,0: QLabel label_2 \"Cyan\" right", "gridLayout_2 0,1: QSlider m_pCRSlider -100 100 0",
-         "gridLayout_2 0,2: QLabel label_5 \"Red\"", "gridLayout_2 0,3: QSpinBox m_pCRSpin -100 100 0",
-         "gridLayout_2 1,0: QLabel label_3 \"Magenta\" right", "gridLayout_2 1,1: QSlider m_pMGSlider -100 100 0",
-         "gridLayout_2 1,2: QLabel label_6 \"Green\"", "gridLayout_2 1,3: QSpinBox m_pMGSpin -100 100 0",
-         "gridLayout_2 2,0: QLabel label_4 \"Yellow\" right", "gridLayout_2 2,1: QSlider m_pYBSlider -100 100 0",
-         "gridLayout_2 2,2: QLabel label_7 \"Blue\"", "gridLayout_2 2,3: QSpinBox m_pYBSpin -100 100 0",
-         "gridLayout_3 1,0: spacer 208x6", "gridLayout 0,0: QRadioButton m_pShadows \"Shadows\"",
-         "gridLayout 0,1: QRadioButton m_pMidtones \"Midtones\"",
-         "gridLayout 0,2: QRadioButton m_pHighlights \"Highlights\"",
-         "gridLayout 1,0 1x3: QCheckBox m_pLuminosity \"Preserve Luminosity\"",
-         "gridLayout_3 3,0: spacer 208x20 expanding"});
-    QCOMPARE(HBMethodText(HBColorBalanceWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnCRChanged(int)", "OnMGChanged(int)", "OnYBChanged(int)",
-                          "OnShadowChanged(bool)", "OnMidtoneChanged(bool)", "OnHighLightChanged(bool)",
-                          "OnLumChanged(bool)"}));
-    Fixture f;
-    const QPair<QSlider*, QString> grooves[] = {
-        {f.redSlider, "stop: 0 rgb(0, 255, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(255, 0, 0)"},
-        {f.greenSlider, "stop: 0 rgb(255, 0, 255), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 255, 0)"},
-        {f.blueSlider, "stop: 0 rgb(255, 255, 0), stop: 0.5 rgb(255, 255, 255), stop: 1 rgb(0, 0, 255)"}};
-    for (const auto& groove : grooves) {
-        QVERIFY2(groove.first->styleSheet().contains(groove.second), qPrintable(groove.first->styleSheet()));
-        QVERIFY(HBShowsItsValue(groove.first));
-    }
-}
 
 /// Before the first SetValue no button is checked, but the midtones are what is edited.
 void tst_HBColorBalanceWidget::fresh() {
@@ -232,31 +198,6 @@ void tst_HBColorBalanceWidget::noRange() {
     }
 }
 
-void tst_HBColorBalanceWidget::reset() {
-    Fixture f;
-    f.panel.SetValue(Sample(0));
-    f.panel.OnReset();
-    f.panel.OnReset(); // also when nothing changes
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    QCOMPARE(f.Record(), ValuesOf({}));
-    QCOMPARE(f.Range(), 2);
-    QVERIFY(f.Enabled() && f.luminosity->isChecked());
-}
-
-void tst_HBColorBalanceWidget::besideRadiosOfTheHost() {
-    QWidget host;
-    HBColorBalanceWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
-    QRadioButton first(&host), second(&host);
-    first.setChecked(true);
-    for (const int toneRange : {1, 0, 3}) {
-        panel.SetValue(Sample(toneRange));
-        QVERIFY(first.isChecked() && !second.isChecked());
-    }
-    second.setChecked(true);
-    QVERIFY(!first.isChecked());
-    QVERIFY(panel.findChild<QRadioButton*>("m_pHighlights")->isChecked());
-}
-
 /// From the record, all ranges together, whichever is shown.
 void tst_HBColorBalanceWidget::result() {
     const HBImage<> photo = HBTestRamp(300, 260);
@@ -277,16 +218,6 @@ void tst_HBColorBalanceWidget::result() {
         QCOMPARE(f.panel.AdjustedImage().ToQImage(),
                  HBTransformed(photo, transformation, mask, {37, -20}, {0, 0, 150, 130}).ToQImage());
     }
-}
-
-void tst_HBColorBalanceWidget::oddSources() {
-    Fixture f;
-    f.panel.SetValue(Sample(1));
-    HBVerifyOddSources(f);
-}
-
-void tst_HBColorBalanceWidget::deletedAtOnce() {
-    HBVerifyDestruction<HBColorBalanceWidget>([](auto& panel) { panel.SetValue(Sample(2)); });
 }
 
 HB_TEST_MAIN(tst_HBColorBalanceWidget)

@@ -109,31 +109,14 @@ private:
 class tst_HBColorEnhancerWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
-    void setValue();
-    void reset();
     void result();
     void shareOfTheChannels();
     void selectionDoesNotCount();
     void thresholdsAreKept();
     void newSourceStartsBeforeItIsTold();
     void obsoleteJobLeavesNothing();
-    void oddSources();
-    void deletedAtOnce();
 };
-
-void tst_HBColorEnhancerWidget::form() {
-    HBVerifyForm<HBColorEnhancerWidget>(
-        "ColorEnhancer", "Color enhancer", {390, 109},
-        {"gridLayout 0,0: QLabel label \"Amount:\" right", "gridLayout 0,1: QSlider horizontalSlider 0 100 100",
-         "gridLayout 0,2: QSpinBox m_pAmount 0 100 100 %", "gridLayout 1,0: QLabel label_2 \"Affected:\" right",
-         "gridLayout 1,1: QSlider horizontalSlider_2 0 100 100",
-         "gridLayout 1,2: QSpinBox m_pAffected 0 100 100 %", "gridLayout 2,0 1x3: spacer 0x36 expanding"});
-    QCOMPARE(
-        HBMethodText(HBColorEnhancerWidget::staticMetaObject),
-        QStringList({"ValueChanged()", "OnAmountChanged(int)", "OnAffectedChanged(int)", "OnSourceChanged()"}));
-}
 
 void tst_HBColorEnhancerWidget::controls() {
     Fixture f;
@@ -157,33 +140,6 @@ void tst_HBColorEnhancerWidget::controls() {
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
         if (move.changes) QCOMPARE(seen, move.record);
     }
-}
-
-void tst_HBColorEnhancerWidget::setValue() {
-    Fixture f;
-    const QPair<Values, Values> cases[] = {{{30, 60}, {30, 60}},
-                                           {{-1, 101}, {0, 100}},
-                                           {{LeastInt, MostInt}, {0, 100}},
-                                           {{MostInt, LeastInt}, {100, 0}}};
-    for (const auto& [value, shown] : cases) {
-        f.panel.SetValue({value[0], value[1]});
-        QCOMPARE(f.Record(), value);
-        QCOMPARE(f.Shown(), shown);
-        QCOMPARE(f.Sliders(), shown);
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-}
-
-void tst_HBColorEnhancerWidget::reset() {
-    Fixture f;
-    f.panel.SetValue({30, 60});
-    f.panel.OnReset();
-    f.panel.OnReset(); // also when nothing changes
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    QCOMPARE(f.Record(), Values({100, 100}));
-    QCOMPARE(f.Shown(), f.Record());
-    f.panel.ClearData();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls() + QStringList{"SourceChanged()"});
 }
 
 /// From the record, brought into its range.
@@ -296,18 +252,6 @@ void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing() {
         f.panel.OnReset();
         QVERIFY(f.Finish());
     }
-}
-
-void tst_HBColorEnhancerWidget::oddSources() {
-    Fixture f;
-    for (const int affected : {0, 100}) {
-        f.panel.SetValue({100, affected});
-        HBVerifyOddSources(f);
-    }
-}
-
-void tst_HBColorEnhancerWidget::deletedAtOnce() {
-    HBVerifyDestruction<HBColorEnhancerWidget>([](auto&) {});
 }
 
 HB_TEST_MAIN(tst_HBColorEnhancerWidget)

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 // Colorize and fill colour: a colour and a percentage, the same controls and the same rules of the dialog.
 #include "HBColorDialogUser.h"
-#include "HBFormText.h"
 #include "HBTestMain.h"
 
 #include <HBColorizeWidget.h>
@@ -27,12 +26,7 @@ struct Facts;
 
 template <>
 struct Facts<HBColorizeWidget> {
-    static constexpr const char* formName = "ColorizeWidget";
-    static constexpr const char* title = "Colorize";
-    static constexpr QSize size{229, 101};
-    static constexpr const char* label = "Amount:";
     static constexpr const char* spin = "m_pAmount";
-    static constexpr const char* slot = "OnAmountChanged(int)";
     static constexpr int percent = 25; // not the form's 50
     static QColor Color() { return QColor(255, 210, 255); }
     static int Percent(const HBColorizeWidget::Params& params) { return params.amount; }
@@ -46,12 +40,7 @@ struct Facts<HBColorizeWidget> {
 
 template <>
 struct Facts<KMFillColorWidget> {
-    static constexpr const char* formName = "FillColor";
-    static constexpr const char* title = "Fill color";
-    static constexpr QSize size{522, 116};
-    static constexpr const char* label = "Opacity:";
     static constexpr const char* spin = "m_pOpacity";
-    static constexpr const char* slot = "OnOpacityChanged(int)";
     static constexpr int percent = 100;
     static QColor Color() { return Qt::black; }
     static int Percent(const KMFillColorWidget::Params& params) { return params.opacity; }
@@ -86,29 +75,6 @@ template <class Panel>
 struct Checks {
     using Fact = Facts<Panel>;
 
-    static void Form() {
-        for (const bool dialog : {true, false}) {
-            Fixture<Panel> f(dialog);
-            const QWidget* content = dialog ? f.template Find<QWidget>("m_pContent") : &f.panel;
-            QCOMPARE(content->windowTitle(), QString(Fact::title));
-            QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : Fact::formName));
-            if (!dialog) QCOMPARE(f.panel.size(), Fact::size);
-            QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
-            QStringList grid = HBGridText(content->layout());
-            QVERIFY(grid.takeLast().startsWith("2, 0 (1 x 3): spacer"));
-            QCOMPARE(
-                grid,
-                QStringList({"0, 0: QLabel label_2 \"Color:\" right", "0, 2: QPushButton m_pColor \"\" height 24",
-                             QString("1, 0: QLabel label \"%1\" right").arg(Fact::label),
-                             QString("1, 1: QSlider horizontalSlider 0 100 %1").arg(Fact::percent),
-                             QString("1, 2: QSpinBox %1 0 100 %2 %").arg(Fact::spin).arg(Fact::percent)}));
-            QCOMPARE(HBShownColor(f.color), Fact::Color());
-            QCOMPARE(f.Color(), Fact::Color());
-        }
-        QCOMPARE(HBMethodText(Panel::staticMetaObject),
-                 QStringList({"ValueChanged()", "OnColor()", "OnCurrentColorChanged(QColor)", Fact::slot}));
-    }
-
     static void Controls() {
         Fixture<Panel> f;
         const struct {
@@ -127,21 +93,6 @@ struct Checks {
         f.panel.OnReset();
         QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
         QCOMPARE(f.Shown(), QVector<int>(2, Fact::percent));
-    }
-
-    static void SetValue() {
-        Fixture<Panel> f;
-        for (const int percent : {40, 0, 100, 101, -1, Most, Least}) {
-            for (const QColor& color : {QColor(1, 2, 3, 4), QColor(), QColor::fromHsv(3, 4, 5)}) {
-                f.panel.SetValue({color, percent});
-                QCOMPARE(f.Color(), color);
-                QCOMPARE(f.Percent(), percent); // kept as it is
-                QCOMPARE(f.Shown(), QVector<int>(2, qBound(0, percent, 100)));
-                QCOMPARE(f.recorder.Take(), QStringList());
-            }
-        }
-        f.spin->setValue(9);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
     }
 
     static void Dialog() {
@@ -176,14 +127,6 @@ struct Checks {
             }
         }
     }
-
-    static void DeletedAtOnce() {
-        for (const bool running : {false, true}) {
-            Fixture<Panel> f;
-            f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-            if (running) f.recorder.WaitFor("ProgressValueChanged");
-        }
-    }
 };
 
 } // namespace
@@ -200,12 +143,9 @@ void tst_HBColorizeWidget::check_data() {
     QTest::addColumn<Run>("run");
     const auto add = [](auto checks, const char* panel) {
         using C = decltype(checks);
-        QTest::addRow("%s, form", panel) << &C::Form;
         QTest::addRow("%s, controls", panel) << &C::Controls;
-        QTest::addRow("%s, SetValue", panel) << &C::SetValue;
         QTest::addRow("%s, dialog", panel) << &C::Dialog;
         QTest::addRow("%s, result", panel) << &C::Result;
-        QTest::addRow("%s, deleted at once", panel) << &C::DeletedAtOnce;
     };
     add(Checks<HBColorizeWidget>(), "colorize");
     add(Checks<KMFillColorWidget>(), "fill");

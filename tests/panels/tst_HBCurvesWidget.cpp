@@ -104,15 +104,12 @@ class tst_HBCurvesWidget : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase() { KMTheme::Install(); }
-    void form();
     void setValue_data();
     void setValue();
     void hostileCounts();
     void channels();
-    void reset();
     void results_data();
     void results();
-    void histogram();
     void exceptionLines();
 
     void pickerButtons();
@@ -132,71 +129,6 @@ private slots:
     void deletedWhilePicking();
     void deletedAtOnce();
 };
-
-void tst_HBCurvesWidget::form() {
-    for (const bool dialog : {true, false}) {
-        HBCurvesFixture f(dialog);
-        QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Curves"));
-        QStringList items;
-        for (int i = 0; i < f.channel->count(); ++i) items += f.channel->itemText(i);
-        QCOMPARE(items, QStringList({"RGB", "Red", "Green", "Blue"}));
-        QCOMPARE(f.channel->minimumWidth(), 120);
-        QCOMPARE(f.channel->toolTip(), QString("Channel for input signal"));
-        QStringList labels;
-        for (const QLabel* label : content->findChildren<QLabel*>()) labels += label->text();
-        labels.sort();
-        QCOMPARE(labels, QStringList({"Channel:", "Input:", "Output:"}));
-
-        auto* layout = qobject_cast<QGridLayout*>(f.histogram->layout());
-        QVERIFY(layout);
-        QCOMPARE(layout->objectName(), QString("m_pHistogrammLayout"));
-        QCOMPARE(layout->count(), 1);
-        QCOMPARE(layout->itemAtPosition(0, 0)->widget(), f.view);
-        QCOMPARE(f.view->parentWidget(), f.histogram);
-        QCOMPARE(f.view->minimumHeight(), 100);
-        QCOMPARE(f.view->frameShape(), QFrame::NoFrame);
-        QCOMPARE(f.view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(f.view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(f.view->styleSheet(), QString("QGraphicsView{background: rgba(0, 0, 0, 0);}"));
-
-        const auto* across = f.Find<HBColorWidget>("m_pInputLabel");
-        QCOMPARE(qMakePair(across->minimumHeight(), across->maximumHeight()), qMakePair(10, 10));
-        QLinearGradient gradient(0, 0, 1, 0);
-        gradient.setStops({{0, Qt::black}, {1, Qt::white}});
-        gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
-        QVERIFY(*across->BackgroundBrush().gradient() == gradient);
-        const auto* upward = f.Find<HBColorWidget>("m_pOutputLabel");
-        QCOMPARE(qMakePair(upward->minimumWidth(), upward->maximumWidth()), qMakePair(10, 10));
-        gradient.setFinalStop(0, 1);
-        gradient.setStops({{0, Qt::white}, {1, Qt::black}}); // white at the top
-        QVERIFY(*upward->BackgroundBrush().gradient() == gradient);
-
-        QCOMPARE(f.slider->minimumHeight(), 10);
-        QCOMPARE(qMakePair(f.slider->RangeMinimum(), f.slider->RangeMaximum()), qMakePair(0, 255));
-        QCOMPARE(f.slider->ControlCount(), 2u);
-        QCOMPARE(f.slider->Brush(0), QBrush(Qt::black));
-        QCOMPARE(f.slider->Brush(1), QBrush(Qt::white));
-        for (const QLineEdit* edit : {f.input, f.output}) {
-            QCOMPARE(edit->text(), QString("0"));
-            QCOMPARE(edit->maxLength(), 3);
-            QCOMPARE(qMakePair(edit->minimumWidth(), edit->maximumWidth()), qMakePair(45, 45));
-            QCOMPARE(edit->alignment(), Qt::AlignCenter);
-            QVERIFY(edit->isReadOnly());
-        }
-        const QPair<QToolButton*, const char*> pickers[] = {
-            {f.black, "Set black point"}, {f.gray, "Set gray point"}, {f.white, "Set white point"}};
-        for (const auto& [button, toolTip] : pickers) {
-            QVERIFY(button->isCheckable() && !button->isChecked());
-            QVERIFY(!button->icon().isNull());
-            QCOMPARE(button->text(), QString());
-            QCOMPARE(button->toolTip(), QString(toolTip));
-        }
-    }
-    QVector<int> masks;
-    for (const int channel : {0, 1, 2, 3, 4, -1}) masks += HBCurvesWidget::IndexToHistogrammChannel(channel);
-    QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
-}
 
 void tst_HBCurvesWidget::setValue_data() {
     QTest::addColumn<HBPoints>("points");
@@ -298,17 +230,6 @@ void tst_HBCurvesWidget::channels() {
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
-void tst_HBCurvesWidget::reset() {
-    HBCurvesFixture f;
-    f.Set({{0, 9}, {50, 60}, {200, 100}}, 2);
-    for (int i = 0; i < 2; ++i) {
-        f.panel.OnReset();
-        QCOMPARE(f.recorder.Take(), HBClosingCalls()); // also when nothing changes
-        QCOMPARE(Bytes(f.panel.GetValue()), Bytes(Params()));
-        QCOMPARE(f.channel->currentIndex(), 0);
-    }
-}
-
 void tst_HBCurvesWidget::results_data() {
     QTest::addColumn<QVector<HBPoints>>("lists");
     QTest::newRow("neutral") << QVector<HBPoints>{Default, Default, Default, Default};
@@ -342,28 +263,6 @@ void tst_HBCurvesWidget::results() {
              HBTransformed(photo, HBIterativeCurvesTransformation(now.points, 100), mask, QPoint(30, 40),
                            QRect(20, 10, 120, 70))
                  .ToQImage());
-}
-
-void tst_HBCurvesWidget::histogram() {
-    HBCurvesFixture f;
-    f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
-    QVERIFY(f.Finish());
-    QCOMPARE(f.histogram->GetPixelsCount(), 600.0);
-    HBSharedImage<QImage> picture;
-    picture.image = QImage(7, 3, QImage::Format_RGB32);
-    picture.image.fill(Qt::red);
-    f.panel.AttachQImage(&picture);
-    HBSettle();
-    QCOMPARE(f.histogram->GetCount(0, 255), 21u);
-    picture.image.fill(Qt::black);
-    f.panel.UpdateHistogramm();
-    HBSettle();
-    QCOMPARE(f.histogram->GetCount(0, 0), 21u);
-    HBSharedImage<HBImage<>> tiled;
-    tiled.image = HBTestRamp(10, 10);
-    f.panel.AttachRGB32iImage(&tiled);
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 100.0);
 }
 
 void tst_HBCurvesWidget::exceptionLines() {

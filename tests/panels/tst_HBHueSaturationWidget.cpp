@@ -65,42 +65,16 @@ HBIterativeAdjustmentTransformation<HBHueSaturationTransformation> Transformatio
 class tst_HBHueSaturationWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void deafBeforeSetValue();
     void controls();
     void hueEndsAt359();
     void grooves();
     void strips();
     void orderInASlot();
-    void setValue();
     void reset();
     void result();
     void jobTakesTheControls();
-    void oddSources();
-    void deletedAtOnce();
 };
-
-void tst_HBHueSaturationWidget::form() {
-    HBVerifyForm<HBHueSaturationWidget>("HueSaturationParamWidget", "Hue and Saturation", {223, 165},
-                                        {"gridLayout 0,0: QLabel m_hueLabel \"Hue:\" right",
-                                         "gridLayout 0,1: QSlider m_pHueSlider 0 360 0",
-                                         "gridLayout 0,2: QSpinBox m_pHueSpin 0 359 0 width from 50",
-                                         "gridLayout 1,0: QLabel m_saturationLabel \"Saturation:\" right",
-                                         "gridLayout 1,1: QSlider m_pSaturationSlider -100 100 0",
-                                         "gridLayout 1,2: QSpinBox m_pSaturationSpin -100 100 0 % width from 50",
-                                         "gridLayout 2,0: QLabel m_lightnessLabel \"Lightness:\" right",
-                                         "gridLayout 2,1: QSlider m_pLightnessSlider -100 100 0",
-                                         "gridLayout 2,2: QSpinBox m_pLightnessSpin -100 100 0 % width from 50",
-                                         "gridLayout 3,1 1x2: QCheckBox m_pColorizeCheckBox \"Colorize\" tip "
-                                         "\"Use the checkbox to colorize the picture "
-                                         "in mono color.\"",
-                                         "gridLayout 4,1 1x2: HBColorWidget m_pPaletteLabel \"\" height 16",
-                                         "gridLayout 5,1 1x2: HBColorWidget m_pColorizeLabel \"\" height 16",
-                                         "gridLayout 6,0 1x3: spacer 188x18 expanding"});
-    QCOMPARE(HBMethodText(HBHueSaturationWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnHueChanged(int)", "OnSaturationChanged(int)",
-                          "OnLightnessChanged(int)", "OnColorizeChanged(bool)"}));
-}
 
 /// On purpose: a host creates the panel, then sets its value.
 void tst_HBHueSaturationWidget::deafBeforeSetValue() {
@@ -257,26 +231,6 @@ void tst_HBHueSaturationWidget::orderInASlot() {
     QVERIFY(atDataChanged == state() && state() != before);
 }
 
-void tst_HBHueSaturationWidget::setValue() {
-    Fixture f;
-    const struct {
-        Values value;
-        Values shown;
-    } cases[] = {{{200, 10, -20, 1}, {200, 10, -20, 1}},
-                 {{400, 500, -500, 0}, {359, 100, -100, 0}},
-                 {{-30, 101, -101, 1}, {0, 100, -100, 1}},
-                 {{LeastInt, LeastInt, LeastInt, 0}, {0, -100, -100, 0}},
-                 {{MostInt, MostInt, MostInt, 1}, {359, 100, 100, 1}},
-                 {{360, 0, 0, 0}, {359, 0, 0, 0}}};
-    for (const auto& c : cases) {
-        f.SetValue(c.value);
-        QCOMPARE(f.Record(), c.value);
-        QCOMPARE(f.Shown(), c.shown);
-        QCOMPARE(f.Sliders(), c.shown.mid(0, 3));
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-}
-
 void tst_HBHueSaturationWidget::reset() {
     Fixture f;
     f.SetValue({5, 6, 7, 1});
@@ -326,18 +280,6 @@ void tst_HBHueSaturationWidget::jobTakesTheControls() {
     QCOMPARE(f.panel.AdjustedImage().ToQImage(),
              HBTransformed(photo, Transformation(359, 100, -10, false)).ToQImage());
     QCOMPARE(f.Record(), Values({400, 500, -10, 0}));
-}
-
-void tst_HBHueSaturationWidget::oddSources() {
-    Fixture f;
-    for (const Values& value : {Values{90, 100, 0, 0}, {90, 100, 0, 1}}) {
-        f.SetValue(value);
-        HBVerifyOddSources(f);
-    }
-}
-
-void tst_HBHueSaturationWidget::deletedAtOnce() {
-    HBVerifyDestruction<HBHueSaturationWidget>([](auto& panel) { panel.SetValue({100, 20, 30, false}); });
 }
 
 HB_TEST_MAIN(tst_HBHueSaturationWidget)

@@ -86,8 +86,6 @@ HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs) {
 class tst_HBLevelsWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
-    void creationOrder();
     void middleValue();
     void toneValue();
     void controls();
@@ -97,85 +95,13 @@ private slots:
     void setValue();
     void hostileRecords();
     void hostSetsMeanwhile();
-    void reset();
     void autoAdjust_data();
     void autoAdjust();
     void autoKeepsTheChannelOnly();
     void overlappingStream();
     void results_data();
     void results();
-    void histogram();
-    void deletedAtOnce();
 };
-
-void tst_HBLevelsWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Levels"));
-        QStringList items;
-        for (int i = 0; i < f.channel->count(); ++i) items += f.channel->itemText(i);
-        QCOMPARE(items, QStringList({"RGB", "Red", "Green", "Blue"}));
-        QCOMPARE(f.channel->minimumWidth(), 120);
-        QCOMPARE(f.automatic->text(), QString("Auto"));
-        QCOMPARE(f.automatic->minimumWidth(), 100);
-        QVERIFY(!f.automatic->isEnabled());
-        QCOMPARE(f.histogram->minimumHeight(), 100);
-
-        const struct {
-            QWidget* control;
-            const char* toolTip;
-            double minimum, maximum, value;
-        } rows[] = {{f.low, "Lowest input signal value", 0, 253, 0}, // by the shown channel
-                    {f.middle, "Middle signal input value", 0.01, 9.99, 1},
-                    {f.high, "Highest signal input value", 2, 255, 255},
-                    {f.lowOutput, "Lowest output value", 0, 255, 0},
-                    {f.highOutput, "Highest output value", 0, 255, 255}};
-        for (const auto& row : rows) {
-            QCOMPARE(row.control->toolTip(), QString(row.toolTip));
-            QCOMPARE(row.control->property("minimum").toDouble(), row.minimum);
-            QCOMPARE(row.control->property("maximum").toDouble(), row.maximum);
-            QCOMPARE(row.control->property("value").toDouble(), row.value);
-            QVERIFY(row.control->property("keyboardTracking").toBool());
-        }
-        QCOMPARE(f.channel->toolTip(), QString("Channel for input signal"));
-        QCOMPARE(f.middle->singleStep(), 0.01);
-        QCOMPARE(f.middle->decimals(), 2);
-
-        const QVector<QPair<MavuCustomSlider*, QVector<QBrush>>> sliders = {
-            {f.input, {QBrush(Qt::black), QBrush(Qt::gray), QBrush(Qt::white)}},
-            {f.output, {QBrush(Qt::black), QBrush(Qt::white)}}};
-        for (const auto& [slider, brushes] : sliders) {
-            QCOMPARE(slider->minimumHeight(), 10);
-            QCOMPARE(qMakePair(slider->RangeMinimum(), slider->RangeMaximum()), qMakePair(0, 255));
-            QCOMPARE(int(slider->ControlCount()), brushes.size());
-            for (int i = 0; i < brushes.size(); ++i) QCOMPARE(slider->Brush(uint(i)), brushes[i]);
-        }
-        for (const char* name : {"m_pInputLabel", "m_pOutputLabel"}) {
-            const auto* bar = f.Find<HBColorWidget>(name);
-            QCOMPARE(qMakePair(bar->minimumHeight(), bar->maximumHeight()), qMakePair(10, 10));
-            QLinearGradient gradient(0, 0, 1, 0);
-            gradient.setColorAt(0, Qt::black);
-            gradient.setColorAt(1, Qt::white);
-            gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
-            QVERIFY(*bar->BackgroundBrush().gradient() == gradient);
-        }
-        QCOMPARE(f.Record(), Numbers({0, 128, 255, 0, 255}));
-        QCOMPARE(f.Handles(), f.Record());
-    }
-}
-
-void tst_HBLevelsWidget::creationOrder() {
-    Fixture f(false);
-    QStringList names;
-    for (const QObject* child : f.panel.children()) {
-        const auto* label = qobject_cast<const QLabel*>(child);
-        if (child->isWidgetType()) names += label ? label->text() : child->objectName();
-    }
-    QCOMPARE(names, QStringList({"Channel:", "m_pChannel", "m_pAutoBtn", "m_pHistogramm", "m_pInputSlider",
-                                 "Input", "m_pLowInput", "m_pMiddleInput", "m_pHighInput", "m_pInputLabel",
-                                 "Output", "m_pLowOutput", "m_pHighOutput", "m_pOutputLabel", "m_pOutputSlider"}));
-}
 
 void tst_HBLevelsWidget::middleValue() {
     const struct {
@@ -443,22 +369,6 @@ void tst_HBLevelsWidget::hostSetsMeanwhile() {
     }
 }
 
-void tst_HBLevelsWidget::reset() {
-    Fixture f;
-    f.panel.SetValue([] {
-        Params p;
-        p.channel = 3;
-        p.input[3][0] = 100;
-        p.output[0][0] = 9;
-        return p;
-    }());
-    f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(Params()));
-    QCOMPARE(f.channel->currentIndex(), 0);
-    QCOMPARE(f.Handles(), Numbers({0, 128, 255, 0, 255}));
-}
-
 void tst_HBLevelsWidget::autoAdjust_data() {
     QTest::addColumn<HBImage<>>("photo");
     QTest::addColumn<Numbers>("points"); // red, green, blue: low, high, middle
@@ -573,40 +483,6 @@ void tst_HBLevelsWidget::results() {
                  HBTransformed(photo, Transformation(params), mask, QPoint(30, 40), bounds).ToQImage());
     }
     if (Bytes(params) == Bytes(Params())) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
-}
-
-void tst_HBLevelsWidget::histogram() {
-    Fixture f;
-    f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
-    QVERIFY(f.Finish());
-    QCOMPARE(f.histogram->GetPixelsCount(), 600.0);
-
-    HBSharedImage<QImage> picture;
-    picture.image = QImage(7, 3, QImage::Format_RGB32);
-    picture.image.fill(Qt::red);
-    f.panel.AttachQImage(&picture);
-    HBSettle();
-    QCOMPARE(f.histogram->GetCount(0, 255), 21u);
-    picture.image.fill(Qt::black);
-    f.panel.UpdateHistogramm();
-    HBSettle();
-    QCOMPARE(f.histogram->GetCount(0, 0), 21u);
-    HBSharedImage<HBImage<>> tiled;
-    tiled.image = HBTestRamp(10, 10);
-    f.panel.AttachRGB32iImage(&tiled);
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 100.0);
-    f.panel.ClearData();
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 0.0);
-}
-
-void tst_HBLevelsWidget::deletedAtOnce() {
-    for (const bool running : {false, true}) {
-        Fixture f;
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running) f.recorder.WaitFor("ProgressValueChanged");
-    }
 }
 
 HB_TEST_MAIN(tst_HBLevelsWidget)

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "HBFailingDevice.h"
 #include "HBLogCapture.h"
+#include "HBPanelChecks.h"
 #include "HBRecordCases.h"
 #include "HBSignalRecorder.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
 
+#include <HBExposureWidget.h>
+#include <HBGammaCorrectionWidget.h>
+#include <HBPosterizeWidget.h>
+#include <HistogramWidget.h>
+
 #include <QBuffer>
 #include <QDataStream>
+#include <QRadioButton>
 #include <QRegularExpression>
 
 namespace {
@@ -293,7 +300,102 @@ struct Checks {
             }
         }
     }
+
+    /// What each box shows is what it stores: the user changes it and changes it back.
+    static void Boxes() {
+        HBPanelFixture<Panel> f;
+        f.panel.SetValue(Case::Sample());
+        for (auto* box : f.panel.template findChildren<QAbstractSpinBox*>()) {
+            if (Case::hiddenBox == box->objectName()) continue;
+            const QVariant value = box->property("value");
+            box->stepUp();
+            if (box->property("value") == value) box->stepDown();
+            QVERIFY(box->property("value") != value || !box->isEnabled());
+            QVERIFY(box->setProperty("value", value));
+            QCOMPARE(Bytes(f.panel.GetValue()).toHex(' '), Stored().toHex(' '));
+        }
+    }
+
+    /// Sources with nothing to measure or to transform. Each comes back with its size and, if not painted, its alpha.
+    static void OddSources() {
+        const auto plain = [](int width, int height, QRgb colour) {
+            QImage image(width, height, QImage::Format_ARGB32);
+            image.fill(colour);
+            return HBImage<>::FromQImage(image);
+        };
+        HBPanelFixture<Panel> f;
+        f.panel.SetValue(Case::Sample());
+        for (const HBImage<>& source :
+             {HBImage<>(), plain(1, 1, qRgba(200, 100, 0, 255)), plain(1, 1, 0), plain(130, 3, qRgb(0, 0, 0)),
+              plain(130, 3, qRgb(255, 255, 255)), plain(130, 3, qRgba(0, 0, 255, 128))}) {
+            f.recorder.Take();
+            f.panel.SetImage(source, {}, {}, {});
+            QVERIFY(f.Finish());
+            QCOMPARE(f.recorder.Count("ImageReady"), Case::hasJob ? 1 : 0);
+            if (!Case::hasJob) continue;
+            const HBImage<> result = f.panel.AdjustedImage();
+            QCOMPARE(QSize(result.Width(), result.Height()), QSize(source.Width(), source.Height()));
+            if (!source.IsEmpty() && Case::keepsAlpha)
+                QCOMPARE(qAlpha(result.ToQImage().pixel(0, 0)), qAlpha(source.ToQImage().pixel(0, 0)));
+            QVERIFY(!f.panel.HasJobFailed());
+        }
+        f.panel.ClearData();
+        QVERIFY(f.Finish());
+    }
+
+    /// Panels whose job has just been started, and ones in the midst of it.
+    static void Destruction() {
+        const HBImage<> photo = HBTestRamp(1500, 1500);
+        for (const bool running : {false, true, false, true}) {
+            HBPanelFixture<Panel> f;
+            f.panel.SetValue(Case::Sample());
+            f.panel.SetImage(photo, {}, {}, {});
+            if (running && Case::hasJob) QVERIFY(f.recorder.WaitFor("Progress"));
+        }
+    }
+
+    /// Buttons of the host beside an embedded panel are left alone, and leave the panel's alone.
+    static void HostsRadios() {
+        QWidget host;
+        Panel panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
+        QRadioButton first(&host), second(&host);
+        first.setChecked(true);
+        panel.SetValue(Case::Sample());
+        QVERIFY(first.isChecked());
+        second.setChecked(true);
+        QVERIFY(!first.isChecked());
+        const auto own = panel.template findChildren<QRadioButton*>();
+        QVERIFY(own.isEmpty() || std::any_of(own.begin(), own.end(), [](auto* b) { return b->isChecked(); }));
+    }
 };
+
+template <class Panel>
+void VerifyHistogram() {
+    HBPanelFixture<Panel> f;
+    auto* histogram = f.template Find<HistogramWidget>("m_pHistogramm");
+    QVERIFY(histogram);
+    f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
+    QVERIFY(f.Finish());
+    QCOMPARE(histogram->GetPixelsCount(), 600.0);
+    HBSharedImage<QImage> picture;
+    picture.image = QImage(7, 3, QImage::Format_RGB32);
+    picture.image.fill(Qt::red);
+    f.panel.AttachQImage(&picture);
+    HBSettle();
+    QCOMPARE(histogram->GetCount(0, 255), 21u);
+    picture.Set(QImage());
+    f.panel.UpdateHistogramm();
+    HBSettle();
+    QCOMPARE(histogram->GetPixelsCount(), 0.0);
+    HBSharedImage<HBImage<>> tiled;
+    tiled.image = HBTestRamp(10, 10);
+    f.panel.AttachRGB32iImage(&tiled);
+    HBSettle();
+    QCOMPARE(histogram->GetPixelsCount(), 100.0);
+    f.panel.ClearData();
+    HBSettle();
+    QCOMPARE(histogram->GetPixelsCount(), 0.0);
+}
 
 struct Check {
     const char* panel;
@@ -314,7 +416,11 @@ QVector<Check> AllChecks(PanelList<Panels...>) {
                 {panel, "no device", &C::NoDevice},
                 {panel, "broken stream", &C::BrokenStream},
                 {panel, "hostile fields", &C::HostileFields},
-                {panel, "panel", &C::InThePanel}};
+                {panel, "panel", &C::InThePanel},
+                {panel, "boxes", &C::Boxes},
+                {panel, "odd sources", &C::OddSources},
+                {panel, "destruction", &C::Destruction},
+                {panel, "host's radios", &C::HostsRadios}};
     };
     (add(Checks<Panels>(), Panels::staticMetaObject.className()), ...);
     return all;
@@ -327,6 +433,12 @@ class tst_HBParamStream : public QObject {
 private slots:
     void record_data();
     void record();
+    void forms();
+    void histograms() {
+        VerifyHistogram<HBLevelsWidget>();
+        VerifyHistogram<HBCurvesWidget>();
+        VerifyHistogram<HBThresholdWidget>();
+    }
 
 private:
     const QVector<Check> m_Checks = AllChecks(RecordPanels());
@@ -340,6 +452,45 @@ void tst_HBParamStream::record_data() {
 void tst_HBParamStream::record() {
     QFETCH(int, check);
     m_Checks[check].run();
+}
+
+/// Titles and names as hosts know them, and what looks like a slip but is not.
+void tst_HBParamStream::forms() {
+    HBVerifyForm<HBBrightnessContrastWidget>("BrightnessContrastParamWidget", "Brightness and Contrast",
+                                             {208, 103}, {});
+    HBVerifyForm<HBGammaCorrectionWidget>(nullptr, "Gamma correction", {208, 105}, {});
+    HBVerifyForm<HBExposureWidget>(nullptr, "Exposure correction", {212, 93}, {});
+    HBVerifyForm<HBPosterizeWidget>(nullptr, "Posterize", {267, 63}, {});
+    HBVerifyForm<HBLevelsWidget>(nullptr, "Levels", {}, {});
+    HBVerifyForm<HBCurvesWidget>(nullptr, "Curves", {}, {});
+    HBVerifyForm<HBThresholdWidget>(nullptr, "Threshold", {}, {});
+    HBVerifyForm<HBHueSaturationWidget>("HueSaturationParamWidget", "Hue and Saturation", {223, 165},
+                                        {"gridLayout 0,1: QSlider m_pHueSlider 0 360 0",
+                                         "gridLayout 0,2: QSpinBox m_pHueSpin 0 359 0 width from 50"});
+    HBVerifyForm<HBColorBalanceWidget>("ColorBalanceParamWidget", "Color Balance", {254, 341}, {});
+    HBVerifyForm<HBWBWidget>("WBWidget", "Picture corection", {438, 288}, // spelled so on purpose
+                             {"horizontalLayout 1: QCheckBox m_pEnchanced \"Advanced correction\"",
+                              "gridLayout_3 1,0: QGroupBox m_pTemperatureContent \"Advanced\"",
+                              "gridLayout 2,1 1x2: QSlider slider_2 0 100 0"});
+    HBVerifyForm<HBTemperatureWidget>("TemperatureWidget", "Temperature correction", {310, 96},
+                                      {"gridLayout 2,0: QLabel labelContrast \"Tint:\" right"});
+    HBVerifyForm<HBColorEnhancerWidget>("ColorEnhancer", "Color enhancer", {390, 109}, {});
+    HBVerifyForm<HBTintWidget>("TintWidget", "Tint", {276, 228}, {});
+    HBVerifyForm<HBBlackAndWhiteWidget>(nullptr, "Black & White...", {}, {});
+    HBVerifyForm<HBPhotoFilterWidget>("PhotoFilterWidget", "Photo filter", {276, 172}, {});
+    HBVerifyForm<HBColorizeWidget>("ColorizeWidget", "Colorize", {229, 101}, {});
+    HBVerifyForm<KMFillColorWidget>("FillColor", "Fill color", {522, 116}, {});
+    HBVerifyForm<HBReplaceColorWidget>("ReplaceColor", "Color Replacement", {300, 246}, {});
+    HBVerifyForm<HBOverlayPanel<HBSignWidget>>(
+        "SignWidget", "Sign", {261, 311},
+        {"gridLayout 2,1: QSpinBox m_pBottomMargin 0 999 5 tip \"Set Bottom Margin\""});
+    HBVerifyForm<HBOverlayPanel<HBWatermarkWidget>>(
+        "WatermarkWidget", "Watermark", {276, 353},
+        {"gridLayout_3 0,1: HBAngleSlider m_pAngleSldr -179 180 0 width 36 height 36",
+         "gridLayout_5 1,1: QSpinBox m_pHrzTiles 1 9 1 width 40"});
+    // Misspelt on purpose; hosts connect by name.
+    QVERIFY(HBWatermarkWidget::staticMetaObject.indexOfSlot("OnAnglechanged(int)") >= 0);
+    QVERIFY(HBWBWidget::staticMetaObject.indexOfSlot("OnEnchanced(bool)") >= 0);
 }
 
 HB_TEST_MAIN(tst_HBParamStream)

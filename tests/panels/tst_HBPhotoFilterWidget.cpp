@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBColorDialogUser.h"
-#include "HBFormText.h"
 #include "HBTestMain.h"
 
 #include <HBIterativePhotoFilterTransformation.h>
@@ -62,56 +61,20 @@ constexpr int PresetCount = int(std::size(Presets));
 class tst_HBPhotoFilterWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void presets();
     void density();
-    void setValue();
     void dialog_data();
     void dialog();
     void lostDialog();
     void result_data();
     void result();
-    void deletedAtOnce();
 };
-
-void tst_HBPhotoFilterWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Photo filter"));
-        QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "PhotoFilterWidget"));
-        if (!dialog) QCOMPARE(f.panel.size(), QSize(276, 172));
-        QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
-        QCOMPARE(HBGridText(content->layout()), QStringList({
-                                                    "0, 0: QLabel label_2 \"Color:\" right",
-                                                    "0, 2: QPushButton m_pColor \"\" height 24",
-                                                    "1, 0: QLabel label \"Density:\" right",
-                                                    "1, 1: QSlider horizontalSlider 0 100 50",
-                                                    "1, 2: QSpinBox m_pDensity 0 100 50 %",
-                                                    "2, 0 (1 x 3): spacer 0 x 6",
-                                                    "3, 0: QLabel label_3 \"Preset:\" right",
-                                                    "3, 1 (1 x 2): HBCommonComboBox m_pPresetList at 3 of 21",
-                                                }));
-        const QSpacerItem* spacer = content->layout()->itemAt(5)->spacerItem();
-        QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
-        QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
-        QCOMPARE(HBShownColor(f.color), QColor("#EBB113"));
-        QCOMPARE(PresetCount, 21);
-        for (int i = 0; i < PresetCount; ++i) {
-            QCOMPARE(f.presets->itemText(i), QString(Presets[i].name));
-            QCOMPARE(f.presets->itemData(i), QVariant(QColor(Presets[i].color)));
-            QVERIFY(f.presets->itemIcon(i).isNull());
-        }
-    }
-    QCOMPARE(HBMethodText(HBPhotoFilterWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnColor()", "OnCurrentColorChanged(QColor)", "OnDensityChanged(int)",
-                          "OnPresetChanged(int)"}));
-}
 
 void tst_HBPhotoFilterWidget::presets() {
     Fixture f;
     for (int i = 1; i < PresetCount; ++i) {
         const QColor color(Presets[i].color);
+        QCOMPARE(f.presets->itemText(i), QString(Presets[i].name));
         f.panel.SetValue({QColor("#123456"), 50});
         QCOMPARE(f.presets->currentIndex(), 0);
         f.presets->setCurrentIndex(i);
@@ -163,31 +126,6 @@ void tst_HBPhotoFilterWidget::density() {
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
     QCOMPARE(f.presets->currentIndex(), 3);
     QCOMPARE(f.density->value(), 50);
-}
-
-/// The record is kept as it is, and nothing is told although the list's connection is never cut.
-void tst_HBPhotoFilterWidget::setValue() {
-    const struct {
-        QColor color;
-        int density;
-        int shown;
-        int preset;
-    } rows[] = {{QColor("#FF0000"), 10, 10, 16},    {QColor("#FF0001"), 101, 100, 0},
-                {QColor(255, 0, 0, 128), -1, 0, 0}, {QColor(), Most, 100, 0},
-                {Qt::transparent, Least, 0, 0},     {QColor::fromHsv(0, 255, 255), 0, 0, 0},
-                {QColor("#00C1B1"), 100, 100, 20}};
-    Fixture f;
-    for (const auto& row : rows) {
-        f.panel.SetValue({row.color, row.density});
-        QCOMPARE(f.Value().color, row.color);
-        QCOMPARE(f.Value().density, row.density);
-        QCOMPARE(f.density->value(), row.shown);
-        QCOMPARE(f.slider->value(), row.shown);
-        QCOMPARE(f.presets->currentIndex(), row.preset);
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-    f.density->setValue(9);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
 void tst_HBPhotoFilterWidget::dialog_data() {
@@ -272,14 +210,6 @@ void tst_HBPhotoFilterWidget::result() {
             if (density <= 0) QCOMPARE(expected, photo.ToQImage());
             f.recorder.Take();
         }
-    }
-}
-
-void tst_HBPhotoFilterWidget::deletedAtOnce() {
-    for (const bool running : {false, true}) {
-        Fixture f;
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

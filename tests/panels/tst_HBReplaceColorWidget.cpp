@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBColorDialogUser.h"
-#include "HBFormText.h"
 #include "HBTestMain.h"
 
 #include <HBReplaceColorWidget.h>
@@ -51,9 +50,7 @@ QImage Plain(int width, int height, const QColor& color) {
 class tst_HBReplaceColorWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
-    void setValue();
     void dialog();
     void lostDialog();
     void corners();
@@ -63,48 +60,7 @@ private slots:
     void smallPictures();
     void hostileRecords();
     void selectionDoesNotLimit();
-    void deletedAtOnce();
 };
-
-void tst_HBReplaceColorWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Color Replacement"));
-        QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "ReplaceColor"));
-        if (!dialog) QCOMPARE(f.panel.size(), QSize(300, 246));
-        QCOMPARE(content->layout()->objectName(), QString("gridLayout_3"));
-        QStringList outer = HBGridText(content->layout());
-        QVERIFY(outer.takeLast().startsWith("2, 0: spacer"));
-        QCOMPARE(outer,
-                 QStringList({"0, 0: QGroupBox groupBox \"Source\"", "1, 0: QGroupBox groupBox_2 \"Color\""}));
-        const QLayout* source = f.Find<QWidget>("groupBox")->layout();
-        QCOMPARE(source->objectName(), QString("gridLayout_2"));
-        QCOMPARE(HBGridText(source),
-                 QStringList({"0, 0: QLabel label_5 \"Position:\" right width 100",
-                              "0, 1 (1 x 2): HBCommonComboBox m_pPositionType at 0 of 4",
-                              "1, 0: QLabel label \"Tolerance:\" right width 100",
-                              "1, 1: QSlider m_pSourceTolerance 0 255 0", "1, 2: QSpinBox spinBox 0 255 0"}));
-        const QLayout* target = f.Find<QWidget>("groupBox_2")->layout();
-        QCOMPARE(target->objectName(), QString("gridLayout"));
-        QStringList cells = HBGridText(target);
-        QVERIFY(cells.takeAt(3).startsWith("0, 3: spacer"));
-        QCOMPARE(cells, QStringList({"0, 0: QLabel label_4 \"Opacity:\" right width 100",
-                                     "0, 1: QSlider m_pDestinationOpacity 0 100 100",
-                                     "0, 2: QSpinBox spinBox_2 0 100 100 %",
-                                     "0, 4: QPushButton m_pSelectDestinationColor \"\" width 24 height 24"}));
-        const char* positions[] = {"Left top", "Right top", "Left bottom", "Right bottom"};
-        for (int i = 0; i < 4; ++i) {
-            QCOMPARE(f.position->itemText(i), QString(positions[i]));
-            QCOMPARE(f.position->itemData(i).toInt(), i);
-        }
-        QCOMPARE(HBShownColor(f.color), QColor(255, 255, 255));
-    }
-    QCOMPARE(HBMethodText(Panel::staticMetaObject),
-             QStringList({"ValueChanged()", "OnSourceToleranceChanged(int)", "OnSourcePosTypeChanged(int)",
-                          "OnDestinationColor()", "OnCurrentColorChanged(QColor)",
-                          "OnDestinationOpacityChanged(int)"}));
-}
 
 void tst_HBReplaceColorWidget::controls() {
     Fixture f;
@@ -136,23 +92,6 @@ void tst_HBReplaceColorWidget::controls() {
     f.panel.OnReset();
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
     QCOMPARE(f.Record(), QVector<int>({0, 0, 100}));
-}
-
-/// The record is kept as it is; the controls show what they can.
-void tst_HBReplaceColorWidget::setValue() {
-    const QVector<int> rows[][2] = {{{20, 2, 50}, {20, 2, 50}},          {{256, 4, 101}, {255, -1, 100}},
-                                    {{-1, -1, -1}, {0, -1, 0}},          {{Most, Most, Most}, {255, -1, 100}},
-                                    {{Least, Least, Least}, {0, -1, 0}}, {{0, 0, 100}, {0, 0, 100}}};
-    Fixture f;
-    for (const auto& [record, shown] : rows) {
-        f.panel.SetValue({record[0], Panel::PositionType(record[1]), QColor(1, 2, 3, 4), record[2]});
-        QCOMPARE(f.Record(), record);
-        QCOMPARE(f.Shown(), shown);
-        QCOMPARE(f.Value().color, QColor(1, 2, 3, 4));
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-    f.tolerance->setValue(9);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
 /// Every accepted dialog is heard, changed or not; a cancelled one only if the user has tried another colour.
@@ -299,15 +238,6 @@ void tst_HBReplaceColorWidget::selectionDoesNotLimit() {
                      QRect(5, 5, 20, 20));
     QVERIFY(f.Finish());
     QCOMPARE(f.panel.AdjustedImage().ToQImage(), Plain(200, 150, Qt::red));
-}
-
-void tst_HBReplaceColorWidget::deletedAtOnce() {
-    for (const bool begun : {false, true}) {
-        Fixture f;
-        f.panel.SetValue({255, Panel::LeftTop, Qt::red, 60});
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (begun) QTest::qWait(1);
-    }
 }
 
 HB_TEST_MAIN(tst_HBReplaceColorWidget)

@@ -49,7 +49,6 @@ class tst_HBSignWidget : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
-    void form();
     void alignment_data();
     void alignment();
     void alignmentsByHand();
@@ -66,53 +65,6 @@ void tst_HBSignWidget::initTestCase() {
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName("AdjustmentPanelsTest");
     QCoreApplication::setApplicationName("tst_HBSignWidget");
-}
-
-void tst_HBSignWidget::form() {
-    Fixture f;
-    QCOMPARE(f.panel.objectName(), QString("SignWidget"));
-    QCOMPARE(f.panel.windowTitle(), QString("Sign"));
-    QCOMPARE(f.panel.size(), QSize(261, 311));
-    QVERIFY(f.name->isReadOnly());
-    QCOMPARE(
-        HBFormLines(&f.panel),
-        QStringList({
-            "gridLayout_4 0,0: QLabel label \"Sign image:\" right width from 62",
-            "gridLayout_4 0,1: QLineEdit m_pImageFileName \"\"",
-            "gridLayout_4 0,2: QPushButton m_pSelectAnImage \"...\" width 22 height 22 tip \"Choose an image...\"",
-            "gridLayout_4 1,0 1x3: QGroupBox groupBox \"Alignment\"",
-            "gridLayout_3 0,0: QLabel label_2 \"Horizontal:\" right width from 55",
-            "gridLayout_3 0,1 1x2: HBCommonComboBox m_pHrzAlignment at 0 of 3 width from 80 tip \"Set Horizontal "
-            "Alignment\"",
-            "gridLayout_3 1,0: QLabel label_3 \"Vertical:\" right width from 55",
-            "gridLayout_3 1,1 1x2: HBCommonComboBox m_pVrtAlignment at 0 of 3 width from 80 tip \"Set Vertical "
-            "Alignment\"",
-            "gridLayout_3 2,0: QLabel label_8 \"Margins:\" right width from 55",
-            "gridLayout 0,1: QSpinBox m_pTopMargin 0 999 5 tip \"Set Top Margin\"",
-            "gridLayout 1,0: QSpinBox m_pLeftMargin 0 999 5 tip \"Set Left Margin\"",
-            "gridLayout 1,2: QSpinBox m_pRightMargin 0 999 5 tip \"Set Right Margin\"",
-            "gridLayout 2,1: QSpinBox m_pBottomMargin 0 999 5 tip \"Set Bottom Margin\"",
-            "gridLayout_3 2,2: spacer 20x20 expanding",
-            "gridLayout_4 2,0 1x3: QGroupBox groupBox_2 \"Blending\"",
-            "gridLayout_2 0,0: QLabel label_5 \"Mode:\" right width from 55",
-            "gridLayout_2 0,1 1x3: HBCommonComboBox m_pBlendCombo at 0 of 13",
-            "gridLayout_2 1,0: QLabel label_6 \"Opacity:\" right width from 55",
-            "gridLayout_2 1,1: QSlider m_pOpacitySlider 0 100 100 width from 100",
-            "gridLayout_2 1,2: spacer 10x20",
-            "gridLayout_2 1,3: QSpinBox m_pOpacitySpn 0 100 100 %",
-            "gridLayout_4 3,0 1x3: spacer 20x20 expanding",
-        }));
-    QCOMPARE(HBMethodText(HBSignWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnHorizontalAlignmentChanged(int)", "OnVerticalAlignmentChanged(int)",
-                          "OnLeftMarginChanged(int)", "OnRightMarginChanged(int)", "OnTopMarginChanged(int)",
-                          "OnBottomMarginChanged(int)", "OnSelectFileName()", "OnOpacityChanged(int)",
-                          "OnBlendingModeChanged(int)"}));
-    const HBSignWidget::Params fresh = f.panel.GetValue();
-    QVERIFY(fresh.fileName.isNull());
-    QCOMPARE(f.Alignment(), 33);
-    QCOMPARE(fresh.margins, QRect(QPoint(5, 5), QPoint(5, 5)));
-    QCOMPARE(fresh.blendingMode, 0u);
-    QCOMPARE(fresh.opacity, 100);
 }
 
 void tst_HBSignWidget::alignment_data() {

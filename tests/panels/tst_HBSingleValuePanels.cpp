@@ -12,8 +12,6 @@
 #include <HBPosterizeWidget.h>
 
 #include <QDoubleSpinBox>
-#include <QGridLayout>
-#include <QLabel>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -72,68 +70,6 @@ struct Posterize : HBPanelFixture<HBPosterizeWidget> {
     QSlider* slider = Find<QSlider>("m_pPosterizeSlider");
 };
 
-struct Row {
-    const char* label;
-    const char* text;
-    const char* slider;
-    QVector<int> sliderNumbers; ///< minimum, maximum, single step, page step, value
-    const char* spin;
-    QVector<double> spinNumbers; ///< minimum, maximum, step, decimals, value
-};
-
-QVector<int> Numbers(const QSlider& slider) {
-    return {slider.minimum(), slider.maximum(), slider.singleStep(), slider.pageStep(), slider.value()};
-}
-
-/// By property, of either kind of spin box.
-QVector<double> Numbers(const QWidget& spin) {
-    QVector<double> numbers;
-    for (const char* name : {"minimum", "maximum", "singleStep", "decimals", "value"})
-        numbers += spin.property(name).toDouble();
-    return numbers;
-}
-
-void CheckForm(const QWidget& content, const char* title, const QVector<Row>& rows, const QSize& spacerSize) {
-    QCOMPARE(content.windowTitle(), QString(title));
-    auto* outer = qobject_cast<QGridLayout*>(content.layout());
-    QVERIFY(outer);
-    QCOMPARE(outer->objectName(), QString("gridLayout_2"));
-    auto* grid = qobject_cast<QGridLayout*>(outer->itemAtPosition(0, 0)->layout());
-    QVERIFY(grid);
-    QCOMPARE(grid->objectName(), QString("gridLayout"));
-    for (int i = 0; i < rows.size(); ++i) {
-        const Row& row = rows.at(i);
-        auto* label = qobject_cast<QLabel*>(grid->itemAtPosition(i, 0)->widget());
-        QVERIFY(label);
-        QCOMPARE(label->objectName(), QString(row.label));
-        QCOMPARE(label->text(), QString(row.text));
-        QCOMPARE(label->alignment() & (Qt::AlignRight | Qt::AlignVCenter), Qt::AlignRight | Qt::AlignVCenter);
-        auto* slider = qobject_cast<QSlider*>(grid->itemAtPosition(i, 1)->widget());
-        QVERIFY(slider);
-        QCOMPARE(slider->objectName(), QString(row.slider));
-        QCOMPARE(slider->orientation(), Qt::Horizontal);
-        QCOMPARE(Numbers(*slider), row.sliderNumbers);
-        const QWidget* spin = grid->itemAtPosition(i, 2)->widget();
-        QCOMPARE(spin->objectName(), QString(row.spin));
-        QCOMPARE(Numbers(*spin), row.spinNumbers);
-    }
-    const QSpacerItem* spacer = grid->itemAtPosition(rows.size(), 0)->spacerItem();
-    QVERIFY(spacer);
-    QCOMPARE(grid->itemAtPosition(rows.size(), 2)->spacerItem(), spacer);
-    QCOMPARE(spacer->sizeHint(), spacerSize);
-    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
-    QCOMPARE(spacer->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
-}
-
-template <class Fixture>
-void CheckForms(const char* title, const QSize& size, const QVector<Row>& rows, const QSize& spacer) {
-    Fixture dialog(true);
-    CheckForm(*dialog.template Find<QWidget>("m_pContent"), title, rows, spacer);
-    Fixture embedded(false);
-    QCOMPARE(embedded.panel.size(), size);
-    CheckForm(embedded.panel, title, rows, spacer);
-}
-
 /// Sets the image and compares the job's result, without and with a selection.
 template <class Fixture, class Transformation>
 void CheckResult(Fixture& f, const Transformation& transformation) {
@@ -161,7 +97,6 @@ void DeleteAtOnce() {
 class tst_HBSingleValuePanels : public QObject {
     Q_OBJECT
 private slots:
-    void forms();
     void spinBoxes();
     void sliders();
     void setters();
@@ -173,31 +108,6 @@ private slots:
     void results();
     void deletedAtOnce();
 };
-
-void tst_HBSingleValuePanels::forms() {
-    CheckForms<Gamma>(
-        "Gamma correction", {208, 105},
-        {{"label", "Gamma:", "m_pGammaSlider", {1, 500, 1, 10, 100}, "m_pGammaSpin", {0.01, 5, 0.01, 2, 1}}},
-        {168, 25});
-    CheckForms<Exposure>("Exposure correction", {212, 93},
-                         {{"label",
-                           "Exposure:",
-                           "m_pExposureSlider",
-                           {-200000, 200000, 1000, 10000, 0},
-                           "m_pExposureSpin",
-                           {-20, 20, 0.001, 4, 0}},
-                          {"label_2",
-                           "Offset:",
-                           "m_pOffsetSlider",
-                           {-5000, 5000, 10, 100, 0},
-                           "m_pOffsetSpin",
-                           {-0.5, 0.5, 0.001, 4, 0}}},
-                         {0, 0});
-    CheckForms<Posterize>(
-        "Posterize", {267, 63},
-        {{"label", "Posterize:", "m_pPosterizeSlider", {2, 255, 1, 10, 4}, "m_pPosterizeSpin", {2, 255, 1, 0, 4}}},
-        {120, 16});
-}
 
 /// A value in the spin box puts the slider on the truncated step: a negative one lands one nearer zero.
 void tst_HBSingleValuePanels::spinBoxes() {

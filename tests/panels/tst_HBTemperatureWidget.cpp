@@ -40,29 +40,10 @@ HBImage<> Corrected(const HBImage<>& photo, int kelvin, int tint, int strength) 
 class tst_HBTemperatureWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
-    void setValue();
     void strengthIsNotShown();
     void result();
-    void oddSources();
-    void deletedAtOnce();
 };
-
-void tst_HBTemperatureWidget::form() {
-    HBVerifyForm<HBTemperatureWidget>(
-        "TemperatureWidget", "Temperature correction", {310, 96},
-        {"gridLayout 0,0: QLabel labelBrightness \"Temperature:\" right",
-         "gridLayout 0,1: QSlider ColorTemperatureSlider 1000 40000 6500",
-         "gridLayout 0,2: QSpinBox m_pTemperature 1000 40000 6500 K",
-         "gridLayout 1,0: QLabel label \"Strength:\" right", "gridLayout 1,1: QSlider m_pStrengthSldr 0 100 50",
-         "gridLayout 1,2: QSpinBox m_pStrength 0 100 50", "gridLayout 2,0: QLabel labelContrast \"Tint:\" right",
-         "gridLayout 2,1: QSlider TintSlider -100 100 0", "gridLayout 2,2: QSpinBox m_pTint -100 100 0",
-         "gridLayout 3,0 1x3: spacer 198x3 expanding"});
-    QCOMPARE(HBMethodText(HBTemperatureWidget::staticMetaObject),
-             QStringList(
-                 {"ValueChanged()", "OnTemperatureChanged(int)", "OnTintChanged(int)", "OnStrengthChanged(int)"}));
-}
 
 void tst_HBTemperatureWidget::controls() {
     Fixture f;
@@ -94,26 +75,6 @@ void tst_HBTemperatureWidget::controls() {
     QCOMPARE(f.recorder.Take(), HBClosingCalls(3));
     f.panel.OnReset();
     QCOMPARE(f.recorder.Take(), QStringList());
-}
-
-void tst_HBTemperatureWidget::setValue() {
-    Fixture f;
-    const struct {
-        Values value;
-        Values shown;
-    } cases[] = {{{3000, 10, 80}, {3000, 10, 50}},
-                 {{0, -101, -1}, {1000, -100, 50}},
-                 {{LeastInt, LeastInt, LeastInt}, {1000, -100, 50}},
-                 {{MostInt, MostInt, MostInt}, {40000, 100, 50}}};
-    for (const auto& c : cases) {
-        f.panel.SetValue({c.value[0], c.value[1], c.value[2]});
-        QCOMPARE(f.Record(), c.value);
-        QCOMPARE(f.Shown(), c.shown);
-        QCOMPARE(f.Sliders(), c.shown);
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-    f.tintSlider->setValue(1);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
 /// On purpose: the strength of a loaded record counts, but its control keeps what it showed.
@@ -160,16 +121,6 @@ void tst_HBTemperatureWidget::result() {
         QCOMPARE(f.panel.AdjustedImage().ToQImage(), expected.ToQImage());
         if (v[0] == 6500) QCOMPARE(expected.ToQImage(), photo.ToQImage());
     }
-}
-
-void tst_HBTemperatureWidget::oddSources() {
-    Fixture f;
-    f.panel.SetValue({2000, 50, 100});
-    HBVerifyOddSources(f);
-}
-
-void tst_HBTemperatureWidget::deletedAtOnce() {
-    HBVerifyDestruction<HBTemperatureWidget>([](auto& panel) { panel.SetValue({3000, 20, 80}); });
 }
 
 HB_TEST_MAIN(tst_HBTemperatureWidget)

@@ -29,32 +29,11 @@ struct Fixture : HBPanelFixture<HBThresholdWidget> {
 class tst_HBThresholdWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
     void setValue();
     void result_data();
     void result();
-    void histogram();
-    void deletedAtOnce();
 };
-
-void tst_HBThresholdWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Threshold"));
-        QCOMPARE(f.Find<QLabel>("label")->text(), QString("Threshold level:"));
-        QCOMPARE(qMakePair(f.spin->minimum(), f.spin->maximum()), qMakePair(1, 255));
-        QCOMPARE(f.histogram->minimumHeight(), 100);
-        QCOMPARE(f.histogram->Channel(), 0);
-        QCOMPARE(f.slider->minimumHeight(), 10);
-        QCOMPARE(qMakePair(f.slider->RangeMinimum(), f.slider->RangeMaximum()), qMakePair(0, 255));
-        QCOMPARE(f.slider->ControlCount(), 1u);
-        QCOMPARE(qMakePair(f.slider->Minimum(0), f.slider->Maximum(0)), qMakePair(0, 255));
-        QCOMPARE(f.slider->Brush(0), QBrush(Qt::black));
-        QCOMPARE(f.State(), QVector<int>({128, 128, 128})); // by the Reset at the end of the construction
-    }
-}
 
 void tst_HBThresholdWidget::controls() {
     Fixture f;
@@ -123,41 +102,6 @@ void tst_HBThresholdWidget::result() {
         f.panel.SetImage(photo, {}, {}, {});
         QVERIFY(f.Finish());
         QCOMPARE(f.panel.AdjustedImage().ToQImage(), HBPlainLoop(photo, rule).ToQImage());
-    }
-}
-
-void tst_HBThresholdWidget::histogram() {
-    Fixture f;
-    f.panel.SetImage(HBTestRamp(30, 20), {}, {}, {});
-    QVERIFY(f.Finish());
-    QCOMPARE(f.histogram->GetPixelsCount(), 600.0);
-
-    HBSharedImage<QImage> picture;
-    picture.image = QImage(7, 3, QImage::Format_RGB32);
-    picture.image.fill(Qt::red);
-    f.panel.AttachQImage(&picture);
-    HBSettle();
-    QCOMPARE(f.histogram->GetCount(0, 255), 21u);
-    picture.Set(QImage());
-    f.panel.UpdateHistogramm();
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 0.0);
-    HBSharedImage<HBImage<>> tiled;
-    tiled.image = HBTestRamp(10, 10);
-    f.panel.AttachRGB32iImage(&tiled);
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 100.0);
-
-    f.panel.ClearData();
-    HBSettle();
-    QCOMPARE(f.histogram->GetPixelsCount(), 0.0);
-}
-
-void tst_HBThresholdWidget::deletedAtOnce() {
-    for (const bool running : {false, true}) {
-        Fixture f;
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running) f.recorder.WaitFor("ProgressValueChanged");
     }
 }
 

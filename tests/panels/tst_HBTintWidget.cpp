@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBColorDialogUser.h"
-#include "HBFormText.h"
 #include "HBTestMain.h"
 
 #include <HBTintRGB32.h>
@@ -56,55 +55,14 @@ HBRGBA32i Tinted(HBRGBA32i pixel, const Params& params) {
 class tst_HBTintWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
-    void setValue();
     void dialogs();
     void lostDialogs();
     void publishedLevels();
     void result_data();
     void result();
-    void noPixels();
     void truncatedRecord();
-    void deletedAtOnce();
 };
-
-void tst_HBTintWidget::form() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const QWidget* content = dialog ? f.Find<QWidget>("m_pContent") : &f.panel;
-        QCOMPARE(content->windowTitle(), QString("Tint"));
-        QCOMPARE(content->objectName(), QString(dialog ? "m_pContent" : "TintWidget"));
-        if (!dialog) QCOMPARE(f.panel.size(), QSize(276, 228));
-        QCOMPARE(content->layout()->objectName(), QString("gridLayout"));
-        const QString tip = " tip \"Set the color you want to replace the %1 tone with\"";
-        QCOMPARE(HBGridText(content->layout()),
-                 QStringList({
-                     "0, 0: QLabel label_2 \"Black tone:\" right",
-                     "0, 1: QPushButton m_pBlackTone \"\" width from 50 height 24" + tip.arg("black"),
-                     "0, 2: spacer 24 x 20",
-                     "0, 3: QLabel label_3 \"White tone:\" right",
-                     "0, 4: QPushButton m_pWhiteTone \"\" width from 50 height 24" + tip.arg("white"),
-                     "1, 0: QLabel label \"Amount:\" right",
-                     "1, 1 (1 x 3): QSlider horizontalSlider 0 100 75",
-                     "1, 4: QSpinBox m_pAmount 0 100 75 % width from 50",
-                     "2, 0 (1 x 5): spacer 0 x 6",
-                     "3, 0: QLabel label_4 \"Type:\" right",
-                     "3, 1 (1 x 4): HBCommonComboBox m_pType at 0 of 4",
-                     "4, 0 (1 x 5): spacer 0 x 37",
-                 }));
-        QCOMPARE(HBShownColor(f.black), QColor(5, 6, 8));
-        QCOMPARE(HBShownColor(f.white), QColor(170, 209, 255));
-        const char* types[] = {"Average", "NTSC", "LUMA", "RGB"};
-        for (int i = 0; i < 4; ++i) {
-            QCOMPARE(f.type->itemText(i), QString(types[i]));
-            QCOMPARE(f.type->itemData(i), QVariant(i));
-        }
-    }
-    QCOMPARE(HBMethodText(HBTintWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnBlackTone()", "OnWhiteTone()", "OnCurrentBlackToneChanged(QColor)",
-                          "OnCurrentWhiteToneChanged(QColor)", "OnAmountChanged(int)", "OnTypeChanged(int)"}));
-}
 
 void tst_HBTintWidget::controls() {
     Fixture f;
@@ -129,36 +87,6 @@ void tst_HBTintWidget::controls() {
         QCOMPARE(qMakePair(f.slider->value(), f.amount->value()), qMakePair(move.amount, move.amount));
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
     }
-}
-
-/// The record is kept as it is; the controls show what they can.
-void tst_HBTintWidget::setValue() {
-    const struct {
-        int amount;
-        int shown;
-        int type;
-        int row;
-    } rows[] = {{30, 30, 3, 3},     {101, 100, 1, 1},      {-1, 0, 4, -1},
-                {Most, 100, 7, -1}, {Least, 0, Least, -1}, {0, 0, Most, -1}};
-    Fixture f;
-    for (const auto& row : rows) {
-        const QColor invalid;
-        f.panel.SetValue({invalid, QColor(1, 2, 3, 4), row.amount, HBTintWidget::Type(row.type)});
-        QCOMPARE(f.Value().blackTone, invalid);
-        QCOMPARE(f.Value().whiteTone, QColor(1, 2, 3, 4));
-        QCOMPARE(f.Value().amount, row.amount);
-        QCOMPARE(int(f.Value().type), row.type);
-        QCOMPARE(qMakePair(f.slider->value(), f.amount->value()), qMakePair(row.shown, row.shown));
-        QCOMPARE(f.type->currentIndex(), row.row);
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-    f.amount->setValue(55);
-    f.type->setCurrentIndex(1);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    f.panel.OnReset();
-    f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
-    QCOMPARE(HBShownColor(f.white), QColor(170, 209, 255));
 }
 
 void tst_HBTintWidget::dialogs() {
@@ -245,18 +173,6 @@ void tst_HBTintWidget::result() {
     QCOMPARE(f.panel.SourceImage().ToQImage(), HBTestRamp(200, 131).ToQImage());
 }
 
-void tst_HBTintWidget::noPixels() {
-    Fixture f;
-    for (int type = -1; type < 5; ++type) {
-        f.panel.SetValue({Qt::black, Qt::white, 50, HBTintWidget::Type(type)});
-        f.panel.SetImage({}, {}, {}, {});
-        QVERIFY(f.Finish());
-        QCOMPARE(f.recorder.Count("ImageReady"), 1);
-        QVERIFY(f.panel.AdjustedImage().IsEmpty());
-        f.recorder.Take();
-    }
-}
-
 /// What was read stays; the rest is what the stream makes of nothing, not the defaults and not the old values.
 void tst_HBTintWidget::truncatedRecord() {
     QByteArray bytes;
@@ -270,14 +186,6 @@ void tst_HBTintWidget::truncatedRecord() {
     QVERIFY(params.whiteTone != QColor(Qt::green));
     QCOMPARE(params.amount, 0);
     QCOMPARE(params.type, HBTintWidget::Average);
-}
-
-void tst_HBTintWidget::deletedAtOnce() {
-    for (const bool running : {false, true}) {
-        Fixture f;
-        f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-        if (running) f.recorder.WaitFor("ProgressValueChanged");
-    }
 }
 
 HB_TEST_MAIN(tst_HBTintWidget)

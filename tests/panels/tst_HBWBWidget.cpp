@@ -145,57 +145,17 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
 class tst_HBWBWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void deafBeforeSetValue();
     void threeStrengths();
     void controls();
-    void setValue();
     void foreignMode();
-    void reset();
-    void besideRadiosOfTheHost();
     void plainModes();
     void stretch_data();
     void stretch();
     void advanced();
     void advancedWithSelection();
     void temperature();
-    void oddSources();
-    void deletedAtOnce();
 };
-
-void tst_HBWBWidget::form() {
-    HBVerifyForm<HBWBWidget>("WBWidget", "Picture corection", {438, 288}, // spelled so on purpose
-                             {"gridLayout_3 0,0: QGroupBox groupBox \"Main\"",
-                              "gridLayout_2 0,0: QRadioButton m_pAuto \"Auto correction\" checked",
-                              "horizontalLayout 0: spacer 20x20",
-                              "horizontalLayout 1: QCheckBox m_pEnchanced \"Advanced correction\"",
-                              "gridLayout_2 2,0: spacer 148x3",
-                              "gridLayout_2 3,0: QRadioButton m_pOverexposure \"Overexposure correction\"",
-                              "gridLayout_2 4,0: spacer 138x3",
-                              "gridLayout_2 5,0: QRadioButton m_pUnderexposure \"Underexposure correction\"",
-                              "gridLayout_2 6,0: spacer 138x6",
-                              "horizontalLayout_2 0: spacer 16x18",
-                              "horizontalLayout_2 1: QLabel label_9 \"Power of correction:\"",
-                              "horizontalLayout_2 2: QSlider m_pWBStrength 0 100 0",
-                              "horizontalLayout_2 3: QSpinBox spinBox 0 100 0",
-                              "gridLayout_3 1,0: QGroupBox m_pTemperatureContent \"Advanced\"",
-                              "gridLayout 0,0: QLabel label_8 \"Temperature:\" right",
-                              "gridLayout 0,1 1x2: QSlider TemperatureSlider -100 100 0",
-                              "gridLayout 0,3: QSpinBox m_pTemperature -100 100 0",
-                              "gridLayout 1,1 1x2: spacer 272x3",
-                              "gridLayout 2,0: QLabel label_6 \"Strength:\" right",
-                              "gridLayout 2,1 1x2: QSlider slider_2 0 100 0",
-                              "gridLayout 2,3: QSpinBox m_pTempStrength 0 100 0",
-                              "gridLayout_3 2,0: spacer 20x20 expanding"});
-    QCOMPARE(HBMethodText(HBWBWidget::staticMetaObject),
-             QStringList({"ValueChanged()", "OnWBStrengthChanged(int)", "OnTemperature(int)",
-                          "OnTemperatureStrength(int)", "OnOverexposure(bool)", "OnUnderexposure(bool)",
-                          "OnAuto(bool)", "OnEnchanced(bool)", "OnUseTemperature(bool)"}));
-    Fixture f;
-    QCOMPARE(f.temperatureSlider->tickPosition(), QSlider::NoTicks);
-    QCOMPARE(f.temperatureSlider->tickInterval(), 10);
-    QVERIFY(f.useTemperature->isCheckable());
-}
 
 /// On purpose: a new panel neither shows its record nor listens. SetValue, and so OnReset, does both.
 void tst_HBWBWidget::deafBeforeSetValue() {
@@ -275,29 +235,6 @@ void tst_HBWBWidget::controls() {
     QCOMPARE(f.temperatureSlider->value(), f.temperature->value());
 }
 
-void tst_HBWBWidget::setValue() {
-    Fixture f;
-    const struct {
-        Params params;
-        Values mode;        ///< as shown
-        Values temperature; ///< as shown
-    } cases[] = {{{true, 11, 22, 33, 0, true, -44, 55}, {0, 11, 11}, {-44, 55}},
-                 {{false, 11, 22, 33, 1, false, 44, 56}, {1, 22, 22}, {44, 56}},
-                 {{true, 11, 22, 33, 2, true, 0, 0}, {2, 33, 33}, {0, 0}},
-                 {{false, MostInt, 0, 0, 0, true, LeastInt, MostInt}, {0, 100, 100}, {-100, 100}},
-                 {{true, 0, LeastInt, 0, 1, false, MostInt, LeastInt}, {1, 0, 0}, {100, 0}}};
-    for (const auto& c : cases) {
-        f.panel.SetValue(c.params);
-        QCOMPARE(f.Record(), ValuesOf(c.params));
-        QCOMPARE(f.Mode(), c.mode);
-        QCOMPARE(Values({f.temperature->value(), f.temperatureStrength->value()}), c.temperature);
-        QCOMPARE(f.enchanced->isChecked(), c.params.enchanced);
-        QCOMPARE(f.enchanced->isEnabled(), c.params.mode == 0);
-        QCOMPARE(f.useTemperature->isChecked(), c.params.useTemperature);
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-}
-
 /// A mode that does not exist leaves buttons and strength as they were; its strength is nobody's.
 void tst_HBWBWidget::foreignMode() {
     const HBImage<> photo = CastPhoto(40, 30);
@@ -314,29 +251,6 @@ void tst_HBWBWidget::foreignMode() {
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
         QCOMPARE(f.Result(params, photo), photo.ToQImage());
     }
-}
-
-void tst_HBWBWidget::reset() {
-    Fixture f;
-    f.panel.SetValue({true, 11, 22, 33, 2, true, -44, 55});
-    f.panel.OnReset();
-    f.panel.OnReset(); // also when nothing changes
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    QCOMPARE(f.Record(), ValuesOf({}));
-    QCOMPARE(f.Mode(), Values({0, 50, 50}));
-    QVERIFY(!f.enchanced->isChecked() && f.enchanced->isEnabled() && !f.useTemperature->isChecked());
-}
-
-void tst_HBWBWidget::besideRadiosOfTheHost() {
-    QWidget host;
-    HBWBWidget panel(false, &host, {}); // first: Qt asks the buttons below a parent in their order
-    QRadioButton first(&host), second(&host);
-    first.setChecked(true);
-    panel.SetValue(WithMode(2));
-    QVERIFY(first.isChecked());
-    second.setChecked(true);
-    QVERIFY(!first.isChecked());
-    QVERIFY(panel.findChild<QRadioButton*>("m_pUnderexposure")->isChecked());
 }
 
 void tst_HBWBWidget::plainModes() {
@@ -436,18 +350,6 @@ void tst_HBWBWidget::temperature() {
             }
         }
     }
-}
-
-void tst_HBWBWidget::oddSources() {
-    Fixture f;
-    for (const int mode : {0, 1, 2}) {
-        f.panel.SetValue({mode == 0, 100, 100, 100, mode, true, 100, 100});
-        HBVerifyOddSources(f);
-    }
-}
-
-void tst_HBWBWidget::deletedAtOnce() {
-    HBVerifyDestruction<HBWBWidget>([](auto& panel) { panel.SetValue({true, 80, 0, 0, 0, true, 30, 50}); });
 }
 
 HB_TEST_MAIN(tst_HBWBWidget)

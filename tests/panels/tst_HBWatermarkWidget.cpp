@@ -45,9 +45,7 @@ void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&
 class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
 private slots:
-    void form();
     void controls();
-    void setValue();
     void modes() { HBVerifyModes<Panel>(); }
     void margins() { HBVerifyMargins<Panel>(); }
     void opacity() { HBVerifyOpacity<Panel>(); }
@@ -57,58 +55,6 @@ private slots:
     void fonts();
     void destroyedInTheDialog();
 };
-
-void tst_HBWatermarkWidget::form() {
-    Fixture f;
-    QCOMPARE(f.panel.objectName(), QString("WatermarkWidget"));
-    QCOMPARE(f.panel.windowTitle(), QString("Watermark"));
-    QCOMPARE(f.panel.size(), QSize(276, 353));
-    QCOMPARE(HBFormLines(&f.panel),
-             QStringList({
-                 "gridLayout_5 0,0: QLabel label \"Text:\" right width 52",
-                 "gridLayout_5 0,1 1x3: QLineEdit m_pText \"\"",
-                 "gridLayout_5 0,4: QPushButton m_pColor \"\" width 22 height 22",
-                 "gridLayout_5 0,5: QPushButton m_pSelectFont \"...\" width 22 height 22",
-                 "gridLayout_5 1,0: QLabel label_8 \"H. count:\" right width from 52",
-                 "gridLayout_5 1,1: QSpinBox m_pHrzTiles 1 9 1 width 40",
-                 "gridLayout_5 1,2: QLabel label_9 \"V. count:\" right width from 52",
-                 "gridLayout_5 1,3: QSpinBox m_pVrtTiles 1 9 1 width 40",
-                 "gridLayout_5 2,0 1x6: QGroupBox groupBox \"Alignment\"",
-                 "gridLayout_4 0,0: QLabel label_7 \"Angle:\" right width from 45",
-                 "gridLayout_3 0,0: spacer 20x20 expanding",
-                 "gridLayout_3 0,1: HBAngleSlider m_pAngleSldr -179 180 0 width 36 height 36",
-                 "gridLayout_3 0,2: spacer 20x20 expanding",
-                 "gridLayout_3 0,3: QSpinBox m_pAngleSpn -179 180 0 ° width 50 tip \"Set Angle\"",
-                 "gridLayout_4 1,0: QLabel label_4 \"Margins:\" right width from 45",
-                 "gridLayout 0,1: QSpinBox m_pTopMargin 0 999 5 width 50 tip \"Set Top Margin\"",
-                 "gridLayout 1,0: QSpinBox m_pLeftMargin 0 999 5 width 50 tip \"Set Left Margin\"",
-                 "gridLayout 1,2: QSpinBox m_pRightMargin 0 999 5 width 50 tip \"Set Right Margin\"",
-                 "gridLayout 2,1: QSpinBox m_pBottomMargin 0 999 5 width 50 tip \"Set Bottom Margin\"",
-                 "gridLayout_5 3,0 1x6: QGroupBox groupBox_2 \"Blending\"",
-                 "gridLayout_2 0,0: QLabel label_5 \"Mode:\" right width from 45",
-                 "gridLayout_2 0,1 1x3: HBCommonComboBox m_pBlendCombo at 0 of 13",
-                 "gridLayout_2 1,0: QLabel label_6 \"Opacity:\" right width from 45",
-                 "gridLayout_2 1,1: QSlider m_pOpacitySlider 0 100 100 width from 100",
-                 "gridLayout_2 1,2: spacer 10x20",
-                 "gridLayout_2 1,3: QSpinBox m_pOpacitySpn 0 100 100 %",
-                 "gridLayout_5 4,0 1x6: spacer 20x20 expanding",
-             }));
-    QCOMPARE(
-        HBMethodText(HBWatermarkWidget::staticMetaObject),
-        QStringList({"ValueChanged()", "OnAnglechanged(int)", "OnTextChanged(QString)", "OnLeftMarginChanged(int)",
-                     "OnRightMarginChanged(int)", "OnTopMarginChanged(int)", "OnBottomMarginChanged(int)",
-                     "OnSelectFont()", "OnOpacityChanged(int)", "OnBlendingModeChanged(int)",
-                     "OnHrzTilesChanged(int)", "OnVrtTilesChanged(int)", "OnSelectColor()"}));
-    QCOMPARE(f.Value().text, QString("Watermark"));
-    QCOMPARE(f.text->text(), QString("Watermark"));
-    QCOMPARE(f.Value().color, QColor(Qt::white));
-    QCOMPARE(HBShownColor(f.color), QColor(Qt::white));
-    QCOMPARE(f.Value().font, QFont());
-    QCOMPARE(qMakePair(f.Value().horizontalTiles, f.Value().verticalTiles), qMakePair(1, 1));
-    QCOMPARE(f.Value().angle, 0);
-    QCOMPARE(f.Value().opacity, 100);
-    QCOMPARE(f.Value().blendingMode, 0);
-}
 
 void tst_HBWatermarkWidget::controls() {
     Fixture f;
@@ -130,36 +76,6 @@ void tst_HBWatermarkWidget::controls() {
         QCOMPARE(QPoint(f.across->value(), f.down->value()), QPoint(move.across, move.down));
         QCOMPARE(QPoint(f.Value().horizontalTiles, f.Value().verticalTiles), QPoint(move.across, move.down));
         QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-    }
-}
-
-/// The record is kept as it is; the controls show what they can.
-void tst_HBWatermarkWidget::setValue() {
-    const struct {
-        int angle;
-        int shownAngle;
-        int tiles;
-        int shownTiles;
-    } rows[] = {{-45, -45, 3, 3},
-                {-180, -179, 10, 9},
-                {181, 180, 0, 1},
-                {LeastInt, -179, LeastInt, 1},
-                {MostInt, 180, MostInt, 9}};
-    Fixture f;
-    for (const auto& row : rows) {
-        HBWatermarkWidget::Params params;
-        params.angle = row.angle;
-        params.horizontalTiles = params.verticalTiles = row.tiles;
-        params.color = QColor();
-        params.font.setPointSizeF(std::numeric_limits<double>::infinity());
-        f.panel.SetValue(params);
-        QCOMPARE(f.Value().angle, row.angle);
-        QCOMPARE(QPoint(f.Value().horizontalTiles, f.Value().verticalTiles), QPoint(row.tiles, row.tiles));
-        QCOMPARE(f.Value().color, QColor());
-        QCOMPARE(f.Value().font, params.font);
-        QCOMPARE(QPoint(f.angle->value(), f.dial->value()), QPoint(row.shownAngle, row.shownAngle));
-        QCOMPARE(QPoint(f.across->value(), f.down->value()), QPoint(row.shownTiles, row.shownTiles));
-        QCOMPARE(f.recorder.Take(), QStringList());
     }
 }
 
