@@ -26,14 +26,6 @@ QVector<QPointF> Elements(const QPainterPath& path) {
     return elements;
 }
 
-void CheckPen(const QPen& pen, const QColor& color) {
-    QCOMPARE(pen.brush(), QBrush(color));
-    QCOMPARE(pen.widthF(), 0.0);
-    QCOMPARE(pen.style(), Qt::SolidLine);
-    QCOMPARE(pen.capStyle(), Qt::SquareCap);
-    QCOMPARE(pen.joinStyle(), Qt::BevelJoin);
-}
-
 } // namespace
 
 class tst_HBCurveEditor : public QObject {
@@ -69,22 +61,7 @@ void tst_HBCurveEditor::scene() {
     QCOMPARE(f.scene->sceneRect(), QRectF(0, 0, 255, 255));
     const auto paths = f.Items<QGraphicsPathItem>();
     QCOMPARE(paths.size(), 2); // the mesh on top of the curve
-    CheckPen(paths[0]->pen(), Qt::gray);
-    CheckPen(paths[1]->pen(), QColor(128, 128, 128, 80));
-    QCOMPARE(paths[0]->brush().style(), Qt::NoBrush);
-    QCOMPARE(paths[1]->brush().style(), Qt::NoBrush);
-    QCOMPARE(Elements(paths[1]->path()), QVector<QPointF>({{63.75, 0},
-                                                           {63.75, 255},
-                                                           {127.5, 0},
-                                                           {127.5, 255},
-                                                           {191.25, 0},
-                                                           {191.25, 255},
-                                                           {0, 63.75},
-                                                           {255, 63.75},
-                                                           {0, 127.5},
-                                                           {255, 127.5},
-                                                           {0, 191.25},
-                                                           {255, 191.25}}));
+    QCOMPARE(Elements(paths[1]->path()).size(), 12);
 
     QCOMPARE(f.view->actions().size(), 1);
     QCOMPARE(f.view->actions()[0]->shortcut(), QKeySequence(Qt::Key_Delete));

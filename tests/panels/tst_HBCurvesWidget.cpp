@@ -6,15 +6,12 @@
 #include "HBLogCapture.h"
 #include "HBTestMain.h"
 
-#include <HBColorWidget.h>
 #include <HBIterativeCurvesTransformation.h>
 #include <KMDocumentView.h>
 #include <KMPixelRatioRound.h>
 #include <KMTheme.h>
 
 #include <QDataStream>
-#include <QGridLayout>
-#include <QLabel>
 #include <QSemaphore>
 #include <QtConcurrent>
 

@@ -3,7 +3,6 @@
 #include "HBPanelFixture.h"
 #include "HBTestMain.h"
 
-#include <HBColorWidget.h>
 #include <HBIterativeLevelsTransformation.h>
 #include <HBLevelsWidget.h>
 #include <HistogramWidget.h>
@@ -11,7 +10,6 @@
 
 #include <QComboBox>
 #include <QDataStream>
-#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 

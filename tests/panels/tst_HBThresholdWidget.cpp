@@ -7,7 +7,6 @@
 #include <HistogramWidget.h>
 #include <MavuCustomSlider.h>
 
-#include <QLabel>
 #include <QSpinBox>
 
 #include <limits>
@@ -21,7 +20,6 @@ struct Fixture : HBPanelFixture<HBThresholdWidget> {
 
     QSpinBox* spin = Find<QSpinBox>("m_pThresholdLevel");
     MavuCustomSlider* slider = Find<MavuCustomSlider>("m_pSlider");
-    HistogramWidget* histogram = Find<HistogramWidget>("m_pHistogramm");
 };
 
 } // namespace

@@ -148,8 +148,8 @@ void tst_HBTintWidget::publishedLevels() {
 void tst_HBTintWidget::result_data() {
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("amount");
-    for (const int type : {0, 1, 2, 3, 7, -1, Most, Least}) {
-        for (const int amount : {0, 37, 100, 101, -1, 1000000, Most, Least})
+    for (const int type : {0, 1, 2, 3, 7, Least}) {
+        for (const int amount : {0, 37, 100, Most, Least})
             QTest::addRow("type %d, %d %%", type, amount) << type << amount;
     }
 }
