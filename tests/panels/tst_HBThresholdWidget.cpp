@@ -4,7 +4,6 @@
 #include "HBTestMain.h"
 
 #include <HBThresholdWidget.h>
-#include <HistogramWidget.h>
 #include <MavuCustomSlider.h>
 
 #include <QSpinBox>

@@ -8,7 +8,6 @@
 #include <HBFontDialog.h>
 #include <HBWatermarkWidget.h>
 
-
 namespace {
 
 using Panel = HBOverlayPanel<HBWatermarkWidget>;
