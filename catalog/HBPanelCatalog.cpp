@@ -209,7 +209,7 @@ HBPanelEntry Row(const char* tag, const char* group, const char* title,
 
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Tonal");
-constexpr char Colour[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Colour");
+constexpr char Color[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Color");
 constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBPanelCatalog", "Overlays");
 
 /// An overlay: a panel whose values are a stored record and are drawn by `Draw`.
@@ -238,25 +238,25 @@ const QVector<HBPanelEntry>& HBPanelCatalog()
         Row<HBLevelsWidget>("KMLevels 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Levels")),
         Row<HBCurvesWidget>("KMCurves 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Curves")),
         Row<HBThresholdWidget>("KMThreshold 1.00000", Tonal, QT_TRANSLATE_NOOP("HBPanelCatalog", "Threshold")),
-        Row<HBHueSaturationWidget>("KMHueSaturation 1.00000", Colour,
+        Row<HBHueSaturationWidget>("KMHueSaturation 1.00000", Color,
                                    QT_TRANSLATE_NOOP("HBPanelCatalog", "Hue and Saturation")),
-        Row<HBColorBalanceWidget>("KMColorBalance 1.00000", Colour,
+        Row<HBColorBalanceWidget>("KMColorBalance 1.00000", Color,
                                   QT_TRANSLATE_NOOP("HBPanelCatalog", "Color Balance")),
-        Row<HBWBWidget>("KMWhiteBalance 1.00000", Colour,
+        Row<HBWBWidget>("KMWhiteBalance 1.00000", Color,
                         QT_TRANSLATE_NOOP("HBPanelCatalog", "Picture Correction")),
-        Row<HBTemperatureWidget>("KMTemperature 1.00000", Colour,
+        Row<HBTemperatureWidget>("KMTemperature 1.00000", Color,
                                  QT_TRANSLATE_NOOP("HBPanelCatalog", "Temperature")),
-        Row<HBColorEnhancerWidget>("KMColorEnhancer 1.00000", Colour,
+        Row<HBColorEnhancerWidget>("KMColorEnhancer 1.00000", Color,
                                    QT_TRANSLATE_NOOP("HBPanelCatalog", "Color Enhancer")),
-        Row<HBTintWidget>("KMTint 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Tint")),
-        Row<HBBlackAndWhiteWidget>("KMBlackAndWhite 1.00000", Colour,
+        Row<HBTintWidget>("KMTint 1.00000", Color, QT_TRANSLATE_NOOP("HBPanelCatalog", "Tint")),
+        Row<HBBlackAndWhiteWidget>("KMBlackAndWhite 1.00000", Color,
                                    QT_TRANSLATE_NOOP("HBPanelCatalog", "Black and White")),
-        Row<HBPhotoFilterWidget>("KMPhotoFilter 1.00000", Colour,
+        Row<HBPhotoFilterWidget>("KMPhotoFilter 1.00000", Color,
                                  QT_TRANSLATE_NOOP("HBPanelCatalog", "Photo Filter")),
-        Row<HBColorizeWidget>("KMColorizeFilter 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Colorize")),
-        Row<HBReplaceColorWidget>("KMReplaceColor 1.00000", Colour,
+        Row<HBColorizeWidget>("KMColorizeFilter 1.00000", Color, QT_TRANSLATE_NOOP("HBPanelCatalog", "Colorize")),
+        Row<HBReplaceColorWidget>("KMReplaceColor 1.00000", Color,
                                   QT_TRANSLATE_NOOP("HBPanelCatalog", "Replace Color")),
-        Row<KMFillColorWidget>("KMFillColor 1.00000", Colour, QT_TRANSLATE_NOOP("HBPanelCatalog", "Fill Color")),
+        Row<KMFillColorWidget>("KMFillColor 1.00000", Color, QT_TRANSLATE_NOOP("HBPanelCatalog", "Fill Color")),
         OverlayRow<HBSignWidget, &HBDrawSign>("KMSign 1.00000", QT_TRANSLATE_NOOP("HBPanelCatalog", "Sign")),
         OverlayRow<HBWatermarkWidget, &HBDrawWatermark>("KMWatermark 1.00000",
                                                         QT_TRANSLATE_NOOP("HBPanelCatalog", "Watermark")),

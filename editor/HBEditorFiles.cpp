@@ -153,7 +153,16 @@ void HBEditorWindow::SaveRecipe()
     if (dialog.exec() != QDialog::Accepted)
         return;
     QString error;
-    if (recipe.Save(dialog.selectedFiles().value(0), &error))
+    // A recipe under the name of a photo would take the photo's place.
+    QString path = dialog.selectedFiles().value(0);
+    if (QFileInfo(path).suffix().compare("json", Qt::CaseInsensitive) != 0) {
+        path += ".json";
+        if (QFileInfo::exists(path)) {
+            m_pMessages->ShowError(tr("%1 exists already.").arg(path));
+            return;
+        }
+    }
+    if (recipe.Save(path, &error))
         statusBar()->showMessage(tr("Recipe saved. Steps: %1").arg(recipe.steps.size()), StatusMilliseconds);
     else
         m_pMessages->ShowError(error);
