@@ -9,6 +9,61 @@
     </message>
 </context>
 <context>
+    <name>BlackAndWhiteWidget</name>
+    <message>
+        <source>Black &amp; White...</source>
+        <translation>Schwarzweiß...</translation>
+    </message>
+    <message>
+        <source>Average</source>
+        <translation>Durchschnitt</translation>
+    </message>
+    <message>
+        <source>Luminance</source>
+        <translation>Luminanz</translation>
+    </message>
+    <message>
+        <source>D65</source>
+        <translation>D65</translation>
+    </message>
+    <message>
+        <source>NTSC Specification</source>
+        <translation>NTSC-Norm</translation>
+    </message>
+    <message>
+        <source>CIE Specification</source>
+        <translation>CIE-Norm</translation>
+    </message>
+    <message>
+        <source>Custom weights:</source>
+        <translation>Eigene Gewichtung:</translation>
+    </message>
+    <message>
+        <source>R:</source>
+        <translation>R:</translation>
+    </message>
+    <message>
+        <source>Custom weight for R channel</source>
+        <translation>Eigene Gewichtung des R-Kanals</translation>
+    </message>
+    <message>
+        <source>G:</source>
+        <translation>G:</translation>
+    </message>
+    <message>
+        <source>Custom weight for G channel</source>
+        <translation>Eigene Gewichtung des G-Kanals</translation>
+    </message>
+    <message>
+        <source>B:</source>
+        <translation>B:</translation>
+    </message>
+    <message>
+        <source>Custom weight for B channel</source>
+        <translation>Eigene Gewichtung des B-Kanals</translation>
+    </message>
+</context>
+<context>
     <name>BrightnessContrastParamWidget</name>
     <message>
         <source>Brightness and Contrast</source>
@@ -21,6 +76,91 @@
     <message>
         <source>Contrast:</source>
         <translation>Kontrast:</translation>
+    </message>
+</context>
+<context>
+    <name>ColorBalanceParamWidget</name>
+    <message>
+        <source>Color Balance</source>
+        <translation>Farbbalance</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>Cyan</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Shadows</source>
+        <translation>Tiefen</translation>
+    </message>
+    <message>
+        <source>Midtones</source>
+        <translation>Mitteltöne</translation>
+    </message>
+    <message>
+        <source>Highlights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>Preserve Luminosity</source>
+        <translation>Luminanz erhalten</translation>
+    </message>
+</context>
+<context>
+    <name>ColorEnhancer</name>
+    <message>
+        <source>Color enhancer</source>
+        <translation>Farbverstärkung</translation>
+    </message>
+    <message>
+        <source>Amount:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Affected:</source>
+        <translation>Betroffen:</translation>
+    </message>
+</context>
+<context>
+    <name>ColorizeWidget</name>
+    <message>
+        <source>Colorize</source>
+        <translation>Einfärben</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Amount:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
     </message>
 </context>
 <context>
@@ -101,6 +241,25 @@
     </message>
 </context>
 <context>
+    <name>FillColor</name>
+    <message>
+        <source>Fill color</source>
+        <translation>Farbfüllung</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+</context>
+<context>
     <name>GammaParamWidget</name>
     <message>
         <source>Gamma correction</source>
@@ -112,6 +271,61 @@
     </message>
 </context>
 <context>
+    <name>HBBlendingModes</name>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Multiply</source>
+        <translation>Multiplizieren</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Negativ multiplizieren</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Ineinanderkopieren</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message>
+        <source>Exclusion</source>
+        <translation>Ausschluss</translation>
+    </message>
+    <message>
+        <source>Lighten colors</source>
+        <translation>Farben aufhellen</translation>
+    </message>
+    <message>
+        <source>Darken colors</source>
+        <translation>Farben abdunkeln</translation>
+    </message>
+    <message>
+        <source>Soft light</source>
+        <translation>Weiches Licht</translation>
+    </message>
+    <message>
+        <source>Hard light</source>
+        <translation>Hartes Licht</translation>
+    </message>
+    <message>
+        <source>Color dodge</source>
+        <translation>Farbig abwedeln</translation>
+    </message>
+    <message>
+        <source>Color burn</source>
+        <translation>Farbig nachbelichten</translation>
+    </message>
+    <message>
+        <source>Addition</source>
+        <translation>Addition</translation>
+    </message>
+</context>
+<context>
     <name>HBBusyDialog</name>
     <message>
         <source>Please wait</source>
@@ -120,6 +334,13 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>HBColorizeWidget</name>
+    <message>
+        <source>Select a color</source>
+        <translation>Farbe auswählen</translation>
     </message>
 </context>
 <context>
@@ -462,10 +683,6 @@
         <translation>Bei 100 % ist jedes Pixel des Fotos eines des Bildschirms</translation>
     </message>
     <message>
-        <source>The photo could not be adjusted for want of memory.</source>
-        <translation>Das Foto konnte aus Mangel an Speicher nicht korrigiert werden.</translation>
-    </message>
-    <message>
         <source>The adjustment was stopped. The photo may not show your last change yet.</source>
         <translation>Die Korrektur wurde angehalten. Das Foto zeigt Ihre letzte Änderung vielleicht noch nicht.</translation>
     </message>
@@ -521,6 +738,10 @@
         <source>The disk for temporary files is full or cannot be written: the photo needs more memory than allowed. Save your work.</source>
         <translation>Der Datenträger für temporäre Dateien ist voll oder nicht beschreibbar: Das Foto braucht mehr Speicher als erlaubt. Speichern Sie Ihre Arbeit.</translation>
     </message>
+    <message>
+        <source>%1 exists already.</source>
+        <translation>%1 gibt es schon.</translation>
+    </message>
 </context>
 <context>
     <name>HBLevelsWidget</name>
@@ -557,6 +778,13 @@
     <message>
         <source>Please wait</source>
         <translation>Bitte warten</translation>
+    </message>
+</context>
+<context>
+    <name>HBOverlayJob</name>
+    <message>
+        <source>There is not enough memory to draw this.</source>
+        <translation>Der Speicher reicht nicht, um dies zu zeichnen.</translation>
     </message>
 </context>
 <context>
@@ -616,6 +844,77 @@
     <message>
         <source>Threshold</source>
         <translation>Schwellenwert</translation>
+    </message>
+    <message>
+        <source>its record is broken</source>
+        <translation>sein Datensatz ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Overlays</source>
+        <translation>Überlagerungen</translation>
+    </message>
+    <message>
+        <source>Hue and Saturation</source>
+        <translation>Farbton und Sättigung</translation>
+    </message>
+    <message>
+        <source>Color Balance</source>
+        <translation>Farbbalance</translation>
+    </message>
+    <message>
+        <source>Picture Correction</source>
+        <translation>Bildkorrektur</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Farbtemperatur</translation>
+    </message>
+    <message>
+        <source>Color Enhancer</source>
+        <translation>Farbverstärkung</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Schwarzweiß</translation>
+    </message>
+    <message>
+        <source>Photo Filter</source>
+        <translation>Fotofilter</translation>
+    </message>
+    <message>
+        <source>Colorize</source>
+        <translation>Einfärben</translation>
+    </message>
+    <message>
+        <source>Replace Color</source>
+        <translation>Farbe ersetzen</translation>
+    </message>
+    <message>
+        <source>Fill Color</source>
+        <translation>Farbfüllung</translation>
+    </message>
+    <message>
+        <source>Sign</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+</context>
+<context>
+    <name>HBPanelSession</name>
+    <message>
+        <source>The photo could not be adjusted for want of memory.</source>
+        <translation>Das Foto konnte aus Mangel an Speicher nicht korrigiert werden.</translation>
     </message>
 </context>
 <context>
@@ -706,6 +1005,97 @@
     </message>
 </context>
 <context>
+    <name>HBPhotoFilterWidget</name>
+    <message>
+        <source>Warming Filter (85)</source>
+        <translation>Warmfilter (85)</translation>
+    </message>
+    <message>
+        <source>Warming Filter (LBA)</source>
+        <translation>Warmfilter (LBA)</translation>
+    </message>
+    <message>
+        <source>Warming Filter (81)</source>
+        <translation>Warmfilter (81)</translation>
+    </message>
+    <message>
+        <source>Coolling Filter (80)</source>
+        <translation>Kaltfilter (80)</translation>
+    </message>
+    <message>
+        <source>Cooling Filter (LBB)</source>
+        <translation>Kaltfilter (LBB)</translation>
+    </message>
+    <message>
+        <source>Cooling Filter (82)</source>
+        <translation>Kaltfilter (82)</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>Cyan</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Violet</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Sepia</source>
+        <translation>Sepia</translation>
+    </message>
+    <message>
+        <source>Deep Red</source>
+        <translation>Tiefrot</translation>
+    </message>
+    <message>
+        <source>Deep Blue</source>
+        <translation>Tiefblau</translation>
+    </message>
+    <message>
+        <source>Deep Emerald</source>
+        <translation>Tiefes Smaragdgrün</translation>
+    </message>
+    <message>
+        <source>Deep Yellow</source>
+        <translation>Tiefgelb</translation>
+    </message>
+    <message>
+        <source>Underwater</source>
+        <translation>Unterwasser</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene Farbe</translation>
+    </message>
+    <message>
+        <source>Select a filter color</source>
+        <translation>Filterfarbe auswählen</translation>
+    </message>
+</context>
+<context>
     <name>HBRecipe</name>
     <message>
         <source>Step %1: %2</source>
@@ -769,6 +1159,29 @@
     </message>
 </context>
 <context>
+    <name>HBReplaceColorWidget</name>
+    <message>
+        <source>Left top</source>
+        <translation>Links oben</translation>
+    </message>
+    <message>
+        <source>Right top</source>
+        <translation>Rechts oben</translation>
+    </message>
+    <message>
+        <source>Left bottom</source>
+        <translation>Links unten</translation>
+    </message>
+    <message>
+        <source>Right bottom</source>
+        <translation>Rechts unten</translation>
+    </message>
+    <message>
+        <source>Select replacement color</source>
+        <translation>Ersatzfarbe auswählen</translation>
+    </message>
+</context>
+<context>
     <name>HBSaveFile</name>
     <message>
         <source>the disk is full</source>
@@ -776,10 +1189,59 @@
     </message>
 </context>
 <context>
+    <name>HBSignWidget</name>
+    <message>
+        <source>Select an image</source>
+        <translation>Bild auswählen</translation>
+    </message>
+</context>
+<context>
     <name>HBThresholdWidget</name>
     <message>
         <source>Threshold level</source>
         <translation>Schwelle</translation>
+    </message>
+</context>
+<context>
+    <name>HBTintWidget</name>
+    <message>
+        <source>Average</source>
+        <translation>Durchschnitt</translation>
+    </message>
+    <message>
+        <source>NTSC</source>
+        <translation>NTSC</translation>
+    </message>
+    <message>
+        <source>LUMA</source>
+        <translation>LUMA</translation>
+    </message>
+    <message>
+        <source>RGB</source>
+        <translation>RGB</translation>
+    </message>
+    <message>
+        <source>Select a black tone</source>
+        <translation>Schwarzton auswählen</translation>
+    </message>
+    <message>
+        <source>Select a white tone</source>
+        <translation>Weißton auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>HBWatermarkWidget</name>
+    <message>
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>Select text color</source>
+        <translation>Textfarbe auswählen</translation>
+    </message>
+    <message>
+        <source>Font parameters</source>
+        <translation>Schrifteinstellungen</translation>
     </message>
 </context>
 <context>
@@ -794,10 +1256,48 @@
     </message>
 </context>
 <context>
+    <name>HueSaturationParamWidget</name>
+    <message>
+        <source>Hue and Saturation</source>
+        <translation>Farbton und Sättigung</translation>
+    </message>
+    <message>
+        <source>Hue:</source>
+        <translation>Farbton:</translation>
+    </message>
+    <message>
+        <source>Saturation:</source>
+        <translation>Sättigung:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Lightness:</source>
+        <translation>Helligkeit:</translation>
+    </message>
+    <message>
+        <source>Use the checkbox to colorize the picture in mono color.</source>
+        <translation>Mit diesem Kontrollkästchen das Bild einfarbig einfärben.</translation>
+    </message>
+    <message>
+        <source>Colorize</source>
+        <translation>Einfärben</translation>
+    </message>
+</context>
+<context>
     <name>KMDocumentView</name>
     <message>
         <source>Photo</source>
         <translation>Foto</translation>
+    </message>
+</context>
+<context>
+    <name>KMFillColorWidget</name>
+    <message>
+        <source>Select a color</source>
+        <translation>Farbe auswählen</translation>
     </message>
 </context>
 <context>
@@ -817,6 +1317,14 @@
     <message>
         <source>WebP</source>
         <translation>WebP</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
     </message>
 </context>
 <context>
@@ -1012,6 +1520,29 @@ Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechte
     </message>
 </context>
 <context>
+    <name>PhotoFilterWidget</name>
+    <message>
+        <source>Photo filter</source>
+        <translation>Fotofilter</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Density:</source>
+        <translation>Dichte:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Preset:</source>
+        <translation>Vorgabe:</translation>
+    </message>
+</context>
+<context>
     <name>PosterizeParamWidget</name>
     <message>
         <source>Posterize</source>
@@ -1023,6 +1554,155 @@ Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechte
     </message>
 </context>
 <context>
+    <name>ReplaceColor</name>
+    <message>
+        <source>Color Replacement</source>
+        <translation>Farbersetzung</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Position:</source>
+        <translation>Position:</translation>
+    </message>
+    <message>
+        <source>Tolerance:</source>
+        <translation>Toleranz:</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+</context>
+<context>
+    <name>SignWidget</name>
+    <message>
+        <source>Sign</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Sign image:</source>
+        <translation>Signaturbild:</translation>
+    </message>
+    <message>
+        <source>Choose an image...</source>
+        <translation>Bild auswählen...</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Horizontal:</source>
+        <translation>Horizontal:</translation>
+    </message>
+    <message>
+        <source>Set Horizontal Alignment</source>
+        <translation>Horizontale Ausrichtung festlegen</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Vertical:</source>
+        <translation>Vertikal:</translation>
+    </message>
+    <message>
+        <source>Set Vertical Alignment</source>
+        <translation>Vertikale Ausrichtung festlegen</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Margins:</source>
+        <translation>Ränder:</translation>
+    </message>
+    <message>
+        <source>Set Top Margin</source>
+        <translation>Oberen Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Left Margin</source>
+        <translation>Linken Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Right Margin</source>
+        <translation>Rechten Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Bottom Margin</source>
+        <translation>Unteren Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Blending</source>
+        <translation>Mischen</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Modus:</translation>
+    </message>
+    <message>
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+</context>
+<context>
+    <name>TemperatureWidget</name>
+    <message>
+        <source>Temperature correction</source>
+        <translation>Korrektur der Farbtemperatur</translation>
+    </message>
+    <message>
+        <source>Temperature:</source>
+        <translation>Temperatur:</translation>
+    </message>
+    <message>
+        <source>K</source>
+        <translation>K</translation>
+    </message>
+    <message>
+        <source>Strength:</source>
+        <translation>Intensität:</translation>
+    </message>
+    <message>
+        <source>Tint:</source>
+        <translation>Tönung:</translation>
+    </message>
+</context>
+<context>
     <name>ThresholdWidget</name>
     <message>
         <source>Threshold</source>
@@ -1031,6 +1711,159 @@ Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechte
     <message>
         <source>Threshold level:</source>
         <translation>Schwelle:</translation>
+    </message>
+</context>
+<context>
+    <name>TintWidget</name>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Black tone:</source>
+        <translation>Schwarzton:</translation>
+    </message>
+    <message>
+        <source>Set the color you want to replace the black tone with</source>
+        <translation>Farbe festlegen, die den Schwarzton ersetzt</translation>
+    </message>
+    <message>
+        <source>White tone:</source>
+        <translation>Weißton:</translation>
+    </message>
+    <message>
+        <source>Set the color you want to replace the white tone with</source>
+        <translation>Farbe festlegen, die den Weißton ersetzt</translation>
+    </message>
+    <message>
+        <source>Amount:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Type:</source>
+        <translation>Art:</translation>
+    </message>
+</context>
+<context>
+    <name>WBWidget</name>
+    <message>
+        <source>Picture corection</source>
+        <translation>Bildkorrektur</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Auto correction</source>
+        <translation>Automatische Korrektur</translation>
+    </message>
+    <message>
+        <source>Advanced correction</source>
+        <translation>Erweiterte Korrektur</translation>
+    </message>
+    <message>
+        <source>Overexposure correction</source>
+        <translation>Korrektur der Überbelichtung</translation>
+    </message>
+    <message>
+        <source>Underexposure correction</source>
+        <translation>Korrektur der Unterbelichtung</translation>
+    </message>
+    <message>
+        <source>Power of correction:</source>
+        <translation>Korrekturstärke:</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <translation>Erweitert</translation>
+    </message>
+    <message>
+        <source>Temperature:</source>
+        <translation>Temperatur:</translation>
+    </message>
+    <message>
+        <source>Strength:</source>
+        <translation>Intensität:</translation>
+    </message>
+</context>
+<context>
+    <name>WatermarkWidget</name>
+    <message>
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>Text:</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>H. count:</source>
+        <translation>Anzahl H.:</translation>
+    </message>
+    <message>
+        <source>V. count:</source>
+        <translation>Anzahl V.:</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Angle:</source>
+        <translation>Winkel:</translation>
+    </message>
+    <message>
+        <source>Set Angle</source>
+        <translation>Winkel festlegen</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>Margins:</source>
+        <translation>Ränder:</translation>
+    </message>
+    <message>
+        <source>Set Top Margin</source>
+        <translation>Oberen Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Left Margin</source>
+        <translation>Linken Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Right Margin</source>
+        <translation>Rechten Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Set Bottom Margin</source>
+        <translation>Unteren Rand festlegen</translation>
+    </message>
+    <message>
+        <source>Blending</source>
+        <translation>Mischen</translation>
+    </message>
+    <message>
+        <source>Mode:</source>
+        <translation>Modus:</translation>
+    </message>
+    <message>
+        <source>Opacity:</source>
+        <translation>Deckkraft:</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
     </message>
 </context>
 </TS>
