@@ -100,16 +100,17 @@ bool RestoreRecord(HBAdjustmentWidget& panel, const QJsonObject& values, QString
     QDataStream stream(record);
     stream.setVersion(RecordVersion);
     typename Panel::Params params;
-    try {
-        if (!params.Read(stream)) {
-            // A foreign tag leaves the stream's status alone.
-            *reason = stream.status() == QDataStream::Ok ? Text::tr("its record is not one of this panel")
-                                                         : Text::tr("its record is cut short");
-            return false;
+    if (!params.Read(stream)) {
+        switch (stream.status()) {
+        case QDataStream::Ok: // a foreign tag leaves it alone
+            *reason = Text::tr("its record is not one of this panel");
+            break;
+        case QDataStream::ReadPastEnd:
+            *reason = Text::tr("its record is cut short");
+            break;
+        default:
+            *reason = Text::tr("its record is broken");
         }
-    } catch (const std::bad_alloc&) {
-        // Qt reserves as many names of a font as the record says that there are.
-        *reason = Text::tr("its record is broken");
         return false;
     }
     if (!stream.atEnd()) {

@@ -33,6 +33,8 @@ HBImage<> Guarded(const HBImage<>& image, QString* error, Draw draw)
             result = draw(&problem);
     } catch (const std::bad_alloc&) {
         problem = Translated("There is not enough memory");
+    } catch (...) {
+        problem = Translated("It cannot be drawn");
     }
     if (error)
         *error = problem;

@@ -9,7 +9,7 @@
 #include <QVector>
 
 /// Where an overlay lies on a picture: plain arithmetic, in pixels of the picture. Values out of range, which come from
-/// records that anybody may have written, count as the nearest one in range.
+/// records that anybody may have written, count as the nearest one in range; an angle goes round.
 namespace HBOverlayLayout
 {
 

@@ -9,6 +9,7 @@
 #include <QMutex>
 
 #include <cstring>
+#include <new>
 #include <vector>
 
 namespace
@@ -35,22 +36,33 @@ Kept& TheKept()
     return kept;
 }
 
+/// Qt answers a want of memory with a null image.
+QImage Usable(const QImage& image)
+{
+    if (image.isNull())
+        throw std::bad_alloc();
+    return image;
+}
+
 QImage Decode(const QString& file, QString* reason)
 {
     QImageReader reader(file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > HBStamp::MaximumPixels) {
+    const auto tooLarge = [reason](const QSize& size) {
+        if (qint64(size.width()) * size.height() <= HBStamp::MaximumPixels)
+            return false;
         *reason = Translated("it is larger than %1 megapixels").arg(HBStamp::MaximumPixels / 1'000'000);
+        return true;
+    };
+    if (tooLarge(reader.size())) // unknown to some formats before they are read
         return {};
-    }
     const QImage image = reader.read();
     if (image.isNull()) {
         *reason = reader.errorString();
         return {};
     }
-    return image.convertToFormat(QImage::Format_ARGB32);
+    return tooLarge(image.size()) ? QImage() : Usable(image.convertToFormat(QImage::Format_ARGB32));
 }
 
 } // namespace
@@ -84,13 +96,13 @@ HBStamp::HBStamp(const QImage& image, const QSize& size) : m_Image(image)
 {
     if (size.width() <= image.width() && size.height() <= image.height()) {
         if (size != image.size()) {
-            m_Image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                          .convertToFormat(QImage::Format_ARGB32);
+            m_Image = Usable(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                                 .convertToFormat(QImage::Format_ARGB32));
         }
         return;
     }
     // Colours mix by their coverage.
-    m_Image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    m_Image = Usable(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
     m_Columns = HBEnlarging(image.width(), size.width());
     m_Rows = HBEnlarging(image.height(), size.height());
 }
