@@ -26,7 +26,8 @@ OVERLAY_EXPORT HBImage<> HBDrawSign(const HBImage<>& image, const HBSignWidget::
 
 /// Lays a text over the picture, in as many copies as the record says: the picture between the margins is divided
 /// into equal cells, and each holds one copy in its middle, turned counter-clockwise by the angle (any: it goes
-/// round). A font's pixel is a thousandth of the picture's shorter side, a point 4/3 of that; a text that its cell does not hold becomes smaller.
+/// round). A font's pixel is a thousandth of the picture's shorter side, a point 4/3 of that; a text that its cell does
+/// not hold becomes smaller.
 ///
 /// Otherwise as HBDrawSign; the error names the font.
 OVERLAY_EXPORT HBImage<> HBDrawWatermark(const HBImage<>& image, const HBWatermarkWidget::Params& params,
