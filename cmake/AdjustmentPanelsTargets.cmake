@@ -7,7 +7,7 @@ target_compile_options(adjustment_panels_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     $<$<BOOL:${ADJUSTMENT_PANELS_WERROR}>:-Werror>)
 target_compile_definitions(adjustment_panels_settings INTERFACE
-    QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
+    QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
 if(ADJUSTMENT_PANELS_SANITIZE)
     # Not "enum": QDataStream puts any byte of a hostile record into the enumeration of a QColor, whose inline copy
     # constructor then counts as ours. Our own enumerations that a stream can fill have a fixed type.

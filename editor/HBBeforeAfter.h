@@ -26,7 +26,7 @@ public:
     void SetSplitAt(double fraction);
     HBTileImageItem* BeforeItem() const { return m_pBefore; }
 
-public slots:
+public Q_SLOTS:
     void SetHeld(bool held);
     void SetSplit(bool split);
 

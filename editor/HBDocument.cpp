@@ -31,7 +31,7 @@ void HBDocument::SetPhoto(const QString& path, const HBPhoto& photo)
     m_Path = path;
     m_States = {{tr("Open"), photo.image, {}, true}};
     m_Index = m_SavedIndex = 0;
-    emit Changed();
+    Q_EMIT Changed();
 }
 
 void HBDocument::Apply(const State& state)
@@ -43,7 +43,7 @@ void HBDocument::Apply(const State& state)
         m_SavedIndex = -2;
     m_States.append(state);
     ++m_Index;
-    emit Changed();
+    Q_EMIT Changed();
 }
 
 void HBDocument::GoTo(int index)
@@ -51,14 +51,14 @@ void HBDocument::GoTo(int index)
     if (index < 0 || index >= m_States.size() || index == m_Index)
         return;
     m_Index = index;
-    emit Changed();
+    Q_EMIT Changed();
 }
 
 void HBDocument::SetSaved(const QString& path)
 {
     m_Path = path;
     m_SavedIndex = m_Index;
-    emit Changed();
+    Q_EMIT Changed();
 }
 
 HBRecipe HBDocument::Recipe(int* leftOut) const

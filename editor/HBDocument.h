@@ -53,11 +53,11 @@ public:
     /// \param leftOut how many were not; may be null
     HBRecipe Recipe(int* leftOut) const;
 
-public slots:
+public Q_SLOTS:
     void Undo() { GoTo(m_Index - 1); }
     void Redo() { GoTo(m_Index + 1); }
 
-signals:
+Q_SIGNALS:
     /// Image(), the history or the modified state is another.
     void Changed();
 

@@ -13,7 +13,7 @@ class HBOverlayFrame : public QWidget
 public:
     explicit HBOverlayFrame(HBAdjustmentWidget* panel);
 
-signals:
+Q_SIGNALS:
     void Ok();
     void Cancel();
 };

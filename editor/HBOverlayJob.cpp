@@ -48,5 +48,5 @@ void HBOverlayJob::Finish()
         return;
     }
     const Result result = m_Watcher.result();
-    emit Done(result.image, result.error);
+    Q_EMIT Done(result.image, result.error);
 }

@@ -20,7 +20,7 @@ public:
 
     void Draw(const HBImage<>& source, const HBOverlayDrawing& drawing);
 
-signals:
+Q_SIGNALS:
     /// What was last asked for; with an error the image is the source.
     void Done(const HBImage<>& image, const QString& error);
 

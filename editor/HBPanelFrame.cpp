@@ -110,6 +110,6 @@ bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
 {
     // Only the user closes the dock; the editor hides it.
     if (watched == m_pDock && event->type() == QEvent::Close)
-        emit Dismissed();
+        Q_EMIT Dismissed();
     return QObject::eventFilter(watched, event);
 }

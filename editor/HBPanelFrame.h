@@ -20,7 +20,7 @@ public:
     void Show(QWidget* panel, const QString& title, bool docked);
     void Close();
 
-signals:
+Q_SIGNALS:
     /// The user has closed the dialog or the side bar.
     void Dismissed();
 

@@ -90,7 +90,7 @@ void HBPanelSession::OnImageReady()
 {
     m_Stale = false;
     if (!m_Over)
-        emit PreviewReady(m_pPanel->AdjustedImage());
+        Q_EMIT PreviewReady(m_pPanel->AdjustedImage());
 }
 
 void HBPanelSession::OnSettled()
@@ -116,14 +116,14 @@ void HBPanelSession::OnDrawn(const HBImage<>& image, const QString& error)
         return;
     if (!m_Finishing) {
         if (error != m_Trouble)
-            emit Troubled(m_Trouble = error);
-        emit PreviewReady(image);
+            Q_EMIT Troubled(m_Trouble = error);
+        Q_EMIT PreviewReady(image);
     } else if (!error.isEmpty()) {
         Resume(error);
     } else {
         m_Over = true;
         m_Finishing = false;
-        emit Accepted(image);
+        Q_EMIT Accepted(image);
     }
 }
 
@@ -153,7 +153,7 @@ void HBPanelSession::Reject()
     m_Over = true;
     m_Finishing = false;
     m_Settling.stop();
-    emit Rejected();
+    Q_EMIT Rejected();
 }
 
 void HBPanelSession::TakeResult()
@@ -179,7 +179,7 @@ void HBPanelSession::Resume(const QString& reason)
     m_Stale = true;
     m_pPanel->SetCancelProcessing(false);
     Widget()->setEnabled(true);
-    emit Resumed(reason);
+    Q_EMIT Resumed(reason);
 }
 
 void HBPanelSession::Finish()
@@ -192,5 +192,5 @@ void HBPanelSession::Finish()
     m_Finishing = false;
     const HBImage<> adjusted = m_pPanel->AdjustedImage();
     const bool fits = adjusted.Width() == m_Source.Width() && adjusted.Height() == m_Source.Height();
-    emit Accepted(fits && !adjusted.IsEmpty() ? adjusted : m_Source);
+    Q_EMIT Accepted(fits && !adjusted.IsEmpty() ? adjusted : m_Source);
 }

@@ -46,12 +46,12 @@ public:
     /// What to work on; also anew, when the selection has changed.
     void SetSource(const HBImage<>& image, const HBSelection& selection);
 
-public slots:
+public Q_SLOTS:
     /// As the panel's own OK and Cancel buttons.
     void Accept();
     void Reject();
 
-signals:
+Q_SIGNALS:
     void PreviewReady(const HBImage<>& image);
     /// OK, and this is the final image.
     void Accepted(const HBImage<>& image);
@@ -62,7 +62,7 @@ signals:
     /// An overlay cannot be drawn as it is; empty: it can again.
     void Troubled(const QString& reason);
 
-private slots:
+private Q_SLOTS:
     void OnImageReady();
     void OnDataChanged();
     void OnFinished(int result);

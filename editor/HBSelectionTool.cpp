@@ -83,7 +83,7 @@ void HBSelectionTool::SetShape(const HBSelectionShape& shape)
     m_Shape = shape;
     ShowOutline();
     if (!wasNone || !shape.IsNone())
-        emit Changed();
+        Q_EMIT Changed();
 }
 
 HBSelection HBSelectionTool::Selection() const

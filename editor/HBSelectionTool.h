@@ -30,13 +30,13 @@ public:
     /// For the panels. Throws std::bad_alloc.
     HBSelection Selection() const;
 
-public slots:
+public Q_SLOTS:
     void SelectAll();
     void SelectNothing() { SetShape({}); }
     /// Nothing becomes everything, everything nothing.
     void Invert();
 
-signals:
+Q_SIGNALS:
     void Changed();
 
 protected:

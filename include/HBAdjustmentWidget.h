@@ -76,10 +76,10 @@ public:
     /// The document the photo is shown in, for panels that pick from it.
     virtual void SetView(KMDocumentView* view);
 
-public slots:
+public Q_SLOTS:
     void OnReset();
 
-signals:
+Q_SIGNALS:
     void Ok();
     void Cancel();
     /// AdjustedImage() is new.
@@ -110,9 +110,9 @@ protected:
     template <class Panel>
     void NotifyChanged(void (Panel::*valueSignal)())
     {
-        emit KMAdjustmentWidget::AboutUserParamsChanged();
+        Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
         (static_cast<Panel*>(this)->*valueSignal)();
-        emit DataChanged();
+        Q_EMIT DataChanged();
     }
 
     /// The part of a job record that all panels share, as of now.
@@ -158,7 +158,7 @@ private:
     void KillTimer(int& id);
     void PutButtonsLastInTabOrder();
 
-private slots:
+private Q_SLOTS:
     void OnResultReadyAt(int index);
     void OnProcessingFinished();
     void OnDataChanged();

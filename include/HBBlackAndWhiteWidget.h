@@ -48,10 +48,10 @@ public:
     /// Kept, and processed, as it is, also out of range. Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-public slots:
+public Q_SLOTS:
     void OnAverage(bool checked);
     void OnLuminance(bool checked);
     void OnD65(bool checked);

@@ -39,10 +39,10 @@ public:
     /// Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnBrightnessChanged(int value);
     void OnContrastChanged(int value);
 

@@ -42,10 +42,10 @@ public:
     /// Kept, and processed, as it is, also out of range. Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-public slots:
+public Q_SLOTS:
     void OnCRChanged(int value);
     void OnMGChanged(int value);
     void OnYBChanged(int value);

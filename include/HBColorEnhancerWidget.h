@@ -39,10 +39,10 @@ public:
     /// Kept as it is, also out of range; the job takes the nearest value in it. Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnAmountChanged(int amount);
     void OnAffectedChanged(int affected);
     void OnSourceChanged();

@@ -73,10 +73,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnChannelChanged(int channel);
     void OnSourceChanged();
     void OnBlack(bool checked);

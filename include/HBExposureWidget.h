@@ -30,11 +30,11 @@ public:
     /// Clamped by the controls; NaN is ignored. Emits nothing and starts no job.
     void SetOffset(double offset);
 
-signals:
+Q_SIGNALS:
     void ExposureChanged();
     void OffsetChanged();
 
-private slots:
+private Q_SLOTS:
     void OnExposureChanged(double exposure);
     void OnExposureSlider(int position);
     void OnOffsetChanged(double offset);

@@ -24,10 +24,10 @@ public:
     /// Rounded and clamped by the controls; NaN is ignored. Emits nothing and starts no job.
     void SetGamma(double gamma);
 
-signals:
+Q_SIGNALS:
     void GammaChanged();
 
-private slots:
+private Q_SLOTS:
     void OnGammaChanged(double gamma);
     void OnGammaSlider(int position);
 

@@ -43,10 +43,10 @@ public:
     /// Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-public slots:
+public Q_SLOTS:
     void OnHueChanged(int hue);
     void OnSaturationChanged(int saturation);
     void OnLightnessChanged(int lightness);

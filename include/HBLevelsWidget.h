@@ -60,10 +60,10 @@ public:
     /// The histogram view's mask: 7 for 0, then 1, 2, 4; 7 for anything else.
     static int IndexToHistogrammChannel(int channel);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnSourceChanged();
     void OnChannelChanged(int channel);
     void OnInputChanged(uint control, int value);

@@ -47,10 +47,10 @@ public:
     /// The job; on a thread of the pool.
     HBImage<> Process(PhotoFilterData job);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnColor();
     void OnCurrentColorChanged(const QColor& color);
     void OnDensityChanged(int density);

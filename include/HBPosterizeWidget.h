@@ -24,10 +24,10 @@ public:
     /// Clamped by the controls. Emits nothing and starts no job.
     void SetPosterize(int levels);
 
-signals:
+Q_SIGNALS:
     void PosterizeChanged();
 
-private slots:
+private Q_SLOTS:
     void OnPosterizeChanged(int levels);
 
 private:

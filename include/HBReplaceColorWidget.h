@@ -53,10 +53,10 @@ public:
     /// The job; on a thread of the pool.
     HBImage<> Process(RCData job);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnSourceToleranceChanged(int tolerance);
     void OnSourcePosTypeChanged(int index);
     void OnDestinationColor();

@@ -51,10 +51,10 @@ public:
     /// Does nothing: there is no job.
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnHorizontalAlignmentChanged(int index);
     void OnVerticalAlignmentChanged(int index);
     void OnLeftMarginChanged(int margin);

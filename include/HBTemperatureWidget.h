@@ -40,10 +40,10 @@ public:
     /// Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-public slots:
+public Q_SLOTS:
     void OnTemperatureChanged(int temperature);
     void OnTintChanged(int tint);
     void OnStrengthChanged(int strength);

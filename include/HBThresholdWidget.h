@@ -45,10 +45,10 @@ public:
     /// Counts the attached image again.
     void UpdateHistogramm();
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnSourceChanged();
     void OnLevelChanged(int level);
     void OnLevelChanged(uint control, int level);

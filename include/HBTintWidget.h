@@ -46,10 +46,10 @@ public:
     /// nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnBlackTone();
     void OnWhiteTone();
     void OnCurrentBlackToneChanged(const QColor& tone);

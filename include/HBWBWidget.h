@@ -45,10 +45,10 @@ public:
     /// Kept, and processed, as it is, also out of range. Emits nothing and starts no job.
     void SetValue(const Params& params);
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnWBStrengthChanged(int strength);
     void OnTemperature(int temperature);
     void OnTemperatureStrength(int strength);

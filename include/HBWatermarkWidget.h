@@ -58,10 +58,10 @@ public:
     /// Does nothing: there is no job.
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
-private slots:
+private Q_SLOTS:
     void OnAnglechanged(int angle); // spelt so on purpose
     void OnTextChanged(const QString& text);
     void OnLeftMarginChanged(int margin);

@@ -62,7 +62,7 @@ void HBAdjustmentWidget::SetImage(const HBImage<>& source, const HBImage<>& sele
     m_SelectionOffset = selectionOffset;
     m_SelectionBoundingRect = selectionBoundingRect;
     StartProcessing();
-    emit SourceChanged();
+    Q_EMIT SourceChanged();
 }
 
 void HBAdjustmentWidget::ClearData()
@@ -71,7 +71,7 @@ void HBAdjustmentWidget::ClearData()
     m_Source = HBImage<>();
     m_Cancel = false;
     Reset();
-    emit SourceChanged();
+    Q_EMIT SourceChanged();
 }
 
 bool HBAdjustmentWidget::WaitForProcessingFinished(bool cancel)
@@ -317,7 +317,7 @@ void HBAdjustmentWidget::FinishWaiting()
     if (self)
         QCoreApplication::processEvents();
     if (self)
-        emit Finished(result);
+        Q_EMIT Finished(result);
     if (self)
         m_WaitPending = false;
     delete dialog;
@@ -334,7 +334,7 @@ void HBAdjustmentWidget::KillTimer(int& id)
 void HBAdjustmentWidget::OnResultReadyAt(int index)
 {
     m_Adjusted = m_pWatcher->resultAt(index);
-    emit ImageReady();
+    Q_EMIT ImageReady();
 }
 
 void HBAdjustmentWidget::OnProcessingFinished()
@@ -349,9 +349,9 @@ void HBAdjustmentWidget::OnProcessingFinished()
     m_Processing = false;
     // A host that is told so may start a job, or destroy the panel.
     const QPointer<HBAdjustmentWidget> self(this);
-    emit ProgressRangeChanged(0, 100);
+    Q_EMIT ProgressRangeChanged(0, 100);
     if (self)
-        emit ProgressValueChanged(100);
+        Q_EMIT ProgressValueChanged(100);
     if (!self)
         return;
     bool restart;

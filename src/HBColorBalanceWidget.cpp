@@ -179,8 +179,8 @@ void HBColorBalanceWidget::SetRange(int toneRange)
     Connect();
     EnableValues(true);
     // Without DataChanged(): another range is shown, the image stays as it is.
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
 }
 
 void HBColorBalanceWidget::StoreValue(qint32 (&axis)[3], int value)

@@ -223,8 +223,8 @@ void HBCurvesWidget::OnChannelChanged(int channel)
     SetChannel(channel);
     Connect();
     // Without DataChanged(): another channel is shown, the image stays as it is.
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
 }
 
 // ---- Histogram ----

@@ -160,41 +160,41 @@ void HBHueSaturationWidget::Reset()
 void HBHueSaturationWidget::OnHueChanged(int hue)
 {
     m_Params.hue = hue;
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
     UpdateColorLabels();
     UpdateSaturationGroove();
-    emit DataChanged();
+    Q_EMIT DataChanged();
 }
 
 void HBHueSaturationWidget::OnSaturationChanged(int saturation)
 {
     m_Params.saturation = saturation;
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
     UpdateColorLabels();
     UpdateHueGroove();
-    emit DataChanged();
+    Q_EMIT DataChanged();
 }
 
 void HBHueSaturationWidget::OnLightnessChanged(int lightness)
 {
     m_Params.lightness = lightness;
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
     UpdateColorLabels();
     UpdateHueGroove();
     UpdateSaturationGroove();
-    emit DataChanged();
+    Q_EMIT DataChanged();
 }
 
 void HBHueSaturationWidget::OnColorizeChanged(bool colorize)
 {
     m_Params.colorize = colorize;
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
     UpdateColorLabels();
-    emit DataChanged();
+    Q_EMIT DataChanged();
 }
 
 // ---- Grooves and strips ----

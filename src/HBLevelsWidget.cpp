@@ -206,8 +206,8 @@ void HBLevelsWidget::OnChannelChanged(int channel)
     SetChannel(channel);
     Connect();
     // Without DataChanged(): another channel is shown, the image stays as it is.
-    emit KMAdjustmentWidget::AboutUserParamsChanged();
-    emit ValueChanged();
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
 }
 
 void HBLevelsWidget::OnInputChanged(uint control, int value)

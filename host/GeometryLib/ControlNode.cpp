@@ -82,13 +82,13 @@ void ControlNode::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     event->accept();
     // Nothing may follow: a slot may delete the node.
-    emit mousePressed(this, event->button());
+    Q_EMIT mousePressed(this, event->button());
 }
 
 void ControlNode::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     event->accept();
-    emit mouseReleased(this, event->button());
+    Q_EMIT mouseReleased(this, event->button());
 }
 
 void ControlNode::hoverEnterEvent(QGraphicsSceneHoverEvent*)

@@ -31,7 +31,7 @@ public:
     QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
-signals:
+Q_SIGNALS:
     void mousePressed(ControlNode*, Qt::MouseButton);
     void mouseReleased(ControlNode*, Qt::MouseButton);
 

@@ -20,7 +20,7 @@ public:
     void SetLabel(const QString& text);
     QString Label() const;
 
-public slots:
+public Q_SLOTS:
     void SetProgressRange(int minimum, int maximum);
     void SetProgressPos(int position);
 

@@ -165,7 +165,7 @@ void HistogramWidget::OnCounted()
     m_Counts = m_Watcher.result();
     m_Drawn = {};
     update();
-    emit HistogrammComplete();
+    Q_EMIT HistogrammComplete();
 }
 
 void HistogramWidget::GetRange(int channel, int& low, int& high) const

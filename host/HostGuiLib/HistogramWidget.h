@@ -49,7 +49,7 @@ public:
 
     QSize sizeHint() const override;
 
-signals:
+Q_SIGNALS:
     /// The counts of the newest request are there. Not emitted for a request that a newer one replaced.
     void HistogrammComplete();
 

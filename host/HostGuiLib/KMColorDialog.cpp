@@ -9,7 +9,7 @@ KMColorDialog::KMColorDialog(QWidget* parent) : QColorDialog(parent), m_Color(cu
         if (m_Setting)
             return;
         m_Color = color;
-        emit ColorChanged(color);
+        Q_EMIT ColorChanged(color);
     });
 }
 

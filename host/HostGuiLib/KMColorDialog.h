@@ -22,7 +22,7 @@ public:
     /// Runs the dialog modally: 1 if the user accepted, 0 if not or if the dialog, or its parent, died meanwhile.
     int Exec();
 
-signals:
+Q_SIGNALS:
     /// The user picks; also while the mouse moves.
     void ColorChanged(const QColor& color);
 

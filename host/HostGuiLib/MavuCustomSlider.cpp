@@ -95,7 +95,7 @@ void MavuCustomSlider::Store(int control, int value)
     update();
     MavuSliderAccessible::NotifyValue(this, control);
     // Nothing may follow: a slot may have set another value, or deleted the slider.
-    emit ValueChanged(uint(control), bounded);
+    Q_EMIT ValueChanged(uint(control), bounded);
 }
 
 int MavuCustomSlider::Value(uint control) const
@@ -352,7 +352,7 @@ void MavuCustomSlider::EndDrag()
     if (!m_Drag.active)
         return;
     m_Drag = Drag();
-    emit NodeReleased();
+    Q_EMIT NodeReleased();
 }
 
 void MavuCustomSlider::hideEvent(QHideEvent* event)
@@ -378,7 +378,7 @@ void MavuCustomSlider::wheelEvent(QWheelEvent* event)
     const QPointer<MavuCustomSlider> alive(this);
     Store(m_Current, m_Controls.at(m_Current).value + steps * (page ? PageStep : 1));
     if (alive)
-        emit NodeReleased();
+        Q_EMIT NodeReleased();
 }
 
 // ---- Keyboard ----
@@ -435,7 +435,7 @@ void MavuCustomSlider::ReleaseKey()
     if (!m_MovingKey)
         return;
     m_MovingKey = 0;
-    emit NodeReleased();
+    Q_EMIT NodeReleased();
 }
 
 bool MavuCustomSlider::focusNextPrevChild(bool next)

@@ -66,7 +66,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-signals:
+Q_SIGNALS:
     void ValueChanged(uint, int);
     /// The user has let go of a handle: the mouse button or the key is up again, or the wheel has turned a step.
     void NodeReleased();

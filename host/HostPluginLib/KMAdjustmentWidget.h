@@ -13,7 +13,7 @@ class HOSTPLUGINLIB_EXPORT KMAdjustmentWidget : public QWidget
 public:
     explicit KMAdjustmentWidget(QWidget* parent = nullptr, Qt::WindowFlags flags = {});
 
-signals:
+Q_SIGNALS:
     /// The user has changed a value: what is shown is no longer what was stored. Panels announce it before their own
     /// signals, once per change.
     void AboutUserParamsChanged();

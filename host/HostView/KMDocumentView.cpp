@@ -123,7 +123,7 @@ void KMDocumentView::ApplyZoom(double zoom, const QPointF& anchor)
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(moved.x()));
     verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(moved.y()));
     if (m_Zoom != before)
-        emit ZoomChanged(m_Zoom);
+        Q_EMIT ZoomChanged(m_Zoom);
 }
 
 void KMDocumentView::ZoomIn()
@@ -201,7 +201,7 @@ void KMDocumentView::mouseMoveEvent(QMouseEvent* event)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
         return;
     }
-    emit PixelHovered(PixelAt(event->pos()));
+    Q_EMIT PixelHovered(PixelAt(event->pos()));
     QGraphicsView::mouseMoveEvent(event);
 }
 
@@ -246,7 +246,7 @@ void KMDocumentView::focusOutEvent(QFocusEvent* event)
 
 void KMDocumentView::leaveEvent(QEvent* event)
 {
-    emit PixelHovered(QPoint(-1, -1));
+    Q_EMIT PixelHovered(QPoint(-1, -1));
     QGraphicsView::leaveEvent(event);
 }
 

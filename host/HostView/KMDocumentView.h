@@ -46,14 +46,14 @@ public:
     void SetZoom(double zoom) { SetZoom(zoom, QRectF(viewport()->rect()).center()); }
     bool IsFitted() const { return m_Fit != Fit::No; }
 
-public slots:
+public Q_SLOTS:
     void ZoomIn();
     void ZoomOut();
     /// The whole photo as large as it goes, also after the window has changed its size.
     void ZoomToFit();
     void ZoomToActual() { SetZoom(1); }
 
-signals:
+Q_SIGNALS:
     void ZoomChanged(double zoom);
     /// The pixel of the photo under the mouse; (-1, -1) when there is none.
     void PixelHovered(const QPoint& pixel);

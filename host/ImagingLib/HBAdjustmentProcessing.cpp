@@ -60,12 +60,12 @@ HBAdjustmentProcessing::~HBAdjustmentProcessing() = default;
 
 void HBAdjustmentProcessing::SetRange(int minimum, int maximum)
 {
-    emit RangeChanged(minimum, maximum);
+    Q_EMIT RangeChanged(minimum, maximum);
 }
 
 void HBAdjustmentProcessing::SetProgressValue(int value)
 {
-    emit ProgressChanged(value);
+    Q_EMIT ProgressChanged(value);
 }
 
 void HBAdjustmentProcessing::Spread(int lanes, Claims& claims, const std::function<void()>& lane)

@@ -34,7 +34,7 @@ public:
     /// What was thrown first in the last job; null if nothing was. Exceptions never leave the job.
     std::exception_ptr Exception() const { return m_Exception; }
 
-signals:
+Q_SIGNALS:
     void RangeChanged(int minimum, int maximum);
     void ProgressChanged(int value);
 

@@ -22,7 +22,7 @@ QByteArray RecordOf(const QJsonObject& values) {
 /// What holds for every panel there is.
 class tst_HBPanelCatalog : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void Rows_data() {
         QTest::addColumn<QString>("name");
         QVERIFY(!HBPanelCatalog().isEmpty());

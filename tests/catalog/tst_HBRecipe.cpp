@@ -60,7 +60,7 @@ QByteArray WithSteps(const QJsonArray& steps) { return Changed("steps", steps); 
 
 class tst_HBRecipe : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void FrozenFile() {
         HBRecipe recipe;
         QString error;

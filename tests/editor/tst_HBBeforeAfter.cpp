@@ -10,7 +10,7 @@
 
 class TestHBBeforeAfter : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void clipsTheOldPhoto() {
         KMDocumentView view;
         QImage white(400, 300, QImage::Format_ARGB32);

@@ -23,7 +23,7 @@ class TestHBDocument : public QObject {
         document->SetPhoto("/photos/a.png", photo);
     }
 
-private slots:
+private Q_SLOTS:
     void undoAndRedo() {
         HBDocument document;
         QVERIFY(document.Image().IsEmpty());

@@ -50,7 +50,7 @@ class TestHBEditorWindow : public QObject {
     }
     static void Apply(const HBEditorWindow& window, int brightness) {
         Brightness(window)->setValue(brightness);
-        emit window.Session()->Panel()->Ok();
+        Q_EMIT window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
     }
 
@@ -65,7 +65,7 @@ class TestHBEditorWindow : public QObject {
         });
     }
 
-private slots:
+private Q_SLOTS:
 
     void everyPanelOpensAndCloses() {
         for (const bool docked : {true, false}) {
@@ -87,7 +87,7 @@ private slots:
                 QCOMPARE(qobject_cast<QDialog*>(panel->window()) != nullptr, docked);
                 window.Actions()->docked->toggle();
                 if (docked)
-                    emit panel->Cancel();
+                    Q_EMIT panel->Cancel();
                 else
                     panel->window()->close();
                 QVERIFY(!window.Session());
@@ -125,7 +125,7 @@ private slots:
         OpenWithPanel(&window);
         Brightness(window)->setValue(50);
         window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
-        emit window.Session()->Panel()->Ok();
+        Q_EMIT window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
         QVERIFY(window.Document().Image().PixelAt(9, 9) == HBRGBA32i(59, 59, 150));
         QVERIFY(window.Document().Image().PixelAt(10, 9) == HBRGBA32i(10, 9, 100));

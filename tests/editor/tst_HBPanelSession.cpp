@@ -23,8 +23,8 @@ public:
 
     void SetValue(int value) {
         m_Value = value;
-        emit AboutUserParamsChanged();
-        emit DataChanged();
+        Q_EMIT AboutUserParamsChanged();
+        Q_EMIT DataChanged();
     }
 
     HBTestGate gate{[this] {
@@ -122,7 +122,7 @@ struct Fixture {
 
 class TestHBPanelSession : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     /// An overlay is drawn as it is edited; OK takes the last change, and refuses one that cannot be drawn.
     void OverlaysAreDrawn() {
         const HBPanelEntry* watermark = HBFindPanel("HBWatermarkWidget");
@@ -171,7 +171,7 @@ private slots:
         Fixture f;
         f.Open();
         f.panel->SetValue(7);
-        emit f.panel->Ok();
+        Q_EMIT f.panel->Ok();
         QVERIFY(f.session->IsFinishing() && !f.panel->isEnabled() && f.accepted.isEmpty());
         QTRY_COMPARE(f.accepted, QVector<int>{7});
     }
@@ -239,8 +239,8 @@ private slots:
         Fixture f;
         f.Open();
         f.panel->SetValue(7);
-        emit f.panel->Cancel();
-        emit f.panel->Cancel();
+        Q_EMIT f.panel->Cancel();
+        Q_EMIT f.panel->Cancel();
         QCOMPARE(f.rejected, 1);
         f.session->Accept();
         QTRY_COMPARE(f.panel->starts, 2); // the debounced job still comes, but is not shown

@@ -10,7 +10,7 @@ using Kind = HBSelectionShape::Kind;
 
 class TestHBSelectionShape : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void maskIsTheCoverageInItsBoundingRectangle() {
         const struct {
             const char* name;

@@ -41,7 +41,7 @@ class TestHBSelectionTool : public QObject {
         }
     };
 
-private slots:
+private Q_SLOTS:
     void drags_data() {
         HBColumns<Kind, QPointF, QPointF, bool, QRect>("kind", "from", "to", "shift",
                                                        "rect"); // rect: null: nothing is selected

@@ -32,7 +32,7 @@ struct Window {
 
 class TestControlNode : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void HitArea() {
         Window w;
         for (const qreal scale : {0.5, 1.0, 6.0}) {

@@ -24,7 +24,7 @@ QPoint At(int degrees) {
 
 class tst_HBAngleSlider : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() {
         m_pWindow = std::make_unique<QWidget>();
         m_pWindow->resize(120, 60);

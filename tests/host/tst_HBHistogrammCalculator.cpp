@@ -43,7 +43,7 @@ Counts PlainLoop(const HBImage<>& image, const QRect& rect) {
 
 class TestHBHistogrammCalculator : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void EqualsAPlainLoop() {
         std::vector<std::pair<QSize, QRect>> rows = {{{0, 0}, {0, 0, 5, 5}}};
         for (const QSize& size : {QSize(1, 1), QSize(127, 129), QSize(128, 128), QSize(257, 3), QSize(300, 290)})

@@ -21,7 +21,7 @@ class TestHBOperationProgressDlg : public QObject {
         return HBDialog::Exec(dialog);
     }
 
-private slots:
+private Q_SLOTS:
     void acceptsAtTheMaximumOnlyWhileItRuns() {
         HBOperationProgressDlg dialog;
         dialog.SetLabel("Levels:");

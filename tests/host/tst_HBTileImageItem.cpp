@@ -31,7 +31,7 @@ QImage Render(QGraphicsScene& scene, const QSize& size, double scale) {
 
 class TestHBTileImageItem : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void showsThePixelsThemselvesFromHundredPercentUp() {
         QImage ramp(300, 140, QImage::Format_ARGB32);
         for (int y = 0; y < ramp.height(); ++y) {

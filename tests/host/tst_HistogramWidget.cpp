@@ -50,7 +50,7 @@ struct Counted {
 
 class TestHistogramWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void CountsEitherKind() {
         QImage picture = Grey(30, 300, 200);
         picture.setPixel(5, 5, qRgb(10, 200, 255));

@@ -34,7 +34,7 @@ void WhenOpen(const std::function<void(Dialog*)>& action) {
 /// The dialogs of colour, font and file.
 class tst_HostDialogs : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() {
         QStandardPaths::setTestModeEnabled(true);
         QCoreApplication::setOrganizationName("AdjustmentPanelsTest");

@@ -12,7 +12,7 @@ static bool Doubled() { return qEnvironmentVariable("QT_SCALE_FACTOR") == QLatin
 
 class TestHostUtils : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() { KMTheme::Install(); }
 
     void Ratio() {

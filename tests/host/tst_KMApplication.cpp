@@ -10,7 +10,7 @@
 
 class TestKMApplication : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() {
         // Never the settings of whoever runs the test.
         QVERIFY(m_Folder.isValid());

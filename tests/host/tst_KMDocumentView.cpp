@@ -46,7 +46,7 @@ struct Window {
 
 class TestKMDocumentView : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void fitsAndKeepsTheZoomForTheSameSize() {
         Window w(Filled(800, 300, HBRGBA32i(1, 1, 1)));
         QCOMPARE(w.view.Zoom(), 0.5);

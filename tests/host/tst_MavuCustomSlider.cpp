@@ -27,7 +27,7 @@ constexpr int Width = 259;
 
 class TestMavuCustomSlider : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() {
         m_pWindow = std::make_unique<QWidget>();
         m_pWindow->resize(400, 100);

@@ -7,7 +7,7 @@
 
 class TestMavuSliderGeometry : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void EveryValueSurvivesThePixels() {
         const MavuSliderGeometry geometries[] = {{0, 255, 2, 255},
                                                  {0, 255, 2, 1003},

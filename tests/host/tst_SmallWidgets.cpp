@@ -10,7 +10,7 @@
 
 class TestSmallWidgets : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void GradientsCoverTheWidget() {
         for (const bool vertical : {false, true}) {
             for (const auto mode :

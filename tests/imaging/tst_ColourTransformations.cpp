@@ -179,7 +179,7 @@ Triple ShownChromaticity(double u, double v) {
 
 class tst_ColourTransformations : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void RunFormEqualsScalarForm() {
         const HBRGBA32i orange(236, 138, 0, 9);
         for (bool colorize : {false, true}) {

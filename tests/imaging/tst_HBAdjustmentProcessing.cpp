@@ -132,7 +132,7 @@ private:
 
 class tst_HBAdjustmentProcessing : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void Result_data() {
         HBColumns<QSize, QSize, QPoint, QRect, int>("size", "mask", "offset", "bounds", "maximum");
         const QSize photo(300, 200); // 3 × 2 tiles

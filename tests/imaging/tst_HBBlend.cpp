@@ -9,7 +9,7 @@
 
 class tst_HBBlend : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void ScaleRoundsToNearest() {
         for (int a = 0; a < 256; ++a) {
             for (int b = 0; b < 256; ++b) QCOMPARE(HBBlend::Scale(a, b), (2 * a * b + 255) / 510);

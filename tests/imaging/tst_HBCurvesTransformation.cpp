@@ -52,7 +52,7 @@ Points RandomPoints(std::mt19937& random) {
 
 class tst_HBCurvesTransformation : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void AgreesWithBoost() {
         std::mt19937 random(20260101);
         for (int set = 0; set < 3000; ++set) {

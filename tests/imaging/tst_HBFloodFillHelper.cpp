@@ -106,7 +106,7 @@ QImage Noise(int width, int height, int percentWhite) {
 
 class tst_HBFloodFillHelper : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void AsThePlainWay_data() {
         HBColumns<QImage, QPoint>("image", "seed");
         for (const QSize size : {QSize(1, 1), QSize(127, 127), QSize(128, 128), QSize(129, 257), QSize(300, 1),

@@ -24,7 +24,7 @@ QImage Ramp(int width, int height) {
 
 class tst_HBImage : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void Sizes() {
         for (const QSize& none : {QSize(0, 0), QSize(5, -1), QSize(std::numeric_limits<int>::min(), Huge)}) {
             const HBImage<> image(none.width(), none.height());

@@ -81,7 +81,7 @@ constexpr auto Under = WB::Underexposure;
 
 class tst_KMIterativeWBTransformation : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     /// A light multiplies the picture by three gains; the correction takes its colour back.
     void CastIsTakenBack() {
         const Triple lights[] = {{1, 1, 1}, {1, 0.75, 0.5}, {0.6, 0.8, 1}, {0.7, 1, 0.75}, {0.2, 0.15, 0.08}};

@@ -65,7 +65,7 @@ bool DestroyScratchFile(const QString& folder) {
 
 class tst_KMTileManager64 : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() {
         QVERIFY(m_Folder.isValid());
         Manager().SetScratchFolder(m_Folder.path());

@@ -35,7 +35,7 @@ HBRGBA32i Pixel(int red, int green, int blue) {
 
 class tst_PanelKernels : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void TintValues() {
         constexpr int all = 255000;
         QCOMPARE(Apply(Average(Black, White, all), Pixel(255, 0, 0)), Pixel(84, 84, 84));

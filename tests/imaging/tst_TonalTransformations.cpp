@@ -70,7 +70,7 @@ Table Composite(int low, int high, double gamma, int black, int white) {
 
 class tst_TonalTransformations : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void NeutralIsIdentity() {
         QVERIFY(IsIdentity(HBIterativeGammaCorrectionTransformation(1.0).Operation()));
         QVERIFY(IsIdentity(HBIterativeExposureTransformation(0.0, 0.0).Operation()));

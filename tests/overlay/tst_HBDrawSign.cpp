@@ -25,7 +25,7 @@ QImage TranslucentStamp() {
 
 class tst_HBDrawSign : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() { QVERIFY(m_Folder.isValid()); }
 
     void Modes() {

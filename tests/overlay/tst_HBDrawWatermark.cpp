@@ -99,7 +99,7 @@ QFont WithSize(double points, qint32 pixels) {
 
 class tst_HBDrawWatermark : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     /// Tile by tile as in one piece.
     void Modes() {
         const QImage picture = HBHalfOpaque(600, 400);

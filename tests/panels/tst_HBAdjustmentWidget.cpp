@@ -55,7 +55,7 @@ int ProgressDialogs() {
 
 class tst_HBAdjustmentWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init();
     void cleanup();
 

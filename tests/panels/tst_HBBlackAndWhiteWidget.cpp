@@ -71,7 +71,7 @@ QByteArray Fields(int type, float weight) {
 
 class tst_HBBlackAndWhiteWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void types();
     void customWeights();
     void presetWeightsAreFixed();

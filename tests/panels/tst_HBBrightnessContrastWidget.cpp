@@ -30,7 +30,7 @@ HBIterativeBrightnessContrastTransformation Transformation(const QPoint& value) 
 
 class tst_HBBrightnessContrastWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void reset();
     void result_data();

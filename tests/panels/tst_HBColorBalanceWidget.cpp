@@ -59,7 +59,7 @@ struct Fixture : HBPanelFixture<HBColorBalanceWidget> {
 
 class tst_HBColorBalanceWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void fresh();
     void values();
     void ranges();

@@ -108,7 +108,7 @@ private:
 
 class tst_HBColorEnhancerWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void result();
     void shareOfTheChannels();

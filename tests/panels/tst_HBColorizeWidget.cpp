@@ -133,7 +133,7 @@ struct Checks {
 
 class tst_HBColorizeWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void check_data();
     void check();
     void fillAlpha();

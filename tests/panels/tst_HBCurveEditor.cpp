@@ -30,7 +30,7 @@ QVector<QPointF> Elements(const QPainterPath& path) {
 
 class tst_HBCurveEditor : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() { KMTheme::Install(); }
     void scene();
     void fits();
@@ -297,9 +297,9 @@ void tst_HBCurveEditor::slider() {
     QCOMPARE(f.Selected(), HBPoints({{104, 200}}));
     QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
     QVERIFY(f.NodesFit());
-    emit f.slider->ValueChanged(2, 50);
+    Q_EMIT f.slider->ValueChanged(2, 50);
     QCOMPARE(f.recorder.Take(), QStringList());
-    emit f.slider->NodeReleased();
+    Q_EMIT f.slider->NodeReleased();
     QCOMPARE(f.Selected(), HBPoints());
 }
 
@@ -493,7 +493,7 @@ void tst_HBCurveEditor::selectionEnds() {
                                               QFocusEvent event(QEvent::FocusOut);
                                               QApplication::sendEvent(f.scene, &event);
                                           },
-                                          [&] { emit f.slider->NodeReleased(); },
+                                          [&] { Q_EMIT f.slider->NodeReleased(); },
                                           [&] { f.channel->setCurrentIndex(1); }, [&] { f.panel.OnReset(); },
                                           [&] { f.panel.SetValue(f.panel.GetValue()); }};
     for (const auto& end : ends) {

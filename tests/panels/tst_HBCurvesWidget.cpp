@@ -99,7 +99,7 @@ struct Fixture : HBCurvesFixture {
 
 class tst_HBCurvesWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase() { KMTheme::Install(); }
     void setValue_data();
     void setValue();

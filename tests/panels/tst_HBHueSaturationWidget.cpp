@@ -64,7 +64,7 @@ HBIterativeAdjustmentTransformation<HBHueSaturationTransformation> Transformatio
 
 class tst_HBHueSaturationWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void deafBeforeSetValue();
     void controls();
     void hueEndsAt359();

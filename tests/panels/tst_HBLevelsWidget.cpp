@@ -83,7 +83,7 @@ HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs) {
 
 class tst_HBLevelsWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void middleValue();
     void toneValue();
     void controls();
@@ -186,8 +186,8 @@ void tst_HBLevelsWidget::controls() {
         if (move.changes) QCOMPARE(seen, move.state);
     }
     // A handle that does not exist.
-    emit f.input->ValueChanged(3, 50);
-    emit f.output->ValueChanged(2, 50);
+    Q_EMIT f.input->ValueChanged(3, 50);
+    Q_EMIT f.output->ValueChanged(2, 50);
     QCOMPARE(f.recorder.Take(), QStringList());
 }
 
@@ -227,7 +227,7 @@ void tst_HBLevelsWidget::staleSpinRanges() {
     QCOMPARE(f.input->Minimum(2), 202);
     f.low->setValue(10); // both points on one level: a drag of the middle must not divide by their distance
     f.recorder.Take();
-    emit f.input->ValueChanged(1, 10);
+    Q_EMIT f.input->ValueChanged(1, 10);
     QCOMPARE(f.middle->value(), 1.0);
 
     // And the other way round: the slider may go where the box cannot.

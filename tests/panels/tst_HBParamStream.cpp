@@ -430,7 +430,7 @@ QVector<Check> AllChecks(PanelList<Panels...>) {
 
 class tst_HBParamStream : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void record_data();
     void record();
     void forms();

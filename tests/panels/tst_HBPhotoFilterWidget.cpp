@@ -60,7 +60,7 @@ constexpr int PresetCount = int(std::size(Presets));
 
 class tst_HBPhotoFilterWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void presets();
     void density();
     void dialog_data();

@@ -48,7 +48,7 @@ QImage Plain(int width, int height, const QColor& color) {
 
 class tst_HBReplaceColorWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void dialog();
     void lostDialog();

@@ -47,7 +47,7 @@ struct Chooser {
 
 class tst_HBSignWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void initTestCase();
     void alignment_data();
     void alignment();

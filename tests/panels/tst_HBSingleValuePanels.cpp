@@ -96,7 +96,7 @@ void DeleteAtOnce() {
 
 class tst_HBSingleValuePanels : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void spinBoxes();
     void sliders();
     void setters();

@@ -39,7 +39,7 @@ HBImage<> Corrected(const HBImage<>& photo, int kelvin, int tint, int strength) 
 
 class tst_HBTemperatureWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void strengthIsNotShown();
     void result();

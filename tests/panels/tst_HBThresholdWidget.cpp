@@ -25,7 +25,7 @@ struct Fixture : HBPanelFixture<HBThresholdWidget> {
 
 class tst_HBThresholdWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void setValue();
     void result_data();

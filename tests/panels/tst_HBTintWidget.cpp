@@ -54,7 +54,7 @@ HBRGBA32i Tinted(HBRGBA32i pixel, const Params& params) {
 
 class tst_HBTintWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void dialogs();
     void lostDialogs();

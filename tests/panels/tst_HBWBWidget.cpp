@@ -144,7 +144,7 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
 
 class tst_HBWBWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void deafBeforeSetValue();
     void threeStrengths();
     void controls();

@@ -42,7 +42,7 @@ void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&
 
 class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void controls();
     void modes() { HBVerifyModes<Panel>(); }
     void margins() { HBVerifyMargins<Panel>(); }

@@ -35,7 +35,7 @@ QByteArray EmptyPng(const char* size) {
 
 class tst_HBPhotoFile : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() { m_pFolder = std::make_unique<HBTestFolder>(); }
     void cleanup() { m_pFolder.reset(); }
 

@@ -102,7 +102,7 @@ QString Text(const Exiv2::Image& image, const char* key) {
 
 class tst_HBPhotoMetadata : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() { m_pFolder = std::make_unique<HBTestFolder>(); }
     void cleanup() { m_pFolder.reset(); }
 

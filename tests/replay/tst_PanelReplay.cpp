@@ -29,7 +29,7 @@ struct Outcome {
 
 class tst_PanelReplay : public QObject {
     Q_OBJECT
-private slots:
+private Q_SLOTS:
     void init() {
         m_pFolder = std::make_unique<HBTestFolder>();
         QVERIFY(QDir(m_pFolder->path()).mkdir("sub"));

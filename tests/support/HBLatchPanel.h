@@ -73,7 +73,7 @@ public:
     using HBAdjustmentWidget::IsDialog;
     using HBAdjustmentWidget::SetGrooveGradient;
 
-signals:
+Q_SIGNALS:
     void ValueChanged();
 
 private:
