@@ -45,3 +45,13 @@ function(adjustment_panels_library name)
     install(FILES ${ARG_HEADERS} ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels)
 endfunction()
+
+# adjustment_panels_kernels(<file>...)
+#
+# How pixel kernels are compiled. They are useless unoptimised, so development and sanitizer builds keep them usable too; the
+# optimised builds have their own level. Colour formulas give the same bytes on every instruction set only if no
+# multiplication is fused with an addition.
+function(adjustment_panels_kernels)
+    set_source_files_properties(${ARGN} PROPERTIES
+        COMPILE_OPTIONS "$<$<CONFIG:Debug>:-O2>;$<$<NOT:$<CONFIG:Debug>>:-O3>;-ffp-contract=off")
+endfunction()
