@@ -12,12 +12,12 @@
 #include <QPointer>
 #include <QReadWriteLock>
 #include <QRect>
+#include <QVector>
 
-#include <atomic>
-#include <exception>
+#include <memory>
 
-class HBAdjustmentProcessing;
 class HBOperationProgressDlg;
+class HBPanelJobControl;
 class KMDocumentView;
 class QLinearGradient;
 class QSlider;
@@ -59,7 +59,7 @@ public:
     bool IsProcessing() const { return m_Processing; }
     /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not adjusted then. A program
     /// that stores results must ask.
-    bool HasJobFailed() const { return m_JobFailed; }
+    bool HasJobFailed() const;
     /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
     /// still arrives, with ImageReady().
     void ClearData();
@@ -99,8 +99,8 @@ protected:
     HBImage<> GetSelection() const { return m_Selection; }
     QPoint GetSelectionOffset() const { return m_SelectionOffset; }
     QRect GetSelectionBoundingRect() const { return m_SelectionBoundingRect; }
-    QReadWriteLock& GetDataGuard() { return m_DataGuard; }
-    bool& GetNewData() { return m_NewData; }
+    QReadWriteLock& GetDataGuard();
+    bool& GetNewData();
 
     /// Colours the groove of a horizontal slider, always from left to right: only the gradient's stops count.
     static void SetGrooveGradient(QSlider* slider, const QLinearGradient& gradient);
@@ -115,33 +115,41 @@ protected:
         Q_EMIT DataChanged();
     }
 
+    /// Stores what the user set, and tells.
+    template <class Panel, class Field, class Value>
+    void Store(Field& field, const Value& value, void (Panel::*valueSignal)())
+    {
+        field = value;
+        NotifyChanged(valueSignal);
+    }
+
+    /// Connects to a slot of the panel, by name, so that a host can disconnect it by name too; Mute cuts it.
+    void Listen(QObject* sender, const char* signal, const char* slot);
+    /// The same, but connected by the end of the first Mute.
+    void ListenLater(QObject* sender, const char* signal, const char* slot);
+
+    /// While it lives the panel hears nothing of its controls, or of one of them. At its end all is connected again, in the
+    /// order of the Listen calls, also what the host had disconnected.
+    class PANELS_EXPORT Mute
+    {
+    public:
+        explicit Mute(HBAdjustmentWidget* panel, const QObject* sender = nullptr);
+        ~Mute();
+        Mute(const Mute&) = delete;
+        Mute& operator=(const Mute&) = delete;
+
+    private:
+        HBAdjustmentWidget* m_pPanel;
+        const QObject* m_pSender;
+    };
+
     /// The part of a job record that all panels share, as of now.
     HBJobData JobData() const;
-    /// Runs a transformation over a job's image with progress and cancelling; on the job's thread. Throws nothing.
-    /// Defined in HBPanelJob.h.
-    /// \param exception receives what was thrown meanwhile, or null, for a panel that logs it
-    template <class Transformation>
-    HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
-                                std::exception_ptr* exception = nullptr);
-
-    /// Passes the progress of a processing object on, queued; on the job's thread.
-    void ConnectProgress(const HBAdjustmentProcessing& processing);
-    /// Whether the result of the running job will be dropped: for a job to ask between its stages.
-    bool IsJobObsolete();
-    /// For a job that had to give up; on its thread.
-    void SetJobFailed() { m_JobFailed = true; }
-
-    /// Ends a running job and drops its result. To be called first in every panel's destructor: the job runs a member
-    /// of the panel, and in the base's destructor that panel is gone already.
-    void FinishJob();
 
     void timerEvent(QTimerEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    template <class Panel, class Data>
-    friend void HBStartJob(QFutureWatcher<HBImage<>>*, Panel*, HBImage<> (Panel::*)(Data), const Data&);
-
     virtual void Reset() = 0;
     /// Starts the panel's job for its present values and hands its future to the watcher. A panel without a job of
     /// its own leaves the watcher alone.
@@ -150,9 +158,20 @@ private:
     virtual void ClearInternal();
     virtual void CancelProcessing();
 
+    /// One of the connections between a panel and its controls.
+    struct Link
+    {
+        QPointer<QObject> sender;
+        const char* signal;
+        const char* slot;
+    };
+
+    void Connect(const QObject* sender);
+    void Disconnect(const QObject* sender);
     void StartProcessing();
     void RestartProcessing();
     void MarkJobObsolete();
+    void FinishJob();
     void ReleaseWatcher();
     void FinishWaiting();
     void KillTimer(int& id);
@@ -166,15 +185,14 @@ private Q_SLOTS:
     void OnProgressValueChanged(int value);
 
 private:
-    QReadWriteLock m_DataGuard; ///< guards m_NewData against the running job
+    std::shared_ptr<HBPanelJobControl> m_pControl; ///< shared with the running job
+    QVector<Link> m_Links;
     HBImage<> m_Source;
     HBImage<> m_Adjusted;
     HBImage<> m_Selection;
     QRect m_SelectionBoundingRect;
     QPoint m_SelectionOffset;
     bool m_Processing = false;
-    bool m_NewData = false; ///< the running job is obsolete; a new one follows
-    std::atomic<bool> m_JobFailed{false};
     QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
     int m_ProgressTimer = -1;
     int m_DataChangedTimer = -1;

@@ -4,10 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBBrightnessContrast.h>
 
 namespace Ui
 {
@@ -19,17 +16,7 @@ class PANELS_EXPORT HBBrightnessContrastWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMBrightnessContrast 1.00000", then the fields in their order. Written records exist: a new
-    /// field needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 brightness = 0; ///< levels to add, -127..127; 0 does nothing
-        qint32 contrast = 0;   ///< -127..127; 0 does nothing
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBBrightnessContrastParams;
 
     HBBrightnessContrastWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBBrightnessContrastWidget() override;
@@ -43,23 +30,20 @@ Q_SIGNALS:
     void ValueChanged();
 
 private Q_SLOTS:
-    void OnBrightnessChanged(int value);
-    void OnContrastChanged(int value);
+    void OnBrightnessChanged(int value) { Store(m_Params.brightness, value, &HBBrightnessContrastWidget::ValueChanged); }
+    void OnContrastChanged(int value) { Store(m_Params.contrast, value, &HBBrightnessContrastWidget::ValueChanged); }
 
 private:
     struct BCData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(BCData job);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(BCData job);
+    void ShowValue();
 
     std::unique_ptr<Ui::BrightnessContrastParamWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBBrightnessContrastWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBBrightnessContrastWidget::Params& params);

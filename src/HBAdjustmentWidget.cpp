@@ -25,6 +25,7 @@ constexpr int DebounceMilliseconds = 50;
 
 HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : KMAdjustmentWidget(parent, flags)
+    , m_pControl(std::make_shared<HBPanelJobControl>())
     , m_Dialog(dialog)
     , m_pFrame(new Ui::AdjustmentDialogBase())
 {
@@ -40,6 +41,10 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
         connect(this, SIGNAL(ProgressRangeChanged(int,int)), m_pFrame->m_pProgress, SLOT(setRange(int,int)));
         connect(this, SIGNAL(ProgressValueChanged(int)), m_pFrame->m_pProgress, SLOT(setValue(int)));
     }
+    connect(m_pControl.get(), &HBPanelJobControl::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
+            Qt::QueuedConnection);
+    connect(m_pControl.get(), &HBPanelJobControl::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
+            Qt::QueuedConnection);
     connect(this, SIGNAL(ProgressRangeChanged(int,int)), this, SLOT(OnProgressRangeChanged(int,int)));
     connect(this, SIGNAL(ProgressValueChanged(int)), this, SLOT(OnProgressValueChanged(int)));
     if (m_Dialog) {
@@ -51,6 +56,11 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
 HBAdjustmentWidget::~HBAdjustmentWidget()
 {
     FinishJob();
+    // The panel itself has gone already, its controls go after this.
+    const QObjectList controls = findChildren<QObject*>();
+    for (QObject* control : controls)
+        control->disconnect(this);
+    Disconnect(nullptr);
     delete m_pFrame;
 }
 
@@ -129,24 +139,67 @@ void HBAdjustmentWidget::SetGrooveGradient(QSlider* slider, const QLinearGradien
 
 HBJobData HBAdjustmentWidget::JobData() const
 {
-    return {m_Source, m_Selection, m_SelectionOffset, m_SelectionBoundingRect};
+    return {{m_Source, m_Selection, m_SelectionOffset, m_SelectionBoundingRect}, m_pControl};
 }
 
-void HBAdjustmentWidget::ConnectProgress(const HBAdjustmentProcessing& processing)
+QReadWriteLock& HBAdjustmentWidget::GetDataGuard()
 {
-    // Queued by name: this may be the GUI thread, which runs a job itself when it waits for one that has not begun.
-    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
-            Qt::QueuedConnection);
-    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
-            Qt::QueuedConnection);
+    return m_pControl->guard;
 }
 
-bool HBAdjustmentWidget::IsJobObsolete()
+bool& HBAdjustmentWidget::GetNewData()
 {
-    const QReadLocker guard(&m_DataGuard);
-    return m_NewData;
+    return m_pControl->newData;
 }
 
+bool HBAdjustmentWidget::HasJobFailed() const
+{
+    return m_pControl->failed;
+}
+
+// ---- Connections to the controls ----
+
+void HBAdjustmentWidget::Listen(QObject* sender, const char* signal, const char* slot)
+{
+    ListenLater(sender, signal, slot);
+    connect(sender, signal, this, slot, Qt::UniqueConnection);
+}
+
+void HBAdjustmentWidget::ListenLater(QObject* sender, const char* signal, const char* slot)
+{
+    m_Links.append({sender, signal, slot});
+}
+
+/// Connecting twice changes nothing.
+void HBAdjustmentWidget::Connect(const QObject* sender)
+{
+    for (const Link& link : qAsConst(m_Links)) {
+        if (link.sender && (!sender || link.sender == sender))
+            connect(link.sender, link.signal, this, link.slot, Qt::UniqueConnection);
+    }
+}
+
+void HBAdjustmentWidget::Disconnect(const QObject* sender)
+{
+    for (const Link& link : qAsConst(m_Links)) {
+        if (link.sender && (!sender || link.sender == sender))
+            disconnect(link.sender, link.signal, this, link.slot);
+    }
+}
+
+HBAdjustmentWidget::Mute::Mute(HBAdjustmentWidget* panel, const QObject* sender) : m_pPanel(panel), m_pSender(sender)
+{
+    m_pPanel->Disconnect(m_pSender);
+}
+
+HBAdjustmentWidget::Mute::~Mute()
+{
+    m_pPanel->Connect(m_pSender);
+}
+
+// ---- The job ----
+
+/// Ends a running job, which stops at its next tile, and drops its result.
 void HBAdjustmentWidget::FinishJob()
 {
     KillTimer(m_ProgressTimer);
@@ -154,8 +207,8 @@ void HBAdjustmentWidget::FinishJob()
     KillTimer(m_WaitTimer);
     if (m_pWatcher) {
         {
-            const QWriteLocker guard(&m_DataGuard);
-            m_NewData = true;
+            const QWriteLocker guard(&m_pControl->guard);
+            m_pControl->newData = true;
         }
         m_pWatcher->disconnect(this);
         // Never under the guard: a job that has not begun yet is run here, on this thread.
@@ -241,10 +294,10 @@ void HBAdjustmentWidget::StartProcessing()
     if (m_Cancel)
         return;
     {
-        const QWriteLocker guard(&m_DataGuard);
-        m_NewData = false;
+        const QWriteLocker guard(&m_pControl->guard);
+        m_pControl->newData = false;
     }
-    m_JobFailed = false;
+    m_pControl->failed = false;
     m_pWatcher = new QFutureWatcher<HBImage<>>(this);
     connect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
     connect(m_pWatcher, SIGNAL(finished()), this, SLOT(OnProcessingFinished()));
@@ -268,10 +321,10 @@ void HBAdjustmentWidget::RestartProcessing()
 /// The running job's result will be dropped and OnProcessingFinished starts another job.
 void HBAdjustmentWidget::MarkJobObsolete()
 {
-    const QWriteLocker guard(&m_DataGuard);
-    if (m_NewData)
+    const QWriteLocker guard(&m_pControl->guard);
+    if (m_pControl->newData)
         return;
-    m_NewData = true;
+    m_pControl->newData = true;
     disconnect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
 }
 
@@ -356,8 +409,8 @@ void HBAdjustmentWidget::OnProcessingFinished()
         return;
     bool restart;
     {
-        const QReadLocker guard(&m_DataGuard);
-        restart = m_NewData;
+        const QReadLocker guard(&m_pControl->guard);
+        restart = m_pControl->newData;
     }
     if (restart)
         StartProcessing();

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "HBLevelsWidget.h"
 
-#include "HBAutoStretch.h"
+#include "HBStretchRange.h"
 #include "HBConnectionSet.h"
 #include "HBHistogramFeed.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBRecordStream.h"
 #include "ui_LevelsWidget.h"
 
 #include <HBIterativeLevelsTransformation.h>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "HBWBWidget.h"
 
-#include "HBAutoStretch.h"
+#include "HBStretchRange.h"
 #include "HBConnectionSet.h"
 #include "HBLevelsWidget.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBRecordStream.h"
 #include "ui_WBWidget.h"
 
 #include <HBHistogrammCalculator.h>

@@ -16,7 +16,7 @@ namespace
 
 using Counts = HBHistogrammCalculator::Counts;
 
-constexpr int TileSide = 128;
+constexpr int TileSide = HBImage<>::TileSide;
 /// Rows of a QImage that one lane takes at a time; converted to 32 bits they are no more than a few MiB.
 constexpr int StripRows = 64;
 
@@ -118,6 +118,17 @@ private:
     int m_Pending = 0;
 };
 
+/// Adds the pixels of `part`, in pixels of the tile.
+void AddTile(Lane& lane, const HBRGBA32i* pixels, const QRect& part)
+{
+    if (part.width() == TileSide) {
+        lane.Add(pixels + part.top() * TileSide, part.height() * TileSide);
+        return;
+    }
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        lane.Add(pixels + y * TileSide + part.left(), part.width());
+}
+
 /// Calls add(lane, item) for items 0 … items − 1, shared among the cores, and returns the sum of the lanes.
 template <class AddItem>
 Counts CountItems(int items, const std::atomic<bool>* abandoned, const AddItem& add)
@@ -164,13 +175,8 @@ HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const HBImage<>& im
         const int row = tiles.top() + item / tiles.width();
         const int index = row * image.Columns() + column;
         const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
-        const QRect inside = (image.TileRect(index) & part).translated(-column * TileSide, -row * TileSide);
-        if (inside.width() == TileSide) {
-            lane.Add(pin.Pixels() + inside.top() * TileSide, inside.height() * TileSide);
-            return;
-        }
-        for (int y = inside.top(); y <= inside.bottom(); ++y)
-            lane.Add(pin.Pixels() + y * TileSide + inside.left(), inside.width());
+        AddTile(lane, pin.Pixels(),
+                (image.TileRect(index) & part).translated(-column * TileSide, -row * TileSide));
     });
 }
 
@@ -226,4 +232,32 @@ std::vector<int> HBHistogrammCalculator::Threshold(const int* counts)
         return 255;
     };
     return {percentile(5), percentile(995)};
+}
+
+void HBHistogramLook::Begin(const HBImage<>&)
+{
+    m_Counts = {};
+}
+
+std::unique_ptr<HBPictureLook::Lane> HBHistogramLook::MakeLane()
+{
+    class LookLane : public HBPictureLook::Lane
+    {
+    public:
+        explicit LookLane(HBHistogramLook& look) : m_Look(look) {}
+        ~LookLane() override
+        {
+            const std::lock_guard<std::mutex> lock(m_Look.m_Mutex);
+            m_Lane.FlushInto(m_Look.m_Counts);
+        }
+        void Add(const HBRGBA32i* pixels, const QRect& area, int) override
+        {
+            AddTile(m_Lane, pixels, QRect(QPoint(0, 0), area.size()));
+        }
+
+    private:
+        HBHistogramLook& m_Look;
+        ::Lane m_Lane;
+    };
+    return std::make_unique<LookLane>(*this);
 }

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBImage.h"
+#include "HBPictureLook.h"
 #include "imaginglib_export.h"
 
 #include <QImage>
 
 #include <array>
 #include <atomic>
+#include <mutex>
 #include <vector>
 
 /// Counts how often each level occurs in a picture, per channel; alpha is not looked at, and padding of border tiles
@@ -55,4 +56,17 @@ public:
 
 private:
     std::array<int*, ChannelCount> m_Outputs{};
+};
+
+/// A histogram of the whole picture.
+class IMAGINGLIB_EXPORT HBHistogramLook : public HBPictureLook
+{
+public:
+    void Begin(const HBImage<>& picture) override;
+    std::unique_ptr<Lane> MakeLane() override;
+    const HBHistogrammCalculator::Counts& Result() const { return m_Counts; }
+
+private:
+    HBHistogrammCalculator::Counts m_Counts;
+    std::mutex m_Mutex;
 };

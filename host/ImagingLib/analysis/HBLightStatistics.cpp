@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBLightStatistics.h"
 
-#include "HBParallel.h"
-
-#include <atomic>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #undef HWY_TARGET_INCLUDE
@@ -149,25 +147,42 @@ namespace
 HWY_EXPORT(SumNorms);
 HWY_EXPORT(MultiplyLumas);
 
-constexpr int TileSide = 128;
-
-/// \param addRow void(const HBRGBA32i* pixels, int count, Result&)
-/// \returns a Result for each tile
-template <class Result, class AddRow>
-std::vector<Result> MeasureTiles(const HBImage<>& image, const AddRow& addRow)
+/// The sums of every tile, put together in the order of the tiles.
+template <class Sums>
+struct TileSums
 {
-    std::vector<Result> results(image.IsEmpty() ? 0 : std::size_t(image.Tiles().size()));
-    const int tiles = int(results.size());
-    std::atomic<int> next{0};
-    HBRunLanes(HBLaneCount(tiles), [&] {
-        for (int index; (index = next.fetch_add(1)) < tiles;) {
-            const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
-            const QRect area = image.TileRect(index);
-            for (int y = 0; y < area.height(); ++y)
-                addRow(pin.Pixels() + y * TileSide, area.width(), results[std::size_t(index)]);
-        }
-    });
-    return results;
+    std::vector<Sums> tiles;
+    double pixels = 0.0;
+
+    void Begin(const HBImage<>& picture)
+    {
+        tiles.assign(picture.IsEmpty() ? 0 : std::size_t(picture.Tiles().size()), Sums());
+        pixels = double(picture.Width()) * picture.Height();
+    }
+};
+
+/// \param AddRow void(const HBRGBA32i* pixels, int count, Sums&)
+template <class Sums, class AddRow>
+class RowLane : public HBPictureLook::Lane
+{
+public:
+    RowLane(TileSums<Sums>& sums, AddRow addRow) : m_Sums(sums), m_AddRow(addRow) {}
+
+    void Add(const HBRGBA32i* pixels, const QRect& area, int index) override
+    {
+        for (int y = 0; y < area.height(); ++y)
+            m_AddRow(pixels + y * HBImage<>::TileSide, area.width(), m_Sums.tiles[std::size_t(index)]);
+    }
+
+private:
+    TileSums<Sums>& m_Sums;
+    AddRow m_AddRow;
+};
+
+template <class Sums, class AddRow>
+std::unique_ptr<HBPictureLook::Lane> MakeRowLane(TileSums<Sums>& sums, AddRow addRow)
+{
+    return std::make_unique<RowLane<Sums, AddRow>>(sums, addRow);
 }
 
 double Total(const float (&sums)[Sums])
@@ -180,34 +195,67 @@ double Total(const float (&sums)[Sums])
 
 } // namespace
 
-HBChannelNorms HBMeasureNorms(const HBImage<>& image)
+struct HBNormsLook::Tiles : TileSums<NormSums>
 {
-    const auto sumRow = [](const HBRGBA32i* pixels, int count, NormSums& sums) {
+};
+
+HBNormsLook::HBNormsLook() : m_pTiles(std::make_unique<Tiles>()) {}
+
+HBNormsLook::~HBNormsLook() = default;
+
+void HBNormsLook::Begin(const HBImage<>& picture)
+{
+    m_pTiles->Begin(picture);
+}
+
+std::unique_ptr<HBPictureLook::Lane> HBNormsLook::MakeLane()
+{
+    return MakeRowLane<NormSums>(*m_pTiles, [](const HBRGBA32i* pixels, int count, NormSums& sums) {
         HWY_DYNAMIC_DISPATCH(SumNorms)(pixels, count, sums);
-    };
+    });
+}
+
+HBChannelNorms HBNormsLook::Result() const
+{
     HBChannelNorms norms{};
-    for (const NormSums& tile : MeasureTiles<NormSums>(image, sumRow)) {
+    for (const NormSums& tile : m_pTiles->tiles) {
         norms.red += Total(tile.red);
         norms.green += Total(tile.green);
         norms.blue += Total(tile.blue);
     }
-    const double pixels = qMax(1.0, double(image.Width()) * image.Height());
+    const double pixels = qMax(1.0, m_pTiles->pixels);
     const auto norm = [=](double sum) { return std::pow(sum / pixels, 1.0 / 32.0) * double(NormUnit) / 255.0; };
     return {norm(norms.red), norm(norms.green), norm(norms.blue)};
 }
 
-double HBMeasureLogAverage(const HBImage<>& image)
+struct HBLogAverageLook::Tiles : TileSums<LogSums>
 {
-    const auto multiplyRow = [](const HBRGBA32i* pixels, int count, LogSums& sums) {
+};
+
+HBLogAverageLook::HBLogAverageLook() : m_pTiles(std::make_unique<Tiles>()) {}
+
+HBLogAverageLook::~HBLogAverageLook() = default;
+
+void HBLogAverageLook::Begin(const HBImage<>& picture)
+{
+    m_pTiles->Begin(picture);
+}
+
+std::unique_ptr<HBPictureLook::Lane> HBLogAverageLook::MakeLane()
+{
+    return MakeRowLane<LogSums>(*m_pTiles, [](const HBRGBA32i* pixels, int count, LogSums& sums) {
         HWY_DYNAMIC_DISPATCH(MultiplyLumas)(pixels, count, sums);
-    };
+    });
+}
+
+double HBLogAverageLook::Result() const
+{
     double sum = 0.0;
-    const std::vector<LogSums> tiles = MeasureTiles<LogSums>(image, multiplyRow);
-    for (const LogSums& tile : tiles) {
+    for (const LogSums& tile : m_pTiles->tiles) {
         for (int i = 0; i < Sums; ++i)
             sum += std::log2(double(tile.mantissa[i])) + tile.exponent[i];
     }
-    return tiles.empty() ? 0.0 : std::exp2(2.4 * sum / (double(image.Width()) * image.Height()));
+    return m_pTiles->tiles.empty() ? 0.0 : std::exp2(2.4 * sum / m_pTiles->pixels);
 }
 
 #endif

@@ -28,6 +28,8 @@ class HBImage
 public:
     static_assert(sizeof(Pixel) * TileWidth * TileHeight == KMTileManager64::TileBytes,
                   "a tile is what the tile manager hands out");
+    static_assert(TileWidth == TileHeight, "a tile's rows are TileSide pixels apart");
+    static constexpr int TileSide = TileWidth;
     static constexpr int TilePixels = TileWidth * TileHeight;
 
     HBImage() = default;

@@ -19,6 +19,17 @@ void HBTransformTile(const Transformation& transformation)
     }
 }
 
+/// The transformation as a function of a tile. Each lane copies the function, and with it the transformation and its
+/// buffer.
+template <class Transformation>
+HBTileFunction HBTileFunctionOf(Transformation transformation)
+{
+    return [transformation = std::move(transformation)](HBTileAccess& tile) mutable {
+        transformation.SetProcessingBuffer(tile.Pixels());
+        HBTransformTile(transformation);
+    };
+}
+
 /// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int) const`
 /// for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them.
 template <class Transformation>
@@ -35,14 +46,7 @@ public:
     HBImage<> Process(const HBImage<>& source, const HBImage<>& selection, const QPoint& offset,
                       const QRect& bounds)
     {
-        // Each lane copies the function, and with it the transformation and its buffer.
-        auto transform = [](Transformation transformation) {
-            return [transformation = std::move(transformation)](HBRGBA32i* pixels, int) mutable {
-                transformation.SetProcessingBuffer(pixels);
-                HBTransformTile(transformation);
-            };
-        };
-        return Run(source, selection, offset, bounds, transform(m_Transformation));
+        return Run({source, selection, offset, bounds}, HBTileFunctionOf(m_Transformation));
     }
 
 private:

@@ -2,12 +2,77 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
-#include <QtConcurrent>
+#include <QRunnable>
 #include <QThreadPool>
-#include <QVector>
 
+#include <condition_variable>
 #include <exception>
+#include <memory>
 #include <mutex>
+#include <system_error>
+#include <thread>
+
+namespace
+{
+
+/// What the caller and its helpers share. A helper that the pool never starts, or starts too late, finds it closed and
+/// leaves the lane, which has gone by then, alone. The mutex also orders the caller before each lane and each lane before
+/// the return.
+struct Lanes
+{
+    std::mutex mutex;
+    std::condition_variable ended;
+    const std::function<void()>* lane;
+    std::exception_ptr first;
+    int running = 0;
+    bool closed = false;
+
+    bool Begin()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (closed)
+            return false;
+        ++running;
+        return true;
+    }
+    void Run()
+    {
+        std::exception_ptr thrown;
+        try {
+            (*lane)();
+        } catch (...) {
+            thrown = std::current_exception();
+        }
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!first)
+            first = thrown;
+        --running;
+        ended.notify_all();
+    }
+    void WaitForEnd()
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        closed = true;
+        ended.wait(lock, [this] { return running == 0; });
+    }
+};
+
+class Helper : public QRunnable
+{
+public:
+    explicit Helper(const std::shared_ptr<Lanes>& lanes) : m_pLanes(lanes) {}
+
+    void run() override
+    {
+        if (m_pLanes->Begin())
+            m_pLanes->Run();
+    }
+
+private:
+    const std::shared_ptr<Lanes> m_pLanes;
+};
+
+} // namespace
 
 int HBLaneCount(int items)
 {
@@ -16,31 +81,30 @@ int HBLaneCount(int items)
 
 void HBRunLanes(int lanes, const std::function<void()>& lane)
 {
-    // The mutex also orders the caller before each lane and each lane before the return. Qt does that too, but where
-    // the thread sanitizer, which has not built Qt, cannot see it.
-    std::mutex mutex;
-    std::exception_ptr first;
-    auto synchronize = [&](const std::exception_ptr& thrown) {
-        const std::lock_guard<std::mutex> lock(mutex);
-        if (!first)
-            first = thrown;
-    };
-    // The exception is kept here, not left to the map: that would replace it by an unknown one of its own.
-    auto guarded = [&](int) {
-        synchronize(nullptr);
-        try {
-            lane();
-            synchronize(nullptr);
-        } catch (...) {
-            synchronize(std::current_exception());
-        }
-    };
-    synchronize(nullptr);
-    QVector<int> indices(lanes);
-    // startBlocking() makes the calling thread one of the workers; blockingMap() would only wait.
-    QtConcurrent::startMap(indices.begin(), indices.end(), QtPrivate::createFunctionWrapper(guarded))
-        .startBlocking();
-    synchronize(nullptr);
-    if (first)
-        std::rethrow_exception(first);
+    const auto shared = std::make_shared<Lanes>();
+    shared->lane = &lane;
+    shared->Begin();
+    try {
+        for (int helper = 1; helper < lanes; ++helper)
+            QThreadPool::globalInstance()->start(new Helper(shared));
+    } catch (const std::bad_alloc&) {
+        // Fewer lanes do the same work.
+    }
+    shared->Run();
+    shared->WaitForEnd();
+    if (shared->first)
+        std::rethrow_exception(shared->first);
+}
+
+bool HBCanStartThread()
+{
+    const QThreadPool& pool = *QThreadPool::globalInstance();
+    if (pool.activeThreadCount() >= pool.maxThreadCount())
+        return true; // a thread that exists will come
+    try {
+        std::thread([] {}).join();
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
 }

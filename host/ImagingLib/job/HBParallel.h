@@ -10,9 +10,14 @@
 /// piece, at least one.
 IMAGINGLIB_EXPORT int HBLaneCount(int items);
 
-/// Runs `lane` `lanes` times, on the calling thread and on threads of the global pool, and returns when all have
-/// ended. The caller takes part, so this is safe on a pool thread and with a full pool, where a plain blocking map
-/// waits for ever for a thread that never comes. Every parallel step of a job goes through here.
+/// Runs `lane` on the calling thread and on up to `lanes` - 1 threads of the global pool at once, and returns when all
+/// that began have ended. A lane takes pieces of the work until none is left, so that one alone can do all of it: the
+/// caller takes part and never waits for a thread that does not come, be it on a pool thread itself, with a full pool,
+/// or where the system starts no more threads. Every parallel step of a job goes through here.
 ///
 /// If lanes throw, the others still run to their end; then the first exception is rethrown as it was thrown.
 IMAGINGLIB_EXPORT void HBRunLanes(int lanes, const std::function<void()>& lane);
+
+/// Whether the global pool can run something: false where the system starts no more threads (too little memory, too many
+/// processes). Qt's pool would lose what it is given then.
+IMAGINGLIB_EXPORT bool HBCanStartThread();

@@ -124,4 +124,16 @@ void HBChannelTables::operator()(HBRGBA32i* pixels, int count) const
     HWY_DYNAMIC_DISPATCH(ApplyTables)(*this, pixels, count);
 }
 
+HBChannelTables HBComposed(const HBChannelTables& first, const HBChannelTables& second)
+{
+    const auto composed = [](const HBChannelTables::Table& inner, const HBChannelTables::Table& outer) {
+        return HBMakeTable([&](int level) { return outer[inner[std::size_t(level)]]; });
+    };
+    HBChannelTables both;
+    both.blue = composed(first.blue, second.blue);
+    both.green = composed(first.green, second.green);
+    both.red = composed(first.red, second.red);
+    return both;
+}
+
 #endif

@@ -41,3 +41,6 @@ HBChannelTables::Table HBMakeTable(Function function)
         table[level] = std::uint8_t(function(level));
     return table;
 }
+
+/// The tables that do what the first and then the second do, byte for byte.
+IMAGINGLIB_EXPORT HBChannelTables HBComposed(const HBChannelTables& first, const HBChannelTables& second);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "HBChannelTables.h"
+#include "HBLevelsSettings.h"
 
 /// Levels: for each colour, the channel's own setting and then the composite one, each
 ///
@@ -25,4 +26,8 @@ public:
     /// \param gamma 0.01..9.99, clamped; NaN counts as 1
     /// \param amount percent of the way from the source to the result, 0..100, clamped
     HBLevelsTransformation(const int input[][2], const int output[][2], const double gamma[], int amount);
+    explicit HBLevelsTransformation(const HBLevelsSettings& settings)
+        : HBLevelsTransformation(settings.input, settings.output, settings.gamma, 100)
+    {
+    }
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBAutoStretch.h"
+#include "HBStretchRange.h"
 
 #include <algorithm>
 

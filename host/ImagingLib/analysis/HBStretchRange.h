@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "imaginglib_export.h"
+
 #include <utility>
 
 /// The levels between which an automatic adjustment stretches a channel: low is the last level at which the running
@@ -10,4 +12,4 @@
 /// \param counts pixels per level, 256 of them
 /// \param lo, hi lowest and highest level that occurs, inside 0..255
 /// \param total number of pixels
-std::pair<int, int> HBStretchRange(const unsigned* counts, int lo, int hi, double total);
+IMAGINGLIB_EXPORT std::pair<int, int> HBStretchRange(const unsigned* counts, int lo, int hi, double total);

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBStage.h"
+
+#include <QCoreApplication>
+
+#include <new>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(HBAdjustment)
+};
+
+/// Passes cancelling on, and no progress.
+class Silent : public HBJobControl
+{
+public:
+    explicit Silent(const HBJobControl* listener) : m_pListener(listener) {}
+    bool IsCancelled() const override { return HBIsCancelled(m_pListener); }
+
+private:
+    const HBJobControl* m_pListener;
+};
+
+/// Tells a pass that stands for several as so many ranges, one after the other.
+class Ranges : public HBJobControl
+{
+public:
+    Ranges(HBJobControl* listener, int count) : m_pListener(listener), m_Count(count) {}
+
+    bool IsCancelled() const override { return HBIsCancelled(m_pListener); }
+    void SetRange(int minimum, int maximum) override
+    {
+        m_Maximum = maximum;
+        if (!m_pListener)
+            return;
+        // Without tiles no value follows that could begin the next range.
+        for (int range = 0; range < (maximum > 0 ? 1 : m_Count); ++range)
+            m_pListener->SetRange(minimum, maximum);
+    }
+    void SetProgress(int value) override
+    {
+        if (!m_pListener)
+            return;
+        for (int tick = (value - 1) * m_Count; tick < value * m_Count; ++tick) {
+            if (tick > 0 && tick % m_Maximum == 0)
+                m_pListener->SetRange(0, m_Maximum);
+            m_pListener->SetProgress(tick % m_Maximum + 1);
+        }
+    }
+
+private:
+    HBJobControl* m_pListener;
+    const int m_Count;
+    int m_Maximum = 0;
+};
+
+/// What is done in one pass.
+struct Pass
+{
+    HBOperation operation;
+    std::shared_ptr<const HBImage<>> base;
+    bool ignoresSelection = false;
+    int ranges = 0;
+};
+
+class Run
+{
+public:
+    Run(const HBTarget& target, HBJobControl* control) : m_Target(target), m_pControl(control)
+    {
+        m_Outcome.image = target.source;
+    }
+
+    void Add(const HBStage& stage)
+    {
+        if (stage.MustLook() && !Look(stage))
+            return;
+        const HBOperation operation = stage.prepare(m_Outcome.image, m_pControl);
+        const bool together = m_Pass.ranges > 0 && m_Pass.ignoresSelection == stage.ignoresSelection &&
+                              (stage.ignoresSelection || !m_Target.bounds.isValid());
+        if (!together && !Finish({}))
+            return;
+        m_Pass.operation = HBThen(m_Pass.operation, operation);
+        if (stage.base)
+            m_Pass.base = stage.base;
+        m_Pass.ignoresSelection = stage.ignoresSelection;
+        m_Pass.ranges += stage.ranges;
+    }
+
+    /// Makes the picture of all stages so far, and shows its tiles to the looks while they are in the cache; false if that
+    /// is not a whole picture.
+    bool Finish(const HBPictureLooks& looks)
+    {
+        if (!IsWhole() || m_Pass.ranges == 0)
+            return IsWhole();
+        const Pass pass = std::exchange(m_Pass, {});
+        HBTarget target = m_Target;
+        target.source = pass.base ? *pass.base : m_Outcome.image;
+        if (pass.ignoresSelection)
+            target.bounds = {};
+        // Blended rows come after the tiles, so that a look would see tiles that are not done.
+        const bool hot = !looks.empty() && !target.bounds.isValid();
+        for (const std::shared_ptr<HBPictureLook>& look : looks)
+            look->Begin(target.source);
+        Ranges ranges(m_pControl, pass.ranges);
+        Silent silent(m_pControl);
+        HBJobControl* const control = pass.ignoresSelection ? static_cast<HBJobControl*>(&silent) : &ranges;
+        const HBTileFunction function = HBTileFunctionOf(pass.operation);
+        m_Outcome = HBWalkTiles(
+            target,
+            [function, lanes = HBLookLanes(hot ? looks : HBPictureLooks())](HBTileAccess& tile) mutable {
+                if (function)
+                    function(tile);
+                if (!lanes.IsEmpty())
+                    lanes.Add(tile.Pixels(), tile.Area(), tile.Index());
+            },
+            control);
+        if (IsWhole() && !hot && !looks.empty())
+            LookAtOnce(looks);
+        return IsWhole();
+    }
+
+    void Fail(const std::exception_ptr& exception)
+    {
+        m_Outcome.status = HBOutcome::Failed;
+        m_Outcome.exception = exception;
+    }
+    bool IsWhole() const { return m_Outcome.IsWhole(); }
+    const HBOutcome& Outcome() const { return m_Outcome; }
+
+private:
+    bool Look(const HBStage& stage)
+    {
+        if (m_Pass.ranges > 0)
+            return Finish(stage.looks);
+        if (!stage.looks.empty())
+            LookAtOnce(stage.looks);
+        return IsWhole();
+    }
+
+    void LookAtOnce(const HBPictureLooks& looks)
+    {
+        if (!HBLookAt(m_Outcome.image, looks, m_pControl))
+            m_Outcome.status = HBOutcome::Cancelled;
+    }
+
+    const HBTarget& m_Target;
+    HBJobControl* m_pControl;
+    HBOutcome m_Outcome;
+    Pass m_Pass; ///< prepared, and not yet run
+};
+
+} // namespace
+
+HBAdjustmentError::HBAdjustmentError(const QString& reason)
+    : std::runtime_error(reason.toStdString())
+    , m_Reason(reason)
+{
+}
+
+HBAdjustmentError::~HBAdjustmentError() = default;
+
+QString HBFailureReason(const HBOutcome& outcome)
+{
+    if (!outcome.exception)
+        return {};
+    try {
+        std::rethrow_exception(outcome.exception);
+    } catch (const HBAdjustmentError& error) {
+        return error.Reason();
+    } catch (const std::bad_alloc&) {
+        return Text::tr("there is not enough memory");
+    } catch (const std::exception& error) {
+        return Text::tr("the adjustment failed: %1").arg(QString::fromLocal8Bit(error.what()));
+    } catch (...) {
+        return Text::tr("the adjustment failed");
+    }
+}
+
+HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control)
+{
+    Run run(target, control);
+    try {
+        for (const HBStage& stage : stages()) {
+            if (run.IsWhole())
+                run.Add(stage);
+        }
+        run.Finish({});
+    } catch (...) {
+        run.Fail(std::current_exception());
+    }
+    return run.Outcome();
+}

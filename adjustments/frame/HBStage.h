@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBOperation.h"
+
+#include <HBPictureLook.h>
+
+#include <QString>
+
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
+/// A step of an adjustment: what it must see of the picture, and the operation that follows from it. Made anew for each
+/// run, because its looks keep what they counted.
+struct HBStage
+{
+    /// From what the looks have counted, and from the picture itself if `seesPicture`: all steps before are worked in then.
+    /// Throws std::bad_alloc or HBAdjustmentError; returns anything if the control says cancelled.
+    std::function<HBOperation(const HBImage<>& picture, const HBJobControl* control)> prepare;
+    HBPictureLooks looks;
+    bool seesPicture = false;
+    /// What the operation changes, and is blended with, instead of what the stages before have made of the picture; null:
+    /// that.
+    std::shared_ptr<const HBImage<>> base;
+    /// Works on the whole picture, whatever is selected, and reports no progress.
+    bool ignoresSelection = false;
+    /// How many ranges of progress a listener is told: one for each pass that this stage stands for.
+    int ranges = 1;
+
+    bool MustLook() const { return seesPicture || base || !looks.empty(); }
+};
+using HBStages = std::vector<HBStage>;
+
+/// A stage that depends on the record alone.
+template <class Transformation>
+HBStage HBStageOf(const Transformation& transformation)
+{
+    HBStage stage;
+    stage.prepare = [operation = HBOperationOf(transformation)](const HBImage<>&, const HBJobControl*) {
+        return operation;
+    };
+    return stage;
+}
+
+/// Why an adjustment cannot be made, in words for the user: a stamp that is not there, for example.
+class ADJUSTMENTS_EXPORT HBAdjustmentError : public std::runtime_error
+{
+public:
+    explicit HBAdjustmentError(const QString& reason);
+    ~HBAdjustmentError() override;
+    QString Reason() const { return m_Reason; }
+
+private:
+    QString m_Reason;
+};
+
+/// Why an outcome is a failure, in words for the user; empty if it is none.
+ADJUSTMENTS_EXPORT QString HBFailureReason(const HBOutcome& outcome);
+
+/// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that need not
+/// look at the whole picture between them run tile by tile in one pass, unless there is a selection: then each is blended
+/// by it in turn. Any thread; throws nothing but what the control throws.
+/// \param stages makes them; may throw what HBStage::prepare may
+ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
+                                         HBJobControl* control = nullptr);

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels_export.h"
+
+#include <HBAdjustment.h>
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QReadWriteLock>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+/// What a panel and its job share while the job runs: nothing else that a job uses is the panel's. The panel sets
+/// `newData`, the job tells its progress.
+class PANELS_EXPORT HBPanelJobControl : public QObject, public HBJobControl
+{
+    Q_OBJECT
+public:
+    bool IsCancelled() const override;
+    void SetRange(int minimum, int maximum) override;
+    void SetProgress(int value) override;
+
+    mutable QReadWriteLock guard;
+    bool newData = false;            ///< under the guard; true: the result is no longer wanted
+    std::atomic<bool> failed{false}; ///< the job's picture is not whole
+
+Q_SIGNALS:
+    // From the job's threads: connect them queued.
+    void RangeChanged(int minimum, int maximum);
+    void ProgressChanged(int value);
+};
+
+/// The head of every panel's job record: what to adjust, and where. A job owns copies of all it touches.
+struct HBJobData : HBTarget
+{
+    std::shared_ptr<HBPanelJobControl> control; ///< null: nobody listens
+};
+
+/// Runs a job on the global pool, or at once where the system starts no more threads, and hands its future to the watcher.
+PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job);
+
+/// Runs process(job) for the watcher. What it throws ends here, with the image unchanged: from a future it would come out
+/// in the GUI thread.
+template <class Data>
+void HBStartJob(QFutureWatcher<HBImage<>>* watcher, HBImage<> (*process)(Data), const Data& job)
+{
+    HBStartInPool(watcher, [process, job]() -> HBImage<> {
+        try {
+            return process(job);
+        } catch (...) {
+            if (job.control)
+                job.control->failed = true;
+            return job.source;
+        }
+    });
+}
+
+/// What a job returns: the image, and the panel is told if it is not whole.
+PANELS_EXPORT HBImage<> HBTakeOutcome(const HBOutcome& outcome, const HBJobData& job);
+
+/// The meaning of a record, over the job's image: what Process of a panel does.
+/// \param outcome receives what became of it, for a panel that logs it
+template <class Record>
+HBImage<> HBRunJob(const HBJobData& job, const Record& record, HBOutcome* outcome = nullptr)
+{
+    const HBOutcome adjusted = HBAdjust(record, job, job.control.get());
+    if (outcome)
+        *outcome = adjusted;
+    return HBTakeOutcome(adjusted, job);
+}
+
+/// The same for a transformation of the panel's own; see HBOperationOf.
+template <class Transformation>
+HBImage<> HBRunTransformation(const HBJobData& job, const Transformation& transformation)
+{
+    return HBTakeOutcome(
+        HBRunStages(job, [&] { return HBStages{HBStageOf(transformation)}; }, job.control.get()), job);
+}

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBPanelJob.h"
+
+#include <HBParallel.h>
+
+#include <QFutureInterface>
+#include <QtConcurrent>
+
+bool HBPanelJobControl::IsCancelled() const
+{
+    const QReadLocker locker(&guard);
+    return newData;
+}
+
+void HBPanelJobControl::SetRange(int minimum, int maximum)
+{
+    Q_EMIT RangeChanged(minimum, maximum);
+}
+
+void HBPanelJobControl::SetProgress(int value)
+{
+    Q_EMIT ProgressChanged(value);
+}
+
+void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job)
+{
+    if (HBCanStartThread()) {
+        watcher->setFuture(QtConcurrent::run(job));
+        return;
+    }
+    QFutureInterface<HBImage<>> done;
+    done.reportStarted();
+    done.reportResult(job());
+    done.reportFinished();
+    watcher->setFuture(done.future());
+}
+
+HBImage<> HBTakeOutcome(const HBOutcome& outcome, const HBJobData& job)
+{
+    if (job.control && outcome.status == HBOutcome::Failed)
+        job.control->failed = true;
+    return outcome.image;
+}
