@@ -29,7 +29,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnBrightnessChanged(int value) { Store(m_Params.brightness, value, &HBBrightnessContrastWidget::ValueChanged); }
     void OnContrastChanged(int value) { Store(m_Params.contrast, value, &HBBrightnessContrastWidget::ValueChanged); }
 
