@@ -14,8 +14,10 @@
 #include <QRect>
 #include <QVector>
 
+#include <exception>
 #include <memory>
 
+class HBAdjustmentProcessing;
 class HBOperationProgressDlg;
 class HBPanelJobControl;
 class KMDocumentView;
@@ -145,6 +147,17 @@ protected:
 
     /// The part of a job record that all panels share, as of now.
     HBJobData JobData() const;
+    // OLD BEGIN
+    template <class Transformation>
+    HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
+                                std::exception_ptr* exception = nullptr);
+    void ConnectProgress(const HBAdjustmentProcessing& processing);
+    bool IsJobObsolete();
+    void SetJobFailed();
+    void FinishJob();
+    template <class Panel, class Data>
+    friend void HBStartJob(QFutureWatcher<HBImage<>>*, Panel*, HBImage<> (Panel::*)(Data), const Data&);
+    // OLD END
 
     void timerEvent(QTimerEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -171,7 +184,6 @@ private:
     void StartProcessing();
     void RestartProcessing();
     void MarkJobObsolete();
-    void FinishJob();
     void ReleaseWatcher();
     void FinishWaiting();
     void KillTimer(int& id);

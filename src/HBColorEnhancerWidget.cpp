@@ -5,7 +5,7 @@
 #include "HBConnectionSet.h"
 #include "HBJobLog.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_ColorEnhancer.h"
 
 #include <HBColorEnhancerTransformation.h>

@@ -7,7 +7,7 @@
 #include "HBHistogramFeed.h"
 #include "HBJobLog.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_CurvesWidget.h"
 
 #include <HBIterativeCurvesTransformation.h>

@@ -4,7 +4,7 @@
 
 #include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "HBSliderHandle.h"
 #include "ui_HueSaturationParamWidget.h"
 

@@ -6,7 +6,7 @@
 #include "HBConnectionSet.h"
 #include "HBHistogramFeed.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_LevelsWidget.h"
 
 #include <HBIterativeLevelsTransformation.h>

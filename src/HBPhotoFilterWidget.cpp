@@ -5,7 +5,7 @@
 #include "HBColorPick.h"
 #include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_PhotoFilterWidget.h"
 
 #include <HBIterativePhotoFilterTransformation.h>

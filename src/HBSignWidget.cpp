@@ -4,7 +4,7 @@
 
 #include "HBBlendingModes.h"
 #include "HBConnectionSet.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_SignWidget.h"
 
 #include <KMApplication.h>

@@ -4,7 +4,7 @@
 
 #include "HBHistogramFeed.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "HBThresholdRGB32.h"
 #include "ui_ThresholdWidget.h"
 

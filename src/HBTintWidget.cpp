@@ -6,7 +6,7 @@
 #include "HBColorPick.h"
 #include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_TintWidget.h"
 
 #include <HBIterativeAdjustmentTransformation.h>

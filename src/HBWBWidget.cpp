@@ -6,9 +6,10 @@
 #include "HBConnectionSet.h"
 #include "HBLevelsWidget.h"
 #include "HBPanelJob.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_WBWidget.h"
 
+#include <HBAdjustmentProcessingTemplate.h>
 #include <HBHistogrammCalculator.h>
 #include <HBImageMixing.h>
 #include <HBIterativeAdjustmentTransformation.h>

@@ -5,7 +5,7 @@
 #include "HBBlendingModes.h"
 #include "HBColorPick.h"
 #include "HBConnectionSet.h"
-#include "HBRecordStream.h"
+#include "HBParamStream.h"
 #include "ui_WatermarkWidget.h"
 
 #include <HBFontDialog.h>
