@@ -304,9 +304,10 @@ struct Move {
     std::function<void()> run;
 };
 
-void SceneMouse(QGraphicsScene* scene, QEvent::Type type, const QPointF& position, Qt::MouseButton button) {
+/// Presses in one place, moves and releases in another.
+void SceneMouse(QGraphicsScene* scene, QEvent::Type type, Qt::MouseButton button) {
     QGraphicsSceneMouseEvent event(type);
-    event.setScenePos(position);
+    event.setScenePos(type == QEvent::GraphicsSceneMousePress ? QPointF(64, 191) : QPointF(80, 150));
     event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : button);
     event.setButtons(type == QEvent::GraphicsSceneMouseRelease ? Qt::NoButton : button);
     QApplication::sendEvent(scene, &event);
@@ -315,66 +316,52 @@ void SceneMouse(QGraphicsScene* scene, QEvent::Type type, const QPointF& positio
 /// What a user does to a control; nothing for one that opens a dialog or only shows something.
 QVector<Move> Moves(QWidget* control) {
     QVector<Move> moves;
-    const auto key = [&](const char* name, Qt::Key code) {
-        moves += {QString("key ") + name, [=] { QTest::keyClick(control, code); }};
+    const auto add = [&](const QString& name, const std::function<void()>& run) { moves += {name, run}; };
+    const auto key = [&](Qt::Key code) {
+        add("key " + QKeySequence(code).toString(), [=] { QTest::keyClick(control, code); });
     };
     const auto value = [&](const char* property, const QVariant& number) {
-        moves += {number.toString(), [=] { control->setProperty(property, number); }};
+        add(number.toString(), [=] { control->setProperty(property, number); });
+    };
+    const auto type = [&](const char* text) {
+        add(QString("type ") + text, [=] {
+            if (auto* box = qobject_cast<QAbstractSpinBox*>(control)) box->selectAll();
+            QTest::keyClicks(control, text);
+            QTest::keyClick(control, Qt::Key_Return);
+        });
     };
     if (auto* handles = qobject_cast<MavuCustomSlider*>(control)) {
         for (uint i = 0; i < handles->ControlCount(); ++i) {
             for (const int number : {-1000, 1000, 40, 41, 200})
-                moves += {QString("handle %1 %2").arg(i).arg(number), [=] { handles->SetValue(i, number); }};
-            moves += {QString("handle %1").arg(i), [=] { handles->SetCurrentControl(i); }};
-            key("right", Qt::Key_Right);
-            key("page down", Qt::Key_PageDown);
+                add(QString("handle %1 %2").arg(i).arg(number), [=] { handles->SetValue(i, number); });
+            add(QString("handle %1").arg(i), [=] { handles->SetCurrentControl(i); });
+            for (const auto code : {Qt::Key_Right, Qt::Key_PageDown}) key(code);
         }
     } else if (qobject_cast<QAbstractSlider*>(control) || qobject_cast<QAbstractSpinBox*>(control)) {
         const double low = control->property("minimum").toDouble(), high = control->property("maximum").toDouble();
         for (const double number : {low, high + 1, low, high, low + (high - low) / 3}) value("value", number);
-        key("up", Qt::Key_Up);
-        key("page down", Qt::Key_PageDown);
-        if (qobject_cast<QAbstractSpinBox*>(control)) {
-            for (const char* text : {"7", "-0.5", "99999"})
-                moves += {QString("typed %1").arg(text), [=] {
-                              static_cast<QAbstractSpinBox*>(control)->selectAll();
-                              QTest::keyClicks(control, text);
-                              QTest::keyClick(control, Qt::Key_Return);
-                          }};
-        } else {
-            key("home", Qt::Key_Home);
-        }
+        for (const auto code : {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Home}) key(code);
+        if (qobject_cast<QAbstractSpinBox*>(control))
+            for (const char* text : {"7", "-0.5", "99999"}) type(text);
     } else if (auto* combo = qobject_cast<QComboBox*>(control)) {
         for (int i = qMin(combo->count(), 6) - 1; i >= -1; --i) value("currentIndex", i);
-        key("end", Qt::Key_End);
-        key("up", Qt::Key_Up);
+        for (const auto code : {Qt::Key_End, Qt::Key_Up}) key(code);
     } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
         // The automatic corrections are the one kind of plain button that opens no dialog.
         if (button->isCheckable() || button->objectName() == "m_pAutoBtn")
-            moves.fill({"click", [=] { button->click(); }}, 2);
+            for (const char* name : {"click", "click again"}) add(name, [=] { button->click(); });
     } else if (auto* edit = qobject_cast<QLineEdit*>(control)) {
         for (const char* text : {"12", "abc", ""}) value("text", text);
-        if (!edit->isReadOnly())
-            moves += {"typed", [=] {
-                          QTest::keyClicks(edit, "3x");
-                          QTest::keyClick(edit, Qt::Key_Return);
-                      }};
+        if (!edit->isReadOnly()) type("3x");
     } else if (auto* view = qobject_cast<QGraphicsView*>(control)) {
-        QGraphicsScene* scene = view->scene();
-        for (const auto mouse : {Qt::LeftButton, Qt::RightButton}) {
-            moves += {QString("press %1").arg(mouse), [=] {
-                          SceneMouse(scene, QEvent::GraphicsSceneMousePress, {64, 191}, mouse);
-                      }};
-            moves += {QString("drag %1").arg(mouse), [=] {
-                          SceneMouse(scene, QEvent::GraphicsSceneMouseMove, {80, 150}, mouse);
-                      }};
-            moves += {QString("release %1").arg(mouse), [=] {
-                          SceneMouse(scene, QEvent::GraphicsSceneMouseRelease, {80, 150}, mouse);
-                      }};
-        }
+        for (const auto mouse : {Qt::LeftButton, Qt::RightButton})
+            for (const auto event : {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseMove,
+                                     QEvent::GraphicsSceneMouseRelease})
+                add(QString("mouse %1 %2").arg(mouse).arg(event - QEvent::GraphicsSceneMouseMove),
+                    [=] { SceneMouse(view->scene(), event, mouse); });
         for (const auto code :
              {Qt::Key_Insert, Qt::Key_Up, Qt::Key_Tab, Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Delete})
-            moves += {QKeySequence(code).toString(), [=] { QTest::keyClick(view, code); }};
+            key(code);
     }
     return moves;
 }
@@ -441,10 +428,9 @@ struct Recording {
 
     static QString Describe(const QWidget& widget) {
         QString text = QString("%1 %2").arg(widget.metaObject()->className(), widget.objectName());
-        for (const char* name :
-             {"windowTitle", "title",     "text",     "toolTip", "accessibleName", "minimum",       "maximum",
-              "singleStep",  "pageStep",  "decimals", "prefix",  "suffix",         "orientation",   "tickPosition",
-              "checkable",   "maxLength", "readOnly", "count",   "focusPolicy",    "tabletTracking"}) {
+        for (const char* name : {"windowTitle", "title", "text", "toolTip", "accessibleName", "minimum", "maximum",
+                                 "singleStep", "pageStep", "decimals", "prefix", "suffix", "orientation",
+                                 "tickPosition", "checkable", "maxLength", "readOnly", "count", "focusPolicy"}) {
             const QVariant value = widget.property(name);
             const QString shown = value.toString();
             if (value.isValid() && !shown.isEmpty() && shown != "false")
@@ -550,7 +536,6 @@ struct Recording {
                                         {HBTestMask(200, 150), QPoint(-37, -11), QRect(5, 3, 180, 140)},
                                         {HBTestMask(100, 100, 255), QPoint(90, -30), QRect(0, 0, 100, 100)}};
         const Panel panel(entry.create(false, nullptr));
-        const HBSignalRecorder signalsOf(panel.get());
         const QJsonObject defaults = Drawable(entry, entry.save(*panel)),
                           demonstration = Drawable(entry, Demonstration(entry));
         QVector<QPair<QString, QJsonObject>> values{{"defaults", defaults}, {"demonstration", demonstration}};
@@ -569,17 +554,15 @@ struct Recording {
             for (const auto& picture : pictures) {
                 QStringList hashes;
                 QString error;
-                if (!entry.draw)
-                    Restore(entry, *panel, value.second);
-                else if (Restore(entry, *panel, value.second) == "taken")
-                    hashes += Hash(entry.draw(*panel)(picture.second, &error)) + ' ' + error;
+                Restore(entry, *panel, value.second);
+                if (entry.draw) hashes << Hash(entry.draw(*panel)(picture.second, &error)) << error;
                 for (const Selection& selection : selections) {
                     if (entry.draw) break;
                     panel->SetImage(picture.second, selection.mask, selection.offset, selection.bounds);
                     HBSettle();
                     hashes += Hash(panel->AdjustedImage()) + (panel->HasJobFailed() ? " failed" : "");
                 }
-                Add(QString(" %1: %2").arg(picture.first, hashes.join(' ')).trimmed().prepend(' '));
+                Add(QString(" %1: %2").arg(picture.first, hashes.join(' ')));
             }
         }
     }
@@ -612,9 +595,12 @@ struct Recording {
     }
 
     void Gestures() {
+        const HBShowsWindows windows;
         const HBImage<> picture = HBTestRamp(129, 130);
         for (const bool demonstration : {false, true}) {
             const Panel panel(entry.create(true, nullptr));
+            panel->setAttribute(Qt::WA_DontShowOnScreen); // visible, but the focus stays where it is
+            panel->show();
             HBSignalRecorder recorder(panel.get());
             const QJsonObject start = demonstration ? Demonstration(entry) : entry.save(*panel);
             Restore(entry, *panel, start);
@@ -659,10 +645,15 @@ struct Recording {
                         .arg(panel->IsCancelProcessing())
                         .arg(Hash(panel->SourceImage()), Hash(panel->AdjustedImage())));
             };
+            bool waits = false;
             const auto wait = [&](bool cancel) {
-                recorder.Note(panel->WaitForProcessingFinished(cancel) ? "nothing" : "waits");
+                const bool begun = !panel->WaitForProcessingFinished(cancel);
+                recorder.Note(begun ? "waits" : "nothing");
+                waits |= begun;
             };
-            const auto finished = [&] { return dialog && !entry.draw ? recorder.WaitFor("Finished") : true; };
+            const auto finished = [&] {
+                if (std::exchange(waits, false)) recorder.WaitFor("Finished");
+            };
             Add(QString("host, dialog %1").arg(dialog));
             call("restore", [&] { recorder.Note(Restore(entry, *panel, demonstration)); });
             call("image", [&] { panel->SetImage(picture, {}, {}, {}); });
@@ -688,11 +679,10 @@ struct Recording {
                 wait(false);
             });
             call("finished", [&] { finished(); });
-            if (dialog)
-                call("image, wait, cancel", [&] {
-                    panel->SetImage(other, {}, {}, {});
-                    wait(true);
-                });
+            call("image, wait, cancel", [&] {
+                panel->SetImage(other, {}, {}, {});
+                wait(true);
+            });
             call("finished", [&] { finished(); });
             KMApplication::SetProgressTimeout(500);
             call("cancel no more", [&] { panel->SetCancelProcessing(false); });
@@ -712,8 +702,6 @@ struct Recording {
         }
     }
 };
-
-QString FileOf(const QString& name) { return QString(CONTRACT_FOLDER "/%1.txt").arg(name); }
 
 } // namespace
 
@@ -750,7 +738,7 @@ private Q_SLOTS:
 
 private:
     static void Compare(const QString& name, const QStringList& found) {
-        QFile file(FileOf(name));
+        QFile file(QString(CONTRACT_FOLDER "/%1.txt").arg(name));
         if (qEnvironmentVariableIsSet("PANEL_CONTRACT_RECORD")) {
             QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(file.errorString()));
             file.write(found.join('\n').toUtf8() + '\n');
