@@ -183,7 +183,6 @@ void tst_HBHueSaturationWidget::grooves() {
     f.SetValue({0, 50, -50, 0}); // 50 is level 191, -50 is 63
     QVERIFY(f.Grooves()[0].startsWith(QString("stop: 0 rgb(%1, ").arg(QColor::fromHsl(0, 191, 63).red())));
     Fixture docked(false);
-    docked.panel.setStyleSheet("QLabel{color: red;}"); // the host's
     for (const Fixture* fixture : {&f, &docked}) {
         for (QSlider* slider : {fixture->hueSlider, fixture->saturationSlider, fixture->lightnessSlider})
             QVERIFY(HBShowsItsValue(slider));
