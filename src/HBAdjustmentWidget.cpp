@@ -60,7 +60,10 @@ HBAdjustmentWidget::~HBAdjustmentWidget()
     const QObjectList controls = findChildren<QObject*>();
     for (QObject* control : controls)
         control->disconnect(this);
-    Disconnect(nullptr);
+    for (const Link& link : qAsConst(m_Links)) {
+        if (link.sender)
+            link.sender->disconnect(this);
+    }
     delete m_pFrame;
 }
 
