@@ -61,10 +61,16 @@ private:
 /// What is done in one pass.
 struct Pass
 {
+    /// Operations that are no tables, one after the other on each tile; more would make a tile, and so the answer to a
+    /// cancel, take long.
+    static constexpr int MaximumFunctions = 16;
+
     HBOperation operation;
     std::shared_ptr<const HBImage<>> base;
     bool ignoresSelection = false;
+    int functions = 0;
     int ranges = 0;
+    HBStageSpan stages;
 };
 
 class Run
@@ -75,16 +81,24 @@ public:
         m_Outcome.image = target.source;
     }
 
-    void Add(const HBStage& stage)
+    /// \param index of the stage in the run
+    void Add(const HBStage& stage, int index)
     {
+        m_AtWork = {index, index};
         if (stage.MustLook() && !Look(stage))
             return;
+        m_AtWork = {index, index};
         const HBOperation operation = stage.prepare(m_Outcome.image, m_pControl);
-        const bool together = m_Pass.ranges > 0 && m_Pass.ignoresSelection == stage.ignoresSelection &&
+        const bool together = m_Pass.ranges > 0 && m_Pass.functions < Pass::MaximumFunctions &&
+                              m_Pass.ignoresSelection == stage.ignoresSelection &&
                               (stage.ignoresSelection || !m_Target.bounds.isValid());
         if (!together && !Finish({}))
             return;
+        if (m_Pass.ranges == 0)
+            m_Pass.stages.first = index;
+        m_Pass.stages.last = index;
         m_Pass.operation = HBThen(m_Pass.operation, operation);
+        m_Pass.functions += operation.transform ? 1 : 0;
         if (stage.base)
             m_Pass.base = stage.base;
         m_Pass.ignoresSelection = stage.ignoresSelection;
@@ -98,18 +112,20 @@ public:
         if (!IsWhole() || m_Pass.ranges == 0)
             return IsWhole();
         const Pass pass = std::exchange(m_Pass, {});
+        m_AtWork = pass.stages;
         HBTarget target = m_Target;
         target.source = pass.base ? *pass.base : m_Outcome.image;
         if (pass.ignoresSelection)
             target.bounds = {};
         // Blended rows come after the tiles, so that a look would see tiles that are not done.
-        const bool hot = !looks.empty() && !target.bounds.isValid();
+        const HBTileFunction function = HBTileFunctionOf(pass.operation);
+        // Nor need a tile that nothing changes become the picture's own.
+        const bool hot = !looks.empty() && !target.bounds.isValid() && function;
         for (const std::shared_ptr<HBPictureLook>& look : looks)
             look->Begin(target.source);
         Ranges ranges(m_pControl, pass.ranges);
         Silent silent(m_pControl);
         HBJobControl* const control = pass.ignoresSelection ? static_cast<HBJobControl*>(&silent) : &ranges;
-        const HBTileFunction function = HBTileFunctionOf(pass.operation);
         m_Outcome = HBWalkTiles(
             target,
             [function, lanes = HBLookLanes(hot ? looks : HBPictureLooks())](HBTileAccess& tile) mutable {
@@ -131,6 +147,7 @@ public:
     }
     bool IsWhole() const { return m_Outcome.IsWhole(); }
     const HBOutcome& Outcome() const { return m_Outcome; }
+    const HBStageSpan& AtWork() const { return m_AtWork; }
 
 private:
     bool Look(const HBStage& stage)
@@ -151,7 +168,8 @@ private:
     const HBTarget& m_Target;
     HBJobControl* m_pControl;
     HBOutcome m_Outcome;
-    Pass m_Pass; ///< prepared, and not yet run
+    Pass m_Pass;          ///< prepared, and not yet run
+    HBStageSpan m_AtWork; ///< or at work last
 };
 
 } // namespace
@@ -181,17 +199,22 @@ QString HBFailureReason(const HBOutcome& outcome)
     }
 }
 
-HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control)
+HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control,
+                      HBStageSpan* failed)
 {
     Run run(target, control);
     try {
-        for (const HBStage& stage : stages()) {
-            if (run.IsWhole())
-                run.Add(stage);
+        HBStages all = stages();
+        for (int index = 0; index < int(all.size()) && run.IsWhole(); ++index) {
+            // What a stage keeps, whole pictures even, goes with it.
+            const HBStage stage = std::exchange(all[std::size_t(index)], {});
+            run.Add(stage, index);
         }
         run.Finish({});
     } catch (...) {
         run.Fail(std::current_exception());
     }
+    if (failed)
+        *failed = run.AtWork();
     return run.Outcome();
 }

@@ -59,9 +59,18 @@ private:
 /// Why an outcome is a failure, in words for the user; empty if it is none.
 ADJUSTMENTS_EXPORT QString HBFailureReason(const HBOutcome& outcome);
 
+/// Consecutive stages of a run, counted from 0.
+struct HBStageSpan
+{
+    int first = 0;
+    int last = -1;
+    bool IsEmpty() const { return last < first; }
+};
+
 /// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that need not
 /// look at the whole picture between them run tile by tile in one pass, unless there is a selection: then each is blended
 /// by it in turn. Any thread; throws nothing but what the control throws.
 /// \param stages makes them; may throw what HBStage::prepare may
+/// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be null
 ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
-                                         HBJobControl* control = nullptr);
+                                         HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

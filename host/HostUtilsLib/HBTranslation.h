@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "catalog_export.h"
+#include "hostutilslib_export.h"
 
 /// Lets a program of this tree speak the user's language as far as there are translations: those beside the program,
 /// installed or just built, and Qt's own. Once, before the first text is shown; needs a QCoreApplication.
-CATALOG_EXPORT void HBInstallTranslations();
+HOSTUTILSLIB_EXPORT void HBInstallTranslations();

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "catalog_export.h"
+#include "hostcorelib_export.h"
 
 #include <QByteArray>
 #include <QString>
 
 /// Writes a file whole or not at all: one that was there before stays if that fails. Any thread.
 /// \param reason why it failed, without the file's name
-CATALOG_EXPORT bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason);
+HOSTCORELIB_EXPORT bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason);

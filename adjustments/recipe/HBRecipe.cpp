@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBRecipe.h"
+
+#include "HBRecipeSteps.h"
+
+#include <HBSaveFile.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace
+{
+
+constexpr char Format[] = "adjustment-recipe";
+constexpr int Version = 1;
+// A recipe may be anybody's file: no recipe made by hand comes near these.
+constexpr int MaximumBytes = 16 << 20;
+constexpr int MaximumSteps = 1000;
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
+};
+
+bool Fail(QString* error, const QString& text)
+{
+    *error = text;
+    return false;
+}
+
+bool ReadStep(const QJsonValue& value, int index, HBRecipeStep* step, QString* error)
+{
+    if (!value.isObject())
+        return HBFailStep(error, index, {}, Text::tr("it is not an object"));
+    step->values = value.toObject();
+    const QJsonValue panel = step->values.take("panel");
+    if (!panel.isString() || panel.toString().isEmpty())
+        return HBFailStep(error, index, {}, Text::tr("it does not name its panel"));
+    step->panel = panel.toString();
+    std::any record;
+    return HBReadStep(*step, index, &record, error) != nullptr;
+}
+
+bool CheckHead(const QJsonObject& head, QString* error)
+{
+    if (head.value("format").toString() != QLatin1String(Format))
+        return Fail(error, Text::tr("This is not a recipe."));
+    const double version = head.value("version").toDouble();
+    if (version > Version) {
+        return Fail(error, Text::tr("The recipe has version %1; this program reads versions up to %2.")
+                               .arg(version)
+                               .arg(Version));
+    }
+    if (version != Version)
+        return Fail(error, Text::tr("The recipe has no valid version."));
+    return true;
+}
+
+} // namespace
+
+bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error)
+{
+    QJsonParseError problem;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
+    if (document.isNull()) {
+        return Fail(error,
+                    Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
+    }
+    const QJsonObject head = document.object();
+    if (!CheckHead(head, error))
+        return false;
+    const QJsonArray steps = head.value("steps").toArray();
+    if (steps.isEmpty())
+        return Fail(error, Text::tr("The recipe has no steps."));
+    if (steps.size() > MaximumSteps) {
+        return Fail(
+            error,
+            Text::tr("The recipe has %1 steps; at most %2 are allowed.").arg(steps.size()).arg(MaximumSteps));
+    }
+    HBRecipe read;
+    for (int i = 0; i < steps.size(); ++i) {
+        HBRecipeStep step;
+        if (!ReadStep(steps.at(i), i, &step, error))
+            return false;
+        read.steps.append(step);
+    }
+    *recipe = read;
+    return true;
+}
+
+QByteArray HBRecipe::ToJson() const
+{
+    QJsonArray array;
+    for (const HBRecipeStep& step : steps) {
+        QJsonObject object = step.values;
+        object.insert("panel", step.panel);
+        array.append(object);
+    }
+    const QJsonObject head{{"format", Format}, {"version", Version}, {"steps", array}};
+    return QJsonDocument(head).toJson();
+}
+
+bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
+{
+    auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
+    const QFileInfo info(path);
+    if (!info.exists())
+        return fail(Text::tr("There is no such file."));
+    if (!info.isFile())
+        return fail(Text::tr("This is not a file."));
+    if (info.size() == 0) // also one of the kernel's, which could be read for ever
+        return fail(Text::tr("The file is empty."));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(file.errorString());
+    const QByteArray json = file.read(MaximumBytes + 1);
+    if (file.error() != QFile::NoError)
+        return fail(file.errorString());
+    if (json.size() > MaximumBytes)
+        return fail(Text::tr("The file is too large to be a recipe."));
+    QString reason;
+    return FromJson(json, recipe, &reason) || fail(reason);
+}
+
+bool HBRecipe::Save(const QString& path, QString* error) const
+{
+    QString reason;
+    return HBSaveFile(path, ToJson(), &reason) || Fail(error, path + ": " + reason);
+}

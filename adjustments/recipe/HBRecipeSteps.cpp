@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBRecipeSteps.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
+};
+
+/// Names from a file are shown short and on one line.
+QString Shown(const QString& name)
+{
+    const QString line = name.simplified();
+    return line.size() > 60 ? line.left(60) + QChar(0x2026) : line;
+}
+
+} // namespace
+
+bool HBFailStep(QString* error, int index, const QString& panel, const QString& reason)
+{
+    *error = panel.isEmpty() ? Text::tr("Step %1: %2").arg(index + 1).arg(reason)
+                             : Text::tr("Step %1 (%2): %3").arg(QString::number(index + 1), Shown(panel), reason);
+    return false;
+}
+
+const HBAdjustment* HBReadStep(const HBRecipeStep& step, int index, std::any* record, QString* error)
+{
+    const HBAdjustment* adjustment = HBFindAdjustment(step.panel);
+    QString reason;
+    if (!adjustment)
+        reason = Text::tr("there is no such panel");
+    else if (adjustment->restore(step.values, record, &reason))
+        return adjustment;
+    HBFailStep(error, index, step.panel, reason);
+    return nullptr;
+}
