@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /// A photo as read from a file.
 struct HBPhoto
 {
@@ -21,6 +23,8 @@ struct HBPhoto
 struct HBPhotoOptions
 {
     int quality = 92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless
+    /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails instead.
+    std::function<bool()> mayWrite = {};
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.
