@@ -5,7 +5,7 @@
 #include <QString>
 
 /// From now on paths of any bytes go through QString and back unchanged: a byte that is not UTF-8 becomes a lone low
-/// surrogate, U+DC00 + byte. Where the locale has another encoding, Qt's own is kept. Once, after the QApplication is
+/// surrogate, U+DC00 + byte. Where the locale has another encoding, Qt's own is kept. Once, after the application is
 /// made and before other threads run.
 void HBKeepAllFileNames();
 

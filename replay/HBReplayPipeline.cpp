@@ -7,13 +7,13 @@
 #include <KMTileManager64.h>
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QFutureWatcher>
-#include <QtConcurrent>
+#include <QRunnable>
 #include <QThread>
-#include <QTimer>
 
+#include <chrono>
+#include <functional>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -23,32 +23,13 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(PanelReplay)
 };
 
-/// What a photo takes while it is read or written: as tiles and as Qt's picture.
+/// A signal handler cannot wake a thread.
+constexpr std::chrono::milliseconds glance{50};
+
+/// What a photo takes at most: before a pass, after it and as the source; or as tiles and as Qt's picture.
 qint64 BytesOf(const QSize& size)
 {
-    return size.isValid() ? qint64(size.width()) * size.height() * 8 : 0;
-}
-
-/// False: an interrupt came first.
-template <class Result>
-bool WaitFor(const QFuture<Result>& future)
-{
-    if (future.isFinished())
-        return !HBIsInterrupted();
-    constexpr int glance = 50; // ms; a signal handler cannot wake the event loop
-    QEventLoop loop;
-    QFutureWatcher<Result> watcher;
-    QTimer timer;
-    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&timer, &QTimer::timeout, &loop, [&loop] {
-        if (HBIsInterrupted())
-            loop.quit();
-    });
-    watcher.setFuture(future);
-    timer.start(glance);
-    while (!future.isFinished() && !HBIsInterrupted())
-        loop.exec();
-    return !HBIsInterrupted();
+    return size.isValid() ? qint64(size.width()) * size.height() * 12 : 0;
 }
 
 } // namespace
@@ -59,20 +40,26 @@ HBReplayPipeline::HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBR
     , m_Recipe(recipe)
     , m_Options(options)
     , m_Log(tasks.size())
-    , m_Ahead(qBound(2, QThread::idealThreadCount(), 8))
+    , m_AtOnce(qBound(2, QThread::idealThreadCount() + 1, 8)) // one may wait for the disk
 {
-    m_Pool.setMaxThreadCount(m_Ahead);
+    m_Pool.setMaxThreadCount(m_AtOnce);
 }
 
 int HBReplayPipeline::Run()
 {
-    for (ReadAhead(); !m_Reads.empty() && !HBIsInterrupted(); ReadAhead()) {
-        TakeRead();
-        while (!HBIsInterrupted() && !m_Writes.empty() && (int(m_Writes.size()) > m_Ahead || !HasRoomFor(0)))
-            FinishWrite();
+    std::unique_lock<std::mutex> lock(m_Mutex);
+    while (!HBIsInterrupted() && (m_Next < m_Tasks.size() || !m_Works.empty())) {
+        lock.unlock();
+        Start();
+        lock.lock();
+        if (!m_Works.empty() && m_Works.front()->done) {
+            Tell(*m_Works.front());
+            m_Works.pop_front();
+        } else {
+            m_Changed.wait_for(lock, glance);
+        }
     }
-    while (!m_Writes.empty() && !HBIsInterrupted())
-        FinishWrite();
+    lock.unlock();
     if (HBIsInterrupted()) {
         FinishInterrupted();
         m_Log.Message(Text::tr("interrupted; %1 of %2 photos were written").arg(m_Good).arg(m_Tasks.size()));
@@ -80,108 +67,94 @@ int HBReplayPipeline::Run()
     return m_Tasks.size() - m_Good;
 }
 
+/// As many photos as there is room for.
+void HBReplayPipeline::Start()
+{
+    while (m_Next < m_Tasks.size()) {
+        const HBReplayTask& task = m_Tasks[m_Next];
+        if (m_NextBytes < 0)
+            m_NextBytes = task.problem.isEmpty() ? BytesOf(HBPhotoSize(task.input)) : 0;
+        {
+            const std::lock_guard<std::mutex> lock(m_Mutex);
+            if (m_Running >= m_AtOnce || !HasRoomFor(m_NextBytes))
+                return;
+            ++m_Running;
+            m_Bytes += m_NextBytes;
+        }
+        ++m_Next;
+        const qint64 bytes = std::exchange(m_NextBytes, -1);
+        m_Works.push_back(std::make_shared<Work>(Work{task, bytes, {}, {}}));
+        m_Pool.start(QRunnable::create([this, work = m_Works.back()] {
+            Do(*work);
+            const std::lock_guard<std::mutex> lock(m_Mutex);
+            work->done = true;
+            --m_Running;
+            m_Bytes -= work->bytes;
+            m_Changed.notify_all();
+        }));
+    }
+}
+
 bool HBReplayPipeline::HasRoomFor(qint64 bytes) const
 {
-    return m_Bytes + bytes <= KMTileManager64::Instance().MemoryBudget() / 2;
+    return m_Running == 0 || m_Bytes + bytes <= KMTileManager64::Instance().MemoryBudget() / 2;
 }
 
-void HBReplayPipeline::ReadAhead()
+/// On a thread of its own.
+void HBReplayPipeline::Do(Work& work)
 {
-    while (m_Next < m_Tasks.size() && int(m_Reads.size()) < m_Ahead) {
-        const HBReplayTask task = m_Tasks[m_Next];
-        const qint64 bytes = task.problem.isEmpty() ? BytesOf(HBPhotoSize(task.input)) : 0;
-        if (!m_Reads.empty() && !HasRoomFor(bytes))
-            return;
-        ++m_Next;
-        m_Bytes += bytes;
-        const auto future = QtConcurrent::run(&m_Pool, [task, bytes] {
-            Read read{task, {}, {}, bytes};
-            if (HBIsInterrupted())
-                return read; // nobody wants it any more
-            if (task.problem.isEmpty())
-                HBReadPhoto(task.input, &read.photo, &read.error);
-            else
-                read.error = task.input + ": " + task.problem;
-            return read;
-        });
-        m_Reads.push_back({future, bytes});
-    }
-}
-
-void HBReplayPipeline::TakeRead()
-{
-    const Work<Read> work = m_Reads.front();
-    if (!WaitFor(work.future))
+    if (HBIsInterrupted())
+        return; // nobody wants it any more
+    const HBReplayTask& task = work.task;
+    if (!task.problem.isEmpty()) {
+        work.error = task.input + ": " + task.problem;
         return;
-    m_Reads.pop_front();
-    m_Bytes -= work.bytes;
-    Adjust(work.future.result());
-}
-
-void HBReplayPipeline::Adjust(const Read& read)
-{
-    QString error = read.error;
-    HBImage<> adjusted;
-    if (error.isEmpty()) {
-        try {
-            adjusted = HBApplyRecipe(read.photo.image, m_Recipe, &error, [](int) { return !HBIsInterrupted(); });
-        } catch (const std::bad_alloc&) {
-            error = Text::tr("there is not enough memory");
-        }
-        if (!error.isEmpty())
-            error = read.task.input + ": " + error;
+    }
+    HBPhoto photo;
+    if (!HBReadPhoto(task.input, &photo, &work.error))
+        return;
+    work.warnings = photo.warnings;
+    QString error;
+    try {
+        const HBImage<> source = std::exchange(photo.image, {});
+        photo.image = HBApplyRecipe(source, m_Recipe, &error, [](int) { return !HBIsInterrupted(); });
+    } catch (const std::bad_alloc&) {
+        error = Text::tr("there is not enough memory");
     }
     if (!error.isEmpty()) {
-        Finish(read.task.input, error, {});
-        return;
+        work.error = task.input + ": " + error;
+        work.warnings.clear();
+    } else if (!photo.image.IsEmpty()) { // else given up
+        HBPhotoOptions options = m_Options;
+        options.mayWrite = [this, &work] { return MaySave(work); };
+        HBWritePhoto(task.output, photo.image, options, &work.error, &work.warnings);
     }
-    if (adjusted.IsEmpty())
-        return; // given up
-    const auto saving = std::make_shared<std::atomic<bool>>(false);
-    HBPhotoOptions options = m_Options;
-    options.mayWrite = [saving] {
-        *saving = true; // before the question: FinishInterrupted() looks in the other order
-        return !HBIsInterrupted();
-    };
-    const auto future =
-        QtConcurrent::run(&m_Pool, [task = read.task, adjusted, options, told = read.photo.warnings] {
-            Written written{task.input, {}, told};
-            if (!HBIsInterrupted())
-                HBWritePhoto(task.output, adjusted, options, &written.error, &written.warnings);
-            return written;
-        });
-    m_Writes.push_back({future, read.bytes, saving});
-    m_Bytes += read.bytes;
 }
 
-void HBReplayPipeline::FinishWrite()
+bool HBReplayPipeline::MaySave(Work& work)
 {
-    if (!WaitFor(m_Writes.front().future))
-        return;
-    const Written written = m_Writes.front().future.result();
-    m_Bytes -= m_Writes.front().bytes;
-    m_Writes.pop_front();
-    Finish(written.input, written.error, written.warnings);
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    work.saving = true; // before the question: FinishInterrupted() looks in the other order
+    return !HBIsInterrupted();
 }
 
 void HBReplayPipeline::FinishInterrupted()
 {
-    for (const Work<Written>& work : m_Writes) {
-        if (!*work.saving)
-            continue;
-        const Written written = work.future.result(); // soon
-        if (written.error.isEmpty())
-            Finish(written.input, {}, written.warnings);
+    std::unique_lock<std::mutex> lock(m_Mutex);
+    for (const std::shared_ptr<Work>& work : m_Works) {
+        m_Changed.wait(lock, [&] { return work->done || !work->saving; }); // soon
+        if (work->done && work->saving && work->error.isEmpty())
+            Tell(*work);
     }
 }
 
-void HBReplayPipeline::Finish(const QString& input, const QString& error, const QStringList& warnings)
+void HBReplayPipeline::Tell(const Work& work)
 {
-    m_Log.FileDone(input);
-    for (const QString& warning : warnings)
-        m_Log.Message(input + ": " + warning);
-    if (error.isEmpty())
+    m_Log.FileDone(work.task.input);
+    for (const QString& warning : work.warnings)
+        m_Log.Message(work.task.input + ": " + warning);
+    if (work.error.isEmpty())
         ++m_Good;
     else
-        m_Log.Message(error);
+        m_Log.Message(work.error);
 }

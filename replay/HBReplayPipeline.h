@@ -8,67 +8,59 @@
 #include <HBPhotoFile.h>
 #include <HBRecipe.h>
 
-#include <QFuture>
 #include <QThreadPool>
 
-#include <atomic>
+#include <condition_variable>
 #include <deque>
 #include <memory>
+#include <mutex>
 
-/// Adjusts many photos: while one is adjusted on the GUI thread, the next ones are read and the last ones written on
-/// threads of their own. No more photos are in memory at once than a few a core, and no more than fit into half of the
-/// tiles' memory budget, but for one.
+/// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the adjusting
+/// with the global pool. No more photos are in memory at once than there are cores, and one, and no more than fit into
+/// half of the tiles' memory budget, but for one.
 class HBReplayPipeline
 {
 public:
     HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBRecipe& recipe, const HBPhotoOptions& options);
 
-    /// The number of photos that were not written. After an interrupt it ends at once, though threads may still read
-    /// or encode: what has begun to go to the disk is whole, nothing else will go there. GUI thread, runs an event
-    /// loop.
+    /// The number of photos that were not written; messages come in the order of the tasks. After an interrupt it ends
+    /// at once, though threads may still read, adjust or encode: what has begun to go to the disk is whole, nothing else
+    /// will go there.
     int Run();
 
 private:
-    struct Read
-    {
-        HBReplayTask task;
-        HBPhoto photo;
-        QString error;
-        qint64 bytes;
-    };
-    struct Written
-    {
-        QString input;
-        QString error;
-        QStringList warnings;
-    };
-
-    /// What is under way on another thread, and what it takes meanwhile.
-    template <class Result>
+    /// A photo from when its thread is started until its messages are told.
     struct Work
     {
-        QFuture<Result> future;
+        HBReplayTask task;
         qint64 bytes;
-        std::shared_ptr<std::atomic<bool>> saving = {}; ///< of a write: it goes to the disk
+        QString error;
+        QStringList warnings;
+        bool saving = false; ///< it goes to the disk
+        bool done = false;
     };
 
+    void Start();
     bool HasRoomFor(qint64 bytes) const;
-    void ReadAhead();
-    void TakeRead();
-    void Adjust(const Read& read);
-    void FinishWrite();
+    void Do(Work& work);
+    bool MaySave(Work& work);
     void FinishInterrupted();
-    void Finish(const QString& input, const QString& error, const QStringList& warnings);
+    void Tell(const Work& work);
 
     const QVector<HBReplayTask> m_Tasks;
     const HBRecipe m_Recipe;
     const HBPhotoOptions m_Options;
     HBReplayLog m_Log;
-    const int m_Ahead;  ///< photos read ahead, and as many waiting to be written
-    int m_Next = 0;     ///< task to read next
-    int m_Good = 0;     ///< photos written
-    qint64 m_Bytes = 0; ///< what the photos of both queues take
-    std::deque<Work<Read>> m_Reads;
-    std::deque<Work<Written>> m_Writes;
-    QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the jobs need
+    const int m_AtOnce;
+    int m_Next = 0;                            ///< task to start next
+    int m_Good = 0;                            ///< photos written
+    std::deque<std::shared_ptr<Work>> m_Works; ///< in the order of the tasks
+
+    std::mutex m_Mutex;
+    std::condition_variable m_Changed;
+    // These, and `saving` and `done` of each work, are guarded by the mutex.
+    int m_Running = 0;
+    qint64 m_Bytes = 0; ///< what the photos at work take
+
+    QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the adjustments need
 };

@@ -7,7 +7,7 @@
 #include "HBInterrupt.h"
 #include "HBReplayLog.h"
 
-#include <HBPanelCatalog.h>
+#include <HBAdjustment.h>
 #include <HBRecipe.h>
 
 #include <QCoreApplication>
@@ -48,19 +48,19 @@ HBContact Contact(const HBImage<>& image, const QString& label)
     return {thumbnail, label};
 }
 
-/// Writes the photo adjusted as the panel's demonstration does it. False, with the error set, if that failed.
-bool Demonstrate(const HBPanelEntry& panel, const HBImage<>& image, const QString& path,
+/// Writes the photo adjusted as the adjustment's demonstration does it. False, with the error set, if that failed.
+bool Demonstrate(const HBAdjustment& adjustment, const HBImage<>& image, const QString& path,
                  const HBReplayTarget& target, const HBPhotoOptions& options, QVector<HBContact>* contacts,
                  QString* error)
 {
     try {
         HBRecipe recipe;
-        if (!HBRecipe::Load(QString(":/recipes/%1.json").arg(panel.className), &recipe, error))
+        if (!HBRecipe::Load(QString(":/recipes/%1.json").arg(adjustment.className), &recipe, error))
             return false;
         const HBImage<> adjusted = HBApplyRecipe(image, recipe, error, [](int) { return !HBIsInterrupted(); });
         if (adjusted.IsEmpty() || !Write(path, adjusted, target, options, error))
             return false;
-        contacts->append(Contact(adjusted, panel.Title()));
+        contacts->append(Contact(adjusted, adjustment.Title()));
         return true;
     } catch (const std::bad_alloc&) {
         *error = path + ": " + Text::tr("there is not enough memory");
@@ -82,13 +82,13 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
         HBPrintError(photo + ": " + warning);
     int failed = 0;
     QVector<HBContact> contacts{Contact(original.image, Text::tr("Original"))};
-    HBReplayLog log(HBPanelCatalog().size());
-    for (const HBPanelEntry& panel : HBPanelCatalog()) {
+    HBReplayLog log(HBAdjustments().size());
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
         if (HBIsInterrupted())
             return failed + 1;
         error.clear();
-        const QString path = target.PathFor(photo, QString("-") + panel.className);
-        if (Demonstrate(panel, original.image, path, target, options, &contacts, &error)) {
+        const QString path = target.PathFor(photo, QString("-") + adjustment.className);
+        if (Demonstrate(adjustment, original.image, path, target, options, &contacts, &error)) {
             log.FileDone(path);
         } else if (HBIsInterrupted()) {
             return failed + 1;

@@ -10,16 +10,15 @@
 #include "HBReplayPlan.h"
 #include "HBReplaySheet.h"
 
-#include <HBPanelCatalog.h>
+#include <HBAdjustment.h>
 #include <HBTranslation.h>
 #include <KMImageFileManager.h>
-
 #include <KMTheme.h>
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 
 #include <clocale>
 #include <csignal>
@@ -53,7 +52,7 @@ void UseUtf8WithoutLocale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
-/// While QApplication starts, Qt looks for the folder of a display's session and warns where there is none, as under
+/// While QGuiApplication starts, Qt looks for the folder of a display's session and warns where there is none, as under
 /// cron: nothing that this program needs.
 void PrintNoWarnings(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
@@ -112,8 +111,9 @@ bool ReadOptions(const QCommandLineParser& parser, HBReplayTarget* target, HBPho
 
 int List()
 {
-    for (const HBPanelEntry& panel : HBPanelCatalog()) {
-        const QStringList columns{panel.className, panel.tag ? panel.tag : "-", panel.Group(), panel.Title()};
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        const QStringList columns{adjustment.className, adjustment.tag ? adjustment.tag : "-", adjustment.Group(),
+                                  adjustment.Title()};
         std::puts(qPrintable(columns.join('\t')));
     }
     return Done;
@@ -163,12 +163,12 @@ int main(int argc, char* argv[])
     std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit fails by itself, not the whole batch
     UseUtf8WithoutLocale();
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Without the arguments: QApplication would take some of them for its own.
+    // Without the arguments: QGuiApplication would take some of them for its own.
     char name[] = "panel-replay";
     char* nameOnly[] = {name, nullptr};
     int count = 1;
     qInstallMessageHandler(PrintNoWarnings);
-    QApplication application(count, nameOnly);
+    QGuiApplication application(count, nameOnly);
     qInstallMessageHandler(nullptr);
     application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
     HBKeepAllFileNames();
