@@ -82,6 +82,10 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
         if (m_pSession)
             m_pSession->Reject();
     });
+    connect(m_pFrame, &HBPanelFrame::Confirmed, this, [this] {
+        if (m_pSession)
+            m_pSession->Accept();
+    });
     qApp->installEventFilter(this); // the keys that show the photo as it was work from a panel's dialog too
     resize(QSize(1100, 760).boundedTo(screen()->availableSize() * 9 / 10));
     ReadSettings();
@@ -125,6 +129,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
         if (m_pSession && m_pSession->Widget())
             m_pFrame->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+        ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
             [this](const QAction* action) { OpenPanel(HBPanelCatalog().at(action->data().toInt())); });
@@ -281,6 +286,8 @@ void HBEditorWindow::ShowDocument()
     // With a panel "before" is without its adjustment, else the photo as it was opened.
     m_pBeforeAfter->SetBefore(panel ? m_Document.Image() : m_Document.Original());
 
+    m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
+
     setWindowTitle(open ? tr("%1[*] – Panel Editor").arg(m_Document.FileName()) : tr("Panel Editor"));
     setWindowModified(m_Document.IsModified());
     m_pSizeLabel->setText(open ? tr("%1 × %2").arg(m_Document.Image().Width()).arg(m_Document.Image().Height())
@@ -369,6 +376,14 @@ void HBEditorWindow::dropEvent(QDropEvent* event)
         if (!path.isEmpty())
             Open(path);
     });
+}
+
+/// A docked panel and the photo are one window: its OK and Cancel keys work there too.
+void HBEditorWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool inPhoto = m_pSession && m_pActions->docked->isChecked() && m_pView->hasFocus();
+    if (!inPhoto || !m_pFrame->TakeKey(event))
+        QMainWindow::keyPressEvent(event);
 }
 
 bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)

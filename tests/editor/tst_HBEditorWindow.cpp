@@ -22,6 +22,7 @@
 #include <QSpinBox>
 #include <QTimer>
 
+#include <algorithm>
 #include <memory>
 #include <thread>
 
@@ -238,6 +239,102 @@ private Q_SLOTS:
         const QPointer<HBAdjustmentWidget> panel = window->Session()->Panel();
         window.reset();
         QVERIFY(!panel);
+    }
+
+    void tabReachesAllControls_data() {
+        HBColumns<QString, bool>("panel", "moved"); // moved: from one arrangement to the other while it is open
+        for (const char* panel : {"HBBrightnessContrastWidget", "HBLevelsWidget", "HBWatermarkWidget"}) {
+            QTest::addRow("%s", panel) << panel << false;
+            QTest::addRow("%s, moved", panel) << panel << true;
+        }
+    }
+    /// Round a docked panel and the rest of the window, and back to where it began.
+    void tabReachesAllControls() {
+        QFETCH(QString, panel);
+        QFETCH(bool, moved);
+        HBEditorWindow window(false);
+        window.show();
+        window.Actions()->docked->setChecked(!moved);
+        QVERIFY(window.Open(Photo("a.png")));
+        QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
+        if (moved) window.Actions()->docked->setChecked(true);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCoreApplication::processEvents();
+        QWidgetList left = window.Session()->Widget()->findChildren<QWidget*>();
+        left.erase(std::remove_if(left.begin(), left.end(),
+                                  [](const QWidget* widget) {
+                                      return !(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() ||
+                                             !widget->isEnabled() || widget->focusProxy() ||
+                                             qobject_cast<QAbstractSpinBox*>(widget->parentWidget());
+                                  }),
+                   left.end());
+        QWidget* first = window.focusWidget();
+        QVERIFY(left.contains(first));
+        for (int i = 0; i < 60; ++i) {
+            left.removeOne(window.focusWidget());
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            if (window.focusWidget() == first) break;
+        }
+        QCOMPARE(window.focusWidget(), first);
+        QVERIFY2(left.isEmpty(), qPrintable(left.value(0) ? left.value(0)->objectName() : QString()));
+    }
+
+    void returnAndEscape_data() {
+        HBColumns<QString, QString, bool, int, bool>("panel", "control", "moved", "key", "applied");
+        struct Row {
+            const char* panel;
+            const char* control; // none: the photo
+            int key;
+            bool applied;
+        };
+        const Row rows[] = {{"HBLevelsWidget", "m_pLowInput", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "m_pChannel", Qt::Key_Enter, true},
+                            {"HBLevelsWidget", "m_pInputSlider", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "m_pLowInput", Qt::Key_Escape, false},
+                            {"HBLevelsWidget", "m_pChannel", Qt::Key_Escape, false},
+                            {"HBWatermarkWidget", "m_pText", Qt::Key_Return, true},
+                            {"HBWatermarkWidget", "m_pText", Qt::Key_Escape, false},
+                            {"HBWatermarkWidget", "", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "", Qt::Key_Escape, false}};
+        for (const Row& row : rows) {
+            // As it opens, and docked or undocked while it is open.
+            for (const bool moved : {false, true}) {
+                const bool undocked = moved && *row.control;
+                QTest::addRow("%s %s %x %d", row.panel, row.control, row.key, moved)
+                    << row.panel << row.control << undocked << row.key << row.applied;
+            }
+        }
+    }
+    void returnAndEscape() {
+        QFETCH(QString, panel);
+        QFETCH(QString, control);
+        QFETCH(bool, moved);
+        QFETCH(int, key);
+        QFETCH(bool, applied);
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(Photo("a.png")));
+        window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
+        QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
+        if (moved) window.Actions()->docked->setChecked(false);
+        QWidget* content = window.Session()->Widget();
+        content->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(content->window()));
+        QCoreApplication::processEvents();
+        auto* widget = control.isEmpty() ? window.View() : content->findChild<QWidget*>(control);
+        widget->setFocus();
+        if (control == "m_pLowInput") {
+            qobject_cast<QSpinBox*>(widget)->selectAll();
+            QTest::keyClicks(widget, "30"); // younger than the debounce
+        }
+        QTest::keyClick(widget, Qt::Key(key));
+        QTRY_VERIFY(!window.Session());
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(window.Document().IsModified(), applied);
+        if (control == "m_pLowInput" && applied)
+            QVERIFY(window.Document().Image().PixelAt(9, 9) == HBRGBA32i(0, 0, 79)); // what was typed, not Auto
+        QVERIFY(!window.SelectionTool()->Shape().IsNone());
     }
 
     void keys() {
