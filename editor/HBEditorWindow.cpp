@@ -4,9 +4,11 @@
 
 #include "HBAppearance.h"
 #include "HBBeforeAfter.h"
+#include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
 #include "HBPanelFrame.h"
+#include "HBSamePixels.h"
 #include "HBSelectionTool.h"
 
 #include <HBAdjustmentWidget.h>
@@ -236,10 +238,26 @@ void HBEditorWindow::DropPanel()
     m_pView->setFocus();
 }
 
+/// Whether the open panel makes the view show another picture than the photo. Some panels do as they open.
+bool HBEditorWindow::IsPanelSeen()
+{
+    const HBImage<> shown = m_pView->Picture();
+    const HBImage<> photo = m_Document.Image();
+    bool same = false;
+    HBBusyDialog::Run(tr("Looking for changes"), this, [&] {
+        try {
+            same = HBHaveSamePixels(shown, photo);
+        } catch (const std::bad_alloc&) {
+            // then they count as different, and the user is asked
+        }
+    });
+    return !same;
+}
+
 /// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
 bool HBEditorWindow::MayLeavePanel()
 {
-    if (m_pSession && !m_pSession->IsChanged())
+    if (m_pSession && !m_pSession->IsChanged() && !IsPanelSeen())
         DropPanel();
     if (!m_pSession)
         return true;
