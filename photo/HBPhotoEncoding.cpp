@@ -8,7 +8,9 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace
 {
@@ -150,15 +152,11 @@ int QualityOfVp8(const QByteArray& file, qint64 frame)
     }
     bits.Number(2); // partitions
     const int base = bits.Number(7);
-    // The encoder spreads the segments about its quality. The mean, for whoever saves often; not the best, which grows.
-    double quantizer = base;
-    if (segmented) {
-        quantizer = absolute ? 0 : base;
-        for (const int segment : segments)
-            quantizer += segment / 4.0;
-    }
+    // libwebp spreads its four segments about the quality, more to the coarse side: the second finest is next to it.
+    std::sort(std::begin(segments), std::end(segments));
+    const int quantizer = !segmented ? base : absolute ? segments[1] : base + segments[1];
     // libwebp takes the cube root of a quality that it has bent at three quarters.
-    const double bent = std::pow(1 - qBound(0.0, quantizer, 127.0) / 127, 3);
+    const double bent = std::pow(1 - qBound(0, quantizer, 127) / 127.0, 3);
     const double quality = bent < 0.5 ? bent * 1.5 : (bent + 1) / 2;
     return qBound(0, int(std::lround(100 * quality)), 99);
 }
