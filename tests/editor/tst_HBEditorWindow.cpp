@@ -511,23 +511,25 @@ private Q_SLOTS:
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QCoreApplication::processEvents();
-        QWidgetList left = window.Session()->Widget()->findChildren<QWidget*>();
-        left.erase(std::remove_if(left.begin(), left.end(),
-                                  [](const QWidget* widget) {
-                                      return !(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() ||
-                                             !widget->isEnabled() || widget->focusProxy() ||
-                                             qobject_cast<QAbstractSpinBox*>(widget->parentWidget());
-                                  }),
-                   left.end());
-        QWidget* first = window.focusWidget();
-        QVERIFY(left.contains(first));
-        for (int i = 0; i < 60; ++i) {
-            left.removeOne(window.focusWidget());
-            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-            if (window.focusWidget() == first) break;
+        QWidgetList controls = window.Session()->Widget()->findChildren<QWidget*>();
+        controls.erase(std::remove_if(controls.begin(), controls.end(),
+                                      [](const QWidget* widget) {
+                                          return !(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() ||
+                                                 !widget->isEnabled() || widget->focusProxy();
+                                      }),
+                       controls.end());
+        QWidget* const first = window.focusWidget();
+        QVERIFY(controls.contains(first));
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            QWidgetList left = controls;
+            int steps = 0;
+            do {
+                left.removeOne(window.focusWidget());
+                QTest::keyClick(window.focusWidget(), key);
+            } while (window.focusWidget() != first && ++steps < 60); // a slider's handles are a step each
+            QCOMPARE(window.focusWidget(), first);
+            QVERIFY2(left.isEmpty(), qPrintable(left.value(0) ? left.value(0)->objectName() : QString()));
         }
-        QCOMPARE(window.focusWidget(), first);
-        QVERIFY2(left.isEmpty(), qPrintable(left.value(0) ? left.value(0)->objectName() : QString()));
     }
 
     void returnAndEscape_data() {
