@@ -135,13 +135,18 @@ bool Decode(QByteArray bytes, QImage* image, HBPhoto* photo, QString* reason)
         return Fail(reason, Text::tr("this is not a photo of a known format"));
     if (!CheckSize(reader.size(), reason))
         return false;
-    const int pages = reader.imageCount();
+    HBPhotoEncoding encoding = HBReadEncoding(bytes, photo->format);
+    encoding.pages = qMax(encoding.pages, reader.imageCount());
+    encoding.isAnimated |= encoding.pages > 1 && reader.supportsAnimation();
     if (!ReadKeepingRemarks(&reader, image, &photo->warnings))
         return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(reader.errorString()));
-    if (pages > 1)
-        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(pages));
-    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16)
+    if (encoding.pages > 1)
+        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(encoding.pages));
+    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16) {
         photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        encoding.bitsPerChannel = qMax(16, encoding.bitsPerChannel);
+    }
+    photo->encoding = encoding;
     return true;
 }
 
@@ -250,10 +255,15 @@ bool Encode(const QImage& pixels, const QString& suffix, const HBPhotoOptions& o
             reason,
             Text::tr("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
     }
+    const bool overSame = options.encoding.format == HBFormatOfName("." + suffix);
+    if (suffix == "jpg" || suffix == "jpeg") {
+        return HBWriteJpeg(pixels, overSame ? options.encoding.jpeg : HBJpegCoding(), options.quality, bytes,
+                           reason);
+    }
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
-    if (suffix == "jpg" || suffix == "jpeg" || suffix == "webp") // for PNG it would mean "do not compress"
-        writer.setQuality(qBound(0, options.quality, 100));
+    if (suffix == "webp") // for PNG it would mean "do not compress"
+        writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
     return writer.write(pixels) || Fail(reason, writer.errorString());
 }
 
@@ -302,7 +312,7 @@ QSize HBPhotoSize(const QString& path)
 }
 
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
-                  QStringList* warnings)
+                  QStringList* warnings, HBPhotoEncoding* written)
 {
     QStringList unheard;
     QStringList* told = warnings ? warnings : &unheard;
@@ -318,6 +328,10 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         if (!Encode(pixels, suffix, options, &bytes, reason))
             return false;
         bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
-        return HBSaveFile(path, bytes, reason);
+        if (!HBSaveFile(path, bytes, reason))
+            return false;
+        if (written)
+            *written = HBReadEncoding(bytes, HBFormatOfName(path));
+        return true;
     });
 }
