@@ -33,7 +33,8 @@ bool IsWholeBmp(const QByteArray& file)
     const qint64 rows = qAbs(qint64(qint32(numbers.At(22, 4)))); // negative: from top to bottom
     const qint64 compression = numbers.At(30, 4);
     const bool isPlain = numbers.At(14, 4) >= 40 && (compression == 0 || compression == 3);
-    return file.size() >= 54 && (!isPlain || numbers.At(10, 4) + rows * stride <= file.size());
+    // Divided, not multiplied: a header may ask for more bytes than a number can count.
+    return file.size() >= 54 && (!isPlain || stride == 0 || rows <= (file.size() - numbers.At(10, 4)) / stride);
 }
 
 /// From block to block (GIF89a) to the trailer.

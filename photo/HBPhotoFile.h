@@ -11,6 +11,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /// A photo as read from a file.
 struct HBPhoto
 {
@@ -27,6 +29,8 @@ struct HBPhotoOptions
         92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless; a JPEG from 90 on keeps full colours
     /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality` says.
     HBPhotoEncoding encoding = {};
+    /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails instead.
+    std::function<bool()> mayWrite = {};
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.
