@@ -154,6 +154,8 @@ HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString*
     if (!plan.Read(recipe, error))
         return {};
     Thousandths thousandths(control, plan);
+    if (HBIsCancelled(control))
+        return {};
     HBStageSpan failed;
     const HBOutcome outcome = HBRunStages(
         target, [&] { return plan.MakeStages(target.bounds.isValid()); }, &thousandths, &failed);

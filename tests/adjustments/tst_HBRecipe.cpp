@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "../HBLostTiles.h"
+#include "HBRunTest.h"
 #include "HBTestImages.h"
-#include "HBTestMain.h"
+#include "HBTestRecords.h"
 
-#include <HBBrightnessContrastWidget.h>
-#include <HBPanelCatalog.h>
-#include <HBRecipe.h>
-#include <HBSignWidget.h>
+#include <HBBrightnessContrast.h>
+#include <HBPictureCorrection.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QScopeGuard>
 #include <QThreadPool>
 
-#include <memory>
+#include <thread>
 
 namespace {
 
@@ -30,21 +30,12 @@ constexpr char frozen[] = "{\n"
                           "}\n";
 
 HBRecipeStep Step(int brightness, int contrast) {
-    HBBrightnessContrastWidget panel(false, nullptr, {});
-    HBBrightnessContrastWidget::Params params;
-    params.brightness = brightness;
-    params.contrast = contrast;
-    panel.SetValue(params);
-    return {"HBBrightnessContrastWidget", HBFindPanel("HBBrightnessContrastWidget")->save(panel)};
+    return HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"),
+                    HBBrightnessContrastParams{brightness, contrast});
 }
 
-/// The picture as a user sees it who opens the panel with these values.
 HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast) {
-    HBBrightnessContrastWidget panel(true, nullptr, {});
-    HBFindPanel("HBBrightnessContrastWidget")->restore(panel, Step(brightness, contrast).values, nullptr);
-    QSignalSpy ready(&panel, &HBAdjustmentWidget::ImageReady);
-    panel.SetImage(image, {}, {}, {});
-    return ready.wait() ? panel.AdjustedImage() : HBImage<>();
+    return HBAdjust(HBBrightnessContrastParams{brightness, contrast}, {image, {}, {}, {}}).image;
 }
 
 /// The frozen recipe with one thing changed.
@@ -171,58 +162,73 @@ private Q_SLOTS:
         QString error;
         QVERIFY(HBApplyRecipe(HBTestRamp(10, 10), {{Step(1, 1), {"HBFoo", {}}}}, &error).IsEmpty());
         QCOMPARE(error, QString("Step 2 (HBFoo): there is no such panel"));
-        int calls = 0;
         const HBRecipe recipe{{Step(10, -20), Step(-60, 70), Step(1, 1)}};
-        QVERIFY(HBApplyRecipe(HBTestRamp(600, 600), recipe, &error, [&](int) { return ++calls < 2; }).IsEmpty());
-        QCOMPARE(error, QString());
+        for (const int last : {1, 2}) {
+            int calls = 0;
+            const auto thread = std::this_thread::get_id();
+            bool elsewhere = false;
+            const HBImage<> result = HBApplyRecipe(HBTestRamp(600, 600), recipe, &error, [&](int) {
+                elsewhere = elsewhere || std::this_thread::get_id() != thread;
+                return ++calls < last;
+            });
+            QVERIFY(result.IsEmpty() && !elsewhere);
+            QCOMPARE(calls, last);
+            QCOMPARE(error, QString());
+        }
     }
 
-    void OverlaysAreDrawn() {
-        const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
-        std::unique_ptr<HBAdjustmentWidget> panel(entry->create(true, nullptr));
-        HBRecipe recipe;
-        recipe.steps = {Step(10, -20), {"HBWatermarkWidget", entry->save(*panel)}};
-        const HBImage<> image = HBTestRamp(600, 400);
+    /// Whichever pass fails, its steps are named.
+    void WithoutMemory() {
         QString error;
-        const HBImage<> result = HBApplyRecipe(image, recipe, &error);
-        QCOMPARE(error, QString());
-        // Drawn by values that were taken before the panel was gone, over the first step's result.
-        const HBOverlayDrawing draw = entry->draw(*panel);
-        panel.reset();
-        const HBImage<> expected = draw(ByHand(image, 10, -20), &error);
-        QCOMPARE(result.ToQImage(), expected.ToQImage());
-        QVERIFY(result.ToQImage() != ByHand(image, 10, -20).ToQImage());
+        HBRecipe recipe{{Step(10, -20), Step(-60, 70)}};
+        const HBImage<> image = HBTestRamp(600, 600);
+        QVERIFY(HBLoseTiles());
+        QVERIFY(HBApplyRecipe(image, recipe, &error).IsEmpty());
+        QCOMPARE(error, QString("Steps 1 (HBBrightnessContrastWidget) to 2 (HBBrightnessContrastWidget): there is "
+                                "not enough memory"));
+        // Which looks at the picture first.
+        const HBAdjustment& correction = *HBFindAdjustment("HBWBWidget");
+        recipe.steps = {HBStepOf(correction, HBPictureCorrectionParams())};
+        QVERIFY(HBApplyRecipe(image, recipe, &error).IsEmpty());
+        QCOMPARE(error, QString("Step 1 (HBWBWidget): there is not enough memory"));
     }
 
-    void AnOverlayThatCannotBeDrawnIsNamed() {
-        HBSignWidget panel(nullptr, {});
-        HBSignWidget::Params params;
-        params.fileName = "/no/such/logo.png";
-        panel.SetValue(params);
-        HBRecipe recipe;
-        recipe.steps = {Step(10, -20), {"HBSignWidget", HBFindPanel("HBSignWidget")->save(panel)}};
+    void OfASelection() {
+        const HBTarget target = HBTestTarget({300, 260}, true);
+        struct : HBJobControl {
+            void SetRange(int minimum, int maximum) override {
+                told += QString("%1..%2").arg(minimum).arg(maximum);
+            }
+            void SetProgress(int value) override { values.append(value); }
+            QString told;
+            QVector<int> values;
+        } control;
         QString error;
-        QVERIFY(HBApplyRecipe(HBTestRamp(20, 20), recipe, &error).IsEmpty());
-        QCOMPARE(error,
-                 QString("Step 2 (HBSignWidget): The stamp /no/such/logo.png cannot be read: there is no such "
-                         "file"));
+        const HBImage<> result = HBApplyRecipe(target, {{Step(10, -20), Step(-60, 70)}}, &error, &control);
+        HBTarget next = target;
+        next.source = HBAdjust(HBBrightnessContrastParams{10, -20}, target).image;
+        QCOMPARE(result.ToQImage(), HBAdjust(HBBrightnessContrastParams{-60, 70}, next).image.ToQImage());
+        QCOMPARE(control.told, QString("0..1000"));
+        QVERIFY(std::is_sorted(control.values.begin(), control.values.end()));
+        QCOMPARE(control.values.last(), 1000);
     }
 
     /// Where Qt would reserve memory for as many names of a font as the file says that there are.
     void ABrokenFontIsRefused() {
-        const HBPanelEntry* entry = HBFindPanel("HBWatermarkWidget");
-        const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(false, nullptr));
-        const QJsonObject values = entry->save(*panel);
-        const QByteArray record = QByteArray::fromBase64(values["record"].toString().toLatin1());
+        const HBAdjustment* const watermark = HBFindAdjustment("HBWatermarkWidget");
+        QVERIFY(watermark);
+        const QByteArray record =
+            QByteArray::fromBase64(watermark->save(watermark->defaults)["record"].toString().toLatin1());
         for (int at = 19; at + 4 <= record.size(); ++at) {
             QByteArray hostile = record;
             hostile.replace(at, 4, QByteArray::fromHex("7fffffff"));
+            std::any read;
             QString reason;
-            if (!entry->restore(*panel, {{"record", QString::fromLatin1(hostile.toBase64())}}, &reason))
+            if (!watermark->restore({{"record", QString::fromLatin1(hostile.toBase64())}}, &read, &reason))
                 QVERIFY(!reason.isEmpty());
         }
     }
 };
 
-HB_TEST_MAIN(tst_HBRecipe)
+HB_TEST_MAIN_WITHOUT_APPLICATION(tst_HBRecipe)
 #include "tst_HBRecipe.moc"

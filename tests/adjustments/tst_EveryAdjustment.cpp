@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBRunTest.h"
+#include "HBTestImages.h"
+#include "HBTestRecords.h"
+
+#include <QJsonArray>
+
+#include <atomic>
+#include <cmath>
+#include <set>
+#include <thread>
+
+namespace {
+
+QJsonObject WithRecord(const QByteArray& record) { return {{"record", QString::fromLatin1(record.toBase64())}}; }
+
+QByteArray RecordOf(const QJsonObject& values) {
+    return QByteArray::fromBase64(values["record"].toString().toLatin1());
+}
+
+/// Needs an application object to lay out its text.
+bool IsText(const HBAdjustment& adjustment) { return qstrcmp(adjustment.className, "HBWatermarkWidget") == 0; }
+
+QVector<const HBAdjustment*> WithoutText() {
+    QVector<const HBAdjustment*> list;
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        if (!IsText(adjustment)) list.append(&adjustment);
+    }
+    return list;
+}
+
+/// Through a recipe, in as few passes as go.
+QImage InOnePass(const QVector<HBRecipeStep>& steps, const HBTarget& target) {
+    QString error;
+    const HBImage<> result = HBApplyRecipe(target, {steps}, &error, nullptr);
+    if (!error.isEmpty()) qWarning("%s", qPrintable(error));
+    return result.ToQImage();
+}
+
+QImage StepAfterStep(const QVector<HBRecipeStep>& steps, HBTarget target) {
+    for (const HBRecipeStep& step : steps) {
+        const HBAdjustment& adjustment = *HBFindAdjustment(step.panel);
+        std::any record;
+        QString reason;
+        if (!adjustment.restore(step.values, &record, &reason)) qWarning("%s", qPrintable(reason));
+        target.source = HBRun(adjustment, record, target).image;
+    }
+    return target.source.ToQImage();
+}
+
+/// Cancels when it is told the first progress.
+class Impatient : public HBJobControl {
+public:
+    void SetProgress(int) override {
+        ++m_Told;
+        Cancel();
+    }
+    int m_Told = 0;
+};
+
+} // namespace
+
+/// What holds for every adjustment there is.
+class tst_EveryAdjustment : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void Rows_data() {
+        QTest::addColumn<QString>("name");
+        QVERIFY(!HBAdjustments().isEmpty());
+        for (const HBAdjustment& adjustment : HBAdjustments())
+            QTest::newRow(adjustment.className) << QString(adjustment.className);
+    }
+    void Rows() {
+        QFETCH(QString, name);
+        const HBAdjustment* adjustment = HBFindAdjustment(name);
+        QVERIFY(adjustment);
+        QVERIFY(!adjustment->Group().isEmpty() && !adjustment->Title().isEmpty());
+        int same = 0; // as this one, itself included
+        for (const HBAdjustment& other : HBAdjustments())
+            same += name == other.className || (adjustment->tag && qstrcmp(adjustment->tag, other.tag) == 0);
+        QCOMPARE(same, 1);
+        QVERIFY(!HBFindAdjustment(name + "x"));
+    }
+
+    void Fields_data() { Rows_data(); }
+    void Fields() {
+        QFETCH(QString, name);
+        const HBAdjustment& adjustment = *HBFindAdjustment(name);
+        std::set<QString> keys;
+        for (const HBFieldInfo& field : adjustment.fields) {
+            QVERIFY2(keys.insert(field.key).second, qPrintable(field.key));
+            std::any record = adjustment.defaults, other = HBHostileRecord(adjustment, 1);
+            void* const data = adjustment.mutableData(record);
+            const QVariant value = field.get(data), changed = field.get(adjustment.data(other));
+            field.set(data, changed);
+            QVERIFY2(field.get(data) == changed || field.key.isEmpty(), qPrintable(field.key));
+            for (const HBFieldInfo& another : adjustment.fields) {
+                if (another.key != field.key)
+                    QCOMPARE(another.get(data), another.get(adjustment.data(adjustment.defaults)));
+            }
+            field.set(data, value);
+            QCOMPARE(adjustment.save(record), adjustment.save(adjustment.defaults));
+            if (field.type != HBFieldInfo::Number) continue;
+            const HBRange& range = field.range;
+            QVERIFY2(range.minimum < range.maximum, qPrintable(field.key));
+            QVERIFY2(value.toDouble() >= range.minimum && value.toDouble() <= range.maximum,
+                     qPrintable(field.key));
+            QVERIFY2(std::isnan(range.neutral) ||
+                         (range.neutral >= range.minimum && range.neutral <= range.maximum),
+                     qPrintable(field.key));
+        }
+    }
+
+    void RecordsSurvive_data() { Rows_data(); }
+    void RecordsSurvive() {
+        QFETCH(QString, name);
+        const HBAdjustment& adjustment = *HBFindAdjustment(name);
+        QRandomGenerator random(7);
+        for (int i = 0; i < 20; ++i) {
+            const QJsonObject saved =
+                adjustment.save(i > 0 ? HBRandomRecord(adjustment, random) : adjustment.defaults);
+            std::any record;
+            QString reason;
+            QVERIFY2(adjustment.restore(saved, &record, &reason), qPrintable(reason));
+            // Levels derive one of their fields anew; what has been read once stays as it is.
+            const QJsonObject read = adjustment.save(record);
+            QVERIFY2(adjustment.restore(read, &record, &reason), qPrintable(reason));
+            QCOMPARE(adjustment.save(record), read);
+            if (adjustment.tag) QVERIFY(RecordOf(saved).startsWith(adjustment.tag));
+        }
+    }
+
+    void HostileRecordsAreRefused_data() { Rows_data(); }
+    void HostileRecordsAreRefused() {
+        QFETCH(QString, name);
+        const HBAdjustment& adjustment = *HBFindAdjustment(name);
+        const QJsonObject defaults = adjustment.save(adjustment.defaults);
+        QVector<QJsonObject> hostile = {{}, {{"values", 5}}, {{"record", QJsonValue()}}};
+        if (!adjustment.tag) {
+            QJsonObject text = defaults["values"].toObject();
+            text.begin().value() = "1.5";
+            hostile += {{{"values", QJsonObject{}}}, {{"values", text}}};
+        } else {
+            const QByteArray record = RecordOf(defaults);
+            QByteArray foreign = record;
+            foreign[0] = '?';
+            hostile += {{{"record", 5}},
+                        {{"record", QJsonArray{1}}},
+                        {{"record", "not base64!"}},
+                        {{"values", QJsonObject{{"brightness", 5}}}},
+                        WithRecord(foreign),
+                        WithRecord(record + '\0'),
+                        WithRecord(record + record),
+                        WithRecord(QByteArray(1 << 20, '\xff'))};
+            for (int size = 0; size < record.size(); ++size) hostile.append(WithRecord(record.left(size)));
+        }
+        for (const QJsonObject& values : hostile) {
+            std::any record = HBDemonstration(adjustment);
+            const QJsonObject before = adjustment.save(record);
+            QString reason;
+            QVERIFY2(!adjustment.restore(values, &record, &reason), qPrintable(values["record"].toString()));
+            QVERIFY(!reason.isEmpty());
+            QCOMPARE(adjustment.save(record), before);
+        }
+    }
+
+    void AnyRecordGivesAPicture_data() { Rows_data(); }
+    void AnyRecordGivesAPicture() {
+        QFETCH(QString, name);
+        const HBAdjustment& adjustment = *HBFindAdjustment(name);
+        QVector<std::any> records = {adjustment.defaults, HBDemonstration(adjustment)};
+        for (int i = 0; i < HBHostileRecords; ++i) records.append(HBHostileRecord(adjustment, i));
+        for (const QSize& size : HBAwkwardSizes()) {
+            for (const bool selected : {false, true}) {
+                const HBTarget target = HBTestTarget(size, selected);
+                for (int i = 0; i < records.size(); ++i) {
+                    const HBOutcome outcome = HBRun(adjustment, records[i], target);
+                    if (IsText(adjustment)) {
+                        QCOMPARE(outcome.status, HBOutcome::Failed);
+                        QVERIFY(!HBFailureReason(outcome).isEmpty());
+                        continue;
+                    }
+                    QVERIFY2(outcome.IsWhole(), qPrintable(HBFailureReason(outcome)));
+                    QCOMPARE(InOnePass({HBStepOf(adjustment, records[i])}, target), outcome.image.ToQImage());
+                }
+            }
+        }
+        QVERIFY(IsText(adjustment) || HBRun(adjustment, adjustment.defaults, {}).IsWhole());
+    }
+
+    void PairsInOnePass_data() { Rows_data(); }
+    void PairsInOnePass() {
+        QFETCH(QString, name);
+        const HBAdjustment& second = *HBFindAdjustment(name);
+        if (IsText(second)) return;
+        for (const bool selected : {false, true}) {
+            const HBTarget target = HBTestTarget({129, 130}, selected);
+            for (const HBAdjustment* first : WithoutText()) {
+                const QVector<HBRecipeStep> steps = {HBStepOf(*first, HBDemonstration(*first)),
+                                                     HBStepOf(second, HBDemonstration(second))};
+                QVERIFY2(InOnePass(steps, target) == StepAfterStep(steps, target), first->className);
+            }
+        }
+    }
+
+    void RandomRecipesInOnePass() {
+        QRandomGenerator random(20260728);
+        const QVector<const HBAdjustment*> all = WithoutText();
+        const QVector<QSize> sizes = {{1, 1}, {127, 3}, {128, 128}, {129, 130}, {257, 140}, {3, 129}};
+        for (int i = 0; i < 500; ++i) {
+            QVector<HBRecipeStep> steps(random.bounded(2, i % 50 ? 7 : 40));
+            for (HBRecipeStep& step : steps) {
+                const HBAdjustment& adjustment = *all[random.bounded(all.size())];
+                step = HBStepOf(adjustment, HBRandomRecord(adjustment, random));
+            }
+            const HBTarget target = HBTestTarget(sizes[random.bounded(sizes.size())], i % 4 == 0);
+            QVERIFY2(InOnePass(steps, target) == StepAfterStep(steps, target),
+                     ("recipe " + HBRecipe{steps}.ToJson()).constData());
+        }
+    }
+
+    /// From eight threads that share the global pool.
+    void EightThreads() {
+        const HBTarget target = HBTestTarget({300, 260}, false);
+        const QVector<const HBAdjustment*> all = WithoutText();
+        QVector<HBRecipeStep> steps;
+        QVector<QImage> expected;
+        for (const HBAdjustment* adjustment : all) {
+            steps.append(HBStepOf(*adjustment, HBDemonstration(*adjustment)));
+            expected.append(InOnePass({steps.last()}, target));
+        }
+        const QImage together = InOnePass(steps, target);
+        std::atomic<int> right{0};
+        std::vector<std::thread> threads;
+        for (int t = 0; t < 8; ++t) {
+            threads.emplace_back([&, t] {
+                for (int i = 0; i < steps.size(); ++i) {
+                    const int step = (i + t) % steps.size();
+                    right += InOnePass({steps[step]}, target) == expected[step];
+                }
+                right += InOnePass(steps, target) == together;
+            });
+        }
+        for (std::thread& thread : threads) thread.join();
+        QCOMPARE(right.load(), 8 * (steps.size() + 1));
+    }
+
+    void Cancelled_data() { Rows_data(); }
+    void Cancelled() {
+        QFETCH(QString, name);
+        const HBAdjustment& adjustment = *HBFindAdjustment(name);
+        if (IsText(adjustment)) return;
+        const HBTarget target = HBTestTarget({1000, 1000}, false);
+        HBJobControl before;
+        before.Cancel();
+        QCOMPARE(HBRun(adjustment, HBDemonstration(adjustment), target, &before).status, HBOutcome::Cancelled);
+        Impatient during;
+        QString error = "left over";
+        const QVector<HBRecipeStep> steps(30, HBStepOf(adjustment, HBDemonstration(adjustment)));
+        QVERIFY(HBApplyRecipe(target, {steps}, &error, &during).IsEmpty());
+        QCOMPARE(error, QString());
+        QVERIFY2(during.m_Told > 0 && during.m_Told < 66, qPrintable(QString::number(during.m_Told)));
+    }
+};
+
+HB_TEST_MAIN_WITHOUT_APPLICATION(tst_EveryAdjustment)
+#include "tst_EveryAdjustment.moc"
