@@ -7,6 +7,7 @@
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
 #include "HBPosterize.h"
+#include "HBThreshold.h"
 
 #include <QCoreApplication>
 
@@ -29,6 +30,7 @@ const QVector<HBAdjustment>& HBAdjustments()
                                              QT_TRANSLATE_NOOP("HBAdjustment", "Gamma")),
         HBValuesRow<HBPosterizeParams>("HBPosterizeWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Posterize")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
+        HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
     };
