@@ -4,7 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
+class QSlider;
 
 namespace Ui
 {
@@ -45,7 +45,8 @@ private:
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(ExposureData job);
+    static HBImage<> Process(ExposureData job);
+    void ShowOnSlider(QSlider* slider, double value);
 
     std::unique_ptr<Ui::ExposureParamWidget> m_pUI;
 };

@@ -4,8 +4,6 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
 namespace Ui
 {
 class GammaParamWidget;
@@ -36,7 +34,7 @@ private:
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(GammaData job);
+    static HBImage<> Process(GammaData job);
 
     std::unique_ptr<Ui::GammaParamWidget> m_pUI;
 };

@@ -4,8 +4,6 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
 namespace Ui
 {
 class PosterizeParamWidget;
@@ -28,14 +26,14 @@ Q_SIGNALS:
     void PosterizeChanged();
 
 public Q_SLOTS:
-    void OnPosterizeChanged(int levels);
+    void OnPosterizeChanged(int) { NotifyChanged(&HBPosterizeWidget::PosterizeChanged); }
 
 private:
     struct PosterizeData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(PosterizeData job);
+    static HBImage<> Process(PosterizeData job);
 
     std::unique_ptr<Ui::PosterizeParamWidget> m_pUI;
 };

@@ -6,7 +6,7 @@
 #include "HBScaledSlider.h"
 #include "ui_ExposureParamWidget.h"
 
-#include <HBIterativeExposureTransformation.h>
+#include <HBExposure.h>
 
 namespace
 {
@@ -15,29 +15,18 @@ constexpr double Scale = 10000.0;
 
 }
 
-// ---- Construction ----
-
 HBExposureWidget::HBExposureWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::ExposureParamWidget>())
 {
     m_pUI->setupUi(GetUIContent());
-    connect(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));
-    connect(m_pUI->m_pOffsetSpin, SIGNAL(valueChanged(double)), SLOT(OnOffsetChanged(double)));
-    connect(m_pUI->m_pExposureSlider, SIGNAL(valueChanged(int)), SLOT(OnExposureSlider(int)));
-    connect(m_pUI->m_pOffsetSlider, SIGNAL(valueChanged(int)), SLOT(OnOffsetSlider(int)));
+    Listen(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));
+    Listen(m_pUI->m_pOffsetSpin, SIGNAL(valueChanged(double)), SLOT(OnOffsetChanged(double)));
+    Listen(m_pUI->m_pExposureSlider, SIGNAL(valueChanged(int)), SLOT(OnExposureSlider(int)));
+    Listen(m_pUI->m_pOffsetSlider, SIGNAL(valueChanged(int)), SLOT(OnOffsetSlider(int)));
 }
 
-HBExposureWidget::~HBExposureWidget()
-{
-    FinishJob();
-    m_pUI->m_pExposureSpin->disconnect(this);
-    m_pUI->m_pOffsetSpin->disconnect(this);
-    m_pUI->m_pExposureSlider->disconnect(this);
-    m_pUI->m_pOffsetSlider->disconnect(this);
-}
-
-// ---- Values ----
+HBExposureWidget::~HBExposureWidget() = default;
 
 double HBExposureWidget::GetExposure() const
 {
@@ -53,7 +42,7 @@ void HBExposureWidget::SetExposure(double exposure)
 {
     if (qIsNaN(exposure))
         return;
-    // Connects where the other setters disconnect, and once more at the end, on purpose: each call leaves two further
+    // Connects where the other setters mute, and once more at the end, on purpose: each call leaves two further
     // connections behind, none of them unique.
     connect(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));
     m_pUI->m_pExposureSpin->setValue(exposure);
@@ -65,24 +54,28 @@ void HBExposureWidget::SetOffset(double offset)
 {
     if (qIsNaN(offset))
         return;
-    disconnect(m_pUI->m_pOffsetSpin, SIGNAL(valueChanged(double)), this, SLOT(OnOffsetChanged(double)));
+    const Mute mute(this, m_pUI->m_pOffsetSpin);
     m_pUI->m_pOffsetSpin->setValue(offset);
-    // The slider stays connected, on purpose, and writes its own position back: -0.25 becomes -0.2499.
+    // The slider is still heard, on purpose, and writes its own position back: -0.25 becomes -0.2499.
     m_pUI->m_pOffsetSlider->setValue(HBSliderPosition(offset, Scale));
-    connect(m_pUI->m_pOffsetSpin, SIGNAL(valueChanged(double)), SLOT(OnOffsetChanged(double)));
 }
 
 void HBExposureWidget::Reset()
 {
-    m_pUI->m_pExposureSpin->setValue(0.0);
-    m_pUI->m_pOffsetSpin->setValue(0.0);
+    const HBExposureParams neutral;
+    m_pUI->m_pExposureSpin->setValue(neutral.exposure);
+    m_pUI->m_pOffsetSpin->setValue(neutral.offset);
+}
+
+void HBExposureWidget::ShowOnSlider(QSlider* slider, double value)
+{
+    const Mute mute(this, slider);
+    slider->setValue(HBSliderPosition(value, Scale));
 }
 
 void HBExposureWidget::OnExposureChanged(double exposure)
 {
-    disconnect(m_pUI->m_pExposureSlider, SIGNAL(valueChanged(int)), this, SLOT(OnExposureSlider(int)));
-    m_pUI->m_pExposureSlider->setValue(HBSliderPosition(exposure, Scale));
-    connect(m_pUI->m_pExposureSlider, SIGNAL(valueChanged(int)), SLOT(OnExposureSlider(int)));
+    ShowOnSlider(m_pUI->m_pExposureSlider, exposure);
     NotifyChanged(&HBExposureWidget::ExposureChanged);
 }
 
@@ -93,9 +86,7 @@ void HBExposureWidget::OnExposureSlider(int position)
 
 void HBExposureWidget::OnOffsetChanged(double offset)
 {
-    disconnect(m_pUI->m_pOffsetSlider, SIGNAL(valueChanged(int)), this, SLOT(OnOffsetSlider(int)));
-    m_pUI->m_pOffsetSlider->setValue(HBSliderPosition(offset, Scale));
-    connect(m_pUI->m_pOffsetSlider, SIGNAL(valueChanged(int)), SLOT(OnOffsetSlider(int)));
+    ShowOnSlider(m_pUI->m_pOffsetSlider, offset);
     NotifyChanged(&HBExposureWidget::OffsetChanged);
 }
 
@@ -104,21 +95,17 @@ void HBExposureWidget::OnOffsetSlider(int position)
     m_pUI->m_pOffsetSpin->setValue(position / Scale);
 }
 
-// ---- Job ----
-
 struct HBExposureWidget::ExposureData : HBJobData
 {
-    double exposure;
-    double offsetValue; ///< not `offset`, which is the selection's
+    HBExposureParams params;
 };
 
 void HBExposureWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const ExposureData job{JobData(), m_pUI->m_pExposureSpin->value(), m_pUI->m_pOffsetSpin->value()};
-    HBStartJob(watcher, this, &HBExposureWidget::Process, job);
+    HBStartJob(watcher, &Process, ExposureData{JobData(), {GetExposure(), GetOffset()}});
 }
 
 HBImage<> HBExposureWidget::Process(ExposureData job)
 {
-    return RunTransformation(job, HBIterativeExposureTransformation(job.exposure, job.offsetValue));
+    return HBRunJob(job, job.params);
 }

@@ -6,7 +6,7 @@
 #include "HBScaledSlider.h"
 #include "ui_GammaParamWidget.h"
 
-#include <HBIterativeGammaCorrectionTransformation.h>
+#include <HBGammaCorrection.h>
 
 namespace
 {
@@ -15,25 +15,16 @@ constexpr double Scale = 100.0;
 
 }
 
-// ---- Construction ----
-
 HBGammaCorrectionWidget::HBGammaCorrectionWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::GammaParamWidget>())
 {
     m_pUI->setupUi(GetUIContent());
-    connect(m_pUI->m_pGammaSpin, SIGNAL(valueChanged(double)), SLOT(OnGammaChanged(double)));
-    connect(m_pUI->m_pGammaSlider, SIGNAL(valueChanged(int)), SLOT(OnGammaSlider(int)));
+    Listen(m_pUI->m_pGammaSpin, SIGNAL(valueChanged(double)), SLOT(OnGammaChanged(double)));
+    Listen(m_pUI->m_pGammaSlider, SIGNAL(valueChanged(int)), SLOT(OnGammaSlider(int)));
 }
 
-HBGammaCorrectionWidget::~HBGammaCorrectionWidget()
-{
-    FinishJob();
-    m_pUI->m_pGammaSpin->disconnect(this);
-    m_pUI->m_pGammaSlider->disconnect(this);
-}
-
-// ---- Values ----
+HBGammaCorrectionWidget::~HBGammaCorrectionWidget() = default;
 
 double HBGammaCorrectionWidget::GetGamma() const
 {
@@ -44,23 +35,23 @@ void HBGammaCorrectionWidget::SetGamma(double gamma)
 {
     if (qIsNaN(gamma))
         return;
-    disconnect(m_pUI->m_pGammaSpin, SIGNAL(valueChanged(double)), this, SLOT(OnGammaChanged(double)));
+    const Mute mute(this, m_pUI->m_pGammaSpin);
     m_pUI->m_pGammaSpin->setValue(gamma);
-    // The slider stays connected, on purpose, and writes its own position back: 1.239 becomes 1.24, then 1.23.
+    // The slider is still heard, on purpose, and writes its own position back: 1.239 becomes 1.24, then 1.23.
     m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, Scale));
-    connect(m_pUI->m_pGammaSpin, SIGNAL(valueChanged(double)), SLOT(OnGammaChanged(double)));
 }
 
 void HBGammaCorrectionWidget::Reset()
 {
-    m_pUI->m_pGammaSpin->setValue(1.0);
+    m_pUI->m_pGammaSpin->setValue(HBGammaCorrectionParams().gamma);
 }
 
 void HBGammaCorrectionWidget::OnGammaChanged(double gamma)
 {
-    disconnect(m_pUI->m_pGammaSlider, SIGNAL(valueChanged(int)), this, SLOT(OnGammaSlider(int)));
-    m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, Scale));
-    connect(m_pUI->m_pGammaSlider, SIGNAL(valueChanged(int)), SLOT(OnGammaSlider(int)));
+    {
+        const Mute mute(this, m_pUI->m_pGammaSlider);
+        m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, Scale));
+    }
     NotifyChanged(&HBGammaCorrectionWidget::GammaChanged);
 }
 
@@ -69,20 +60,17 @@ void HBGammaCorrectionWidget::OnGammaSlider(int position)
     m_pUI->m_pGammaSpin->setValue(position / Scale);
 }
 
-// ---- Job ----
-
 struct HBGammaCorrectionWidget::GammaData : HBJobData
 {
-    double gamma;
+    HBGammaCorrectionParams params;
 };
 
 void HBGammaCorrectionWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const GammaData job{JobData(), m_pUI->m_pGammaSpin->value()};
-    HBStartJob(watcher, this, &HBGammaCorrectionWidget::Process, job);
+    HBStartJob(watcher, &Process, GammaData{JobData(), {GetGamma()}});
 }
 
 HBImage<> HBGammaCorrectionWidget::Process(GammaData job)
 {
-    return RunTransformation(job, HBIterativeGammaCorrectionTransformation(job.gamma));
+    return HBRunJob(job, job.params);
 }

@@ -2,24 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "HBLevelsWidget.h"
 
-#include "HBStretchRange.h"
-#include "HBConnectionSet.h"
-#include "HBHistogramFeed.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "ui_LevelsWidget.h"
-
-#include <HBIterativeLevelsTransformation.h>
-
-#include <limits>
 
 namespace
 {
 
-constexpr char Tag[] = "KMLevels 1.00000";
-constexpr char SourceName[] = "src\\HBLevelsWidget";
-
-/// Handles of the two sliders, in the order they are added.
+/// Handles of the two sliders, in the order they are added; those of the output count as its record does.
 enum InputHandle : uint { Black, Gamma, White };
 enum OutputHandle : uint { OutputBlack, OutputWhite };
 
@@ -29,71 +19,13 @@ int Shown(int level)
     return qBound(0, level, 255);
 }
 
-int ToInt(qint64 value)
-{
-    return int(qBound<qint64>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max()));
-}
-
 } // namespace
 
-// ---- Record ----
-
-bool HBLevelsWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    stream >> channel;
-    for (int c = 0; c < 4; ++c) // see Write; the later of two ints for one field wins
-        stream >> input[c][0] >> input[c][1] >> (c < 3 ? input[c + 1][0] : middle[0]);
-    for (auto& points : output)
-        stream >> points[0] >> points[1];
-    for (int c = 0; c < 4; ++c) {
-        stream >> gamma[c];
-        middle[c] = MiddleValue(input[c][0], input[c][1], gamma[c]); // a stored middle is never trusted
-    }
-    return stream.status() == QDataStream::Ok;
-}
-
-// The defaults, big endian: the 16 bytes of the tag; 0; (0, 255, 0), (0, 255, 0), (0, 255, 0), (0, 255, 128); four
-// times (0, 255); four times the double 1.0. The third int of each input triple is the low point of the next channel
-// once more, and for the last channel middle[0], on purpose: the layout is fixed by records that exist.
-bool HBLevelsWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << channel;
-    for (int c = 0; c < 4; ++c)
-        stream << input[c][0] << input[c][1] << (c < 3 ? input[c + 1][0] : middle[0]);
-    for (const auto& points : output)
-        stream << points[0] << points[1];
-    for (const double value : gamma)
-        stream << value;
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBLevelsWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Write levels data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBLevelsWidget::Params& params)
-{
-    if (!params.Read(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Read levels data error.");
-    return stream;
-}
-
-// ---- Construction ----
+HB_PANEL_STREAM(HBLevelsWidget, "levels data")
 
 HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::LevelsWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
-    , m_pInputLink(std::make_unique<HBConnectionSet>())
-    , m_pOutputLink(std::make_unique<HBConnectionSet>())
-    , m_pFeed(std::make_unique<HBHistogramFeed>())
 {
     m_pUI->setupUi(GetUIContent());
     m_pUI->m_pInputSlider->SetRange(0, 255);
@@ -116,50 +48,29 @@ HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pInputLabel->SetBackgroundBrush(gradient);
     m_pUI->m_pOutputLabel->SetBackgroundBrush(gradient);
 
+    SetHistogram(m_pUI->m_pHistogramm);
     connect(this, SIGNAL(SourceChanged()), SLOT(OnSourceChanged()));
     connect(m_pUI->m_pHistogramm, SIGNAL(HistogrammComplete()), SLOT(OnHistogrammComplete()));
     connect(m_pUI->m_pAutoBtn, SIGNAL(clicked()), SLOT(OnAutoAdjust()));
 
-    m_pConnections->Add(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
-    for (HBConnectionSet* set : {m_pConnections.get(), m_pInputLink.get()})
-        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
-    for (HBConnectionSet* set : {m_pConnections.get(), m_pOutputLink.get()})
-        set->Add(m_pUI->m_pOutputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnOutputChanged(uint,int)));
-    m_pConnections->Add(m_pUI->m_pLowInput, SIGNAL(valueChanged(int)), SLOT(OnLowInputChanged(int)));
-    m_pConnections->Add(m_pUI->m_pMiddleInput, SIGNAL(valueChanged(double)), SLOT(OnMiddleInputChanged(double)));
-    m_pConnections->Add(m_pUI->m_pHighInput, SIGNAL(valueChanged(int)), SLOT(OnHighInputChanged(int)));
-    m_pConnections->Add(m_pUI->m_pLowOutput, SIGNAL(valueChanged(int)), SLOT(OnLowOutputChanged(int)));
-    m_pConnections->Add(m_pUI->m_pHighOutput, SIGNAL(valueChanged(int)), SLOT(OnHighOutputChanged(int)));
-
     SetChannel(m_Params.channel);
-    Connect();
+    Listen(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
+    Listen(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
+    Listen(m_pUI->m_pOutputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnOutputChanged(uint,int)));
+    Listen(m_pUI->m_pLowInput, SIGNAL(valueChanged(int)), SLOT(OnLowInputChanged(int)));
+    Listen(m_pUI->m_pMiddleInput, SIGNAL(valueChanged(double)), SLOT(OnMiddleInputChanged(double)));
+    Listen(m_pUI->m_pHighInput, SIGNAL(valueChanged(int)), SLOT(OnHighInputChanged(int)));
+    Listen(m_pUI->m_pLowOutput, SIGNAL(valueChanged(int)), SLOT(OnLowOutputChanged(int)));
+    Listen(m_pUI->m_pHighOutput, SIGNAL(valueChanged(int)), SLOT(OnHighOutputChanged(int)));
 }
 
-HBLevelsWidget::~HBLevelsWidget()
-{
-    FinishJob();
-    Disconnect();
-    m_pUI->m_pHistogramm->disconnect(this);
-}
-
-void HBLevelsWidget::Connect()
-{
-    m_pConnections->Connect(this);
-}
-
-void HBLevelsWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
-
-// ---- Values ----
+HBLevelsWidget::~HBLevelsWidget() = default;
 
 void HBLevelsWidget::SetValue(const Params& params)
 {
-    Disconnect();
+    const Mute mute(this);
     m_Params = params;
     SetChannel(m_Params.channel);
-    Connect();
 }
 
 void HBLevelsWidget::Reset()
@@ -202,9 +113,10 @@ void HBLevelsWidget::OnChannelChanged(int channel)
 {
     if (channel < 0)
         return;
-    Disconnect();
-    SetChannel(channel);
-    Connect();
+    {
+        const Mute mute(this);
+        SetChannel(channel);
+    }
     // Without DataChanged(): another channel is shown, the image stays as it is.
     Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
     Q_EMIT ValueChanged();
@@ -221,48 +133,45 @@ void HBLevelsWidget::OnInputChanged(uint control, int value)
             ToneValue(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), value));
 }
 
-void HBLevelsWidget::OnLowInputChanged(int value)
+/// After a change of the two points or gamma; `moveEnd` moves the handle of the point, and limits the others.
+void HBLevelsWidget::MoveInputHandles(int low, int high, double gamma, const std::function<void()>& moveEnd)
 {
     const int c = m_Params.channel;
-    m_Params.input[c][0] = value;
-    m_Params.middle[c] = MiddleValue(value, m_pUI->m_pHighInput->value(), m_pUI->m_pMiddleInput->value());
+    m_Params.middle[c] = MiddleValue(low, high, gamma);
     {
-        // The spin boxes' ranges stay until the channel changes, on purpose.
-        const HBMute mute(*m_pInputLink, this);
-        m_pUI->m_pInputSlider->SetMinimum(White, value + 2);
-        m_pUI->m_pInputSlider->SetValue(Black, value);
-        m_pUI->m_pInputSlider->SetMinimum(Gamma, value);
+        const Mute mute(this, m_pUI->m_pInputSlider);
+        moveEnd();
         m_pUI->m_pInputSlider->SetValue(Gamma, m_Params.middle[c]);
     }
     NotifyChanged(&HBLevelsWidget::ValueChanged);
+}
+
+// The spin boxes' ranges stay until the channel changes, on purpose; the slider's limits follow.
+void HBLevelsWidget::OnLowInputChanged(int value)
+{
+    m_Params.input[m_Params.channel][0] = value;
+    MoveInputHandles(value, m_pUI->m_pHighInput->value(), m_pUI->m_pMiddleInput->value(), [&] {
+        m_pUI->m_pInputSlider->SetMinimum(White, value + 2);
+        m_pUI->m_pInputSlider->SetValue(Black, value);
+        m_pUI->m_pInputSlider->SetMinimum(Gamma, value);
+    });
 }
 
 void HBLevelsWidget::OnHighInputChanged(int value)
 {
-    const int c = m_Params.channel;
-    m_Params.input[c][1] = value;
-    m_Params.middle[c] = MiddleValue(m_pUI->m_pLowInput->value(), value, m_pUI->m_pMiddleInput->value());
-    {
-        const HBMute mute(*m_pInputLink, this);
+    m_Params.input[m_Params.channel][1] = value;
+    MoveInputHandles(m_pUI->m_pLowInput->value(), value, m_pUI->m_pMiddleInput->value(), [&] {
         m_pUI->m_pInputSlider->SetMaximum(Black, value - 2);
         m_pUI->m_pInputSlider->SetMaximum(Gamma, value);
         m_pUI->m_pInputSlider->SetValue(White, value);
-        m_pUI->m_pInputSlider->SetValue(Gamma, m_Params.middle[c]);
-    }
-    NotifyChanged(&HBLevelsWidget::ValueChanged);
+    });
 }
 
+// The spin box keeps two decimals, so a dragged handle settles where the rounded gamma is.
 void HBLevelsWidget::OnMiddleInputChanged(double gamma)
 {
-    const int c = m_Params.channel;
-    m_Params.middle[c] = MiddleValue(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), gamma);
-    m_Params.gamma[c] = gamma;
-    {
-        // The spin box keeps two decimals, so a dragged handle settles where the rounded gamma is.
-        const HBMute mute(*m_pInputLink, this);
-        m_pUI->m_pInputSlider->SetValue(Gamma, m_Params.middle[c]);
-    }
-    NotifyChanged(&HBLevelsWidget::ValueChanged);
+    m_Params.gamma[m_Params.channel] = gamma;
+    MoveInputHandles(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), gamma, [] {});
 }
 
 void HBLevelsWidget::OnOutputChanged(uint control, int value)
@@ -273,75 +182,14 @@ void HBLevelsWidget::OnOutputChanged(uint control, int value)
         m_pUI->m_pHighOutput->setValue(value);
 }
 
-void HBLevelsWidget::OnLowOutputChanged(int value)
+void HBLevelsWidget::StoreOutput(uint end, int value)
 {
-    m_Params.output[m_Params.channel][0] = value;
+    m_Params.output[m_Params.channel][end] = value;
     {
-        const HBMute mute(*m_pOutputLink, this);
-        m_pUI->m_pOutputSlider->SetValue(OutputBlack, value);
+        const Mute mute(this, m_pUI->m_pOutputSlider);
+        m_pUI->m_pOutputSlider->SetValue(end, value);
     }
     NotifyChanged(&HBLevelsWidget::ValueChanged);
-}
-
-void HBLevelsWidget::OnHighOutputChanged(int value)
-{
-    m_Params.output[m_Params.channel][1] = value;
-    {
-        const HBMute mute(*m_pOutputLink, this);
-        m_pUI->m_pOutputSlider->SetValue(OutputWhite, value);
-    }
-    NotifyChanged(&HBLevelsWidget::ValueChanged);
-}
-
-// ---- Gamma and its handle ----
-
-int HBLevelsWidget::MiddleValue(int low, int high, double gamma)
-{
-    const qint64 middle = (qint64(low) + high) / 2;
-    // Truncated, not rounded, on purpose: 2.01 counts as 2009 thousandths. The bounds keep the cast and the products
-    // below inside 64 bits whatever a record holds.
-    const qint64 g = qIsNaN(gamma) ? 1000 : qint64(qBound(-2e9, gamma * 1000, 2e9));
-    if (g > 1000)
-        return ToInt(middle + (low - middle) * (g - 1000) / 8990);
-    return ToInt(high + (middle - high) * (g - 10) / 990);
-}
-
-double HBLevelsWidget::ToneValue(int low, int high, int position)
-{
-    const qint64 middle = (qint64(low) + high) / 2;
-    const qint64 room = position >= middle ? high - middle : middle - low;
-    if (room == 0)
-        return 1.0;
-    if (position >= middle)
-        return double((middle - position) * 990 / room + 1000) / 1000.0;
-    return double((qint64(low) - position) * 8990 / room + 9990) / 1000.0;
-}
-
-// ---- Histogram ----
-
-int HBLevelsWidget::IndexToHistogrammChannel(int channel)
-{
-    return HBHistogramMask(channel);
-}
-
-void HBLevelsWidget::AttachQImage(HBSharedImage<QImage>* image)
-{
-    m_pUI->m_pHistogramm->SetImage(image);
-}
-
-void HBLevelsWidget::AttachRGB32iImage(HBSharedImage<HBImage<>>* image)
-{
-    m_pUI->m_pHistogramm->SetImage(image);
-}
-
-void HBLevelsWidget::UpdateHistogramm()
-{
-    m_pUI->m_pHistogramm->RebuildHistogramm();
-}
-
-void HBLevelsWidget::OnSourceChanged()
-{
-    m_pFeed->Update(SourceImage(), m_pUI->m_pHistogramm);
 }
 
 void HBLevelsWidget::OnHistogrammComplete()
@@ -352,26 +200,23 @@ void HBLevelsWidget::OnHistogrammComplete()
 void HBLevelsWidget::OnAutoAdjust()
 {
     const HistogramWidget& histogram = *m_pUI->m_pHistogramm;
-    const double total = histogram.GetPixelsCount();
-    Params params;
+    HBHistogrammCalculator::Counts counts;
+    counts.pixels = quint64(histogram.GetPixelsCount());
     for (int h = 0; h < 3; ++h) {
-        int low = 0;
-        int high = 0;
-        histogram.GetRange(h, low, high);
-        unsigned counts[256];
         for (int level = 0; level < 256; ++level)
-            counts[level] = histogram.GetCount(h, level);
-        const auto [black, white] = HBStretchRange(counts, low, high, total);
-        params.input[h + 1][0] = black;
-        params.input[h + 1][1] = white;
-        params.middle[h + 1] = (black + white) / 2;
+            counts.levels[h][level] = histogram.GetCount(h, level);
+    }
+    const HBLevelsSettings stretch = HBAutomaticLevels(counts);
+    Params params;
+    for (int c = 1; c < 4; ++c) {
+        params.input[c][0] = stretch.input[c][0];
+        params.input[c][1] = stretch.input[c][1];
+        params.middle[c] = MiddleValue(params.input[c][0], params.input[c][1], params.gamma[c]);
     }
     params.channel = m_Params.channel;
     SetValue(params);
     NotifyChanged(&HBLevelsWidget::ValueChanged);
 }
-
-// ---- Job ----
 
 struct HBLevelsWidget::LevelsData : HBJobData
 {
@@ -380,12 +225,10 @@ struct HBLevelsWidget::LevelsData : HBJobData
 
 void HBLevelsWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const LevelsData job{JobData(), m_Params};
-    HBStartJob(watcher, this, &HBLevelsWidget::Process, job);
+    HBStartJob(watcher, &Process, LevelsData{JobData(), m_Params});
 }
 
 HBImage<> HBLevelsWidget::Process(LevelsData job)
 {
-    Params& params = job.params; // the transformation's constructor takes arrays that are not const
-    return RunTransformation(job, HBIterativeLevelsTransformation(params.input, params.output, params.gamma, 100));
+    return HBRunJob(job, job.params);
 }

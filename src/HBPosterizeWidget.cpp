@@ -5,9 +5,7 @@
 #include "HBPanelJob.h"
 #include "ui_PosterizeParamWidget.h"
 
-#include <HBIterativePosterizeTransformation.h>
-
-// ---- Construction ----
+#include <HBPosterize.h>
 
 HBPosterizeWidget::HBPosterizeWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
@@ -15,16 +13,10 @@ HBPosterizeWidget::HBPosterizeWidget(bool dialog, QWidget* parent, Qt::WindowFla
 {
     m_pUI->setupUi(GetUIContent());
     // After the form's link, so that slider and spin box agree inside the signal.
-    connect(m_pUI->m_pPosterizeSpin, SIGNAL(valueChanged(int)), SLOT(OnPosterizeChanged(int)));
+    Listen(m_pUI->m_pPosterizeSpin, SIGNAL(valueChanged(int)), SLOT(OnPosterizeChanged(int)));
 }
 
-HBPosterizeWidget::~HBPosterizeWidget()
-{
-    FinishJob();
-    m_pUI->m_pPosterizeSpin->disconnect(this);
-}
-
-// ---- Values ----
+HBPosterizeWidget::~HBPosterizeWidget() = default;
 
 int HBPosterizeWidget::GetPosterize() const
 {
@@ -33,35 +25,26 @@ int HBPosterizeWidget::GetPosterize() const
 
 void HBPosterizeWidget::SetPosterize(int levels)
 {
-    disconnect(m_pUI->m_pPosterizeSpin, SIGNAL(valueChanged(int)), this, SLOT(OnPosterizeChanged(int)));
+    const Mute mute(this);
     m_pUI->m_pPosterizeSpin->setValue(levels);
-    connect(m_pUI->m_pPosterizeSpin, SIGNAL(valueChanged(int)), SLOT(OnPosterizeChanged(int)));
 }
 
 void HBPosterizeWidget::Reset()
 {
-    m_pUI->m_pPosterizeSpin->setValue(4);
+    m_pUI->m_pPosterizeSpin->setValue(HBPosterizeParams().levels);
 }
-
-void HBPosterizeWidget::OnPosterizeChanged(int)
-{
-    NotifyChanged(&HBPosterizeWidget::PosterizeChanged);
-}
-
-// ---- Job ----
 
 struct HBPosterizeWidget::PosterizeData : HBJobData
 {
-    int levels;
+    HBPosterizeParams params;
 };
 
 void HBPosterizeWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const PosterizeData job{JobData(), m_pUI->m_pPosterizeSpin->value()};
-    HBStartJob(watcher, this, &HBPosterizeWidget::Process, job);
+    HBStartJob(watcher, &Process, PosterizeData{JobData(), {GetPosterize()}});
 }
 
 HBImage<> HBPosterizeWidget::Process(PosterizeData job)
 {
-    return RunTransformation(job, HBIterativePosterizeTransformation(job.levels));
+    return HBRunJob(job, job.params);
 }

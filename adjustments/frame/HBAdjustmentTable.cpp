@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
+#include "HBExposure.h"
+#include "HBGammaCorrection.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
+#include "HBPosterize.h"
+#include "HBThreshold.h"
 
 #include <QCoreApplication>
 
@@ -21,7 +25,12 @@ const QVector<HBAdjustment>& HBAdjustments()
     static const QVector<HBAdjustment> table = {
         HBRecordRow<HBBrightnessContrastParams>("HBBrightnessContrastWidget", Tonal,
                                                 QT_TRANSLATE_NOOP("HBAdjustment", "Brightness and Contrast")),
+        HBValuesRow<HBExposureParams>("HBExposureWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Exposure")),
+        HBValuesRow<HBGammaCorrectionParams>("HBGammaCorrectionWidget", Tonal,
+                                             QT_TRANSLATE_NOOP("HBAdjustment", "Gamma")),
+        HBValuesRow<HBPosterizeParams>("HBPosterizeWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Posterize")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
+        HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
     };

@@ -24,3 +24,8 @@ QString HBUnitSymbol(HBUnit unit)
     }
     return {};
 }
+
+double HBRounded(double value, int decimals)
+{
+    return QString::number(value, 'f', decimals).toDouble();
+}

@@ -49,7 +49,7 @@ struct HBRange
     double maximum;
     double neutral = HBNoNeutral; ///< does nothing, whatever the other fields are or while they are neutral too
     HBUnit unit = HBUnit::None;
-    int decimals = 0; ///< of a real number; more are rounded away where it is consumed
+    int decimals = 0; ///< of a real number in its form
 };
 
 /// A number (qint32 or double).
@@ -160,6 +160,18 @@ constexpr HBRange HBRangeOf(Value Record::*member)
     };
     std::apply([&](const auto&... fields) { (find(fields), ...); }, Record::Fields());
     return result;
+}
+
+/// As a spin box rounds it: the nearest number with so many decimals.
+ADJUSTMENTS_EXPORT double HBRounded(double value, int decimals);
+
+/// A real number of the record as its form would take it: rounded to the range's decimals, and inside it.
+template <class Record>
+double HBInForm(const Record& record, double Record::*member)
+{
+    Record rounded = record;
+    rounded.*member = HBRounded(record.*member, HBRangeOf(member).decimals);
+    return HBClamped(rounded, member);
 }
 
 // ---- Describing ----

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "adjustments_export.h"
 
 #include <HBRGBA32i.h>
 
@@ -15,7 +15,8 @@ struct HBThresholdWeights
 };
 
 /// HBThresholdRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
-PANELS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights, int level);
+ADJUSTMENTS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights,
+                                          int level);
 
 /// A pixel operation that leaves black and white: a pixel whose luminance, the weighted mean of its colours in whole
 /// numbers, truncated, is below `level` becomes black, any other white. Alpha is kept.

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBField.h"
+#include "HBStage.h"
+
+/// Posterize. Stored as a plain value.
+struct ADJUSTMENTS_EXPORT HBPosterizeParams
+{
+    qint32 levels = 4; ///< that each colour keeps
+
+    static constexpr auto Fields()
+    {
+        return std::make_tuple(
+            HBNumber("levels", &HBPosterizeParams::levels, {2, 255, HBNoNeutral, HBUnit::Levels}));
+    }
+};
+
+ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPosterizeParams& params);

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels_export.h"
+
+#include <HBImage.h>
+#include <HBSharedImage.h>
+
+class HistogramWidget;
+
+/// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing. GUI
+/// thread.
+class PANELS_EXPORT HBHistogramPanel
+{
+public:
+    /// Shows the histogram of this image instead of the source; see HistogramWidget::SetImage.
+    void AttachQImage(HBSharedImage<QImage>* image);
+    void AttachRGB32iImage(HBSharedImage<HBImage<>>* image);
+    /// Counts the attached image again.
+    void UpdateHistogramm();
+
+    /// The histogram view's mask of a channel's index: 7 for 0, then 1, 2, 4; 7 for anything else.
+    static int IndexToHistogrammChannel(int channel);
+
+protected:
+    HBHistogramPanel() = default;
+    ~HBHistogramPanel() = default;
+    HBHistogramPanel(const HBHistogramPanel&) = delete;
+    HBHistogramPanel& operator=(const HBHistogramPanel&) = delete;
+
+    /// Once, before anything else.
+    void SetHistogram(HistogramWidget* view) { m_pHistogram = view; }
+    void ShowSource(const HBImage<>& source);
+
+private:
+    HistogramWidget* m_pHistogram = nullptr;
+    HBSharedImage<HBImage<>> m_Source; ///< a copy, for the view
+};

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBHistogramPanel.h"
+
+#include <HistogramWidget.h>
+
+void HBHistogramPanel::AttachQImage(HBSharedImage<QImage>* image)
+{
+    m_pHistogram->SetImage(image);
+}
+
+void HBHistogramPanel::AttachRGB32iImage(HBSharedImage<HBImage<>>* image)
+{
+    m_pHistogram->SetImage(image);
+}
+
+void HBHistogramPanel::UpdateHistogramm()
+{
+    m_pHistogram->RebuildHistogramm();
+}
+
+void HBHistogramPanel::ShowSource(const HBImage<>& source)
+{
+    m_Source.Set(source);
+    m_pHistogram->SetImage(&m_Source);
+}
+
+int HBHistogramPanel::IndexToHistogrammChannel(int channel)
+{
+    constexpr int AllColours = 7;
+    return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColours;
+}
