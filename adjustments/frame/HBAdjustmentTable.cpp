@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
+#include "HBHueSaturation.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
 
@@ -22,6 +23,8 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBBrightnessContrastParams>("HBBrightnessContrastWidget", Tonal,
                                                 QT_TRANSLATE_NOOP("HBAdjustment", "Brightness and Contrast")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
+        HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Hue and Saturation")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
     };
