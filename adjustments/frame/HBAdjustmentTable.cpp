@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
+#include "HBColorBalance.h"
 #include "HBHueSaturation.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
@@ -25,6 +26,8 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
         HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Colour,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Hue and Saturation")),
+        HBRecordRow<HBColorBalanceParams>("HBColorBalanceWidget", Colour,
+                                          QT_TRANSLATE_NOOP("HBAdjustment", "Color Balance")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
     };
