@@ -6,6 +6,7 @@
 #include "HBHueSaturation.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
+#include "HBTemperature.h"
 
 #include <QCoreApplication>
 
@@ -30,6 +31,8 @@ const QVector<HBAdjustment>& HBAdjustments()
                                           QT_TRANSLATE_NOOP("HBAdjustment", "Color Balance")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
+        HBRecordRow<HBTemperatureParams>("HBTemperatureWidget", Colour,
+                                         QT_TRANSLATE_NOOP("HBAdjustment", "Temperature")),
     };
     return table;
 }
