@@ -3,6 +3,7 @@
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
 #include "HBColorBalance.h"
+#include "HBColorEnhancer.h"
 #include "HBHueSaturation.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
@@ -33,6 +34,8 @@ const QVector<HBAdjustment>& HBAdjustments()
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
         HBRecordRow<HBTemperatureParams>("HBTemperatureWidget", Colour,
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Temperature")),
+        HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Color Enhancer")),
     };
     return table;
 }
