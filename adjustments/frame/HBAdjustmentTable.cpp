@@ -8,6 +8,7 @@
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
 #include "HBTemperature.h"
+#include "HBTint.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +37,7 @@ const QVector<HBAdjustment>& HBAdjustments()
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Temperature")),
         HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Colour,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Color Enhancer")),
+        HBRecordRow<HBTintParams>("HBTintWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Tint")),
     };
     return table;
 }
