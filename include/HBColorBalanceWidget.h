@@ -4,10 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBColorBalance.h>
 
 namespace Ui
 {
@@ -19,21 +16,7 @@ class PANELS_EXPORT HBColorBalanceWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Index of a range in the three axes: 0 shadows, 1 midtones, 2 highlights.
-    /// Stored form: tag "KMColorBalance 1.00000", then preserveLuminosity, toneRange and the axes, which is not the
-    /// order of the fields here. Written records exist: a new field needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 cyanRed[3] = {0, 0, 0};      ///< -100 (cyan) .. 100 (red); 0 does nothing
-        qint32 magentaGreen[3] = {0, 0, 0}; ///< -100 (magenta) .. 100 (green); 0 does nothing
-        qint32 yellowBlue[3] = {0, 0, 0};   ///< -100 (yellow) .. 100 (blue); 0 does nothing
-        qint32 toneRange = 2; ///< shown for editing: 1 shadows, 2 midtones, 3 highlights; 0 none; changes no pixel
-        bool preserveLuminosity = true; ///< stored for later use; changes no pixel
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBColorBalanceParams;
 
     HBColorBalanceWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBColorBalanceWidget() override;
@@ -46,33 +29,32 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnCRChanged(int value);
-    void OnMGChanged(int value);
-    void OnYBChanged(int value);
-    void OnShadowChanged(bool checked);
-    void OnMidtoneChanged(bool checked);
-    void OnHighLightChanged(bool checked);
-    void OnLumChanged(bool checked);
+    void OnCRChanged(int value) { StoreValue(m_Params.cyanRed, value); }
+    void OnMGChanged(int value) { StoreValue(m_Params.magentaGreen, value); }
+    void OnYBChanged(int value) { StoreValue(m_Params.yellowBlue, value); }
+    void OnShadowChanged(bool checked) { SetRange(checked, Params::Shadows); }
+    void OnMidtoneChanged(bool checked) { SetRange(checked, Params::Midtones); }
+    void OnHighLightChanged(bool checked) { SetRange(checked, Params::Highlights); }
+    void OnLumChanged(bool checked)
+    {
+        Store(m_Params.preserveLuminosity, checked, &HBColorBalanceWidget::ValueChanged);
+    }
 
 private:
     struct CBData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(CBData job);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(CBData job);
     void ShowRange();
     void CheckRange();
     void EnableValues(bool enable);
-    void SetRange(int toneRange);
+    void SetRange(bool checked, int toneRange);
     void StoreValue(qint32 (&axis)[3], int value);
 
     std::unique_ptr<Ui::ColorBalanceParamWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorBalanceWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorBalanceWidget::Params& params);

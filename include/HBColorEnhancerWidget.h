@@ -4,10 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBColorEnhancer.h>
 
 namespace Ui
 {
@@ -20,17 +17,7 @@ class PANELS_EXPORT HBColorEnhancerWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMColorEnhancer 1.00000", then the fields in their order. Written records exist: a new field
-    /// needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 amount = 100;   ///< percent, 0..100; 0 does nothing
-        qint32 affected = 100; ///< share of each channel's own range, percent: 0 common to all, 100 each its own
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBColorEnhancerParams;
 
     HBColorEnhancerWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBColorEnhancerWidget() override;
@@ -43,28 +30,24 @@ Q_SIGNALS:
     void ValueChanged();
 
 private Q_SLOTS:
-    void OnAmountChanged(int amount);
-    void OnAffectedChanged(int affected);
+    void OnAmountChanged(int amount) { Store(m_Params.amount, amount, &HBColorEnhancerWidget::ValueChanged); }
+    void OnAffectedChanged(int affected)
+    {
+        Store(m_Params.affected, affected, &HBColorEnhancerWidget::ValueChanged);
+    }
     void OnSourceChanged();
 
 private:
     struct EnhancerData;
-    struct Thresholds;
-    struct Cache;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(EnhancerData job);
-    Thresholds SourceThresholds(const HBImage<>& source);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(EnhancerData job);
 
     std::unique_ptr<Ui::ColorEnhancer> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
-    std::unique_ptr<Cache> m_pCache;
+    std::shared_ptr<HBColorThresholdCache> m_pCache; ///< shared with the running job
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorEnhancerWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorEnhancerWidget::Params& params);

@@ -4,11 +4,9 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
+#include <HBHueSaturation.h>
 
-class HBConnectionSet;
-class QDataStream;
-class QLinearGradient;
+#include <initializer_list>
 
 namespace Ui
 {
@@ -21,19 +19,7 @@ class PANELS_EXPORT HBHueSaturationWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMHueSaturation 1.00000", then the fields in their order, colorize as 0 or 1. Written records
-    /// exist: a new field needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 hue = 0;        ///< degrees to turn, or the hue itself if colorize; 0..359
-        qint32 saturation = 0; ///< percent, -100..100; 0 does nothing
-        qint32 lightness = 0;  ///< percent, -100..100; 0 does nothing
-        bool colorize = false;
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBHueSaturationParams;
 
     HBHueSaturationWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBHueSaturationWidget() override;
@@ -57,20 +43,19 @@ private:
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(HSData job);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(HSData job);
+    void ShowValue();
     void UpdateColorLabels();
     void UpdateHueGroove();
     void UpdateSaturationGroove();
+    void NotifyShown(std::initializer_list<void (HBHueSaturationWidget::*)()> updateGrooves);
     static QLinearGradient GetHue(int saturation, int lightness);
     static QLinearGradient GetSaturation(int hue, int lightness);
 
     std::unique_ptr<Ui::HueSaturationParamWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream; a failed read leaves the defaults.
+/// A failed read leaves the defaults.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBHueSaturationWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBHueSaturationWidget::Params& params);

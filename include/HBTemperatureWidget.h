@@ -4,10 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBTemperature.h>
 
 namespace Ui
 {
@@ -19,18 +16,7 @@ class PANELS_EXPORT HBTemperatureWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMTemperature 1.00000", then the fields in their order. Written records exist: a new field
-    /// needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 temperature = 6500; ///< kelvin, 1000..40000; 6500 does nothing
-        qint32 tint = 0;           ///< -100..100; 0 does nothing
-        qint32 strength = 50;      ///< percent, 0..100
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBTemperatureParams;
 
     HBTemperatureWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBTemperatureWidget() override;
@@ -44,24 +30,26 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnTemperatureChanged(int temperature);
-    void OnTintChanged(int tint);
-    void OnStrengthChanged(int strength);
+    void OnTemperatureChanged(int kelvin)
+    {
+        Store(m_Params.temperature, kelvin, &HBTemperatureWidget::ValueChanged);
+    }
+    void OnTintChanged(int tint) { Store(m_Params.tint, tint, &HBTemperatureWidget::ValueChanged); }
+    void OnStrengthChanged(int strength)
+    {
+        Store(m_Params.strength, strength, &HBTemperatureWidget::ValueChanged);
+    }
 
 private:
     struct TData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(TData job);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(TData job);
 
     std::unique_ptr<Ui::TemperatureWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTemperatureWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTemperatureWidget::Params& params);

@@ -4,12 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <QColor>
-
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBTint.h>
 
 namespace Ui
 {
@@ -21,22 +16,12 @@ class PANELS_EXPORT HBTintWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// How the brightness is measured. Stored: the numbers never change.
-    enum Type : int { Average = 0, NTSC = 1, LUMA = 2, RGB = 3 };
-
-    /// Stored form: tag "KMTint 1.00000", then the fields in their order. Written records exist: a new field needs a new
-    /// tag.
-    struct PANELS_EXPORT Params
-    {
-        QColor blackTone = QColor(5, 6, 8);       ///< in place of black
-        QColor whiteTone = QColor(170, 209, 255); ///< in place of white
-        qint32 amount = 75;                       ///< percent, 0..100; 0 does nothing
-        Type type = Average;
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBTintParams;
+    using Type = Params::Type;
+    static constexpr Type Average = Params::Average;
+    static constexpr Type NTSC = Params::NTSC;
+    static constexpr Type LUMA = Params::LUMA;
+    static constexpr Type RGB = Params::RGB;
 
     HBTintWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBTintWidget() override;
@@ -54,27 +39,23 @@ private Q_SLOTS:
     void OnWhiteTone();
     void OnCurrentBlackToneChanged(const QColor& tone);
     void OnCurrentWhiteToneChanged(const QColor& tone);
-    void OnAmountChanged(int amount);
-    void OnTypeChanged(int type);
+    void OnAmountChanged(int amount) { Store(m_Params.amount, amount, &HBTintWidget::ValueChanged); }
+    void OnTypeChanged(int type) { Store(m_Params.type, Type(type), &HBTintWidget::ValueChanged); }
 
 private:
     struct TintData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(TintData job);
-    void Connect();
-    void Disconnect();
+    static HBImage<> Process(TintData job);
     void FillTintTypes();
     void SetBlackTone(const QColor& tone);
     void SetWhiteTone(const QColor& tone);
     static int IndexByType(Type type);
 
     std::unique_ptr<Ui::TintWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTintWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTintWidget::Params& params);

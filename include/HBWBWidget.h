@@ -4,10 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBPictureCorrection.h>
 
 namespace Ui
 {
@@ -20,23 +17,7 @@ class PANELS_EXPORT HBWBWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMWhiteBalance 1.00000", then the fields in their order. Written records exist: a new field
-    /// needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        bool enchanced = false;             ///< with an automatic stretch of the channels, in mode 0 only
-        qint32 autoStrength = 50;           ///< of mode 0, percent
-        qint32 overexposureStrength = 100;  ///< of mode 1, percent
-        qint32 underexposureStrength = 100; ///< of mode 2, percent
-        qint32 mode = 0;                    ///< 0 automatic, 1 overexposed, 2 underexposed
-        bool useTemperature = false;
-        qint32 temperature = 0;          ///< -100 (cooler) .. 100 (warmer)
-        qint32 temperatureStrength = 50; ///< percent
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBPictureCorrectionParams;
 
     HBWBWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBWBWidget() override;
@@ -50,32 +31,28 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void OnWBStrengthChanged(int strength);
-    void OnTemperature(int temperature);
-    void OnTemperatureStrength(int strength);
-    void OnOverexposure(bool checked);
-    void OnUnderexposure(bool checked);
-    void OnAuto(bool checked);
-    void OnEnchanced(bool checked);
-    void OnUseTemperature(bool checked);
+    void OnTemperature(int temperature) { Store(m_Params.temperature, temperature, &HBWBWidget::ValueChanged); }
+    void OnTemperatureStrength(int strength)
+    {
+        Store(m_Params.temperatureStrength, strength, &HBWBWidget::ValueChanged);
+    }
+    void OnOverexposure(bool checked) { SetMode(checked, Params::Overexposure); }
+    void OnUnderexposure(bool checked) { SetMode(checked, Params::Underexposure); }
+    void OnAuto(bool checked) { SetMode(checked, Params::Auto); }
+    void OnEnchanced(bool checked) { Store(m_Params.enchanced, checked, &HBWBWidget::ValueChanged); }
+    void OnUseTemperature(bool checked) { Store(m_Params.useTemperature, checked, &HBWBWidget::ValueChanged); }
 
 private:
     struct WBData;
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    HBImage<> Process(WBData job);
-    void ApplyWhiteBalance(WBData& job);
-    HBImage<> ApplyAutolevels(WBData& job);
-    void Connect();
-    void Disconnect();
-    void SetMode(int mode);
+    static HBImage<> Process(WBData job);
+    void SetMode(bool checked, int mode);
 
     std::unique_ptr<Ui::WBWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
-    std::unique_ptr<HBConnectionSet> m_pStrengthLink; ///< of the strength slider, also in m_pConnections
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBWBWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBWBWidget::Params& params);

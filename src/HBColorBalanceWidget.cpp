@@ -2,28 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "HBColorBalanceWidget.h"
 
-#include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "HBSliderHandle.h"
 #include "ui_ColorBalanceParamWidget.h"
-
-#include <HBIterativeColorBalanceTransformation.h>
 
 #include <QButtonGroup>
 #include <QLinearGradient>
 
+HB_PANEL_STREAM(HBColorBalanceWidget, "color balance data")
+
 namespace
 {
 
-constexpr char Tag[] = "KMColorBalance 1.00000";
-constexpr char SourceName[] = "src\\HBColorBalanceWidget";
-
-enum ToneRange { NoRange, Shadows, Midtones, Highlights };
+using P = HBColorBalanceParams;
 
 bool IsRange(int toneRange)
 {
-    return toneRange >= Shadows && toneRange <= Highlights;
+    return toneRange >= P::Shadows && toneRange <= P::Highlights;
 }
 
 QLinearGradient Between(Qt::GlobalColor from, Qt::GlobalColor to)
@@ -37,50 +33,9 @@ QLinearGradient Between(Qt::GlobalColor from, Qt::GlobalColor to)
 
 } // namespace
 
-// ---- Record ----
-
-bool HBColorBalanceWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    preserveLuminosity = HBReadBool32(stream);
-    stream >> toneRange;
-    for (qint32(*axis)[3] : {&cyanRed, &magentaGreen, &yellowBlue})
-        stream >> (*axis)[0] >> (*axis)[1] >> (*axis)[2];
-    return stream.status() == QDataStream::Ok;
-}
-
-// The defaults, big endian: the 22 bytes of the tag, 00 00 00 01, 00 00 00 02, nine times 00 00 00 00.
-bool HBColorBalanceWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << qint32(preserveLuminosity) << toneRange;
-    for (const qint32(*axis)[3] : {&cyanRed, &magentaGreen, &yellowBlue})
-        stream << (*axis)[0] << (*axis)[1] << (*axis)[2];
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBColorBalanceWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Write color balance data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBColorBalanceWidget::Params& params)
-{
-    if (!params.Read(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Read color balance data error.");
-    return stream;
-}
-
-// ---- Construction ----
-
 HBColorBalanceWidget::HBColorBalanceWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::ColorBalanceParamWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
 {
     m_pUI->setupUi(GetUIContent());
     // A group of their own: auto-exclusive buttons would also uncheck the host's beside an embedded panel.
@@ -90,14 +45,13 @@ HBColorBalanceWidget::HBColorBalanceWidget(bool dialog, QWidget* parent, Qt::Win
     // Wired and stored, but never shown, on purpose.
     m_pUI->m_pLuminosity->hide();
 
-    m_pConnections->Add(m_pUI->m_pCRSpin, SIGNAL(valueChanged(int)), SLOT(OnCRChanged(int)));
-    m_pConnections->Add(m_pUI->m_pMGSpin, SIGNAL(valueChanged(int)), SLOT(OnMGChanged(int)));
-    m_pConnections->Add(m_pUI->m_pYBSpin, SIGNAL(valueChanged(int)), SLOT(OnYBChanged(int)));
-    m_pConnections->Add(m_pUI->m_pShadows, SIGNAL(toggled(bool)), SLOT(OnShadowChanged(bool)));
-    m_pConnections->Add(m_pUI->m_pMidtones, SIGNAL(toggled(bool)), SLOT(OnMidtoneChanged(bool)));
-    m_pConnections->Add(m_pUI->m_pHighlights, SIGNAL(toggled(bool)), SLOT(OnHighLightChanged(bool)));
-    m_pConnections->Add(m_pUI->m_pLuminosity, SIGNAL(toggled(bool)), SLOT(OnLumChanged(bool)));
-    Connect();
+    Listen(m_pUI->m_pCRSpin, SIGNAL(valueChanged(int)), SLOT(OnCRChanged(int)));
+    Listen(m_pUI->m_pMGSpin, SIGNAL(valueChanged(int)), SLOT(OnMGChanged(int)));
+    Listen(m_pUI->m_pYBSpin, SIGNAL(valueChanged(int)), SLOT(OnYBChanged(int)));
+    Listen(m_pUI->m_pShadows, SIGNAL(toggled(bool)), SLOT(OnShadowChanged(bool)));
+    Listen(m_pUI->m_pMidtones, SIGNAL(toggled(bool)), SLOT(OnMidtoneChanged(bool)));
+    Listen(m_pUI->m_pHighlights, SIGNAL(toggled(bool)), SLOT(OnHighLightChanged(bool)));
+    Listen(m_pUI->m_pLuminosity, SIGNAL(toggled(bool)), SLOT(OnLumChanged(bool)));
 
     SetGrooveGradient(m_pUI->m_pCRSlider, Between(Qt::cyan, Qt::red));
     SetGrooveGradient(m_pUI->m_pMGSlider, Between(Qt::magenta, Qt::green));
@@ -106,33 +60,16 @@ HBColorBalanceWidget::HBColorBalanceWidget(bool dialog, QWidget* parent, Qt::Win
         HBStyleHandle(slider);
 }
 
-HBColorBalanceWidget::~HBColorBalanceWidget()
-{
-    FinishJob();
-    Disconnect();
-}
-
-void HBColorBalanceWidget::Connect()
-{
-    m_pConnections->Connect(this);
-}
-
-void HBColorBalanceWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
-
-// ---- Values ----
+HBColorBalanceWidget::~HBColorBalanceWidget() = default;
 
 void HBColorBalanceWidget::SetValue(const Params& params)
 {
-    Disconnect();
+    const Mute mute(this);
     m_Params = params;
     CheckRange();
     ShowRange();
     m_pUI->m_pLuminosity->setChecked(m_Params.preserveLuminosity);
-    EnableValues(m_Params.toneRange != NoRange);
-    Connect();
+    EnableValues(m_Params.toneRange != P::NoRange);
 }
 
 void HBColorBalanceWidget::Reset()
@@ -147,7 +84,7 @@ void HBColorBalanceWidget::CheckRange()
     QButtonGroup* ranges = m_pUI->m_pShadows->group();
     if (IsRange(m_Params.toneRange)) {
         ranges->buttons().at(m_Params.toneRange - 1)->setChecked(true);
-    } else if (m_Params.toneRange == NoRange) {
+    } else if (m_Params.toneRange == P::NoRange) {
         // An exclusive group does not let its checked button go.
         ranges->setExclusive(false);
         for (QAbstractButton* radio : ranges->buttons())
@@ -174,12 +111,16 @@ void HBColorBalanceWidget::EnableValues(bool enable)
     m_pUI->m_pLuminosity->setEnabled(enable);
 }
 
-void HBColorBalanceWidget::SetRange(int toneRange)
+/// Of a button that was checked: the range that is shown from now on.
+void HBColorBalanceWidget::SetRange(bool checked, int toneRange)
 {
+    if (!checked)
+        return;
     m_Params.toneRange = toneRange;
-    Disconnect();
-    ShowRange();
-    Connect();
+    {
+        const Mute mute(this);
+        ShowRange();
+    }
     EnableValues(true);
     // Without DataChanged(): another range is shown, the image stays as it is.
     Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
@@ -193,47 +134,6 @@ void HBColorBalanceWidget::StoreValue(qint32 (&axis)[3], int value)
     NotifyChanged(&HBColorBalanceWidget::ValueChanged);
 }
 
-void HBColorBalanceWidget::OnCRChanged(int value)
-{
-    StoreValue(m_Params.cyanRed, value);
-}
-
-void HBColorBalanceWidget::OnMGChanged(int value)
-{
-    StoreValue(m_Params.magentaGreen, value);
-}
-
-void HBColorBalanceWidget::OnYBChanged(int value)
-{
-    StoreValue(m_Params.yellowBlue, value);
-}
-
-void HBColorBalanceWidget::OnShadowChanged(bool checked)
-{
-    if (checked)
-        SetRange(Shadows);
-}
-
-void HBColorBalanceWidget::OnMidtoneChanged(bool checked)
-{
-    if (checked)
-        SetRange(Midtones);
-}
-
-void HBColorBalanceWidget::OnHighLightChanged(bool checked)
-{
-    if (checked)
-        SetRange(Highlights);
-}
-
-void HBColorBalanceWidget::OnLumChanged(bool checked)
-{
-    m_Params.preserveLuminosity = checked;
-    NotifyChanged(&HBColorBalanceWidget::ValueChanged);
-}
-
-// ---- Job ----
-
 struct HBColorBalanceWidget::CBData : HBJobData
 {
     Params params;
@@ -241,13 +141,10 @@ struct HBColorBalanceWidget::CBData : HBJobData
 
 void HBColorBalanceWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const CBData job{JobData(), m_Params};
-    HBStartJob(watcher, this, &HBColorBalanceWidget::Process, job);
+    HBStartJob(watcher, &Process, CBData{JobData(), m_Params});
 }
 
 HBImage<> HBColorBalanceWidget::Process(CBData job)
 {
-    const Params& params = job.params;
-    return RunTransformation(
-        job, HBIterativeColorBalanceTransformation(params.cyanRed, params.magentaGreen, params.yellowBlue));
+    return HBRunJob(job, job.params);
 }

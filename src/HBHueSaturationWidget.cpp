@@ -2,22 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "HBHueSaturationWidget.h"
 
-#include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "HBSliderHandle.h"
 #include "ui_HueSaturationParamWidget.h"
 
-#include <HBHueSaturationTransformation.h>
-#include <HBIterativeAdjustmentTransformation.h>
-
 #include <QLinearGradient>
+
+HB_PANEL_STREAM_LINES(HBHueSaturationWidget, "hue and saturation data", __LINE__, __LINE__, HBAfterFailure::Reset)
 
 namespace
 {
-
-constexpr char Tag[] = "KMHueSaturation 1.00000";
-constexpr char SourceName[] = "src\\HBHueSaturationWidget";
 
 // A record may hold any int; the colours of the grooves and strips are made from the nearest valid one.
 int Percent(int value)
@@ -50,57 +45,19 @@ QBrush Stretched(QLinearGradient gradient)
 
 } // namespace
 
-// ---- Record ----
-
-bool HBHueSaturationWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    stream >> hue >> saturation >> lightness;
-    colorize = HBReadBool32(stream);
-    return stream.status() == QDataStream::Ok;
-}
-
-// (200, 10, -20, true), big endian: the 23 bytes of the tag, 00 00 00 C8, 00 00 00 0A, FF FF FF EC, 00 00 00 01.
-bool HBHueSaturationWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << hue << saturation << lightness << qint32(colorize);
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBHueSaturationWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Write hue and saturation data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBHueSaturationWidget::Params& params)
-{
-    if (!params.Read(stream)) {
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Read hue and saturation data error.");
-        params = HBHueSaturationWidget::Params();
-    }
-    return stream;
-}
-
-// ---- Construction ----
-
 HBHueSaturationWidget::HBHueSaturationWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::HueSaturationParamWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
 {
     m_pUI->setupUi(GetUIContent());
     // The slider reaches 360, the spin box 359. From 359 the spin box does not change, so its link cannot push the
     // slider back.
-    connect(m_pUI->m_pHueSlider, &QSlider::valueChanged, m_pUI->m_pHueSpin, [this](int hue) {
-        if (hue != m_pUI->m_pHueSpin->value())
-            m_pUI->m_pHueSlider->setValue(m_pUI->m_pHueSpin->value());
-    });
-    Reset();
+    connect(m_pUI->m_pHueSlider, &QSlider::valueChanged, m_pUI->m_pHueSpin,
+            [slider = m_pUI->m_pHueSlider, spin = m_pUI->m_pHueSpin](int hue) {
+                if (hue != spin->value())
+                    slider->setValue(spin->value());
+            });
+    ShowValue();
     UpdateColorLabels();
 
     QLinearGradient lightness(0, 0, 1, 0);
@@ -111,40 +68,30 @@ HBHueSaturationWidget::HBHueSaturationWidget(bool dialog, QWidget* parent, Qt::W
     UpdateHueGroove();
     UpdateSaturationGroove();
 
-    // Connected by the first SetValue, on purpose: until then the controls move and nothing is heard.
-    m_pConnections->Add(m_pUI->m_pHueSpin, SIGNAL(valueChanged(int)), SLOT(OnHueChanged(int)));
-    m_pConnections->Add(m_pUI->m_pSaturationSpin, SIGNAL(valueChanged(int)), SLOT(OnSaturationChanged(int)));
-    m_pConnections->Add(m_pUI->m_pLightnessSpin, SIGNAL(valueChanged(int)), SLOT(OnLightnessChanged(int)));
-    m_pConnections->Add(m_pUI->m_pColorizeCheckBox, SIGNAL(toggled(bool)), SLOT(OnColorizeChanged(bool)));
+    // On purpose: until the first SetValue the controls move and nothing is heard.
+    ListenLater(m_pUI->m_pHueSpin, SIGNAL(valueChanged(int)), SLOT(OnHueChanged(int)));
+    ListenLater(m_pUI->m_pSaturationSpin, SIGNAL(valueChanged(int)), SLOT(OnSaturationChanged(int)));
+    ListenLater(m_pUI->m_pLightnessSpin, SIGNAL(valueChanged(int)), SLOT(OnLightnessChanged(int)));
+    ListenLater(m_pUI->m_pColorizeCheckBox, SIGNAL(toggled(bool)), SLOT(OnColorizeChanged(bool)));
 }
 
-HBHueSaturationWidget::~HBHueSaturationWidget()
-{
-    FinishJob();
-    Disconnect();
-}
+HBHueSaturationWidget::~HBHueSaturationWidget() = default;
 
-void HBHueSaturationWidget::Connect()
+void HBHueSaturationWidget::ShowValue()
 {
-    m_pConnections->Connect(this);
-}
-
-void HBHueSaturationWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
-
-// ---- Values ----
-
-void HBHueSaturationWidget::SetValue(const Params& params)
-{
-    Disconnect();
-    m_Params = params;
     m_pUI->m_pHueSpin->setValue(m_Params.hue);
     m_pUI->m_pSaturationSpin->setValue(m_Params.saturation);
     m_pUI->m_pLightnessSpin->setValue(m_Params.lightness);
     m_pUI->m_pColorizeCheckBox->setChecked(m_Params.colorize);
-    Connect();
+}
+
+void HBHueSaturationWidget::SetValue(const Params& params)
+{
+    {
+        const Mute mute(this);
+        m_Params = params;
+        ShowValue();
+    }
     UpdateColorLabels();
     UpdateHueGroove();
     UpdateSaturationGroove();
@@ -153,53 +100,43 @@ void HBHueSaturationWidget::SetValue(const Params& params)
 void HBHueSaturationWidget::Reset()
 {
     m_Params = Params();
-    m_pUI->m_pHueSpin->setValue(m_Params.hue);
-    m_pUI->m_pSaturationSpin->setValue(m_Params.saturation);
-    m_pUI->m_pLightnessSpin->setValue(m_Params.lightness);
-    m_pUI->m_pColorizeCheckBox->setChecked(m_Params.colorize);
+    ShowValue();
+}
+
+/// The three closing calls, with what shows the value brought up to date before the last.
+void HBHueSaturationWidget::NotifyShown(std::initializer_list<void (HBHueSaturationWidget::*)()> updateGrooves)
+{
+    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
+    Q_EMIT ValueChanged();
+    UpdateColorLabels();
+    for (const auto update : updateGrooves)
+        (this->*update)();
+    Q_EMIT DataChanged();
 }
 
 void HBHueSaturationWidget::OnHueChanged(int hue)
 {
     m_Params.hue = hue;
-    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
-    Q_EMIT ValueChanged();
-    UpdateColorLabels();
-    UpdateSaturationGroove();
-    Q_EMIT DataChanged();
+    NotifyShown({&HBHueSaturationWidget::UpdateSaturationGroove});
 }
 
 void HBHueSaturationWidget::OnSaturationChanged(int saturation)
 {
     m_Params.saturation = saturation;
-    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
-    Q_EMIT ValueChanged();
-    UpdateColorLabels();
-    UpdateHueGroove();
-    Q_EMIT DataChanged();
+    NotifyShown({&HBHueSaturationWidget::UpdateHueGroove});
 }
 
 void HBHueSaturationWidget::OnLightnessChanged(int lightness)
 {
     m_Params.lightness = lightness;
-    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
-    Q_EMIT ValueChanged();
-    UpdateColorLabels();
-    UpdateHueGroove();
-    UpdateSaturationGroove();
-    Q_EMIT DataChanged();
+    NotifyShown({&HBHueSaturationWidget::UpdateHueGroove, &HBHueSaturationWidget::UpdateSaturationGroove});
 }
 
 void HBHueSaturationWidget::OnColorizeChanged(bool colorize)
 {
     m_Params.colorize = colorize;
-    Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
-    Q_EMIT ValueChanged();
-    UpdateColorLabels();
-    Q_EMIT DataChanged();
+    NotifyShown({});
 }
-
-// ---- Grooves and strips ----
 
 QLinearGradient HBHueSaturationWidget::GetHue(int saturation, int lightness)
 {
@@ -253,26 +190,19 @@ void HBHueSaturationWidget::UpdateColorLabels()
     m_pUI->m_pColorizeLabel->SetBackgroundBrush(Stretched(result));
 }
 
-// ---- Job ----
-
 struct HBHueSaturationWidget::HSData : HBJobData
 {
-    int hue;
-    int saturation;
-    int lightness;
-    bool colorize;
+    Params params; ///< from the controls, not the record, which may be out of range
 };
 
 void HBHueSaturationWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    // From the controls, not the record, which may be out of range.
-    const HSData job{JobData(), m_pUI->m_pHueSpin->value(), m_pUI->m_pSaturationSpin->value(),
-                     m_pUI->m_pLightnessSpin->value(), m_pUI->m_pColorizeCheckBox->isChecked()};
-    HBStartJob(watcher, this, &HBHueSaturationWidget::Process, job);
+    const Params shown{m_pUI->m_pHueSpin->value(), m_pUI->m_pSaturationSpin->value(),
+                       m_pUI->m_pLightnessSpin->value(), m_pUI->m_pColorizeCheckBox->isChecked()};
+    HBStartJob(watcher, &Process, HSData{JobData(), shown});
 }
 
 HBImage<> HBHueSaturationWidget::Process(HSData job)
 {
-    const HBHueSaturationTransformation transformation(job.hue, job.saturation, job.lightness, job.colorize);
-    return RunTransformation(job, HBIterativeAdjustmentTransformation(transformation));
+    return HBRunJob(job, job.params);
 }

@@ -2,96 +2,32 @@
 // SPDX-License-Identifier: MIT
 #include "HBTemperatureWidget.h"
 
-#include "HBConnectionSet.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "ui_TemperatureWidget.h"
 
-#include <HBIterativeAdjustmentTransformation.h>
-#include <HBTemperatureCorrection.h>
-
-namespace
-{
-
-constexpr char Tag[] = "KMTemperature 1.00000";
-constexpr char SourceName[] = "src\\HBTemperatureWidget";
-
-} // namespace
-
-// ---- Record ----
-
-bool HBTemperatureWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    stream >> temperature >> tint >> strength;
-    return stream.status() == QDataStream::Ok;
-}
-
-// The defaults, big endian: the 21 bytes of the tag, 00 00 19 64, 00 00 00 00, 00 00 00 32.
-bool HBTemperatureWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << temperature << tint << strength;
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBTemperatureWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Write temperature data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBTemperatureWidget::Params& params)
-{
-    if (!params.Read(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Read temperature data error.");
-    return stream;
-}
-
-// ---- Construction ----
+HB_PANEL_STREAM(HBTemperatureWidget, "temperature data")
 
 HBTemperatureWidget::HBTemperatureWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::TemperatureWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
 {
     m_pUI->setupUi(GetUIContent());
-    m_pConnections->Add(m_pUI->m_pTemperature, SIGNAL(valueChanged(int)), SLOT(OnTemperatureChanged(int)));
-    m_pConnections->Add(m_pUI->m_pTint, SIGNAL(valueChanged(int)), SLOT(OnTintChanged(int)));
-    m_pConnections->Add(m_pUI->m_pStrength, SIGNAL(valueChanged(int)), SLOT(OnStrengthChanged(int)));
     Reset();
-    Connect();
+    Listen(m_pUI->m_pTemperature, SIGNAL(valueChanged(int)), SLOT(OnTemperatureChanged(int)));
+    Listen(m_pUI->m_pTint, SIGNAL(valueChanged(int)), SLOT(OnTintChanged(int)));
+    Listen(m_pUI->m_pStrength, SIGNAL(valueChanged(int)), SLOT(OnStrengthChanged(int)));
 }
 
-HBTemperatureWidget::~HBTemperatureWidget()
-{
-    FinishJob();
-    Disconnect();
-}
-
-void HBTemperatureWidget::Connect()
-{
-    m_pConnections->Connect(this);
-}
-
-void HBTemperatureWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
-
-// ---- Values ----
+HBTemperatureWidget::~HBTemperatureWidget() = default;
 
 void HBTemperatureWidget::SetValue(const Params& params)
 {
-    Disconnect();
+    const Mute mute(this);
     m_Params = params;
     m_pUI->m_pTemperature->setValue(m_Params.temperature);
     m_pUI->m_pTint->setValue(m_Params.tint);
     // m_pStrength is not loaded, on purpose: it shows its old value until the user moves it.
-    Connect();
 }
 
 void HBTemperatureWidget::Reset()
@@ -102,26 +38,6 @@ void HBTemperatureWidget::Reset()
     m_pUI->m_pStrength->setValue(m_Params.strength);
 }
 
-void HBTemperatureWidget::OnTemperatureChanged(int temperature)
-{
-    m_Params.temperature = temperature;
-    NotifyChanged(&HBTemperatureWidget::ValueChanged);
-}
-
-void HBTemperatureWidget::OnTintChanged(int tint)
-{
-    m_Params.tint = tint;
-    NotifyChanged(&HBTemperatureWidget::ValueChanged);
-}
-
-void HBTemperatureWidget::OnStrengthChanged(int strength)
-{
-    m_Params.strength = strength;
-    NotifyChanged(&HBTemperatureWidget::ValueChanged);
-}
-
-// ---- Job ----
-
 struct HBTemperatureWidget::TData : HBJobData
 {
     Params params;
@@ -129,13 +45,10 @@ struct HBTemperatureWidget::TData : HBJobData
 
 void HBTemperatureWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const TData job{JobData(), m_Params};
-    HBStartJob(watcher, this, &HBTemperatureWidget::Process, job);
+    HBStartJob(watcher, &Process, TData{JobData(), m_Params});
 }
 
 HBImage<> HBTemperatureWidget::Process(TData job)
 {
-    HBTemperatureCorrection correction;
-    correction.SetData(job.params.temperature, job.params.strength, job.params.tint); // not the record's order
-    return RunTransformation(job, HBIterativeAdjustmentTransformation(correction));
+    return HBRunJob(job, job.params);
 }

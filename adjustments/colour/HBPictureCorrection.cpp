@@ -46,7 +46,8 @@ HBStage LightStage(int mode, int strength)
     HBStage stage;
     stage.looks = {average};
     stage.prepare = [average, mode, strength](const HBImage<>&, const HBJobControl*) {
-        return HBOperationOf(HBCorrectLight(average->Result(), KMWBTransformation::BalanceFunction(mode), strength));
+        return HBOperationOf(
+            HBCorrectLight(average->Result(), KMWBTransformation::BalanceFunction(mode), strength));
     };
     return stage;
 }

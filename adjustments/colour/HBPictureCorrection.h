@@ -29,7 +29,8 @@ struct ADJUSTMENTS_EXPORT HBPictureCorrectionParams
         using P = HBPictureCorrectionParams;
         constexpr HBRange strength{0, 100, 0, HBUnit::Percent};
         constexpr const char* modes[] = {"automatic", "overexposed", "underexposed"};
-        return std::make_tuple(HBPlain("enhanced", &P::enchanced), HBNumber("autoStrength", &P::autoStrength, strength),
+        return std::make_tuple(HBPlain("enhanced", &P::enchanced),
+                               HBNumber("autoStrength", &P::autoStrength, strength),
                                HBNumber("overexposureStrength", &P::overexposureStrength, strength),
                                HBNumber("underexposureStrength", &P::underexposureStrength, strength),
                                HBChoice("mode", &P::mode, modes), HBPlain("useTemperature", &P::useTemperature),

@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
+#include "HBColorBalance.h"
+#include "HBColorEnhancer.h"
 #include "HBExposure.h"
 #include "HBGammaCorrection.h"
+#include "HBHueSaturation.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
 #include "HBPosterize.h"
+#include "HBTemperature.h"
 #include "HBThreshold.h"
+#include "HBTint.h"
 
 #include <QCoreApplication>
 
@@ -31,8 +36,17 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBValuesRow<HBPosterizeParams>("HBPosterizeWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Posterize")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
         HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
+        HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Hue and Saturation")),
+        HBRecordRow<HBColorBalanceParams>("HBColorBalanceWidget", Colour,
+                                          QT_TRANSLATE_NOOP("HBAdjustment", "Color Balance")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
+        HBRecordRow<HBTemperatureParams>("HBTemperatureWidget", Colour,
+                                         QT_TRANSLATE_NOOP("HBAdjustment", "Temperature")),
+        HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Color Enhancer")),
+        HBRecordRow<HBTintParams>("HBTintWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Tint")),
     };
     return table;
 }

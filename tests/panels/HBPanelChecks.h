@@ -4,6 +4,9 @@
 
 #include "HBPanelFixture.h"
 
+#include <HBAdjustment.h>
+#include <HBParallel.h>
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QGridLayout>
@@ -11,6 +14,7 @@
 #include <QSlider>
 #include <QSpinBox>
 
+#include <atomic>
 #include <limits>
 
 // Checks that the tests of several panels share.
@@ -114,4 +118,31 @@ inline bool HBShowsItsValue(QSlider* slider) {
     const QImage before = slider->grab().toImage();
     slider->setValue(slider->maximum() - slider->maximum() / 4);
     return slider->grab().toImage() != before;
+}
+
+/// Cancels when it is asked for the sixth time.
+class HBImpatientControl : public HBJobControl {
+public:
+    bool IsCancelled() const override { return ++m_Asked > 5; }
+    void SetRange(int, int) override { ++ranges; }
+    int Asked() const { return m_Asked; }
+
+    int ranges = 0;
+
+private:
+    mutable std::atomic<int> m_Asked{0};
+};
+
+/// An adjustment that looks at the whole picture first stops while it looks: each lane before its next tile.
+template <class Record>
+void HBVerifyCancelledLook(const Record& record) {
+    const HBImage<> photo = HBTestRamp(200 * 128, 1);
+    for (const QRect& bounds : {QRect(), QRect(0, 0, 20, 1)}) {
+        HBImpatientControl control;
+        const HBOutcome outcome = HBAdjust(record, {photo, HBTestMask(20, 1), {}, bounds}, &control);
+        QCOMPARE(outcome.status, HBOutcome::Cancelled);
+        QVERIFY(outcome.image.IsSameAs(photo));
+        QVERIFY2(control.Asked() <= 6 + HBLaneCount(200), qPrintable(QString::number(control.Asked())));
+        QCOMPARE(control.ranges, 0); // no pixel was to be changed yet
+    }
 }

@@ -118,6 +118,7 @@ private Q_SLOTS:
     void thresholdsAreKept();
     void newSourceStartsBeforeItIsTold();
     void obsoleteJobLeavesNothing();
+    void cancelledLook();
     void unreadableSource();
 };
 
@@ -257,6 +258,8 @@ void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing() {
     }
 }
 
+void tst_HBColorEnhancerWidget::cancelledLook() { HBVerifyCancelledLook(HBColorEnhancerWidget::Params()); }
+
 /// The source's pixels are gone before its thresholds are counted.
 void tst_HBColorEnhancerWidget::unreadableSource() {
     Fixture f;
@@ -269,6 +272,13 @@ void tst_HBColorEnhancerWidget::unreadableSource() {
     const auto lines = log.Take();
     QCOMPARE(lines.size(), 1);
     QVERIFY2(lines[0].text.contains(". Unexpected exception: line=851, file="), qPrintable(lines[0].text));
+
+    // The job of a panel that is gone reads nothing.
+    Barrier barrier;
+    Fixture(false).panel.SetImage(photo, {}, {}, {});
+    barrier.Open();
+    QThreadPool::globalInstance()->waitForDone();
+    QCOMPARE(log.Take().size(), 0);
 }
 
 HB_TEST_MAIN(tst_HBColorEnhancerWidget)

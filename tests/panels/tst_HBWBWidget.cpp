@@ -155,6 +155,8 @@ private Q_SLOTS:
     void advanced();
     void advancedWithSelection();
     void temperature();
+    void progress();
+    void cancelledLook();
 };
 
 /// On purpose: a new panel neither shows its record nor listens. SetValue, and so OnReset, does both.
@@ -350,6 +352,31 @@ void tst_HBWBWidget::temperature() {
             }
         }
     }
+}
+
+/// A range for each step, also where one pass does them all.
+void tst_HBWBWidget::progress() {
+    for (const int steps : {1, 2, 3, 4}) {
+        for (const int pieces : {6, 76}) { // tiles; with a selection, and rows
+            Params params = WithMode(0, 80, steps > 2);
+            params.useTemperature = steps % 2 == 0;
+            QStringList expected;
+            for (int step = 0; step < steps; ++step) {
+                expected += QString("ProgressRangeChanged(0,%1)").arg(pieces);
+                for (int i = 1; i <= pieces; ++i) expected += QString("ProgressValueChanged(%1)").arg(i);
+            }
+            expected += {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
+            Fixture f(false);
+            f.Result(params, CastPhoto(), HBTestMask(120, 110), {17, -20},
+                     pieces == 6 ? QRect() : QRect(3, 4, 110, 90));
+            QCOMPARE(f.recorder.Take().filter("Progress"), expected);
+        }
+    }
+}
+
+void tst_HBWBWidget::cancelledLook() {
+    for (const int mode : {0, 1, 2}) HBVerifyCancelledLook(WithMode(mode));
+    HBVerifyCancelledLook(WithMode(0, 50, true));
 }
 
 HB_TEST_MAIN(tst_HBWBWidget)

@@ -4,8 +4,10 @@
 
 #include "HBParallel.h"
 
+#include <algorithm>
 #include <limits>
 #include <mutex>
+#include <numeric>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -213,25 +215,31 @@ void HBHistogrammCalculator::Accumulate(const HBImage<>& image, const QRect& rec
     }
 }
 
-std::vector<int> HBHistogrammCalculator::Threshold(const int* counts)
+std::vector<int> HBHistogrammCalculator::Threshold(const std::array<quint64, 256>& counts)
 {
-    qint64 total = 0;
-    for (int level = 0; level < 256; ++level)
-        total += qMax(counts[level], 0);
+    const quint64 total = std::accumulate(counts.begin(), counts.end(), quint64(0));
     if (total == 0)
         return {0, 255};
 
     // The lowest level up to which at least this many thousandths of all pixels lie.
-    const auto percentile = [&](int thousandths) {
-        qint64 sum = 0;
+    const auto percentile = [&](quint64 thousandths) {
+        quint64 sum = 0;
         for (int level = 0; level < 255; ++level) {
-            sum += qMax(counts[level], 0);
+            sum += counts[std::size_t(level)];
             if (sum * 1000 >= total * thousandths && sum > 0)
                 return level;
         }
         return 255;
     };
     return {percentile(5), percentile(995)};
+}
+
+std::vector<int> HBHistogrammCalculator::Threshold(const int* counts)
+{
+    std::array<quint64, 256> levels;
+    std::transform(counts, counts + levels.size(), levels.begin(),
+                   [](int count) { return quint64(qMax(count, 0)); });
+    return Threshold(levels);
 }
 
 void HBHistogramLook::Begin(const HBImage<>&)

@@ -52,6 +52,8 @@ public:
     /// The levels below and above which 0.5 % of the counted pixels lie: the 0.5 % and the 99.5 % percentile of 256
     /// counts (contrast stretching as in Gonzalez and Woods, Digital Image Processing). (0, 255) if nothing was
     /// counted; the two may be equal.
+    static std::vector<int> Threshold(const std::array<quint64, 256>& counts);
+    /// The same; less than 0 counts as 0.
     static std::vector<int> Threshold(const int* counts);
 
 private:

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "adjustments_export.h"
 
-#include <HBIterativeAdjustmentTransformation.h>
+#include <HBRGBA32i.h>
 
 /// What HBAverageTintRGB32 works with.
 struct HBTintFactors
@@ -18,7 +18,7 @@ struct HBTintFactors
 };
 
 /// HBAverageTintRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
-PANELS_EXPORT int HBAverageTintVectors(HBRGBA32i* pixels, int count, const HBTintFactors& factors);
+ADJUSTMENTS_EXPORT int HBAverageTintVectors(HBRGBA32i* pixels, int count, const HBTintFactors& factors);
 
 /// A pixel operation that replaces colours by a ramp between two tones, by brightness, and mixes it with the pixel.
 /// Whole numbers; the two divisions truncate one after the other, on purpose: stored adjustments keep their look to
@@ -58,12 +58,4 @@ public:
 
 private:
     HBTintFactors m_Factors;
-};
-
-/// A tint over the tiles of an image: HBAverageTintRGB32, or HBTintRGB32 of the imaging library.
-template <class Tint>
-class HBIterativeTintTransformation : public HBIterativeAdjustmentTransformation<Tint>
-{
-public:
-    explicit HBIterativeTintTransformation(const Tint& tint) : HBIterativeAdjustmentTransformation<Tint>(tint) {}
 };
