@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
+#include "HBBlackAndWhite.h"
 #include "HBBrightnessContrast.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
@@ -24,6 +25,8 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
+        HBRecordRow<HBBlackAndWhiteParams>("HBBlackAndWhiteWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Black and White")),
     };
     return table;
 }
