@@ -4,6 +4,7 @@
 #include "HBBlackAndWhite.h"
 #include "HBBrightnessContrast.h"
 #include "HBLevels.h"
+#include "HBPhotoFilter.h"
 #include "HBPictureCorrection.h"
 
 #include <QCoreApplication>
@@ -27,6 +28,8 @@ const QVector<HBAdjustment>& HBAdjustments()
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
         HBRecordRow<HBBlackAndWhiteParams>("HBBlackAndWhiteWidget", Colour,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Black and White")),
+        HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Colour,
+                                         QT_TRANSLATE_NOOP("HBAdjustment", "Photo Filter")),
     };
     return table;
 }
