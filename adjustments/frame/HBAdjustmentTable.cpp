@@ -3,6 +3,8 @@
 #include "HBAdjustmentRow.h"
 #include "HBBlackAndWhite.h"
 #include "HBBrightnessContrast.h"
+#include "HBColorize.h"
+#include "HBFillColor.h"
 #include "HBLevels.h"
 #include "HBPhotoFilter.h"
 #include "HBPictureCorrection.h"
@@ -30,6 +32,9 @@ const QVector<HBAdjustment>& HBAdjustments()
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Black and White")),
         HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Colour,
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Photo Filter")),
+        HBRecordRow<HBColorizeParams>("HBColorizeWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Colorize")),
+        HBRecordRow<HBFillColorParams>("KMFillColorWidget", Colour,
+                                       QT_TRANSLATE_NOOP("HBAdjustment", "Fill Color")),
     };
     return table;
 }
