@@ -8,6 +8,7 @@
 #include "HBLevels.h"
 #include "HBPhotoFilter.h"
 #include "HBPictureCorrection.h"
+#include "HBReplaceColor.h"
 
 #include <QCoreApplication>
 
@@ -33,6 +34,8 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Colour,
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Photo Filter")),
         HBRecordRow<HBColorizeParams>("HBColorizeWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Colorize")),
+        HBRecordRow<HBReplaceColorParams>("HBReplaceColorWidget", Colour,
+                                          QT_TRANSLATE_NOOP("HBAdjustment", "Replace Color")),
         HBRecordRow<HBFillColorParams>("KMFillColorWidget", Colour,
                                        QT_TRANSLATE_NOOP("HBAdjustment", "Fill Color")),
     };
