@@ -2,69 +2,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBAdjustmentWidget.h"
+#include "HBColorPercentWidget.h"
 
-#include <QColor>
-
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
-
-namespace Ui
-{
-class ColorizeWidget;
-}
+#include <HBColorize.h>
 
 /// Colorize: the whole picture towards one colour.
-class PANELS_EXPORT HBColorizeWidget : public HBAdjustmentWidget
+class PANELS_EXPORT HBColorizeWidget
+    : public HBColorPercentWidget<HBColorizeWidget, HBColorizeParams, &HBColorizeParams::amount>
 {
     Q_OBJECT
 public:
-    struct ColorizeData;
-
-    /// Stored form: tag "KMColorizeFilter 1.00000", then the fields in their order. Written records exist: a new field
-    /// needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        QColor color = QColor(255, 210, 255);
-        qint32 amount = 25; ///< percent, 0..100; 0 does nothing
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
-
     HBColorizeWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBColorizeWidget() override;
-
-    Params GetValue() const { return m_Params; }
-    /// Kept, and processed, as it is, also out of range. Emits nothing and starts no job.
-    void SetValue(const Params& params);
-
-    void Reset() override;
-    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    /// The job; on a thread of the pool.
-    HBImage<> Process(ColorizeData job);
 
 Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnColor();
-    void OnCurrentColorChanged(const QColor& color);
-    void OnAmountChanged(int amount);
-
-private:
-    void Connect();
-    void Disconnect();
-    void SetColor(const QColor& color);
-
-    std::unique_ptr<Ui::ColorizeWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
-    Params m_Params;
+    void OnColor() { PickColor(tr("Select a color")); }
+    void OnCurrentColorChanged(const QColor& color) { StoreColor(color); }
+    void OnAmountChanged(int amount) { StorePercent(amount); }
 };
 
-/// Both log one line on failure and return the stream; a failed read leaves the defaults.
+/// A failed read leaves the defaults.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorizeWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorizeWidget::Params& params);

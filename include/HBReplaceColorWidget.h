@@ -3,13 +3,9 @@
 #pragma once
 
 #include "HBAdjustmentWidget.h"
+#include "HBPanelJob.h"
 
-#include <QColor>
-
-#include <memory>
-
-class HBConnectionSet;
-class QDataStream;
+#include <HBReplaceColor.h>
 
 namespace Ui
 {
@@ -22,23 +18,15 @@ class PANELS_EXPORT HBReplaceColorWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// The corner where the region begins. Stored: the numbers never change.
-    enum PositionType : int { LeftTop = 0, RightTop = 1, LeftBottom = 2, RightBottom = 3 };
+    using Params = HBReplaceColorParams;
+    using PositionType = Params::PositionType;
+    static constexpr PositionType LeftTop = Params::LeftTop;
+    static constexpr PositionType RightTop = Params::RightTop;
+    static constexpr PositionType LeftBottom = Params::LeftBottom;
+    static constexpr PositionType RightBottom = Params::RightBottom;
 
-    struct RCData;
-
-    /// Stored form: tag "KMReplaceColor 1.00000", then the fields in their order. Written records exist: a new field
-    /// needs a new tag.
-    struct PANELS_EXPORT Params
+    struct RCData : HBJobData, HBColorReplacement
     {
-        qint32 tolerance = 0; ///< greatest difference per channel from the corner, 0..255
-        PositionType position = LeftTop;
-        QColor color = QColor(255, 255, 255);
-        qint32 opacity = 100; ///< percent, 0..100; 0 does nothing
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
     };
 
     HBReplaceColorWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
@@ -50,32 +38,38 @@ public:
 
     void Reset() override;
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
-    /// The job; on a thread of the pool.
-    HBImage<> Process(RCData job);
+    /// The job; any thread.
+    static HBImage<> Process(RCData job);
 
 Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnSourceToleranceChanged(int tolerance);
-    void OnSourcePosTypeChanged(int index);
+    void OnSourceToleranceChanged(int tolerance)
+    {
+        Store(m_Params.tolerance, tolerance, &HBReplaceColorWidget::ValueChanged);
+    }
+    void OnSourcePosTypeChanged(int index)
+    {
+        Store(m_Params.position, GetPositionType(index), &HBReplaceColorWidget::ValueChanged);
+    }
     void OnDestinationColor();
     void OnCurrentColorChanged(const QColor& color);
-    void OnDestinationOpacityChanged(int opacity);
+    void OnDestinationOpacityChanged(int opacity)
+    {
+        Store(m_Params.opacity, opacity, &HBReplaceColorWidget::ValueChanged);
+    }
 
 private:
-    void Connect();
-    void Disconnect();
     void FillSourcePositions();
     int GetPositionIndex(PositionType position) const;
     PositionType GetPositionType(int index) const;
     void SetDestinationColor(const QColor& color);
 
     std::unique_ptr<Ui::ReplaceColor> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 
-/// Both log one line on failure and return the stream; a failed read leaves the defaults.
+/// A failed read leaves the defaults.
 PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBReplaceColorWidget::Params& params);
 PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBReplaceColorWidget::Params& params);

@@ -33,3 +33,19 @@ HBPick HBRunColorDialog(QWidget* panel, const QString& title, const QColor& curr
     delete dialog;
     return result == 1 ? HBPick::Accepted : HBPick::Rejected;
 }
+
+std::optional<QColor> HBPickColor(QWidget* panel, const QString& title, const QColor& current,
+                                  const char* liveSlot)
+{
+    const QColor before = current; // may be the panel's own, which follows the dialog
+    QColor chosen;
+    switch (HBRunColorDialog(panel, title, before, liveSlot, &chosen)) {
+    case HBPick::Accepted:
+        return chosen;
+    case HBPick::Rejected:
+        return before;
+    case HBPick::Gone:
+        break;
+    }
+    return {};
+}

@@ -15,7 +15,7 @@ enum class HBAfterFailure { Keep, Reset };
 
 /// The stream operators of Panel::Params; both return the stream and log one line on failure, "Write <words> error." or
 /// "Read <words> error.".
-/// \param lineWrite, lineRead __LINE__, unless the panel has fixed numbers
+/// \param lineWrite, lineRead __LINE__, unless the panel has fixed numbers, on purpose, for those who look for them
 #define HB_PANEL_STREAM_LINES(Panel, words, lineWrite, lineRead, afterFailure)                                    \
     QDataStream& operator<<(QDataStream& stream, const Panel::Params& params)                                     \
     {                                                                                                             \

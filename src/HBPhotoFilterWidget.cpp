@@ -3,22 +3,13 @@
 #include "HBPhotoFilterWidget.h"
 
 #include "HBColorPick.h"
-#include "HBConnectionSet.h"
-#include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "ui_PhotoFilterWidget.h"
 
-#include <HBIterativePhotoFilterTransformation.h>
+HB_PANEL_STREAM_LINES(HBPhotoFilterWidget, "photo filter data", 368, 381, HBAfterFailure::Reset)
 
 namespace
 {
-
-constexpr char Tag[] = "KMPhotoFilter 1.00000";
-constexpr char SourceName[] = "src\\HBPhotoFilterWidget";
-
-// Line numbers in the log: fixed, on purpose, for those who look for them.
-constexpr int WriteErrorLine = 368;
-constexpr int ReadErrorLine = 381;
 
 /// Presets behind the first row, "Custom". The fourth name is misspelt, on purpose: it is a key of the translations.
 struct Preset
@@ -51,74 +42,20 @@ constexpr Preset presets[] = {
 
 } // namespace
 
-// ---- Record ----
-
-bool HBPhotoFilterWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    stream >> color >> density;
-    return stream.status() == QDataStream::Ok;
-}
-
-// The defaults, big endian, version Qt_5_15: the 21 bytes of the tag; 01 FFFF EBEB B1B1 1313 0000; 00 00 00 32.
-bool HBPhotoFilterWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << color << density;
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBPhotoFilterWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(WriteErrorLine, SourceName, "Write photo filter data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBPhotoFilterWidget::Params& params)
-{
-    if (!params.Read(stream)) {
-        HB_LOG_STREAM_ERROR(ReadErrorLine, SourceName, "Read photo filter data error.");
-        params = HBPhotoFilterWidget::Params();
-    }
-    return stream;
-}
-
-// ---- Construction ----
-
 HBPhotoFilterWidget::HBPhotoFilterWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::PhotoFilterWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
 {
     m_pUI->setupUi(GetUIContent());
     FillPresets();
-    // Never cut, on purpose: SetValue stores the colour before it looks for the preset, which then changes nothing.
+    // Never muted, on purpose: SetValue stores the colour before it looks for the preset, which then changes nothing.
     connect(m_pUI->m_pPresetList, SIGNAL(currentIndexChanged(int)), SLOT(OnPresetChanged(int)));
-    m_pConnections->Add(m_pUI->m_pColor, SIGNAL(clicked()), SLOT(OnColor()));
-    m_pConnections->Add(m_pUI->m_pDensity, SIGNAL(valueChanged(int)), SLOT(OnDensityChanged(int)));
-    Connect();
+    Listen(m_pUI->m_pColor, SIGNAL(clicked()), SLOT(OnColor()));
+    Listen(m_pUI->m_pDensity, SIGNAL(valueChanged(int)), SLOT(OnDensityChanged(int)));
     SetValue(Params());
 }
 
-HBPhotoFilterWidget::~HBPhotoFilterWidget()
-{
-    FinishJob();
-    Disconnect();
-    m_pUI->m_pPresetList->disconnect(this);
-}
-
-void HBPhotoFilterWidget::Connect()
-{
-    m_pConnections->Connect(this);
-}
-
-void HBPhotoFilterWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
+HBPhotoFilterWidget::~HBPhotoFilterWidget() = default;
 
 void HBPhotoFilterWidget::FillPresets()
 {
@@ -128,16 +65,13 @@ void HBPhotoFilterWidget::FillPresets()
         m_pUI->m_pPresetList->addItem(tr(preset.name), QColor(preset.color));
 }
 
-// ---- Values ----
-
 void HBPhotoFilterWidget::SetValue(const Params& params)
 {
-    Disconnect();
+    const Mute mute(this);
     m_Params = params;
     SetColor(m_Params.color);
     UpdatePresetIndex(m_Params.color);
     m_pUI->m_pDensity->setValue(m_Params.density);
-    Connect();
 }
 
 void HBPhotoFilterWidget::Reset()
@@ -162,65 +96,44 @@ void HBPhotoFilterWidget::UpdatePresetIndex(const QColor& color)
         m_pUI->m_pPresetList->setCurrentIndex(index);
 }
 
-void HBPhotoFilterWidget::OnPresetChanged(int index)
-{
-    if (index < 0)
-        return;
-    const QColor color = m_pUI->m_pPresetList->itemData(index).value<QColor>();
-    if (color == QColor(Qt::transparent) || color == m_Params.color)
-        return;
-    SetColor(color);
-    UpdatePresetIndex(color);
-    NotifyChanged(&HBPhotoFilterWidget::ValueChanged);
-}
-
-void HBPhotoFilterWidget::OnCurrentColorChanged(const QColor& color)
+/// The user has chosen another colour.
+/// \param preset the colour whose preset is shown
+void HBPhotoFilterWidget::Change(const QColor& color, const QColor& preset)
 {
     if (color == m_Params.color)
         return;
     SetColor(color);
-    UpdatePresetIndex(color);
+    UpdatePresetIndex(preset);
     NotifyChanged(&HBPhotoFilterWidget::ValueChanged);
+}
+
+void HBPhotoFilterWidget::OnPresetChanged(int index)
+{
+    const QColor color = m_pUI->m_pPresetList->itemData(index).value<QColor>();
+    if (index >= 0 && color != QColor(Qt::transparent))
+        Change(color, color);
+}
+
+void HBPhotoFilterWidget::OnCurrentColorChanged(const QColor& color)
+{
+    Change(color, color);
 }
 
 void HBPhotoFilterWidget::OnColor()
 {
     const QColor before = m_Params.color;
-    QColor chosen;
-    const HBPick pick =
-        HBRunColorDialog(this, tr("Select a filter color"), before, SLOT(OnCurrentColorChanged(QColor)), &chosen);
-    if (pick == HBPick::Gone)
-        return;
-    const QColor wanted = pick == HBPick::Accepted ? chosen : before;
-    if (wanted == m_Params.color)
-        return;
-    SetColor(wanted);
     // The preset of the colour from before the dialog, on purpose, also when another one was accepted.
-    UpdatePresetIndex(before);
-    NotifyChanged(&HBPhotoFilterWidget::ValueChanged);
+    if (const auto left =
+            HBPickColor(this, tr("Select a filter color"), before, SLOT(OnCurrentColorChanged(QColor))))
+        Change(*left, before);
 }
-
-void HBPhotoFilterWidget::OnDensityChanged(int density)
-{
-    m_Params.density = density;
-    NotifyChanged(&HBPhotoFilterWidget::ValueChanged);
-}
-
-// ---- Job ----
-
-struct HBPhotoFilterWidget::PhotoFilterData : HBJobData
-{
-    Params params;
-};
 
 void HBPhotoFilterWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const PhotoFilterData job{JobData(), m_Params};
-    HBStartJob(watcher, this, &HBPhotoFilterWidget::Process, job);
+    HBStartJob(watcher, &Process, PhotoFilterData{JobData(), m_Params});
 }
 
 HBImage<> HBPhotoFilterWidget::Process(PhotoFilterData job)
 {
-    const HBRGBA32i color = HBRGBA32i::FromRgba(job.params.color.rgba());
-    return RunTransformation(job, HBIterativePhotoFilterTransformation(color, job.params.density));
+    return HBRunJob(job, job.params);
 }

@@ -1,15 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
+#include "HBBlackAndWhite.h"
 #include "HBBrightnessContrast.h"
 #include "HBColorBalance.h"
 #include "HBColorEnhancer.h"
+#include "HBColorize.h"
 #include "HBExposure.h"
+#include "HBFillColor.h"
 #include "HBGammaCorrection.h"
 #include "HBHueSaturation.h"
 #include "HBLevels.h"
+#include "HBPhotoFilter.h"
 #include "HBPictureCorrection.h"
 #include "HBPosterize.h"
+#include "HBReplaceColor.h"
 #include "HBTemperature.h"
 #include "HBThreshold.h"
 #include "HBTint.h"
@@ -47,6 +52,15 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Colour,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Color Enhancer")),
         HBRecordRow<HBTintParams>("HBTintWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Tint")),
+        HBRecordRow<HBBlackAndWhiteParams>("HBBlackAndWhiteWidget", Colour,
+                                           QT_TRANSLATE_NOOP("HBAdjustment", "Black and White")),
+        HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Colour,
+                                         QT_TRANSLATE_NOOP("HBAdjustment", "Photo Filter")),
+        HBRecordRow<HBColorizeParams>("HBColorizeWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Colorize")),
+        HBRecordRow<HBReplaceColorParams>("HBReplaceColorWidget", Colour,
+                                          QT_TRANSLATE_NOOP("HBAdjustment", "Replace Color")),
+        HBRecordRow<HBFillColorParams>("KMFillColorWidget", Colour,
+                                       QT_TRANSLATE_NOOP("HBAdjustment", "Fill Color")),
     };
     return table;
 }

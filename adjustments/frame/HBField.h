@@ -52,7 +52,7 @@ struct HBRange
     int decimals = 0; ///< of a real number in its form
 };
 
-/// A number (qint32 or double).
+/// A number (qint32, float or double).
 template <class Record, class Value>
 struct HBNumberField
 {

@@ -185,6 +185,33 @@ private Q_SLOTS:
         QVERIFY(untouched.Tiles() == source.Tiles());
     }
 
+    /// The region is found once, from another image's tiles than those that are filled.
+    void Prepared() {
+        const HBImage<> source = HBImage<>::FromQImage(Spiral(300)); // 9 tiles, each visited again and again
+        struct Control : HBJobControl {
+            bool IsCancelled() const override { return ++asked > allowed; }
+            mutable int asked = 0;
+            int allowed = INT_MAX;
+        } control;
+        const HBTileFunction fill = HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, Red, &control);
+        HBImage<> filled = HBImage<>::FromQImage(Uniform(300, 300, Black));
+        for (int index = 0; index < filled.Tiles().size(); ++index) {
+            HBTileAccess tile(filled, index);
+            fill(tile);
+        }
+        QRect area;
+        const QImage expected = PlainFill(Spiral(300), QPoint(0, 0), Exactly, Red, &area);
+        QCOMPARE(filled.ToQImage(), expected);
+        QVERIFY(control.asked > 9);
+
+        control.asked = 0;
+        control.allowed = 3;
+        HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, Red, &control);
+        QCOMPARE(control.asked, 4);
+        QVERIFY(!HBFloodFillHelper::Prepare(source, QPoint(0, 300), Exactly, Red));
+        QVERIFY(!HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, HBRGBA32i(9, 9, 9, 0)));
+    }
+
     void PictureLargerThanMemory() {
         auto& manager = KMTileManager64::Instance();
         const qint64 budget = manager.MemoryBudget();

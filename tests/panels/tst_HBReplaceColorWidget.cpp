@@ -223,14 +223,28 @@ void tst_HBReplaceColorWidget::hostileRecords() {
     QVERIFY(filled(Most));
 }
 
-/// The selection is carried along, but neither limits the fill nor weighs it.
+/// The selection is carried along, but neither limits the fill nor weighs it; tiles that it does not reach stay shared.
 void tst_HBReplaceColorWidget::selectionDoesNotLimit() {
+    QImage photo = Plain(300, 150, Qt::blue);
+    QPainter(&photo).fillRect(100, 0, 200, 150, Qt::green);
+    QImage expected = photo;
+    QPainter(&expected).fillRect(0, 0, 100, 150, Qt::red);
+    Panel::RCData job;
+    job.source = HBImage<>::FromQImage(photo);
+    job.selection = HBTestMask(50, 50);
+    job.offset = QPoint(10, 10);
+    job.bounds = QRect(5, 5, 20, 20);
+    job.replacement = HBRGBA32i(255, 0, 0);
+    job.seed = QPoint(0, 149);
+    const HBImage<> filled = Panel::Process(job);
+    QCOMPARE(filled.ToQImage(), expected);
+    QVERIFY(filled.Tile(1) == job.source.Tile(1) && filled.Tile(5) == job.source.Tile(5));
+
     Fixture f;
-    f.panel.SetValue({0, Panel::LeftTop, Qt::red, 100});
-    f.panel.SetImage(HBImage<>::FromQImage(Plain(200, 150, Qt::blue)), HBTestMask(50, 50), QPoint(10, 10),
-                     QRect(5, 5, 20, 20));
+    f.panel.SetValue({0, Panel::LeftBottom, Qt::red, 100});
+    f.panel.SetImage(job.source, job.selection, job.offset, job.bounds);
     QVERIFY(f.Finish());
-    QCOMPARE(f.panel.AdjustedImage().ToQImage(), Plain(200, 150, Qt::red));
+    QCOMPARE(f.panel.AdjustedImage().ToQImage(), expected);
 }
 
 HB_TEST_MAIN(tst_HBReplaceColorWidget)

@@ -14,7 +14,10 @@
 namespace
 {
 
-constexpr int TileSide = 128;
+constexpr int TileSide = HBImage<>::TileSide;
+
+/// The pixels to fill, by tile; null for a tile that has none.
+using Masks = std::vector<std::unique_ptr<HBTileMask>>;
 
 /// Finds the pixels to fill, a tile at a time. A tile hands what it reached at its borders to its neighbours, which
 /// then wait in a queue; it may get its turn again when they hand something back.
@@ -26,40 +29,39 @@ public:
         , m_Lowest(lowest)
         , m_Highest(highest)
         , m_Tiles(std::size_t(image.Tiles().size()))
+        , m_Masks(m_Tiles.size())
     {
     }
 
-    void GrowFrom(QPoint seed)
+    void GrowFrom(QPoint seed, const HBJobControl* control)
     {
         const int index = seed.y() / TileSide * m_Image.Columns() + seed.x() / TileSide;
         HBTileMask seeds{};
         seeds[std::size_t(seed.y() % TileSide)] = HBMaskRow(1) << (seed.x() % TileSide);
         Grow(index, seeds);
-        while (!m_Queue.empty()) {
+        while (!m_Queue.empty() && !HBIsCancelled(control)) {
             const int next = m_Queue.front();
             m_Queue.pop_front();
             Grow(next, TakeSeeds(next));
         }
     }
 
-    /// The pixels of a tile that were found; null if there are none.
-    const HBTileMask* Mask(int index) const { return m_Tiles[std::size_t(index)].filled.get(); }
+    Masks TakeMasks() { return std::move(m_Masks); }
 
     QRect Bounds() const
     {
         QRect bounds;
         for (int index = 0; index < int(m_Tiles.size()); ++index) {
-            if (const HBTileMask* mask = Mask(index))
+            if (const auto& mask = m_Masks[std::size_t(index)])
                 bounds |= HBBounds(*mask).translated(m_Image.TileRect(index).topLeft());
         }
         return bounds;
     }
 
 private:
+    /// Seeds that wait: a bit for each pixel of a border.
     struct Tile
     {
-        std::unique_ptr<HBTileMask> filled;
-        // Seeds that wait: a bit for each pixel of a border.
         HBMaskRow top = 0;
         HBMaskRow bottom = 0;
         HBMaskRow left = 0;
@@ -86,21 +88,21 @@ private:
     void Grow(int index, const HBTileMask& seeds)
     {
         const QSize size = m_Image.TileRect(index).size();
-        Tile& tile = m_Tiles[std::size_t(index)];
+        std::unique_ptr<HBTileMask>& mask = m_Masks[std::size_t(index)];
         HBTileMask open;
         {
             const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
             open = HBMatchTile(pin.Pixels(), m_Lowest, m_Highest, size);
         }
-        HBTileMask filled = tile.filled ? *tile.filled : HBTileMask{};
+        HBTileMask filled = mask ? *mask : HBTileMask{};
         const HBTileMask before = filled;
         HBSpreadInTile(open, seeds, filled);
         if (filled == before)
             return;
         HandOver(index, size, before, filled);
-        if (!tile.filled)
-            tile.filled = std::make_unique<HBTileMask>();
-        *tile.filled = filled;
+        if (!mask)
+            mask = std::make_unique<HBTileMask>();
+        *mask = filled;
     }
 
     /// Passes what is new at the borders to the neighbours.
@@ -139,7 +141,7 @@ private:
     /// The pixels of a tile's border that are filled already.
     HBMaskRow Reached(int index, HBMaskRow Tile::*border) const
     {
-        const HBTileMask* mask = Mask(index);
+        const HBTileMask* mask = m_Masks[std::size_t(index)].get();
         if (!mask)
             return 0;
         const QSize size = m_Image.TileRect(index).size();
@@ -158,33 +160,22 @@ private:
     const HBRGBA32i m_Lowest;
     const HBRGBA32i m_Highest;
     std::vector<Tile> m_Tiles;
+    Masks m_Masks;
     std::deque<int> m_Queue;
 };
 
-void FillTile(HBImage<>& image, int index, const HBTileMask& mask, const KMFillTransformation& fill)
+void FillTile(HBTileAccess& tile, const HBTileMask& mask, const KMFillTransformation& fill)
 {
-    image.Detach(index);
-    const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
-    HBRGBA32i* row = pin.Pixels();
+    HBRGBA32i* row = tile.Pixels();
     for (const HBMaskRow bits : mask) {
         HBForEachRun(bits, [&](int first, int count) { fill(row + first, count); });
         row += TileSide;
     }
 }
 
-void FillRegion(HBImage<>& image, const Region& region, HBRGBA32i colour)
+bool HasPixel(const HBImage<>& image, QPoint at)
 {
-    KMFillTransformation fill;
-    fill.SetData(colour);
-    image.DetachList();
-    const int tiles = image.Tiles().size();
-    std::atomic<int> next{0};
-    HBRunLanes(HBLaneCount(tiles), [&] {
-        for (int index; (index = next.fetch_add(1)) < tiles;) {
-            if (const HBTileMask* mask = region.Mask(index))
-                FillTile(image, index, *mask, fill);
-        }
-    });
+    return !image.IsEmpty() && QRect(0, 0, image.Width(), image.Height()).contains(at);
 }
 
 HBRGBA32i Shifted(HBRGBA32i pixel, HBRGBA32i by, int sign)
@@ -198,22 +189,42 @@ HBRGBA32i Shifted(HBRGBA32i pixel, HBRGBA32i by, int sign)
 
 } // namespace
 
-bool HBFloodFillHelper::FloodFill(HBImage<>& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement,
-                                  QRect* filled)
+HBTileFunction HBFloodFillHelper::Prepare(const HBImage<>& image, QPoint seed, HBRGBA32i tolerance,
+                                          HBRGBA32i replacement, const HBJobControl* control, QRect* filled)
 {
     if (filled)
         *filled = QRect();
-    if (image.IsEmpty() || !QRect(0, 0, image.Width(), image.Height()).contains(seed))
-        return false;
-    if (replacement.alpha == 0 && !filled)
-        return true;
-
+    if (!HasPixel(image, seed) || (replacement.alpha == 0 && !filled))
+        return {};
     const HBRGBA32i like = image.PixelAt(seed.x(), seed.y());
     Region region(image, Shifted(like, tolerance, -1), Shifted(like, tolerance, 1));
-    region.GrowFrom(seed);
+    region.GrowFrom(seed, control);
     if (filled)
         *filled = region.Bounds();
-    if (replacement.alpha > 0)
-        FillRegion(image, region, replacement);
+    if (replacement.alpha == 0)
+        return {};
+    KMFillTransformation fill;
+    fill.SetData(replacement);
+    return [masks = std::make_shared<const Masks>(region.TakeMasks()), fill](HBTileAccess& tile) {
+        if (const auto& mask = (*masks)[std::size_t(tile.Index())])
+            FillTile(tile, *mask, fill);
+    };
+}
+
+bool HBFloodFillHelper::FloodFill(HBImage<>& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement,
+                                  QRect* filled)
+{
+    const HBTileFunction fill = Prepare(image, seed, tolerance, replacement, nullptr, filled);
+    if (!fill)
+        return HasPixel(image, seed);
+    image.DetachList();
+    const int tiles = image.Tiles().size();
+    std::atomic<int> next{0};
+    HBRunLanes(HBLaneCount(tiles), [&] {
+        for (int index; (index = next.fetch_add(1)) < tiles;) {
+            HBTileAccess tile(image, index);
+            fill(tile);
+        }
+    });
     return true;
 }

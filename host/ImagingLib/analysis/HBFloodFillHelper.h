@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBImage.h"
-#include "imaginglib_export.h"
+#include "HBTileWalk.h"
 
 class IMAGINGLIB_EXPORT HBFloodFillHelper
 {
@@ -20,4 +19,11 @@ public:
     /// \throws std::bad_alloc; the image may then be filled in part
     static bool FloodFill(HBImage<>& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement,
                           QRect* filled = nullptr);
+
+    /// The first half of it: finds the pixels, and returns the function that fills those of one tile, in `image` or a
+    /// copy of it; tiles without any stay shared. Null, if there is nothing to fill; anything, if `control`, which is
+    /// asked before each tile, says cancelled.
+    /// \throws std::bad_alloc
+    static HBTileFunction Prepare(const HBImage<>& image, QPoint seed, HBRGBA32i tolerance, HBRGBA32i replacement,
+                                  const HBJobControl* control = nullptr, QRect* filled = nullptr);
 };
