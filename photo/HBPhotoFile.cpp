@@ -160,14 +160,20 @@ bool Decode(QByteArray bytes, QImage* image, HBPhoto* photo, QString* reason)
     const int pages = reader.imageCount(); // before size(), which leaves the TIFF reader where it finds no pages
     if (!CheckSize(reader.size(), reason))
         return false;
+    HBPhotoEncoding encoding = HBReadEncoding(bytes, photo->format);
+    encoding.pages = qMax(encoding.pages, pages);
+    encoding.isAnimated |= encoding.pages > 1 && reader.supportsAnimation();
     const bool read = ReadPixels(bytes, &reader, image);
     remarks.AddTo(&photo->warnings);
     if (!read)
         return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(reader.errorString()));
-    if (pages > 1)
-        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(pages));
-    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16)
+    if (encoding.pages > 1)
+        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(encoding.pages));
+    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16) {
         photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        encoding.bitsPerChannel = qMax(16, encoding.bitsPerChannel);
+    }
+    photo->encoding = encoding;
     return true;
 }
 
@@ -276,10 +282,15 @@ bool Encode(const QImage& pixels, const QString& suffix, const HBPhotoOptions& o
             reason,
             Text::tr("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
     }
+    const bool overSame = options.encoding.format == HBFormatOfName("." + suffix);
+    if (suffix == "jpg" || suffix == "jpeg") {
+        return HBWriteJpeg(pixels, overSame ? options.encoding.jpeg : HBJpegCoding(), options.quality, bytes,
+                           reason);
+    }
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
-    if (suffix == "jpg" || suffix == "jpeg" || suffix == "webp") // for PNG it would mean "do not compress"
-        writer.setQuality(qBound(0, options.quality, 100));
+    if (suffix == "webp") // for PNG it would mean "do not compress"
+        writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
     return writer.write(pixels) || Fail(reason, writer.errorString());
 }
 
@@ -330,7 +341,7 @@ QSize HBPhotoSize(const QString& path)
 }
 
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
-                  QStringList* warnings)
+                  QStringList* warnings, HBPhotoEncoding* written)
 {
     QStringList unheard;
     QStringList* told = warnings ? warnings : &unheard;
@@ -348,6 +359,10 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
         if (options.mayWrite && !options.mayWrite())
             return Fail(reason, Text::tr("it was given up"));
-        return HBSaveFile(path, bytes, reason);
+        if (!HBSaveFile(path, bytes, reason))
+            return false;
+        if (written)
+            *written = HBReadEncoding(bytes, HBFormatOfName(path));
+        return true;
     });
 }
