@@ -4,6 +4,8 @@
 #include "HBBrightnessContrast.h"
 #include "HBLevels.h"
 #include "HBPictureCorrection.h"
+#include "HBSign.h"
+#include "HBWatermark.h"
 
 #include <QCoreApplication>
 
@@ -13,6 +15,7 @@ namespace
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBAdjustment", "Tonal");
 constexpr char Colour[] = QT_TRANSLATE_NOOP("HBAdjustment", "Color");
+constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBAdjustment", "Overlays");
 
 } // namespace
 
@@ -24,6 +27,9 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
+        HBRecordRow<HBSignParams>("HBSignWidget", Overlays, QT_TRANSLATE_NOOP("HBAdjustment", "Sign")),
+        HBRecordRow<HBWatermarkParams>("HBWatermarkWidget", Overlays,
+                                       QT_TRANSLATE_NOOP("HBAdjustment", "Watermark")),
     };
     return table;
 }
