@@ -263,14 +263,14 @@ void RegisterHistogram(const char* name)
 void RegisterOverlays(std::vector<HBBenchmarkAim>& aims)
 {
     static const QTemporaryDir folder;
-    HBSignWidget::Params sign;
+    HBSignParams sign;
     sign.fileName = folder.filePath("stamp.png");
     sign.margins = QRect(QPoint(0, 0), QPoint(0, 0));
     sign.opacity = 50;
     QImage stamp(1500, 1000, QImage::Format_ARGB32);
     stamp.fill(QColor(200, 120, 40, 180));
     stamp.save(sign.fileName);
-    HBWatermarkWidget::Params watermark;
+    HBWatermarkParams watermark;
     watermark.text = "Adjustment Panels";
     watermark.font.setPointSize(300);
     watermark.opacity = 50;

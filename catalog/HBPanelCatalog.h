@@ -4,11 +4,7 @@
 
 #include "catalog_export.h"
 
-#include <HBImage.h>
-
-#include <QJsonObject>
-#include <QString>
-#include <QVector>
+#include <HBAdjustment.h>
 
 #include <functional>
 
@@ -19,32 +15,37 @@ class QWidget;
 /// otherwise empty, says why.
 using HBOverlayDrawing = std::function<HBImage<>(const HBImage<>& source, QString* error)>;
 
-/// One panel, as everything that works with all of them knows it: menus, the replayer, the tests of all
-/// panels.
+/// One panel, as menus and the tests of all panels know it: its adjustment, and what makes it a widget.
 struct CATALOG_EXPORT HBPanelEntry
 {
-    const char* className; ///< its key in recipes: never translated, never changed
-    const char* tag;       ///< opens its stored record; null for a panel without one
-    const char* group;     ///< untranslated; see Group()
-    const char* title;     ///< untranslated; see Title()
+    const HBAdjustment* adjustment;
+    // As in the adjustment.
+    const char* className;
+    const char* tag;
+    const char* group;
+    const char* title;
 
     /// A new panel; see HBAdjustmentWidget's constructor. A panel that has no job has no frame either: `dialog` is
     /// without effect there.
     HBAdjustmentWidget* (*create)(bool dialog, QWidget* parent);
 
-    /// The panel's present values as a recipe step stores them: {"record": base64} or
-    /// {"values": {name: number}}.
-    QJsonObject (*save)(const HBAdjustmentWidget& panel);
-    /// Loads what `save` returned, however hostile; false with a reason, and the panel left as it was, if it
-    /// is not exactly that. Other keys of `values` are ignored.
-    bool (*restore)(HBAdjustmentWidget& panel, const QJsonObject& values, QString* reason);
+    /// The panel's present record.
+    std::any (*get)(const HBAdjustmentWidget& panel);
+    /// Shows a record, which must be of the adjustment's type.
+    void (*set)(HBAdjustmentWidget& panel, const std::any& record);
 
     /// For a panel that only describes an overlay and has no job: the drawing of its present values, which may run
     /// when they have changed or the panel has gone. Null for a panel with a job.
-    HBOverlayDrawing (*draw)(const HBAdjustmentWidget& panel) = nullptr;
+    HBOverlayDrawing (*draw)(const HBAdjustmentWidget& panel);
 
-    QString Group() const;
-    QString Title() const;
+    /// The panel's present values as a recipe step stores them; see HBAdjustment::save.
+    QJsonObject save(const HBAdjustmentWidget& panel) const { return adjustment->save(get(panel)); }
+    /// Loads what `save` returned, however hostile; false with a reason, and the panel left as it was, if it
+    /// is not exactly that.
+    bool restore(HBAdjustmentWidget& panel, const QJsonObject& values, QString* reason) const;
+
+    QString Group() const { return adjustment->Group(); }
+    QString Title() const { return adjustment->Title(); }
 };
 
 /// All panels, in the order of the menus.

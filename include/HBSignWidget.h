@@ -2,43 +2,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBAdjustmentWidget.h"
+#include "HBOverlayWidget.h"
 
-#include <QRect>
-#include <QString>
+#include <HBSign.h>
+
 #include <QStringList>
 
 #include <memory>
-
-class HBConnectionSet;
-class QDataStream;
 
 namespace Ui
 {
 class SignWidget;
 }
 
-/// Sign: a picture, a signature or a logo, stamped onto the photo. The panel only edits the values: it has no job, and
-/// the host draws the stamp from GetValue().
-class PANELS_EXPORT HBSignWidget : public HBAdjustmentWidget
+/// Sign: a picture, a signature or a logo, stamped onto the photo.
+class PANELS_EXPORT HBSignWidget : public HBOverlayWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMSign 1.00000", then alignment, margins, file name, mode and opacity, which is not the order of
-    /// the fields here. Written records exist: a new field needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop; ///< one horizontal and one vertical flag
-        QString fileName;                                       ///< of the stamp; null until one is chosen
-        /// Four margins, 0..999, in its four corner values: not a rectangle, never take its width.
-        QRect margins = QRect(QPoint(5, 5), QPoint(5, 5));
-        quint32 blendingMode = 0; ///< a QPainter::CompositionMode; one that is not in the list shows as "Normal"
-        qint32 opacity = 100;     ///< percent, 0..100
-
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBSignParams;
 
     HBSignWidget(QWidget* parent, Qt::WindowFlags flags);
     ~HBSignWidget() override;
@@ -48,8 +30,6 @@ public:
     void SetValue(const Params& params);
 
     void Reset() override;
-    /// Does nothing: there is no job.
-    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
 
 Q_SIGNALS:
     void ValueChanged();
@@ -57,25 +37,35 @@ Q_SIGNALS:
 public Q_SLOTS:
     void OnHorizontalAlignmentChanged(int index);
     void OnVerticalAlignmentChanged(int index);
-    void OnLeftMarginChanged(int margin);
-    void OnRightMarginChanged(int margin);
-    void OnTopMarginChanged(int margin);
-    void OnBottomMarginChanged(int margin);
+    void OnLeftMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setLeft, margin, &HBSignWidget::ValueChanged);
+    }
+    void OnRightMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setRight, margin, &HBSignWidget::ValueChanged);
+    }
+    void OnTopMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setTop, margin, &HBSignWidget::ValueChanged);
+    }
+    void OnBottomMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setBottom, margin, &HBSignWidget::ValueChanged);
+    }
     void OnSelectFileName();
-    void OnOpacityChanged(int opacity);
-    void OnBlendingModeChanged(int index);
+    void OnOpacityChanged(int opacity) { Store(m_Params.opacity, opacity, &HBSignWidget::ValueChanged); }
+    void OnBlendingModeChanged(int index)
+    {
+        Store(m_Params.blendingMode, BlendingIndexToMode(index), &HBSignWidget::ValueChanged);
+    }
 
 private:
-    void Connect();
-    void Disconnect();
     QStringList GetOpenFileNames();
     void SetHorizontalAlignment(Qt::Alignment alignment);
     void SetVerticalAlignment(Qt::Alignment alignment);
-    unsigned BlendingIndexToMode(int index) const;
-    int BlendingModeToIndex(unsigned mode) const;
 
     std::unique_ptr<Ui::SignWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 

@@ -2,50 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBAdjustmentWidget.h"
+#include "HBOverlayWidget.h"
 
-#include <QColor>
-#include <QFont>
-#include <QRect>
-#include <QString>
+#include <HBWatermark.h>
 
 #include <memory>
-
-class HBConnectionSet;
-class QDataStream;
 
 namespace Ui
 {
 class WatermarkWidget;
 }
 
-/// Watermark: a text laid over the photo, once or in rows. The panel only edits the values: it has no job, and the host
-/// draws the text from GetValue().
-class PANELS_EXPORT HBWatermarkWidget : public HBAdjustmentWidget
+/// Watermark: a text laid over the photo, once or in rows.
+class PANELS_EXPORT HBWatermarkWidget : public HBOverlayWidget
 {
     Q_OBJECT
 public:
-    /// Stored form: tag "KMWatermark 1.00000", then angle, margins, text, font, colour, mode, opacity and the tiles, which
-    /// is not the order of the fields here. Written records exist: a new field needs a new tag.
-    struct PANELS_EXPORT Params
-    {
-        qint32 angle = 0; ///< degrees, -179..180
-        QFont font;
-        QString text;
-        /// Four margins, 0..999, in its four corner values: not a rectangle, never take its width.
-        QRect margins = QRect(QPoint(5, 5), QPoint(5, 5));
-        QColor color = Qt::white;
-        qint32 blendingMode = 0;    ///< a QPainter::CompositionMode; one that is not in the list shows as "Normal"
-        qint32 opacity = 100;       ///< percent, 0..100
-        qint32 horizontalTiles = 1; ///< copies across, 1..9
-        qint32 verticalTiles = 1;   ///< copies down, 1..9
-
-        /// Needs a QApplication: the font and the text are its default font and its language's "Watermark".
-        Params();
-        /// False if the tag does not match (nothing is changed) or the stream ends early (what was read is changed).
-        bool Read(QDataStream& stream);
-        bool Write(QDataStream& stream) const;
-    };
+    using Params = HBWatermarkParams;
 
     HBWatermarkWidget(QWidget* parent, Qt::WindowFlags flags);
     ~HBWatermarkWidget() override;
@@ -55,35 +28,44 @@ public:
     void SetValue(const Params& params);
 
     void Reset() override;
-    /// Does nothing: there is no job.
-    void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
 
 Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnAnglechanged(int angle); // spelt so on purpose
-    void OnTextChanged(const QString& text);
-    void OnLeftMarginChanged(int margin);
-    void OnRightMarginChanged(int margin);
-    void OnTopMarginChanged(int margin);
-    void OnBottomMarginChanged(int margin);
+    // Spelt so on purpose.
+    void OnAnglechanged(int angle) { Store(m_Params.angle, angle, &HBWatermarkWidget::ValueChanged); }
+    void OnTextChanged(const QString& text) { Store(m_Params.text, text, &HBWatermarkWidget::ValueChanged); }
+    void OnLeftMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setLeft, margin, &HBWatermarkWidget::ValueChanged);
+    }
+    void OnRightMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setRight, margin, &HBWatermarkWidget::ValueChanged);
+    }
+    void OnTopMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setTop, margin, &HBWatermarkWidget::ValueChanged);
+    }
+    void OnBottomMarginChanged(int margin)
+    {
+        StoreMargin(m_Params.margins, &QRect::setBottom, margin, &HBWatermarkWidget::ValueChanged);
+    }
     void OnSelectFont();
-    void OnOpacityChanged(int opacity);
-    void OnBlendingModeChanged(int index);
-    void OnHrzTilesChanged(int tiles);
-    void OnVrtTilesChanged(int tiles);
+    void OnOpacityChanged(int opacity) { Store(m_Params.opacity, opacity, &HBWatermarkWidget::ValueChanged); }
+    void OnBlendingModeChanged(int index)
+    {
+        Store(m_Params.blendingMode, qint32(BlendingIndexToMode(index)), &HBWatermarkWidget::ValueChanged);
+    }
+    void OnHrzTilesChanged(int tiles) { Store(m_Params.horizontalTiles, tiles, &HBWatermarkWidget::ValueChanged); }
+    void OnVrtTilesChanged(int tiles) { Store(m_Params.verticalTiles, tiles, &HBWatermarkWidget::ValueChanged); }
     void OnSelectColor();
 
 private:
-    void Connect();
-    void Disconnect();
     void SetColor(const QColor& color);
-    unsigned BlendingIndexToMode(int index) const;
-    int BlendingModeToIndex(unsigned mode) const;
 
     std::unique_ptr<Ui::WatermarkWidget> m_pUI;
-    std::unique_ptr<HBConnectionSet> m_pConnections;
     Params m_Params;
 };
 

@@ -15,9 +15,11 @@
 #include "HBPictureCorrection.h"
 #include "HBPosterize.h"
 #include "HBReplaceColor.h"
+#include "HBSign.h"
 #include "HBTemperature.h"
 #include "HBThreshold.h"
 #include "HBTint.h"
+#include "HBWatermark.h"
 
 #include <QCoreApplication>
 
@@ -27,6 +29,7 @@ namespace
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBAdjustment", "Tonal");
 constexpr char Colour[] = QT_TRANSLATE_NOOP("HBAdjustment", "Color");
+constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBAdjustment", "Overlays");
 
 } // namespace
 
@@ -61,6 +64,9 @@ const QVector<HBAdjustment>& HBAdjustments()
                                           QT_TRANSLATE_NOOP("HBAdjustment", "Replace Color")),
         HBRecordRow<HBFillColorParams>("KMFillColorWidget", Colour,
                                        QT_TRANSLATE_NOOP("HBAdjustment", "Fill Color")),
+        HBRecordRow<HBSignParams>("HBSignWidget", Overlays, QT_TRANSLATE_NOOP("HBAdjustment", "Sign")),
+        HBRecordRow<HBWatermarkParams>("HBWatermarkWidget", Overlays,
+                                       QT_TRANSLATE_NOOP("HBAdjustment", "Watermark")),
     };
     return table;
 }

@@ -86,7 +86,7 @@ constexpr HBNumbersField<Record, Array, Count> HBNumbers(const char* key, Array 
 }
 
 /// An enumeration or a number that means one of several things; `names` are the keys of the values 0, 1, 2, …; any other
-/// value means what the adjustment says of it.
+/// value, also one whose name is null, means what the adjustment says of it.
 template <class Record, class Value, std::size_t Count>
 struct HBChoiceField
 {
@@ -184,7 +184,7 @@ struct HBFieldInfo
     QString key;
     Type type = Other;
     HBRange range{0, 0};         ///< of a number
-    std::vector<QString> values; ///< keys of the values 0, 1, 2, … of a choice
+    std::vector<QString> values; ///< keys of the values 0, 1, 2, … of a choice; null for one that is none
     /// The value in a record, and back; what `set` cannot convert it ignores.
     std::function<QVariant(const void* record)> get;
     std::function<void(void* record, const QVariant& value)> set;

@@ -7,13 +7,13 @@
 cmake_minimum_required(VERSION 3.21)
 
 # The folders of each layer. A file may include headers of its own layer and of lower ones.
-set(layers programs catalog overlay panels host) # from the top down
+set(layers programs catalog panels adjustments host) # from the top down
 set(programs editor photo replay)
 set(catalog catalog)
-set(overlay overlay)
 set(panels include src)
+set(adjustments adjustments)
 set(host host)
-set(without_widgets "^host/(ImagingLib|HostUtilsLib)/")
+set(without_widgets "^(adjustments|host/ImagingLib|host/HostUtilsLib)/")
 
 function(is_widget header result)
     set(found FALSE)

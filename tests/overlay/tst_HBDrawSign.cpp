@@ -32,7 +32,7 @@ private Q_SLOTS:
         // A pixel of the stamp is one of this picture; it lies across the borders of 16 tiles, in both halves.
         const QImage picture = HBHalfOpaque(1000, 1100);
         const QImage stamp = TranslucentStamp();
-        HBSignWidget::Params params = Stamp("modes.png", stamp);
+        HBSignParams params = Stamp("modes.png", stamp);
         params.alignment = Qt::AlignCenter;
         params.margins = HBMargins(20, 0, 0, 0);
         for (const int mode : HBAllModes) {
@@ -69,7 +69,7 @@ private Q_SLOTS:
             {"a strip: 0.3 by 0.18 pixels", {500, 3}, small, right | bottom, none, {499, 2, 1, 1}},
         };
         for (const auto& row : rows) {
-            HBSignWidget::Params params =
+            HBSignParams params =
                 Stamp("place.png", HBPlain(row.stamp.width(), row.stamp.height(), Qt::red));
             params.alignment = Qt::Alignment(QFlag(row.alignment));
             params.margins = row.margins;
@@ -84,7 +84,7 @@ private Q_SLOTS:
         painter.setBrush(Qt::yellow);
         painter.drawEllipse(20, 20, 460, 160);
         painter.end();
-        HBSignWidget::Params params = Stamp("same.png", stamp);
+        HBSignParams params = Stamp("same.png", stamp);
         params.alignment = Qt::AlignRight | Qt::AlignBottom;
         params.margins = HBMargins(5, 5, 60, 30);
         params.opacity = 80;
@@ -114,7 +114,7 @@ private Q_SLOTS:
         // Transparent but for one corner, in the second column of tiles.
         QImage stamp = HBPlain(400, 300, Qt::transparent);
         stamp.setPixel(150, 10, qRgb(1, 2, 3));
-        const HBSignWidget::Params params = Stamp("corner.png", stamp);
+        const HBSignParams params = Stamp("corner.png", stamp);
         QString error;
         const HBImage<> drawn = HBDrawSign(picture, params, &error);
         QCOMPARE(error, QString());
@@ -130,7 +130,7 @@ private Q_SLOTS:
         const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
         const std::pair<QString, int> rows[] = {{{}, 100}, {"", 100}, {stamp, 0}, {stamp, -1}, {clear, 100}};
         for (const auto& [file, opacity] : rows) {
-            HBSignWidget::Params params;
+            HBSignParams params;
             params.fileName = file;
             params.opacity = opacity;
             QString error = "left from before";
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QFETCH(QRect, margins);
         QFETCH(QString, message);
         const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
-        HBSignWidget::Params params;
+        HBSignParams params;
         params.fileName = file;
         params.margins = margins;
         QString error;
@@ -192,9 +192,9 @@ private Q_SLOTS:
 
     void HostileValuesAreClamped() {
         const QImage picture = HBHalfOpaque(1500, 1000);
-        HBSignWidget::Params usual = Stamp("hostile.png", TranslucentStamp());
+        HBSignParams usual = Stamp("hostile.png", TranslucentStamp());
         usual.margins = HBMargins(0, 999, 0, 0);
-        HBSignWidget::Params hostile = usual;
+        HBSignParams hostile = usual;
         hostile.margins = HBMargins(INT_MIN, INT_MAX, -1, INT_MIN);
         hostile.opacity = INT_MAX;
         const QImage expected = Drawn(picture, usual);
@@ -207,7 +207,7 @@ private Q_SLOTS:
 
     void ReadsAFileAgainThatHasChanged() {
         const QImage picture = HBPlain(1000, 1000, Qt::white);
-        HBSignWidget::Params params = Stamp("changing.png", HBPlain(10, 10, Qt::red));
+        HBSignParams params = Stamp("changing.png", HBPlain(10, 10, Qt::red));
         QCOMPARE(Drawn(picture, params).pixelColor(5, 5), QColor(Qt::red));
         QCOMPARE(Save("changing.png", HBPlain(20, 30, Qt::blue)), params.fileName);
         QCOMPARE(Drawn(picture, params).pixelColor(15, 25), QColor(Qt::blue));
@@ -223,13 +223,13 @@ private:
         return stamp.save(file) ? file : QString();
     }
     /// Without margins, at the left and at the top.
-    HBSignWidget::Params Stamp(const char* name, const QImage& stamp) const {
-        HBSignWidget::Params params;
+    HBSignParams Stamp(const char* name, const QImage& stamp) const {
+        HBSignParams params;
         params.fileName = Save(name, stamp);
         params.margins = HBMargins(0, 0, 0, 0);
         return params;
     }
-    static QImage Drawn(const QImage& picture, const HBSignWidget::Params& params) {
+    static QImage Drawn(const QImage& picture, const HBSignParams& params) {
         QString error;
         const QImage drawn = HBDrawSign(HBImage<>::FromQImage(picture), params, &error).ToQImage();
         return error.isEmpty() ? drawn : QImage();

@@ -15,8 +15,8 @@
 namespace {
 
 /// Without margins, in units that are pixels of a picture of 1000.
-HBWatermarkWidget::Params Text(const QString& text, int pixels) {
-    HBWatermarkWidget::Params params;
+HBWatermarkParams Text(const QString& text, int pixels) {
+    HBWatermarkParams params;
     params.text = text;
     params.font.setPixelSize(pixels);
     params.color = Qt::black;
@@ -24,16 +24,15 @@ HBWatermarkWidget::Params Text(const QString& text, int pixels) {
     return params;
 }
 
-QImage Drawn(const QImage& picture, const HBWatermarkWidget::Params& params) {
+QImage Drawn(const QImage& picture, const HBWatermarkParams& params) {
     QString error;
     const QImage drawn = HBDrawWatermark(HBImage<>::FromQImage(picture), params, &error).ToQImage();
     return error.isEmpty() ? drawn : QImage();
 }
 
 /// The text of a whole picture in one piece.
-QImage Layer(const QSize& picture, const HBWatermarkWidget::Params& params) {
-    QString error;
-    const HBTextOutlines text = HBTextOutlines::Make(params.text, params.font, &error);
+QImage Layer(const QSize& picture, const HBWatermarkParams& params) {
+    const HBTextOutlines text = HBTextOutlines::Make(params.text, params.font);
     const double scale = HBFontUnits(params.font) * HBOverlayLayout::Unit(picture) / HBTextOutlines::FontPixels;
     QImage layer(picture, QImage::Format_ARGB32_Premultiplied);
     layer.fill(Qt::transparent);
@@ -103,7 +102,7 @@ private Q_SLOTS:
     /// Tile by tile as in one piece.
     void Modes() {
         const QImage picture = HBHalfOpaque(600, 400);
-        HBWatermarkWidget::Params params = Text("Water&mark", 150);
+        HBWatermarkParams params = Text("Water&mark", 150);
         params.color = QColor(200, 120, 30, 180);
         params.angle = 25;
         params.horizontalTiles = 2;
@@ -125,7 +124,7 @@ private Q_SLOTS:
         } rows[] = {{0, {-1, 0}},  {90, {0, 1}},  {-90, {0, -1}},
                     {180, {1, 0}}, {45, {-1, 1}}, {90 + 360 * 1000000, {0, 1}}};
         const QImage before = HBPlain(500, 500, Qt::white);
-        HBWatermarkWidget::Params params = Text("MMM----", 60);
+        HBWatermarkParams params = Text("MMM----", 60);
         for (const auto& row : rows) {
             params.angle = row.angle;
             QCOMPARE(HeavySide(before, Drawn(before, params)), row.beginning);
@@ -146,7 +145,7 @@ private Q_SLOTS:
                     {{450, 300}, HBMargins(50, 50, 50, 50), 100, 9},
                     {{20, 9}, none, 3, 2}};
         for (const auto& row : rows) {
-            HBWatermarkWidget::Params params = Text("A text that is far too long, jÄgQ", 1000);
+            HBWatermarkParams params = Text("A text that is far too long, jÄgQ", 1000);
             params.margins = row.margins;
             params.angle = row.angle;
             params.horizontalTiles = params.verticalTiles = row.tiles;
@@ -161,7 +160,7 @@ private Q_SLOTS:
     }
 
     void Tiles() {
-        HBWatermarkWidget::Params params = Text("tile", 40);
+        HBWatermarkParams params = Text("tile", 40);
         params.angle = 30;
         params.horizontalTiles = 3;
         params.verticalTiles = 2;
@@ -177,7 +176,7 @@ private Q_SLOTS:
 
     void SizeOfTheFont() {
         // 75 points are 100 units, which are 50 pixels of a picture of 500.
-        HBWatermarkWidget::Params points = Text("H", 1);
+        HBWatermarkParams points = Text("H", 1);
         points.font.setPointSizeF(75);
         const QImage before = HBPlain(700, 500, Qt::white);
         QCOMPARE(Drawn(before, points), Drawn(before, Text("H", 100)));
@@ -187,12 +186,12 @@ private Q_SLOTS:
         const QRect changed = HBChangedRect(before, Drawn(before, points));
         QVERIFY(qAbs(changed.height() - height) <= 2);
 
-        HBWatermarkWidget::Params lines = Text("H\nH", 100);
+        HBWatermarkParams lines = Text("H\nH", 100);
         QVERIFY(HBChangedRect(before, Drawn(before, lines)).height() > 2 * changed.height());
     }
 
     void LooksTheSameAtAnySize() {
-        HBWatermarkWidget::Params params = Text("Watermark", 120);
+        HBWatermarkParams params = Text("Watermark", 120);
         params.color = Qt::yellow;
         params.angle = -20;
         params.verticalTiles = 2;
@@ -205,7 +204,7 @@ private Q_SLOTS:
     void TouchesNothingElse() {
         const QImage before = HBHalfOpaque(1280, 1280);
         const HBImage<> picture = HBImage<>::FromQImage(before);
-        HBWatermarkWidget::Params params = Text("_____________________", 60);
+        HBWatermarkParams params = Text("_____________________", 60);
         params.angle = 45;
         QString error;
         const HBImage<> drawn = HBDrawWatermark(picture, params, &error);
@@ -233,7 +232,7 @@ private Q_SLOTS:
                     {"text", QColor(255, 0, 0, 0), 100}};
         const HBImage<> picture = HBImage<>::FromQImage(HBHalfOpaque(300, 200));
         for (const auto& row : rows) {
-            HBWatermarkWidget::Params params = Text(row.text, 100);
+            HBWatermarkParams params = Text(row.text, 100);
             params.color = row.color;
             params.opacity = row.opacity;
             QString error = "left from before";
@@ -245,7 +244,7 @@ private Q_SLOTS:
 
     void NamesAFontThatIsMissing() {
         const HBImage<> picture = HBImage<>::FromQImage(HBPlain(300, 300, Qt::gray));
-        HBWatermarkWidget::Params params = Text("text", 100);
+        HBWatermarkParams params = Text("text", 100);
         params.font.setFamily("No Such Font %2");
         QString error;
         QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
@@ -270,7 +269,7 @@ private Q_SLOTS:
                     {-infinite, 0, 16},     {-1, INT_MAX, 1000},  {-1, INT_MIN, 16}};
         const QImage before = HBPlain(1000, 1000, Qt::white);
         for (const auto& row : rows) {
-            HBWatermarkWidget::Params params = Text("text", 1);
+            HBWatermarkParams params = Text("text", 1);
             params.font = WithSize(row.points, row.pixels);
             QVERIFY(params.font.pixelSize() == row.pixels || params.font.pixelSize() == -1);
             QCOMPARE(Drawn(before, params), Drawn(before, Text("text", row.units)));
@@ -279,10 +278,10 @@ private Q_SLOTS:
 
     void HostileValuesAreClamped() {
         const QImage picture = HBHalfOpaque(500, 400);
-        HBWatermarkWidget::Params usual = Text("text", 200);
+        HBWatermarkParams usual = Text("text", 200);
         usual.horizontalTiles = 9;
         usual.margins = HBMargins(0, 0, 999, 0);
-        HBWatermarkWidget::Params hostile = usual;
+        HBWatermarkParams hostile = usual;
         hostile.horizontalTiles = INT_MAX;
         hostile.verticalTiles = INT_MIN;
         hostile.margins = HBMargins(INT_MIN, -1, INT_MAX, INT_MIN);
@@ -305,7 +304,7 @@ private Q_SLOTS:
         for (const QString& text : {QString(1'000'000, 'W'), QString("W\n").repeated(1'000'000),
                                     QString(3, QChar(0)) + "x", QString("x") + QChar(0xd800) + "y" + QChar(0xdc00),
                                     QString::fromUtf8("abc \u202eאבג \u0627\u0644\u0639")}) {
-            HBWatermarkWidget::Params params = Text(text, 100);
+            HBWatermarkParams params = Text(text, 100);
             params.horizontalTiles = params.verticalTiles = 9;
             params.angle = 33;
             QVERIFY(!Drawn(HBPlain(400, 300, Qt::white), params).isNull());

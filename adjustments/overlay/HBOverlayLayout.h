@@ -15,13 +15,11 @@ namespace HBOverlayLayout
 
 /// Lengths of the records count in thousandths of the picture's shorter side.
 constexpr int UnitsPerSide = 1000;
-constexpr int MaximumMargin = 999;
-constexpr int MaximumTiles = 9;
 
 /// Pixels of the picture in one unit.
 double Unit(const QSize& picture);
 
-/// The picture between the margins, which are the four corner values of `margins`; empty if they leave less
+/// The picture between the margins (HBMarginRange), which are the four corner values of `margins`; empty if they leave less
 /// than a unit.
 QRectF Between(const QSize& picture, const QRect& margins);
 
@@ -33,6 +31,7 @@ QRect StampRect(const QSize& picture, const QRectF& between, const QSize& stamp,
 /// counter-clockwise by `degrees`, in its middle. Each entry maps the shape to the picture.
 /// \param outline polygon around the shape, which decides how large its turned form is
 /// \param scale of the shape, made smaller if a cell does not hold it so
+/// \param across, down how many, at least 1
 QVector<QTransform> Copies(const QRectF& between, const QPolygonF& outline, double scale, int degrees, int across,
                            int down);
 

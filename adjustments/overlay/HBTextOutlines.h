@@ -18,9 +18,10 @@ public:
     /// What is longer is cut: no watermark is, and a record may hold anything.
     static constexpr int MaximumLength = 4096;
 
-    /// Lines are split at line feeds and centred. Empty, with the font in `error`, if the font is not installed or has
-    /// no outlines for the text; empty without an error if the text is blank.
-    static HBTextOutlines Make(const QString& text, const QFont& font, QString* error);
+    /// Lines are split at line feeds and centred. Empty if the text is blank.
+    /// \throws HBAdjustmentError, with the font, if the font is not installed or has no outlines for the text, or if there
+    ///         is no QGuiApplication
+    static HBTextOutlines Make(const QString& text, const QFont& font);
 
     bool IsEmpty() const { return m_Parts.isEmpty(); }
     /// The corners of all boxes: what is around them is around the text, however it is turned.

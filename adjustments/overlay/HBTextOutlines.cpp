@@ -3,10 +3,12 @@
 #include "HBTextOutlines.h"
 
 #include "HBOverlayText.h"
+#include "HBStage.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +21,24 @@ constexpr double UnitsPerPoint = 96.0 / 72.0;
 constexpr double MinimumUnits = 1;
 constexpr double MaximumUnits = 1000;
 constexpr double DefaultPoints = 12;
+
+// Qt tries, and takes apart at commas, each name that a font has; no font that anybody chose has this many.
+constexpr int MaximumFamilies = 32;
+constexpr int MaximumFamilyLength = 1000;
+
+/// Names beyond the limits count as none.
+QFont WithFewNames(const QFont& font)
+{
+    QFont few = font;
+    if (font.family().size() > MaximumFamilyLength)
+        few.setFamily(font.family().left(MaximumFamilyLength));
+    QStringList names = font.families().mid(0, MaximumFamilies);
+    for (QString& name : names)
+        name.truncate(MaximumFamilyLength);
+    if (names != font.families())
+        few.setFamilies(names);
+    return few;
+}
 
 bool IsInstalled(const QFont& font)
 {
@@ -56,16 +76,19 @@ double HBFontUnits(const QFont& font)
     return size > 0 ? qBound(MinimumUnits, size, MaximumUnits) : DefaultPoints * UnitsPerPoint;
 }
 
-HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QString* error)
+HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font)
 {
     HBTextOutlines outlines;
     if (text.trimmed().isEmpty())
         return outlines;
-    if (!IsInstalled(font)) {
-        *error = HBOverlayText::tr("The font %1 is not installed").arg(font.family().left(100));
-        return outlines;
-    }
-    const QFont large = OutlineFont(font);
+    // Qt aborts the program that asks for a font without one.
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        throw HBAdjustmentError(
+            HBOverlayText::tr("A text needs a program with a graphical application object (QGuiApplication)"));
+    const QFont named = WithFewNames(font);
+    if (!IsInstalled(named))
+        throw HBAdjustmentError(HBOverlayText::tr("The font %1 is not installed").arg(named.family().left(100)));
+    const QFont large = OutlineFont(named);
     const double lineHeight = QFontMetricsF(large).lineSpacing();
     const QStringList lines = text.left(MaximumLength).split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i) {
@@ -75,7 +98,8 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QStr
         outlines.Add(path);
     }
     if (outlines.IsEmpty())
-        *error = HBOverlayText::tr("The font %1 cannot draw this text").arg(QFontInfo(font).family());
+        throw HBAdjustmentError(
+            HBOverlayText::tr("The font %1 cannot draw this text").arg(QFontInfo(named).family()));
     return outlines;
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBOverlayLayout.h"
 
+#include "HBOverlayFields.h"
+
 #include <QPolygonF>
 
 #include <cmath>
@@ -11,7 +13,7 @@ namespace
 
 int Clamped(int margin)
 {
-    return qBound(0, margin, HBOverlayLayout::MaximumMargin);
+    return HBClampTo(HBMarginRange, margin, 0);
 }
 
 /// How much of the room before a thing is at its left, or above it: 0, a half or 1.
@@ -59,18 +61,16 @@ QRect HBOverlayLayout::StampRect(const QSize& picture, const QRectF& between, co
 QVector<QTransform> HBOverlayLayout::Copies(const QRectF& between, const QPolygonF& outline, double scale,
                                             int degrees, int across, int down)
 {
-    const int columns = qBound(1, across, MaximumTiles);
-    const int rows = qBound(1, down, MaximumTiles);
-    const double cellWidth = between.width() / columns;
-    const double cellHeight = between.height() / rows;
+    const double cellWidth = between.width() / across;
+    const double cellHeight = between.height() / down;
     // Any angle has a meaning; only the remainder is exact for a hostile one. A painter turns clockwise.
     const QTransform turn = QTransform().rotate(-(degrees % 360));
     const QRectF box = turn.map(outline).boundingRect();
     const double fitting = qMin(scale, qMin(cellWidth / box.width(), cellHeight / box.height()));
 
     QVector<QTransform> copies;
-    for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) {
+    for (int row = 0; row < down; ++row) {
+        for (int column = 0; column < across; ++column) {
             const QPointF middle(between.left() + (column + 0.5) * cellWidth,
                                  between.top() + (row + 0.5) * cellHeight);
             copies.append(turn * QTransform::fromTranslate(-box.center().x(), -box.center().y()) *
