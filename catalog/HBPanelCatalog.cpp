@@ -8,11 +8,14 @@
 #include <HBColorEnhancerWidget.h>
 #include <HBColorizeWidget.h>
 #include <HBCurvesWidget.h>
+#include <HBExposure.h>
 #include <HBExposureWidget.h>
+#include <HBGammaCorrection.h>
 #include <HBGammaCorrectionWidget.h>
 #include <HBHueSaturationWidget.h>
 #include <HBLevelsWidget.h>
 #include <HBPhotoFilterWidget.h>
+#include <HBPosterize.h>
 #include <HBPosterizeWidget.h>
 #include <HBReplaceColorWidget.h>
 #include <HBSignWidget.h>
@@ -66,7 +69,9 @@ HBPanelEntry RecordRow()
 {
     using Params = typename Panel::Params;
     HBPanelEntry row = Row<Panel>();
-    row.get = [](const HBAdjustmentWidget& panel) { return std::any(static_cast<const Panel&>(panel).GetValue()); };
+    row.get = [](const HBAdjustmentWidget& panel) {
+        return std::any(static_cast<const Panel&>(panel).GetValue());
+    };
     row.set = [](HBAdjustmentWidget& panel, const std::any& record) {
         static_cast<Panel&>(panel).SetValue(std::any_cast<const Params&>(record));
     };

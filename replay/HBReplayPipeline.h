@@ -53,6 +53,7 @@ private:
     HBReplayLog m_Log;
     const int m_AtOnce;
     int m_Next = 0;                            ///< task to start next
+    qint64 m_NextBytes = -1;                   ///< what it takes; -1: not yet asked
     int m_Good = 0;                            ///< photos written
     std::deque<std::shared_ptr<Work>> m_Works; ///< in the order of the tasks
 
