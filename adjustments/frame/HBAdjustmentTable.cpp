@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 #include "HBBrightnessContrast.h"
+#include "HBCurves.h"
 #include "HBExposure.h"
 #include "HBGammaCorrection.h"
 #include "HBLevels.h"
@@ -30,6 +31,7 @@ const QVector<HBAdjustment>& HBAdjustments()
                                              QT_TRANSLATE_NOOP("HBAdjustment", "Gamma")),
         HBValuesRow<HBPosterizeParams>("HBPosterizeWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Posterize")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
+        HBRecordRow<HBCurvesParams>("HBCurvesWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Curves")),
         HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
         HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
