@@ -2,59 +2,37 @@
 // SPDX-License-Identifier: MIT
 #include "HBCurvesWidget.h"
 
-#include "HBConnectionSet.h"
-#include "HBCurvesWidgetPicker.h"
-#include "HBHistogramFeed.h"
+#include "HBCurveScene.h"
+#include "HBDocumentPick.h"
 #include "HBJobLog.h"
 #include "HBPanelJob.h"
-#include "HBParamStream.h"
+#include "HBPanelStream.h"
 #include "ui_CurvesWidget.h"
 
-#include <HBIterativeCurvesTransformation.h>
-#include <KMDocumentView.h>
+#include <KMStringHelper.h>
 
-#include <QGraphicsScene>
+#include <QAction>
 
 #include <algorithm>
 
 namespace
 {
 
-constexpr char Tag[] = "KMCurves 1.00000";
-constexpr char SourceName[] = "src\\HBCurvesWidget";
+/// In the order in which a rectangle goes to them, should a host have two checked.
+enum Picker { Gray, Black, White };
 
-const QVector<QPoint>& Straight()
+int Level(const HBRGBA32i& color, int channel)
 {
-    static const QVector<QPoint> points = {QPoint(0, 0), QPoint(255, 255)};
-    return points;
+    return channel == 1 ? color.red : channel == 2 ? color.green : color.blue;
 }
 
-/// As Qt reads a QVector<QPoint>, but without trusting its count: Qt would allocate for it before the first point.
-QVector<QPoint> ReadPoints(QDataStream& stream)
+QLinearGradient Gradient(double x, double y, Qt::GlobalColor from, Qt::GlobalColor to)
 {
-    quint32 count = 0;
-    stream >> count;
-    QVector<QPoint> points;
-    for (quint32 i = 0; i < count; ++i) {
-        QPoint point;
-        stream >> point;
-        if (stream.status() != QDataStream::Ok)
-            return {};
-        points.append(point);
-    }
-    return points;
-}
-
-/// A list that the editor can show; one that it made itself comes back as it is.
-QVector<QPoint> Editable(QVector<QPoint> points)
-{
-    constexpr int MostPoints = 256;
-    if (points.size() < 2 || points.size() > MostPoints)
-        return Straight();
-    for (QPoint& point : points)
-        point = QPoint(qBound(0, point.x(), 255), qBound(0, point.y(), 255));
-    std::stable_sort(points.begin(), points.end(), [](const QPoint& a, const QPoint& b) { return a.x() < b.x(); });
-    return points;
+    QLinearGradient gradient(0, 0, x, y);
+    gradient.setColorAt(0.0, from);
+    gradient.setColorAt(1.0, to);
+    gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
+    return gradient;
 }
 
 /// Narrows the letters of a text that its label, of fixed width, would cut.
@@ -71,137 +49,46 @@ void FitText(QLabel* label)
 
 } // namespace
 
-// ---- Record ----
-
-HBCurvesWidget::Params::Params()
-{
-    for (QVector<QPoint>& list : points)
-        list = Straight();
-}
-
-bool HBCurvesWidget::Params::Read(QDataStream& stream)
-{
-    if (!HBReadTag(stream, Tag))
-        return false;
-    stream >> channel;
-    for (QVector<QPoint>& list : points)
-        list = ReadPoints(stream);
-    return stream.status() == QDataStream::Ok;
-}
-
-// The defaults, big endian: the 16 bytes of the tag; channel 0; four times: count 2, (0, 0), (255, 255).
-bool HBCurvesWidget::Params::Write(QDataStream& stream) const
-{
-    if (!HBWriteTag(stream, Tag))
-        return false;
-    stream << channel;
-    for (const QVector<QPoint>& list : points)
-        stream << list;
-    return stream.status() == QDataStream::Ok;
-}
-
-QDataStream& operator<<(QDataStream& stream, const HBCurvesWidget::Params& params)
-{
-    if (!params.Write(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Write curves data error.");
-    return stream;
-}
-
-QDataStream& operator>>(QDataStream& stream, HBCurvesWidget::Params& params)
-{
-    if (!params.Read(stream))
-        HB_LOG_STREAM_ERROR(__LINE__, SourceName, "Read curves data error.");
-    return stream;
-}
-
-// ---- Construction ----
+HB_PANEL_STREAM(HBCurvesWidget, "curves data")
 
 HBCurvesWidget::HBCurvesWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : HBAdjustmentWidget(dialog, parent, flags)
     , m_pUI(std::make_unique<Ui::CurvesWidget>())
-    , m_pConnections(std::make_unique<HBConnectionSet>())
-    , m_pSliderLink(std::make_unique<HBConnectionSet>())
-    , m_pFeed(std::make_unique<HBHistogramFeed>())
 {
     m_pUI->setupUi(GetUIContent());
     FitText(m_pUI->labelChannel);
     m_pUI->m_pInputSlider->SetRange(0, 255);
     m_pUI->m_pInputSlider->AddControl(0, 0, 255, QBrush(Qt::black));
     m_pUI->m_pInputSlider->AddControl(255, 0, 255, QBrush(Qt::white));
-    m_pUI->m_pInputSlider->SetControlName(0, tr("First point"));
-    m_pUI->m_pInputSlider->SetControlName(1, tr("Last point"));
+    m_pUI->m_pInputSlider->SetControlName(HBCurveScene::First, tr("First point"));
+    m_pUI->m_pInputSlider->SetControlName(HBCurveScene::Last, tr("Last point"));
+    m_pUI->m_pInputLabel->SetBackgroundBrush(Gradient(1, 0, Qt::black, Qt::white));
+    m_pUI->m_pOutputLabel->SetBackgroundBrush(Gradient(0, 1, Qt::white, Qt::black));
+    SetHistogram(m_pUI->m_pHistogramm);
 
-    QLinearGradient across(0, 0, 1, 0);
-    across.setColorAt(0.0, Qt::black);
-    across.setColorAt(1.0, Qt::white);
-    across.setCoordinateMode(QGradient::StretchToDeviceMode);
-    m_pUI->m_pInputLabel->SetBackgroundBrush(across);
-    QLinearGradient upward(0, 0, 0, 1);
-    upward.setColorAt(0.0, Qt::white);
-    upward.setColorAt(1.0, Qt::black);
-    upward.setCoordinateMode(QGradient::StretchToDeviceMode);
-    m_pUI->m_pOutputLabel->SetBackgroundBrush(upward);
-
-    MakeScene();
+    MakeCurve();
     connect(this, SIGNAL(SourceChanged()), SLOT(OnSourceChanged()));
     MakePickers();
     connect(m_pUI->m_pInputSlider, SIGNAL(NodeReleased()), SLOT(OnSliderNodeReleased()));
-
-    m_pConnections->Add(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
-    for (HBConnectionSet* set : {m_pConnections.get(), m_pSliderLink.get()})
-        set->Add(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
     SetChannel(m_Params.channel);
-    Connect();
+    Listen(m_pUI->m_pChannel, SIGNAL(currentIndexChanged(int)), SLOT(OnChannelChanged(int)));
+    Listen(m_pUI->m_pInputSlider, SIGNAL(ValueChanged(uint,int)), SLOT(OnInputChanged(uint,int)));
 }
 
-HBCurvesWidget::~HBCurvesWidget()
-{
-    FinishJob();
-    FinishPickers();
-    Disconnect();
-    m_pUI->m_pInputSlider->disconnect(this);
-    // The scene loses its focus on the way down and would still ask this filter.
-    m_pScene->removeEventFilter(this);
-    m_pUI->m_pCurveView->removeEventFilter(this);
-    m_pUI->m_pCurveView->viewport()->removeEventFilter(this);
-}
-
-void HBCurvesWidget::Connect()
-{
-    m_pConnections->Connect(this);
-}
-
-void HBCurvesWidget::Disconnect()
-{
-    m_pConnections->Disconnect(this);
-}
-
-bool HBCurvesWidget::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_pScene)
-        FilterScene(event);
-    else if (watched == m_pUI->m_pCurveView || watched == m_pUI->m_pCurveView->viewport())
-        FilterView(event);
-    else if (m_pView && watched == m_pView->scene())
-        FilterDocument(event);
-    return HBAdjustmentWidget::eventFilter(watched, event);
-}
-
-// ---- Values ----
+HBCurvesWidget::~HBCurvesWidget() = default;
 
 void HBCurvesWidget::SetValue(const Params& params)
 {
-    Disconnect();
+    const Mute mute(this);
     m_Params = params;
     for (QVector<QPoint>& list : m_Params.points)
-        list = Editable(list);
+        list = Params::Editable(list);
     SetChannel(m_Params.channel);
-    Connect();
 }
 
 void HBCurvesWidget::Reset()
 {
-    CancelPicks();
+    m_pPick->Cancel();
     SetValue(Params());
     NotifyChanged(&HBCurvesWidget::ValueChanged);
 }
@@ -212,49 +99,183 @@ void HBCurvesWidget::SetChannel(int channel)
     m_pUI->m_pHistogramm->SetChannel(IndexToHistogrammChannel(c));
     m_pUI->m_pChannel->setCurrentIndex(c);
     m_Params.channel = c;
-    ShowCurve();
+    QVector<QPoint>& points = m_Params.points[c];
+    m_pUI->m_pInputSlider->SetMaximum(HBCurveScene::First, points.at(1).x() - HBCurveScene::Gap);
+    m_pUI->m_pInputSlider->SetValue(HBCurveScene::First, points.first().x());
+    m_pUI->m_pInputSlider->SetMinimum(HBCurveScene::Last, points.at(points.size() - 2).x() + HBCurveScene::Gap);
+    m_pUI->m_pInputSlider->SetValue(HBCurveScene::Last, points.last().x());
+    m_pCurve->SetPoints(&points);
 }
 
 void HBCurvesWidget::OnChannelChanged(int channel)
 {
     if (channel < 0)
         return;
-    Disconnect();
-    SetChannel(channel);
-    Connect();
+    {
+        const Mute mute(this);
+        SetChannel(channel);
+    }
     // Without DataChanged(): another channel is shown, the image stays as it is.
     Q_EMIT KMAdjustmentWidget::AboutUserParamsChanged();
     Q_EMIT ValueChanged();
 }
 
-// ---- Histogram ----
+// ---- The curve ----
 
-int HBCurvesWidget::IndexToHistogrammChannel(int channel)
+void HBCurvesWidget::MakeCurve()
 {
-    return HBHistogramMask(channel);
+    QGraphicsView* view = m_pUI->m_pCurveView;
+    m_pCurve = new HBCurveScene(&m_Params.points[m_Params.channel], view);
+    m_pCurve->SetNodeListener(this);
+    m_pCurve->ShowIn(view);
+    view->setAccessibleName(tr("Tone curve"));
+    view->setAccessibleDescription(
+        tr("Page Up and Page Down select a point, Insert adds one, the arrow keys move it, "
+           "Delete removes it."));
+
+    auto* remove = new QAction(view);
+    remove->setShortcut(Qt::Key_Delete);
+    remove->setShortcutContext(Qt::WidgetShortcut);
+    view->addAction(remove);
+    connect(remove, SIGNAL(triggered()), SLOT(OnDeleteAction()));
+
+    MavuCustomSlider* slider = m_pUI->m_pInputSlider;
+    connect(m_pCurve, &HBCurveScene::PointsChanged, this,
+            [this] { NotifyChanged(&HBCurvesWidget::ValueChanged); });
+    connect(m_pCurve, &HBCurveScene::PointTouched, this, [this](const QPoint& point) {
+        m_pUI->m_pInputSpin->setText(QString::number(point.x()));
+        m_pUI->m_pOutputSpin->setText(QString::number(point.y()));
+    });
+    connect(m_pCurve, &HBCurveScene::EndLimited, this, [slider](uint end, int input) {
+        end == HBCurveScene::First ? slider->SetMaximum(end, input) : slider->SetMinimum(end, input);
+    });
+    connect(m_pCurve, &HBCurveScene::EndMoving, this, [this, slider](uint end, int input) {
+        const Mute mute(this, slider);
+        slider->SetValue(end, input);
+    });
 }
 
-void HBCurvesWidget::AttachQImage(HBSharedImage<QImage>* image)
+void HBCurvesWidget::OnNodePressed(ControlNode* node, Qt::MouseButton button)
 {
-    m_pUI->m_pHistogramm->SetImage(image);
+    m_pCurve->OnNodePressed(node, button);
 }
 
-void HBCurvesWidget::AttachRGB32iImage(HBSharedImage<HBImage<>>* image)
+void HBCurvesWidget::OnNodeReleased(ControlNode* node, Qt::MouseButton button)
 {
-    m_pUI->m_pHistogramm->SetImage(image);
+    m_pCurve->OnNodeReleased(node, button);
 }
 
-void HBCurvesWidget::UpdateHistogramm()
+void HBCurvesWidget::OnSliderNodeReleased()
 {
-    m_pUI->m_pHistogramm->RebuildHistogramm();
+    m_pCurve->Deselect();
 }
 
-void HBCurvesWidget::OnSourceChanged()
+void HBCurvesWidget::OnDeleteAction()
 {
-    m_pFeed->Update(SourceImage(), m_pUI->m_pHistogramm);
+    if (m_pUI->m_pCurveView->scene())
+        m_pCurve->RemoveSelected();
 }
 
-// ---- Job ----
+void HBCurvesWidget::OnInputChanged(uint control, int value)
+{
+    m_pCurve->MoveEnd(control, value);
+}
+
+// ---- The pickers ----
+
+void HBCurvesWidget::MakePickers()
+{
+    m_pPick = std::make_unique<HBDocumentPick>([this] { return SourceImage(); }, this);
+    const struct
+    {
+        QToolButton* button;
+        const char* icon;
+        QRgb fallback;
+        const char* toggled;
+        const char* finished;
+    } pickers[] = {
+        {m_pUI->m_pGray, "theme:picker_gray.png", qRgb(128, 128, 128),
+         SLOT(OnGray(bool)), SLOT(OnGrayFinished())},
+              {m_pUI->m_pBlack, "theme:picker_black.png", qRgb(0, 0, 0),
+               SLOT(OnBlack(bool)), SLOT(OnBlackFinished())},
+                    {m_pUI->m_pWhite, "theme:picker_white.png", qRgb(255, 255, 255),
+                     SLOT(OnWhite(bool)), SLOT(OnWhiteFinished())},
+                    };
+    for (const auto& picker : pickers) {
+        picker.button->setIcon(QIcon(QPixmap(KMStringHelper::DPIAdjustImageName(picker.icon))));
+        const int index = m_pPick->Add(picker.button, HBRGBA32i::FromRgba(picker.fallback));
+        connect(picker.button, SIGNAL(toggled(bool)), picker.toggled);
+        connect(m_pPick->Watcher(index), SIGNAL(finished()), picker.finished);
+    }
+}
+
+void HBCurvesWidget::SetView(KMDocumentView* view)
+{
+    m_pPick->SetView(view);
+}
+
+bool HBCurvesWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    m_pPick->Filter(watched, event);
+    return HBAdjustmentWidget::eventFilter(watched, event);
+}
+
+void HBCurvesWidget::OnBlack(bool checked)
+{
+    m_pPick->Toggle(Black, checked);
+}
+
+void HBCurvesWidget::OnGray(bool checked)
+{
+    m_pPick->Toggle(Gray, checked);
+}
+
+void HBCurvesWidget::OnWhite(bool checked)
+{
+    m_pPick->Toggle(White, checked);
+}
+
+/// Puts a picked colour into the curves of the three colours, unless the pick was cancelled.
+void HBCurvesWidget::FinishPick(int picker, void (*apply)(QVector<QPoint>& points, int average))
+{
+    if (const std::optional<HBRGBA32i> color = m_pPick->Result(picker)) {
+        Params params = m_Params;
+        for (int c = 1; c <= 3; ++c) {
+            QVector<QPoint>& points = params.points[c];
+            apply(points, Level(*color, c));
+            std::sort(points.begin(), points.end(),
+                      [](const QPoint& a, const QPoint& b) { return a.x() < b.x(); });
+        }
+        SetValue(params);
+        NotifyChanged(&HBCurvesWidget::ValueChanged);
+    }
+    m_pPick->StartNext(picker);
+}
+
+void HBCurvesWidget::OnBlackFinished()
+{
+    FinishPick(Black, [](QVector<QPoint>& points, int average) {
+        QPoint& lower = points.first().y() <= points.last().y() ? points.first() : points.last();
+        lower = QPoint(average, 0);
+    });
+}
+
+void HBCurvesWidget::OnGrayFinished()
+{
+    FinishPick(Gray, [](QVector<QPoint>& points, int average) {
+        points = {points.first(), QPoint(average, 128), points.last()};
+    });
+}
+
+void HBCurvesWidget::OnWhiteFinished()
+{
+    FinishPick(White, [](QVector<QPoint>& points, int average) {
+        QPoint& higher = points.first().y() > points.last().y() ? points.first() : points.last();
+        higher = QPoint(average, 255);
+    });
+}
+
+// ---- The job ----
 
 struct HBCurvesWidget::CurvesData : HBJobData
 {
@@ -263,15 +284,13 @@ struct HBCurvesWidget::CurvesData : HBJobData
 
 void HBCurvesWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 {
-    const CurvesData job{JobData(), m_Params};
-    HBStartJob(watcher, this, &HBCurvesWidget::Process, job);
+    HBStartJob(watcher, &Process, CurvesData{JobData(), m_Params});
 }
 
 HBImage<> HBCurvesWidget::Process(CurvesData job)
 {
-    std::exception_ptr exception;
-    const HBImage<> result =
-        RunTransformation(job, HBIterativeCurvesTransformation(job.params.points, 100), &exception);
-    HB_LOG_JOB_EXCEPTION(exception);
+    HBOutcome outcome;
+    const HBImage<> result = HBRunJob(job, job.params, &outcome);
+    HB_LOG_JOB_EXCEPTION(outcome.exception);
     return result;
 }

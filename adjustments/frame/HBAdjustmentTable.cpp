@@ -6,6 +6,7 @@
 #include "HBColorBalance.h"
 #include "HBColorEnhancer.h"
 #include "HBColorize.h"
+#include "HBCurves.h"
 #include "HBExposure.h"
 #include "HBFillColor.h"
 #include "HBGammaCorrection.h"
@@ -43,6 +44,7 @@ const QVector<HBAdjustment>& HBAdjustments()
                                              QT_TRANSLATE_NOOP("HBAdjustment", "Gamma")),
         HBValuesRow<HBPosterizeParams>("HBPosterizeWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Posterize")),
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
+        HBRecordRow<HBCurvesParams>("HBCurvesWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Curves")),
         HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
         HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Colour,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Hue and Saturation")),

@@ -6,6 +6,7 @@
 #include "HBLogCapture.h"
 #include "HBTestMain.h"
 
+#include <HBAdjustment.h>
 #include <HBIterativeCurvesTransformation.h>
 #include <KMDocumentView.h>
 #include <KMPixelRatioRound.h>
@@ -162,6 +163,11 @@ void tst_HBCurvesWidget::setValue() {
         expected.channel = channel >= 0 && channel <= 3 ? channel : 0;
         for (HBPoints& list : expected.points) list = kept;
         QCOMPARE(Bytes(f.panel.GetValue()), Bytes(expected));
+        const HBImage<> photo = HBTestRamp(9, 9);
+        QCOMPARE(HBAdjust(params, {photo}).image.ToQImage(), HBAdjust(expected, {photo}).image.ToQImage());
+        Params copy;
+        for (const HBFieldInfo& field : HBDescribeFields<Params>()) field.set(&copy, field.get(&params));
+        QCOMPARE(Bytes(copy), Bytes(params));
         QVERIFY(f.NodesFit());
         QCOMPARE(f.channel->currentIndex(), expected.channel);
         QCOMPARE(f.Edits(), QString("%1 %2").arg(kept[0].x()).arg(kept[0].y()));

@@ -4,11 +4,15 @@
 #include "HBPanelFixture.h"
 #include "HBTestMain.h"
 
+#include <HBAdjustment.h>
+#include <HBExposure.h>
 #include <HBExposureWidget.h>
+#include <HBGammaCorrection.h>
 #include <HBGammaCorrectionWidget.h>
 #include <HBIterativeExposureTransformation.h>
 #include <HBIterativeGammaCorrectionTransformation.h>
 #include <HBIterativePosterizeTransformation.h>
+#include <HBPosterize.h>
 #include <HBPosterizeWidget.h>
 
 #include <QDoubleSpinBox>
@@ -315,6 +319,14 @@ void tst_HBSingleValuePanels::results() {
     QVERIFY(p.recorder.WaitFor("ImageReady", 3));
     p.panel.SetPosterize(2);
     CheckResult(p, HBIterativePosterizeTransformation(2));
+
+    // A record that no form made counts as what its form would take.
+    const auto pixels = [&photo](const auto& params) { return HBAdjust(params, {photo}).image.ToQImage(); };
+    const auto of = [&photo](const auto& transformation) { return HBTransformed(photo, transformation).ToQImage(); };
+    for (const auto& [given, taken] : {std::pair{1.2351, 1.24}, {0.001, 0.01}, {Infinity, 5.0}, {NaN, 1.0}})
+        QCOMPARE(pixels(HBGammaCorrectionParams{given}), of(HBIterativeGammaCorrectionTransformation(taken)));
+    QCOMPARE(pixels(HBExposureParams{1.23456, -7}), of(HBIterativeExposureTransformation(1.2346, -0.5)));
+    QCOMPARE(pixels(HBPosterizeParams{-1}), of(HBIterativePosterizeTransformation(2)));
 }
 
 void tst_HBSingleValuePanels::deletedAtOnce() {

@@ -17,9 +17,9 @@
 struct HBTarget
 {
     HBImage<> source;
-    HBImage<> selection; ///< its alpha is the coverage
-    QPoint offset;       ///< of the selection image on the source
-    QRect bounds;        ///< of the selection, in pixels of the selection image; not valid: all is adjusted
+    HBImage<> selection{}; ///< its alpha is the coverage
+    QPoint offset{};       ///< of the selection image on the source
+    QRect bounds{};        ///< of the selection, in pixels of the selection image; not valid: all is adjusted
 };
 
 /// One tile of an image that is being made. Until it is asked for its pixels the tile stays shared with the source.

@@ -1,27 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-// The curve editor of HBCurvesWidget: points inserted, moved and deleted in a scene of 255 × 255 units.
-#include "HBConnectionSet.h"
-#include "HBCurvesWidget.h"
-#include "ui_CurvesWidget.h"
+#include "HBCurveScene.h"
 
 #include <ControlNode.h>
 #include <HBCurvesTransformation.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QGraphicsPathItem>
 #include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace
 {
 
 constexpr int Top = 255;          ///< highest level, and the scene's size
-constexpr int Gap = 4;            ///< least distance of two points' inputs
 constexpr double StrokeWidth = 4; ///< of the curve, as far as a click is concerned
-
-enum SliderHandle : uint { First, Last };
 
 QPen ThinPen(const QColor& color)
 {
@@ -35,46 +30,34 @@ QPoint Nearest(const QPointF& scenePos)
     return {level(scenePos.x()), level(scenePos.y())};
 }
 
+/// From a curve point to the scene, and back.
+QPoint Flipped(const QPoint& point)
+{
+    return {point.x(), Top - point.y()};
+}
+
 } // namespace
 
-QPoint HBCurvesWidget::ToViewPoint(const QPoint& point)
+HBCurveScene::HBCurveScene(QVector<QPoint>* points, QObject* parent)
+    : QGraphicsScene(0, 0, Top, Top, parent)
+    , m_pPoints(points)
+    , m_pCurve(addPath(QPainterPath(), ThinPen(Qt::gray)))
 {
-    return {point.x(), Top - point.y()};
+    AddMesh();
+    SetPoints(points);
 }
 
-QPoint HBCurvesWidget::FromViewPoint(const QPoint& point)
+void HBCurveScene::ShowIn(QGraphicsView* view)
 {
-    return {point.x(), Top - point.y()};
-}
-
-// ---- The scene ----
-
-void HBCurvesWidget::MakeScene()
-{
-    QGraphicsView* view = m_pUI->m_pCurveView;
-    m_pScene = new QGraphicsScene(0, 0, Top, Top, view);
-    view->setScene(m_pScene);
-    m_pCurve = m_pScene->addPath(QPainterPath(), ThinPen(Qt::gray));
-    m_pScene->installEventFilter(this);
+    view->setScene(this);
     view->installEventFilter(this);
     // On its own resize event the view still has its old viewport; the viewport's own comes when it is new.
     view->viewport()->installEventFilter(this);
-    view->fitInView(m_pScene->sceneRect(), Qt::IgnoreAspectRatio);
+    view->fitInView(sceneRect(), Qt::IgnoreAspectRatio);
     view->setRenderHint(QPainter::Antialiasing);
-    view->setAccessibleName(tr("Tone curve"));
-    view->setAccessibleDescription(
-        tr("Page Up and Page Down select a point, Insert adds one, the arrow keys move it, "
-           "Delete removes it."));
-
-    auto* remove = new QAction(view);
-    remove->setShortcut(Qt::Key_Delete);
-    remove->setShortcutContext(Qt::WidgetShortcut);
-    view->addAction(remove);
-    connect(remove, SIGNAL(triggered()), SLOT(OnDeleteAction()));
-    AddMesh();
 }
 
-void HBCurvesWidget::AddMesh()
+void HBCurveScene::AddMesh()
 {
     QPainterPath mesh;
     for (const double quarter : {63.75, 127.5, 191.25}) {
@@ -85,41 +68,45 @@ void HBCurvesWidget::AddMesh()
         mesh.moveTo(0, quarter);
         mesh.lineTo(Top, quarter);
     }
-    m_pScene->addPath(mesh, ThinPen(QColor(128, 128, 128, 80)));
+    addPath(mesh, ThinPen(QColor(128, 128, 128, 80)));
 }
 
-void HBCurvesWidget::FilterView(QEvent* event)
+bool HBCurveScene::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
-        m_pUI->m_pCurveView->fitInView(m_pScene->sceneRect(), Qt::IgnoreAspectRatio);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+        for (QGraphicsView* view : views()) {
+            if (watched == view || watched == view->viewport())
+                view->fitInView(sceneRect(), Qt::IgnoreAspectRatio);
+        }
+    }
+    return QGraphicsScene::eventFilter(watched, event);
 }
 
-void HBCurvesWidget::FilterScene(QEvent* event)
+/// The scene itself, and the node that is hit, get every event afterwards.
+bool HBCurveScene::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::GraphicsSceneMousePress:
-        SceneMousePressEvent(static_cast<QGraphicsSceneMouseEvent*>(event));
+        Press(*static_cast<QGraphicsSceneMouseEvent*>(event));
         break;
     case QEvent::GraphicsSceneMouseMove:
-        SceneMouseMoveEvent(static_cast<QGraphicsSceneMouseEvent*>(event));
-        break;
-    case QEvent::GraphicsSceneMouseRelease:
-        SceneMouseReleaseEvent(static_cast<QGraphicsSceneMouseEvent*>(event));
+        Drag(*static_cast<QGraphicsSceneMouseEvent*>(event));
         break;
     case QEvent::KeyPress:
-        SceneKeyPressEvent(static_cast<QKeyEvent*>(event));
+        PressKey(*static_cast<QKeyEvent*>(event));
         break;
     case QEvent::FocusOut:
-        SceneFocusOut(static_cast<QFocusEvent*>(event));
+        Deselect();
         break;
     default:
         break;
     }
+    return QGraphicsScene::event(event);
 }
 
 // ---- Drawing ----
 
-QPainterPath HBCurvesWidget::BuildSpline(const QVector<QPoint>& points)
+QPainterPath HBCurveScene::BuildSpline(const QVector<QPoint>& points)
 {
     QPainterPath path;
     if (points.size() < 2)
@@ -143,37 +130,23 @@ QPainterPath HBCurvesWidget::BuildSpline(const QVector<QPoint>& points)
     return path;
 }
 
-void HBCurvesWidget::RebuildCurve()
+void HBCurveScene::RebuildCurve()
 {
-    if (auto* item = qgraphicsitem_cast<QGraphicsPathItem*>(m_pCurve))
-        item->setPath(BuildSpline(Points()));
+    m_pCurve->setPath(BuildSpline(Points()));
 }
 
-/// Shows the curve of the current channel: slider, line, nodes, and the first point in the line edits.
-void HBCurvesWidget::ShowCurve()
+void HBCurveScene::SetPoints(QVector<QPoint>* points)
 {
-    const QVector<QPoint>& points = Points();
-    m_pUI->m_pInputSlider->SetMaximum(First, points.at(1).x() - Gap);
-    m_pUI->m_pInputSlider->SetValue(First, points.first().x());
-    m_pUI->m_pInputSlider->SetMinimum(Last, points.at(points.size() - 2).x() + Gap);
-    m_pUI->m_pInputSlider->SetValue(Last, points.last().x());
+    m_pPoints = points;
     RebuildCurve();
-    MakeControls();
-    ShowPoint(points.first());
-}
-
-void HBCurvesWidget::ShowPoint(const QPoint& point)
-{
-    m_pUI->m_pInputSpin->setText(QString::number(point.x()));
-    m_pUI->m_pOutputSpin->setText(QString::number(point.y()));
+    MakeNodes();
+    Q_EMIT PointTouched(Points().first());
 }
 
 // ---- Nodes ----
 
-void HBCurvesWidget::MakeControls()
+void HBCurveScene::MakeNodes()
 {
-    if (!m_pUI->m_pCurveView->scene())
-        return;
     m_pSelected = nullptr;
     qDeleteAll(m_Nodes);
     m_Nodes.clear();
@@ -181,25 +154,25 @@ void HBCurvesWidget::MakeControls()
         InsertNode(i);
 }
 
-void HBCurvesWidget::InsertNode(int index)
+void HBCurveScene::InsertNode(int index)
 {
     if (index < 0 || index >= Points().size())
         return;
     auto* node = new ControlNode(nullptr);
-    node->setPos(ToViewPoint(Points().at(index)));
+    node->setPos(Flipped(Points().at(index)));
     // Moves go through MovePoint, which keeps the distances.
     node->setFlag(QGraphicsItem::ItemIsMovable, false);
     node->setFlag(QGraphicsItem::ItemIsFocusable, true);
-    m_pScene->addItem(node);
-    connect(node, SIGNAL(mousePressed(ControlNode*,Qt::MouseButton)),
+    addItem(node);
+    connect(node, SIGNAL(mousePressed(ControlNode*,Qt::MouseButton)), m_pNodeListener,
                          SLOT(OnNodePressed(ControlNode*,Qt::MouseButton)));
-    connect(node, SIGNAL(mouseReleased(ControlNode*,Qt::MouseButton)),
+    connect(node, SIGNAL(mouseReleased(ControlNode*,Qt::MouseButton)), m_pNodeListener,
                          SLOT(OnNodeReleased(ControlNode*,Qt::MouseButton)));
     m_Nodes.insert(index, node);
 }
 
 /// At most one node is sunken: the selected one.
-void HBCurvesWidget::Select(ControlNode* node)
+void HBCurveScene::Select(ControlNode* node)
 {
     if (m_pSelected)
         m_pSelected->setSunken(false);
@@ -208,33 +181,28 @@ void HBCurvesWidget::Select(ControlNode* node)
         m_pSelected->setSunken(true);
 }
 
-void HBCurvesWidget::OnNodePressed(ControlNode* node, Qt::MouseButton button)
+void HBCurveScene::OnNodePressed(ControlNode* node, Qt::MouseButton button)
 {
     if (button != Qt::LeftButton)
         return;
     Select(node);
     const int index = m_Nodes.indexOf(node);
     if (index >= 0 && index < Points().size())
-        ShowPoint(Points().at(index));
+        Q_EMIT PointTouched(Points().at(index));
 }
-
-void HBCurvesWidget::OnNodeReleased(ControlNode*, Qt::MouseButton) {}
 
 // ---- Editing ----
 
-bool HBCurvesWidget::HitTestForInsert(const QPoint& point, const QPointF& scenePos)
+bool HBCurveScene::HitTestForInsert(const QPoint& point, const QPointF& scenePos)
 {
     if (Points().contains(point))
         return false;
-    const auto* item = qgraphicsitem_cast<QGraphicsPathItem*>(m_pCurve);
-    if (!item)
-        return false;
     QPainterPathStroker stroker;
     stroker.setWidth(StrokeWidth);
-    return stroker.createStroke(item->path()).contains(scenePos);
+    return stroker.createStroke(m_pCurve->path()).contains(scenePos);
 }
 
-bool HBCurvesWidget::InsertPoint(const QPoint& point)
+bool HBCurveScene::InsertPoint(const QPoint& point)
 {
     QVector<QPoint>& points = Points();
     if (points.size() < 2 || point.y() > Top)
@@ -253,7 +221,7 @@ bool HBCurvesWidget::InsertPoint(const QPoint& point)
     return true;
 }
 
-bool HBCurvesWidget::CanMove(int index, const QPoint& point)
+bool HBCurveScene::CanMove(int index, const QPoint& point)
 {
     if (index < 0 || index >= m_Nodes.size() || !m_Nodes.at(index))
         return false;
@@ -266,33 +234,30 @@ bool HBCurvesWidget::CanMove(int index, const QPoint& point)
     return points.at(index) != point;
 }
 
-bool HBCurvesWidget::MovePoint(int index, const QPoint& point)
+bool HBCurveScene::MovePoint(int index, const QPoint& point)
 {
     if (!CanMove(index, point))
         return false;
     const QPointer<ControlNode> node = m_Nodes.at(index);
     const int last = Points().size() - 1;
-    MavuCustomSlider* slider = m_pUI->m_pInputSlider;
     if (index == last - 1)
-        slider->SetMinimum(Last, point.x() + Gap);
+        Q_EMIT EndLimited(Last, point.x() + Gap);
     if (index == 1)
-        slider->SetMaximum(First, point.x() - Gap);
-    // A handle that stood beyond its new limit has moved its end of the curve, and a host that was told so may have set
-    // another curve.
+        Q_EMIT EndLimited(First, point.x() - Gap);
+    // A slider's handle that stood beyond its new limit has moved its end of the curve, and a host that was told so may have
+    // set another curve.
     if (!node || !CanMove(index, point))
         return false;
-    if (index == 0 || index == last) {
-        const HBMute mute(*m_pSliderLink, this);
-        slider->SetValue(index == 0 ? First : Last, point.x());
-    }
+    if (index == 0 || index == last)
+        Q_EMIT EndMoving(index == 0 ? First : Last, point.x());
     Points()[index] = point;
-    node->setPos(ToViewPoint(point));
+    node->setPos(Flipped(point));
     RebuildCurve();
-    NotifyChanged(&HBCurvesWidget::ValueChanged);
+    Q_EMIT PointsChanged();
     return true;
 }
 
-void HBCurvesWidget::RemovePoint(int index)
+void HBCurveScene::RemovePoint(int index)
 {
     if (index <= 0 || index >= Points().size() - 1)
         return; // the ends stay
@@ -301,74 +266,64 @@ void HBCurvesWidget::RemovePoint(int index)
     delete m_Nodes.takeAt(index);
     Points().remove(index);
     RebuildCurve();
-    NotifyChanged(&HBCurvesWidget::ValueChanged);
+    Q_EMIT PointsChanged();
 }
 
-void HBCurvesWidget::OnInputChanged(uint control, int value)
+void HBCurveScene::MoveEnd(uint end, int input)
 {
-    if (control != First && control != Last)
+    if (end != First && end != Last)
         return;
-    const int index = control == First ? 0 : Points().size() - 1;
-    if (!MovePoint(index, QPoint(value, Points().at(index).y())))
+    const int index = end == First ? 0 : Points().size() - 1;
+    if (!MovePoint(index, QPoint(input, Points().at(index).y())))
         return;
-    // The host may have set another curve meanwhile.
-    const int moved = control == First ? 0 : Points().size() - 1;
-    ShowPoint(Points().at(moved));
+    // Another list may have been set meanwhile.
+    const int moved = end == First ? 0 : Points().size() - 1;
+    Q_EMIT PointTouched(Points().at(moved));
     if (m_pSelected != m_Nodes.at(moved))
         Select(m_Nodes.at(moved));
 }
 
-void HBCurvesWidget::OnSliderNodeReleased()
+void HBCurveScene::RemoveSelected()
 {
-    Select(nullptr);
-}
-
-void HBCurvesWidget::OnDeleteAction()
-{
-    if (!m_pSelected || !m_pUI->m_pCurveView->scene())
-        return;
-    // Not in mid-drag.
-    if ((QApplication::mouseButtons() & Qt::LeftButton) && m_pScene->hasFocus())
+    if (!m_pSelected || ((QApplication::mouseButtons() & Qt::LeftButton) && hasFocus()))
         return;
     RemovePoint(m_Nodes.indexOf(m_pSelected));
 }
 
 // ---- Mouse and keys ----
 
-void HBCurvesWidget::SceneMousePressEvent(QGraphicsSceneMouseEvent* event)
+void HBCurveScene::Press(const QGraphicsSceneMouseEvent& event)
 {
-    if (event->button() != Qt::LeftButton)
+    if (event.button() != Qt::LeftButton)
         return;
-    const QPoint view = Nearest(event->scenePos());
+    const QPoint view = Nearest(event.scenePos());
     // Both tests for an existing point take the scene's point, not flipped, on purpose.
-    if (HitTestForInsert(view, event->scenePos()))
-        InsertPoint(FromViewPoint(view));
+    if (HitTestForInsert(view, event.scenePos()))
+        InsertPoint(Flipped(view));
     else if (!Points().contains(view))
         Select(nullptr);
 }
 
-void HBCurvesWidget::SceneMouseMoveEvent(QGraphicsSceneMouseEvent* event)
+void HBCurveScene::Drag(const QGraphicsSceneMouseEvent& event)
 {
-    if (!(event->buttons() & Qt::LeftButton) || !m_pSelected)
+    if (!(event.buttons() & Qt::LeftButton) || !m_pSelected)
         return;
-    const QPoint target = FromViewPoint(Nearest(event->scenePos()));
+    const QPoint target = Flipped(Nearest(event.scenePos()));
     if (MovePoint(m_Nodes.indexOf(m_pSelected), target))
-        ShowPoint(target);
+        Q_EMIT PointTouched(target);
 }
 
-void HBCurvesWidget::SceneMouseReleaseEvent(QGraphicsSceneMouseEvent*) {}
-
-void HBCurvesWidget::SceneKeyPressEvent(QKeyEvent* event)
+void HBCurveScene::PressKey(const QKeyEvent& event)
 {
-    if (event->matches(QKeySequence::Delete)) {
-        OnDeleteAction();
+    if (event.matches(QKeySequence::Delete)) {
+        RemoveSelected();
         return;
     }
     // With these a key is a shortcut of the window's or the desktop's; the keypad's own flag does not count.
-    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return;
-    const int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    switch (event->key()) {
+    const int step = event.modifiers() & Qt::ShiftModifier ? 10 : 1;
+    switch (event.key()) {
     case Qt::Key_PageUp:
         StepSelection(1);
         break;
@@ -396,13 +351,8 @@ void HBCurvesWidget::SceneKeyPressEvent(QKeyEvent* event)
     }
 }
 
-void HBCurvesWidget::SceneFocusOut(QFocusEvent*)
-{
-    Select(nullptr);
-}
-
 /// Selects the next point, by keyboard; the first one if none is selected.
-void HBCurvesWidget::StepSelection(int step)
+void HBCurveScene::StepSelection(int step)
 {
     const int index = m_pSelected ? m_Nodes.indexOf(m_pSelected) + step : 0;
     if (index >= 0 && index < m_Nodes.size())
@@ -410,7 +360,7 @@ void HBCurvesWidget::StepSelection(int step)
 }
 
 /// Adds a point on the curve, by keyboard: in the middle of the gap behind the selected point.
-void HBCurvesWidget::InsertAfterSelection()
+void HBCurveScene::InsertAfterSelection()
 {
     const QVector<QPoint>& points = Points();
     const int index = qBound(0, m_pSelected ? m_Nodes.indexOf(m_pSelected) : 0, points.size() - 2);
@@ -421,11 +371,11 @@ void HBCurvesWidget::InsertAfterSelection()
     HBCurvesTransformation::BuildSplineParts(points, a, b, c);
     const QPoint point(x, qBound(0, HBCurvesTransformation::SplineValue(x, points, a, b, c), Top));
     if (InsertPoint(point))
-        ShowPoint(point);
+        Q_EMIT PointTouched(point);
 }
 
 /// Moves the selected point, by keyboard, as far as its neighbours and the square allow.
-void HBCurvesWidget::MoveSelection(const QPoint& step)
+void HBCurveScene::MoveSelection(const QPoint& step)
 {
     const int index = m_Nodes.indexOf(m_pSelected);
     if (index < 0)
@@ -436,5 +386,5 @@ void HBCurvesWidget::MoveSelection(const QPoint& step)
     const QPoint wanted = points.at(index) + step;
     const QPoint target(qBound(lowest, wanted.x(), highest), qBound(0, wanted.y(), Top));
     if (MovePoint(index, target))
-        ShowPoint(target);
+        Q_EMIT PointTouched(target);
 }
