@@ -4,6 +4,7 @@
 
 #include "HBAdjustmentWidget.h"
 
+#include <ControlNode.h>
 #include <HBSharedImage.h>
 
 #include <QList>
@@ -12,7 +13,6 @@
 
 #include <memory>
 
-class ControlNode;
 class HBConnectionSet;
 class HBHistogramFeed;
 class QDataStream;
