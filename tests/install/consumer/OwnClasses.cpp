@@ -5,8 +5,7 @@
 #include <QGraphicsObject>
 #include <QWidget>
 
-class HistogramWidget : public QWidget
-{
+class HistogramWidget : public QWidget {
 public:
     HistogramWidget(QWidget* parent, Qt::WindowFlags flags);
     ~HistogramWidget() override;
@@ -14,15 +13,13 @@ public:
     int m_Own[1000] = {};
 };
 
-HistogramWidget::HistogramWidget(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags)
-{
+HistogramWidget::HistogramWidget(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags) {
     qFatal("A panel has made the program's HistogramWidget");
 }
 
 HistogramWidget::~HistogramWidget() = default;
 
-class ControlNode : public QGraphicsObject
-{
+class ControlNode : public QGraphicsObject {
 public:
     explicit ControlNode(QGraphicsItem* parent);
 
@@ -31,7 +28,6 @@ public:
     void paint(QPainter*, const QStyleOptionGraphicsItem*, QWidget*) override {}
 };
 
-ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent)
-{
+ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent) {
     qFatal("A panel has made the program's ControlNode");
 }

@@ -11,20 +11,16 @@
 
 #include <memory>
 
-namespace
-{
+namespace {
 
-void Check(bool condition, const char* what)
-{
-    if (!condition)
-        qFatal("%s", what);
+void Check(bool condition, const char* what) {
+    if (!condition) qFatal("%s", what);
 }
 
 } // namespace
 
 // Makes every panel in a program that has classes called like some of the host's, and asks each library for something.
-int main(int argc, char* argv[])
-{
+int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     KMTheme::Install();
     Check(QFile::exists("theme:picker_black.png"), "The theme's pictures are not there");
