@@ -42,7 +42,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnBrightnessChanged(int value);
     void OnContrastChanged(int value);
 

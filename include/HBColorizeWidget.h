@@ -50,7 +50,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnColor();
     void OnCurrentColorChanged(const QColor& color);
     void OnAmountChanged(int amount);

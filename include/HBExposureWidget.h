@@ -34,7 +34,7 @@ Q_SIGNALS:
     void ExposureChanged();
     void OffsetChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnExposureChanged(double exposure);
     void OnExposureSlider(int position);
     void OnOffsetChanged(double offset);

@@ -27,7 +27,7 @@ public:
 Q_SIGNALS:
     void GammaChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnGammaChanged(double gamma);
     void OnGammaSlider(int position);
 

@@ -27,7 +27,7 @@ public:
 Q_SIGNALS:
     void PosterizeChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnPosterizeChanged(int levels);
 
 private:

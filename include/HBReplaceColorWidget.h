@@ -56,7 +56,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnSourceToleranceChanged(int tolerance);
     void OnSourcePosTypeChanged(int index);
     void OnDestinationColor();

@@ -54,7 +54,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnHorizontalAlignmentChanged(int index);
     void OnVerticalAlignmentChanged(int index);
     void OnLeftMarginChanged(int margin);

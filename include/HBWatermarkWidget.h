@@ -61,7 +61,7 @@ public:
 Q_SIGNALS:
     void ValueChanged();
 
-private Q_SLOTS:
+public Q_SLOTS:
     void OnAnglechanged(int angle); // spelt so on purpose
     void OnTextChanged(const QString& text);
     void OnLeftMarginChanged(int margin);

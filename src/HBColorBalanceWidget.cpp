@@ -5,6 +5,7 @@
 #include "HBConnectionSet.h"
 #include "HBPanelJob.h"
 #include "HBParamStream.h"
+#include "HBSliderHandle.h"
 #include "ui_ColorBalanceParamWidget.h"
 
 #include <HBIterativeColorBalanceTransformation.h>
@@ -101,6 +102,8 @@ HBColorBalanceWidget::HBColorBalanceWidget(bool dialog, QWidget* parent, Qt::Win
     SetGrooveGradient(m_pUI->m_pCRSlider, Between(Qt::cyan, Qt::red));
     SetGrooveGradient(m_pUI->m_pMGSlider, Between(Qt::magenta, Qt::green));
     SetGrooveGradient(m_pUI->m_pYBSlider, Between(Qt::yellow, Qt::blue));
+    for (QSlider* slider : {m_pUI->m_pCRSlider, m_pUI->m_pMGSlider, m_pUI->m_pYBSlider})
+        HBStyleHandle(slider);
 }
 
 HBColorBalanceWidget::~HBColorBalanceWidget()

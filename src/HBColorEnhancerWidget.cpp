@@ -188,15 +188,21 @@ void HBColorEnhancerWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 
 HBImage<> HBColorEnhancerWidget::Process(EnhancerData job)
 {
-    const Thresholds thresholds = SourceThresholds(job.source);
+    Thresholds thresholds;
+    try {
+        thresholds = SourceThresholds(job.source);
+    } catch (...) {
+        HB_LOG_JOB_EXCEPTION(std::current_exception());
+        throw;
+    }
     const int affected = qBound(0, job.params.affected, 100);
     int input[4][2] = {{0, 255}};
     for (int c = 0; c < 3; ++c) {
         for (int end = 0; end < 2; ++end)
             input[c + 1][end] = thresholds.Mix(c, end, affected);
     }
-    const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
-    const double gamma[4] = {1.0, 1.0, 1.0, 1.0};
+    int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
+    double gamma[4] = {1.0, 1.0, 1.0, 1.0};
 
     HBColorEnhancerTransformation enhancer;
     enhancer.SetLevels(HBLevelsTransformation(input, output, gamma, 100));

@@ -364,6 +364,9 @@ void HBCurvesWidget::SceneKeyPressEvent(QKeyEvent* event)
         OnDeleteAction();
         return;
     }
+    // With these a key is a shortcut of the window's or the desktop's; the keypad's own flag does not count.
+    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return;
     const int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
     switch (event->key()) {
     case Qt::Key_PageUp:

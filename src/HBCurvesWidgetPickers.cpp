@@ -154,15 +154,10 @@ void HBCurvesWidget::OnWhite(bool checked)
 
 void HBCurvesWidget::SetView(KMDocumentView* view)
 {
-    if (IsPicking())
-        InstallFilter(false);
-    EndDrag();
+    // While the old view can still be told: cursor, drag mode and filter are taken from it, and the new one is left alone.
+    for (QToolButton* button : {m_pUI->m_pBlack, m_pUI->m_pGray, m_pUI->m_pWhite})
+        button->setChecked(false);
     m_pView = view;
-    if (IsPicking())
-        InstallFilter(true);
-    m_pUI->m_pBlack->setChecked(false);
-    m_pUI->m_pGray->setChecked(false);
-    m_pUI->m_pWhite->setChecked(false);
 }
 
 // ---- The drag on the document ----

@@ -5,6 +5,7 @@
 #include "HBConnectionSet.h"
 #include "HBPanelJob.h"
 #include "HBParamStream.h"
+#include "HBSliderHandle.h"
 #include "ui_HueSaturationParamWidget.h"
 
 #include <HBHueSaturationTransformation.h>
@@ -106,6 +107,7 @@ HBHueSaturationWidget::HBHueSaturationWidget(bool dialog, QWidget* parent, Qt::W
     lightness.setColorAt(0.0, Qt::black);
     lightness.setColorAt(1.0, Qt::white);
     SetGrooveGradient(m_pUI->m_pLightnessSlider, lightness);
+    HBStyleHandle(m_pUI->m_pLightnessSlider);
     UpdateHueGroove();
     UpdateSaturationGroove();
 
@@ -223,11 +225,13 @@ QLinearGradient HBHueSaturationWidget::GetSaturation(int hue, int lightness)
 void HBHueSaturationWidget::UpdateHueGroove()
 {
     SetGrooveGradient(m_pUI->m_pHueSlider, GetHue(m_Params.saturation, m_Params.lightness));
+    HBStyleHandle(m_pUI->m_pHueSlider);
 }
 
 void HBHueSaturationWidget::UpdateSaturationGroove()
 {
     SetGrooveGradient(m_pUI->m_pSaturationSlider, GetSaturation(m_Params.hue, m_Params.lightness));
+    HBStyleHandle(m_pUI->m_pSaturationSlider);
 }
 
 /// From the controls, not the record: the strips show what the job will use.

@@ -5,6 +5,9 @@
 #include <QDebug>
 #include <QMessageLogger>
 
+#include <cstdio>
+#include <vector>
+
 namespace
 {
 
@@ -12,31 +15,54 @@ namespace
 constexpr int Line = 851;
 constexpr char Header[] = "ImagingLib\\HBTransformImageColors.h";
 
-QString Text(const char* date, const char* time, const std::exception_ptr& exception)
+/// As snprintf: cuts to `size`, returns the whole length. `content` is null for what is no standard exception.
+int Format(char* buffer, std::size_t size, const char* date, const char* time, const char* content)
+{
+    if (content)
+        return std::snprintf(buffer, size,
+                             "Build date=%s, time=%s. Unexpected exception: line=%d, file=\"%s\". Exception "
+                             "content:\"%s\"",
+                             date, time, Line, Header, content);
+    return std::snprintf(buffer, size,
+                         "Build date=%s, time=%s. Unexpected unknown exception: line=%d, file=\"%s\"", date, time,
+                         Line, Header);
+}
+
+/// \throws std::bad_alloc, or whatever the message handler throws
+void LogByQt(const char* date, const char* time, const char* content)
+{
+    std::vector<char> text(std::size_t(Format(nullptr, 0, date, time, content)) + 1);
+    Format(text.data(), text.size(), date, time, content);
+    QString line;
+    QDebug(&line).nospace() << QString::fromLocal8Bit(text.data()); // quoted and escaped
+    // Not by qDebug(): that hands its line over in a destructor, where running out of memory ends the process.
+    qt_message_output(QtDebugMsg, QMessageLogContext(), line);
+}
+
+/// The exception is often that there is no memory: then the line goes out without taking any.
+void Log(const char* date, const char* time, const char* content)
 {
     try {
-        std::rethrow_exception(exception);
-    } catch (const std::exception& known) {
-        return QString(
-                   "Build date=%1, time=%2. Unexpected exception: line=%3, file=\"%4\". Exception content:\"%5\"")
-            .arg(QLatin1String(date))
-            .arg(QLatin1String(time))
-            .arg(Line)
-            .arg(QLatin1String(Header))
-            .arg(QString::fromLocal8Bit(known.what()));
+        LogByQt(date, time, content);
     } catch (...) {
-        return QString("Build date=%1, time=%2. Unexpected unknown exception: line=%3, file=\"%4\"")
-            .arg(QLatin1String(date))
-            .arg(QLatin1String(time))
-            .arg(Line)
-            .arg(QLatin1String(Header));
+        char text[1024];
+        Format(text, sizeof text, date, time, content);
+        std::fputs(text, stderr);
+        std::fputc('\n', stderr);
     }
 }
 
 } // namespace
 
-void HBLogJobException(const char* date, const char* time, const std::exception_ptr& exception)
+void HBLogJobException(const char* date, const char* time, const std::exception_ptr& exception) noexcept
 {
-    if (exception)
-        QMessageLogger().debug() << Text(date, time, exception);
+    if (!exception)
+        return;
+    try {
+        std::rethrow_exception(exception);
+    } catch (const std::exception& known) {
+        Log(date, time, known.what());
+    } catch (...) {
+        Log(date, time, nullptr);
+    }
 }

@@ -386,6 +386,6 @@ void HBLevelsWidget::StartJobWatching(QFutureWatcher<HBImage<>>* watcher)
 
 HBImage<> HBLevelsWidget::Process(LevelsData job)
 {
-    const Params& params = job.params;
+    Params& params = job.params; // the transformation's constructor takes arrays that are not const
     return RunTransformation(job, HBIterativeLevelsTransformation(params.input, params.output, params.gamma, 100));
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "HBColorWidget.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace
@@ -54,24 +53,10 @@ QSize HBColorWidget::minimumSizeHint() const
 
 void HBColorWidget::paintEvent(QPaintEvent*)
 {
+    if (m_Brush.style() == Qt::NoBrush)
+        return;
     QPainter painter(this);
-    if (!isEnabled())
-        painter.setOpacity(0.4);
-    if (m_Brush.style() != Qt::NoBrush) {
-        if (!m_Brush.isOpaque())
-            FillChecks(painter, rect());
-        painter.fillRect(rect(), Stretched(m_Brush, rect()));
-    }
-    // Half translucent text colour: visible on either palette and beside either end of a gradient.
-    QColor frame = palette().color(QPalette::WindowText);
-    frame.setAlphaF(0.5);
-    painter.setPen(frame);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-}
-
-void HBColorWidget::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::EnabledChange)
-        update();
-    QWidget::changeEvent(event);
+    if (!m_Brush.isOpaque())
+        FillChecks(painter, rect());
+    painter.fillRect(rect(), Stretched(m_Brush, rect()));
 }

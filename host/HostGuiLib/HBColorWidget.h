@@ -7,7 +7,8 @@
 #include <QBrush>
 #include <QWidget>
 
-/// A swatch or a bar: one brush over the whole area, in a thin frame, a checkerboard under what is translucent.
+/// A swatch or a bar: one brush over the whole area, enabled or not, a checkerboard under what is translucent. Without a
+/// frame: it shows colours, and beside another one a colour looks different.
 class HOSTGUILIB_EXPORT HBColorWidget : public QWidget
 {
     Q_OBJECT
@@ -23,7 +24,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     QBrush m_Brush;

@@ -6,6 +6,7 @@
 #include <HBPanelCatalog.h>
 
 #include <QJsonArray>
+#include <QMetaMethod>
 
 #include <memory>
 
@@ -42,6 +43,22 @@ private Q_SLOTS:
         for (bool dialog : {false, true}) {
             const std::unique_ptr<HBAdjustmentWidget> panel(entry->create(dialog, nullptr));
             QCOMPARE(QString(panel->metaObject()->className()), name);
+        }
+    }
+
+    /// A host connects its own controls to a panel's slots: only these panels keep theirs to themselves.
+    void SlotsAreTheHostsToo_data() { Rows_data(); }
+    void SlotsAreTheHostsToo() {
+        QFETCH(QString, name);
+        const bool closed = QStringList{"HBLevelsWidget", "HBCurvesWidget",        "HBThresholdWidget",
+                                        "HBWBWidget",     "HBColorEnhancerWidget", "HBTintWidget"}
+                                .contains(name);
+        const std::unique_ptr<HBAdjustmentWidget> panel(HBFindPanel(name)->create(false, nullptr));
+        const QMetaObject* meta = panel->metaObject();
+        for (int index = meta->methodOffset(); index < meta->methodCount(); ++index) {
+            const QMetaMethod method = meta->method(index);
+            if (method.methodType() == QMetaMethod::Slot)
+                QCOMPARE(method.access(), closed ? QMetaMethod::Private : QMetaMethod::Public);
         }
     }
 

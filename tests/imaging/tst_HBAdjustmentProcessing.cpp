@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBLostTiles.h"
 #include "HBTestMain.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
@@ -260,6 +261,18 @@ private Q_SLOTS:
         QCOMPARE(selected.copy(0, 190, 300, 10), before.copy(0, 190, 300, 10));
         QCOMPARE(selected.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72)); // the tiles after the exception
         QVERIFY(selected.copy(0, 0, 128, 128) != before.copy(0, 0, 128, 128));
+    }
+
+    void UnrestorableTile() {
+        const PoolSize pool(1);
+        const HBImage<> source = TileNumbers(300, 200);
+        bool lost = false;
+        Job<HookedTransformation> job({[&](int tile) { lost = tile == 5 && HBLoseTiles(); }});
+        const HBImage<> result = job.processing.Process(source, Mask({300, 200}), {},
+                                                        QRect(10, 10, 280, 180)); // no tile is wholly inside
+        QVERIFY(lost);
+        QVERIFY(job.processing.Exception() != nullptr);
+        for (int index = 0; index < 6; ++index) QVERIFY(result.Tile(index) == source.Tile(index));
     }
 
     // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.

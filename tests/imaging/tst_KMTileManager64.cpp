@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBLostTiles.h"
 #include "HBTestMain.h"
 
 #include <KMTileManager64.h>
@@ -10,7 +11,6 @@
 #include <new>
 #include <random>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -46,19 +46,6 @@ std::vector<KMTileRef> MakeTiles(int count) {
 bool HoldTheirNumbers(const std::vector<KMTileRef>& tiles) {
     int value = 0;
     return std::all_of(tiles.begin(), tiles.end(), [&](const KMTileRef& tile) { return Holds(tile, ++value); });
-}
-
-/// Cuts the scratch file to nothing behind the manager's back, as a failing disk would.
-bool DestroyScratchFile(const QString& folder) {
-    const QDir descriptors(QStringLiteral("/proc/self/fd"));
-    for (const QString& name : descriptors.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
-        const QByteArray path = QFile::encodeName(descriptors.filePath(name));
-        char target[4096];
-        const ssize_t length = readlink(path.constData(), target, sizeof target);
-        if (length > 0 && QByteArray(target, int(length)).startsWith(QFile::encodeName(folder)))
-            return ftruncate(name.toInt(), 0) == 0;
-    }
-    return false;
 }
 
 } // namespace
@@ -194,7 +181,7 @@ private Q_SLOTS:
         Manager().SetMemoryBudget(4 * TileBytes);
         const auto tiles = MakeTiles(20);
         Manager().SetMemoryBudget(100 * TileBytes); // no more writing, which would fill the file with zeros
-        QVERIFY(DestroyScratchFile(m_Folder.path()));
+        QVERIFY(HBDestroyScratchFile(m_Folder.path()));
         int failed = 0;
         for (const KMTileRef& tile : tiles) {
             try {

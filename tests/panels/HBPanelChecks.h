@@ -106,9 +106,11 @@ void HBVerifyForm(const char* form, const char* title, const QSize& size, const 
     }
 }
 
-/// Whether one sees where a slider stands: a style sheet that colours its groove takes the handle away, unless another
-/// brings one. The value that it is moved to must not change the groove.
+/// Whether one sees where a slider stands, whatever style sheet the host gives the panel: a sheet that colours its groove
+/// takes the handle away, unless it brings one. The value that it is moved to must not change the groove.
 inline bool HBShowsItsValue(QSlider* slider) {
+    for (const QWidget* parent = slider->parentWidget(); parent; parent = parent->parentWidget())
+        if (!parent->styleSheet().isEmpty()) return false;
     const QImage before = slider->grab().toImage();
     slider->setValue(slider->maximum() - slider->maximum() / 4);
     return slider->grab().toImage() != before;

@@ -80,6 +80,8 @@ void tst_HBColorBalanceWidget::fresh() {
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
     f.shadows->setChecked(true);
     QCOMPARE(f.Spins(), Values({0, 0, 0}));
+    for (const char* slider : {"m_pCRSlider", "m_pMGSlider", "m_pYBSlider"})
+        QVERIFY(HBShowsItsValue(f.Find<QSlider>(slider)));
 }
 
 void tst_HBColorBalanceWidget::values() {

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBLogCapture.h"
+#include "HBLostTiles.h"
 #include "HBPanelChecks.h"
 #include "HBTestMain.h"
 
@@ -116,6 +118,7 @@ private Q_SLOTS:
     void thresholdsAreKept();
     void newSourceStartsBeforeItIsTold();
     void obsoleteJobLeavesNothing();
+    void unreadableSource();
 };
 
 void tst_HBColorEnhancerWidget::controls() {
@@ -252,6 +255,20 @@ void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing() {
         f.panel.OnReset();
         QVERIFY(f.Finish());
     }
+}
+
+/// The source's pixels are gone before its thresholds are counted.
+void tst_HBColorEnhancerWidget::unreadableSource() {
+    Fixture f;
+    const HBImage<> photo = PhotoA();
+    QVERIFY(HBLoseTiles());
+    HBLogCapture log;
+    f.panel.SetImage(photo, {}, {}, {});
+    QVERIFY(f.Finish());
+    QVERIFY(f.panel.HasJobFailed());
+    const auto lines = log.Take();
+    QCOMPARE(lines.size(), 1);
+    QVERIFY2(lines[0].text.contains(". Unexpected exception: line=851, file="), qPrintable(lines[0].text));
 }
 
 HB_TEST_MAIN(tst_HBColorEnhancerWidget)

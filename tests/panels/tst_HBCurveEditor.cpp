@@ -447,6 +447,12 @@ void tst_HBCurveEditor::keyboard() {
     QCOMPARE(f.Points(), HBPoints({{0, 0}, {136, 116}, {190, 202}, {255, 255}}));
     QCOMPARE(f.Edits(), QString("136 116"));
     QCOMPARE(f.recorder.Take(), HBClosingCalls(7));
+    for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Insert, Qt::Key_Plus})
+            press(key, modifier | Qt::ShiftModifier);
+    }
+    QCOMPARE(f.Selected(), HBPoints({{136, 116}}));
+    QCOMPARE(f.recorder.Take(), QStringList());
     press(Qt::Key_Delete);
     QCOMPARE(f.Points(), HBPoints({{0, 0}, {190, 202}, {255, 255}}));
     QVERIFY(f.NodesFit());

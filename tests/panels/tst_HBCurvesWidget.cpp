@@ -14,9 +14,11 @@
 #include <QDataStream>
 #include <QSemaphore>
 #include <QtConcurrent>
+#include <QTemporaryFile>
 
 #include <limits>
 #include <stdexcept>
+#include <unistd.h>
 
 Q_DECLARE_METATYPE(QVector<QPoint>)
 
@@ -277,6 +279,22 @@ void tst_HBCurvesWidget::exceptionLines() {
     const QString known = ". Unexpected exception: " + place + ". Exception content:\\\"no more tiles\\\"\"";
     QVERIFY2(lines[0].text.endsWith(known), qPrintable(lines[0].text));
     QVERIFY2(lines[1].text.endsWith(". Unexpected unknown exception: " + place + '"'), qPrintable(lines[1].text));
+
+    // A handler that runs out of memory must not end the process, nor keep the line.
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    const int terminal = dup(STDERR_FILENO);
+    dup2(file.handle(), STDERR_FILENO);
+    const QtMessageHandler handler = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { throw std::bad_alloc(); });
+    HB_LOG_JOB_EXCEPTION(std::make_exception_ptr(std::runtime_error(std::string(5000, 'x'))));
+    qInstallMessageHandler(handler);
+    dup2(terminal, STDERR_FILENO);
+    close(terminal);
+    QVERIFY(file.seek(0));
+    const QByteArray raw = file.readAll();
+    QVERIFY2(raw.contains(". Unexpected exception: line=851, file=\"ImagingLib\\"), raw.constData());
+    QVERIFY(raw.endsWith("xxx\n") && raw.size() == 1024);
 }
 
 // ---- Pickers ----
@@ -561,11 +579,13 @@ void tst_HBCurvesWidget::views() {
     f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
     f.black->click();
     f.Start({20, 20});
+    QVERIFY(f.HasPickerCursor());
     KMDocumentView other;
     QGraphicsScene otherScene(0, 0, 100, 80);
     other.setScene(&otherScene);
     f.panel.SetView(&other);
     QVERIFY(!f.black->isChecked());
+    QVERIFY(!f.HasPickerCursor());
     QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
     f.End({29, 29});
     HBSceneMouse(&otherScene, QEvent::GraphicsSceneMousePress, {5, 5});

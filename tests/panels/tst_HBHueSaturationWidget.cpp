@@ -182,7 +182,11 @@ void tst_HBHueSaturationWidget::grooves() {
     QCOMPARE(f.Grooves()[1], QString("stop: 0 rgb(127, 127, 127), stop: 1 rgb(0, 169, 254)"));
     f.SetValue({0, 50, -50, 0}); // 50 is level 191, -50 is 63
     QVERIFY(f.Grooves()[0].startsWith(QString("stop: 0 rgb(%1, ").arg(QColor::fromHsl(0, 191, 63).red())));
-    for (QSlider* slider : {f.hueSlider, f.saturationSlider, f.lightnessSlider}) QVERIFY(HBShowsItsValue(slider));
+    Fixture docked(false);
+    for (const Fixture* fixture : {&f, &docked}) {
+        for (QSlider* slider : {fixture->hueSlider, fixture->saturationSlider, fixture->lightnessSlider})
+            QVERIFY(HBShowsItsValue(slider));
+    }
 }
 
 void tst_HBHueSaturationWidget::strips() {

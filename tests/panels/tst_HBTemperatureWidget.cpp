@@ -69,6 +69,12 @@ void tst_HBTemperatureWidget::controls() {
     for (const QSlider* slider : {f.temperatureSlider, f.tintSlider, f.strengthSlider})
         QCOMPARE(slider->styleSheet(), QString()); // no coloured grooves here
 
+    f.temperature->selectAll(); // typed, and left: the nearest bound, not what was there before
+    QTest::keyClicks(f.temperature, "500");
+    QTest::keyClick(f.temperature, Qt::Key_Return);
+    QCOMPARE(f.Record(), Values({1000, 30, 0}));
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
+
     f.panel.OnReset(); // each control that changes says so
     QCOMPARE(f.Record(), Values({6500, 0, 50}));
     QCOMPARE(f.Shown(), f.Record());

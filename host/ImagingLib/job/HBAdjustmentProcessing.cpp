@@ -122,13 +122,17 @@ HBImage<> HBAdjustmentProcessing::Run(const HBImage<>& source, const HBImage<>& 
 
     // A transformed tile has changed outside the selection too.
     std::atomic<int> next{0};
+    std::mutex failure;
     HBRunLanes(HBLaneCount(tiles), [&] {
         for (int piece; (piece = next.fetch_add(1)) < tiles;) {
             const int index = tileIndex(piece);
             try {
                 HBRestoreOutside(result, source, index, area.blended);
-            } catch (const std::bad_alloc&) {
+            } catch (...) {
                 result.ShareTile(index, source.Tile(index)); // unadjusted, but nothing outside is touched
+                const std::lock_guard<std::mutex> lock(failure);
+                if (!m_Exception)
+                    m_Exception = std::current_exception();
             }
         }
     });

@@ -1,0 +1,760 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+
+// What every panel gives to its host, as text: stored records, pixels, signals and what the controls show. It is
+// recorded in contract/<class>.txt, one fact a line, so that a change of a panel's insides shows what it moved.
+//
+// Nothing here knows a panel: all are made by the catalog and moved by the controls that they have. So the text says
+// what is, not what is right; that is for each panel's own test.
+//
+// To record again, on purpose only: PANEL_CONTRACT_RECORD=1 build/dev/tests/panels/tst_PanelContract [Panel:<class>]
+#include "HBFailingDevice.h"
+#include "HBLogCapture.h"
+#include "HBSignalRecorder.h"
+#include "HBTestImages.h"
+#include "HBTestMain.h"
+
+#include <HBBlackAndWhiteWidget.h>
+#include <HBBrightnessContrastWidget.h>
+#include <HBColorBalanceWidget.h>
+#include <HBColorEnhancerWidget.h>
+#include <HBColorizeWidget.h>
+#include <HBColorWidget.h>
+#include <HBCurvesWidget.h>
+#include <HBHueSaturationWidget.h>
+#include <HBLevelsWidget.h>
+#include <HBPanelCatalog.h>
+#include <HBPhotoFilterWidget.h>
+#include <HBReplaceColorWidget.h>
+#include <HBSignWidget.h>
+#include <HBTemperatureWidget.h>
+#include <HBThresholdWidget.h>
+#include <HBTintWidget.h>
+#include <HBWatermarkWidget.h>
+#include <HBWBWidget.h>
+#include <KMApplication.h>
+#include <KMFillColorWidget.h>
+#include <MavuCustomSlider.h>
+
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGraphicsPathItem>
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
+#include <QtEndian>
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+using Panel = std::unique_ptr<HBAdjustmentWidget>;
+
+constexpr int Hostile[] = {-1, 0, 1, 1000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
+
+// ---- Text ----
+
+QString Hash(const QByteArray& bytes) {
+    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex().left(8));
+}
+
+QString Hash(const HBImage<>& image) {
+    if (image.IsEmpty()) return "none";
+    const QImage pixels = image.ToQImage();
+    return Hash(
+        QByteArray::fromRawData(reinterpret_cast<const char*>(pixels.constBits()), int(pixels.sizeInBytes())));
+}
+
+QString Hash(const QBrush& brush) {
+    QStringList parts{QString::number(brush.style()), brush.color().name(QColor::HexArgb)};
+    if (brush.gradient()) {
+        for (const QGradientStop& stop : brush.gradient()->stops())
+            parts += QString("%1 %2").arg(stop.first).arg(stop.second.name(QColor::HexArgb));
+    }
+    return Hash(parts.join(',').toLatin1());
+}
+
+/// The colours of a groove; whatever else a style sheet says is not what a panel shows.
+QString Groove(const QWidget& widget) {
+    QString stops;
+    auto match = QRegularExpression("stop: [^,]+rgb\\([^)]*\\)").globalMatch(widget.styleSheet());
+    while (match.hasNext()) stops += match.next().captured();
+    return stops.isEmpty() ? stops : " groove " + Hash(stops.toLatin1());
+}
+
+QString Nodes(const QGraphicsScene& scene) {
+    QStringList items;
+    for (const QGraphicsItem* item : scene.items()) {
+        const auto* path = dynamic_cast<const QGraphicsPathItem*>(item);
+        QString text = QString("%1,%2").arg(item->pos().x()).arg(item->pos().y());
+        for (int i = 0; path && i < path->path().elementCount(); ++i)
+            text += QString(" %1,%2")
+                        .arg(path->path().elementAt(i).x, 0, 'f', 3)
+                        .arg(path->path().elementAt(i).y, 0, 'f', 3);
+        if (item->isVisible() && (path || !item->pos().isNull())) items += text;
+    }
+    items.sort();
+    return QString("%1 items %2").arg(items.size()).arg(Hash(items.join('\n').toLatin1()));
+}
+
+/// What a control shows.
+QString Shown(const QWidget& widget) {
+    QString text = Groove(widget);
+    if (auto* handles = qobject_cast<const MavuCustomSlider*>(&widget)) {
+        for (uint i = 0; i < handles->ControlCount(); ++i)
+            text += QString(" %1[%2..%3]")
+                        .arg(handles->Value(i))
+                        .arg(handles->LowestValue(i))
+                        .arg(handles->HighestValue(i));
+    } else if (auto* colour = qobject_cast<const HBColorWidget*>(&widget)) {
+        text += Hash(colour->BackgroundBrush());
+    } else if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        text += button->isChecked() ? "on" : "off";
+        if (!button->icon().isNull() && !button->isCheckable())
+            text += QString(" colour %1").arg(button->icon().pixmap(4, 4).toImage().pixelColor(1, 1).name());
+    } else if (auto* view = qobject_cast<const QGraphicsView*>(&widget)) {
+        text += view->scene() ? Nodes(*view->scene()) : QString();
+    } else {
+        for (const char* name : {"value", "currentIndex", "text"}) {
+            const QVariant value = widget.property(name);
+            if (value.isValid()) text = QString("%1%2").arg(value.toString(), text);
+            if (value.isValid()) break;
+        }
+    }
+    return text.trimmed() + (widget.isEnabled() ? "" : " disabled") +
+           (widget.isHidden() && !widget.isWindow() ? " hidden" : "");
+}
+
+/// The panel's controls by name, without the frame's own and without the parts of Qt's controls.
+QVector<QWidget*> Controls(const HBAdjustmentWidget& panel) {
+    QVector<QWidget*> controls;
+    for (QWidget* widget : panel.findChildren<QWidget*>()) {
+        const QString name = widget->objectName();
+        if (name.isEmpty() || name.startsWith("qt_") || name == "FILTERPROGRESS") continue;
+        if (!qobject_cast<QDialogButtonBox*>(widget) && !qobject_cast<QDialogButtonBox*>(widget->parent()))
+            controls += widget;
+    }
+    std::sort(controls.begin(), controls.end(),
+              [](auto* a, auto* b) { return a->objectName() < b->objectName(); });
+    return controls;
+}
+
+QStringList ShownBy(const HBAdjustmentWidget& panel) {
+    QStringList lines;
+    for (const QWidget* control : Controls(panel)) lines += control->objectName() + '=' + Shown(*control);
+    lines.removeAll("m_pContent=");
+    return lines;
+}
+
+// ---- Values ----
+
+QByteArray Record(const QJsonObject& values) {
+    return QByteArray::fromBase64(values["record"].toString().toLatin1());
+}
+
+QJsonObject WithRecord(const QByteArray& record) { return {{"record", QString::fromLatin1(record.toBase64())}}; }
+
+QByteArray Bytes(const QJsonObject& values) {
+    return values.contains("record") ? Record(values) : QJsonDocument(values).toJson(QJsonDocument::Compact);
+}
+
+template <class Params>
+Params Load(const QByteArray& bytes) {
+    Params params;
+    QDataStream stream(bytes);
+    stream >> params;
+    return params;
+}
+
+template <class Params>
+QByteArray Store(const Params& params) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << params;
+    return bytes;
+}
+
+QJsonObject Demonstration(const HBPanelEntry& entry) {
+    QFile file(QString(SAMPLE_RECIPES "/%1.json").arg(entry.className));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QJsonObject step = QJsonDocument::fromJson(file.readAll()).object()["steps"].toArray().at(0).toObject();
+    step.remove("panel");
+    return step;
+}
+
+/// Text is drawn with a font that the tests ask for, not with what the machine takes for none.
+QJsonObject Drawable(const HBPanelEntry& entry, const QJsonObject& values) {
+    if (QByteArray("HBWatermarkWidget") != entry.className) return values;
+    auto params = Load<HBWatermarkWidget::Params>(Record(values));
+    params.font.setFamily("DejaVu Sans");
+    return WithRecord(Store(params));
+}
+
+/// The values once more with another number at one place: any byte of a record, any key without one.
+int Places(const QJsonObject& values, const HBPanelEntry& entry) {
+    return entry.tag ? qMax(0, Record(values).size() - int(qstrlen(entry.tag)) - 3)
+                     : values["values"].toObject().size();
+}
+
+QJsonObject Mutated(const QJsonObject& values, const HBPanelEntry& entry, int place, int number) {
+    if (entry.tag) {
+        QByteArray record = Record(values);
+        qToBigEndian(number, record.data() + qstrlen(entry.tag) + place);
+        return WithRecord(record);
+    }
+    QJsonObject numbers = values["values"].toObject();
+    numbers[numbers.keys().at(place)] = number;
+    return {{"values", numbers}};
+}
+
+/// Where two values differ, as bytes.
+QString Change(const QJsonObject& before, const QJsonObject& after) {
+    const QByteArray a = Bytes(before), b = Bytes(after);
+    if (a == b) return "same";
+    if (!after.contains("record")) return QString::fromLatin1(b);
+    if (a.size() != b.size()) return QString("%1 bytes %2").arg(b.size()).arg(Hash(b));
+    int first = 0, last = b.size() - 1;
+    while (a[first] == b[first]) ++first;
+    while (a[last] == b[last]) --last;
+    const QByteArray change = b.mid(first, last - first + 1);
+    return QString("@%1 %2").arg(first).arg(change.size() <= 16 ? QString::fromLatin1(change.toHex())
+                                                                : Hash(change));
+}
+
+QString Restore(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const QJsonObject& values) {
+    QString reason;
+    return entry.restore(panel, values, &reason) ? "taken" : "refused, " + reason;
+}
+
+/// What the log got, without what no contract fixes: date and time, and a line number where it is the source's own.
+QString Logged(HBLogCapture* log, const QByteArray& panel) {
+    static const QSet<QByteArray> fixed{"HBPhotoFilterWidget", "HBColorizeWidget", "HBReplaceColorWidget",
+                                        "KMFillColorWidget",   "HBSignWidget",     "HBWatermarkWidget"};
+    QString text;
+    for (const HBLogCapture::Line& line : log->Take()) text += ' ' + line.text;
+    text.replace(QRegularExpression("date=[^,]*, time=[0-9:]*"), "date=, time=");
+    return fixed.contains(panel) ? text : text.replace(QRegularExpression("Line=[0-9]+"), "Line=");
+}
+
+/// Both stream operators, on devices that fail and with bytes that are cut, foreign or of another version.
+template <class Params>
+void Streams(const HBPanelEntry& entry, const QJsonObject& base, QStringList* lines) {
+    const QByteArray whole = Record(base);
+    HBLogCapture log;
+    const auto read = [&](const QByteArray& bytes, const QString& name) {
+        auto params = Load<Params>(whole); // no default is left
+        QDataStream stream(bytes);
+        stream >> params;
+        const QByteArray after = Store(params);
+        *lines += QString("read %1: status %2, %3%4")
+                      .arg(name)
+                      .arg(stream.status())
+                      .arg(Change(base, WithRecord(after)), Logged(&log, entry.className));
+    };
+    for (const int size :
+         {0, 5, int(qstrlen(entry.tag)), int(qstrlen(entry.tag)) + 5, whole.size() - 1, whole.size()})
+        read(whole.left(size), QString("first %1").arg(size));
+    read(QByteArray(whole).replace(0, 2, "XX"), "foreign tag");
+    read(whole + "more", "more");
+    const auto params = Load<Params>(whole);
+    for (const int size : {0, 5, int(qstrlen(entry.tag)), whole.size() - 1, whole.size()}) {
+        HBFailingDevice device(size);
+        QDataStream stream(&device);
+        stream << params;
+        *lines += QString("write to %1: status %2, %3%4")
+                      .arg(size)
+                      .arg(stream.status())
+                      .arg(Hash(device.Bytes()), Logged(&log, entry.className));
+    }
+    QByteArray other;
+    QDataStream stream(&other, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_4_6);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream << params << Params();
+    *lines += QString("little endian, version 4.6: %1").arg(Hash(other));
+}
+
+template <class... Panels>
+struct StreamTable {
+    static void Run(const HBPanelEntry& entry, const QJsonObject& base, QStringList* lines) {
+        const QByteArray name = entry.className;
+        ((name == Panels::staticMetaObject.className() ? Streams<typename Panels::Params>(entry, base, lines)
+                                                       : void()),
+         ...);
+    }
+};
+
+using AllStreams =
+    StreamTable<HBBlackAndWhiteWidget, HBBrightnessContrastWidget, HBColorBalanceWidget, HBColorEnhancerWidget,
+                HBColorizeWidget, HBCurvesWidget, HBHueSaturationWidget, HBLevelsWidget, HBPhotoFilterWidget,
+                HBReplaceColorWidget, HBSignWidget, HBTemperatureWidget, HBThresholdWidget, HBTintWidget,
+                HBWatermarkWidget, HBWBWidget, KMFillColorWidget>;
+
+// ---- Moves ----
+
+struct Move {
+    QString name;
+    std::function<void()> run;
+};
+
+/// Presses in one place, moves and releases in another.
+void SceneMouse(QGraphicsScene* scene, QEvent::Type type, Qt::MouseButton button) {
+    QGraphicsSceneMouseEvent event(type);
+    event.setScenePos(type == QEvent::GraphicsSceneMousePress ? QPointF(64, 191) : QPointF(80, 150));
+    event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : button);
+    event.setButtons(type == QEvent::GraphicsSceneMouseRelease ? Qt::NoButton : button);
+    QApplication::sendEvent(scene, &event);
+}
+
+/// What a user does to a control; nothing for one that opens a dialog or only shows something.
+QVector<Move> Moves(QWidget* control) {
+    QVector<Move> moves;
+    const auto add = [&](const QString& name, const std::function<void()>& run) { moves += {name, run}; };
+    const auto key = [&](Qt::Key code) {
+        add("key " + QKeySequence(code).toString(), [=] { QTest::keyClick(control, code); });
+    };
+    const auto value = [&](const char* property, const QVariant& number) {
+        add(number.toString(), [=] { control->setProperty(property, number); });
+    };
+    const auto type = [&](const char* text) {
+        add(QString("type ") + text, [=] {
+            if (auto* box = qobject_cast<QAbstractSpinBox*>(control)) box->selectAll();
+            QTest::keyClicks(control, text);
+            QTest::keyClick(control, Qt::Key_Return);
+        });
+    };
+    if (auto* handles = qobject_cast<MavuCustomSlider*>(control)) {
+        for (uint i = 0; i < handles->ControlCount(); ++i) {
+            for (const int number : {-1000, 1000, 40, 41, 200})
+                add(QString("handle %1 %2").arg(i).arg(number), [=] { handles->SetValue(i, number); });
+            add(QString("handle %1").arg(i), [=] { handles->SetCurrentControl(i); });
+            for (const auto code : {Qt::Key_Right, Qt::Key_PageDown}) key(code);
+        }
+    } else if (qobject_cast<QAbstractSlider*>(control) || qobject_cast<QAbstractSpinBox*>(control)) {
+        const double low = control->property("minimum").toDouble(), high = control->property("maximum").toDouble();
+        for (const double number : {low, high + 1, low, high, low + (high - low) / 3}) value("value", number);
+        for (const auto code : {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Home}) key(code);
+        if (qobject_cast<QAbstractSpinBox*>(control))
+            for (const char* text : {"7", "-0.5", "99999"}) type(text);
+    } else if (auto* combo = qobject_cast<QComboBox*>(control)) {
+        for (int i = qMin(combo->count(), 6) - 1; i >= -1; --i) value("currentIndex", i);
+        for (const auto code : {Qt::Key_End, Qt::Key_Up}) key(code);
+    } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+        // The automatic corrections are the one kind of plain button that opens no dialog.
+        if (button->isCheckable() || button->objectName() == "m_pAutoBtn")
+            for (const char* name : {"click", "click again"}) add(name, [=] { button->click(); });
+    } else if (auto* edit = qobject_cast<QLineEdit*>(control)) {
+        for (const char* text : {"12", "abc", ""}) value("text", text);
+        if (!edit->isReadOnly()) type("3x");
+    } else if (auto* view = qobject_cast<QGraphicsView*>(control)) {
+        for (const auto mouse : {Qt::LeftButton, Qt::RightButton})
+            for (const auto event : {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseMove,
+                                     QEvent::GraphicsSceneMouseRelease})
+                add(QString("mouse %1 %2").arg(mouse).arg(event - QEvent::GraphicsSceneMouseMove),
+                    [=] { SceneMouse(view->scene(), event, mouse); });
+        for (const auto code :
+             {Qt::Key_Insert, Qt::Key_Up, Qt::Key_Tab, Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Delete})
+            key(code);
+    }
+    return moves;
+}
+
+/// Signals on one line. How often a job tells of its progress is left out: first range, last value.
+QString Signals(const QStringList& signalLines, bool progress = true) {
+    QStringList text;
+    QString range, value;
+    for (int i = 0; i < signalLines.size(); ++i) {
+        const QString& line = signalLines[i];
+        const bool end =
+            line == "ProgressRangeChanged(0,100)" && signalLines.value(i + 1) == "ProgressValueChanged(100)";
+        if (!end && line.startsWith("ProgressRangeChanged") && range.isEmpty()) range = line;
+        if (!end && line.startsWith("ProgressValueChanged")) value = line;
+        if (!end && line.startsWith("Progress")) continue;
+        if (progress && !range.isEmpty()) text += range;
+        if (progress && !value.isEmpty()) text += value;
+        range = value = QString();
+        text += end ? "end" : line;
+        i += end;
+    }
+    QString joined = text.join(' ');
+    joined.replace("AboutUserParamsChanged() ValueChanged() DataChanged()", "changed");
+    joined.replace(QRegularExpression("AboutUserParamsChanged\\(\\) (\\w+)\\(\\) DataChanged\\(\\)"),
+                   "changed(\\1)");
+    QStringList counted;
+    for (const QString& word : joined.split(' ', Qt::SkipEmptyParts)) {
+        const QStringList last = counted.isEmpty() ? QStringList("") : counted.last().split(" x");
+        if (last[0] == word)
+            counted.last() = QString("%1 x%2").arg(word).arg(last.value(1, "1").toInt() + 1);
+        else
+            counted += word;
+    }
+    return counted.join(' ');
+}
+
+// ---- The recording of one panel ----
+
+struct Recording {
+    const HBPanelEntry& entry;
+    QStringList lines;
+
+    /// What a hostile name may hold is not printed as it is.
+    void Add(const QString& line) {
+        QString text;
+        for (const QChar c : line)
+            text += c >= ' ' && c <= '~' ? QString(c) : QString("<%1>").arg(c.unicode(), 4, 16, QChar('0'));
+        lines += text;
+    }
+
+    // -- Meta --
+
+    void Methods(const QMetaObject* meta) {
+        Add(QString("class %1 : %2").arg(meta->className(), meta->superClass()->className()));
+        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+            const QMetaMethod method = meta->method(i);
+            static const char* const access[] = {"private", "protected", "public"};
+            Add(QString("%1 %2 %3 %4")
+                    .arg(i - meta->methodOffset())
+                    .arg(access[method.access()], method.methodType() == QMetaMethod::Signal ? "signal" : "slot",
+                         QString(method.methodSignature())));
+        }
+    }
+
+    static QString Describe(const QWidget& widget) {
+        QString text = QString("%1 %2").arg(widget.metaObject()->className(), widget.objectName());
+        for (const char* name : {"windowTitle", "title", "text", "toolTip", "accessibleName", "minimum", "maximum",
+                                 "singleStep", "pageStep", "decimals", "prefix", "suffix", "orientation",
+                                 "tickPosition", "checkable", "maxLength", "readOnly", "count", "focusPolicy"}) {
+            const QVariant value = widget.property(name);
+            const QString shown = value.toString();
+            if (value.isValid() && !shown.isEmpty() && shown != "false")
+                text += QString(" %1=%2").arg(name, shown);
+        }
+        if (auto* label = qobject_cast<const QLabel*>(&widget))
+            if (label->buddy()) text += " buddy=" + label->buddy()->objectName();
+        if (auto* combo = qobject_cast<const QComboBox*>(&widget))
+            for (int i = 0; i < combo->count(); ++i) text += QString(" \"%1\"").arg(combo->itemText(i));
+        if (auto* handles = qobject_cast<const MavuCustomSlider*>(&widget))
+            for (uint i = 0; i < handles->ControlCount(); ++i)
+                text += QString(" %1 %2").arg(handles->ControlName(i), Hash(handles->Brush(i)));
+        return text + ": " + Shown(widget);
+    }
+
+    void Tree(const QWidget& parent, const QString& indent = " ") {
+        for (QObject* child : parent.children()) {
+            auto* widget = qobject_cast<QWidget*>(child);
+            if (!widget || widget->objectName().startsWith("qt_") || widget->objectName().isEmpty()) continue;
+            Add(indent + Describe(*widget));
+            Tree(*widget, indent + ' ');
+        }
+    }
+
+    void Meta() {
+        const HBShowsWindows windows;
+        for (const bool dialog : {true, false}) {
+            const Panel panel(entry.create(dialog, nullptr));
+            if (dialog) Methods(panel->metaObject());
+            Add(QString("dialog %1, title \"%2\", name %3")
+                    .arg(dialog)
+                    .arg(panel->windowTitle(), panel->objectName()));
+            Tree(*panel);
+            panel->show();
+            QStringList order;
+            for (QWidget* w = panel->nextInFocusChain(); w != panel.get(); w = w->nextInFocusChain()) {
+                if (w->focusPolicy() & Qt::TabFocus && !w->focusProxy())
+                    order += w->objectName().isEmpty() ? w->property("text").toString() : w->objectName();
+            }
+            Add("tab order " + order.join(' '));
+        }
+    }
+
+    // -- Records --
+
+    void Records() {
+        const Panel panel(entry.create(true, nullptr));
+        const HBSignalRecorder signalsOf(panel.get());
+        const QJsonObject defaults = entry.save(*panel), demonstration = Demonstration(entry);
+        for (const QJsonObject& base : {defaults, demonstration}) {
+            const QByteArray bytes = Bytes(base);
+            Add(QString("record %1")
+                    .arg(QString::fromLatin1(base.contains("record") ? bytes.mid(int(qstrlen(entry.tag))).toHex()
+                                                                     : bytes)));
+            Add(QString(" %1, saved %2, shown %3")
+                    .arg(Restore(entry, *panel, base), Change(base, entry.save(*panel)),
+                         ShownBy(*panel).join("; ")));
+            QString before;
+            for (int place = 0; place < Places(base, entry); ++place) {
+                QString line;
+                for (const int number : Hostile) {
+                    QString ignored;
+                    entry.restore(*panel, defaults, &ignored);
+                    const QJsonObject mutated = Mutated(base, entry, place, number);
+                    // Not the reason: how much room Qt makes for a hostile count is the machine's affair.
+                    if (!entry.restore(*panel, mutated, &ignored))
+                        line += " refused" + QString(entry.save(*panel) == defaults ? "" : "!");
+                    else
+                        line += QString(" %1:%2").arg(Change(mutated, entry.save(*panel)).replace(' ', '='),
+                                                      Hash(ShownBy(*panel).join('\n').toUtf8()));
+                }
+                if (line != before) Add(QString(" at %1:%2").arg(place).arg(line));
+                before = line;
+            }
+            if (!entry.tag) continue;
+            const auto tried = [&](const QString& name, const QByteArray& record) {
+                QString ignored;
+                entry.restore(*panel, defaults, &ignored);
+                const QString answer = Restore(entry, *panel, WithRecord(record));
+                Add(QString(" %1: %2, saved %3").arg(name, answer, Change(defaults, entry.save(*panel))));
+            };
+            for (const int size : {0, 5, int(qstrlen(entry.tag)), bytes.size() / 2 + 8, bytes.size() - 1})
+                tried(QString("first %1 bytes").arg(size), bytes.left(size));
+            tried("foreign tag", QByteArray(bytes).replace(0, 2, "XX"));
+            tried("one byte more", bytes + '\0');
+        }
+        Add("signals " + Signals(signalsOf.Lines()));
+    }
+
+    // -- Pixels --
+
+    void Pixels() {
+        const QVector<QPair<QString, HBImage<>>> pictures = {
+            {"1x1", HBTestMask(1, 1, 90)},     {"127x3", HBTestRamp(127, 3)},
+            {"128x128", HBTestRamp(128, 128)}, {"129x130", HBTestRamp(129, 130)},
+            {"257x140", HBTestRamp(257, 140)}, {"cube", HBTestColourCube(8)}};
+        struct Selection {
+            HBImage<> mask;
+            QPoint offset;
+            QRect bounds;
+        };
+        const Selection selections[] = {{HBImage<>(), QPoint(), QRect()},
+                                        {HBTestMask(200, 150), QPoint(-37, -11), QRect(5, 3, 180, 140)},
+                                        {HBTestMask(100, 100, 255), QPoint(90, -30), QRect(0, 0, 100, 100)}};
+        const Panel panel(entry.create(false, nullptr));
+        const QJsonObject defaults = Drawable(entry, entry.save(*panel)),
+                          demonstration = Drawable(entry, Demonstration(entry));
+        QVector<QPair<QString, QJsonObject>> values{{"defaults", defaults}, {"demonstration", demonstration}};
+        const int places = Places(demonstration, entry);
+        QVector<QPair<QString, QJsonObject>> taken;
+        for (int place = 0; place < places; ++place) {
+            const int number = Hostile[place % std::size(Hostile)];
+            const QJsonObject mutated = Mutated(demonstration, entry, place, number);
+            QString ignored;
+            if (mutated != demonstration && entry.restore(*panel, mutated, &ignored))
+                taken += {QString("%1 at %2").arg(number).arg(place), mutated};
+        }
+        for (int i = 0; i < qMin(6, taken.size()); ++i) values += taken[i * taken.size() / qMin(6, taken.size())];
+        for (const auto& value : values) {
+            Add("pixels of " + value.first);
+            for (const auto& picture : pictures) {
+                QStringList hashes;
+                QString error;
+                Restore(entry, *panel, value.second);
+                if (entry.draw) hashes << Hash(entry.draw(*panel)(picture.second, &error)) << error;
+                for (const Selection& selection : selections) {
+                    if (entry.draw) break;
+                    panel->SetImage(picture.second, selection.mask, selection.offset, selection.bounds);
+                    HBSettle();
+                    hashes += Hash(panel->AdjustedImage()) + (panel->HasJobFailed() ? " failed" : "");
+                }
+                Add(QString(" %1: %2").arg(picture.first, hashes.join(' ')));
+            }
+        }
+    }
+
+    // -- Gestures --
+
+    /// Runs a move and notes what it did; `*changed` when a job will follow.
+    void Note(HBAdjustmentWidget* panel, HBSignalRecorder* recorder, const QString& name,
+              const std::function<void()>& run, bool* changed) {
+        const QJsonObject before = entry.save(*panel);
+        const QStringList shown = ShownBy(*panel);
+        run();
+        const QStringList told = recorder->Take();
+        QString line = QString(" %1 | %2 | %3").arg(name, Signals(told), Change(before, entry.save(*panel)));
+        const QStringList now = ShownBy(*panel);
+        for (int i = 0; i < now.size(); ++i)
+            if (now[i] != shown.value(i)) line += " | " + now[i];
+        Add(line);
+        *changed |= told.contains("DataChanged()");
+    }
+
+    void Job(HBAdjustmentWidget* panel, HBSignalRecorder* recorder, bool* changed) {
+        if (!std::exchange(*changed, false) || entry.draw) return;
+        const QStringList shown = ShownBy(*panel);
+        const bool came = recorder->WaitFor("ProgressRangeChanged(0,100)");
+        HBSettle();
+        Add(QString("  job %1 | %2 %3")
+                .arg(came ? "" : "none", Signals(recorder->Take()), Hash(panel->AdjustedImage())));
+        if (shown != ShownBy(*panel)) Add("  shows " + Hash(ShownBy(*panel).join('\n').toUtf8()));
+    }
+
+    void Gestures() {
+        const HBShowsWindows windows;
+        const HBImage<> picture = HBTestRamp(129, 130);
+        for (const bool demonstration : {false, true}) {
+            const Panel panel(entry.create(true, nullptr));
+            panel->setAttribute(Qt::WA_DontShowOnScreen); // visible, but the focus stays where it is
+            panel->show();
+            HBSignalRecorder recorder(panel.get());
+            const QJsonObject start = demonstration ? Demonstration(entry) : entry.save(*panel);
+            Restore(entry, *panel, start);
+            panel->SetImage(picture, {}, {}, {});
+            HBSettle();
+            Add("gestures, " + Signals(recorder.Take()));
+            bool changed = false;
+            for (QWidget* control : Controls(*panel)) {
+                const QVector<Move> moves = Moves(control);
+                if (moves.isEmpty()) continue;
+                Add(QString("%1 %2").arg(control->metaObject()->className(), control->objectName()));
+                // From the defaults one by one, with jobs; from the demonstration one after the other.
+                for (int i = 0; i < moves.size(); ++i) {
+                    Note(panel.get(), &recorder, moves[i].name, moves[i].run, &changed);
+                    if (!demonstration && (i == 0 || i == moves.size() - 1)) Job(panel.get(), &recorder, &changed);
+                }
+                if (!demonstration) Restore(entry, *panel, start);
+            }
+            Job(panel.get(), &recorder, &changed);
+            Note(
+                panel.get(), &recorder, "OnReset", [&] { panel->OnReset(); }, &changed);
+            Job(panel.get(), &recorder, &changed);
+        }
+    }
+
+    // -- The host's calls --
+
+    void Host() {
+        const HBImage<> picture = HBTestRamp(129, 130), other = HBTestRamp(130, 20);
+        const QJsonObject demonstration = Demonstration(entry);
+        for (const bool dialog : {true, false}) {
+            const Panel owner(entry.create(dialog, nullptr));
+            HBAdjustmentWidget* panel = owner.get();
+            HBSignalRecorder recorder(panel);
+            const auto call = [&](const char* name, const std::function<void()>& run) {
+                run();
+                const QString direct = Signals(recorder.Take());
+                HBSettle();
+                Add(QString(" %1 | %2 | %3 | %4%5 %6 %7")
+                        .arg(name, direct, Signals(recorder.Take(), false))
+                        .arg(panel->IsProcessing())
+                        .arg(panel->IsCancelProcessing())
+                        .arg(Hash(panel->SourceImage()), Hash(panel->AdjustedImage())));
+            };
+            bool waits = false;
+            const auto wait = [&](bool cancel) {
+                const bool begun = !panel->WaitForProcessingFinished(cancel);
+                recorder.Note(begun ? "waits" : "nothing");
+                waits |= begun;
+            };
+            const auto finished = [&] {
+                if (std::exchange(waits, false)) recorder.WaitFor("Finished");
+            };
+            Add(QString("host, dialog %1").arg(dialog));
+            call("restore", [&] { recorder.Note(Restore(entry, *panel, demonstration)); });
+            call("image", [&] { panel->SetImage(picture, {}, {}, {}); });
+            call("image twice", [&] {
+                panel->SetImage(other, {}, {}, {});
+                panel->SetImage(picture, {}, {}, {});
+            });
+            call("image, restore", [&] {
+                panel->SetImage(other, {}, {}, {});
+                Restore(entry, *panel, demonstration);
+            });
+            call("image, cancel", [&] {
+                panel->SetImage(picture, {}, {}, {});
+                panel->SetCancelProcessing(true);
+            });
+            call("image while cancelled", [&] { panel->SetImage(other, {}, {}, {}); });
+            call("cancel no more", [&] { panel->SetCancelProcessing(false); });
+            call("wait", [&] { wait(false); });
+            KMApplication::SetProgressTimeout(30);
+            call("image, wait", [&] {
+                panel->SetImage(picture, {}, {}, {});
+                wait(false);
+                wait(false);
+            });
+            call("finished", [&] { finished(); });
+            call("image, wait, cancel", [&] {
+                panel->SetImage(other, {}, {}, {});
+                wait(true);
+            });
+            call("finished", [&] { finished(); });
+            KMApplication::SetProgressTimeout(500);
+            call("cancel no more", [&] { panel->SetCancelProcessing(false); });
+            call("image, clear", [&] {
+                panel->SetImage(picture, {}, {}, {});
+                panel->ClearData();
+            });
+            call("clear", [&] { panel->ClearData(); });
+            Add(" saved " + Change(demonstration, entry.save(*panel)));
+            call("restore, reset", [&] {
+                Restore(entry, *panel, demonstration);
+                panel->OnReset();
+            });
+            if (auto* buttons = panel->findChild<QDialogButtonBox*>())
+                for (QAbstractButton* button : buttons->buttons())
+                    call(qPrintable(button->text()), [&] { button->click(); });
+        }
+    }
+};
+
+} // namespace
+
+class tst_PanelContract : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+
+    void Panel_data() {
+        HBColumns<QString>("name");
+        QVERIFY(!HBPanelCatalog().isEmpty());
+        for (const HBPanelEntry& entry : HBPanelCatalog())
+            QTest::newRow(entry.className) << QString(entry.className);
+    }
+    void Panel() {
+        QFETCH(QString, name);
+        Recording recording{*HBFindPanel(name), {}};
+        recording.Meta();
+        recording.Records();
+        if (recording.entry.tag)
+            AllStreams::Run(recording.entry, Demonstration(recording.entry), &recording.lines);
+        recording.Pixels();
+        recording.Gestures();
+        recording.Host();
+        Compare(name, recording.lines);
+    }
+
+    void Base() {
+        Recording recording{HBPanelCatalog().first(), {}};
+        recording.Methods(&KMAdjustmentWidget::staticMetaObject);
+        recording.Methods(&HBAdjustmentWidget::staticMetaObject);
+        Compare("HBAdjustmentWidget", recording.lines);
+    }
+
+private:
+    static void Compare(const QString& name, const QStringList& found) {
+        QFile file(QString(CONTRACT_FOLDER "/%1.txt").arg(name));
+        if (qEnvironmentVariableIsSet("PANEL_CONTRACT_RECORD")) {
+            QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(file.errorString()));
+            file.write(found.join('\n').toUtf8() + '\n');
+            return;
+        }
+        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName() + ": " + file.errorString()));
+        const QStringList expected = QString::fromUtf8(file.readAll()).chopped(1).split('\n');
+        QStringList differences;
+        for (int i = 0; i < qMax(expected.size(), found.size()) && differences.size() < 10; ++i) {
+            if (expected.value(i) != found.value(i))
+                differences +=
+                    QString("%1.txt:%2\n- %3\n+ %4").arg(name).arg(i + 1).arg(expected.value(i), found.value(i));
+        }
+        QVERIFY2(differences.isEmpty(), qPrintable('\n' + differences.join('\n')));
+    }
+};
+
+HB_TEST_MAIN(tst_PanelContract)
+#include "tst_PanelContract.moc"
