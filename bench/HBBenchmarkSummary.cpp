@@ -32,6 +32,12 @@ std::string Milliseconds(double time)
     return text;
 }
 
+/// " (LookUpTable)" of "OpenCV_LookUpTable".
+std::string PeerName(const std::string& peer)
+{
+    return peer.empty() ? peer : " (" + peer.substr(peer.find('_') + 1) + ")";
+}
+
 std::string Title(const std::string& panel)
 {
     return HBFindPanel(QString::fromStdString(panel))->Title().toStdString();
@@ -104,6 +110,6 @@ void HBMedianReporter::PrintFigures(const std::vector<HBBenchmarkRow>& rows, con
         std::printf("| %s | %s | %s | %s | %s | %s | %s |\n", Title(row.panel).c_str(),
                     Milliseconds(times.job).c_str(), Ratio(times.job, copyTime).c_str(),
                     Milliseconds(times.end).c_str(), Ratio(times.end, copyTime).c_str(),
-                    Milliseconds(times.peer).c_str(), Ratio(times.peer, times.end).c_str());
+                    (Milliseconds(times.peer) + PeerName(row.peer)).c_str(), Ratio(times.peer, times.end).c_str());
     }
 }

@@ -304,11 +304,11 @@ void RegisterColour()
 {
     const HBRGBA32i orange(236, 138, 0);
     const HBRGBA32i pale(170, 209, 255);
-    RegisterPeer("Hls_OpenCV", HlsThereAndBack);
-    RegisterPeer("Gray_OpenCV", GrayThereAndBack);
-    RegisterPeer("Matrix_OpenCV", MatrixOfColours);
-    RegisterPeer("Mix_OpenCV", MixWithColour);
-    RegisterPeer("Flood_OpenCV", FloodWhite);
+    RegisterPeer("OpenCV_HlsAndBack", HlsThereAndBack);
+    RegisterPeer("OpenCV_GreyAndBack", GrayThereAndBack);
+    RegisterPeer("OpenCV_ColourMatrix", MatrixOfColours);
+    RegisterPeer("OpenCV_WeightedSum", MixWithColour);
+    RegisterPeer("OpenCV_FloodFill", FloodWhite);
 
     HBTemperatureCorrection temperature;
     temperature.SetData(4000, 70, 10);
@@ -343,7 +343,7 @@ void RegisterAll()
     const HBIterativeBrightnessContrastTransformation brightnessContrast(30, 40);
     RegisterJob("BrightnessContrast", brightnessContrast);
     // One peer for all look-ups: their time does not depend on what the tables hold.
-    RegisterPeer("Lut_OpenCV", Lut(Levels().Operation()));
+    RegisterPeer("OpenCV_LookUpTable", Lut(Levels().Operation()));
     RegisterJob("Gamma", HBIterativeGammaCorrectionTransformation(2.2));
     RegisterJob("Exposure", HBIterativeExposureTransformation(0.7, 0.01));
     RegisterJob("Posterize", HBIterativePosterizeTransformation(5));
@@ -358,8 +358,8 @@ void RegisterAll()
 /// The aims are times of the tile copy, and how many times as long as our end-to-end time OpenCV takes at least.
 std::vector<HBBenchmarkRow> Rows()
 {
-    const char* const lut = "Lut_OpenCV";
-    const char* const matrix = "Matrix_OpenCV";
+    const char* const lut = "OpenCV_LookUpTable";
+    const char* const matrix = "OpenCV_ColourMatrix";
     // panel, job, peer; aims: job, end to end, peer
     return {
         {"HBBrightnessContrastWidget", "BrightnessContrast", lut, 2.0, 2.0, 2.2},
@@ -369,16 +369,16 @@ std::vector<HBBenchmarkRow> Rows()
         {"HBLevelsWidget", "Levels", lut, 2.0, 2.0, 2.2},
         {"HBCurvesWidget", "Curves", lut, 2.0, 2.0, 2.2},
         {"HBThresholdWidget", "Threshold", lut, 2.0, 2.0, 2.2},
-        {"HBHueSaturationWidget", "HueSaturation", "Hls_OpenCV", 5.0, 3.0, 3.0},
+        {"HBHueSaturationWidget", "HueSaturation", "OpenCV_HlsAndBack", 5.0, 3.0, 3.0},
         {"HBColorBalanceWidget", "ColorBalance", matrix, 6.0, 3.2, 1.0},
         {"HBTemperatureWidget", "Temperature", matrix, 6.0, 3.2, 1.0},
         {"HBColorEnhancerWidget", "ColorEnhancer", lut, 2.0, 3.0, 1.0},
         {"HBTintWidget", "Tint", matrix, 5.0, 3.2, 1.0},
-        {"HBBlackAndWhiteWidget", "BlackAndWhite", "Gray_OpenCV", 5.0, 3.2, 1.0},
+        {"HBBlackAndWhiteWidget", "BlackAndWhite", "OpenCV_GreyAndBack", 5.0, 3.2, 1.0},
         {"HBPhotoFilterWidget", "PhotoFilter", matrix, 5.0, 3.2, 1.0},
         {"HBColorizeWidget", "Colorize", matrix, 5.0, 3.2, 1.0},
-        {"KMFillColorWidget", "Fill", "Mix_OpenCV", 5.0, 3.2, 1.0},
-        {"HBReplaceColorWidget", FloodName, "Flood_OpenCV", 10.0, 3.5, 1.0},
+        {"KMFillColorWidget", "Fill", "OpenCV_WeightedSum", 5.0, 3.2, 1.0},
+        {"HBReplaceColorWidget", FloodName, "OpenCV_FloodFill", 10.0, 3.5, 1.0},
         {"HBWBWidget", "WhiteBalance_Cast", "", 6.0, 6.0, 0.0},
         {"HBSignWidget", "Sign", "", 6.0, 0.0, 0.0},
         {"HBWatermarkWidget", "Watermark", "", 6.0, 0.0, 0.0},
