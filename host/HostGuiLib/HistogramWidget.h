@@ -21,7 +21,10 @@
 /// image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies, unless
 /// nobody rebuilds after that. A newer request replaces one that still runs; until its counts are there the former
 /// ones are shown and returned. Alpha is not looked at.
-class HOSTGUILIB_EXPORT HistogramWidget : public QWidget
+///
+/// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place of this
+/// one inside the panels.
+class HOSTGUILIB_EXPORT __attribute__((abi_tag("AdjustmentPanels"))) HistogramWidget : public QWidget
 {
     Q_OBJECT
 public:
