@@ -192,6 +192,8 @@ bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
         return fail(Text::tr("There is no such file."));
     if (!info.isFile())
         return fail(Text::tr("This is not a file."));
+    if (info.size() == 0) // also one of the kernel's, which could be read for ever
+        return fail(Text::tr("The file is empty."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());

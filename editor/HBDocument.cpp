@@ -29,6 +29,7 @@ const HBImage<>& HBDocument::Original() const
 void HBDocument::SetPhoto(const QString& path, const HBPhoto& photo)
 {
     m_Path = path;
+    m_Encoding = photo.encoding;
     m_States = {{tr("Open"), photo.image, {}, true}};
     m_Index = m_SavedIndex = 0;
     Q_EMIT Changed();
@@ -54,9 +55,10 @@ void HBDocument::GoTo(int index)
     Q_EMIT Changed();
 }
 
-void HBDocument::SetSaved(const QString& path)
+void HBDocument::SetSaved(const QString& path, const HBPhotoEncoding& encoding)
 {
     m_Path = path;
+    m_Encoding = encoding;
     m_SavedIndex = m_Index;
     Q_EMIT Changed();
 }

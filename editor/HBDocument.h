@@ -28,6 +28,8 @@ public:
     bool IsOpen() const { return !m_States.isEmpty(); }
     QString Path() const { return m_Path; }
     QString FileName() const;
+    /// Of the file at Path(), for a save over it.
+    const HBPhotoEncoding& Encoding() const { return m_Encoding; }
     /// Empty if nothing is open.
     const HBImage<>& Image() const;
     /// As it was opened.
@@ -47,7 +49,7 @@ public:
 
     bool IsModified() const { return m_Index != m_SavedIndex; }
     /// The present state is what the file holds.
-    void SetSaved(const QString& path);
+    void SetSaved(const QString& path, const HBPhotoEncoding& encoding = {});
 
     /// The steps up to the present state that were made on the whole image.
     /// \param leftOut how many were not; may be null
@@ -63,6 +65,7 @@ Q_SIGNALS:
 
 private:
     QString m_Path;
+    HBPhotoEncoding m_Encoding;
     QVector<State> m_States;
     int m_Index = -1;
     int m_SavedIndex = -1; ///< -2: the saved state can no longer be reached

@@ -30,6 +30,11 @@ QString RecipeFilter()
     return HBEditorWindow::tr("Recipes") + " (*.json);;" + HBEditorWindow::tr("All files") + " (*)";
 }
 
+bool CanBeWritten(const QString& path)
+{
+    return KMImageFileManager::SuffixesForWrite().contains(QFileInfo(path).suffix().toLower());
+}
+
 bool HasQuality(const QString& path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
@@ -76,7 +81,36 @@ bool HBEditorWindow::Open(const QString& path)
 
 bool HBEditorWindow::Save()
 {
-    return MayLeavePanel() && (!m_Document.IsModified() || SaveTo(m_Document.Path()));
+    return MayLeavePanel() && (!m_Document.IsModified() || SaveOver());
+}
+
+/// Keeps what the file is. Where that cannot be, asks first; then the file that was written has nothing more to lose.
+bool HBEditorWindow::SaveOver()
+{
+    const QString path = m_Document.Path();
+    if (!CanBeWritten(path)) {
+        m_pMessages->ShowNote(
+            tr("Files like “%1” can be read only. Save the photo as another.").arg(m_Document.FileName()));
+        return SaveAs();
+    }
+    const QStringList losses = HBLossesOfSave(m_Document.Encoding(), path);
+    if (!losses.isEmpty()) {
+        QMessageBox question(QMessageBox::Warning, tr("Save"),
+                             tr("Saving over “%1” would lose for good:").arg(m_Document.FileName()),
+                             QMessageBox::Cancel, this);
+        question.setInformativeText("• " + losses.join("\n• "));
+        QPushButton* other = question.addButton(tr("Save &As…"), QMessageBox::AcceptRole);
+        const QPushButton* over = question.addButton(tr("Save &Over It"), QMessageBox::DestructiveRole);
+        question.setDefaultButton(other);
+        question.exec();
+        if (question.clickedButton() == other)
+            return SaveAs();
+        if (question.clickedButton() != over)
+            return false;
+    }
+    HBPhotoOptions options;
+    options.encoding = m_Document.Encoding();
+    return SaveTo(path, options);
 }
 
 bool HBEditorWindow::SaveAs()
@@ -85,38 +119,40 @@ bool HBEditorWindow::SaveAs()
         return false;
     QFileDialog dialog(this, tr("Save Photo As"), m_Document.Path(), KMImageFileManager::GetFilterForWrite());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QFileInfo(m_Document.Path()).suffix());
-    dialog.selectFile(m_Document.FileName());
+    const QFileInfo present(m_Document.Path());
+    const QString suffix = CanBeWritten(m_Document.Path()) ? present.suffix() : QString("png");
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(present.completeBaseName() + '.' + suffix);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     const QString path = dialog.selectedFiles().value(0);
+    HBPhotoOptions options;
     if (HasQuality(path)) {
         bool ok = false;
         const int quality = QInputDialog::getInt(this, tr("Save Photo As"), tr("&Quality (0 smallest, 100 best):"),
                                                  m_Quality, 0, 100, 1, &ok);
         if (!ok)
             return false;
-        m_Quality = quality;
+        options.quality = m_Quality = quality;
     }
-    return SaveTo(path);
+    return SaveTo(path, options);
 }
 
-bool HBEditorWindow::SaveTo(const QString& path)
+bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
 {
     const QScopedValueRollback<bool> busy(m_Busy, true);
-    HBPhotoOptions options;
-    options.quality = m_Quality;
     const HBImage<> image = m_Document.Image();
     QString error;
     QStringList warnings;
+    HBPhotoEncoding encoding;
     bool written = false;
     HBBusyDialog::Run(tr("Saving %1").arg(QFileInfo(path).fileName()), this,
-                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings); });
+                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings, &encoding); });
     if (!written) {
         m_pMessages->ShowError(error);
         return false;
     }
-    m_Document.SetSaved(path);
+    m_Document.SetSaved(path, encoding);
     m_pMessages->hide();
     if (!warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join("; "));

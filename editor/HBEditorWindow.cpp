@@ -4,9 +4,11 @@
 
 #include "HBAppearance.h"
 #include "HBBeforeAfter.h"
+#include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
 #include "HBPanelFrame.h"
+#include "HBSamePixels.h"
 #include "HBSelectionTool.h"
 
 #include <HBAdjustmentWidget.h>
@@ -82,6 +84,10 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
         if (m_pSession)
             m_pSession->Reject();
     });
+    connect(m_pFrame, &HBPanelFrame::Confirmed, this, [this] {
+        if (m_pSession)
+            m_pSession->Accept();
+    });
     qApp->installEventFilter(this); // the keys that show the photo as it was work from a panel's dialog too
     resize(QSize(1100, 760).boundedTo(screen()->availableSize() * 9 / 10));
     ReadSettings();
@@ -125,6 +131,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
         if (m_pSession && m_pSession->Widget())
             m_pFrame->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+        ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
             [this](const QAction* action) { OpenPanel(HBPanelCatalog().at(action->data().toInt())); });
@@ -231,10 +238,26 @@ void HBEditorWindow::DropPanel()
     m_pView->setFocus();
 }
 
+/// Whether the open panel makes the view show another picture than the photo. Some panels do as they open.
+bool HBEditorWindow::IsPanelSeen()
+{
+    const HBImage<> shown = m_pView->Picture();
+    const HBImage<> photo = m_Document.Image();
+    bool same = false;
+    HBBusyDialog::Run(tr("Looking for changes"), this, [&] {
+        try {
+            same = HBHaveSamePixels(shown, photo);
+        } catch (const std::bad_alloc&) {
+            // then they count as different, and the user is asked
+        }
+    });
+    return !same;
+}
+
 /// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
 bool HBEditorWindow::MayLeavePanel()
 {
-    if (m_pSession && !m_pSession->IsChanged())
+    if (m_pSession && !m_pSession->IsChanged() && !IsPanelSeen())
         DropPanel();
     if (!m_pSession)
         return true;
@@ -280,6 +303,8 @@ void HBEditorWindow::ShowDocument()
         m_pView->SetPicture(m_Document.Image());
     // With a panel "before" is without its adjustment, else the photo as it was opened.
     m_pBeforeAfter->SetBefore(panel ? m_Document.Image() : m_Document.Original());
+
+    m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
     setWindowTitle(open ? tr("%1[*] – Panel Editor").arg(m_Document.FileName()) : tr("Panel Editor"));
     setWindowModified(m_Document.IsModified());
@@ -369,6 +394,14 @@ void HBEditorWindow::dropEvent(QDropEvent* event)
         if (!path.isEmpty())
             Open(path);
     });
+}
+
+/// A docked panel and the photo are one window: its OK and Cancel keys work there too.
+void HBEditorWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool inPhoto = m_pSession && m_pActions->docked->isChecked() && m_pView->hasFocus();
+    if (!inPhoto || !m_pFrame->TakeKey(event))
+        QMainWindow::keyPressEvent(event);
 }
 
 bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)

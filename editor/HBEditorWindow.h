@@ -29,7 +29,7 @@ public:
     /// panel that is open and changes that are not saved.
     bool Open(const QString& path);
     /// Writes the present photo in the format of the suffix. If that fails, the message bar says why.
-    bool SaveTo(const QString& path);
+    bool SaveTo(const QString& path, const HBPhotoOptions& options = {});
     /// Opens a panel on the photo, in place of one that is open.
     bool OpenPanel(const HBPanelEntry& entry);
     bool ApplyRecipe(const QString& path);
@@ -45,6 +45,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -55,12 +56,14 @@ private:
 
     bool MayLeavePhoto();
     bool MayLeavePanel();
+    bool IsPanelSeen();
     void DropPanel();
     void ApplyPanel(const HBImage<>& image);
 
     void ChooseFile();
     bool Save();
     bool SaveAs();
+    bool SaveOver();
     void SaveRecipe();
     void ChooseRecipe();
 
@@ -82,6 +85,6 @@ private:
     QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
-    int m_Quality = 92;
+    int m_Quality = 92;  ///< what Save As offers
     bool m_Busy = false; ///< a file is being read or written
 };

@@ -19,4 +19,13 @@ HBOverlayFrame::HBOverlayFrame(HBAdjustmentWidget* panel)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
     layout->addWidget(buttons);
+    // In the order in which they stand, or the tab key would miss some: the box hands the focus on to the first.
+    QWidget* last = nullptr;
+    for (int i = 0; i < buttons->layout()->count(); ++i) {
+        if (QWidget* button = buttons->layout()->itemAt(i)->widget()) {
+            if (last)
+                setTabOrder(last, button);
+            last = button;
+        }
+    }
 }

@@ -3,11 +3,13 @@
 #include "HBPanelFrame.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDockWidget>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
@@ -22,6 +24,7 @@ QWidget* Column(QWidget* panel)
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // a stop on the way that nothing shows
     auto* column = new QWidget;
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -47,6 +50,19 @@ void FocusFirst(QWidget* panel)
     }
 }
 
+/// To be called when the panel has its new window. A button keeps what the former window made of it: its OK would be
+/// taken for the default button of a dialog that chose another one itself, and a button that had the focus there would
+/// look like the default here.
+void MakeOkDefault(QWidget* panel)
+{
+    for (QPushButton* button : panel->findChildren<QPushButton*>())
+        button->setDefault(false);
+    for (const QDialogButtonBox* box : panel->findChildren<QDialogButtonBox*>()) {
+        if (QPushButton* ok = box->button(QDialogButtonBox::Ok))
+            ok->setDefault(true);
+    }
+}
+
 } // namespace
 
 HBPanelFrame::HBPanelFrame(QMainWindow* window)
@@ -69,6 +85,7 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
     if (docked) {
         m_pDock->setWindowTitle(title);
         m_pDock->setWidget(Column(panel));
+        MakeOkDefault(panel);
         m_pDock->show();
         m_pWindow->resizeDocks({m_pDock}, {qMax(320, m_pDock->sizeHint().width())}, Qt::Horizontal);
     } else {
@@ -78,6 +95,7 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
         auto* layout = new QVBoxLayout(m_pDialog);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(panel);
+        MakeOkDefault(panel);
         connect(m_pDialog, &QDialog::rejected, this, &HBPanelFrame::Dismissed);
         m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
         m_pDialog->setMinimumHeight(qMin(m_pDialog->height(), m_pWindow->screen()->availableSize().height() / 2));
@@ -106,10 +124,30 @@ void HBPanelFrame::Close()
     }
 }
 
+bool HBPanelFrame::TakeKey(const QKeyEvent* key)
+{
+    const bool plain = !(key->modifiers() & ~Qt::KeypadModifier);
+    if (plain && key->key() == Qt::Key_Escape) {
+        Q_EMIT Dismissed();
+        return true;
+    }
+    if (!plain || (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter))
+        return false;
+    auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+    if (button && m_pDock->isAncestorOf(button))
+        button->click();
+    else
+        Q_EMIT Confirmed();
+    return true;
+}
+
 bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
 {
     // Only the user closes the dock; the editor hides it.
     if (watched == m_pDock && event->type() == QEvent::Close)
         Q_EMIT Dismissed();
+    // What reaches the dock is what the control that has the focus had no use for.
+    if (watched == m_pDock && event->type() == QEvent::KeyPress && TakeKey(static_cast<QKeyEvent*>(event)))
+        return true;
     return QObject::eventFilter(watched, event);
 }

@@ -7,6 +7,7 @@
 
 class QDialog;
 class QDockWidget;
+class QKeyEvent;
 class QMainWindow;
 
 /// Where the open panel stands: in a dialog of its own or in the main window's side bar. The panel is not its own.
@@ -20,8 +21,13 @@ public:
     void Show(QWidget* panel, const QString& title, bool docked);
     void Close();
 
+    /// What Return and Escape mean in a dialog, for the side bar, which is none. False for any other key.
+    bool TakeKey(const QKeyEvent* key);
+
 Q_SIGNALS:
-    /// The user has closed the dialog or the side bar.
+    /// Return was pressed in the side bar, and no button had the focus that it would press.
+    void Confirmed();
+    /// The user has closed the dialog or the side bar, or pressed Escape in it.
     void Dismissed();
 
 protected:

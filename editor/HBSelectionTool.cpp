@@ -175,7 +175,7 @@ bool HBSelectionTool::OnEscape()
         ShowOutline();
         return true;
     }
-    if (m_Shape.IsNone())
+    if (m_Shape.IsNone() || !m_EscapeDeselects)
         return false;
     SelectNothing();
     return true;

@@ -11,7 +11,7 @@ class KMDocumentView;
 class QGraphicsSceneMouseEvent;
 
 /// Draws selections with the mouse: drag for a rectangle or an ellipse, with Shift a square or a circle; a click
-/// selects nothing; Escape gives a drag up, else the selection. It leaves the mouse to a panel that picks colours.
+/// selects nothing; Escape gives a drag up, else the selection, unless that key is wanted for more. It leaves the mouse to a panel that picks colours.
 class HBSelectionTool : public QObject
 {
     Q_OBJECT
@@ -24,6 +24,9 @@ public:
     HBSelectionShape::Kind Tool() const { return m_Tool; }
     /// Pixels, for the present selection and later ones.
     void SetFeather(int feather);
+
+    /// Whether Escape drops the selection when nothing is being dragged; true at first.
+    void SetEscapeDeselects(bool does) { m_EscapeDeselects = does; }
 
     const HBSelectionShape& Shape() const { return m_Shape; }
     void SetShape(const HBSelectionShape& shape);
@@ -59,4 +62,5 @@ private:
     HBSelectionShape m_Before; ///< the selection before the drag
     QPointF m_DragFrom;
     bool m_Dragging = false;
+    bool m_EscapeDeselects = true;
 };

@@ -3,24 +3,19 @@
 #include "HBOverlay.h"
 
 #include "HBOverlayLayout.h"
+#include "HBOverlayText.h"
 #include "HBOverlayTiles.h"
 #include "HBStamp.h"
 #include "HBTextOutlines.h"
 
 #include <HBBlend.h>
 
-#include <QCoreApplication>
 #include <QPainter>
 
 #include <new>
 
 namespace
 {
-
-QString Translated(const char* text)
-{
-    return QCoreApplication::translate("HBOverlay", text);
-}
 
 /// Draws, or returns the picture as it was with a reason: no exception leaves the library.
 template <class Draw>
@@ -32,9 +27,9 @@ HBImage<> Guarded(const HBImage<>& image, QString* error, Draw draw)
         if (!image.IsEmpty())
             result = draw(&problem);
     } catch (const std::bad_alloc&) {
-        problem = Translated("There is not enough memory");
+        problem = HBOverlayText::tr("There is not enough memory");
     } catch (...) {
-        problem = Translated("It cannot be drawn");
+        problem = HBOverlayText::tr("It cannot be drawn");
     }
     if (error)
         *error = problem;
@@ -46,7 +41,7 @@ QRectF RoomBetween(const HBImage<>& image, const QRect& margins, QString* error)
 {
     const QRectF room = HBOverlayLayout::Between({image.Width(), image.Height()}, margins);
     if (room.isEmpty())
-        *error = Translated("The margins leave no room");
+        *error = HBOverlayText::tr("The margins leave no room");
     return room;
 }
 

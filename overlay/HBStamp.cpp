@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBStamp.h"
 
-#include <QCoreApplication>
+#include "HBOverlayText.h"
+
 #include <QDateTime>
 #include <QFileInfo>
 #include <QImageReader>
@@ -14,11 +15,6 @@
 
 namespace
 {
-
-QString Translated(const char* text)
-{
-    return QCoreApplication::translate("HBOverlay", text);
-}
 
 /// The last picture that was read: while a stamp is moved about, its file is not decoded again for each step.
 struct Kept
@@ -52,7 +48,7 @@ QImage Decode(const QString& file, QString* reason)
     const auto tooLarge = [reason](const QSize& size) {
         if (qint64(size.width()) * size.height() <= HBStamp::MaximumPixels)
             return false;
-        *reason = Translated("it is larger than %1 megapixels").arg(HBStamp::MaximumPixels / 1'000'000);
+        *reason = HBOverlayText::tr("it is larger than %1 megapixels").arg(HBStamp::MaximumPixels / 1'000'000);
         return true;
     };
     if (tooLarge(reader.size())) // unknown to some formats before they are read
@@ -70,15 +66,17 @@ QImage Decode(const QString& file, QString* reason)
 QImage HBStamp::Load(const QString& file, QString* error)
 {
     auto fail = [&](const QString& reason) {
-        *error = Translated("The stamp %1 cannot be read: %2").arg(file, reason);
+        *error = HBOverlayText::tr("The stamp %1 cannot be read: %2").arg(file, reason);
         return QImage();
     };
     const QFileInfo info(file);
     if (!info.exists())
-        return fail(Translated("there is no such file"));
+        return fail(HBOverlayText::tr("there is no such file"));
     // Reading from a pipe or a device may never end.
     if (!info.isFile())
-        return fail(Translated("this is not a file"));
+        return fail(HBOverlayText::tr("this is not a file"));
+    if (info.size() == 0) // also a file of the kernel's that could be read for ever
+        return fail(HBOverlayText::tr("the file is empty"));
 
     const QMutexLocker lock(&keptGuard);
     Kept& kept = TheKept();

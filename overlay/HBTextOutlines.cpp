@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBTextOutlines.h"
 
-#include <QCoreApplication>
+#include "HBOverlayText.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -18,11 +19,6 @@ constexpr double UnitsPerPoint = 96.0 / 72.0;
 constexpr double MinimumUnits = 1;
 constexpr double MaximumUnits = 1000;
 constexpr double DefaultPoints = 12;
-
-QString Translated(const char* text)
-{
-    return QCoreApplication::translate("HBOverlay", text);
-}
 
 bool IsInstalled(const QFont& font)
 {
@@ -66,7 +62,7 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QStr
     if (text.trimmed().isEmpty())
         return outlines;
     if (!IsInstalled(font)) {
-        *error = Translated("The font %1 is not installed").arg(font.family().left(100));
+        *error = HBOverlayText::tr("The font %1 is not installed").arg(font.family().left(100));
         return outlines;
     }
     const QFont large = OutlineFont(font);
@@ -79,7 +75,7 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font, QStr
         outlines.Add(path);
     }
     if (outlines.IsEmpty())
-        *error = Translated("The font %1 cannot draw this text").arg(QFontInfo(font).family());
+        *error = HBOverlayText::tr("The font %1 cannot draw this text").arg(QFontInfo(font).family());
     return outlines;
 }
 

@@ -2,48 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBPhotoCheck.h"
 
+#include "HBFileNumbers.h"
+
 namespace
 {
 
-/// Unsigned numbers anywhere in a file, 0 behind its end.
-class Numbers
-{
-public:
-    Numbers(const QByteArray& file, bool bigEndian) : m_File(file), m_BigEndian(bigEndian) {}
-
-    qint64 At(qint64 position, int bytes) const
-    {
-        if (position < 0 || position + bytes > m_File.size())
-            return 0;
-        quint32 value = 0;
-        for (int i = 0; i < bytes; ++i)
-            value = value << 8 | quint8(m_File[int(position) + (m_BigEndian ? i : bytes - 1 - i)]);
-        return value;
-    }
-
-private:
-    const QByteArray& m_File;
-    bool m_BigEndian;
-};
-
-/// From marker to marker (ITU-T T.81, annex B) to the end of the image. What follows it is not ours: cameras append
-/// further pictures. The thumbnail's own end lies inside a segment, which is skipped.
-bool IsWholeJpeg(const QByteArray& file)
-{
-    const Numbers numbers(file, true);
-    bool hasPixels = false;
-    int position = 2;
-    while ((position = file.indexOf('\xff', position)) >= 0 && position + 1 < file.size()) {
-        const int marker = quint8(file[position + 1]);
-        const bool filler = marker == 0xff;
-        const bool standsAlone = marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8); // also FF 00: data
-        if (marker == 0xd9)
-            return hasPixels;
-        hasPixels = hasPixels || marker == 0xda;
-        position += filler ? 1 : standsAlone ? 2 : 2 + int(numbers.At(position + 2, 2));
-    }
-    return false;
-}
+using Numbers = HBFileNumbers;
+using TiffField = HBTiffField;
 
 bool IsWholePng(const QByteArray& file)
 {
@@ -68,7 +33,8 @@ bool IsWholeBmp(const QByteArray& file)
     const qint64 rows = qAbs(qint64(qint32(numbers.At(22, 4)))); // negative: from top to bottom
     const qint64 compression = numbers.At(30, 4);
     const bool isPlain = numbers.At(14, 4) >= 40 && (compression == 0 || compression == 3);
-    return file.size() >= 54 && (!isPlain || numbers.At(10, 4) + rows * stride <= file.size());
+    // Divided, not multiplied: a header may ask for more bytes than a number can count.
+    return file.size() >= 54 && (!isPlain || stride == 0 || rows <= (file.size() - numbers.At(10, 4)) / stride);
 }
 
 /// From block to block (GIF89a) to the trailer.
@@ -90,29 +56,6 @@ bool IsWholeGif(const QByteArray& file)
     }
     return false;
 }
-
-/// One field of a TIFF directory: its numbers are in the entry itself if they fit into four bytes.
-struct TiffField
-{
-    qint64 position = 0;
-    qint64 count = 0;
-    int bytes = 0;
-
-    static TiffField Find(const Numbers& numbers, qint64 directory, int tag)
-    {
-        const qint64 entries = numbers.At(directory, 2);
-        for (qint64 entry = directory + 2; entry < directory + 2 + entries * 12; entry += 12) {
-            if (numbers.At(entry, 2) != tag)
-                continue;
-            TiffField field;
-            field.bytes = numbers.At(entry + 2, 2) == 3 ? 2 : 4;
-            field.count = numbers.At(entry + 4, 4);
-            field.position = field.count * field.bytes <= 4 ? entry + 8 : numbers.At(entry + 8, 4);
-            return field;
-        }
-        return {};
-    }
-};
 
 /// The values of all entries of the directory lie within the file.
 bool AreValuesWithin(const QByteArray& file, const Numbers& numbers, qint64 directory)
@@ -156,10 +99,28 @@ bool IsWholeTiff(const QByteArray& file, bool bigEndian)
 
 } // namespace
 
+/// From marker to marker (ITU-T T.81, annex B). The thumbnail's own end lies inside a segment, which is skipped.
+int HBJpegEnd(const QByteArray& file)
+{
+    const Numbers numbers(file, true);
+    bool hasPixels = false;
+    int position = 2;
+    while ((position = file.indexOf('\xff', position)) >= 0 && position + 1 < file.size()) {
+        const int marker = quint8(file[position + 1]);
+        const bool filler = marker == 0xff;
+        const bool standsAlone = marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8); // also FF 00: data
+        if (marker == 0xd9)
+            return hasPixels ? position + 2 : -1;
+        hasPixels = hasPixels || marker == 0xda;
+        position += filler ? 1 : standsAlone ? 2 : 2 + int(numbers.At(position + 2, 2));
+    }
+    return -1;
+}
+
 bool HBIsWholeFile(const QByteArray& file)
 {
     if (file.startsWith("\xff\xd8"))
-        return IsWholeJpeg(file);
+        return HBJpegEnd(file) >= 0;
     if (file.startsWith("\x89PNG\r\n\x1a\n"))
         return IsWholePng(file);
     if (file.startsWith("RIFF") && file.mid(8, 4) == "WEBP")

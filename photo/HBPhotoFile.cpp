@@ -4,6 +4,7 @@
 
 #include "HBPhotoCheck.h"
 #include "HBPhotoMetadata.h"
+#include "HBTiffReader.h"
 
 #include <HBSaveFile.h>
 #include <KMImageFileManager.h>
@@ -71,11 +72,11 @@ bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
         return Fail(reason, Text::tr("there is no such file"));
     if (!info.isFile())
         return Fail(reason, Text::tr("this is not a file")); // a device could be read for ever
+    if (info.size() == 0) // also one of the kernel's, which says so and could be read for ever
+        return Fail(reason, Text::tr("the file is empty"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Fail(reason, file.errorString());
-    if (file.size() == 0)
-        return Fail(reason, Text::tr("the file is empty"));
     if (file.size() > qMin(LargestPicture(), qint64(0x7fff0000))) // the most that a QByteArray can hold
         return Fail(reason, Text::tr("the file is too large"));
     *bytes = file.readAll();
@@ -95,36 +96,59 @@ bool CheckSize(const QSize& size, QString* reason)
     return true;
 }
 
-/// Where the decoder's remarks about the file at work on this thread go, as about damaged data.
-thread_local QStringList* remarks = nullptr;
-QtMessageHandler otherMessages = nullptr;
-
-void KeepRemark(QtMsgType type, const QMessageLogContext& context, const QString& text)
+/// Collects what Qt's decoders remark on this thread while it lives, as about damaged data: they only log it, without
+/// the file's name.
+class Remarks
 {
-    if (!remarks || type != QtWarningMsg)
-        otherMessages(type, context, text);
-    else if (!remarks->contains(text))
-        remarks->append(text);
-}
+public:
+    Remarks()
+    {
+        static std::once_flag once;
+        std::call_once(once, [] {
+            otherMessages = qInstallMessageHandler(Keep);
+            HBLogTiffMessages();
+        });
+        kept = &m_Kept;
+    }
+    ~Remarks() { kept = nullptr; }
+    Q_DISABLE_COPY(Remarks)
 
-/// Qt's decoders only log them, without the file's name.
-bool ReadKeepingRemarks(QImageReader* reader, QImage* image, QStringList* warnings)
+    void AddTo(QStringList* warnings) const
+    {
+        for (const QString& remark : m_Kept.mid(0, 3))
+            warnings->append(Text::tr("the decoder remarks: %1").arg(remark));
+    }
+
+private:
+    static void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
+    {
+        if (!kept || type != QtWarningMsg)
+            otherMessages(type, context, text);
+        else if (!kept->contains(text))
+            kept->append(text);
+    }
+
+    static thread_local QStringList* kept;
+    static QtMessageHandler otherMessages;
+    QStringList m_Kept;
+};
+
+thread_local QStringList* Remarks::kept = nullptr;
+QtMessageHandler Remarks::otherMessages = nullptr;
+
+/// The first picture, as it lies in the file.
+bool ReadPixels(const QByteArray& bytes, QImageReader* reader, QImage* image)
 {
-    static std::once_flag once;
-    std::call_once(once, [] { otherMessages = qInstallMessageHandler(KeepRemark); });
-    QStringList kept;
-    remarks = &kept;
-    const auto stop = qScopeGuard([] { remarks = nullptr; });
-    const bool read = reader->read(image) && !image->isNull();
-    for (const QString& remark : kept.mid(0, 3))
-        warnings->append(Text::tr("the decoder remarks: %1").arg(remark));
-    return read;
+    if (reader->format() == "tiff")
+        *image = HBReadStraightTiff(bytes);
+    return !image->isNull() || (reader->read(image) && !image->isNull());
 }
 
 bool Decode(QByteArray bytes, QImage* image, HBPhoto* photo, QString* reason)
 {
     if (!HBIsWholeFile(bytes))
         return Fail(reason, Text::tr("the file is cut short"));
+    const Remarks remarks; // also about the head, which is read more than once
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
@@ -133,15 +157,23 @@ bool Decode(QByteArray bytes, QImage* image, HBPhoto* photo, QString* reason)
     // Qt also draws drawings and reads icons.
     if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(photo->format)))
         return Fail(reason, Text::tr("this is not a photo of a known format"));
+    const int pages = reader.imageCount(); // before size(), which leaves the TIFF reader where it finds no pages
     if (!CheckSize(reader.size(), reason))
         return false;
-    const int pages = reader.imageCount();
-    if (!ReadKeepingRemarks(&reader, image, &photo->warnings))
+    HBPhotoEncoding encoding = HBReadEncoding(bytes, photo->format);
+    encoding.pages = qMax(encoding.pages, pages);
+    encoding.isAnimated |= encoding.pages > 1 && reader.supportsAnimation();
+    const bool read = ReadPixels(bytes, &reader, image);
+    remarks.AddTo(&photo->warnings);
+    if (!read)
         return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(reader.errorString()));
-    if (pages > 1)
-        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(pages));
-    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16)
+    if (encoding.pages > 1)
+        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(encoding.pages));
+    if (image->depth() == 64 || image->format() == QImage::Format_Grayscale16) {
         photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        encoding.bitsPerChannel = qMax(16, encoding.bitsPerChannel);
+    }
+    photo->encoding = encoding;
     return true;
 }
 
@@ -250,10 +282,15 @@ bool Encode(const QImage& pixels, const QString& suffix, const HBPhotoOptions& o
             reason,
             Text::tr("%1 x %2 pixels are too many for this format").arg(pixels.width()).arg(pixels.height()));
     }
+    const bool overSame = options.encoding.format == HBFormatOfName("." + suffix);
+    if (suffix == "jpg" || suffix == "jpeg") {
+        return HBWriteJpeg(pixels, overSame ? options.encoding.jpeg : HBJpegCoding(), options.quality, bytes,
+                           reason);
+    }
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
-    if (suffix == "jpg" || suffix == "jpeg" || suffix == "webp") // for PNG it would mean "do not compress"
-        writer.setQuality(qBound(0, options.quality, 100));
+    if (suffix == "webp") // for PNG it would mean "do not compress"
+        writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
     return writer.write(pixels) || Fail(reason, writer.errorString());
 }
 
@@ -294,15 +331,17 @@ bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error)
 
 QSize HBPhotoSize(const QString& path)
 {
-    if (!QFileInfo(path).isFile())
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() == 0)
         return {};
+    const Remarks untold; // HBReadPhoto() tells them
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     return reader.size();
 }
 
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
-                  QStringList* warnings)
+                  QStringList* warnings, HBPhotoEncoding* written)
 {
     QStringList unheard;
     QStringList* told = warnings ? warnings : &unheard;
@@ -318,6 +357,12 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         if (!Encode(pixels, suffix, options, &bytes, reason))
             return false;
         bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
-        return HBSaveFile(path, bytes, reason);
+        if (options.mayWrite && !options.mayWrite())
+            return Fail(reason, Text::tr("it was given up"));
+        if (!HBSaveFile(path, bytes, reason))
+            return false;
+        if (written)
+            *written = HBReadEncoding(bytes, HBFormatOfName(path));
+        return true;
     });
 }

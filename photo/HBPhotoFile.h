@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBPhotoEncoding.h"
+
 #include <HBImage.h>
 
 #include <QByteArray>
@@ -9,18 +11,26 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /// A photo as read from a file.
 struct HBPhoto
 {
     /// Upright pixels, with the file's metadata as elements, its ICC profile, and dots per metre as host values.
     HBImage<> image;
-    QByteArray format;    ///< what the file is, whatever its name says: "jpeg", "png", "tiff" ...
+    QByteArray format; ///< what the file is, whatever its name says: "jpeg", "png", "tiff" ...
+    HBPhotoEncoding encoding;
     QStringList warnings; ///< what could not be read, though the picture could; to be shown after the file's name
 };
 
 struct HBPhotoOptions
 {
-    int quality = 92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless
+    int quality =
+        92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless; a JPEG from 90 on keeps full colours
+    /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality` says.
+    HBPhotoEncoding encoding = {};
+    /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails instead.
+    std::function<bool()> mayWrite = {};
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.
@@ -35,5 +45,6 @@ QSize HBPhotoSize(const QString& path);
 /// Writes the image with its metadata, in the format that the path's suffix names; the whole file or nothing, in which
 /// case a file that was there before stays. Where a format has no transparency the picture is put on white.
 /// \param warnings what the format could not take, though the picture was written; may be null
+/// \param written how the file is encoded that was written; may be null
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
-                  QStringList* warnings = nullptr);
+                  QStringList* warnings = nullptr, HBPhotoEncoding* written = nullptr);

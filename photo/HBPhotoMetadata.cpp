@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <iterator>
 #include <mutex>
+#include <new>
 
 namespace
 {
@@ -265,12 +266,25 @@ QByteArray Embed(const QByteArray& file, const HBPhotoMetadata& metadata, const 
     const QByteArray icc = chosen & Exiv2::mdIccProfile ? metadata.profile.Icc() : QByteArray();
     if (icc.isEmpty())
         return WrittenFile(*image);
+    SetProfile(*image, icc); // for every format: it throws if this is no profile
+    if (image->imageType() == Exiv2::ImageType::png || image->imageType() == Exiv2::ImageType::webp)
+        image->clearIccProfile();
     if (image->imageType() == Exiv2::ImageType::png)
         return HBWithPngProfile(WrittenFile(*image), icc);
     if (image->imageType() == Exiv2::ImageType::webp)
         return HBWithWebPProfile(WrittenFile(*image), icc, size);
-    SetProfile(*image, icc);
     return WrittenFile(*image);
+}
+
+/// Rethrows what is no fault of the metadata.
+/// \throws std::bad_alloc
+QString ReasonOf(const std::exception& problem)
+{
+    const auto* error = dynamic_cast<const Exiv2::Error*>(&problem);
+    if (dynamic_cast<const std::bad_alloc*>(&problem) || (error && error->code() == Exiv2::kerMallocFailed))
+        throw std::bad_alloc();
+    const QString reason = QString::fromLocal8Bit(problem.what());
+    return reason.isEmpty() ? Text::tr("it is broken") : reason;
 }
 
 } // namespace
@@ -283,7 +297,7 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings)
             return {};
         return Read(file);
     } catch (const std::exception& problem) {
-        warnings->append(Text::tr("its metadata cannot be read (%1)").arg(QString::fromLocal8Bit(problem.what())));
+        warnings->append(Text::tr("its metadata cannot be read (%1)").arg(ReasonOf(problem)));
         return {};
     }
 }
@@ -302,7 +316,8 @@ QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metada
         return file;
     try {
         return Embed(file, metadata, size, held);
-    } catch (const std::exception&) {
+    } catch (const std::exception& problem) {
+        ReasonOf(problem);
         // One kind spoils all, by being too large for example: put in those that can be.
     }
     QByteArray result = file;
@@ -311,8 +326,7 @@ QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metada
             if (held & kind.id)
                 result = Embed(result, metadata, size, kind.id);
         } catch (const std::exception& problem) {
-            warnings->append(Text::tr("%1 metadata cannot be stored (%2)")
-                                 .arg(kind.name, QString::fromLocal8Bit(problem.what())));
+            warnings->append(Text::tr("%1 metadata cannot be stored (%2)").arg(kind.name, ReasonOf(problem)));
         }
     }
     return result;

@@ -23,8 +23,8 @@ struct HBPhotoMetadata
     bool IsEmpty() const { return elements.isEmpty() && profile.IsEmpty(); }
 };
 
-// Any thread. `file` is a whole file in memory. What cannot be read or carried is told in `warnings`; nothing is
-// thrown.
+// Any thread. `file` is a whole file in memory. What cannot be read or carried is told in `warnings`; nothing
+// but std::bad_alloc is thrown.
 
 HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings);
 

@@ -2,19 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "HBInterrupt.h"
 
+#include <atomic>
 #include <csignal>
 
 namespace
 {
 
-volatile std::sig_atomic_t interrupted = 0;
+// Read by every thread.
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler cannot take locks");
 
-}
+} // namespace
 
 void HBWatchInterrupts()
 {
     struct sigaction action = {};
-    action.sa_handler = [](int) { interrupted = 1; };
+    action.sa_handler = [](int) { interrupted = true; };
     action.sa_flags = int(SA_RESETHAND | SA_RESTART);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
@@ -22,5 +25,5 @@ void HBWatchInterrupts()
 
 bool HBIsInterrupted()
 {
-    return interrupted != 0;
+    return interrupted;
 }

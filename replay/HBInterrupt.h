@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// From now on the first SIGINT or SIGTERM only sets a flag, so that the file at work is finished; a second one ends
+/// From now on the first SIGINT or SIGTERM only sets a flag, so that no file is left in pieces; a second one ends
 /// the program at once.
 void HBWatchInterrupts();
 

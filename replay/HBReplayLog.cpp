@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayLog.h"
 
+#include "HBFileNames.h"
+
 #include <QFileInfo>
 
 #include <cstdio>
@@ -30,7 +32,8 @@ HBReplayLog::~HBReplayLog()
 void HBReplayLog::FileDone(const QString& path)
 {
     ++m_Done;
-    const QString line = QString("[%1/%2] ").arg(m_Done).arg(m_Files) + QFileInfo(path).fileName();
+    const QString line =
+        QString("[%1/%2] ").arg(m_Done).arg(m_Files) + HBShownOnTerminal(QFileInfo(path).fileName());
     Print(m_Terminal ? ClearLine + line : line + '\n');
     m_LineOpen = m_Terminal;
 }
@@ -45,5 +48,5 @@ void HBReplayLog::Message(const QString& text)
 
 void HBPrintError(const QString& text)
 {
-    Print("panel-replay: " + text + '\n');
+    Print("panel-replay: " + HBShownOnTerminal(text) + '\n');
 }

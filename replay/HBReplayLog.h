@@ -23,5 +23,5 @@ private:
     bool m_LineOpen = false;
 };
 
-/// "panel-replay: <text>" on standard error.
+/// "panel-replay: <text>" on standard error, as one line.
 void HBPrintError(const QString& text);

@@ -7,8 +7,11 @@
 #include <KMTileManager64.h>
 
 #include <QCoreApplication>
+#include <QEventLoop>
+#include <QFutureWatcher>
 #include <QtConcurrent>
 #include <QThread>
+#include <QTimer>
 
 #include <new>
 
@@ -24,6 +27,28 @@ struct Text
 qint64 BytesOf(const QSize& size)
 {
     return size.isValid() ? qint64(size.width()) * size.height() * 8 : 0;
+}
+
+/// False: an interrupt came first.
+template <class Result>
+bool WaitFor(const QFuture<Result>& future)
+{
+    if (future.isFinished())
+        return !HBIsInterrupted();
+    constexpr int glance = 50; // ms; a signal handler cannot wake the event loop
+    QEventLoop loop;
+    QFutureWatcher<Result> watcher;
+    QTimer timer;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&timer, &QTimer::timeout, &loop, [&loop] {
+        if (HBIsInterrupted())
+            loop.quit();
+    });
+    watcher.setFuture(future);
+    timer.start(glance);
+    while (!future.isFinished() && !HBIsInterrupted())
+        loop.exec();
+    return !HBIsInterrupted();
 }
 
 } // namespace
@@ -42,13 +67,14 @@ HBReplayPipeline::HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBR
 int HBReplayPipeline::Run()
 {
     for (ReadAhead(); !m_Reads.empty() && !HBIsInterrupted(); ReadAhead()) {
-        Adjust(TakeRead());
-        while (!m_Writes.empty() && (int(m_Writes.size()) > m_Ahead || !HasRoomFor(0)))
+        TakeRead();
+        while (!HBIsInterrupted() && !m_Writes.empty() && (int(m_Writes.size()) > m_Ahead || !HasRoomFor(0)))
             FinishWrite();
     }
-    while (!m_Writes.empty())
+    while (!m_Writes.empty() && !HBIsInterrupted())
         FinishWrite();
     if (HBIsInterrupted()) {
+        FinishInterrupted();
         m_Log.Message(Text::tr("interrupted; %1 of %2 photos were written").arg(m_Good).arg(m_Tasks.size()));
     }
     return m_Tasks.size() - m_Good;
@@ -70,6 +96,8 @@ void HBReplayPipeline::ReadAhead()
         m_Bytes += bytes;
         const auto future = QtConcurrent::run(&m_Pool, [task, bytes] {
             Read read{task, {}, {}, bytes};
+            if (HBIsInterrupted())
+                return read; // nobody wants it any more
             if (task.problem.isEmpty())
                 HBReadPhoto(task.input, &read.photo, &read.error);
             else
@@ -80,12 +108,14 @@ void HBReplayPipeline::ReadAhead()
     }
 }
 
-HBReplayPipeline::Read HBReplayPipeline::TakeRead()
+void HBReplayPipeline::TakeRead()
 {
     const Work<Read> work = m_Reads.front();
+    if (!WaitFor(work.future))
+        return;
     m_Reads.pop_front();
     m_Bytes -= work.bytes;
-    return work.future.result();
+    Adjust(work.future.result());
 }
 
 void HBReplayPipeline::Adjust(const Read& read)
@@ -94,7 +124,7 @@ void HBReplayPipeline::Adjust(const Read& read)
     HBImage<> adjusted;
     if (error.isEmpty()) {
         try {
-            adjusted = HBApplyRecipe(read.photo.image, m_Recipe, &error);
+            adjusted = HBApplyRecipe(read.photo.image, m_Recipe, &error, [](int) { return !HBIsInterrupted(); });
         } catch (const std::bad_alloc&) {
             error = Text::tr("there is not enough memory");
         }
@@ -105,22 +135,44 @@ void HBReplayPipeline::Adjust(const Read& read)
         Finish(read.task.input, error, {});
         return;
     }
+    if (adjusted.IsEmpty())
+        return; // given up
+    const auto saving = std::make_shared<std::atomic<bool>>(false);
+    HBPhotoOptions options = m_Options;
+    options.mayWrite = [saving] {
+        *saving = true; // before the question: FinishInterrupted() looks in the other order
+        return !HBIsInterrupted();
+    };
     const auto future =
-        QtConcurrent::run(&m_Pool, [task = read.task, adjusted, options = m_Options, told = read.photo.warnings] {
+        QtConcurrent::run(&m_Pool, [task = read.task, adjusted, options, told = read.photo.warnings] {
             Written written{task.input, {}, told};
-            HBWritePhoto(task.output, adjusted, options, &written.error, &written.warnings);
+            if (!HBIsInterrupted())
+                HBWritePhoto(task.output, adjusted, options, &written.error, &written.warnings);
             return written;
         });
-    m_Writes.push_back({future, read.bytes});
+    m_Writes.push_back({future, read.bytes, saving});
     m_Bytes += read.bytes;
 }
 
 void HBReplayPipeline::FinishWrite()
 {
+    if (!WaitFor(m_Writes.front().future))
+        return;
     const Written written = m_Writes.front().future.result();
     m_Bytes -= m_Writes.front().bytes;
     m_Writes.pop_front();
     Finish(written.input, written.error, written.warnings);
+}
+
+void HBReplayPipeline::FinishInterrupted()
+{
+    for (const Work<Written>& work : m_Writes) {
+        if (!*work.saving)
+            continue;
+        const Written written = work.future.result(); // soon
+        if (written.error.isEmpty())
+            Finish(written.input, {}, written.warnings);
+    }
 }
 
 void HBReplayPipeline::Finish(const QString& input, const QString& error, const QStringList& warnings)

@@ -11,7 +11,9 @@
 #include <QFuture>
 #include <QThreadPool>
 
+#include <atomic>
 #include <deque>
+#include <memory>
 
 /// Adjusts many photos: while one is adjusted on the GUI thread, the next ones are read and the last ones written on
 /// threads of their own. No more photos are in memory at once than a few a core, and no more than fit into half of the
@@ -21,8 +23,9 @@ class HBReplayPipeline
 public:
     HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBRecipe& recipe, const HBPhotoOptions& options);
 
-    /// The number of photos that were not written. Ends early, with whole files, after an interrupt. GUI thread, runs
-    /// an event loop.
+    /// The number of photos that were not written. After an interrupt it ends at once, though threads may still read
+    /// or encode: what has begun to go to the disk is whole, nothing else will go there. GUI thread, runs an event
+    /// loop.
     int Run();
 
 private:
@@ -46,13 +49,15 @@ private:
     {
         QFuture<Result> future;
         qint64 bytes;
+        std::shared_ptr<std::atomic<bool>> saving = {}; ///< of a write: it goes to the disk
     };
 
     bool HasRoomFor(qint64 bytes) const;
     void ReadAhead();
-    Read TakeRead();
+    void TakeRead();
     void Adjust(const Read& read);
     void FinishWrite();
+    void FinishInterrupted();
     void Finish(const QString& input, const QString& error, const QStringList& warnings);
 
     const QVector<HBReplayTask> m_Tasks;

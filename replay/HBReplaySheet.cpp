@@ -3,6 +3,7 @@
 #include "HBReplaySheet.h"
 
 #include "HBContactSheet.h"
+#include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayLog.h"
 
@@ -13,6 +14,7 @@
 
 #include <cstdio>
 #include <new>
+#include <unistd.h>
 
 namespace
 {
@@ -32,7 +34,8 @@ bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& ta
     }
     if (!HBWritePhoto(path, image, options, error))
         return false;
-    std::puts(qPrintable(path));
+    // Other programs get the very bytes.
+    std::puts(qPrintable(isatty(STDOUT_FILENO) ? HBShownOnTerminal(path) : path));
     return true;
 }
 
@@ -54,7 +57,7 @@ bool Demonstrate(const HBPanelEntry& panel, const HBImage<>& image, const QStrin
         HBRecipe recipe;
         if (!HBRecipe::Load(QString(":/recipes/%1.json").arg(panel.className), &recipe, error))
             return false;
-        const HBImage<> adjusted = HBApplyRecipe(image, recipe, error);
+        const HBImage<> adjusted = HBApplyRecipe(image, recipe, error, [](int) { return !HBIsInterrupted(); });
         if (adjusted.IsEmpty() || !Write(path, adjusted, target, options, error))
             return false;
         contacts->append(Contact(adjusted, panel.Title()));
@@ -87,6 +90,8 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
         const QString path = target.PathFor(photo, QString("-") + panel.className);
         if (Demonstrate(panel, original.image, path, target, options, &contacts, &error)) {
             log.FileDone(path);
+        } else if (HBIsInterrupted()) {
+            return failed + 1;
         } else {
             log.Message(error);
             ++failed;

@@ -3,6 +3,7 @@
 
 // panel-replay: applies stored adjustments to photos, without a window or a display.
 
+#include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayLog.h"
 #include "HBReplayPipeline.h"
@@ -21,7 +22,9 @@
 #include <QFile>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <langinfo.h>
 #include <new>
@@ -123,7 +126,12 @@ int Apply(const QString& recipePath, const QStringList& files, const HBReplayTar
     QString problem;
     if (!HBRecipe::Load(recipePath, &recipe, &problem))
         return Refuse(problem);
-    return HBReplayPipeline(HBPlanReplay(files, target), recipe, options).Run() == 0 ? Done : FileFailed;
+    HBReplayPipeline pipeline(HBPlanReplay(files, target), recipe, options);
+    const int failed = pipeline.Run();
+    const ExitCode code = failed == 0 ? Done : FileFailed;
+    if (HBIsInterrupted())
+        std::_Exit(code); // its threads may be decoding or encoding for seconds yet
+    return code;
 }
 
 int Run(const QCommandLineParser& parser)
@@ -152,6 +160,7 @@ int Run(const QCommandLineParser& parser)
 
 int main(int argc, char* argv[])
 {
+    std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit fails by itself, not the whole batch
     UseUtf8WithoutLocale();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Without the arguments: QApplication would take some of them for its own.
@@ -162,6 +171,7 @@ int main(int argc, char* argv[])
     QApplication application(count, nameOnly);
     qInstallMessageHandler(nullptr);
     application.setApplicationVersion(ADJUSTMENT_PANELS_VERSION);
+    HBKeepAllFileNames();
     HBInstallTranslations();
     KMTheme::Install();
 

@@ -11,6 +11,7 @@
 #include <KMApplication.h>
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLinearGradient>
 #include <QPushButton>
 #include <QSlider>
@@ -281,18 +282,29 @@ void HBAdjustmentWidget::PutButtonsLastInTabOrder()
 {
     QWidget* last = nullptr;
     QWidgetList buttons;
+    QDialogButtonBox* box = m_pFrame->m_pButtons;
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
         if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy())
             continue; // labels, and the line edits inside spin boxes
         if (m_pFrame->m_pContent->isAncestorOf(widget))
             last = widget;
-        else if (m_pFrame->m_pButtons->isAncestorOf(widget))
+        else if (box->isAncestorOf(widget))
             buttons.append(widget);
     }
+    if (!last)
+        return;
     // The last button first, each to right behind the controls: Qt takes one that ends the round for one that already
     // stands before the next.
-    while (last && !buttons.isEmpty())
-        setTabOrder(last, buttons.takeLast());
+    for (int i = buttons.size() - 1; i >= 0; --i)
+        setTabOrder(last, buttons.at(i));
+    // The box hands the focus on to its first button on the screen. It goes right before that one: from anywhere else
+    // the tab key would jump over what lies between.
+    QWidget* const first = box->focusProxy();
+    box->setFocusProxy(nullptr);       // or Qt would move that button in place of the box,
+    box->setFocusPolicy(Qt::TabFocus); // and without this nothing at all
+    setTabOrder(buttons.value(buttons.indexOf(first) - 1, last), box);
+    box->setFocusPolicy(Qt::NoFocus);
+    box->setFocusProxy(first);
 }
 
 QString HBAdjustmentWidget::GetWidgetName()

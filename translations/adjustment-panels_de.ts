@@ -781,6 +781,49 @@
     </message>
 </context>
 <context>
+    <name>HBOverlay</name>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>Der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>It cannot be drawn</source>
+        <translation>Das lässt sich nicht zeichnen</translation>
+    </message>
+    <message>
+        <source>The margins leave no room</source>
+        <translation>Die Ränder lassen keinen Platz</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 megapixels</source>
+        <translation>er ist größer als %1 Megapixel</translation>
+    </message>
+    <message>
+        <source>The stamp %1 cannot be read: %2</source>
+        <translation>Der Stempel %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>this is not a file</source>
+        <translation>das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>The font %1 is not installed</source>
+        <translation>Die Schrift %1 ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>The font %1 cannot draw this text</source>
+        <translation>Die Schrift %1 kann diesen Text nicht darstellen</translation>
+    </message>
+</context>
+<context>
     <name>HBOverlayJob</name>
     <message>
         <source>There is not enough memory to draw this.</source>
@@ -1003,6 +1046,14 @@
         <source>%1 metadata cannot be stored (%2)</source>
         <translation>%1-Metadaten können nicht gespeichert werden (%2)</translation>
     </message>
+    <message>
+        <source>it is broken</source>
+        <translation>sie sind beschädigt</translation>
+    </message>
+    <message>
+        <source>it was given up</source>
+        <translation>das wurde abgebrochen</translation>
+    </message>
 </context>
 <context>
     <name>HBPhotoFilterWidget</name>
@@ -1156,6 +1207,10 @@
     <message>
         <source>the adjustment failed; is there too little memory?</source>
         <translation>die Korrektur ist misslungen; reicht der Speicher nicht?</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "HBTestMain.h"
 
 #include <HBAdjustmentWidget.h>
+#include <HBBusyDialog.h>
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
 #include <HBMessageBar.h>
@@ -15,15 +16,91 @@
 #include <QActionGroup>
 #include <QDialog>
 #include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QImageWriter>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTimer>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <thread>
+
+namespace {
+
+/// What the user does with each dialog that comes, in turn. All of them must have come in the end.
+class Answers : public QObject {
+public:
+    using Answer = std::function<void(QDialog*)>;
+
+    explicit Answers(const QVector<Answer>& answers) : m_Left(answers) { startTimer(5); }
+    ~Answers() override {
+        QTRY_VERIFY2(m_Left.isEmpty(), "fewer dialogs than expected");
+        QVERIFY2(!m_TooMany, "more dialogs than expected");
+    }
+
+    static Answer Press(QMessageBox::StandardButton button) {
+        return To<QMessageBox>([=](QMessageBox* box) { box->button(button)->click(); });
+    }
+    static Answer Press(const QString& text) {
+        return To<QDialog>([=](QDialog* dialog) {
+            for (QPushButton* button : dialog->findChildren<QPushButton*>()) {
+                if (button->text().remove('&').startsWith(text)) return button->click();
+            }
+            dialog->reject();
+            QFAIL(qPrintable("no button " + text));
+        });
+    }
+    static Answer File(const QString& path) {
+        return To<QFileDialog>([=](QFileDialog* dialog) {
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path); // selectFile() spares what is typed
+            static_cast<QDialog*>(dialog)->accept();
+        });
+    }
+    static Answer Number(int number) {
+        return To<QInputDialog>([=](QInputDialog* dialog) {
+            dialog->setIntValue(number);
+            dialog->accept();
+        });
+    }
+
+private:
+    /// Gives up a dialog that is of another kind.
+    template <class Dialog, class Act>
+    static Answer To(Act act) {
+        return [=](QDialog* dialog) {
+            if (auto* expected = qobject_cast<Dialog*>(dialog)) return act(expected);
+            auto* box = qobject_cast<QMessageBox*>(dialog);
+            qWarning("%s: %s", dialog->metaObject()->className(), box ? qPrintable(box->text()) : "");
+            dialog->reject();
+        };
+    }
+
+    void timerEvent(QTimerEvent*) override {
+        const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog || dialog == m_pLast || qobject_cast<HBBusyDialog*>(dialog)) return;
+        m_pLast = dialog;
+        m_TooMany |= m_Left.isEmpty();
+        const Answer answer = m_Left.isEmpty() ? &QDialog::reject : m_Left.takeFirst();
+        // Outside this timer, which would not run in dialogs that the answer brings about.
+        QTimer::singleShot(0, this, [=] {
+            if (dialog) answer(dialog);
+        });
+    }
+
+    QVector<Answer> m_Left;
+    QPointer<QDialog> m_pLast;
+    bool m_TooMany = false;
+};
+
+} // namespace
 
 class TestHBEditorWindow : public QObject {
     Q_OBJECT
@@ -36,6 +113,11 @@ class TestHBEditorWindow : public QObject {
         }
         image.save(m_Folder.filePath(name));
         return m_Folder.filePath(name);
+    }
+
+    static QByteArray Bytes(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     static const HBPanelEntry& Entry() { return *HBFindPanel("HBBrightnessContrastWidget"); }
@@ -52,17 +134,6 @@ class TestHBEditorWindow : public QObject {
         Brightness(window)->setValue(brightness);
         Q_EMIT window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
-    }
-
-    /// Presses a button of the next message box.
-    static void Answer(QMessageBox::StandardButton button) {
-        QTimer::singleShot(0, qApp, [=] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (box)
-                box->button(button)->click();
-            else
-                Answer(button); // not there yet
-        });
     }
 
 private Q_SLOTS:
@@ -181,14 +252,194 @@ private Q_SLOTS:
         QVERIFY(!window.Session());
         window.OpenPanel(Entry());
         Brightness(window)->setValue(50); // younger than the debounce
-        QTimer::singleShot(0, this, [=] {
-            Answer(QMessageBox::StandardButton(answer));
-            if (second) QTimer::singleShot(0, qApp, [=] { Answer(QMessageBox::StandardButton(second)); });
-        });
+        QVector<Answers::Answer> answers{Answers::Press(QMessageBox::StandardButton(answer))};
+        if (second) answers.append(Answers::Press(QMessageBox::StandardButton(second)));
+        const Answers given(answers);
         QCOMPARE(window.Open(Photo("c.png", 10, 10)), opens);
         QCOMPARE(window.Document().FileName(), QString(opens ? "c.png" : "b.png"));
         if (answer == QMessageBox::Apply && !opens)
             QVERIFY(window.Document().Image().PixelAt(0, 0) == HBRGBA32i(50, 50, 150));
+    }
+
+    void whatAPanelShowsIsAskedAbout_data() {
+        HBColumns<QString, int, int>("panel", "answer", "steps"); // no answer: no question is expected
+        QTest::newRow("nothing to see") << "HBBrightnessContrastWidget" << 0 << 0;
+        QTest::newRow("an overlay of nothing") << "HBSignWidget" << 0 << 0;
+        QTest::newRow("apply") << "HBBlackAndWhiteWidget" << int(QMessageBox::Apply) << 1;
+        QTest::newRow("discard") << "HBBlackAndWhiteWidget" << int(QMessageBox::Discard) << 0;
+        QTest::newRow("stay") << "HBBlackAndWhiteWidget" << int(QMessageBox::Cancel) << -1;
+        QTest::newRow("an overlay") << "HBWatermarkWidget" << int(QMessageBox::Apply) << 1;
+    }
+    /// A panel that acts by the values that it opens with: nobody has touched it.
+    void whatAPanelShowsIsAskedAbout() {
+        QFETCH(QString, panel);
+        QFETCH(int, answer);
+        QFETCH(int, steps);
+        for (const char* way : {"save", "panel", "close"}) {
+            HBEditorWindow window(false);
+            window.show();
+            const QString photo = Photo("a.png");
+            QVERIFY(window.Open(photo));
+            QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
+            QSignalSpy previews(window.Session(), &HBPanelSession::PreviewReady);
+            QVERIFY(previews.wait());
+            const QByteArray before = Bytes(photo);
+            QVector<Answers::Answer> answers;
+            if (answer) answers.append(Answers::Press(QMessageBox::StandardButton(answer)));
+            if (way == QByteArray("close") && steps == 1) answers.append(Answers::Press(QMessageBox::Discard));
+            {
+                const Answers given(answers);
+                if (way == QByteArray("save"))
+                    window.Actions()->save->trigger();
+                else if (way == QByteArray("panel"))
+                    window.OpenPanel(*HBFindPanel("HBLevelsWidget"));
+                else
+                    QCOMPARE(window.close(), steps >= 0);
+            }
+            const bool stays = steps < 0;
+            QCOMPARE(window.Session() && window.Session()->Entry().className == panel.toLatin1(), stays);
+            QCOMPARE(window.Document().States().size(), 1 + qMax(0, steps));
+            QCOMPARE(Bytes(photo) == before, steps < 1 || way != QByteArray("save"));
+        }
+    }
+
+    void closingWithUnsavedChanges_data() {
+        HBColumns<int, bool, bool>("answer", "closes", "saved");
+        QTest::newRow("save") << int(QMessageBox::Save) << true << true;
+        QTest::newRow("discard") << int(QMessageBox::Discard) << true << false;
+        QTest::newRow("stay") << int(QMessageBox::Cancel) << false << false;
+    }
+    void closingWithUnsavedChanges() {
+        QFETCH(int, answer);
+        QFETCH(bool, closes);
+        QFETCH(bool, saved);
+        HBEditorWindow window(false);
+        OpenWithPanel(&window);
+        Apply(window, 50);
+        const Answers given({Answers::Press(QMessageBox::StandardButton(answer))});
+        QCOMPARE(window.close(), closes);
+        QCOMPARE(window.isVisible(), !closes);
+        QCOMPARE(QImage(m_Folder.filePath("a.png")).pixel(0, 0) == qRgb(50, 50, 150), saved);
+        QCOMPARE(window.Document().IsModified(), !saved);
+    }
+
+    /// The quality that was typed for another file is not that of this one.
+    void saveKeepsTheQuality() {
+        const QString fine = m_Folder.filePath("fine.jpg");
+        const QString web = m_Folder.filePath("web.jpg");
+        QImageWriter writer(fine);
+        writer.setQuality(99);
+        QVERIFY(writer.write(QImage(Photo("a.png"))));
+        const auto tables = HBReadJpegCoding(Bytes(fine)).tables;
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(fine) && window.OpenPanel(Entry()));
+        Apply(window, 20);
+        {
+            const Answers given({Answers::File(web), Answers::Number(10)});
+            window.Actions()->saveAs->trigger();
+        }
+        QCOMPARE(window.Document().Path(), web);
+        QVERIFY(QFileInfo(web).size() < QFileInfo(fine).size() / 3);
+        const auto webTables = HBReadJpegCoding(Bytes(web)).tables;
+        for (const QString& path : {web, fine}) {
+            QVERIFY(window.Open(path) && window.OpenPanel(Entry()));
+            Apply(window, 30);
+            const Answers given({});
+            window.Actions()->save->trigger();
+            QVERIFY(!window.Document().IsModified());
+            QCOMPARE(HBReadJpegCoding(Bytes(path)).tables, path == web ? webTables : tables);
+        }
+    }
+
+    void saveAsksForWhatWouldBeLost() {
+        const QString deep = m_Folder.filePath("deep.png");
+        const QString other = m_Folder.filePath("other.png");
+        QVERIFY(QImage(Photo("a.png")).convertToFormat(QImage::Format_RGBA64).save(deep));
+        const QByteArray original = Bytes(deep);
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(deep) && window.OpenPanel(Entry()));
+        Apply(window, 20);
+        const QVector<QVector<Answers::Answer>> refusals = {
+            {Answers::Press(QMessageBox::Cancel)},
+            {Answers::Press("Save As"), [](QDialog* files) { files->reject(); }}};
+        for (const auto& answers : refusals) {
+            const Answers given(answers);
+            window.Actions()->save->trigger();
+            QVERIFY(window.Document().IsModified());
+        }
+        {
+            const Answers given({Answers::Press("Save As"), Answers::File(other)});
+            window.Actions()->save->trigger();
+        }
+        QCOMPARE(Bytes(deep), original);
+        QVERIFY(window.Document().Path() == other && !window.Document().IsModified());
+
+        QVERIFY(window.Open(deep));
+        for (const bool first : {true, false}) { // then it has nothing more to lose
+            window.OpenPanel(Entry());
+            Apply(window, 20);
+            const Answers given(first ? QVector<Answers::Answer>{Answers::Press("Save Over It")}
+                                      : QVector<Answers::Answer>());
+            window.Actions()->save->trigger();
+            QVERIFY(!window.Document().IsModified());
+        }
+        QCOMPARE(QImage(deep).pixel(0, 0), qRgb(40, 40, 140));
+    }
+
+    /// A format that is only read.
+    void saveOfAGifBecomesSaveAs() {
+        const QString path = m_Folder.filePath("moving.gif");
+        QFile gif(path);
+        QVERIFY(gif.open(QIODevice::WriteOnly));
+        gif.write(QByteArray::fromHex("47494638396101000100800000000000ffffff2c00000000010001000002024401003b"));
+        gif.close();
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(path) && window.OpenPanel(Entry()));
+        Apply(window, 20);
+        const Answers given({Answers::Press("Save")}); // as the dialog proposes
+        window.Actions()->save->trigger();
+        QCOMPARE(window.Document().FileName(), QString("moving.png"));
+        QCOMPARE(QImage(m_Folder.filePath("moving.png")).width(), 1);
+    }
+
+    void saveRecipe() {
+        HBEditorWindow window(false);
+        OpenWithPanel(&window);
+        const QByteArray photo = Bytes(m_Folder.filePath("a.png"));
+        window.Actions()->saveRecipe->trigger();
+        QVERIFY(window.MessageBar()->Text().contains("no steps")); // and no dialog
+        window.OpenPanel(Entry());
+        Apply(window, 20);
+        window.SelectionTool()->SelectAll();
+        window.OpenPanel(Entry());
+        Apply(window, 20);
+        QString error;
+        HBRecipe recipe;
+        const QString path = m_Folder.filePath("r.json");
+        QFile::remove(path);
+        {
+            const Answers given({Answers::Press(QMessageBox::Cancel)});
+            window.Actions()->saveRecipe->trigger();
+        }
+        QVERIFY(!QFile::exists(path));
+        {
+            const Answers given({Answers::Press("Save Without"), Answers::File(m_Folder.filePath("r"))});
+            window.Actions()->saveRecipe->trigger();
+        }
+        QVERIFY2(HBRecipe::Load(path, &recipe, &error), qPrintable(error));
+        QCOMPARE(recipe.steps.size(), 1);
+        // A photo's name is not taken, nor is a recipe that the user did not name.
+        for (const bool again : {false, true}) {
+            const Answers given({Answers::Press("Save Without"), Answers::File(m_Folder.filePath("a.png")),
+                                 Answers::Press(QMessageBox::Yes)}); // that it exists
+            window.Actions()->saveRecipe->trigger();
+            QCOMPARE(window.MessageBar()->Text().contains("a.png.json exists"), again);
+        }
+        QVERIFY(QFile::exists(m_Folder.filePath("a.png.json")));
+        QCOMPARE(Bytes(m_Folder.filePath("a.png")), photo);
     }
 
     void droppedFileIsOpened() {
@@ -238,6 +489,104 @@ private Q_SLOTS:
         const QPointer<HBAdjustmentWidget> panel = window->Session()->Panel();
         window.reset();
         QVERIFY(!panel);
+    }
+
+    void tabReachesAllControls_data() {
+        HBColumns<QString, bool>("panel", "moved"); // moved: from one arrangement to the other while it is open
+        for (const char* panel : {"HBBrightnessContrastWidget", "HBLevelsWidget", "HBWatermarkWidget"}) {
+            QTest::addRow("%s", panel) << panel << false;
+            QTest::addRow("%s, moved", panel) << panel << true;
+        }
+    }
+    /// Round a docked panel and the rest of the window, and back to where it began.
+    void tabReachesAllControls() {
+        QFETCH(QString, panel);
+        QFETCH(bool, moved);
+        HBEditorWindow window(false);
+        window.show();
+        window.Actions()->docked->setChecked(!moved);
+        QVERIFY(window.Open(Photo("a.png")));
+        QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
+        if (moved) window.Actions()->docked->setChecked(true);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCoreApplication::processEvents();
+        QWidgetList controls = window.Session()->Widget()->findChildren<QWidget*>();
+        controls.erase(std::remove_if(controls.begin(), controls.end(),
+                                      [](const QWidget* widget) {
+                                          return !(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() ||
+                                                 !widget->isEnabled() || widget->focusProxy();
+                                      }),
+                       controls.end());
+        QWidget* const first = window.focusWidget();
+        QVERIFY(controls.contains(first));
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            QWidgetList left = controls;
+            int steps = 0;
+            do {
+                left.removeOne(window.focusWidget());
+                QTest::keyClick(window.focusWidget(), key);
+            } while (window.focusWidget() != first && ++steps < 60); // a slider's handles are a step each
+            QCOMPARE(window.focusWidget(), first);
+            QVERIFY2(left.isEmpty(), qPrintable(left.value(0) ? left.value(0)->objectName() : QString()));
+        }
+    }
+
+    void returnAndEscape_data() {
+        HBColumns<QString, QString, bool, int, bool>("panel", "control", "moved", "key", "applied");
+        struct Row {
+            const char* panel;
+            const char* control; // none: the photo
+            int key;
+            bool applied;
+        };
+        const Row rows[] = {{"HBLevelsWidget", "m_pLowInput", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "m_pChannel", Qt::Key_Enter, true},
+                            {"HBLevelsWidget", "m_pInputSlider", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "m_pLowInput", Qt::Key_Escape, false},
+                            {"HBLevelsWidget", "m_pChannel", Qt::Key_Escape, false},
+                            {"HBWatermarkWidget", "m_pText", Qt::Key_Return, true},
+                            {"HBWatermarkWidget", "m_pText", Qt::Key_Escape, false},
+                            {"HBWatermarkWidget", "", Qt::Key_Return, true},
+                            {"HBLevelsWidget", "", Qt::Key_Escape, false}};
+        for (const Row& row : rows) {
+            // As it opens, and docked or undocked while it is open.
+            for (const bool moved : {false, true}) {
+                const bool undocked = moved && *row.control;
+                QTest::addRow("%s %s %x %d", row.panel, row.control, row.key, moved)
+                    << row.panel << row.control << undocked << row.key << row.applied;
+            }
+        }
+    }
+    void returnAndEscape() {
+        QFETCH(QString, panel);
+        QFETCH(QString, control);
+        QFETCH(bool, moved);
+        QFETCH(int, key);
+        QFETCH(bool, applied);
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(Photo("a.png")));
+        window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
+        QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
+        if (moved) window.Actions()->docked->setChecked(false);
+        QWidget* content = window.Session()->Widget();
+        content->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(content->window()));
+        QCoreApplication::processEvents();
+        auto* widget = control.isEmpty() ? window.View() : content->findChild<QWidget*>(control);
+        widget->setFocus();
+        if (control == "m_pLowInput") {
+            qobject_cast<QSpinBox*>(widget)->selectAll();
+            QTest::keyClicks(widget, "30"); // younger than the debounce
+        }
+        QTest::keyClick(widget, Qt::Key(key));
+        QTRY_VERIFY(!window.Session());
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(window.Document().IsModified(), applied);
+        if (control == "m_pLowInput" && applied)
+            QVERIFY(window.Document().Image().PixelAt(9, 9) == HBRGBA32i(0, 0, 79)); // what was typed, not Auto
+        QVERIFY(!window.SelectionTool()->Shape().IsNone());
     }
 
     void keys() {

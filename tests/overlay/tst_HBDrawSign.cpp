@@ -161,6 +161,9 @@ private Q_SLOTS:
                                   << m_Folder.path() + " cannot be read: this is not a file";
         QTest::newRow("a device") << QString("/dev/zero") << none
                                   << QString("/dev/zero cannot be read: this is not a file");
+        // Others of the kernel's files, which say that they are empty, too, never end.
+        QTest::newRow("empty by its entry") << QString("/proc/self/status") << none
+                                            << QString("/proc/self/status cannot be read: the file is empty");
         QTest::newRow("no picture") << text.fileName() << none << text.fileName() + " cannot be read: ";
         QTest::newRow("cut short") << cut.fileName() << none << cut.fileName() + " cannot be read: ";
         QTest::newRow("a bomb") << bomb.fileName() << none

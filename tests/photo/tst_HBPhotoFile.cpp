@@ -3,15 +3,18 @@
 #include "HBTestFiles.h"
 #include "HBTestMain.h"
 
+#include <HBPhotoCheck.h>
 #include <HBPhotoFile.h>
 
 #include <QImageWriter>
+#include <QProcess>
 #include <QtConcurrent>
 
 #include <csignal>
 #include <memory>
 #include <numeric>
 #include <sys/resource.h>
+#include <tiffio.h>
 #include <unistd.h>
 
 namespace {
@@ -23,6 +26,68 @@ QImage Gradient(int width, int height) {
         for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(255 * x / width, 255 * y / height, 128));
     }
     return image;
+}
+
+/// Every alpha with every red.
+QImage TransparentRamp() {
+    QImage image(256, 256, QImage::Format_ARGB32);
+    for (int y = 0; y < 256; ++y) {
+        for (int x = 0; x < 256; ++x) image.setPixel(x, y, qRgba(x, 255 - x, 7 * x & 255, y));
+    }
+    return image;
+}
+
+/// How a TIFF file with transparency stores its pixels.
+struct TiffLayout {
+    const char* mode = "wl"; ///< byte order
+    int bits = 8;
+    bool grey = false;
+    bool planes = false;
+    int tileSide = 0;
+    int orientation = 1;
+};
+
+/// Its colours are not multiplied by alpha.
+bool WriteTiff(const QString& path, const QImage& image, const TiffLayout& layout) {
+    TIFF* tiff = TIFFOpen(qUtf8Printable(path), layout.mode);
+    const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
+    const int samples = layout.grey ? 2 : 4;
+    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, image.width());
+    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, image.height());
+    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, layout.bits);
+    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samples);
+    TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &alpha);
+    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, layout.grey ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
+    TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, layout.planes ? PLANARCONFIG_SEPARATE : PLANARCONFIG_CONTIG);
+    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
+    TIFFSetField(tiff, TIFFTAG_ORIENTATION, layout.orientation);
+    const int width = layout.tileSide ? layout.tileSide : image.width();
+    const int height = layout.tileSide ? layout.tileSide : 1;
+    if (layout.tileSide) {
+        TIFFSetField(tiff, TIFFTAG_TILEWIDTH, width);
+        TIFFSetField(tiff, TIFFTAG_TILELENGTH, height);
+    }
+    bool good = true;
+    for (int plane = 0; plane < (layout.planes ? samples : 1); ++plane) {
+        for (int top = 0; top < image.height(); top += height) {
+            for (int left = 0; left < image.width(); left += width) {
+                QByteArray piece;
+                for (int i = 0; i < width * height; ++i) {
+                    const QRgb pixel = image.pixel(qMin(left + i % width, image.width() - 1),
+                                                   qMin(top + i / width, image.height() - 1));
+                    const int values[] = {qRed(pixel), qGreen(pixel), qBlue(pixel), qAlpha(pixel)};
+                    for (int sample = 0; sample < samples; ++sample) {
+                        if (!layout.planes || sample == plane)
+                            piece.append(layout.bits / 8, char(values[sample == samples - 1 ? 3 : sample]));
+                    }
+                }
+                good = good && (layout.tileSide ? TIFFWriteTile(tiff, piece.data(), left, top, 0, plane) > 0
+                                                : TIFFWriteScanline(tiff, piece.data(), top, plane) > 0);
+            }
+        }
+    }
+    TIFFClose(tiff);
+    return good;
 }
 
 /// A PNG that claims a size and holds nothing.
@@ -68,9 +133,9 @@ private Q_SLOTS:
         HBPhoto photo;
         QString error;
         QVERIFY2(HBReadPhoto(path, &photo, &error), qPrintable(error));
-        // Qt's TIFF reader premultiplies, and libwebp forgets colours that nobody sees.
+        // libwebp forgets colours that nobody sees.
         const QImage::Format compared =
-            photo.format == "png" ? QImage::Format_ARGB32 : QImage::Format_ARGB32_Premultiplied;
+            photo.format == "webp" ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
         QCOMPARE(photo.image.ToQImage().convertToFormat(compared),
                  source.convertToFormat(QImage::Format_ARGB32).convertToFormat(compared));
         QCOMPARE(photo.warnings.join(';'), source.depth() == 64 || format == QImage::Format_Grayscale16
@@ -85,6 +150,37 @@ private Q_SLOTS:
         QVERIFY2(HBReadPhoto(Path("b-" + name), &again, &error), qPrintable(error));
         QCOMPARE(again.image.ToQImage().convertToFormat(compared),
                  photo.image.ToQImage().convertToFormat(compared));
+    }
+
+    /// To the last bit, however the file stores them.
+    void TransparentTiff() {
+        const QImage ramp = TransparentRamp();
+        QString error;
+        HBPhoto photo;
+        QVERIFY2(HBWritePhoto(Path("own.tif"), HBImage<>::FromQImage(ramp), {}, &error), qPrintable(error));
+        QVERIFY2(HBReadPhoto(Path("own.tif"), &photo, &error), qPrintable(error));
+        QCOMPARE(photo.image.ToQImage(), ramp);
+
+        QImage grey = ramp;
+        for (int y = 0; y < 256; ++y) {
+            for (int x = 0; x < 256; ++x) grey.setPixel(x, y, qRgba(x, x, x, y));
+        }
+        const TiffLayout layouts[] = {
+            {},
+            {"wb", 8, false, true},
+            {"wl", 8, false, false, 96},
+            {"wl", 8, false, true, 96},
+            {"wl", 8, true},
+            {"wl", 16},
+            {"wl", 8, false, false, 0, 6},
+        };
+        for (const TiffLayout& layout : layouts) {
+            const QImage& source = layout.grey ? grey : ramp;
+            QVERIFY(WriteTiff(Path("a.tif"), source, layout));
+            QVERIFY2(HBReadPhoto(Path("a.tif"), &photo, &error), qPrintable(error));
+            const QImage upright = layout.orientation == 6 ? source.transformed(QTransform().rotate(90)) : source;
+            QVERIFY2(photo.image.ToQImage() == upright, qPrintable(QString::number(&layout - layouts)));
+        }
     }
 
     void QualityResolutionTransparency() {
@@ -171,6 +267,33 @@ private Q_SLOTS:
         }
     }
 
+    /// A file of the kernel's says that it is empty and could be read for ever: it is not read at all. This one would
+    /// be a picture.
+    void EmptyByItsEntry() {
+        QProcess sleeper;
+        sleeper.start("bash", {"-c", "exec -a 'P6 7 5 255 ' sleep 60"});
+        QVERIFY(sleeper.waitForStarted());
+        const QString path = QString("/proc/%1/cmdline").arg(sleeper.processId());
+        QTRY_VERIFY(HBBytesOf(path).startsWith("P6 "));
+        QCOMPARE(HBPhotoSize(path), QSize());
+        HBPhoto photo;
+        QString error;
+        QVERIFY(!HBReadPhoto(path, &photo, &error));
+        QCOMPARE(error, path + ": the file is empty");
+        sleeper.kill();
+        sleeper.waitForFinished();
+    }
+
+    /// 2^43 bytes a row, 2^31 rows: the product has 75 bits.
+    void BmpThatNoNumberCanCount() {
+        QByteArray bmp("BM");
+        bmp.append(QByteArray(98, '\0'));
+        bmp[14] = 40;
+        bmp[21] = bmp[25] = char(0x80);
+        bmp[29] = char(0x80);
+        QVERIFY(!HBIsWholeFile(bmp));
+    }
+
     void CannotBeWritten() {
         QVERIFY(QDir(m_pFolder->path()).mkdir("folder.jpg"));
         const QStringList before = m_pFolder->Files();
@@ -218,12 +341,24 @@ private Q_SLOTS:
         QVERIFY2(HBReadPhoto(Path("a.jpg"), &photo, &error), qPrintable(error));
         QVERIFY2(photo.warnings.join(';').contains("Corrupt JPEG data"), qPrintable(photo.warnings.join(';')));
 
+        // Nor is one about the head left to the log, where it would stand without the file's name.
+        QVERIFY(HBWritePhoto(Path("a.png"), HBImage<>::FromQImage(Gradient(30, 20)), {}, &error));
+        QByteArray head = HBBytesOf(Path("a.png"));
+        head.insert(33, QByteArray("\0\0\0\x05iCCPab\0\0x\1\2\3\4", 17));
+        QVERIFY(HBWriteBytes(Path("a.png"), head));
+        QCOMPARE(HBPhotoSize(Path("a.png")), QSize(30, 20));
+        QVERIFY2(HBReadPhoto(Path("a.png"), &photo, &error), qPrintable(error));
+        QVERIFY2(photo.warnings.join(';').contains("iCCP"), qPrintable(photo.warnings.join(';')));
+
         // Two pictures of one pixel in a file.
         QVERIFY(HBWriteBytes(
             Path("a.gif"),
             QByteArray::fromHex("47494638396101000100800000000000ffffff") +
                 QByteArray::fromHex("2c00000000010001000002024401002c0000000001000100000202440100") + ";"));
         QVERIFY2(HBReadPhoto(Path("a.gif"), &photo, &error), qPrintable(error));
+        QCOMPARE(photo.warnings, QStringList("only the first of 2 pages is read"));
+        for (const char* mode : {"w", "a"}) QVERIFY(WriteTiff(Path("a.tif"), Gradient(9, 7), {mode}));
+        QVERIFY2(HBReadPhoto(Path("a.tif"), &photo, &error), qPrintable(error));
         QCOMPARE(photo.warnings, QStringList("only the first of 2 pages is read"));
     }
 

@@ -9,8 +9,34 @@
 
 #include <exiv2/exiv2.hpp>
 
+#include <cstdlib>
 #include <functional>
 #include <memory>
+#include <new>
+
+namespace {
+
+/// How many requests for 100,000 bytes or more are granted; -1: all.
+int largeGranted = -1;
+
+void* Allocate(std::size_t size) {
+    if (size >= 100000 && largeGranted >= 0) {
+        if (largeGranted == 0) throw std::bad_alloc();
+        --largeGranted;
+    }
+    if (void* memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+// Of the whole program, its libraries too.
+void* operator new(std::size_t size) { return Allocate(size); }
+void* operator new[](std::size_t size) { return Allocate(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -236,6 +262,52 @@ private Q_SLOTS:
         QVERIFY(photo.image.Profile().IsEmpty());
     }
 
+    /// In no format: where it is put in unchecked, nobody can read the other metadata any more.
+    void ProfileThatIsNone() {
+        for (const char* name : {"a.jpg", "a.png", "a.tif", "a.webp"}) {
+            QByteArray icc = Profile("RGB ");
+            icc[2] = char(icc[2] + 1); // its length
+            HBImage<> image = HBImage<>::FromQImage(Picture(1));
+            image.AddElement(new KMEXIFElement{"Exif.Image.Make", 2, QByteArray("Maker", 6)});
+            image.SetProfile(KMCMSProfile(icc));
+            QString error;
+            QStringList warnings;
+            QVERIFY2(HBWritePhoto(Path(name), image, {}, &error, &warnings), qPrintable(error));
+            QCOMPARE(warnings, QStringList("ICC metadata cannot be stored (Not a valid ICC Profile)"));
+            HBPhoto photo;
+            QVERIFY2(HBReadPhoto(Path(name), &photo, &error), qPrintable(error));
+            QCOMPARE(photo.warnings, QStringList());
+            QVERIFY(!photo.image.Elements().isEmpty());
+            QVERIFY(photo.image.Profile().IsEmpty());
+        }
+    }
+
+    /// From whichever large piece on memory is refused: everything is written, or nothing is.
+    void MemoryFailsWhileEmbedding() {
+        HBImage<> image = HBImage<>::FromQImage(Picture(1));
+        image.SetProfile(KMCMSProfile(Profile("RGB ")));
+        int failed = 0;
+        for (const char* name : {"a.jpg", "a.png", "a.tif", "a.webp"}) {
+            bool written = false;
+            for (int n = 0; !written; ++n) {
+                QVERIFY(n < 50);
+                QString error;
+                QStringList warnings;
+                largeGranted = n;
+                written = HBWritePhoto(Path(name), image, {}, &error, &warnings);
+                largeGranted = -1;
+                QVERIFY2(written || error.contains("not enough memory"), qPrintable(error));
+                failed += !written;
+                QCOMPARE(warnings, QStringList());
+            }
+            HBPhoto photo;
+            QString error;
+            QVERIFY2(HBReadPhoto(Path(name), &photo, &error), qPrintable(error));
+            QVERIFY(!photo.image.Profile().IsEmpty());
+        }
+        QVERIFY(failed > 0);
+    }
+
     /// The picture is what counts: metadata that a format cannot take is told, not fatal.
     void WhatCannotBeStored_data() {
         HBColumns<QString, QByteArray, QByteArray, QString>("name", "key", "value", "kind");
@@ -246,6 +318,7 @@ private Q_SLOTS:
         QTest::newRow("xmp too long") << "a.jpg" << QByteArray("Xmp")
                                       << QByteArray(xmp).replace("%", QByteArray(70000, 'x')) << "XMP";
         QTest::newRow("xmp no xml, too long") << "a.jpg" << QByteArray("Xmp") << QByteArray(70000, '<') << "XMP";
+        QTest::newRow("xmp no xml") << "a.jpg" << QByteArray("Xmp") << QByteArray("<") << "XMP";
         QTest::newRow("iptc broken") << "a.jpg" << QByteArray("Iptc") << QByteArray("\x1c\x02\x69\xff\xff x")
                                      << "IPTC";
         QTest::newRow("no such tag") << "a.png" << QByteArray("Exif.Nonsense.Tag") << QByteArray("x") << "EXIF";
@@ -263,6 +336,7 @@ private Q_SLOTS:
         QStringList warnings;
         QVERIFY2(HBWritePhoto(Path(name), image, {100}, &error, &warnings), qPrintable(error));
         QVERIFY2(warnings.join('\n').contains(kind), qPrintable(warnings.join('\n')));
+        QVERIFY2(!warnings.join('\n').contains("()"), qPrintable(warnings.join('\n'))); // always with a reason
         HBPhoto photo;
         QVERIFY(HBReadPhoto(Path(name), &photo, &error));
         CompareUpright(photo.image);

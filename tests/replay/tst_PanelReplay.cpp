@@ -10,7 +10,9 @@
 #include <HBRecipe.h>
 
 #include <QProcess>
+#include <QRandomGenerator>
 
+#include <cerrno>
 #include <cmath>
 #include <csignal>
 #include <memory>
@@ -76,6 +78,8 @@ private Q_SLOTS:
             {"apply RECIPE a.png -o out --format xyz", "\"xyz\""},
             {"apply none.json a.png -o out", "none.json: "},
             {"apply a.png a.png -o out", "a.png: This is not JSON"},
+            // Others of the kernel's files, which say that they are empty, too, never end.
+            {"apply /proc/self/status a.png -o out", "status: The file is empty"},
             {"apply newer.json a.png -o out", "version 2"},
             {"list -o out", "--help"},
             {"list --quality 9", "--help"},
@@ -162,6 +166,32 @@ private Q_SLOTS:
         }
     }
 
+    /// Bytes that are no UTF-8, in names and folders, come out as they went in. Two such names are two. What a
+    /// terminal would obey is not printed.
+    void NamesOfAnyBytes() {
+        const Outcome outcome =
+            Shell("set -- '\xff.png' '\xe4\xc3\xa4\xfe.png' '\xed\xa0\x80.png' '\xf0\x9f\x98\x80\xf0.png' "
+                  "'\x1b[31m\nred\xe2\x80\xae.png'\n"
+                  "for name; do ln a.png \"$name\" || exit 9; done\n" PANEL_REPLAY " apply " SAMPLE_RECIPES
+                  "/HBGammaCorrectionWidget.json -o 'o\xfc' \"$@\" || exit\n"
+                  "for name; do test -s 'o\xfc'/\"$name\" || exit 8; done\n"
+                  "rm -r 'o\xfc' \"$@\"");
+        QVERIFY2(outcome.code == 0, qPrintable(outcome.err));
+        for (const char* line : {"[1/5] \\xff.png\n", "[2/5] \\xe4ä\\xfe.png\n", "[3/5] \\xed\\xa0\\x80.png\n",
+                                 "[4/5] \xf0\x9f\x98\x80\\xf0.png\n", "[5/5] \\x1b[31m\\nred\\u202e.png\n"})
+            QVERIFY2(outcome.err.contains(line), qPrintable(outcome.err));
+    }
+
+    /// A file over the limit on sizes fails by itself.
+    void SizeLimit() {
+        QVERIFY(QImage(2, 2, QImage::Format_RGB32).save(Path("small.png")));
+        const Outcome outcome = Shell("ulimit -f 1; " PANEL_REPLAY " apply " SAMPLE_RECIPES
+                                      "/HBGammaCorrectionWidget.json a.png small.png -o out --format tif");
+        QCOMPARE(outcome.code, 1);
+        QVERIFY2(outcome.err.contains("a.tif: " + qt_error_string(EFBIG)), qPrintable(outcome.err));
+        QCOMPARE(m_pFolder->Files("out"), QStringList("small.tif"));
+    }
+
     void EveryPanelHasItsDemonstration() {
         const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"});
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err)); // names the missing samples/recipes/<panel>.json
@@ -205,9 +235,53 @@ private Q_SLOTS:
         }
     }
 
+    void InterruptedAtWork_data() {
+        HBColumns<QString, QString>("recipe", "format");
+        QTest::newRow("adjusting") << "long.json"
+                                   << "png";
+        QTest::newRow("encoding") << SAMPLE_RECIPES "/HBGammaCorrectionWidget.json"
+                                  << "webp"; // lossless: slow
+    }
+    /// Also in the midst of a photo.
+    void InterruptedAtWork() {
+        QFETCH(QString, recipe);
+        QFETCH(QString, format);
+        QByteArray steps;
+        for (int i = 0; i < 1000; ++i) steps += R"({"panel": "HBGammaCorrectionWidget", "values": {"gamma": 2}},)";
+        QVERIFY(HBWriteBytes(Path("long.json"), R"({"format": "adjustment-recipe", "version": 1, "steps": [)" +
+                                                    steps.left(steps.size() - 1) + "]}"));
+        QImage large(2000, 2000, QImage::Format_RGB32);
+        QRandomGenerator(1).generate(reinterpret_cast<quint32*>(large.bits()),
+                                     reinterpret_cast<quint32*>(large.bits()) + 4000000);
+        QVERIFY(large.save(Path("large.png")));
+        QProcess process;
+        process.setWorkingDirectory(m_pFolder->path());
+        process.setReadChannel(QProcess::StandardError);
+        process.start(PANEL_REPLAY, {"apply", recipe, "none.png", "large.png", "-o", "out", "--format", format,
+                                     "--quality", "100"});
+        QByteArray err;
+        while (!err.contains("[1/2]") && process.waitForReadyRead()) err += process.readAllStandardError();
+        QTest::qWait(500); // the second photo would take many seconds
+        QCOMPARE(process.state(), QProcess::Running);
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(pid_t(process.processId()), SIGTERM);
+        QVERIFY(process.waitForFinished());
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed()))); // alone: 0.1 s
+        err += process.readAllStandardError();
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY2(err.contains("interrupted; 0 of 2"), err.constData());
+        QCOMPARE(m_pFolder->Files("out"), QStringList());
+    }
+
 private:
+    Outcome Replay(const QStringList& arguments) const { return Run(PANEL_REPLAY, arguments); }
+    Outcome Shell(const QByteArray& script) const {
+        return HBWriteBytes(Path("script"), script) ? Run("sh", {"script"}) : Outcome();
+    }
+
     /// Without a display or a locale, as under cron.
-    Outcome Replay(const QStringList& arguments) const {
+    Outcome Run(const QString& program, const QStringList& arguments) const {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name :
@@ -217,7 +291,7 @@ private:
         environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_pFolder->path());
-        process.start(PANEL_REPLAY, arguments);
+        process.start(program, arguments);
         process.waitForFinished();
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
                 QString::fromUtf8(process.readAllStandardOutput()),

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <QVector>
+
+#include <array>
+
+/// What decides how good a JPEG's pixels are, and how large its file. Empty if the file is none.
+struct HBJpegCoding
+{
+    struct Component
+    {
+        int horizontal =
+            1; ///< sampling factors, 1..4: a component that has half of another's is stored in half size
+        int vertical = 1;
+        int table = 0; ///< its entry in `tables`
+    };
+    using Table = std::array<quint16, 64>; ///< divisors of the coefficients, 1..65535, row by row
+
+    QVector<Component> components; ///< one (grey), three or four (for print)
+    QVector<Table> tables;
+    bool isRgb = false;         ///< three components are red, green and blue, not luma and chroma
+    bool isProgressive = false; ///< comes into view in several passes
+
+    bool IsEmpty() const { return components.isEmpty(); }
+    /// Whether it is what a save can write, which knows grey and colours for screens.
+    bool CanBeWritten() const { return components.size() == 1 || components.size() == 3; }
+};
+
+// Any thread. Nothing is thrown but std::bad_alloc.
+
+HBJpegCoding HBReadJpegCoding(const QByteArray& file);
+
+/// Writes RGB32 or Grayscale8 pixels and their resolution; no metadata.
+/// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, `quality` holds
+/// \param quality 0..100 as libjpeg counts; from 90 on, colours are stored in full size
+bool HBWriteJpeg(const QImage& pixels, const HBJpegCoding& coding, int quality, QByteArray* bytes,
+                 QString* reason);
