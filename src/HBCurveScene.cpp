@@ -248,8 +248,11 @@ bool HBCurveScene::MovePoint(int index, const QPoint& point)
     // set another curve.
     if (!node || !CanMove(index, point))
         return false;
-    if (index == 0 || index == last)
+    if (index == 0 || index == last) {
         Q_EMIT EndMoving(index == 0 ? First : Last, point.x());
+        if (!node || !CanMove(index, point))
+            return false;
+    }
     Points()[index] = point;
     node->setPos(Flipped(point));
     RebuildCurve();

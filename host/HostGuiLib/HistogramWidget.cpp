@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QPainterPath>
 #include <QtConcurrent>
@@ -116,31 +117,65 @@ void HistogramWidget::SetImage(HBSharedImage<HBImage<>>* image)
 void HistogramWidget::RebuildHistogramm()
 {
     if (m_pQImage)
-        Start([image = m_pQImage->Get()](const std::atomic<bool>* abandoned) {
+        Request([image = m_pQImage->Get()](const std::atomic<bool>* abandoned) {
             return HBHistogrammCalculator::Count(image, abandoned);
         });
     else if (m_pImage)
-        Start([image = m_pImage->Get()](const std::atomic<bool>* abandoned) {
+        Request([image = m_pImage->Get()](const std::atomic<bool>* abandoned) {
             return HBHistogrammCalculator::Count(image, QRect(0, 0, image.Width(), image.Height()), abandoned);
         });
     else
         Clear();
 }
 
-/// Runs count(abandoned) in the pool. It holds a copy of the image, nothing of this widget, which may die meanwhile.
-template <class CountFunction>
-void HistogramWidget::Start(const CountFunction& count)
+/// The request holds a copy of the image, nothing of this widget, which may die while it is worked on.
+void HistogramWidget::Request(const CountFunction& count)
 {
     Abandon();
-    m_pAbandoned = std::make_shared<std::atomic<bool>>(false);
-    m_Watcher.setFuture(QtConcurrent::run([count, abandoned = m_pAbandoned]() -> Counts {
+    m_Waiting = [count](const std::atomic<bool>* abandoned) -> Counts {
         try {
-            return count(abandoned.get());
+            return count(abandoned);
         } catch (const std::exception& error) {
             qWarning("The histogram could not be counted: %s", error.what());
             return {};
         }
-    }));
+    };
+    if (isVisible() || isSignalConnected(QMetaMethod::fromSignal(&HistogramWidget::HistogrammComplete)))
+        Start();
+    else
+        m_Watcher.setFuture(QFuture<Counts>()); // the former request, if it still runs, is replaced
+}
+
+/// Counts in the pool what waits.
+void HistogramWidget::Start()
+{
+    if (!m_Waiting)
+        return;
+    m_pAbandoned = std::make_shared<std::atomic<bool>>(false);
+    m_Watcher.setFuture(QtConcurrent::run(
+        [count = std::exchange(m_Waiting, nullptr), abandoned = m_pAbandoned] { return count(abandoned.get()); }));
+}
+
+const HistogramWidget::Counts& HistogramWidget::Current() const
+{
+    if (m_Waiting) {
+        m_Counts = std::exchange(m_Waiting, nullptr)(nullptr);
+        m_Drawn = {};
+    }
+    return m_Counts;
+}
+
+void HistogramWidget::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    Start();
+}
+
+void HistogramWidget::connectNotify(const QMetaMethod& signal)
+{
+    QWidget::connectNotify(signal);
+    if (signal == QMetaMethod::fromSignal(&HistogramWidget::HistogrammComplete))
+        Start();
 }
 
 void HistogramWidget::Abandon()
@@ -153,6 +188,7 @@ void HistogramWidget::Clear()
 {
     Abandon();
     m_Watcher.setFuture(QFuture<Counts>());
+    m_Waiting = nullptr;
     m_Counts = {};
     m_Drawn = {};
     update();
@@ -172,9 +208,9 @@ void HistogramWidget::GetRange(int channel, int& low, int& high) const
 {
     low = 0;
     high = 0;
-    if (m_Counts.pixels == 0 || channel < 0 || channel >= HBHistogrammCalculator::ChannelCount)
+    if (Current().pixels == 0 || channel < 0 || channel >= HBHistogrammCalculator::ChannelCount)
         return;
-    const auto& levels = m_Counts.levels[channel];
+    const auto& levels = Current().levels[channel];
     const auto occurs = [](quint64 count) { return count > 0; };
     low = int(std::find_if(levels.begin(), levels.end(), occurs) - levels.begin());
     high = int(levels.rend() - std::find_if(levels.rbegin(), levels.rend(), occurs)) - 1;
@@ -184,7 +220,7 @@ uint HistogramWidget::GetCount(int channel, int level) const
 {
     if (channel < 0 || channel >= HBHistogrammCalculator::ChannelCount || level < 0 || level > 255)
         return 0;
-    return uint(qMin<quint64>(m_Counts.levels[channel][level], std::numeric_limits<uint>::max()));
+    return uint(qMin<quint64>(Current().levels[channel][level], std::numeric_limits<uint>::max()));
 }
 
 // ---- Painting ----
@@ -216,6 +252,8 @@ void HistogramWidget::changeEvent(QEvent* event)
 
 void HistogramWidget::paintEvent(QPaintEvent*)
 {
+    if (!isVisible())
+        Current(); // somebody takes a picture of it
     // Drawn once and kept: a curve that is dragged over it repaints it with every move.
     const double ratio = devicePixelRatioF();
     if (m_Drawn.isNull() || m_Drawn.devicePixelRatio() != ratio || m_Drawn.size() != size() * ratio)

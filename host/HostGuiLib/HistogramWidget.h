@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 /// Shows how often each level occurs in a picture. GUI thread only; the counting is done in the global thread pool.
@@ -21,6 +22,9 @@
 /// image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies, unless
 /// nobody rebuilds after that. A newer request replaces one that still runs; until its counts are there the former
 /// ones are shown and returned. Alpha is not looked at.
+///
+/// What nobody looks at is not counted: a request waits until the widget is shown, somebody is connected to
+/// HistogrammComplete, or a count is asked for, which is made at once then.
 class HOSTGUILIB_EXPORT HistogramWidget : public QWidget
 {
     Q_OBJECT
@@ -40,7 +44,7 @@ public:
     int Channel() const { return m_Mask; }
 
     /// Pixels of the counted picture, 0 if there is none.
-    double GetPixelsCount() const { return double(m_Counts.pixels); }
+    double GetPixelsCount() const { return double(Current().pixels); }
     /// The lowest and the highest level that occurs; 0 and 0 without a picture or for an unknown channel. Channels are
     /// indices here, not masks: 0 red, 1 green, 2 blue, 3 luminance (ITU-R BT.709).
     void GetRange(int channel, int& low, int& high) const;
@@ -56,12 +60,17 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void connectNotify(const QMetaMethod& signal) override;
 
 private:
     using Counts = HBHistogrammCalculator::Counts;
 
-    template <class CountFunction>
-    void Start(const CountFunction& count);
+    using CountFunction = std::function<Counts(const std::atomic<bool>* abandoned)>;
+
+    void Request(const CountFunction& count);
+    void Start();
+    const Counts& Current() const;
     void Abandon();
     void Clear();
     void OnCounted();
@@ -72,7 +81,8 @@ private:
     HBSharedImage<HBImage<>>* m_pImage = nullptr;
     QFutureWatcher<Counts> m_Watcher;
     std::shared_ptr<std::atomic<bool>> m_pAbandoned; ///< of the running count; shared with it
-    Counts m_Counts;
+    mutable CountFunction m_Waiting;                 ///< the request, unless it has begun
+    mutable Counts m_Counts;
     int m_Mask = 7;
-    QImage m_Drawn; ///< what was painted last; null when it must be drawn anew
+    mutable QImage m_Drawn; ///< what was painted last; null when it must be drawn anew
 };

@@ -107,6 +107,37 @@ private Q_SLOTS:
         QCOMPARE(c.widget.GetCount(0, 9), 200u);
     }
 
+    /// What nobody looks at waits: for a look, a listener or a question.
+    void CountsForSomebodyOnly() {
+        HBSharedImage<QImage> shared;
+        shared.Set(Grey(7));
+        enum { Shown, Listened, Asked };
+        for (const int way : {Shown, Listened, Asked}) {
+            HistogramWidget widget;
+            widget.SetImage(&shared);
+            QCoreApplication::processEvents();
+            QCOMPARE(QThreadPool::globalInstance()->activeThreadCount(), 0);
+            if (way == Shown) widget.show();
+            QSignalSpy complete(&widget, way == Asked ? SIGNAL(destroyed()) : SIGNAL(HistogrammComplete()));
+            if (way != Asked) QVERIFY(complete.wait());
+            QCOMPARE(widget.GetCount(0, 7), 200u);
+        }
+        // A count that runs when the widget is hidden does not outlive the request that then waits.
+        Counted c(Grey(1));
+        c.widget.show();
+        disconnect(&c.widget, nullptr, &c.complete, nullptr);
+        {
+            const PoolBlock block;
+            c.widget.RebuildHistogramm();
+            c.widget.hide();
+            c.shared.Set(Grey(9));
+            c.widget.RebuildHistogramm();
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(c.widget.GetCount(0, 9), 200u);
+        QCOMPARE(c.widget.GetCount(0, 1), 0u);
+    }
+
     void ANullPointerClears() {
         Counted c(Grey(1));
         {
