@@ -783,12 +783,12 @@
 <context>
     <name>HBOverlay</name>
     <message>
-        <source>There is not enough memory</source>
-        <translation>Der Speicher reicht nicht</translation>
+        <source>it takes more than %1 MB of memory</source>
+        <translation>er braucht mehr als %1 MB Speicher</translation>
     </message>
     <message>
-        <source>It cannot be drawn</source>
-        <translation>Das lässt sich nicht zeichnen</translation>
+        <source>A text needs a program with a graphical application object (QGuiApplication)</source>
+        <translation>Ein Text braucht ein Programm mit einem grafischen Anwendungsobjekt (QGuiApplication)</translation>
     </message>
     <message>
         <source>The margins leave no room</source>

@@ -5,8 +5,8 @@
 #include "adjustments_export.h"
 
 #include <QString>
-#include <QVariant>
 #include <QtGlobal>
+#include <QVariant>
 
 #include <array>
 #include <functional>
@@ -203,11 +203,13 @@ QVariant HBToVariant(const Value& value)
 template <class Value>
 void HBFromVariant(const QVariant& variant, Value& value)
 {
+    // canConvert() only knows types: any text could be a number.
+    QVariant converted = variant;
     if constexpr (std::is_enum_v<Value>) {
-        if (variant.canConvert<int>())
-            value = Value(variant.toInt());
-    } else if (variant.canConvert<Value>()) {
-        value = variant.value<Value>();
+        if (converted.convert(QMetaType::Int))
+            value = Value(converted.toInt());
+    } else if (converted.convert(qMetaTypeId<Value>())) {
+        value = converted.value<Value>();
     }
 }
 

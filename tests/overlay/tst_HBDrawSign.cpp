@@ -69,8 +69,7 @@ private Q_SLOTS:
             {"a strip: 0.3 by 0.18 pixels", {500, 3}, small, right | bottom, none, {499, 2, 1, 1}},
         };
         for (const auto& row : rows) {
-            HBSignParams params =
-                Stamp("place.png", HBPlain(row.stamp.width(), row.stamp.height(), Qt::red));
+            HBSignParams params = Stamp("place.png", HBPlain(row.stamp.width(), row.stamp.height(), Qt::red));
             params.alignment = Qt::Alignment(QFlag(row.alignment));
             params.margins = row.margins;
             const QImage before = HBPlain(row.picture.width(), row.picture.height(), Qt::white);
@@ -152,6 +151,12 @@ private Q_SLOTS:
         // The head of a picture of 20000 by 20000 pixels.
         QFile bomb(m_Folder.filePath("bomb.ppm"));
         QVERIFY(bomb.open(QIODevice::WriteOnly) && bomb.write("P6 20000 20000 255\n") > 0);
+        // The head of one of 8000 by 8000 pixels of four times 16 bits.
+        QFile deep(m_Folder.filePath("deep.png"));
+        QVERIFY(deep.open(QIODevice::WriteOnly));
+        deep.write(
+            QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200001f4000001f401006000000566171b700000000"));
+        deep.write("IDAT");
 
         const QString missing = m_Folder.filePath("a%1 b.png");
         QTest::newRow("missing")
@@ -168,6 +173,8 @@ private Q_SLOTS:
         QTest::newRow("cut short") << cut.fileName() << none << cut.fileName() + " cannot be read: ";
         QTest::newRow("a bomb") << bomb.fileName() << none
                                 << bomb.fileName() + " cannot be read: it is larger than 100 megapixels";
+        QTest::newRow("16 bits") << deep.fileName() << none
+                                 << deep.fileName() + " cannot be read: it takes more than 400 MB of memory";
         QTest::newRow("no room") << whole.fileName() << HBMargins(500, 0, 500, 0)
                                  << QString("The margins leave no room");
         QTest::newRow("hostile margins") << whole.fileName() << HBMargins(INT_MAX, INT_MAX, INT_MAX, INT_MAX)
@@ -213,6 +220,30 @@ private Q_SLOTS:
         QCOMPARE(Drawn(picture, params).pixelColor(15, 25), QColor(Qt::blue));
         QVERIFY(QFile::remove(params.fileName));
         QVERIFY(Drawn(picture, params).isNull());
+    }
+
+    /// Two stamps in turn, at their own and at other sizes, are read once, and again only when their files differ.
+    void KeepsTheStampsUsedLast() {
+        QVector<HBSignParams> records;
+        QVector<QImage> before;
+        for (const auto& [name, color] : {std::pair("first.bmp", Qt::red), std::pair("second.bmp", Qt::blue)}) {
+            records.append(Stamp(name, HBPlain(40, 30, color)));
+            for (const int side : {1000, 500, 2000})
+                before.append(Drawn(HBPlain(side, side, Qt::white), records.last()));
+            // Looks the same from outside, and is no picture.
+            QFile file(records.last().fileName);
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            const QDateTime modified = file.fileTime(QFile::FileModificationTime);
+            file.write(QByteArray(int(file.size()), 'x'));
+            file.flush();
+            QVERIFY(file.setFileTime(modified, QFile::FileModificationTime));
+        }
+        QVector<QImage> after;
+        for (const HBSignParams& record : records) {
+            for (const int side : {1000, 500, 2000}) after.append(Drawn(HBPlain(side, side, Qt::white), record));
+        }
+        QCOMPARE(after, before);
+        QVERIFY(!after.contains(QImage()));
     }
 
 private:

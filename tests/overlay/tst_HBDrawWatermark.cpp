@@ -250,6 +250,16 @@ private Q_SLOTS:
         QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());
         QCOMPARE(error, QString("The font No Such Font %2 is not installed"));
 
+        // Only so many names of a font are tried.
+        QStringList names = QString("No Such Font,").repeated(31).split(',');
+        names[31] = QFont().family();
+        params.font.setFamilies(names);
+        HBDrawWatermark(picture, params, &error);
+        QCOMPARE(error, QString());
+        params.font.setFamilies(QStringList("No Such Font") + names);
+        HBDrawWatermark(picture, params, &error);
+        QCOMPARE(error, QString("The font No Such Font %2 is not installed"));
+
         params.font = QFont();
         params.margins = HBMargins(0, 999, 0, 1); // of 1000
         QCOMPARE(HBDrawWatermark(picture, params, &error).Tiles(), picture.Tiles());

@@ -36,8 +36,6 @@ struct CommonRecordCase {
     static constexpr bool hasJob = true;
     static constexpr bool keepsAlpha = true;     ///< false: paints over what is transparent
     static constexpr const char* hiddenBox = ""; ///< a box that does not show the record, on purpose
-    static constexpr bool readsAnyFields =
-        true; ///< false: Qt cannot read every content without running out of memory
     /// What reading makes of a written record.
     template <class Params>
     static Params ReadBack(const Params& written) {
@@ -302,8 +300,6 @@ struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase {
     static constexpr const char* readMessage = "Read watermark data error.";
     static constexpr const char* writeMessage = "Write watermark data error.";
     static constexpr const char* source = "src\\HBWatermarkWidget";
-    static constexpr bool readsAnyFields =
-        false; // the number of a font's names; the catalog refuses such a record
     static constexpr int readLine = 561;
     static constexpr int writeLine = 548;
     static HBWatermarkWidget::Params Sample() {
