@@ -55,7 +55,8 @@ HBPanelEntry Row()
     HBPanelEntry row{};
     row.className = Panel::staticMetaObject.className();
     row.adjustment = HBFindAdjustment(QString::fromLatin1(row.className));
-    Q_ASSERT_X(row.adjustment, row.className, "has no row in HBAdjustmentTable.cpp");
+    if (!row.adjustment)
+        qFatal("%s has no row in HBAdjustmentTable.cpp", row.className);
     row.tag = row.adjustment->tag;
     row.group = row.adjustment->group;
     row.title = row.adjustment->title;

@@ -176,17 +176,21 @@ private Q_SLOTS:
                 const HBTarget target = HBTestTarget(size, selected);
                 for (int i = 0; i < records.size(); ++i) {
                     const HBOutcome outcome = HBRun(adjustment, records[i], target);
-                    if (IsText(adjustment)) {
-                        QCOMPARE(outcome.status, HBOutcome::Failed);
-                        QVERIFY(!HBFailureReason(outcome).isEmpty());
-                        continue;
-                    }
-                    QVERIFY2(outcome.IsWhole(), qPrintable(HBFailureReason(outcome)));
-                    QCOMPARE(InOnePass({HBStepOf(adjustment, records[i])}, target), outcome.image.ToQImage());
+                    const QString reason = HBFailureReason(outcome);
+                    QCOMPARE(outcome.IsWhole(), reason.isEmpty());
+                    // Margins may leave no room for an overlay.
+                    QVERIFY2(outcome.IsWhole() || (i > 1 && reason.contains("margins")) || IsText(adjustment),
+                             qPrintable(reason));
+                    if (IsText(adjustment) && i == 1) QVERIFY(!outcome.IsWhole());
+                    QString error;
+                    const HBImage<> byRecipe =
+                        HBApplyRecipe(target, {{HBStepOf(adjustment, records[i])}}, &error, nullptr);
+                    QCOMPARE(error, reason.isEmpty() ? QString() : "Step 1 (" + name + "): " + reason);
+                    if (outcome.IsWhole()) QCOMPARE(byRecipe.ToQImage(), outcome.image.ToQImage());
                 }
             }
         }
-        QVERIFY(IsText(adjustment) || HBRun(adjustment, adjustment.defaults, {}).IsWhole());
+        QVERIFY(IsText(adjustment) || HBRun(adjustment, adjustment.defaults, HBTarget()).IsWhole());
     }
 
     void PairsInOnePass_data() { Rows_data(); }

@@ -1,19 +1,39 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# Reads every #include of the tree at ROOT and names those that reach up: from a host library to a panel, from a panel
-# to the catalog or a program, from a library without widgets to a widget, or from outside photo/ to Exiv2.
-# QT_INCLUDE_DIRS: where the headers of Qt's widgets are.
+# Reads every #include of the tree at ROOT and names those that reach up, as from an adjustment to a panel; those from a
+# folder without widgets to a widget; those from adjustments and photo files to another host library than they are for;
+# and Exiv2's outside photo/. QT_INCLUDE_DIRS: where the headers of Qt's widgets are.
 cmake_minimum_required(VERSION 3.21)
 
 # The folders of each layer. A file may include headers of its own layer and of lower ones.
-set(layers programs catalog panels adjustments host) # from the top down
-set(programs editor photo replay)
+set(layers programs catalog panels adjustments photo host) # from the top down
+set(programs editor replay)
 set(catalog catalog)
 set(panels include src)
 set(adjustments adjustments)
+set(photo photo)
 set(host host)
-set(without_widgets "^(adjustments|host/ImagingLib|host/HostUtilsLib)/")
+set(without_widgets "^(adjustments|photo|replay|host/(HostCoreLib|HostUtilsLib|ImagingLib))/")
+set(without_gui_host "^(adjustments|photo)/") # of the host they know ImagingLib and HostCoreLib alone
+set(without_photos "^(adjustments|catalog|include|src)/") # photo files are the programs' alone
+
+function(header_names result)
+    set(names "")
+    foreach(folder IN LISTS ARGN)
+        file(GLOB_RECURSE found ${ROOT}/${folder}/*.h)
+        foreach(file IN LISTS found)
+            cmake_path(GET file FILENAME name)
+            list(APPEND names ${name})
+        endforeach()
+    endforeach()
+    set(${result} ${names} PARENT_SCOPE)
+endfunction()
+
+file(GLOB gui_host LIST_DIRECTORIES TRUE RELATIVE ${ROOT} ${ROOT}/host/*)
+list(FILTER gui_host EXCLUDE REGEX "/(HostCoreLib|ImagingLib|CMakeLists.txt)$")
+header_names(gui_host_headers ${gui_host})
+header_names(photo_headers photo)
 
 function(is_widget header result)
     set(found FALSE)
@@ -34,7 +54,11 @@ function(fault_of file header higher result)
     if(header_name IN_LIST higher)
         set(fault "belongs to a higher layer")
     elseif(widget AND file MATCHES "${without_widgets}")
-        set(fault "is a widget's, in a library without widgets")
+        set(fault "is a widget's, in a folder without widgets")
+    elseif(header_name IN_LIST gui_host_headers AND file MATCHES "${without_gui_host}")
+        set(fault "is neither ImagingLib's nor HostCoreLib's")
+    elseif(header_name IN_LIST photo_headers AND file MATCHES "${without_photos}")
+        set(fault "is for programs alone")
     elseif(header MATCHES "^exiv2/" AND NOT file MATCHES "^photo/")
         set(fault "may be used in photo/ only, for its licence")
     else()

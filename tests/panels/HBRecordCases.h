@@ -48,7 +48,6 @@ struct RecordCase;
 
 template <>
 struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMBrightnessContrast 1.00000";
     static constexpr const char* readMessage = "Read brightness and contrast data error.";
     static constexpr const char* writeMessage = "Write brightness and contrast data error.";
     static constexpr const char* source = "src\\HBBrightnessContrastWidget";
@@ -62,7 +61,6 @@ struct RecordCase<HBBrightnessContrastWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBLevelsWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMLevels 1.00000";
     static constexpr const char* readMessage = "Read levels data error.";
     static constexpr const char* writeMessage = "Write levels data error.";
     static constexpr const char* source = "src\\HBLevelsWidget";
@@ -99,7 +97,6 @@ struct RecordCase<HBLevelsWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBCurvesWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMCurves 1.00000";
     static constexpr const char* readMessage = "Read curves data error.";
     static constexpr const char* writeMessage = "Write curves data error.";
     static constexpr const char* source = "src\\HBCurvesWidget";
@@ -125,7 +122,6 @@ struct RecordCase<HBCurvesWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBThresholdWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMThreshold 1.00000";
     static constexpr const char* readMessage = "Read threshold data error.";
     static constexpr const char* writeMessage = "Write threshold data error.";
     static constexpr const char* source = "src\\HBThresholdWidget";
@@ -137,7 +133,6 @@ struct RecordCase<HBThresholdWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBHueSaturationWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMHueSaturation 1.00000";
     static constexpr const char* readMessage = "Read hue and saturation data error.";
     static constexpr const char* writeMessage = "Write hue and saturation data error.";
     static constexpr const char* source = "src\\HBHueSaturationWidget";
@@ -150,7 +145,6 @@ struct RecordCase<HBHueSaturationWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBColorBalanceWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMColorBalance 1.00000";
     static constexpr const char* readMessage = "Read color balance data error.";
     static constexpr const char* writeMessage = "Write color balance data error.";
     static constexpr const char* source = "src\\HBColorBalanceWidget";
@@ -166,7 +160,6 @@ struct RecordCase<HBColorBalanceWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBWBWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMWhiteBalance 1.00000";
     static constexpr const char* readMessage = "Read WB data error.";
     static constexpr const char* writeMessage = "Write WB data error.";
     static constexpr const char* source = "src\\HBWBWidget";
@@ -178,7 +171,6 @@ struct RecordCase<HBWBWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBTemperatureWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMTemperature 1.00000";
     static constexpr const char* readMessage = "Read temperature data error.";
     static constexpr const char* writeMessage = "Write temperature data error.";
     static constexpr const char* source = "src\\HBTemperatureWidget";
@@ -191,7 +183,6 @@ struct RecordCase<HBTemperatureWidget> : CommonRecordCase {
 
 template <>
 struct RecordCase<HBColorEnhancerWidget> : CommonRecordCase {
-    static constexpr const char* tag = "KMColorEnhancer 1.00000";
     static constexpr const char* readMessage = "Read color enhancer data error.";
     static constexpr const char* writeMessage = "Write color enhancer data error.";
     static constexpr const char* source = "src\\HBColorEnhancerWidget";
@@ -209,7 +200,6 @@ struct ColourRecordCase : CommonRecordCase {
 
 template <>
 struct RecordCase<HBTintWidget> : ColourRecordCase {
-    static constexpr const char* tag = "KMTint 1.00000";
     static constexpr const char* readMessage = "Read tint data error.";
     static constexpr const char* writeMessage = "Write tint data error.";
     static constexpr const char* source = "src\\HBTintWidget";
@@ -222,7 +212,6 @@ struct RecordCase<HBTintWidget> : ColourRecordCase {
 
 template <>
 struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase {
-    static constexpr const char* tag = "KMBlackAndWhite 1.00000";
     static constexpr const char* otherTag = "KMDesaturate 1.00000";
     static constexpr const char* readMessage = "Read BlackAndWhite data error.";
     static constexpr const char* writeMessage = "Write BlackAndWhite data error.";
@@ -233,7 +222,6 @@ struct RecordCase<HBBlackAndWhiteWidget> : ColourRecordCase {
 
 template <>
 struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase {
-    static constexpr const char* tag = "KMPhotoFilter 1.00000";
     static constexpr const char* readMessage = "Read photo filter data error.";
     static constexpr const char* writeMessage = "Write photo filter data error.";
     static constexpr const char* source = "src\\HBPhotoFilterWidget";
@@ -246,7 +234,6 @@ struct RecordCase<HBPhotoFilterWidget> : ColourRecordCase {
 
 template <>
 struct RecordCase<HBColorizeWidget> : ColourRecordCase {
-    static constexpr const char* tag = "KMColorizeFilter 1.00000";
     static constexpr const char* readMessage = "Read colorize data error.";
     static constexpr const char* writeMessage = "Write colorize data error.";
     static constexpr const char* source = "src\\HBColorizeWidget";
@@ -259,7 +246,6 @@ struct RecordCase<HBColorizeWidget> : ColourRecordCase {
 
 template <>
 struct RecordCase<HBReplaceColorWidget> : ColourRecordCase {
-    static constexpr const char* tag = "KMReplaceColor 1.00000";
     static constexpr const char* readMessage = "Read sign data error."; // the sign panel's, on purpose
     static constexpr const char* writeMessage = "Write sign data error.";
     static constexpr const char* source = "src\\HBReplaceColorWidget";
@@ -276,7 +262,6 @@ struct RecordCase<HBReplaceColorWidget> : ColourRecordCase {
 template <>
 struct RecordCase<KMFillColorWidget> : ColourRecordCase {
     static constexpr bool keepsAlpha = false;
-    static constexpr const char* tag = "KMFillColor 1.00000";
     static constexpr const char* readMessage = "Read colorize data error."; // the colorize panel's, on purpose
     static constexpr const char* writeMessage = "Write colorize data error.";
     static constexpr const char* source = "src\\KMFillColorWidget";
@@ -297,7 +282,6 @@ struct OverlayRecordCase : CommonRecordCase {
 
 template <>
 struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase {
-    static constexpr const char* tag = "KMSign 1.00000";
     static constexpr const char* readMessage = "Read sign data error.";
     static constexpr const char* writeMessage = "Write sign data error.";
     static constexpr const char* source = "src\\HBSignWidget";
@@ -313,7 +297,6 @@ struct RecordCase<HBOverlayPanel<HBSignWidget>> : OverlayRecordCase {
 
 template <>
 struct RecordCase<HBOverlayPanel<HBWatermarkWidget>> : OverlayRecordCase {
-    static constexpr const char* tag = "KMWatermark 1.00000";
     static constexpr const char* readMessage = "Read watermark data error.";
     static constexpr const char* writeMessage = "Write watermark data error.";
     static constexpr const char* source = "src\\HBWatermarkWidget";

@@ -8,6 +8,7 @@
 #include "HBTestImages.h"
 #include "HBTestMain.h"
 
+#include <HBAdjustment.h>
 #include <HBExposureWidget.h>
 #include <HBGammaCorrectionWidget.h>
 #include <HBPosterizeWidget.h>
@@ -21,26 +22,13 @@
 namespace {
 
 /// The tags of all records, also of those that another version of the library wrote.
-const QByteArray AllTags[] = {
-    "KMBrightnessContrast 1.00000",
-    "KMHueSaturation 1.00000",
-    "KMColorBalance 1.00000",
-    "KMLevels 1.00000",
-    "KMCurves 1.00000",
-    "KMSign 1.00000",
-    "KMWatermark 1.00000",
-    "KMReplaceColor 1.00000",
-    "KMTint 1.00000",
-    "KMPhotoFilter 1.00000",
-    "KMColorizeFilter 1.00000",
-    "KMBlackAndWhite 1.00000",
-    "KMDesaturate 1.00000",
-    "KMThreshold 1.00000",
-    "KMColorEnhancer 1.00000",
-    "KMTemperature 1.00000",
-    "KMWhiteBalance 1.00000",
-    "KMFillColor 1.00000",
-};
+QVector<QByteArray> AllTags() {
+    QVector<QByteArray> tags = {"KMDesaturate 1.00000"};
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        if (adjustment.tag) tags += adjustment.tag;
+    }
+    return tags;
+}
 
 /// The checks that every record passes, written once for all panels.
 template <class Panel>
@@ -49,8 +37,8 @@ struct Checks {
     using Params = typename Panel::Params;
 
     static QByteArray Fields() { return QByteArray::fromHex(Case::fields); }
-    static QByteArray Stored() { return Case::tag + Fields(); }
-    static int TagSize() { return int(qstrlen(Case::tag)); }
+    static QByteArray Stored() { return Params::Tag + Fields(); }
+    static int TagSize() { return int(qstrlen(Params::Tag)); }
 
     static QByteArray Bytes(const Params& params) {
         QByteArray bytes;
@@ -160,16 +148,16 @@ struct Checks {
 
     static void ForeignTag() {
         QVector<QByteArray> heads;
-        for (const QByteArray& tag : AllTags) {
-            if (tag != Case::tag && tag != Case::otherTag) heads += tag;
+        for (const QByteArray& tag : AllTags()) {
+            if (tag != Params::Tag && tag != Case::otherTag) heads += tag;
         }
-        QCOMPARE(heads.size(), int(std::size(AllTags)) - (Case::otherTag ? 2 : 1));
+        QCOMPARE(heads.size(), AllTags().size() - (Case::otherTag ? 2 : 1));
         for (int i = 0; i < TagSize(); ++i) {
-            heads += Case::tag;
+            heads += Params::Tag;
             heads.last()[i] = heads.last().at(i) ^ 1;
         }
         heads += QByteArray(TagSize(), '\0');
-        heads += QByteArray(Case::tag).replace(' ', '\0');
+        heads += QByteArray(Params::Tag).replace(' ', '\0');
         for (const QByteArray& head : heads) {
             QBuffer buffer;
             buffer.setData(head + Fields() + Fields() + QByteArray(32, '\1'));
@@ -246,7 +234,7 @@ struct Checks {
                 QByteArray fields = Fields().left(kept);
                 while (fields.size() < Fields().size() + 64) fields += unit;
                 HBLogCapture log;
-                QDataStream reader(Case::tag + fields);
+                QDataStream reader(Params::Tag + fields);
                 reader.setVersion(QDataStream::Qt_5_15);
                 Params params;
                 if (!params.Read(reader)) continue;

@@ -3,11 +3,10 @@
 #include "../photo/HBTestFiles.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
-#include <HBBrightnessContrastWidget.h>
-#include <HBPanelCatalog.h>
+#include <HBBrightnessContrast.h>
 #include <HBPhotoFile.h>
-#include <HBRecipe.h>
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -45,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString());
         const QStringList lines = outcome.out.split('\n', Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), HBPanelCatalog().size());
+        QCOMPARE(lines.size(), HBAdjustments().size());
         QCOMPARE(
             lines[0],
             QString("HBBrightnessContrastWidget\tKMBrightnessContrast 1.00000\tTonal\tBrightness and Contrast"));
@@ -101,11 +100,10 @@ private Q_SLOTS:
 
     /// Of a recipe, by the formula itself.
     void WritesWhatTheFormulaSays() {
-        HBBrightnessContrastWidget panel(false, nullptr, {});
-        panel.SetValue({30, 40});
-        const char* name = panel.metaObject()->className();
+        const HBRecipeStep step =
+            HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"), HBBrightnessContrastParams{30, 40});
         QString error;
-        QVERIFY((HBRecipe{{{name, HBFindPanel(name)->save(panel)}}}.Save(Path("own.json"), &error)));
+        QVERIFY(HBRecipe{{step}}.Save(Path("own.json"), &error));
         const Outcome outcome = Replay({"apply", "own.json", "a.png", "-o", "out"});
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString("[1/1] a.png\n"));
@@ -196,13 +194,13 @@ private Q_SLOTS:
         const Outcome outcome = Replay({"sheet", "a.png", "-o", "out", "--format", "png"});
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err)); // names the missing samples/recipes/<panel>.json
         const QImage original(Path("a.png"));
-        for (const HBPanelEntry& panel : HBPanelCatalog()) {
+        for (const HBAdjustment& panel : HBAdjustments()) {
             const QImage shown(Path(QString("out/a-%1.png").arg(panel.className)));
             QCOMPARE(shown.size(), original.size());
             QVERIFY2(shown != original, panel.className);
         }
         QVERIFY(QImage(Path("out/a-contact-sheet.png")).width() > 320);
-        QCOMPARE(outcome.out.split('\n', Qt::SkipEmptyParts).size(), HBPanelCatalog().size() + 1);
+        QCOMPARE(outcome.out.split('\n', Qt::SkipEmptyParts).size(), HBAdjustments().size() + 1);
     }
 
     /// Whole files or none, and an end that comes soon.
@@ -246,10 +244,11 @@ private Q_SLOTS:
     void InterruptedAtWork() {
         QFETCH(QString, recipe);
         QFETCH(QString, format);
-        QByteArray steps;
-        for (int i = 0; i < 1000; ++i) steps += R"({"panel": "HBGammaCorrectionWidget", "values": {"gamma": 2}},)";
-        QVERIFY(HBWriteBytes(Path("long.json"), R"({"format": "adjustment-recipe", "version": 1, "steps": [)" +
-                                                    steps.left(steps.size() - 1) + "]}"));
+        // Not of tables, which would become one.
+        const HBAdjustment& hue = *HBFindAdjustment("HBHueSaturationWidget");
+        QString error;
+        QVERIFY(HBRecipe{QVector<HBRecipeStep>(1000, HBStepOf(hue, HBDemonstration(hue)))}.Save(Path("long.json"),
+                                                                                                &error));
         QImage large(2000, 2000, QImage::Format_RGB32);
         QRandomGenerator(1).generate(reinterpret_cast<quint32*>(large.bits()),
                                      reinterpret_cast<quint32*>(large.bits()) + 4000000);

@@ -58,7 +58,8 @@ std::any HBRandomRecord(const HBAdjustment& adjustment, QRandomGenerator& random
         const QVariant value = field.get(data);
         if (field.type == HBFieldInfo::Number) {
             const double width = field.range.maximum - field.range.minimum;
-            const double share = random.bounded(8) ? random.generateDouble() : 3 * random.generateDouble() - 1;
+            double share = random.bounded(8) ? random.generateDouble() : 3 * random.generateDouble() - 1;
+            if (field.key.startsWith("margins")) share = random.generateDouble() * 0.4; // more may leave no room
             SetNumber(field, adjustment, record, field.range.minimum + share * width);
         } else if (field.type == HBFieldInfo::Choice) {
             field.set(data, random.bounded(int(field.values.size())));

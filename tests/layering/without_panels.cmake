@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+# SPDX-License-Identifier: MIT
+
+# Copies the tree without the folders of the panels, and builds and runs there what must not need them: the adjustments
+# with their tests, the photo files and the replayer.
+cmake_minimum_required(VERSION 3.21)
+
+set(ENV{CMAKE_GENERATOR} ${GENERATOR})
+set(ENV{CXX} ${CXX_COMPILER})
+# Left out when it is empty: ccache is optional.
+if(CXX_COMPILER_LAUNCHER)
+    set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} ${CXX_COMPILER_LAUNCHER})
+    set(ENV{CCACHE_BASEDIR} ${WORK_DIR}/tree)
+    set(ENV{CCACHE_NOHASHDIR} 1)
+endif()
+
+function(run step)
+    message(STATUS ${step})
+    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "${step}: ${result}\n${output}")
+    endif()
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR}/tree)
+foreach(folder adjustments cmake host photo replay samples tests theme translations)
+    file(COPY ${SOURCE_DIR}/${folder} DESTINATION ${WORK_DIR}/tree)
+endforeach()
+file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_DIR}/tree)
+
+set(build ${WORK_DIR}/build)
+run("Configure" ${CMAKE_COMMAND} -S ${WORK_DIR}/tree -B ${build} -D ADJUSTMENT_PANELS_WIDGETS=OFF
+    -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D "CMAKE_CXX_FLAGS_DEBUG=${CXX_FLAGS}")
+run("Build" ${CMAKE_COMMAND} --build ${build} --target panel-replay tst_EveryAdjustment tst_HBRecipe tst_PanelReplay)
+run("Adjust" ${build}/tests/adjustments/tst_EveryAdjustment Rows EightThreads)
+run("List" ${build}/replay/panel-replay list)
+run("Ask what the replayer links" ldd ${build}/replay/panel-replay)
+if(output MATCHES "Qt5Widgets")
+    message(FATAL_ERROR "panel-replay links Qt's widgets:\n${output}")
+endif()
