@@ -57,7 +57,13 @@ function(adjustment_panels_library name)
     string(TOLOWER ${name} lower)
     string(TOUPPER ${name} upper)
     set(export_header ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h)
-    generate_export_header(${target} BASE_NAME ${name} EXPORT_FILE_NAME ${export_header})
+    # For a class that others are likely to have too: a tag in the names of its symbols. A macro, as lupdate does not know
+    # what a class is called behind attributes.
+    set(own_name "#ifndef ADJUSTMENT_PANELS_OWN_NAME
+#  define ADJUSTMENT_PANELS_OWN_NAME __attribute__((abi_tag(\"AdjustmentPanels\")))
+#endif")
+    generate_export_header(${target} BASE_NAME ${name} EXPORT_FILE_NAME ${export_header}
+        CUSTOM_CONTENT_FROM_VARIABLE own_name)
     foreach(folder IN ITEMS ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR} ${ARG_INCLUDE})
         target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
     endforeach()

@@ -14,7 +14,7 @@
 ///
 /// Its symbols bear a tag: without it, a program's own class ControlNode, no rare name, would take the place of this
 /// one inside the panels.
-class GEOMETRYLIB_EXPORT __attribute__((abi_tag("AdjustmentPanels"))) ControlNode : public QGraphicsObject
+class GEOMETRYLIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME ControlNode : public QGraphicsObject
 {
     Q_OBJECT
 public:

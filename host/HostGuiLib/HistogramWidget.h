@@ -28,7 +28,7 @@
 ///
 /// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place of this
 /// one inside the panels.
-class HOSTGUILIB_EXPORT __attribute__((abi_tag("AdjustmentPanels"))) HistogramWidget : public QWidget
+class HOSTGUILIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME HistogramWidget : public QWidget
 {
     Q_OBJECT
 public:
