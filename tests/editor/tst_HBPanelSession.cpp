@@ -65,15 +65,27 @@ private:
     int m_Value = 1;
 };
 
-const HBPanelEntry entry = {"ValuePanel",
-                            nullptr,
-                            "Test",
-                            "Value",
-                            [](bool dialog, QWidget*) -> HBAdjustmentWidget* { return new ValuePanel(dialog); },
-                            [](const HBAdjustmentWidget&) {
-                                return QJsonObject{{"value", 1}};
-                            },
-                            [](HBAdjustmentWidget&, const QJsonObject&, QString*) { return true; }};
+HBAdjustment ValueAdjustment() {
+    HBAdjustment adjustment{};
+    adjustment.className = "ValuePanel";
+    adjustment.group = "Test";
+    adjustment.title = "Value";
+    adjustment.save = [](const std::any&) { return QJsonObject{{"value", 1}}; };
+    adjustment.restore = [](const QJsonObject&, std::any*, QString*) { return true; };
+    return adjustment;
+}
+const HBAdjustment adjustment = ValueAdjustment();
+
+HBPanelEntry ValueEntry() {
+    HBPanelEntry row{};
+    row.adjustment = &adjustment;
+    row.className = adjustment.className;
+    row.create = [](bool dialog, QWidget*) -> HBAdjustmentWidget* { return new ValuePanel(dialog); };
+    row.get = [](const HBAdjustmentWidget&) { return std::any(); };
+    row.set = [](HBAdjustmentWidget&, const std::any&) {};
+    return row;
+}
+const HBPanelEntry entry = ValueEntry();
 
 /// A session on a photo of 3 x 3 tiles, and what it has told.
 struct Fixture {

@@ -29,8 +29,10 @@ foreach(folder adjustments cmake host photo replay samples tests theme translati
 endforeach()
 file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_DIR}/tree)
 
-set(build ${WORK_DIR}/build)
+# As deep as the build that has compiled the same before, so that ccache knows it again.
+set(build ${WORK_DIR}/tree/build/dev)
 run("Configure" ${CMAKE_COMMAND} -S ${WORK_DIR}/tree -B ${build} -D ADJUSTMENT_PANELS_WIDGETS=OFF
+    -D ADJUSTMENT_PANELS_WERROR=${WERROR}
     -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D "CMAKE_CXX_FLAGS_DEBUG=${CXX_FLAGS}")
 run("Build" ${CMAKE_COMMAND} --build ${build} --target panel-replay tst_EveryAdjustment tst_HBRecipe tst_PanelReplay)
 run("Adjust" ${build}/tests/adjustments/tst_EveryAdjustment Rows EightThreads)
