@@ -80,34 +80,33 @@ std::shared_ptr<const HBStamp> HBStamp::Load(const QString& file, const std::fun
     std::shared_ptr<const HBStamp> stamp = picture.isEmpty() ? nullptr : cache.Find(key, fit(picture));
     if (stamp)
         return stamp;
-    std::shared_ptr<const HBStamp> whole = picture.isEmpty() ? nullptr : cache.Find(key, picture);
-    if (!whole) {
-        const QImage image = Decoded(file);
-        picture = image.size();
-        whole = std::make_shared<const HBStamp>(image, picture);
-        cache.Keep(key, picture, whole);
-    }
+    const std::shared_ptr<const HBStamp> whole = picture.isEmpty() ? nullptr : cache.Find(key, picture);
+    QImage image = whole ? whole->Image() : Decoded(file);
+    picture = image.size();
     const QSize size = fit(picture);
-    if (size == picture)
-        return whole;
-    stamp = std::make_shared<const HBStamp>(whole->Image(), size);
+    if (!whole && size != picture && image.sizeInBytes() <= HBStampCache::MaximumBytes)
+        cache.Keep(key, picture, std::make_shared<const HBStamp>(image, picture));
+    stamp = std::make_shared<const HBStamp>(std::move(image), size);
     cache.Keep(key, picture, stamp);
     return stamp;
 }
 
-HBStamp::HBStamp(const QImage& image, const QSize& size) : m_Size(size), m_Image(image)
+HBStamp::HBStamp(QImage image, const QSize& size) : m_Size(size)
 {
-    if (size.width() <= image.width() && size.height() <= image.height()) {
-        if (size != image.size()) {
-            m_Image = Usable(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                                 .convertToFormat(QImage::Format_ARGB32));
-        }
+    if (size == image.size()) {
+        m_Image = std::move(image);
         return;
     }
-    // Colours mix by their coverage.
-    m_Image = Usable(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
-    m_Columns = HBEnlarging(image.width(), size.width());
-    m_Rows = HBEnlarging(image.height(), size.height());
+    // Colours mix by their coverage. A large image that is nobody else's is converted where it is.
+    const QImage mixing = Usable(std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    if (size.width() <= mixing.width() && size.height() <= mixing.height()) {
+        m_Image = Usable(mixing.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                             .convertToFormat(QImage::Format_ARGB32));
+        return;
+    }
+    m_Image = mixing;
+    m_Columns = HBEnlarging(mixing.width(), size.width());
+    m_Rows = HBEnlarging(mixing.height(), size.height());
 }
 
 void HBStamp::Read(const QRect& piece, QRgb* pixels, int stride) const

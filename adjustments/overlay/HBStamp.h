@@ -28,7 +28,7 @@ public:
     static std::shared_ptr<const HBStamp> Load(const QString& file, const std::function<QSize(const QSize&)>& fit);
 
     /// \param image in Format_ARGB32
-    HBStamp(const QImage& image, const QSize& size);
+    HBStamp(QImage image, const QSize& size);
 
     /// Whether Read gives premultiplied pixels.
     bool IsPremultiplied() const { return !m_Columns.IsEmpty(); }
