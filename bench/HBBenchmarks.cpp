@@ -12,6 +12,7 @@
 #include "HBAverageTintRGB32.h"
 #include "HBBenchmarkSummary.h"
 #include "HBPanelBenchmark.h"
+#include "HBRecipeBenchmark.h"
 #include "HBThresholdRGB32.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
@@ -414,6 +415,8 @@ int main(int argc, char* argv[])
             HBRegisterPanel(row.panel, row.job == FloodName ? PlainPicture : Photo);
     }
 
+    HBRegisterRecipes(Photo);
+
     // Medians of many short repetitions, interleaved: another program on the machine then disturbs all alike.
     std::vector<std::string> defaults = {"--benchmark_repetitions=15", "--benchmark_min_time=0.1",
                                          "--benchmark_enable_random_interleaving=true"};
@@ -438,9 +441,11 @@ int main(int argc, char* argv[])
                     "times.\n",
                     reporter.Median(ReadName), reporter.Median("Histogram") / reporter.Median(ReadName),
                     reporter.Median("WhiteBalance_Cast") / reporter.Median(ReadName));
+        HBPrintRecipes(reporter, CopyName);
         return 0;
     }
     if (shortRun) // its times tell nothing: much of the memory is new
         return 0;
-    return reporter.PrintSummary(rows, CopyName) ? 0 : 1;
+    const bool panels = reporter.PrintSummary(rows, CopyName);
+    return HBPrintRecipes(reporter, CopyName) && panels ? 0 : 1;
 }
