@@ -10,11 +10,18 @@ if(ADJUSTMENT_PANELS_HOST_PACKAGE)
 else()
     set(ADJUSTMENT_PANELS_HOST_DEPENDENCY AdjustmentPanelsHost)
 endif()
+# A static library is linked together with what it uses.
+set(ADJUSTMENT_PANELS_STATIC_DEPENDENCIES "")
+if(NOT BUILD_SHARED_LIBS)
+    set(ADJUSTMENT_PANELS_STATIC_DEPENDENCIES "find_dependency(HWY 1.0)")
+endif()
+set(data_dir ${CMAKE_INSTALL_DATADIR}/adjustment-panels)
 
 function(adjustment_panels_package name export_set)
     set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/${name})
     configure_package_config_file(${CMAKE_CURRENT_SOURCE_DIR}/cmake/${name}Config.cmake.in
-        ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake INSTALL_DESTINATION ${destination})
+        ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake INSTALL_DESTINATION ${destination}
+        PATH_VARS data_dir)
     write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake
         COMPATIBILITY SameMinorVersion)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake

@@ -1,5 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
+include(GenerateExportHeader)
 
 # Compiler settings of every target of this tree; not exported to those who embed the panels.
 add_library(adjustment_panels_settings INTERFACE)
@@ -16,34 +17,133 @@ if(ADJUSTMENT_PANELS_SANITIZE)
     target_link_options(adjustment_panels_settings INTERFACE -fsanitize=${ADJUSTMENT_PANELS_SANITIZE})
 endif()
 
+# What is incompatible has another soname, by the package's rule (SameMinorVersion): every 0.x until 1.0.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(ADJUSTMENT_PANELS_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+else()
+    set(ADJUSTMENT_PANELS_SOVERSION ${PROJECT_VERSION_MAJOR})
+endif()
+
 # adjustment_panels_library(<name> EXPORT_SET <set> SOURCES <file>... HEADERS <file>...
-#                           PUBLIC <target>... [PRIVATE <target>...])
+#                           PUBLIC <target>... [PRIVATE <target>...]
+#                           [INCLUDE <folder>...] [FORMS <folder>] [OUTPUT_NAME <file name>])
 #
-# A shared library with the alias AdjustmentPanels::<name>, its own export header (<name in lower case>_export.h),
-# moc and uic, hidden visibility. HEADERS are installed and then included by their plain names.
+# A library with the target AdjustmentPanels::<name>, the file name AdjustmentPanels<name>, its own export header (<name in
+# lower case>_export.h), moc, hidden visibility. HEADERS are installed and then included by their plain names.
+# INCLUDE: folders besides its own whose headers are included by their plain names within this build.
+# FORMS: where the forms lie that its sources include; without it, uic is not run.
+#
+# Everything links to AdjustmentPanels::<name>: plain names would collide with those of a project around this one.
 function(adjustment_panels_library name)
-    cmake_parse_arguments(ARG "" "EXPORT_SET" "SOURCES;HEADERS;PUBLIC;PRIVATE" ${ARGN})
-    include(GenerateExportHeader)
-    add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
-    add_library(AdjustmentPanels::${name} ALIAS ${name})
-    set_target_properties(${name} PROPERTIES
-        AUTOMOC ON AUTOUIC ON AUTORCC ON
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    cmake_parse_arguments(ARG "" "EXPORT_SET;FORMS;OUTPUT_NAME" "SOURCES;HEADERS;PUBLIC;PRIVATE;INCLUDE" ${ARGN})
+    set(target AdjustmentPanels${name})
+    if(NOT ARG_OUTPUT_NAME)
+        set(ARG_OUTPUT_NAME ${target})
+    endif()
+    add_library(${target} ${ARG_SOURCES} ${ARG_HEADERS})
+    add_library(AdjustmentPanels::${name} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES
+        AUTOMOC ON
+        EXPORT_NAME ${name}
+        OUTPUT_NAME ${ARG_OUTPUT_NAME}
+        VERSION ${PROJECT_VERSION} SOVERSION ${ADJUSTMENT_PANELS_SOVERSION})
+    if(ARG_FORMS)
+        set_target_properties(${target} PROPERTIES AUTOUIC ON AUTOUIC_SEARCH_PATHS ${ARG_FORMS})
+    endif()
+    if(ARG_SOURCES MATCHES "\\.qrc")
+        set_target_properties(${target} PROPERTIES AUTORCC ON)
+    endif()
+
     string(TOLOWER ${name} lower)
-    generate_export_header(${name} EXPORT_FILE_NAME ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h)
-    target_include_directories(${name} PUBLIC
-        $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
-        $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels>)
-    target_compile_features(${name} PUBLIC cxx_std_17)
-    target_link_libraries(${name}
-        PUBLIC ${ARG_PUBLIC}
-        PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:adjustment_panels_settings>)
-    install(TARGETS ${name} EXPORT ${ARG_EXPORT_SET}
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-    install(FILES ${ARG_HEADERS} ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels)
+    string(TOUPPER ${name} upper)
+    set(export_header ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h)
+    # For a class that others are likely to have too: a tag in the names of its symbols. A macro, as lupdate does not know
+    # what a class is called behind attributes.
+    set(own_name "#ifndef ADJUSTMENT_PANELS_OWN_NAME
+#  define ADJUSTMENT_PANELS_OWN_NAME __attribute__((abi_tag(\"AdjustmentPanels\")))
+#endif")
+    generate_export_header(${target} BASE_NAME ${name} EXPORT_FILE_NAME ${export_header}
+        CUSTOM_CONTENT_FROM_VARIABLE own_name)
+    foreach(folder IN ITEMS ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR} ${ARG_INCLUDE})
+        target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
+    endforeach()
+    target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels>)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:adjustment_panels_settings>)
+
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "STATIC_LIBRARY")
+        target_compile_definitions(${target} PUBLIC ${upper}_STATIC_DEFINE)
+        target_link_libraries(${target} PRIVATE ${ARG_PRIVATE})
+    else()
+        # Who links the library needs none of what it links for itself, but finds our own packages and Qt's anyway.
+        foreach(item IN LISTS ARG_PRIVATE)
+            if(NOT item MATCHES "^(AdjustmentPanels|Qt5)::")
+                set(item $<BUILD_INTERFACE:${item}>)
+            endif()
+            target_link_libraries(${target} PRIVATE ${item})
+        endforeach()
+        # An application's class that bears the name of one of ours must not take its place in here. For that, addresses of
+        # our functions and tables must be the same inside and outside, which code for fixed addresses would break.
+        target_link_options(${target} PRIVATE -Wl,-Bsymbolic)
+        target_compile_options(${target} INTERFACE -fPIC)
+        if(NOT ADJUSTMENT_PANELS_SANITIZE) # its run-time library is linked to programs only
+            target_link_options(${target} PRIVATE -Wl,-z,defs)
+        endif()
+    endif()
+
+    if(ADJUSTMENT_PANELS_INSTALL)
+        install(TARGETS ${target} EXPORT ${ARG_EXPORT_SET}
+            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+        install(FILES ${ARG_HEADERS} ${export_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels)
+        adjustment_panels_pkgconfig(${ARG_OUTPUT_NAME}
+            TYPE ${type} STATIC_DEFINE ${upper}_STATIC_DEFINE PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+    endif()
+endfunction()
+
+# adjustment_panels_pkgconfig(<name> [TYPE <type of library>] [STATIC_DEFINE <macro>]
+#                             PUBLIC <target>... [PRIVATE <target>...])
+#
+# Installs <name>.pc, for those who do not build with CMake. Without TYPE it only requires others.
+function(adjustment_panels_pkgconfig name)
+    if(ADJUSTMENT_PANELS_HOST_PACKAGE)
+        return() # that host's own description is not ours to name
+    endif()
+    cmake_parse_arguments(ARG "" "TYPE;STATIC_DEFINE" "PUBLIC;PRIVATE" ${ARGN})
+    set(static FALSE)
+    if(ARG_TYPE STREQUAL "STATIC_LIBRARY")
+        set(static TRUE)
+        list(APPEND ARG_PUBLIC ${ARG_PRIVATE})
+    endif()
+    set(requires "")
+    foreach(item IN LISTS ARG_PUBLIC)
+        if(item STREQUAL "AdjustmentPanels::Panels")
+            list(APPEND requires AdjustmentPanels)
+        elseif(item STREQUAL "hwy::hwy")
+            list(APPEND requires libhwy)
+        else()
+            string(REPLACE "::" "" module ${item})
+            list(APPEND requires ${module})
+        endif()
+    endforeach()
+    list(REMOVE_DUPLICATES requires)
+    list(JOIN requires " " requires)
+
+    file(RELATIVE_PATH prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+    string(REGEX REPLACE "/$" "" prefix ${prefix})
+    set(text "prefix=\${pcfiledir}/${prefix}\n\nName: ${name}\nDescription: ${PROJECT_DESCRIPTION}\n")
+    string(APPEND text "Version: ${PROJECT_VERSION}\nRequires: ${requires}\n")
+    if(ARG_TYPE)
+        string(APPEND text "Cflags: -I\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels -fPIC")
+        if(static)
+            string(APPEND text " -D${ARG_STATIC_DEFINE}")
+        endif()
+        string(APPEND text "\nLibs: -L\${prefix}/${CMAKE_INSTALL_LIBDIR} -l${name}\n")
+    endif()
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc CONTENT "${text}" @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endfunction()
 
 # adjustment_panels_kernels(<file>...)

@@ -14,10 +14,8 @@
 #include <QRect>
 #include <QVector>
 
-#include <exception>
 #include <memory>
 
-class HBAdjustmentProcessing;
 class HBOperationProgressDlg;
 class HBPanelJobControl;
 class KMDocumentView;
@@ -147,17 +145,6 @@ protected:
 
     /// The part of a job record that all panels share, as of now.
     HBJobData JobData() const;
-    // OLD BEGIN
-    template <class Transformation>
-    HBImage<> RunTransformation(const HBJobData& job, const Transformation& transformation,
-                                std::exception_ptr* exception = nullptr);
-    void ConnectProgress(const HBAdjustmentProcessing& processing);
-    bool IsJobObsolete();
-    void SetJobFailed();
-    void FinishJob();
-    template <class Panel, class Data>
-    friend void HBStartJob(QFutureWatcher<HBImage<>>*, Panel*, HBImage<> (Panel::*)(Data), const Data&);
-    // OLD END
 
     void timerEvent(QTimerEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -184,6 +171,7 @@ private:
     void StartProcessing();
     void RestartProcessing();
     void MarkJobObsolete();
+    void FinishJob();
     void ReleaseWatcher();
     void FinishWaiting();
     void KillTimer(int& id);

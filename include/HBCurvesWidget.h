@@ -5,9 +5,9 @@
 #include "HBAdjustmentWidget.h"
 #include "HBHistogramPanel.h"
 
+#include <ControlNode.h>
 #include <HBCurves.h>
 
-class ControlNode;
 class HBCurveScene;
 class HBDocumentPick;
 

@@ -80,29 +80,3 @@ HBImage<> HBRunTransformation(const HBJobData& job, const Transformation& transf
     return HBTakeOutcome(
         HBRunStages(job, [&] { return HBStages{HBStageOf(transformation)}; }, job.control.get()), job);
 }
-
-// OLD BEGIN
-#include "HBAdjustmentWidget.h"
-template <class Panel, class Data>
-void HBStartJob(QFutureWatcher<HBImage<>>* watcher, Panel* panel, HBImage<> (Panel::*process)(Data), const Data& job)
-{
-    HBStartInPool(watcher, [=]() -> HBImage<> {
-        try {
-            return (panel->*process)(job);
-        } catch (...) {
-            job.control->failed = true;
-            return job.source;
-        }
-    });
-}
-template <class Transformation>
-HBImage<> HBAdjustmentWidget::RunTransformation(const HBJobData& job, const Transformation& transformation,
-                                                std::exception_ptr* exception)
-{
-    const HBOutcome outcome =
-        HBRunStages(job, [&] { return HBStages{HBStageOf(transformation)}; }, job.control.get());
-    if (exception)
-        *exception = outcome.exception;
-    return HBTakeOutcome(outcome, job);
-}
-// OLD END

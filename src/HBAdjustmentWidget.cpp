@@ -203,26 +203,6 @@ HBAdjustmentWidget::Mute::~Mute()
 
 // ---- The job ----
 
-// OLD BEGIN
-void HBAdjustmentWidget::ConnectProgress(const HBAdjustmentProcessing& processing)
-{
-    connect(&processing, &HBAdjustmentProcessing::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
-            Qt::QueuedConnection);
-    connect(&processing, &HBAdjustmentProcessing::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
-            Qt::QueuedConnection);
-}
-
-bool HBAdjustmentWidget::IsJobObsolete()
-{
-    return m_pControl->IsCancelled();
-}
-
-void HBAdjustmentWidget::SetJobFailed()
-{
-    m_pControl->failed = true;
-}
-// OLD END
-
 /// Ends a running job, which stops at its next tile, and drops its result.
 void HBAdjustmentWidget::FinishJob()
 {

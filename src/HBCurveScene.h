@@ -4,13 +4,13 @@
 
 #include "panels_export.h"
 
+#include <ControlNode.h>
 #include <QGraphicsScene>
 #include <QList>
 #include <QPainterPath>
 #include <QPoint>
 #include <QVector>
 
-class ControlNode;
 class QGraphicsSceneMouseEvent;
 class QGraphicsView;
 class QKeyEvent;

@@ -70,9 +70,10 @@ double HBLevelsParams::ToneValue(int low, int high, int position)
     const qint64 room = position >= middle ? high - middle : middle - low;
     if (room == 0)
         return 1.0;
-    if (position >= middle)
-        return double((middle - position) * 990 / room + 1000) / 1000.0;
-    return double((qint64(low) - position) * 8990 / room + 9990) / 1000.0;
+    // Whole thousandths, cut off.
+    const qint64 thousandths = position >= middle ? (middle - position) * 990 / room + 1000
+                                                  : (qint64(low) - position) * 8990 / room + 9990;
+    return double(thousandths) / 1000.0;
 }
 
 HBStages HBStagesOf(const HBLevelsParams& params)

@@ -25,7 +25,10 @@
 ///
 /// What nobody looks at is not counted: a request waits until the widget is shown, somebody is connected to
 /// HistogrammComplete, or a count is asked for, which is made at once then.
-class HOSTGUILIB_EXPORT HistogramWidget : public QWidget
+///
+/// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place of this
+/// one inside the panels.
+class HOSTGUILIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME HistogramWidget : public QWidget
 {
     Q_OBJECT
 public:

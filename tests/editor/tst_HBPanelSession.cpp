@@ -19,24 +19,24 @@ namespace {
 class ValuePanel : public HBAdjustmentWidget {
 public:
     explicit ValuePanel(bool dialog) : HBAdjustmentWidget(dialog, nullptr, {}) {}
-    ~ValuePanel() override { FinishJob(); }
-
     void SetValue(int value) {
         m_Value = value;
         Q_EMIT AboutUserParamsChanged();
         Q_EMIT DataChanged();
     }
 
-    HBTestGate gate{[this] {
-        const QReadLocker guard(&GetDataGuard());
-        return GetNewData();
-    }};
+private:
+    const std::shared_ptr<HBTestGate> m_pGate =
+        std::make_shared<HBTestGate>([control = JobData().control] { return control->IsCancelled(); });
+
+public:
+    HBTestGate& gate = *m_pGate;
     int starts = 0;
-    std::atomic<bool> fails{false};
+    bool fails = false;
 
 private:
     struct Paint {
-        HBTestGate* gate;
+        std::shared_ptr<HBTestGate> gate;
         int value;
         HBRGBA32i* pixels = nullptr;
 
@@ -48,16 +48,18 @@ private:
     };
     struct Data : HBJobData {
         int value;
+        bool fails;
+        std::shared_ptr<HBTestGate> gate;
     };
 
     void Reset() override {}
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override {
         ++starts;
-        HBStartJob(watcher, this, &ValuePanel::Process, Data{JobData(), m_Value});
+        HBStartJob(watcher, &Process, Data{JobData(), m_Value, fails, m_pGate});
     }
-    HBImage<> Process(Data job) {
-        if (fails) SetJobFailed();
-        return RunTransformation(job, Paint{&gate, job.value});
+    static HBImage<> Process(Data job) {
+        if (job.fails) job.control->failed = true;
+        return HBRunTransformation(job, Paint{job.gate, job.value});
     }
 
     int m_Value = 1;

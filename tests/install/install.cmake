@@ -1,35 +1,26 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# Installs the build into a folder of its own, moves that folder, builds and runs the embedding example against it,
-# and builds the panels a second time against the installed host, as they are built for a host of someone else's.
+# Installs the build into a folder of its own, moves that folder, builds and runs programs against it, and builds the
+# panels a second time against the installed host, as they are built for a host of someone else's.
 cmake_minimum_required(VERSION 3.21)
-
-set(prefix ${WORK_DIR}/prefix)
-set(ENV{CMAKE_PREFIX_PATH} ${prefix})
-set(ENV{CMAKE_GENERATOR} ${GENERATOR})
-set(ENV{CXX} ${CXX_COMPILER})
-# Left out when it is empty: ccache is optional.
-if(CXX_COMPILER_LAUNCHER)
-    set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} ${CXX_COMPILER_LAUNCHER})
-    set(ENV{CCACHE_BASEDIR} ${SOURCE_DIR})
-    set(ENV{CCACHE_NOHASHDIR} 1)
-endif()
-
-function(run step)
-    message(STATUS ${step})
-    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${step}: ${result}\n${output}")
-    endif()
-endfunction()
-
-file(REMOVE_RECURSE ${WORK_DIR})
-file(MAKE_DIRECTORY ${WORK_DIR})
+include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
 
 # Moved afterwards, so that nothing can depend on the folder it was installed to.
+set(prefix ${WORK_DIR}/prefix)
+set(ENV{CMAKE_PREFIX_PATH} ${prefix})
 run("Install" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/elsewhere)
 file(RENAME ${WORK_DIR}/elsewhere ${prefix})
+
+# Nothing but our own names in folders that everybody shares.
+file(GLOB_RECURSE libraries LIST_DIRECTORIES FALSE RELATIVE ${prefix} ${prefix}/lib*/*.so* ${prefix}/lib*/*.pc)
+if(NOT libraries)
+    message(FATAL_ERROR "No library is installed")
+endif()
+list(FILTER libraries EXCLUDE REGEX "/(lib)?AdjustmentPanels[^/]*$")
+if(libraries)
+    message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
+endif()
 
 # ---- Embedding ----
 set(example ${WORK_DIR}/embed)
@@ -44,8 +35,25 @@ if(NOT result MATCHES "787878787878$")
     message(FATAL_ERROR "The example did not lighten the photo: ${result}")
 endif()
 
+# ---- All libraries ----
+set(consumer ${WORK_DIR}/consumer)
+run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
+run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
+run("Run it" ${consumer}/consumer)
+
+# ---- Without CMake ----
+find_program(PKG_CONFIG pkg-config REQUIRED)
+file(GLOB folder ${prefix}/lib*/pkgconfig)
+set(ENV{PKG_CONFIG_PATH} ${folder})
+run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsCatalog AdjustmentPanelsAdjustments)
+separate_arguments(flags UNIX_COMMAND "${output}")
+cmake_path(GET folder PARENT_PATH lib)
+file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
+run("Build the program without CMake" ${CXX_COMPILER} -std=c++17 ${sources} -o ${WORK_DIR}/plain ${flags} -Wl,-rpath,${lib})
+run("Run that" ${WORK_DIR}/plain)
+
 # ---- Another host ----
 set(panels ${WORK_DIR}/panels)
 run("Configure the panels for another host" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${panels}
     -D ADJUSTMENT_PANELS_HOST_PACKAGE=AdjustmentPanelsHost -D CMAKE_BUILD_TYPE=Debug)
-run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target Panels)
+run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target AdjustmentPanelsPanels)

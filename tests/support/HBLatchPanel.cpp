@@ -73,27 +73,22 @@ private:
 } // namespace
 
 struct HBLatchPanel::Data : HBJobData {
+    std::shared_ptr<HBTestGate> gate;
     std::function<void()> onTile;
 };
 
 HBLatchPanel::HBLatchPanel(bool dialog, QWidget* parent)
     : HBAdjustmentWidget(dialog, parent, {})
-    , m_pGate(std::make_shared<HBTestGate>([this] {
-        const QReadLocker guard(&GetDataGuard());
-        return GetNewData();
-    })) {
+    , m_pGate(std::make_shared<HBTestGate>([control = JobData().control] { return control->IsCancelled(); })) {
     GetUIContent()->setWindowTitle("Latch");
 }
 
-HBLatchPanel::~HBLatchPanel() {
-    m_pGate->OpenWhenObsolete();
-    FinishJob();
-}
+HBLatchPanel::~HBLatchPanel() { m_pGate->OpenWhenObsolete(); }
 
 void HBLatchPanel::StartJobWatching(QFutureWatcher<HBImage<>>* watcher) {
     ++starts;
     if (onStart) onStart();
-    if (hasJob) HBStartJob(watcher, this, &HBLatchPanel::Process, Data{JobData(), onTile});
+    if (hasJob) HBStartJob(watcher, &Process, Data{JobData(), m_pGate, onTile});
 }
 
 void HBLatchPanel::CancelProcessing() {
@@ -101,7 +96,9 @@ void HBLatchPanel::CancelProcessing() {
     SetCancelProcessing(true);
 }
 
-HBImage<> HBLatchPanel::Process(Data job) { return RunTransformation(job, GatedInversion(m_pGate, job.onTile)); }
+HBImage<> HBLatchPanel::Process(Data job) {
+    return HBRunTransformation(job, GatedInversion(job.gate, job.onTile));
+}
 
 HBProgressDialogWatch::HBProgressDialogWatch(Action action) : m_Action(std::move(action)) {
     qApp->installEventFilter(this);

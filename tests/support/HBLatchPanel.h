@@ -82,7 +82,7 @@ private:
     void Reset() override { ++resets; }
     void StartJobWatching(QFutureWatcher<HBImage<>>* watcher) override;
     void CancelProcessing() override;
-    HBImage<> Process(Data job);
+    static HBImage<> Process(Data job);
 
     const std::shared_ptr<HBTestGate> m_pGate;
 };

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include <HBAdjustmentWidget.h>
+#include <HBOverlay.h>
+#include <HBPanelCatalog.h>
+#include <KMTheme.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTranslator>
+
+#include <memory>
+
+namespace {
+
+void Check(bool condition, const char* what) {
+    if (!condition) qFatal("%s", what);
+}
+
+} // namespace
+
+// Makes every panel in a program that has classes called like some of the host's, and asks each library for something.
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    KMTheme::Install();
+    Check(QFile::exists("theme:picker_black.png"), "The theme's pictures are not there");
+#ifdef TRANSLATIONS
+    QTranslator translator;
+    Check(translator.load(QLocale(QLocale::German), "adjustment-panels", "_", TRANSLATIONS), "No translations");
+#endif
+
+    QImage grey(2, 1, QImage::Format_ARGB32);
+    grey.fill(0xFF646464);
+    const HBImage<> photo = HBImage<>::FromQImage(grey);
+    Check(!HBPanelCatalog().isEmpty(), "The catalog is empty");
+    for (const HBPanelEntry& entry : HBPanelCatalog()) {
+        const std::unique_ptr<HBAdjustmentWidget> panel(entry.create(true, nullptr));
+        Check(qstrcmp(panel->metaObject()->className(), entry.className) == 0, entry.className);
+        panel->SetImage(photo, {}, {}, {});
+        panel->show();
+        QCoreApplication::processEvents();
+    }
+
+    QString error;
+    HBSignWidget::Params stamp;
+    stamp.fileName = "/there/is/no/such/stamp.png";
+    HBDrawSign(photo, stamp, &error);
+    Check(!error.isEmpty(), "A stamp was drawn that does not exist");
+    return 0;
+}
