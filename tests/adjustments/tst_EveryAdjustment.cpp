@@ -237,11 +237,12 @@ private Q_SLOTS:
         const QImage together = InOnePass(steps, target);
         std::atomic<int> right{0};
         std::vector<std::thread> threads;
+        // .at(): Qt's [] would detach a list that is shared.
         for (int t = 0; t < 8; ++t) {
             threads.emplace_back([&, t] {
                 for (int i = 0; i < steps.size(); ++i) {
                     const int step = (i + t) % steps.size();
-                    right += InOnePass({steps[step]}, target) == expected[step];
+                    right += InOnePass({steps.at(step)}, target) == expected.at(step);
                 }
                 right += InOnePass(steps, target) == together;
             });

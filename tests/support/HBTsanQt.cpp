@@ -6,6 +6,7 @@
 // these functions stand before Qt's own, which they call; so no race of our own has to be suppressed with Qt's.
 #include <QFutureInterface>
 #include <QReadWriteLock>
+#include <QRunnable>
 #include <QtConcurrent/qtconcurrentthreadengine.h>
 #include <QThreadPool>
 
@@ -52,11 +53,31 @@ void QtConcurrent::ThreadEngineBase::run() {
     CallQt<void>("_ZN12QtConcurrent16ThreadEngineBase3runEv", this);
 }
 
-/// Jobs, and further threads of a map.
+namespace {
+
+/// What a pool is given, with the order between its threads: the first that runs there is not looked at.
+class Ordered : public QRunnable {
+public:
+    explicit Ordered(QRunnable* runnable) : m_pRunnable(runnable) {}
+    __attribute__((no_sanitize("thread"))) void run() override {
+        __tsan_acquire(m_pRunnable);
+        const bool mine = m_pRunnable->autoDelete();
+        m_pRunnable->run();
+        if (mine) delete m_pRunnable;
+    }
+
+private:
+    QRunnable* const m_pRunnable;
+};
+
+} // namespace
+
+/// Jobs, lanes, and further threads of a map.
 void QThreadPool::start(QRunnable* runnable, int priority) {
+    auto* ordered = new Ordered(runnable);
     __tsan_release(runnable);
     __tsan_release(&jobStart);
-    CallQt<void>("_ZN11QThreadPool5startEP9QRunnablei", this, runnable, priority);
+    CallQt<void>("_ZN11QThreadPool5startEP9QRunnablei", this, static_cast<QRunnable*>(ordered), priority);
 }
 
 /// The first thing that a job asks.
