@@ -30,9 +30,11 @@ void* Allocate(std::size_t size) {
 
 } // namespace
 
-// Of the whole program, its libraries too.
+// Of the whole program, its libraries too. All forms: the sanitizer compares who allocates with who frees.
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return std::malloc(size); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
