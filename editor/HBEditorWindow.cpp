@@ -7,7 +7,7 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
-#include "HBPanelFrame.h"
+#include "HBPanelPlacement.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
 
@@ -62,7 +62,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     , m_pSelection(new HBSelectionTool(m_pView, this))
     , m_pBeforeAfter(new HBBeforeAfter(m_pView, this))
     , m_pActions(new HBEditorActions(this))
-    , m_pFrame(new HBPanelFrame(this))
+    , m_pPlacement(new HBPanelPlacement(this))
 {
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
@@ -80,11 +80,11 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
     connect(m_pView, &KMDocumentView::PixelHovered, this, &HBEditorWindow::ShowPixel);
     connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
-    connect(m_pFrame, &HBPanelFrame::Dismissed, this, [this] {
+    connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
         if (m_pSession)
             m_pSession->Reject();
     });
-    connect(m_pFrame, &HBPanelFrame::Confirmed, this, [this] {
+    connect(m_pPlacement, &HBPanelPlacement::Confirmed, this, [this] {
         if (m_pSession)
             m_pSession->Accept();
     });
@@ -130,7 +130,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.dark, &QAction::toggled, this, HBUseDarkColours);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
         if (m_pSession && m_pSession->Widget())
-            m_pFrame->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+            m_pPlacement->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -197,7 +197,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
         else
             m_pMessages->ShowError(reason);
     });
-    m_pFrame->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
+    m_pPlacement->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
     HandOverSource();
     return true;
@@ -233,7 +233,7 @@ void HBEditorWindow::DropPanel()
     m_pSession->deleteLater();
     m_pSession = nullptr;
     m_pView->SetOverrideCursor(QCursor());
-    m_pFrame->Close();
+    m_pPlacement->Close();
     ShowDocument();
     m_pView->setFocus();
 }
@@ -400,7 +400,7 @@ void HBEditorWindow::dropEvent(QDropEvent* event)
 void HBEditorWindow::keyPressEvent(QKeyEvent* event)
 {
     const bool inPhoto = m_pSession && m_pActions->docked->isChecked() && m_pView->hasFocus();
-    if (!inPhoto || !m_pFrame->TakeKey(event))
+    if (!inPhoto || !m_pPlacement->TakeKey(event))
         QMainWindow::keyPressEvent(event);
 }
 

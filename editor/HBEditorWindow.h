@@ -11,7 +11,7 @@
 class HBBeforeAfter;
 class HBEditorActions;
 class HBMessageBar;
-class HBPanelFrame;
+class HBPanelPlacement;
 class HBSelectionTool;
 class KMDocumentView;
 class QLabel;
@@ -81,7 +81,7 @@ private:
     HBSelectionTool* m_pSelection;
     HBBeforeAfter* m_pBeforeAfter;
     HBEditorActions* m_pActions;
-    HBPanelFrame* m_pFrame;
+    HBPanelPlacement* m_pPlacement;
     QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;

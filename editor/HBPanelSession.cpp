@@ -10,9 +10,7 @@
 namespace
 {
 
-// A panel starts its job 50 ms after a change, by a coarse timer of the same thread. A longer timer that is started
-// after it also fires after it, however late both are.
-constexpr int SettlingMilliseconds = 75;
+constexpr int DrawingMilliseconds = 50; // as the panels that have a job
 
 } // namespace
 
@@ -21,10 +19,9 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, KMDocumentView* view, 
     , m_Entry(entry)
     , m_pPanel(entry.create(true, nullptr))
 {
-    m_Settling.setSingleShot(true);
-    m_Settling.setInterval(SettlingMilliseconds);
-    m_Settling.setTimerType(Qt::PreciseTimer);
-    connect(&m_Settling, &QTimer::timeout, this, &HBPanelSession::OnSettled);
+    m_Drawing.setSingleShot(true);
+    m_Drawing.setInterval(DrawingMilliseconds);
+    connect(&m_Drawing, &QTimer::timeout, this, &HBPanelSession::Draw);
     connect(&m_OverlayJob, &HBOverlayJob::Done, this, &HBPanelSession::OnDrawn);
 
     // Some panels listen to their controls only once they have been given values.
@@ -83,29 +80,21 @@ void HBPanelSession::SetSource(const HBImage<>& image, const HBSelection& select
 void HBPanelSession::OnDataChanged()
 {
     m_Changed = true;
-    m_Settling.start();
+    if (IsOverlay())
+        m_Drawing.start();
 }
 
 void HBPanelSession::OnImageReady()
 {
-    m_Stale = false;
     if (!m_Over)
         Q_EMIT PreviewReady(m_pPanel->AdjustedImage());
-}
-
-void HBPanelSession::OnSettled()
-{
-    if (IsOverlay())
-        Draw();
-    else if (m_Finishing)
-        TakeResult();
 }
 
 // ---- Overlays ----
 
 void HBPanelSession::Draw()
 {
-    m_Settling.stop();
+    m_Drawing.stop();
     if (m_pPanel)
         m_OverlayJob.Draw(m_Source, m_Entry.draw(*m_pPanel));
 }
@@ -136,13 +125,9 @@ void HBPanelSession::Accept()
     m_Finishing = true;
     // From here on a change would be dropped by the panel. A box that loses the focus takes its text in first.
     Widget()->setEnabled(false);
-    if (IsOverlay()) {
+    if (IsOverlay())
         Draw();
-        return;
-    }
-    if (m_Stale)
-        SetSource(m_Source, m_Selection);
-    if (!m_Settling.isActive())
+    else
         TakeResult();
 }
 
@@ -152,13 +137,16 @@ void HBPanelSession::Reject()
         return;
     m_Over = true;
     m_Finishing = false;
-    m_Settling.stop();
+    m_Drawing.stop();
     Q_EMIT Rejected();
 }
 
 void HBPanelSession::TakeResult()
 {
-    if (m_pPanel && m_pPanel->WaitForProcessingFinished(false))
+    if (!m_pPanel || !m_Finishing)
+        return;
+    m_pPanel->ProcessNow();
+    if (m_pPanel->WaitForProcessingFinished(false))
         Finish();
 }
 
@@ -166,17 +154,18 @@ void HBPanelSession::OnFinished(int result)
 {
     if (!m_Finishing)
         return;
-    if (result == 1) {
+    if (result != 1)
+        Resume({});
+    else if (m_pPanel->HasPendingChange() && !m_pPanel->HasJobFailed())
+        // The wait was for a job that had become obsolete. The next one counts only when this slot is left.
+        QMetaObject::invokeMethod(this, &HBPanelSession::TakeResult, Qt::QueuedConnection);
+    else
         Finish();
-        return;
-    }
-    Resume({});
 }
 
 void HBPanelSession::Resume(const QString& reason)
 {
     m_Finishing = false;
-    m_Stale = true;
     m_pPanel->SetCancelProcessing(false);
     Widget()->setEnabled(true);
     Q_EMIT Resumed(reason);

@@ -66,13 +66,12 @@ private Q_SLOTS:
     void OnImageReady();
     void OnDataChanged();
     void OnFinished(int result);
-    void OnSettled();
+    void TakeResult();
     void OnDrawn(const HBImage<>& image, const QString& error);
 
 private:
     bool IsOverlay() const { return m_Entry.draw != nullptr; }
     void Draw();
-    void TakeResult();
     void Finish();
     void Resume(const QString& reason);
 
@@ -83,10 +82,8 @@ private:
     QString m_Trouble; ///< what was said last of the overlay
     HBImage<> m_Source;
     HBSelection m_Selection;
-    /// Runs from a change until its job has begun for certain.
-    QTimer m_Settling;
+    QTimer m_Drawing; ///< gathers the changes of an overlay
     bool m_Changed = false;
     bool m_Finishing = false;
-    bool m_Stale = false; ///< a job was cancelled or failed: what the panel has is not what its controls say
     bool m_Over = false;
 };

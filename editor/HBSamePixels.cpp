@@ -7,8 +7,7 @@
 namespace
 {
 
-constexpr int TileSide = 128;
-static_assert(TileSide * TileSide == HBImage<>::TilePixels, "rows are as long as this");
+constexpr int TileSide = HBImage<>::TileSide;
 
 /// A tile at the border reaches beyond the image, with pixels that nobody sees.
 bool HaveSamePixels(const KMTileRef& a, const KMTileRef& b, const QSize& seen)

@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr int TileSize = 128;
+constexpr int TileSide = HBImage<>::TileSide;
 
 /// From 0 at -feather to 1 at +feather, flat at both ends.
 double Ramp(double distance, int feather)
@@ -24,7 +24,7 @@ double Ramp(double distance, int feather)
 /// A tile with coverage 255 everywhere, for all to share.
 KMTileRef FullTile()
 {
-    const HBImage<> full(TileSize, TileSize);
+    const HBImage<> full(TileSide, TileSide);
     const KMTilePin<HBRGBA32i> pin(full.Tile(0), true);
     std::fill_n(pin.Pixels(), HBImage<>::TilePixels, HBRGBA32i(255, 255, 255, 255));
     return full.Tile(0);
@@ -38,7 +38,7 @@ void FillTile(const HBSelectionShape& shape, const HBImage<>& mask, const QPoint
         for (int x = 0; x < area.width(); ++x) {
             const auto coverage =
                 std::uint8_t(shape.CoverageAt(offset.x() + area.left() + x, offset.y() + area.top() + y));
-            pin.Pixels()[y * TileSize + x] = HBRGBA32i(coverage, coverage, coverage, coverage);
+            pin.Pixels()[y * TileSide + x] = HBRGBA32i(coverage, coverage, coverage, coverage);
         }
     }
 }

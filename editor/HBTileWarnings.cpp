@@ -4,6 +4,8 @@
 
 #include "HBMessageBar.h"
 
+#include <KMTileManager64.h>
+
 #include <QCoreApplication>
 #include <QPointer>
 
@@ -15,30 +17,19 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(HBEditorWindow)
 };
 
-QtMessageHandler before = nullptr;
-QPointer<HBMessageBar> shownIn; // GUI thread only
+} // namespace
 
-/// On any thread, the tile manager's too.
-void Handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
+void HBShowTileWarnings(HBMessageBar* bar)
 {
-    before(type, context, text);
-    if (type != QtWarningMsg || !text.startsWith(QLatin1String("Image data cannot be moved to the scratch file")))
-        return;
-    auto show = [] {
+    const QPointer<HBMessageBar> shownIn(bar);
+    auto show = [shownIn] { // GUI thread
         if (shownIn)
             shownIn->ShowError(
                 Text::tr("The disk for temporary files is full or cannot be written: the photo needs "
                          "more memory than allowed. Save your work."));
     };
-    QMetaObject::invokeMethod(qApp, show, Qt::QueuedConnection);
-}
-
-} // namespace
-
-void HBShowTileWarnings(HBMessageBar* bar)
-{
-    shownIn = bar;
-    const QtMessageHandler present = qInstallMessageHandler(Handle);
-    if (present != Handle)
-        before = present;
+    KMTileManager64::Instance().SetTroubleHandler([show] { // any thread
+        if (QCoreApplication* application = QCoreApplication::instance())
+            QMetaObject::invokeMethod(application, show, Qt::QueuedConnection);
+    });
 }

@@ -4,6 +4,6 @@
 
 class HBMessageBar;
 
-/// From now on the bar tells, too, when image data no longer fit on the disk for temporary files, which the tile
-/// manager logs. Whatever is logged still goes where it went before. GUI thread; the last bar counts.
+/// From now on the bar tells, too, when image data no longer fit on the disk for temporary files, as the tile
+/// manager's trouble handler. GUI thread; the last bar counts.
 void HBShowTileWarnings(HBMessageBar* bar);

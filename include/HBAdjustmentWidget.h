@@ -60,12 +60,19 @@ public:
     /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not adjusted then. A program
     /// that stores results must ask.
     bool HasJobFailed() const;
+    /// Whether AdjustedImage() lacks something: a change younger than 50 ms, values set behind the last SetImage, a job that
+    /// runs, was cancelled or has failed. False without an image.
+    bool HasPendingChange() const;
+    /// Begins to work in what HasPendingChange() says, now and in either mode, unless the running job knows it already or
+    /// jobs are cancelled. A job that does not know it becomes obsolete. To have the final result, call this and then
+    /// WaitForProcessingFinished.
+    void ProcessNow();
     /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
     /// still arrives, with ImageReady().
     void ClearData();
 
-    /// Asks for the final result. True: nothing to wait for (a change younger than 50 ms may not have started its job
-    /// yet), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the host's progress
+    /// Asks for the final result. True: nothing to wait for (a change that has not started its job is not
+    /// waited for, see ProcessNow), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the host's progress
     /// timeout, a modal progress dialog is shown meanwhile.
     /// \param cancel also give the running job up
     bool WaitForProcessingFinished(bool cancel);
@@ -129,11 +136,15 @@ protected:
     void ListenLater(QObject* sender, const char* signal, const char* slot);
 
     /// While it lives the panel hears nothing of its controls, or of one of them. At its end all is connected again, in the
-    /// order of the Listen calls, also what the host had disconnected.
+    /// order of the Listen calls, also what the host had disconnected. Values that are set unheard are a pending change.
     class PANELS_EXPORT Mute
     {
     public:
-        explicit Mute(HBAdjustmentWidget* panel, const QObject* sender = nullptr);
+        enum Purpose {
+            SetsValues,
+            ShowsOthers ///< another channel, for example: the image stays as it is
+        };
+        explicit Mute(HBAdjustmentWidget* panel, const QObject* sender = nullptr, Purpose purpose = SetsValues);
         ~Mute();
         Mute(const Mute&) = delete;
         Mute& operator=(const Mute&) = delete;
@@ -192,6 +203,10 @@ private:
     HBImage<> m_Selection;
     QRect m_SelectionBoundingRect;
     QPoint m_SelectionOffset;
+    // Changes are counted: all, those that the last job to begin knows, and those in the adjusted image.
+    quint64 m_Changes = 0;
+    quint64 m_ChangesBegun = 0;
+    quint64 m_ChangesDone = 0;
     bool m_Processing = false;
     QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
     int m_ProgressTimer = -1;

@@ -30,6 +30,7 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
     , m_Dialog(dialog)
     , m_pFrame(new Ui::AdjustmentDialogBase())
 {
+    connect(this, &HBAdjustmentWidget::DataChanged, this, [this] { ++m_Changes; });
     if (m_Dialog) {
         m_pFrame->setupUi(this);
         m_pFrame->m_pProgress->setObjectName("FILTERPROGRESS");
@@ -75,8 +76,23 @@ void HBAdjustmentWidget::SetImage(const HBImage<>& source, const HBImage<>& sele
     m_Selection = selection;
     m_SelectionOffset = selectionOffset;
     m_SelectionBoundingRect = selectionBoundingRect;
+    ++m_Changes;
     StartProcessing();
     Q_EMIT SourceChanged();
+}
+
+bool HBAdjustmentWidget::HasPendingChange() const
+{
+    return !m_Source.IsEmpty() && m_ChangesDone != m_Changes;
+}
+
+void HBAdjustmentWidget::ProcessNow()
+{
+    const bool known = m_Processing && m_ChangesBegun == m_Changes;
+    if (!HasPendingChange() || known)
+        return;
+    KillTimer(m_DataChangedTimer);
+    StartProcessing();
 }
 
 void HBAdjustmentWidget::ClearData()
@@ -117,6 +133,7 @@ void HBAdjustmentWidget::SetView(KMDocumentView*) {}
 
 void HBAdjustmentWidget::OnReset()
 {
+    ++m_Changes; // a control that shows the neutral value already tells nothing
     Reset();
 }
 
@@ -191,8 +208,12 @@ void HBAdjustmentWidget::Disconnect(const QObject* sender)
     }
 }
 
-HBAdjustmentWidget::Mute::Mute(HBAdjustmentWidget* panel, const QObject* sender) : m_pPanel(panel), m_pSender(sender)
+HBAdjustmentWidget::Mute::Mute(HBAdjustmentWidget* panel, const QObject* sender, Purpose purpose)
+    : m_pPanel(panel)
+    , m_pSender(sender)
 {
+    if (purpose == SetsValues)
+        ++m_pPanel->m_Changes;
     m_pPanel->Disconnect(m_pSender);
 }
 
@@ -313,6 +334,7 @@ void HBAdjustmentWidget::StartProcessing()
         m_pControl->newData = false;
     }
     m_pControl->failed = false;
+    m_ChangesBegun = m_Changes;
     m_pWatcher = new QFutureWatcher<HBImage<>>(this);
     connect(m_pWatcher, SIGNAL(resultReadyAt(int)), this, SLOT(OnResultReadyAt(int)));
     connect(m_pWatcher, SIGNAL(finished()), this, SLOT(OnProcessingFinished()));
@@ -320,6 +342,7 @@ void HBAdjustmentWidget::StartProcessing()
     if (m_pWatcher->isCanceled()) {
         // No future was attached: a panel without a job, for which nobody shall wait.
         ReleaseWatcher();
+        m_ChangesDone = m_ChangesBegun;
         return;
     }
     KillTimer(m_ProgressTimer);
@@ -402,6 +425,8 @@ void HBAdjustmentWidget::KillTimer(int& id)
 void HBAdjustmentWidget::OnResultReadyAt(int index)
 {
     m_Adjusted = m_pWatcher->resultAt(index);
+    if (!HasJobFailed())
+        m_ChangesDone = m_ChangesBegun;
     Q_EMIT ImageReady();
 }
 

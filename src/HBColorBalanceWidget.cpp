@@ -118,7 +118,7 @@ void HBColorBalanceWidget::SetRange(bool checked, int toneRange)
         return;
     m_Params.toneRange = toneRange;
     {
-        const Mute mute(this);
+        const Mute mute(this, nullptr, Mute::ShowsOthers);
         ShowRange();
     }
     EnableValues(true);

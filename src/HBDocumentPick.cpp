@@ -171,7 +171,6 @@ HBRGBA32i HBDocumentPick::Average(const HBImage<>& image, const QRect& rect, con
     uint green[256] = {};
     uint blue[256] = {};
     KMRGBHistogram histogram(red, green, blue);
-    constexpr int TileSize = 128;
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect tile = image.TileRect(index);
         const QRect part = area & tile;
@@ -179,7 +178,7 @@ HBRGBA32i HBDocumentPick::Average(const HBImage<>& image, const QRect& rect, con
             continue;
         const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
         for (int y = part.top(); y <= part.bottom(); ++y) {
-            const HBRGBA32i* row = pin.Pixels() + (y - tile.top()) * TileSize - tile.left();
+            const HBRGBA32i* row = pin.Pixels() + (y - tile.top()) * HBImage<>::TileSide - tile.left();
             for (int x = part.left(); x <= part.right(); ++x)
                 histogram(row[x]);
         }

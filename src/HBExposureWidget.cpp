@@ -3,7 +3,7 @@
 #include "HBExposureWidget.h"
 
 #include "HBPanelJob.h"
-#include "HBScaledSlider.h"
+#include "HBSliderPosition.h"
 #include "ui_ExposureParamWidget.h"
 
 #include <HBExposure.h>

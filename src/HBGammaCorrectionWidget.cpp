@@ -3,7 +3,7 @@
 #include "HBGammaCorrectionWidget.h"
 
 #include "HBPanelJob.h"
-#include "HBScaledSlider.h"
+#include "HBSliderPosition.h"
 #include "ui_GammaParamWidget.h"
 
 #include <HBGammaCorrection.h>

@@ -114,7 +114,7 @@ void HBLevelsWidget::OnChannelChanged(int channel)
     if (channel < 0)
         return;
     {
-        const Mute mute(this);
+        const Mute mute(this, nullptr, Mute::ShowsOthers);
         SetChannel(channel);
     }
     // Without DataChanged(): another channel is shown, the image stays as it is.

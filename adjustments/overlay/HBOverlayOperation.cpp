@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr int Side = 128;
+constexpr int Side = HBImage<>::TileSide;
 static_assert(Side % HBComposition::Step == 0);
 using TilePixels = std::array<QRgb, HBImage<>::TilePixels>;
 

@@ -15,13 +15,13 @@
 namespace
 {
 
-constexpr int TileSize = 128;
+constexpr int TileSide = HBImage<>::TileSide;
 
 bool IsOpaque(const HBRGBA32i* pixels, const QSize& size)
 {
     QRgb all = 0xff000000;
     for (int y = 0; y < size.height(); ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(pixels + y * TileSize);
+        const auto* row = reinterpret_cast<const QRgb*>(pixels + y * TileSide);
         for (int x = 0; x < size.width(); ++x)
             all &= row[x];
     }
@@ -72,8 +72,8 @@ QRect HBTileImageItem::TilesUnder(const QRectF& area) const
     const QRect pixels = area.toAlignedRect() & QRect(0, 0, m_Image.Width(), m_Image.Height());
     if (pixels.isEmpty())
         return {};
-    return {QPoint(pixels.left() / TileSize, pixels.top() / TileSize),
-            QPoint(pixels.right() / TileSize, pixels.bottom() / TileSize)};
+    return {QPoint(pixels.left() / TileSide, pixels.top() / TileSide),
+            QPoint(pixels.right() / TileSide, pixels.bottom() / TileSide)};
 }
 
 void HBTileImageItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
@@ -114,7 +114,7 @@ void HBTileImageItem::PaintTiles(QPainter* painter, const QRect& tiles)
                 if (!opaque)
                     PaintChecker(painter, area);
                 const QImage tile(reinterpret_cast<const uchar*>(pin.Pixels()), area.width(), area.height(),
-                                  TileSize * int(sizeof(HBRGBA32i)),
+                                  TileSide * int(sizeof(HBRGBA32i)),
                                   opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32);
                 painter->drawImage(QRectF(area), tile);
             } catch (const std::bad_alloc&) {
@@ -135,8 +135,8 @@ void HBTileImageItem::PaintShrunken(QPainter* painter, const QRect& tiles, doubl
         });
     }
     const QImage image = m_Mips.Assemble(tiles, level);
-    const QRectF target(tiles.left() * TileSize, tiles.top() * TileSize, tiles.width() * TileSize,
-                        tiles.height() * TileSize);
+    const QRectF target(tiles.left() * TileSide, tiles.top() * TileSide, tiles.width() * TileSide,
+                        tiles.height() * TileSide);
     if (image.hasAlphaChannel())
         PaintChecker(painter, target & boundingRect());
     painter->setClipRect(boundingRect(), Qt::IntersectClip); // the border tiles reach beyond it

@@ -14,13 +14,13 @@
 namespace
 {
 
-constexpr int TileSize = 128;
+constexpr int TileSide = HBImage<>::TileSide;
 // Shrunken tiles out of sight are given up beyond this.
 constexpr qint64 MaximumBytes = 96 << 20;
 
 int Side(int level)
 {
-    return TileSize >> level;
+    return TileSide >> level;
 }
 
 /// Pixels of the levels from `first` up to, not including, `end`.
@@ -57,12 +57,12 @@ void Halve(const QRgb* from, int side, QRgb* to)
 bool CopyPadded(const QRgb* tile, const QSize& valid, QRgb* to)
 {
     QRgb all = 0xff000000;
-    for (int y = 0; y < TileSize; ++y) {
-        const QRgb* row = tile + std::min(y, valid.height() - 1) * TileSize;
-        QRgb* out = to + y * TileSize;
+    for (int y = 0; y < TileSide; ++y) {
+        const QRgb* row = tile + std::min(y, valid.height() - 1) * TileSide;
+        QRgb* out = to + y * TileSide;
         std::memcpy(out, row, std::size_t(valid.width()) * sizeof(QRgb));
-        std::fill(out + valid.width(), out + TileSize, row[valid.width() - 1]);
-        for (int x = 0; x < TileSize; ++x)
+        std::fill(out + valid.width(), out + TileSide, row[valid.width() - 1]);
+        for (int x = 0; x < TileSide; ++x)
             all &= out[x];
     }
     return all >= 0xff000000;
@@ -123,7 +123,7 @@ bool HBTileMips::Prepare(const QRect& tiles, int level, int milliseconds)
 void HBTileMips::Make(int index, int level)
 {
     Entry& entry = m_Entries[std::size_t(index)];
-    QRgb buffer[TileSize * TileSize];
+    QRgb buffer[TileSide * TileSide];
     try {
         const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
         const auto* tile = reinterpret_cast<const QRgb*>(pin.Pixels());

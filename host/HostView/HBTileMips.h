@@ -16,6 +16,7 @@ class HOSTVIEW_EXPORT HBTileMips
 {
 public:
     static constexpr int LastLevel = 7; ///< the whole tile as one pixel
+    static_assert(HBImage<>::TileSide >> LastLevel == 1);
 
     /// Shrunken tiles that the new image shares with the old one stay valid. Those of changed tiles are still shown
     /// until they are made anew.
@@ -25,7 +26,7 @@ public:
     /// on all cores. False if the time was up before all were made; each call makes a few.
     bool Prepare(const QRect& tiles, int level, int milliseconds);
 
-    /// The tiles at `level` as one picture of (128 >> level) pixels a tile: QImage::Format_ARGB32_Premultiplied, or
+    /// The tiles at `level` as one picture of (HBImage<>::TileSide >> level) pixels a tile: QImage::Format_ARGB32_Premultiplied, or
     /// Format_RGB32 if all of them are opaque. Beyond the image the border pixels are repeated. Transparent where
     /// Prepare has not come yet.
     QImage Assemble(const QRect& tiles, int level) const;

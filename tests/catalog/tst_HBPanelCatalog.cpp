@@ -16,13 +16,18 @@ namespace {
 
 using Panel = std::unique_ptr<HBAdjustmentWidget>;
 
-/// What the panel makes of the target with its present values; for one without a job, what is drawn.
-HBImage<> Adjusted(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const HBTarget& target, QString* error) {
+/// What the panel makes of the target with the record; for one without a job, what is drawn.
+/// \param behind the values come after the image
+HBImage<> Adjusted(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const HBTarget& target,
+                   const std::any& record, bool behind, QString* error) {
     error->clear();
+    if (!behind) entry.set(panel, record);
     if (entry.draw) return entry.draw(panel)(target.source, error);
     panel.SetImage(target.source, target.selection, target.offset, target.bounds);
+    if (behind) entry.set(panel, record);
+    panel.ProcessNow();
     while (panel.IsProcessing()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    return panel.AdjustedImage();
+    return panel.HasPendingChange() ? HBImage<>() : panel.AdjustedImage();
 }
 
 /// Whether a box of the panel has that range and shows those values when the panel is given the records.
@@ -96,10 +101,10 @@ private Q_SLOTS:
                  {QSize(1, 1), QSize(127, 3), QSize(128, 128), QSize(129, 130), QSize(257, 140)}) {
                 for (const bool selected : {false, true}) {
                     const HBTarget target = HBTestTarget(size, selected);
-                    entry.set(*panel, records[i]);
                     const HBOutcome outcome = HBRun(adjustment, records[i], target);
                     QString reason, error;
-                    const QImage byPanel = Adjusted(entry, *panel, target, &reason).ToQImage();
+                    const bool behind = i % 2 == 1 && !entry.draw;
+                    const QImage byPanel = Adjusted(entry, *panel, target, records[i], behind, &reason).ToQImage();
                     QCOMPARE(reason, HBFailureReason(outcome)); // of an overlay without room
                     const QImage expected = (outcome.IsWhole() ? outcome.image : target.source).ToQImage();
                     const auto row = [&] {

@@ -10,8 +10,10 @@
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
 #include <HBSelectionTool.h>
+#include <HBTestImages.h>
 #include <HBTileWarnings.h>
 #include <KMDocumentView.h>
+#include <KMTileManager64.h>
 
 #include <QAction>
 #include <QActionGroup>
@@ -24,6 +26,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -460,10 +463,14 @@ private Q_SLOTS:
     void tellsOfAFullScratchDisk() {
         HBEditorWindow window(false);
         HBShowTileWarnings(window.MessageBar());
-        const char* text =
-            "Image data cannot be moved to the scratch file (is the disk full?): it stays in memory";
-        QTest::ignoreMessage(QtWarningMsg, text);
-        std::thread([=] { qWarning("%s", text); }).join();
+        KMTileManager64& tiles = KMTileManager64::Instance();
+        const qint64 budget = tiles.MemoryBudget();
+        tiles.SetScratchLimit(0);
+        tiles.SetMemoryBudget(4 * KMTileManager64::TileBytes);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("scratch file"));
+        std::thread([] { HBTestRamp(500, 500); }).join();
+        tiles.SetMemoryBudget(budget);
+        tiles.SetScratchLimit(-1);
         QTRY_VERIFY(window.MessageBar()->Text().contains("Save your work"));
     }
 

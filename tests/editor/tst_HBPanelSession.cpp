@@ -24,6 +24,11 @@ public:
         Q_EMIT AboutUserParamsChanged();
         Q_EMIT DataChanged();
     }
+    /// As a host does with a stored value.
+    void Load(int value) {
+        const Mute mute(this);
+        m_Value = value;
+    }
 
 private:
     const std::shared_ptr<HBTestGate> m_pGate =
@@ -188,6 +193,35 @@ private Q_SLOTS:
         Q_EMIT f.panel->Ok();
         QVERIFY(f.session->IsFinishing() && !f.panel->isEnabled() && f.accepted.isEmpty());
         QTRY_COMPARE(f.accepted, QVector<int>{7});
+        QCOMPARE(f.panel->starts, 2);
+    }
+
+    void okTakesAValueThatWasSetBehindTheImage() {
+        for (const bool running : {false, true}) {
+            Fixture f;
+            if (running)
+                f.HoldFirst();
+            else
+                f.Open();
+            f.panel->Load(7);
+            f.session->Accept();
+            f.panel->gate.Open();
+            QTRY_COMPARE(f.accepted, QVector<int>{7});
+        }
+    }
+
+    /// The wait ends with a job that had become obsolete, and the next one has only begun.
+    void okOutlastsAnObsoleteJob() {
+        Fixture f;
+        f.HoldFirst();
+        f.session->Accept();
+        f.panel->Load(7);
+        const HBProgressDialogWatch watch([&](HBOperationProgressDlg* dialog) {
+            f.panel->gate.Open();
+            dialog->accept();
+        });
+        QTRY_COMPARE(f.accepted, QVector<int>{7});
+        QVERIFY(watch.Count() >= 1);
     }
 
     void aFailedJobIsNotAccepted() {

@@ -72,9 +72,16 @@ private Q_SLOTS:
         Manager().SetScratchFolder(QStringLiteral("/proc/none"));
         Manager().SetMemoryBudget(4 * TileBytes);
         QTest::ignoreMessage(QtWarningMsg, ScratchWarning);
+        int told = 0;
+        Manager().SetTroubleHandler([&] {
+            ++told;
+            Manager().SetTroubleHandler({});
+            MakeTiles(1); // under no lock
+        });
         const auto tiles = MakeTiles(20);
         QVERIFY(HoldTheirNumbers(tiles));
         QCOMPARE(Manager().CurrentUsage().resident, qint64(20) * TileBytes);
+        QCOMPARE(told, 1);
     }
 
     void FreshTileTakesNoMemoryAndIsZero() {

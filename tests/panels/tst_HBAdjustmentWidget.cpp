@@ -76,6 +76,9 @@ private Q_SLOTS:
     void hostStartsJobAtTheEnd();
     void clearData();
     void panelWithoutJob();
+    void pendingChange();
+    void processNow_data();
+    void processNow();
     void throwingTransformation_data();
     void throwingTransformation();
 
@@ -442,7 +445,97 @@ void tst_HBAdjustmentWidget::panelWithoutJob() {
         QVERIFY(HBIsIdle(panel));
         QCOMPARE(panel.starts, 2);
         QCOMPARE(recorder.Take(), Lines({"SourceChanged()", "SourceChanged()"}));
+        panel.Change();
+        panel.ProcessNow();
+        QVERIFY(!panel.HasPendingChange() && !panel.IsProcessing());
     }
+}
+
+void tst_HBAdjustmentWidget::pendingChange() {
+    KMApplication::SetProgressTimeout(60000);
+    HBLatchPanel panel;
+    panel.Change();
+    panel.ProcessNow();
+    QVERIFY(!panel.HasPendingChange() && panel.starts == 0); // no image yet
+
+    // Until the image of a job that knows the change.
+    HBSignalRecorder recorder(&panel);
+    bool pending = true;
+    recorder.Once("ImageReady()", [&] { pending = panel.HasPendingChange(); });
+    SetPhoto(panel);
+    QVERIFY(panel.HasPendingChange());
+    panel.ProcessNow(); // the job knows it already
+    HBSettle();
+    QVERIFY(!pending && !panel.HasPendingChange());
+    panel.ProcessNow();
+    QCOMPARE(panel.starts, 1);
+
+    // A job that is given up, or fails, has worked nothing in.
+    panel.Gate().Close();
+    SetPhoto(panel);
+    QVERIFY(panel.Gate().WaitForHeld());
+    panel.SetCancelProcessing(true);
+    panel.Gate().Open();
+    HBSettle();
+    QVERIFY(panel.HasPendingChange());
+    panel.ProcessNow();
+    QCOMPARE(panel.starts, 2);
+    panel.SetCancelProcessing(false);
+    panel.onTile = [] { throw std::bad_alloc(); };
+    panel.ProcessNow();
+    HBSettle();
+    QVERIFY(panel.HasJobFailed() && panel.HasPendingChange());
+    panel.onTile = nullptr;
+    panel.ProcessNow();
+    HBSettle();
+    QVERIFY(!panel.HasPendingChange());
+    QCOMPARE(panel.starts, 4);
+    panel.Load(true);
+    QVERIFY(!panel.HasPendingChange()); // other values are shown: nothing to work in
+}
+
+void tst_HBAdjustmentWidget::processNow_data() {
+    QTest::addColumn<bool>("dialog");
+    QTest::addColumn<bool>("silent");
+    QTest::addColumn<bool>("running"); // a job of the old value
+    for (const bool running : {false, true}) {
+        const char* const when = running ? "during a job" : "when idle";
+        QTest::addRow("the user's, %s", when) << true << false << running;
+        QTest::addRow("set by code, %s", when) << true << true << running;
+        QTest::addRow("without a dialog, %s", when) << false << false << running;
+    }
+}
+
+void tst_HBAdjustmentWidget::processNow() {
+    QFETCH(bool, dialog);
+    QFETCH(bool, silent);
+    QFETCH(bool, running);
+    const HBPoolSize pool(1);
+    KMApplication::SetProgressTimeout(60000);
+    HBLatchPanel panel(dialog);
+    HBSignalRecorder recorder(&panel);
+    if (running) panel.Gate().Close();
+    SetPhoto(panel);
+    if (running)
+        QVERIFY(panel.Gate().WaitForHeld());
+    else
+        HBSettle();
+    if (silent)
+        panel.Load();
+    else
+        panel.Change();
+    QVERIFY(panel.HasPendingChange());
+    recorder.Take();
+    panel.ProcessNow();
+    QCOMPARE(panel.GetNewData(), running);
+    QCOMPARE(recorder.Take(), Lines());
+    QCOMPARE(HBTimerCount(panel), 1); // no debounce is left
+    panel.Gate().Open();
+    QVERIFY(recorder.WaitFor("ImageReady"));
+    QVERIFY(!panel.HasPendingChange());
+    HBSettle();
+    QCOMPARE(panel.starts, 2);
+    QCOMPARE(recorder.Count("ImageReady"), 1); // none of the old value
 }
 
 void tst_HBAdjustmentWidget::throwingTransformation_data() {

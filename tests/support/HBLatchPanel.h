@@ -58,6 +58,10 @@ public:
     HBTestGate& Gate() { return *m_pGate; }
     /// The user changes a value.
     void Change() { NotifyChanged(&HBLatchPanel::ValueChanged); }
+    /// The host sets one, or has others shown.
+    void Load(bool othersShown = false) {
+        const Mute mute(this, nullptr, othersShown ? Mute::ShowsOthers : Mute::SetsValues);
+    }
 
     bool hasJob = true;
     std::function<void()> onStart; ///< called by StartJobWatching

@@ -3,7 +3,7 @@
 #include "HBFloodFillHelper.h"
 
 #include "HBParallel.h"
-#include "HBTileMask.h"
+#include "HBTileBits.h"
 #include "KMFillTransformation.h"
 
 #include <atomic>
@@ -17,7 +17,7 @@ namespace
 constexpr int TileSide = HBImage<>::TileSide;
 
 /// The pixels to fill, by tile; null for a tile that has none.
-using Masks = std::vector<std::unique_ptr<HBTileMask>>;
+using Masks = std::vector<std::unique_ptr<HBTileBits>>;
 
 /// Finds the pixels to fill, a tile at a time. A tile hands what it reached at its borders to its neighbours, which
 /// then wait in a queue; it may get its turn again when they hand something back.
@@ -36,8 +36,8 @@ public:
     void GrowFrom(QPoint seed, const HBJobControl* control)
     {
         const int index = seed.y() / TileSide * m_Image.Columns() + seed.x() / TileSide;
-        HBTileMask seeds{};
-        seeds[std::size_t(seed.y() % TileSide)] = HBMaskRow(1) << (seed.x() % TileSide);
+        HBTileBits seeds{};
+        seeds[std::size_t(seed.y() % TileSide)] = HBBitRow(1) << (seed.x() % TileSide);
         Grow(index, seeds);
         while (!m_Queue.empty() && !HBIsCancelled(control)) {
             const int next = m_Queue.front();
@@ -62,18 +62,18 @@ private:
     /// Seeds that wait: a bit for each pixel of a border.
     struct Tile
     {
-        HBMaskRow top = 0;
-        HBMaskRow bottom = 0;
-        HBMaskRow left = 0;
-        HBMaskRow right = 0;
+        HBBitRow top = 0;
+        HBBitRow bottom = 0;
+        HBBitRow left = 0;
+        HBBitRow right = 0;
         bool queued = false;
     };
 
-    HBTileMask TakeSeeds(int index)
+    HBTileBits TakeSeeds(int index)
     {
         Tile& tile = m_Tiles[std::size_t(index)];
         const QSize size = m_Image.TileRect(index).size();
-        HBTileMask seeds{};
+        HBTileBits seeds{};
         seeds.front() = tile.top;
         seeds[std::size_t(size.height() - 1)] |= tile.bottom;
         for (int y = 0; y < size.height(); ++y) {
@@ -85,32 +85,32 @@ private:
         return seeds;
     }
 
-    void Grow(int index, const HBTileMask& seeds)
+    void Grow(int index, const HBTileBits& seeds)
     {
         const QSize size = m_Image.TileRect(index).size();
-        std::unique_ptr<HBTileMask>& mask = m_Masks[std::size_t(index)];
-        HBTileMask open;
+        std::unique_ptr<HBTileBits>& mask = m_Masks[std::size_t(index)];
+        HBTileBits open;
         {
             const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
             open = HBMatchTile(pin.Pixels(), m_Lowest, m_Highest, size);
         }
-        HBTileMask filled = mask ? *mask : HBTileMask{};
-        const HBTileMask before = filled;
+        HBTileBits filled = mask ? *mask : HBTileBits{};
+        const HBTileBits before = filled;
         HBSpreadInTile(open, seeds, filled);
         if (filled == before)
             return;
         HandOver(index, size, before, filled);
         if (!mask)
-            mask = std::make_unique<HBTileMask>();
+            mask = std::make_unique<HBTileBits>();
         *mask = filled;
     }
 
     /// Passes what is new at the borders to the neighbours.
-    void HandOver(int index, const QSize& size, const HBTileMask& before, const HBTileMask& now)
+    void HandOver(int index, const QSize& size, const HBTileBits& before, const HBTileBits& now)
     {
         const auto fresh = [&](int y) { return now[std::size_t(y)] & ~before[std::size_t(y)]; };
-        HBMaskRow left = 0;
-        HBMaskRow right = 0;
+        HBBitRow left = 0;
+        HBBitRow right = 0;
         for (int y = 0; y < size.height(); ++y) {
             left |= (fresh(y) & 1) << y;
             right |= (fresh(y) >> (size.width() - 1) & 1) << y;
@@ -127,7 +127,7 @@ private:
             Pass(index + columns, &Tile::top, fresh(size.height() - 1));
     }
 
-    void Pass(int index, HBMaskRow Tile::*border, HBMaskRow seeds)
+    void Pass(int index, HBBitRow Tile::*border, HBBitRow seeds)
     {
         Tile& tile = m_Tiles[std::size_t(index)];
         if (!(seeds & ~Reached(index, border)))
@@ -139,9 +139,9 @@ private:
     }
 
     /// The pixels of a tile's border that are filled already.
-    HBMaskRow Reached(int index, HBMaskRow Tile::*border) const
+    HBBitRow Reached(int index, HBBitRow Tile::*border) const
     {
-        const HBTileMask* mask = m_Masks[std::size_t(index)].get();
+        const HBTileBits* mask = m_Masks[std::size_t(index)].get();
         if (!mask)
             return 0;
         const QSize size = m_Image.TileRect(index).size();
@@ -150,7 +150,7 @@ private:
         if (border == &Tile::bottom)
             return (*mask)[std::size_t(size.height() - 1)];
         const int x = border == &Tile::left ? 0 : size.width() - 1;
-        HBMaskRow column = 0;
+        HBBitRow column = 0;
         for (int y = 0; y < size.height(); ++y)
             column |= ((*mask)[std::size_t(y)] >> x & 1) << y;
         return column;
@@ -164,10 +164,10 @@ private:
     std::deque<int> m_Queue;
 };
 
-void FillTile(HBTileAccess& tile, const HBTileMask& mask, const KMFillTransformation& fill)
+void FillTile(HBTileAccess& tile, const HBTileBits& mask, const KMFillTransformation& fill)
 {
     HBRGBA32i* row = tile.Pixels();
-    for (const HBMaskRow bits : mask) {
+    for (const HBBitRow bits : mask) {
         HBForEachRun(bits, [&](int first, int count) { fill(row + first, count); });
         row += TileSide;
     }

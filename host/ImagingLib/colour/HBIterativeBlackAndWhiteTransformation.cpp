@@ -10,7 +10,7 @@
 #define HWY_TARGET_INCLUDE "HBIterativeBlackAndWhiteTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBLightVectors-inl.h"
+#include "HBSrgbVectors-inl.h"
 
 // Of all instruction sets in common.
 #ifndef HB_BLACK_AND_WHITE_ONCE
@@ -27,9 +27,9 @@ double Lightness(double luminance)
     return 1.16 * root - 0.16;
 }
 
-const HBLight::ShadeTable& LightnessTable()
+const HBSrgb::ShadeTable& LightnessTable()
 {
-    static const HBLight::ShadeTable table(Lightness);
+    static const HBSrgb::ShadeTable table(Lightness);
     return table;
 }
 
@@ -57,8 +57,8 @@ struct Luma
 struct CieLightness
 {
     const HBBlackAndWhite::Weights& weights;
-    const HBLight::LevelTable& decoding;
-    const HBLight::ShadeTable& lightness;
+    const HBSrgb::LevelTable& decoding;
+    const HBSrgb::ShadeTable& lightness;
 
     template <class D>
     HWY_INLINE void operator()(D d, Colours<D>& c) const
@@ -74,7 +74,7 @@ struct CieLightness
 void MakeGrey(const HBBlackAndWhite::Weights& weights, HBRGBA32i* pixels, int count)
 {
     if (weights.cie)
-        MapColours(CieLightness{weights, HBLight::Decoding(), LightnessTable()}, pixels, count);
+        MapColours(CieLightness{weights, HBSrgb::Decoding(), LightnessTable()}, pixels, count);
     else
         MapColours(Luma{weights}, pixels, count);
 }
@@ -101,7 +101,7 @@ HBBlackAndWhite::HBBlackAndWhite(bool cie, float red, float green, float blue)
 {
     if (cie) {
         // Built now, not under the first tiles.
-        HBLight::Decoding();
+        HBSrgb::Decoding();
         LightnessTable();
     }
 }

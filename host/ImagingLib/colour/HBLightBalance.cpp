@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBLightBalance.h"
 
-#include "HBLight.h"
+#include "HBSrgb.h"
 
 #include <QtGlobal>
 
@@ -13,8 +13,8 @@ template <class Function>
 HBChannelTables::Table MapLight(Function function)
 {
     return HBMakeTable([&](int level) {
-        const double light = function(HBLight::Decode(level / 255.0));
-        return int(std::lround(255.0 * HBLight::Encode(qBound(0.0, light, 1.0))));
+        const double light = function(HBSrgb::Decode(level / 255.0));
+        return int(std::lround(255.0 * HBSrgb::Encode(qBound(0.0, light, 1.0))));
     });
 }
 
@@ -27,9 +27,9 @@ struct Gains
 
 Gains NeutralGains(const HBChannelNorms& norms)
 {
-    const double red = HBLight::Decode(norms.red);
-    const double green = HBLight::Decode(norms.green);
-    const double blue = HBLight::Decode(norms.blue);
+    const double red = HBSrgb::Decode(norms.red);
+    const double green = HBSrgb::Decode(norms.green);
+    const double blue = HBSrgb::Decode(norms.blue);
     if (red <= 0.0 || green <= 0.0 || blue <= 0.0)
         return {};
     const double luminance = 0.2126 * red + 0.7152 * green + 0.0722 * blue;

@@ -10,7 +10,7 @@
 #define HWY_TARGET_INCLUDE "HBTemperatureCorrection.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBLightVectors-inl.h"
+#include "HBSrgbVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -21,8 +21,8 @@ namespace HWY_NAMESPACE
 struct Adapt
 {
     const HBTemperatureCorrection::Matrix& matrix;
-    const HBLight::LevelTable& decoding;
-    const HBLight::ShadeTable& encoding;
+    const HBSrgb::LevelTable& decoding;
+    const HBSrgb::ShadeTable& encoding;
 
     template <class D>
     HWY_INLINE void operator()(D d, Colours<D>& c) const
@@ -38,7 +38,7 @@ struct Adapt
 
 void AdaptPixels(const HBTemperatureCorrection::Matrix& matrix, HBRGBA32i* pixels, int count)
 {
-    MapColours(Adapt{matrix, HBLight::Decoding(), HBLight::Encoding()}, pixels, count);
+    MapColours(Adapt{matrix, HBSrgb::Decoding(), HBSrgb::Encoding()}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE
@@ -116,8 +116,8 @@ void HBTemperatureCorrection::SetData(int kelvin, int strength, int tint)
             m_Matrix.rows[i][primary] = float(light[i] + share * (adapted[i] - light[i]));
     }
     // Built now, not under the first tiles.
-    HBLight::Decoding();
-    HBLight::Encoding();
+    HBSrgb::Decoding();
+    HBSrgb::Encoding();
 }
 
 void HBTemperatureCorrection::operator()(HBRGBA32i* pixels, int count) const
@@ -131,7 +131,7 @@ HBRGBA32i HBTemperatureCorrection::GetTemperatureColor(int kelvin)
     const HBTriple light = Apply(FromXYZ, HBPlanckianWhite(Kelvin(kelvin), 0.0));
     const double brightest = qMax(light[0], qMax(light[1], light[2]));
     const auto level = [=](double value) {
-        return std::uint8_t(std::lround(255.0 * HBLight::Encode(qMax(0.0, value / brightest))));
+        return std::uint8_t(std::lround(255.0 * HBSrgb::Encode(qMax(0.0, value / brightest))));
     };
     return {level(light[0]), level(light[1]), level(light[2])};
 }

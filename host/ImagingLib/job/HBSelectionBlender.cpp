@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr int TileSize = 128;
+constexpr int TileSide = HBImage<>::TileSide;
 
 /// A rectangle with inclusive corners that translating and cutting cannot overflow.
 struct WideRect
@@ -49,8 +49,8 @@ HBSelectionArea::HBSelectionArea(const HBImage<>& image, const HBImage<>& select
     if (!effective.isValid())
         return;
     // Inside the image, so every corner is 0 or more and plain division rounds down.
-    tiles = QRect(QPoint(effective.left() / TileSize, effective.top() / TileSize),
-                  QPoint(effective.right() / TileSize, effective.bottom() / TileSize));
+    tiles = QRect(QPoint(effective.left() / TileSide, effective.top() / TileSide),
+                  QPoint(effective.right() / TileSide, effective.bottom() / TileSide));
     blended = WideRect(Extent(selection), offset).CutTo(effective);
 }
 
@@ -73,11 +73,11 @@ void HBSelectionRows::ForEachSpan(int row, const std::function<void(const Span&)
         const int selectionX = int(qint64(x) - m_Offset.x());
         // To the next tile border of the image or of the selection image, whichever comes first.
         const int count =
-            std::min({TileSize - x % TileSize, TileSize - selectionX % TileSize, m_Area.right() + 1 - x});
-        const int index = y / TileSize * m_Source.Columns() + x / TileSize;
-        const int pixel = y % TileSize * TileSize + x % TileSize;
-        const int selectionIndex = selectionY / TileSize * m_Selection.Columns() + selectionX / TileSize;
-        const int selectionPixel = selectionY % TileSize * TileSize + selectionX % TileSize;
+            std::min({TileSide - x % TileSide, TileSide - selectionX % TileSide, m_Area.right() + 1 - x});
+        const int index = y / TileSide * m_Source.Columns() + x / TileSide;
+        const int pixel = y % TileSide * TileSide + x % TileSide;
+        const int selectionIndex = selectionY / TileSide * m_Selection.Columns() + selectionX / TileSide;
+        const int selectionPixel = selectionY % TileSide * TileSide + selectionX % TileSide;
 
         x += count;
         if (m_Destination.Tile(index) == m_Source.Tile(index))
@@ -104,7 +104,7 @@ void HBRestoreOutside(HBImage<>& image, const HBImage<>& source, int index, cons
     const KMTilePin<HBRGBA32i> to(image.Tile(index), true);
     const KMTilePin<HBRGBA32i> from(source.Tile(index), false);
     auto restore = [&](int y, int first, int end) {
-        const int row = y % TileSize * TileSize;
+        const int row = y % TileSide * TileSide;
         std::copy(from.Pixels() + row + first, from.Pixels() + row + end, to.Pixels() + row + first);
     };
     for (int y = tile.top(); y <= tile.bottom(); ++y) {

@@ -87,6 +87,7 @@ struct KMTileManager64::Private
     qint64 budget = 0;
     int evictionsToSkip = 0;
     bool warned = false;
+    std::function<void()> troubleHandler;
 
     // Not guarded by the mutex:
     KMTileScratch scratch;
@@ -294,15 +295,19 @@ bool KMTileManager64::Private::Save(const std::vector<KMTile*>& tiles)
     return true;
 }
 
-/// The mutex must not be held: a message handler may do anything.
+/// The mutex must not be held: a message handler may do anything, and so may the trouble handler.
 void KMTileManager64::Private::WarnOnce()
 {
+    std::function<void()> handler;
     {
         const std::lock_guard<std::mutex> lock(mutex);
         if (std::exchange(warned, true))
             return;
+        handler = troubleHandler;
     }
     qWarning("Image data cannot be moved to the scratch file (is the disk full?): it stays in memory");
+    if (handler)
+        handler();
 }
 
 void KMTileManager64::Private::SetBudget(qint64 bytes)
@@ -401,6 +406,12 @@ void KMTileManager64::SetScratchLimit(qint64 bytes)
 {
     d->scratch.SetLimit(bytes);
     d->ScratchChanged();
+}
+
+void KMTileManager64::SetTroubleHandler(std::function<void()> handler)
+{
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    d->troubleHandler.swap(handler);
 }
 
 KMTileManager64::Usage KMTileManager64::CurrentUsage() const

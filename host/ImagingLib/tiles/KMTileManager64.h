@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -16,8 +17,8 @@ struct KMTile;
 /// Memory comes from recycled 2 MiB slabs. It is only valid between GetMemory and FreeMemory, which count: a tile
 /// may be pinned by several threads at once, and stays where it is until the last one has given it back. Above the
 /// memory budget the least recently used unpinned tiles move to an unlinked scratch file and come back by
-/// themselves; a scratch file that cannot be written loses nothing: the tiles stay in memory and one warning is
-/// logged. Pinning a resident tile takes no lock.
+/// themselves; a scratch file that cannot be written loses nothing: the tiles stay in memory, one warning is
+/// logged and the trouble handler called. Pinning a resident tile takes no lock.
 class IMAGINGLIB_EXPORT KMTileManager64
 {
 public:
@@ -55,6 +56,11 @@ public:
     /// Largest size of the scratch file in bytes; -1 (the default): as large as the disk allows. This and
     /// SetScratchFolder make the manager try at once again, and warn again, after the file could not be written.
     void SetScratchLimit(qint64 bytes);
+
+    /// Called once, after the warning, when tiles cannot be moved to the scratch file: by the thread that wanted room, under
+    /// no lock, so that it may use tiles itself. It must not throw. Empty: nobody is told. A call of the handler before may
+    /// still be on its way when this returns.
+    void SetTroubleHandler(std::function<void()> handler);
 
     /// What is in use now, in bytes.
     struct Usage

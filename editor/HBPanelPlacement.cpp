@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBPanelFrame.h"
+#include "HBPanelPlacement.h"
 
 #include <QAction>
 #include <QApplication>
@@ -65,7 +65,7 @@ void MakeOkDefault(QWidget* panel)
 
 } // namespace
 
-HBPanelFrame::HBPanelFrame(QMainWindow* window)
+HBPanelPlacement::HBPanelPlacement(QMainWindow* window)
     : QObject(window)
     , m_pWindow(window)
     , m_pDock(new QDockWidget(window))
@@ -78,7 +78,7 @@ HBPanelFrame::HBPanelFrame(QMainWindow* window)
     window->addDockWidget(Qt::RightDockWidgetArea, m_pDock);
 }
 
-void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
+void HBPanelPlacement::Show(QWidget* panel, const QString& title, bool docked)
 {
     panel->setParent(nullptr);
     Close();
@@ -96,7 +96,7 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(panel);
         MakeOkDefault(panel);
-        connect(m_pDialog, &QDialog::rejected, this, &HBPanelFrame::Dismissed);
+        connect(m_pDialog, &QDialog::rejected, this, &HBPanelPlacement::Dismissed);
         m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
         m_pDialog->setMinimumHeight(qMin(m_pDialog->height(), m_pWindow->screen()->availableSize().height() / 2));
         // In a corner of the window, not over the middle of the photo.
@@ -109,7 +109,7 @@ void HBPanelFrame::Show(QWidget* panel, const QString& title, bool docked)
     QTimer::singleShot(0, panel, [panel] { FocusFirst(panel); });
 }
 
-void HBPanelFrame::Close()
+void HBPanelPlacement::Close()
 {
     if (m_pDialog) {
         m_pDialog->disconnect(this);
@@ -124,7 +124,7 @@ void HBPanelFrame::Close()
     }
 }
 
-bool HBPanelFrame::TakeKey(const QKeyEvent* key)
+bool HBPanelPlacement::TakeKey(const QKeyEvent* key)
 {
     const bool plain = !(key->modifiers() & ~Qt::KeypadModifier);
     if (plain && key->key() == Qt::Key_Escape) {
@@ -141,7 +141,7 @@ bool HBPanelFrame::TakeKey(const QKeyEvent* key)
     return true;
 }
 
-bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
+bool HBPanelPlacement::eventFilter(QObject* watched, QEvent* event)
 {
     // Only the user closes the dock; the editor hides it.
     if (watched == m_pDock && event->type() == QEvent::Close)

@@ -2,20 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBRGBA32i.h"
+#include "HBImage.h"
 
 #include <QRect>
 
 #include <array>
 
 /// A bit for each pixel of a row of a tile, the leftmost the lowest.
-__extension__ typedef unsigned __int128 HBMaskRow;
+__extension__ typedef unsigned __int128 HBBitRow;
+static_assert(sizeof(HBBitRow) * 8 == HBImage<>::TileSide);
 
 /// A bit for each pixel of a tile, a row after the other.
-using HBTileMask = std::array<HBMaskRow, 128>;
+using HBTileBits = std::array<HBBitRow, HBImage<>::TileSide>;
 
 /// How many zeros come before the first set bit; 128 if none is set.
-inline int HBTrailingZeros(HBMaskRow row)
+inline int HBTrailingZeros(HBBitRow row)
 {
     const auto low = std::uint64_t(row);
     const auto high = std::uint64_t(row >> 64);
@@ -23,14 +24,14 @@ inline int HBTrailingZeros(HBMaskRow row)
 }
 
 /// The lowest `count` bits; 0..128.
-inline HBMaskRow HBLowBits(int count)
+inline HBBitRow HBLowBits(int count)
 {
-    return count >= 128 ? ~HBMaskRow(0) : (HBMaskRow(1) << count) - 1;
+    return count >= 128 ? ~HBBitRow(0) : (HBBitRow(1) << count) - 1;
 }
 
 /// Calls function(first, count) for each run of set bits, from left to right.
 template <class Function>
-void HBForEachRun(HBMaskRow row, Function function)
+void HBForEachRun(HBBitRow row, Function function)
 {
     for (int at = 0; row;) {
         const int gap = HBTrailingZeros(row);
@@ -44,10 +45,10 @@ void HBForEachRun(HBMaskRow row, Function function)
 
 /// The pixels of a tile whose channels are all within the limits; those outside `size` are not.
 /// \param pixels of a whole tile
-HBTileMask HBMatchTile(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highest, const QSize& size);
+HBTileBits HBMatchTile(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highest, const QSize& size);
 
 /// Adds to `filled` what can be reached from `seeds` through `open`, side by side. Seeds outside `open` are ignored.
-void HBSpreadInTile(const HBTileMask& open, const HBTileMask& seeds, HBTileMask& filled);
+void HBSpreadInTile(const HBTileBits& open, const HBTileBits& seeds, HBTileBits& filled);
 
 /// The smallest rectangle that holds all set bits; empty if there are none.
-QRect HBBounds(const HBTileMask& mask);
+QRect HBBounds(const HBTileBits& mask);

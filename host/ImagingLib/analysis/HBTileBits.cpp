@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBTileMask.h"
+#include "HBTileBits.h"
 
 #undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "HBTileMask.cpp"
+#define HWY_TARGET_INCLUDE "HBTileBits.cpp"
 #include <hwy/foreach_target.h>
 
 #include <hwy/highway.h>
@@ -55,11 +55,11 @@ std::uint64_t Match64(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highe
 #endif
 
 /// The rows of a whole tile.
-void MatchRows(const HBRGBA32i* pixels, int rows, HBRGBA32i lowest, HBRGBA32i highest, HBTileMask& mask)
+void MatchRows(const HBRGBA32i* pixels, int rows, HBRGBA32i lowest, HBRGBA32i highest, HBTileBits& mask)
 {
-    for (int y = 0; y < rows; ++y, pixels += 128) {
+    for (int y = 0; y < rows; ++y, pixels += HBImage<>::TileSide) {
         const std::uint64_t left = Match64(pixels, lowest, highest);
-        mask[std::size_t(y)] = HBMaskRow(Match64(pixels + 64, lowest, highest)) << 64 | left;
+        mask[std::size_t(y)] = HBBitRow(Match64(pixels + 64, lowest, highest)) << 64 | left;
     }
 }
 
@@ -73,18 +73,18 @@ namespace
 {
 HWY_EXPORT(MatchRows);
 
-constexpr int TileSide = 128;
-constexpr HBMaskRow Full = ~HBMaskRow(0);
+constexpr int TileSide = HBImage<>::TileSide;
+constexpr HBBitRow Full = ~HBBitRow(0);
 
 /// The runs of `open` that hold a bit of `seeds`, which is a part of it.
-HBMaskRow SpreadInRow(HBMaskRow open, HBMaskRow seeds)
+HBBitRow SpreadInRow(HBBitRow open, HBBitRow seeds)
 {
     if (open == Full)
         return Full;
     // To the right: the carry of the lowest seed of a run clears the bits from there to the run's end.
-    HBMaskRow row = (open & ~(open + seeds)) | seeds;
+    HBBitRow row = (open & ~(open + seeds)) | seeds;
     // To the left, by 1, 2, 4 … pixels; `path`: so many open pixels lie in line.
-    HBMaskRow path = open;
+    HBBitRow path = open;
     for (int step = 1; step < TileSide; step *= 2) {
         row |= path & (row >> step);
         path &= path >> step;
@@ -94,49 +94,49 @@ HBMaskRow SpreadInRow(HBMaskRow open, HBMaskRow seeds)
 
 } // namespace
 
-HBTileMask HBMatchTile(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highest, const QSize& size)
+HBTileBits HBMatchTile(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highest, const QSize& size)
 {
-    HBTileMask mask{};
+    HBTileBits mask{};
     HWY_DYNAMIC_DISPATCH(MatchRows)(pixels, size.height(), lowest, highest, mask);
-    for (HBMaskRow& row : mask)
+    for (HBBitRow& row : mask)
         row &= HBLowBits(size.width());
     return mask;
 }
 
-void HBSpreadInTile(const HBTileMask& open, const HBTileMask& seeds, HBTileMask& filled)
+void HBSpreadInTile(const HBTileBits& open, const HBTileBits& seeds, HBTileBits& filled)
 {
-    HBTileMask waiting = seeds; // seeds of rows that are yet to be looked at
-    HBMaskRow rows = 0;         // which rows have any
+    HBTileBits waiting = seeds; // seeds of rows that are yet to be looked at
+    HBBitRow rows = 0;          // which rows have any
     for (int y = 0; y < TileSide; ++y) {
         if (waiting[std::size_t(y)])
-            rows |= HBMaskRow(1) << y;
+            rows |= HBBitRow(1) << y;
     }
-    const auto pass = [&](int y, HBMaskRow fresh) {
+    const auto pass = [&](int y, HBBitRow fresh) {
         if (y >= 0 && y < TileSide && fresh) {
             waiting[std::size_t(y)] |= fresh;
-            rows |= HBMaskRow(1) << y;
+            rows |= HBBitRow(1) << y;
         }
     };
     // Down through the rows and again from the top while any wait.
     for (int y = 0; rows; ++y) {
-        const HBMaskRow further = y < TileSide ? rows >> y : 0;
+        const HBBitRow further = y < TileSide ? rows >> y : 0;
         y = further ? y + HBTrailingZeros(further) : HBTrailingZeros(rows);
         const auto row = std::size_t(y);
-        rows &= ~(HBMaskRow(1) << y);
-        const HBMaskRow start = waiting[row] & open[row] & ~filled[row];
+        rows &= ~(HBBitRow(1) << y);
+        const HBBitRow start = waiting[row] & open[row] & ~filled[row];
         waiting[row] = 0;
         if (!start)
             continue;
-        const HBMaskRow fresh = SpreadInRow(open[row], start) & ~filled[row];
+        const HBBitRow fresh = SpreadInRow(open[row], start) & ~filled[row];
         filled[row] |= fresh;
         pass(y - 1, fresh);
         pass(y + 1, fresh);
     }
 }
 
-QRect HBBounds(const HBTileMask& mask)
+QRect HBBounds(const HBTileBits& mask)
 {
-    HBMaskRow columns = 0;
+    HBBitRow columns = 0;
     int top = TileSide;
     int bottom = -1;
     for (int y = 0; y < TileSide; ++y) {

@@ -11,11 +11,11 @@ class QKeyEvent;
 class QMainWindow;
 
 /// Where the open panel stands: in a dialog of its own or in the main window's side bar. The panel is not its own.
-class HBPanelFrame : public QObject
+class HBPanelPlacement : public QObject
 {
     Q_OBJECT
 public:
-    explicit HBPanelFrame(QMainWindow* window);
+    explicit HBPanelPlacement(QMainWindow* window);
 
     /// Shows the panel, or moves it when it is shown already.
     void Show(QWidget* panel, const QString& title, bool docked);

@@ -7,7 +7,7 @@
 
 /// Between stored values and light: the transfer function of sRGB (IEC 61966-2-1) and tables for it. Both sides of
 /// every function are 0..1.
-namespace HBLight
+namespace HBSrgb
 {
 
 inline double Decode(double value)
@@ -72,4 +72,4 @@ inline const ShadeTable& Encoding()
     return table;
 }
 
-} // namespace HBLight
+} // namespace HBSrgb
