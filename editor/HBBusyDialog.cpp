@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBBusyDialog.h"
 
+#include <HBParallel.h>
+
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFutureWatcher>
@@ -9,6 +11,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QtConcurrent>
+#include <QThreadPool>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -41,11 +44,15 @@ void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFl
     // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread sanitizer.
     std::mutex order;
     std::unique_lock<std::mutex> here(order);
-    watcher.setFuture(QtConcurrent::run([&] {
+    const auto elsewhere = [&] {
         const std::lock_guard<std::mutex> there(order);
         work();
-    }));
+    };
+    const bool started =
+        HBTryStart(*QThreadPool::globalInstance(), [&] { watcher.setFuture(QtConcurrent::run(elsewhere)); });
     here.unlock();
+    if (!started)
+        return work(); // the system has no more threads: the window has to wait
     loop.exec(events);
     here.lock();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBOverlayJob.h"
 
-#include <QtConcurrent>
+#include <HBPoolJob.h>
 
 #include <new>
 
@@ -30,7 +30,7 @@ void HBOverlayJob::Start()
 {
     m_Pending = false;
     const QString noMemory = tr("There is not enough memory to draw this.");
-    m_Watcher.setFuture(QtConcurrent::run([source = m_Source, drawing = m_Drawing, noMemory] {
+    HBWatchInPool(&m_Watcher, [source = m_Source, drawing = m_Drawing, noMemory] {
         Result result{source, {}};
         try {
             result.image = drawing(source, &result.error);
@@ -38,7 +38,7 @@ void HBOverlayJob::Start()
             result.error = noMemory;
         }
         return result;
-    }));
+    });
 }
 
 void HBOverlayJob::Finish()

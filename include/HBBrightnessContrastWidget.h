@@ -30,8 +30,14 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnBrightnessChanged(int value) { Store(m_Params.brightness, value, &HBBrightnessContrastWidget::ValueChanged); }
-    void OnContrastChanged(int value) { Store(m_Params.contrast, value, &HBBrightnessContrastWidget::ValueChanged); }
+    void OnBrightnessChanged(int value)
+    {
+        Store(m_Params.brightness, value, &HBBrightnessContrastWidget::ValueChanged);
+    }
+    void OnContrastChanged(int value)
+    {
+        Store(m_Params.contrast, value, &HBBrightnessContrastWidget::ValueChanged);
+    }
 
 private:
     struct BCData;

@@ -4,10 +4,9 @@
 
 #include "panels_export.h"
 
-#include <HistogramWidget.h>
 #include <HBImage.h>
 #include <HBSharedImage.h>
-
+#include <HistogramWidget.h>
 
 /// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing. GUI
 /// thread.

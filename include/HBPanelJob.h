@@ -48,13 +48,13 @@ PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::
 template <class Data>
 void HBStartJob(QFutureWatcher<HBImage<>>* watcher, HBImage<> (*process)(Data), const Data& job)
 {
-    HBStartInPool(watcher, [process, job]() -> HBImage<> {
+    HBStartInPool(watcher, [process, job = Data(job)]() mutable -> HBImage<> {
         try {
             return process(job);
         } catch (...) {
             if (job.control)
                 job.control->failed = true;
-            return job.source;
+            return std::move(job.source); // a copy may throw again
         }
     });
 }
@@ -77,6 +77,7 @@ HBImage<> HBRunJob(const HBJobData& job, const Record& record, HBOutcome* outcom
 template <class Transformation>
 HBImage<> HBRunTransformation(const HBJobData& job, const Transformation& transformation)
 {
-    return HBTakeOutcome(
-        HBRunStages(job, [&] { return HBStages{HBStageOf(transformation)}; }, job.control.get()), job);
+    return HBTakeOutcome(HBRunStages(
+                             job, [&] { return HBStages{HBStageOf(transformation)}; }, job.control.get()),
+                         job);
 }

@@ -279,11 +279,11 @@ void HBCurveScene::MoveEnd(uint end, int input)
     const int index = end == First ? 0 : Points().size() - 1;
     if (!MovePoint(index, QPoint(input, Points().at(index).y())))
         return;
-    // Another list may have been set meanwhile.
+    // Another list may have been set meanwhile, and may be set by the signal.
     const int moved = end == First ? 0 : Points().size() - 1;
-    Q_EMIT PointTouched(Points().at(moved));
     if (m_pSelected != m_Nodes.at(moved))
         Select(m_Nodes.at(moved));
+    Q_EMIT PointTouched(Points().at(moved));
 }
 
 void HBCurveScene::RemoveSelected()

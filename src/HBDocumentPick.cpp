@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBDocumentPick.h"
 
+#include <HBPoolJob.h>
 #include <KMDocumentView.h>
 #include <KMPixelRatioRound.h>
 #include <KMRGBHistogram.h>
@@ -10,7 +11,6 @@
 #include <QAbstractButton>
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
-#include <QtConcurrent>
 
 namespace
 {
@@ -195,13 +195,13 @@ void HBDocumentPick::Start(Pick& pick)
     }
     pick.running = true;
     pick.pending = false;
-    pick.watcher.setFuture(QtConcurrent::run([image = m_Source(), rect = pick.rect, fallback = pick.fallback] {
+    HBWatchInPool(&pick.watcher, [image = m_Source(), rect = pick.rect, fallback = pick.fallback] {
         try {
             return Average(image, rect, fallback);
         } catch (const std::bad_alloc&) { // a tile that cannot be brought back
             return fallback;
         }
-    }));
+    });
 }
 
 std::optional<HBRGBA32i> HBDocumentPick::Result(int index) const

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelJob.h"
 
-#include <HBParallel.h>
-
-#include <QFutureInterface>
-#include <QtConcurrent>
+#include <HBPoolJob.h>
 
 bool HBPanelJobControl::IsCancelled() const
 {
@@ -25,15 +22,7 @@ void HBPanelJobControl::SetProgress(int value)
 
 void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job)
 {
-    if (HBCanStartThread()) {
-        watcher->setFuture(QtConcurrent::run(job));
-        return;
-    }
-    QFutureInterface<HBImage<>> done;
-    done.reportStarted();
-    done.reportResult(job());
-    done.reportFinished();
-    watcher->setFuture(done.future());
+    HBWatchInPool(watcher, job);
 }
 
 HBImage<> HBTakeOutcome(const HBOutcome& outcome, const HBJobData& job)

@@ -33,5 +33,4 @@ enum class HBAfterFailure { Keep, Reset };
         return stream;                                                                                            \
     }
 
-#define HB_PANEL_STREAM(Panel, words)                                                                              \
-    HB_PANEL_STREAM_LINES(Panel, words, __LINE__, __LINE__, HBAfterFailure::Keep)
+#define HB_PANEL_STREAM(Panel, words) HB_PANEL_STREAM_LINES(Panel, words, __LINE__, __LINE__, HBAfterFailure::Keep)

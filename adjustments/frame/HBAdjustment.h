@@ -54,7 +54,7 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
     const char* title;     ///< untranslated; see Title()
     HBFieldInfos fields;
 
-    std::any defaults; ///< a record as its constructor makes it
+    std::any defaults;                           ///< a record as its constructor makes it
     const void* (*data)(const std::any& record); ///< the record itself, for the fields' `get`
     void* (*mutableData)(std::any& record);      ///< the same, for their `set`
 

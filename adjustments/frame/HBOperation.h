@@ -38,7 +38,8 @@ struct HBIsTransformation : std::false_type
 {
 };
 template <class Transformation>
-struct HBIsTransformation<Transformation, std::void_t<decltype(&Transformation::SetProcessingBuffer)>> : std::true_type
+struct HBIsTransformation<Transformation, std::void_t<decltype(&Transformation::SetProcessingBuffer)>>
+    : std::true_type
 {
 };
 template <class Transformation, class = void>
@@ -46,7 +47,8 @@ struct HBHasOperation : std::false_type
 {
 };
 template <class Transformation>
-struct HBHasOperation<Transformation, std::void_t<decltype(std::declval<Transformation>().Operation())>> : std::true_type
+struct HBHasOperation<Transformation, std::void_t<decltype(std::declval<Transformation>().Operation())>>
+    : std::true_type
 {
 };
 

@@ -76,10 +76,9 @@ struct Pass
 class Run
 {
 public:
-    Run(const HBTarget& target, HBJobControl* control) : m_Target(target), m_pControl(control)
-    {
-        m_Outcome.image = target.source;
-    }
+    Run(const HBTarget& target, HBJobControl* control) : m_Target(target), m_pControl(control) {}
+
+    void Begin() { m_Outcome.image = m_Target.source; }
 
     /// \param index of the stage in the run
     void Add(const HBStage& stage, int index)
@@ -146,7 +145,7 @@ public:
         m_Outcome.exception = exception;
     }
     bool IsWhole() const { return m_Outcome.IsWhole(); }
-    const HBOutcome& Outcome() const { return m_Outcome; }
+    HBOutcome TakeOutcome() { return std::move(m_Outcome); }
     const HBStageSpan& AtWork() const { return m_AtWork; }
 
 private:
@@ -204,6 +203,7 @@ HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& s
 {
     Run run(target, control);
     try {
+        run.Begin();
         HBStages all = stages();
         for (int index = 0; index < int(all.size()) && run.IsWhole(); ++index) {
             // What a stage keeps, whole pictures even, goes with it.
@@ -216,5 +216,5 @@ HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& s
     }
     if (failed)
         *failed = run.AtWork();
-    return run.Outcome();
+    return run.TakeOutcome();
 }

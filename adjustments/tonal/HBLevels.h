@@ -25,7 +25,7 @@ struct ADJUSTMENTS_EXPORT HBLevelsParams
     static constexpr auto Fields()
     {
         using P = HBLevelsParams;
-        constexpr const char* ends[] = {"all.black", "all.white", "red.black", "red.white",
+        constexpr const char* ends[] = {"all.black",   "all.white",   "red.black",  "red.white",
                                         "green.black", "green.white", "blue.black", "blue.white"};
         constexpr const char* channels[] = {"all", "red", "green", "blue"};
         return std::make_tuple(HBChoice("channel", &P::channel, channels),

@@ -4,12 +4,13 @@
 
 #include "HistogramShape.h"
 
+#include <HBPoolJob.h>
+
 #include <QEvent>
 #include <QLayout>
 #include <QMetaMethod>
 #include <QPainter>
 #include <QPainterPath>
-#include <QtConcurrent>
 
 #include <limits>
 
@@ -152,8 +153,9 @@ void HistogramWidget::Start()
     if (!m_Waiting)
         return;
     m_pAbandoned = std::make_shared<std::atomic<bool>>(false);
-    m_Watcher.setFuture(QtConcurrent::run(
-        [count = std::exchange(m_Waiting, nullptr), abandoned = m_pAbandoned] { return count(abandoned.get()); }));
+    HBWatchInPool(&m_Watcher, [count = std::exchange(m_Waiting, nullptr), abandoned = m_pAbandoned] {
+        return count(abandoned.get());
+    });
 }
 
 const HistogramWidget::Counts& HistogramWidget::Current() const

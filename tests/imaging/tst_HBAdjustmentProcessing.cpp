@@ -10,9 +10,13 @@
 #include <QtConcurrent>
 #include <QThreadPool>
 
+#include <sys/resource.h>
+
 #include <functional>
+#include <future>
 #include <limits>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -274,6 +278,39 @@ private Q_SLOTS:
         QVERIFY(job.processing.Exception() != nullptr);
         for (int index = 0; index < 6; ++index) QVERIFY(result.Tile(index) == source.Tile(index));
     }
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which need all addresses there are
+    // A task that the pool cannot find a thread for is lost, and the end of the program waits for it for ever.
+    void WhereTheSystemStartsNoThreads() {
+        const QImage photo = Ramp(300, 200);
+        const HBImage<> source = HBImage<>::FromQImage(photo);
+        QThreadPool& pool = *QThreadPool::globalInstance();
+        pool.waitForDone();
+        QFile sizes("/proc/self/statm");
+        QVERIFY(sizes.open(QIODevice::ReadOnly));
+        const rlim_t used = sizes.readAll().split(' ').value(0).toULongLong() * rlim_t(sysconf(_SC_PAGESIZE));
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_AS, &before), 0);
+        const rlimit tight{used + (6 << 20), before.rlim_max}; // less than a stack
+        QCOMPARE(setrlimit(RLIMIT_AS, &tight), 0);
+        std::promise<void> end;
+        const std::shared_future<void> ended = end.get_future().share();
+        std::vector<std::thread> others; // they take the stacks of threads that have ended
+        try {
+            for (;;) others.emplace_back([ended] { ended.wait(); });
+        } catch (const std::system_error&) {}
+        {
+            const PoolSize threads(4);
+            Job<InvertTransformation> job{InvertTransformation(Invert())};
+            const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
+            setrlimit(RLIMIT_AS, &before);
+            QCOMPARE(result.ToQImage(), Expected(photo, {}, {}, NoBounds));
+        }
+        end.set_value();
+        for (std::thread& thread : others) thread.join();
+        QTRY_COMPARE(pool.activeThreadCount(), 0);
+    }
+#endif
 
     // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.
     void JobsOnAFullPool() {

@@ -85,8 +85,10 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     shared->lane = &lane;
     shared->Begin();
     try {
-        for (int helper = 1; helper < lanes; ++helper)
-            QThreadPool::globalInstance()->start(new Helper(shared));
+        QThreadPool& pool = *QThreadPool::globalInstance();
+        bool started = true;
+        for (int helper = 1; helper < lanes && started; ++helper)
+            started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
     } catch (const std::bad_alloc&) {
         // Fewer lanes do the same work.
     }
@@ -96,15 +98,18 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
         std::rethrow_exception(shared->first);
 }
 
-bool HBCanStartThread()
+bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
 {
-    const QThreadPool& pool = *QThreadPool::globalInstance();
-    if (pool.activeThreadCount() >= pool.maxThreadCount())
-        return true; // a thread that exists will come
-    try {
-        std::thread([] {}).join();
-        return true;
-    } catch (const std::system_error&) {
-        return false;
+    // The thread tried leaves its stack to the one that the pool makes next. Another start between the two would take it.
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
+        try {
+            std::thread([] {}).join();
+        } catch (const std::system_error&) {
+            return false;
+        }
     }
+    start();
+    return true;
 }

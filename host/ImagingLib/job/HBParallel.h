@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class QThreadPool;
+
 /// How many lanes share work of `items` independent pieces: one per thread of the global pool, at most one per
 /// piece, at least one.
 IMAGINGLIB_EXPORT int HBLaneCount(int items);
@@ -18,6 +20,7 @@ IMAGINGLIB_EXPORT int HBLaneCount(int items);
 /// If lanes throw, the others still run to their end; then the first exception is rethrown as it was thrown.
 IMAGINGLIB_EXPORT void HBRunLanes(int lanes, const std::function<void()>& lane);
 
-/// Whether the global pool can run something: false where the system starts no more threads (too little memory, too many
-/// processes). Qt's pool would lose what it is given then.
-IMAGINGLIB_EXPORT bool HBCanStartThread();
+/// Calls `start`, which hands one task to the pool, if the pool will have a thread for it. False, without the call, where the
+/// system starts no more threads (too little memory, too many processes): Qt's pool would lose the task, and wait for its end
+/// for ever when the program ends. Every task of ours goes through here. Any thread.
+IMAGINGLIB_EXPORT bool HBTryStart(QThreadPool& pool, const std::function<void()>& start);

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <new>
 
 namespace
 {
@@ -133,8 +134,14 @@ HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform, H
 {
     HBOutcome outcome;
     HBImage<>& result = outcome.image;
-    result = target.source;
-    result.DetachList();
+    try {
+        result = target.source;
+        result.DetachList();
+    } catch (const std::bad_alloc&) {
+        outcome.status = HBOutcome::Failed;
+        outcome.exception = std::current_exception();
+        return outcome;
+    }
 
     const bool selected = target.bounds.isValid();
     const HBSelectionArea area(target.source, target.selection, target.offset, target.bounds);
