@@ -9,7 +9,8 @@
 
 // Records of any adjustment, made from what the table says of it.
 
-/// What samples/recipes/<panel>.json sets.
+/// What samples/recipes/<panel>.json sets: as it stands there, and loaded.
+QJsonObject HBDemonstrationStep(const HBAdjustment& adjustment);
 std::any HBDemonstration(const HBAdjustment& adjustment);
 
 /// Number `which` of a few records with values far outside what any form allows; all kinds that a stream can bring.
