@@ -5,7 +5,6 @@
 
 #include <HBReplaceColorWidget.h>
 
-#include <QComboBox>
 #include <QPainter>
 #include <QSlider>
 #include <QSpinBox>
@@ -22,7 +21,6 @@ constexpr int Most = std::numeric_limits<int>::max();
 struct Fixture : HBPanelFixture<Panel> {
     using HBPanelFixture::HBPanelFixture;
     Params Value() const { return panel.GetValue(); }
-    QVector<int> Record() const { return {Value().tolerance, Value().position, Value().opacity}; }
     /// The job's result for a record.
     QImage Run(const Params& params, const QImage& photo) {
         panel.SetValue(params);
@@ -32,9 +30,6 @@ struct Fixture : HBPanelFixture<Panel> {
 
     QSlider* tolerance = Find<QSlider>("m_pSourceTolerance");
     QSpinBox* toleranceSpin = Find<QSpinBox>("spinBox");
-    QComboBox* position = Find<QComboBox>("m_pPositionType");
-    QSlider* opacity = Find<QSlider>("m_pDestinationOpacity");
-    QSpinBox* opacitySpin = Find<QSpinBox>("spinBox_2");
     QPushButton* color = Find<QPushButton>("m_pSelectDestinationColor");
 };
 
@@ -61,36 +56,15 @@ private Q_SLOTS:
     void selectionDoesNotLimit();
 };
 
+/// The sliders are listened to: a spin box that is not tied to one is not heard.
 void tst_HBReplaceColorWidget::controls() {
     Fixture f;
-    const struct {
-        QWidget* control;
-        const char* property;
-        int value;
-        QVector<int> record;
-        int changes;
-    } moves[] = {
-        {f.toleranceSpin, "value", 40, {40, 0, 100}, 1}, {f.tolerance, "value", 40, {40, 0, 100}, 0},
-        {f.tolerance, "value", 999, {255, 0, 100}, 1},   {f.toleranceSpin, "value", -9, {0, 0, 100}, 1},
-        {f.opacitySpin, "value", 30, {0, 0, 30}, 1},     {f.opacity, "value", 31, {0, 0, 31}, 1},
-        {f.position, "currentIndex", 3, {0, 3, 31}, 1},  {f.position, "currentIndex", 3, {0, 3, 31}, 0},
-        {f.position, "currentIndex", -1, {0, 0, 31}, 1}, // nothing chosen counts as the first corner
-    };
-    for (const auto& move : moves) {
-        QVERIFY(move.control->setProperty(move.property, move.value));
-        QCOMPARE(f.Record(), move.record);
-        QCOMPARE(qMakePair(f.toleranceSpin->value(), f.opacitySpin->value()),
-                 qMakePair(move.record[0], move.record[2]));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-    }
-    // The sliders are listened to: a spin box that is not tied to one is not heard.
+    f.toleranceSpin->setValue(40);
+    QCOMPARE(f.Value().tolerance, 40);
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
     f.toleranceSpin->disconnect(f.tolerance);
     f.toleranceSpin->setValue(99);
     QCOMPARE(f.recorder.Take(), QStringList());
-    f.panel.OnReset();
-    f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
-    QCOMPARE(f.Record(), QVector<int>({0, 0, 100}));
 }
 
 /// Every accepted dialog is heard, changed or not; a cancelled one only if the user has tried another colour.
@@ -201,15 +175,7 @@ void tst_HBReplaceColorWidget::smallPictures() {
 
 /// The four bytes of the tolerance are those of the number or'd with itself three times, a byte further each time.
 void tst_HBReplaceColorWidget::hostileRecords() {
-    const HBImage<> photo = HBTestRamp(150, 140);
     Fixture f;
-    for (const int tolerance : {256, 1000, -1, Most, Least}) {
-        for (const QColor& color : {QColor(), QColor(Qt::transparent), QColor::fromCmyk(1, 200, 30, 9)}) {
-            f.Run({tolerance, Panel::PositionType(tolerance), color, tolerance}, photo.ToQImage());
-            QCOMPARE(f.recorder.Count("ImageReady"), 1);
-            f.recorder.Take();
-        }
-    }
     QImage row = Plain(3, 1, QColor(0, 0, 0));
     row.setPixelColor(1, 0, QColor(3, 3, 255));
     const auto filled = [&](int tolerance) {

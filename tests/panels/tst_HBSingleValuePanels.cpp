@@ -322,7 +322,9 @@ void tst_HBSingleValuePanels::results() {
 
     // A record that no form made counts as what its form would take.
     const auto pixels = [&photo](const auto& params) { return HBAdjust(params, {photo}).image.ToQImage(); };
-    const auto of = [&photo](const auto& transformation) { return HBTransformed(photo, transformation).ToQImage(); };
+    const auto of = [&photo](const auto& transformation) {
+        return HBTransformed(photo, transformation).ToQImage();
+    };
     for (const auto& [given, taken] : {std::pair{1.2351, 1.24}, {0.001, 0.01}, {Infinity, 5.0}, {NaN, 1.0}})
         QCOMPARE(pixels(HBGammaCorrectionParams{given}), of(HBIterativeGammaCorrectionTransformation(taken)));
     QCOMPARE(pixels(HBExposureParams{1.23456, -7}), of(HBIterativeExposureTransformation(1.2346, -0.5)));
