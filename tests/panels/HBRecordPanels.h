@@ -39,19 +39,3 @@ using HBRecordPanels =
                 HBColorizeWidget, HBCurvesWidget, HBHueSaturationWidget, HBLevelsWidget, HBPhotoFilterWidget,
                 HBReplaceColorWidget, HBSignWidget, HBTemperatureWidget, HBThresholdWidget, HBTintWidget,
                 HBWatermarkWidget, HBWBWidget, KMFillColorWidget>;
-
-template <class Params>
-Params HBLoad(const QByteArray& bytes) {
-    Params params;
-    QDataStream stream(bytes);
-    params.Read(stream);
-    return params;
-}
-
-template <class Params>
-QByteArray HBStore(const Params& params) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    params.Write(stream);
-    return bytes;
-}

@@ -5,6 +5,7 @@
 #include "HBJobLog.h"
 #include "HBLogCapture.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
 #include <HBAdjustment.h>
 #include <HBIterativeCurvesTransformation.h>
@@ -13,8 +14,6 @@
 #include <KMTheme.h>
 
 #include <QDataStream>
-#include <QSemaphore>
-#include <QtConcurrent>
 #include <QTemporaryFile>
 
 #include <limits>
@@ -29,28 +28,13 @@ using Params = HBCurvesWidget::Params;
 
 const HBPoints Default = {{0, 0}, {255, 255}};
 
-QByteArray Bytes(const Params& params) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    params.Write(stream);
-    return bytes;
-}
-
-/// Keeps the pool busy, so that jobs wait, until it is released or dies.
-class PoolBlock {
-public:
-    PoolBlock() {
-        QtConcurrent::run([this] { m_Gate.acquire(); });
-    }
+/// Delivers, too, what the released jobs have posted.
+struct PoolBlock : HBPoolBlock {
     ~PoolBlock() { Release(); }
     void Release() {
-        m_Gate.release();
+        HBPoolBlock::Release();
         HBSettle();
     }
-
-private:
-    const HBPoolSize m_One{1};
-    QSemaphore m_Gate;
 };
 
 /// 100 × 80 black pixels, with one block of a colour.
@@ -162,12 +146,12 @@ void tst_HBCurvesWidget::setValue() {
         Params expected;
         expected.channel = channel >= 0 && channel <= 3 ? channel : 0;
         for (HBPoints& list : expected.points) list = kept;
-        QCOMPARE(Bytes(f.panel.GetValue()), Bytes(expected));
+        QCOMPARE(HBStore(f.panel.GetValue()), HBStore(expected));
         const HBImage<> photo = HBTestRamp(9, 9);
         QCOMPARE(HBAdjust(params, {photo}).image.ToQImage(), HBAdjust(expected, {photo}).image.ToQImage());
         Params copy;
         for (const HBFieldInfo& field : HBDescribeFields<Params>()) field.set(&copy, field.get(&params));
-        QCOMPARE(Bytes(copy), Bytes(params));
+        QCOMPARE(HBStore(copy), HBStore(params));
         QVERIFY(f.NodesFit());
         QCOMPARE(f.channel->currentIndex(), expected.channel);
         QCOMPARE(f.Edits(), QString("%1 %2").arg(kept[0].x()).arg(kept[0].y()));
@@ -231,7 +215,7 @@ void tst_HBCurvesWidget::channels() {
     f.slider->SetValue(0, 190); // the shown channel only
     params.channel = 3;
     params.points[3][0].setX(190);
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
+    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
 }
 
@@ -408,7 +392,7 @@ void tst_HBCurvesWidget::picks() {
     f.Pick({20, 20, 10, 10});
     HBSettle();
     for (int c = 1; c < 4; ++c) params.points[c] = after;
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
+    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
     QVERIFY(f.NodesFit());
     QCOMPARE(f.recorder.Take(), HBClosingCalls());
     QVERIFY(f.recorder.WaitFor("ImageReady")); // by the debounce
@@ -532,7 +516,7 @@ void tst_HBCurvesWidget::resetCancelsPicks() {
             f.panel.OnReset();
             QCOMPARE(f.recorder.Take(), HBClosingCalls());
         }
-        QCOMPARE(Bytes(f.panel.GetValue()), Bytes(Params()));
+        QCOMPARE(HBStore(f.panel.GetValue()), HBStore(Params()));
         QCOMPARE(f.recorder.Take(), QStringList());
         {
             PoolBlock block;

@@ -2,20 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelFixture.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
-#include <HBIterativeLevelsTransformation.h>
 #include <HBLevelsWidget.h>
 #include <HistogramWidget.h>
 #include <MavuCustomSlider.h>
 
 #include <QComboBox>
-#include <QDataStream>
 #include <QPushButton>
 #include <QSpinBox>
 
 #include <limits>
-
-Q_DECLARE_METATYPE(HBLevelsWidget::Params)
 
 namespace {
 
@@ -56,29 +53,6 @@ struct Fixture : HBPanelFixture<HBLevelsWidget> {
     QSpinBox* highOutput = Find<QSpinBox>("m_pHighOutput");
 };
 
-QByteArray Bytes(const Params& params) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    params.Write(stream);
-    return bytes;
-}
-
-HBIterativeLevelsTransformation Transformation(const Params& p) {
-    return HBIterativeLevelsTransformation(p.input, p.output, p.gamma, 100);
-}
-
-/// A picture with so many pixels of each colour, one after the other.
-HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs) {
-    int width = 0;
-    for (const auto& run : runs) width += run.second;
-    QImage image(width, 1, QImage::Format_ARGB32);
-    int x = 0;
-    for (const auto& run : runs) {
-        for (int i = 0; i < run.second; ++i) image.setPixel(x++, 0, run.first);
-    }
-    return HBImage<>::FromQImage(image);
-}
-
 } // namespace
 
 class tst_HBLevelsWidget : public QObject {
@@ -86,19 +60,13 @@ class tst_HBLevelsWidget : public QObject {
 private Q_SLOTS:
     void middleValue();
     void toneValue();
-    void controls();
     void middleSettles();
     void staleSpinRanges();
     void channels();
-    void setValue();
     void hostileRecords();
     void hostSetsMeanwhile();
-    void autoAdjust_data();
-    void autoAdjust();
     void autoKeepsTheChannelOnly();
     void overlappingStream();
-    void results_data();
-    void results();
 };
 
 void tst_HBLevelsWidget::middleValue() {
@@ -145,52 +113,6 @@ void tst_HBLevelsWidget::toneValue() {
     QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
 }
 
-/// One change each, whichever control it is made with.
-void tst_HBLevelsWidget::controls() {
-    Fixture f;
-    using Move = std::function<void()>;
-    const auto handle = [](MavuCustomSlider* slider, uint control, int value) {
-        return [=] { slider->SetValue(control, value); };
-    };
-    const auto spin = [](QWidget* box, double value) { return [=] { box->setProperty("value", value); }; };
-    const struct {
-        Move move;
-        Numbers state; ///< record and handles alike
-        double gamma;
-        int changes;
-    } moves[] = {
-        {handle(f.input, 0, 20), {20, 137, 255, 0, 255}, 1.0, 1},
-        {handle(f.input, 0, 20), {20, 137, 255, 0, 255}, 1.0, 0},
-        {handle(f.input, 2, 200), {20, 110, 200, 0, 255}, 1.0, 1},
-        {spin(f.middle, 9.99), {20, 20, 200, 0, 255}, 9.99, 1}, // on the black point
-        {spin(f.middle, 0.01), {20, 200, 200, 0, 255}, 0.01, 1},
-        {spin(f.middle, 1.0), {20, 110, 200, 0, 255}, 1.0, 1},
-        {spin(f.low, 10), {10, 105, 200, 0, 255}, 1.0, 1},
-        {spin(f.high, 100), {10, 55, 100, 0, 255}, 1.0, 1},
-        {handle(f.input, 0, 300), {98, 99, 100, 0, 255}, 1.0, 1}, // two below the white point
-        {handle(f.input, 2, 0), {98, 99, 100, 0, 255}, 1.0, 0},
-        {handle(f.output, 0, 30), {98, 99, 100, 30, 255}, 1.0, 1},
-        {handle(f.output, 1, 5), {98, 99, 100, 30, 5}, 1.0, 1}, // the output may be inverted
-        {spin(f.lowOutput, 255), {98, 99, 100, 255, 5}, 1.0, 1},
-        {spin(f.highOutput, 0), {98, 99, 100, 255, 0}, 1.0, 1},
-    };
-    for (const auto& move : moves) {
-        Numbers seen;
-        f.recorder.Once("ValueChanged()", [&] { seen = f.Record(); });
-        move.move();
-        QCOMPARE(f.Record(), move.state);
-        QCOMPARE(f.Handles(), move.state);
-        QCOMPARE(f.Spins(), Numbers({move.state[0], move.state[2], move.state[3], move.state[4]}));
-        QCOMPARE(f.ShownGamma(), move.gamma);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes) QCOMPARE(seen, move.state);
-    }
-    // A handle that does not exist.
-    Q_EMIT f.input->ValueChanged(3, 50);
-    Q_EMIT f.output->ValueChanged(2, 50);
-    QCOMPARE(f.recorder.Take(), QStringList());
-}
-
 /// The box keeps two decimals, and the handle goes where the rounded gamma is.
 void tst_HBLevelsWidget::middleSettles() {
     const struct {
@@ -225,6 +147,11 @@ void tst_HBLevelsWidget::staleSpinRanges() {
     QCOMPARE(f.Record()[0], 200);
     QCOMPARE(f.input->Value(0), 8);
     QCOMPARE(f.input->Minimum(2), 202);
+    // A handle that does not exist.
+    f.recorder.Take();
+    Q_EMIT f.input->ValueChanged(3, 50);
+    Q_EMIT f.output->ValueChanged(2, 50);
+    QCOMPARE(f.recorder.Take(), QStringList());
     f.low->setValue(10); // both points on one level: a drag of the middle must not divide by their distance
     f.recorder.Take();
     Q_EMIT f.input->ValueChanged(1, 10);
@@ -279,7 +206,7 @@ void tst_HBLevelsWidget::channels() {
     }
     QVERIFY(HBIsIdle(f.panel));
     params.channel = 3;
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
+    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
     f.low->setValue(181);
     QCOMPARE(f.panel.GetValue().input[3][0], 181);
     QCOMPARE(f.panel.GetValue().input[0][0], 0);
@@ -287,23 +214,6 @@ void tst_HBLevelsWidget::channels() {
     f.channel->setCurrentIndex(-1);
     QCOMPARE(f.panel.GetValue().channel, 3);
     QCOMPARE(f.recorder.Take(), QStringList());
-}
-
-void tst_HBLevelsWidget::setValue() {
-    Fixture f;
-    Params params;
-    params.channel = 2;
-    params.input[2][0] = 100;
-    params.middle[2] = 111; // kept and shown, not computed
-    f.panel.SetValue(params);
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
-    QCOMPARE(f.panel.GetValue().middle[2], 111);
-    QCOMPARE(f.input->Value(1), 111);
-    QCOMPARE(f.channel->currentIndex(), 2);
-    QCOMPARE(f.recorder.Take(), QStringList());
-    f.low->setValue(101);
-    f.output->SetValue(0, 1);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // connected, once each
 }
 
 void tst_HBLevelsWidget::hostileRecords() {
@@ -325,7 +235,7 @@ void tst_HBLevelsWidget::hostileRecords() {
                 Fixture f(channel == 0);
                 f.panel.SetValue(params);
                 if (channel < 0 || channel > 3) params.channel = 0;
-                QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params)); // kept, but for the channel
+                QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params)); // kept, but for the channel
                 QCOMPARE(f.recorder.Take(), QStringList());
                 if (qIsNaN(gamma)) QCOMPARE(f.middle->value(), 1.0);
                 if (channel == 0 || channel == -1) f.panel.SetImage(photo, {}, {}, {});
@@ -362,50 +272,15 @@ void tst_HBLevelsWidget::hostSetsMeanwhile() {
         f.recorder.Once("ValueChanged()", [&] { f.panel.SetValue(other); });
         move();
         QCOMPARE(f.recorder.Count("ValueChanged"), 1);
-        QCOMPARE(Bytes(f.panel.GetValue()), Bytes(other));
+        QCOMPARE(HBStore(f.panel.GetValue()), HBStore(other));
         QCOMPARE(f.Handles(), f.Record());
     }
 }
 
-void tst_HBLevelsWidget::autoAdjust_data() {
-    QTest::addColumn<HBImage<>>("photo");
-    QTest::addColumn<Numbers>("points"); // red, green, blue: low, high, middle
-    QTest::newRow("single levels") << Picture({{qRgb(250, 3, 128), 50}})
-                                   << Numbers({239, 255, 247, 0, 16, 8, 120, 136, 128});
-    // The empty levels between count as below the share, too: the low point goes up to the crowd.
-    QTest::newRow("a crowd") << Picture({{qRgb(5, 0, 0), 1}, {qRgb(50, 100, 0), 998}, {qRgb(200, 200, 255), 1}})
-                             << Numbers({41, 57, 49, 91, 107, 99, 0, 16, 8});
-    QTest::newRow("wide enough") << Picture({{qRgb(20, 0, 100), 500}, {qRgb(200, 255, 116), 500}})
-                                 << Numbers({20, 200, 110, 0, 255, 127, 100, 116, 108});
-    // Exactly 0.2 % at the bottom is enough to stay, 99.8 % is reached one level before the top.
-    QTest::newRow("the shares themselves")
-        << Picture({{qRgb(10, 10, 10), 2}, {qRgb(90, 90, 90), 996}, {qRgb(250, 250, 250), 2}})
-        << Numbers({10, 90, 50, 10, 90, 50, 10, 90, 50});
-    QTest::newRow("no image") << HBImage<>() << Numbers({0, 16, 8, 0, 16, 8, 0, 16, 8});
-}
-
-void tst_HBLevelsWidget::autoAdjust() {
-    QFETCH(HBImage<>, photo);
-    QFETCH(Numbers, points);
-    Fixture f;
-    f.panel.SetImage(photo, {}, {}, {});
-    QVERIFY(f.Finish());
-    QVERIFY(f.automatic->isEnabled()); // as soon as there are counts, and from then on
-    f.recorder.Take();
-    f.automatic->click();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    const Params p = f.panel.GetValue();
-    Numbers got;
-    for (int c = 1; c < 4; ++c) got += {p.input[c][0], p.input[c][1], p.middle[c]};
-    QCOMPARE(got, points);
-    f.panel.ClearData();
-    QVERIFY(f.Finish());
-    QVERIFY(f.automatic->isEnabled());
-}
-
 void tst_HBLevelsWidget::autoKeepsTheChannelOnly() {
     Fixture f;
-    f.panel.SetImage(Picture({{qRgb(20, 20, 20), 50}, {qRgb(200, 200, 200), 50}}), {}, {}, {});
+    const auto halves = [](int x, int) { return x < 50 ? qRgb(20, 20, 20) : qRgb(200, 200, 200); };
+    f.panel.SetImage(HBTestPicture(100, 1, halves), {}, {}, {});
     QVERIFY(f.Finish());
     Params params;
     for (int c = 0; c < 4; ++c) {
@@ -414,7 +289,10 @@ void tst_HBLevelsWidget::autoKeepsTheChannelOnly() {
     }
     params.channel = 2;
     f.panel.SetValue(params);
+    QVERIFY(f.automatic->isEnabled()); // as soon as there are counts, and from then on
+    f.recorder.Take();
     f.automatic->click();
+    QCOMPARE(f.recorder.Take(), HBClosingCalls());
     Params expected;
     expected.channel = 2;
     for (int c = 1; c < 4; ++c) {
@@ -422,8 +300,11 @@ void tst_HBLevelsWidget::autoKeepsTheChannelOnly() {
         expected.input[c][1] = 200;
         expected.middle[c] = 110;
     }
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(expected));
+    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(expected));
     QCOMPARE(f.Handles(), Numbers({20, 110, 200, 0, 255}));
+    f.panel.ClearData();
+    QVERIFY(f.Finish());
+    QVERIFY(f.automatic->isEnabled());
 }
 
 /// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for none.
@@ -449,38 +330,7 @@ void tst_HBLevelsWidget::overlappingStream() {
     QCOMPARE(p.output[3][1], 27);
 
     // From the defaults 128 is written, which is not what the gamma of 1 gives.
-    QCOMPARE(Bytes(Params()).mid(16 + 4 + 44, 4).toHex(), QByteArray("00000080"));
-}
-
-void tst_HBLevelsWidget::results_data() {
-    QTest::addColumn<Params>("params");
-    QTest::newRow("neutral") << Params();
-    QTest::newRow("all") << Params{3,
-                                   {{1, 250}, {10, 200}, {20, 180}, {30, 160}},
-                                   {0, 0, 0, 0}, // not used
-                                   {{5, 240}, {250, 3}, {7, 230}, {9, 220}},
-                                   {2.0, 0.5, 1.25, 4.0}};
-    // From the record, not from what the controls can show.
-    QTest::newRow("out of range") << Params{0,
-                                            {{-100, 500}, {0, 255}, {9, 9}, {200, 100}},
-                                            {},
-                                            {{0, 255}, {-50, 300}, {0, 255}, {0, 255}},
-                                            {1, 20, 1, NaN}};
-}
-
-void tst_HBLevelsWidget::results() {
-    QFETCH(Params, params);
-    const HBImage<> photo = HBTestRamp(257, 130);
-    const HBImage<> mask = HBTestMask(150, 90);
-    Fixture f;
-    f.panel.SetValue(params);
-    for (const QRect& bounds : {QRect(), QRect(20, 10, 120, 70)}) {
-        f.panel.SetImage(photo, bounds.isValid() ? mask : HBImage<>(), QPoint(30, 40), bounds);
-        QVERIFY(f.Finish());
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-                 HBTransformed(photo, Transformation(params), mask, QPoint(30, 40), bounds).ToQImage());
-    }
-    if (Bytes(params) == Bytes(Params())) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
+    QCOMPARE(HBStore(Params()).mid(16 + 4 + 44, 4).toHex(), QByteArray("00000080"));
 }
 
 HB_TEST_MAIN(tst_HBLevelsWidget)

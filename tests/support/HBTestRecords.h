@@ -31,3 +31,20 @@ inline HBRecipeStep HBStepOf(const HBAdjustment& adjustment, const std::any& rec
 /// The adjustment's own outcome, without a recipe.
 HBOutcome HBRun(const HBAdjustment& adjustment, const std::any& record, const HBTarget& target,
                 HBJobControl* control = nullptr);
+
+/// The stored form of a record, and back.
+template <class Params>
+Params HBLoad(const QByteArray& bytes) {
+    Params params;
+    QDataStream stream(bytes);
+    params.Read(stream);
+    return params;
+}
+
+template <class Params>
+QByteArray HBStore(const Params& params) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    params.Write(stream);
+    return bytes;
+}
