@@ -66,7 +66,6 @@ private Q_SLOTS:
     void job_data();
     void job();
     void debounce();
-    void obsoleteJob_data();
     void obsoleteJob();
     void changeInTheLastMoments();
     void newImageKeepsDebounce();
@@ -76,26 +75,19 @@ private Q_SLOTS:
     void hostStartsJobAtTheEnd();
     void clearData();
     void panelWithoutJob();
-    void throwingTransformation_data();
     void throwingTransformation();
 
     void waitAnswers();
-    void waitShowsDialog_data();
     void waitShowsDialog();
     void waitIsCancelled();
     void waitForRestartedJob();
-    void waitDropsChange_data();
     void waitDropsChange();
-    void waitEndsOnce_data();
     void waitEndsOnce();
     void waitRunsQueuedJob();
 
-    void panelsShareThePool();
-    void deletedWhileJobRuns_data();
     void deletedWhileJobRuns();
     void deletedByItsSignal_data();
     void deletedByItsSignal();
-    void deletedUnderItsDialog_data();
     void deletedUnderItsDialog();
 };
 
@@ -247,36 +239,31 @@ void tst_HBAdjustmentWidget::debounce() {
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::obsoleteJob_data() {
-    QTest::addColumn<bool>("byChange");
-    QTest::newRow("a value changes") << true;
-    QTest::newRow("another image") << false;
-}
-
 void tst_HBAdjustmentWidget::obsoleteJob() {
-    QFETCH(bool, byChange);
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(60000);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    for (int i = 0; i < 2; ++i) { // the second time changes nothing
-        if (byChange)
-            panel.Change();
-        else
-            SetPhoto(panel);
-        QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 1; }, 10000)); // no debounce is left
-        QVERIFY(panel.GetNewData());
+    for (const bool byChange : {true, false}) {
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(60000);
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        for (int i = 0; i < 2; ++i) { // the second time changes nothing
+            if (byChange)
+                panel.Change();
+            else
+                SetPhoto(panel);
+            QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 1; }, 10000)); // no debounce is left
+            QVERIFY(panel.GetNewData());
+        }
+        panel.Gate().Open();
+        QVERIFY(recorder.WaitFor("ImageReady"));
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QCOMPARE(panel.Gate().Passed(), 1 + 6); // the obsolete job did not begin its second tile
+        QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
     }
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ImageReady"));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(panel.Gate().Passed(), 1 + 6); // the obsolete job did not begin its second tile
-    QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
 }
 
 void tst_HBAdjustmentWidget::changeInTheLastMoments() {
@@ -445,40 +432,34 @@ void tst_HBAdjustmentWidget::panelWithoutJob() {
     }
 }
 
-void tst_HBAdjustmentWidget::throwingTransformation_data() {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("standard exception") << 0;
-    QTest::newRow("out of memory") << 1;
-    QTest::newRow("no exception class") << 2;
-}
-
 void tst_HBAdjustmentWidget::throwingTransformation() {
-    QFETCH(int, kind);
-    const HBPoolSize pool(1);
-    const HBLogCapture log;
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    int tile = 0;
-    panel.onTile = [&] {
-        if (++tile != 3) return;
-        if (kind == 0) throw std::runtime_error("third tile");
-        if (kind == 1) throw std::bad_alloc();
-        throw kind;
-    };
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    HBSettle();
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(tile, 3);
+    for (const int kind : {0, 1, 2}) { // a standard exception, out of memory, no exception class
+        const HBPoolSize pool(1);
+        const HBLogCapture log;
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        int tile = 0;
+        panel.onTile = [&] {
+            if (++tile != 3) return;
+            if (kind == 0) throw std::runtime_error("third tile");
+            if (kind == 1) throw std::bad_alloc();
+            throw kind;
+        };
+        SetPhoto(panel);
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        HBSettle();
+        QVERIFY(recorder.WaitFor("Finished(1)"));
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QCOMPARE(tile, 3);
 
-    // What was done before it.
-    const QImage before = Photo().ToQImage();
-    const QImage inverted = Inverted(Photo());
-    const QImage result = panel.AdjustedImage().ToQImage();
-    const QRect done(0, 0, 256, 128);
-    QCOMPARE(result.copy(done), inverted.copy(done));
-    QCOMPARE(result.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72));
+        // What was done before it.
+        const QImage before = Photo().ToQImage();
+        const QImage inverted = Inverted(Photo());
+        const QImage result = panel.AdjustedImage().ToQImage();
+        const QRect done(0, 0, 256, 128);
+        QCOMPARE(result.copy(done), inverted.copy(done));
+        QCOMPARE(result.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72));
+    }
 }
 
 // ---- Waiting ----
@@ -529,52 +510,45 @@ void tst_HBAdjustmentWidget::waitAnswers() {
     QCOMPARE(recorder.Count("ImageReady"), 0);
 }
 
-void tst_HBAdjustmentWidget::waitShowsDialog_data() {
-    QTest::addColumn<bool>("dialog");
-    QTest::addColumn<bool>("mainWindow");
-    QTest::newRow("dialog mode, no main window") << true << false;
-    QTest::newRow("dialog mode, main window") << true << true;
-    QTest::newRow("embedded") << false << true;
-}
-
 void tst_HBAdjustmentWidget::waitShowsDialog() {
-    QFETCH(bool, dialog);
-    QFETCH(bool, mainWindow);
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(0);
-    QWidget window;
-    HBMdiArea::SetMainWindow(mainWindow ? &window : nullptr);
-    HBLatchPanel panel(dialog);
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg* progress) {
-        QCOMPARE(progress->Label(), QString("Latch:"));
-        QCOMPARE(progress->parentWidget(), mainWindow ? &window : nullptr);
-        QCOMPARE(Bar(*progress)->maximum(), 6);
-        QCOMPARE(Bar(*progress)->value(), 3);
-        QVERIFY(!QApplication::overrideCursor());
-        panel.Gate().Open();
-    });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Gate().Let(3);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QCoreApplication::sendPostedEvents();
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished"));
-    QCOMPARE(dialogs.Count(), 1);
-    QCOMPARE(recorder.Take().mid(5),
-             Lines({"ProgressValueChanged(4)", "ProgressValueChanged(5)", "ProgressValueChanged(6)",
-                    "ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}));
-    QVERIFY(!panel.IsCancelProcessing());
+    for (const auto& [dialog, mainWindow] : {std::pair{true, false}, {true, true}, {false, true}}) {
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(0);
+        QWidget window;
+        HBMdiArea::SetMainWindow(mainWindow ? &window : nullptr);
+        HBLatchPanel panel(dialog);
+        HBSignalRecorder recorder(&panel);
+        const HBProgressDialogWatch dialogs([&, hasWindow = mainWindow](HBOperationProgressDlg* progress) {
+            QCOMPARE(progress->Label(), QString("Latch:"));
+            QCOMPARE(progress->parentWidget(), hasWindow ? &window : nullptr);
+            QCOMPARE(Bar(*progress)->maximum(), 6);
+            QCOMPARE(Bar(*progress)->value(), 3);
+            QVERIFY(!QApplication::overrideCursor());
+            panel.Gate().Open();
+        });
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.Gate().Let(3);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished"));
+        QCOMPARE(dialogs.Count(), 1);
+        QCOMPARE(
+            recorder.Take().mid(5),
+            Lines({"ProgressValueChanged(4)", "ProgressValueChanged(5)", "ProgressValueChanged(6)", "ImageReady()",
+                   "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}));
+        QVERIFY(!panel.IsCancelProcessing());
 
-    // The wait is over: the next one asks anew.
-    QVERIFY(panel.WaitForProcessingFinished(false));
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    HBSettle();
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(dialogs.Count(), 1);
+        // The wait is over: the next one asks anew.
+        QVERIFY(panel.WaitForProcessingFinished(false));
+        SetPhoto(panel);
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        HBSettle();
+        QVERIFY(recorder.WaitFor("Finished(1)"));
+        QCOMPARE(dialogs.Count(), 1);
+    }
 }
 
 void tst_HBAdjustmentWidget::waitIsCancelled() {
@@ -619,61 +593,52 @@ void tst_HBAdjustmentWidget::waitForRestartedJob() {
     QVERIFY(HBIsIdle(panel));
 }
 
-void tst_HBAdjustmentWidget::waitDropsChange_data() {
-    QTest::addColumn<int>("timeout");
-    QTest::newRow("the dialog comes first") << 0;
-    QTest::newRow("the debounce comes first") << 200;
-}
-
 void tst_HBAdjustmentWidget::waitDropsChange() {
-    QFETCH(int, timeout);
-    KMApplication::SetProgressTimeout(timeout);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Change();
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(panel.starts, 1);
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::waitEndsOnce_data() {
-    QTest::addColumn<QString>("moment");
-    for (const char* moment :
-         {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"})
-        QTest::newRow(moment) << moment;
+    for (const int timeout : {0, 200}) { // the dialog, or the debounce, comes first
+        KMApplication::SetProgressTimeout(timeout);
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.Change();
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished(1)"));
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QCOMPARE(panel.starts, 1);
+        QVERIFY(HBIsIdle(panel));
+    }
 }
 
 void tst_HBAdjustmentWidget::waitEndsOnce() {
-    // A job that the host starts while a wait ends: its progress timer may get the number of the wait's.
-    QFETCH(QString, moment);
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
-    const bool atTheEnd = moment.startsWith("Finished"); // before, the wait includes the new job
-    recorder.Once(moment, [&] {
-        if (atTheEnd) panel.Gate().Close();
+    for (const QString moment :
+         {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}) {
+        init();
+        // A job that the host starts while a wait ends: its progress timer may get the number of the wait's.
+        KMApplication::SetProgressTimeout(0);
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
+        const bool atTheEnd = moment.startsWith("Finished"); // before, the wait includes the new job
+        recorder.Once(moment, [&] {
+            if (atTheEnd) panel.Gate().Close();
+            SetPhoto(panel);
+        });
+        panel.Gate().Close();
         SetPhoto(panel);
-    });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    if (atTheEnd) QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
-    QCOMPARE(recorder.Count("Finished"), 1);
-    QCOMPARE(dialogs.Count(), 1);
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ImageReady", 2));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("Finished"), 1);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished(1)"));
+        if (atTheEnd) QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
+        QCOMPARE(recorder.Count("Finished"), 1);
+        QCOMPARE(dialogs.Count(), 1);
+        panel.Gate().Open();
+        QVERIFY(recorder.WaitFor("ImageReady", 2));
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(recorder.Count("Finished"), 1);
+    }
 }
 
 void tst_HBAdjustmentWidget::waitRunsQueuedJob() {
@@ -704,61 +669,35 @@ void tst_HBAdjustmentWidget::waitRunsQueuedJob() {
 
 // ---- Several panels, and their end ----
 
-void tst_HBAdjustmentWidget::panelsShareThePool() {
-    const HBImage<> photo = HBTestRamp(700, 400);
-    const QImage inverted = Inverted(photo);
-    for (const int threads : {1, 2, 4}) {
-        const HBPoolSize pool(threads);
-        std::vector<std::unique_ptr<HBLatchPanel>> all;
-        for (int i = 0; i < 5; ++i) all.push_back(std::make_unique<HBLatchPanel>(i % 2 == 0));
-        for (int round = 0; round < 5; ++round) {
-            for (const auto& panel : all) SetPhoto(*panel, photo);
-            HBSettle();
-            for (const auto& panel : all) {
-                QVERIFY(HBIsIdle(*panel));
-                QCOMPARE(panel->AdjustedImage().ToQImage(), inverted);
-                panel->ClearData();
-            }
-        }
-    }
-}
-
-void tst_HBAdjustmentWidget::deletedWhileJobRuns_data() {
-    QTest::addColumn<int>("threads");
-    QTest::addColumn<bool>("waiting");
-    QTest::addColumn<bool>("queued");
-    QTest::newRow("running on one thread") << 1 << false << false;
-    QTest::newRow("running on four") << 4 << false << false;
-    QTest::newRow("waited for") << 2 << true << false;
-    QTest::newRow("not begun") << 1 << true << true;
-}
-
 void tst_HBAdjustmentWidget::deletedWhileJobRuns() {
-    QFETCH(int, threads);
-    QFETCH(bool, waiting);
-    QFETCH(bool, queued);
-    const HBPoolSize pool(threads);
-    HBLatchPanel other;
-    if (queued) {
-        other.Gate().Close();
-        SetPhoto(other);
-        QVERIFY(other.Gate().WaitForHeld());
+    const struct {
+        int threads;
+        bool waiting, queued;
+    } rows[] = {{1, false, false}, {4, false, false}, {2, true, false}, {1, true, true}};
+    for (const auto& [threads, waiting, queued] : rows) {
+        const HBPoolSize pool(threads);
+        HBLatchPanel other;
+        if (queued) {
+            other.Gate().Close();
+            SetPhoto(other);
+            QVERIFY(other.Gate().WaitForHeld());
+        }
+        auto panel = std::make_unique<HBLatchPanel>();
+        HBSignalRecorder recorder(panel.get());
+        std::atomic<int> tiles{0};
+        panel->onTile = [&] { ++tiles; };
+        panel->Gate().OpenWhenObsolete();
+        SetPhoto(*panel);
+        if (!queued) QVERIFY(panel->Gate().WaitForHeld());
+        panel->Change();
+        if (waiting) QVERIFY(!panel->WaitForProcessingFinished(false));
+        panel.reset();
+        QVERIFY2(tiles <= (queued ? 0 : threads), "the job went on with another tile");
+        QVERIFY(!QApplication::overrideCursor());
+        other.Gate().Open();
+        HBSettle();
+        QCOMPARE(recorder.Count("ImageReady") + recorder.Count("Finished"), 0);
     }
-    auto panel = std::make_unique<HBLatchPanel>();
-    HBSignalRecorder recorder(panel.get());
-    std::atomic<int> tiles{0};
-    panel->onTile = [&] { ++tiles; };
-    panel->Gate().OpenWhenObsolete();
-    SetPhoto(*panel);
-    if (!queued) QVERIFY(panel->Gate().WaitForHeld());
-    panel->Change();
-    if (waiting) QVERIFY(!panel->WaitForProcessingFinished(false));
-    panel.reset();
-    QVERIFY2(tiles <= (queued ? 0 : threads), "the job went on with another tile");
-    QVERIFY(!QApplication::overrideCursor());
-    other.Gate().Open();
-    HBSettle();
-    QCOMPARE(recorder.Count("ImageReady") + recorder.Count("Finished"), 0);
 }
 
 void tst_HBAdjustmentWidget::deletedByItsSignal_data() {
@@ -799,44 +738,40 @@ void tst_HBAdjustmentWidget::deletedByItsSignal() {
     QVERIFY(recorder.Lines().contains(line));
 }
 
-void tst_HBAdjustmentWidget::deletedUnderItsDialog_data() {
-    QTest::addColumn<QString>("what");
-    for (const char* what : {"panel", "panel later", "main window", "main window with the panel"})
-        QTest::newRow(what) << what;
-}
-
 void tst_HBAdjustmentWidget::deletedUnderItsDialog() {
-    QFETCH(QString, what);
-    KMApplication::SetProgressTimeout(0);
-    const QPointer<QWidget> window(new QWidget());
-    HBMdiArea::SetMainWindow(window);
-    const QPointer<HBLatchPanel> panel(new HBLatchPanel(true, what.endsWith("with the panel") ? window : nullptr));
-    HBSignalRecorder recorder(panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
-        panel->Gate().OpenWhenObsolete();
-        if (what == "panel")
+    for (const QString what : {"panel", "panel later", "main window", "main window with the panel"}) {
+        KMApplication::SetProgressTimeout(0);
+        const QPointer<QWidget> window(new QWidget());
+        HBMdiArea::SetMainWindow(window);
+        const QPointer<HBLatchPanel> panel(
+            new HBLatchPanel(true, what.endsWith("with the panel") ? window : nullptr));
+        HBSignalRecorder recorder(panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
+            panel->Gate().OpenWhenObsolete();
+            if (what == "panel")
+                delete panel;
+            else if (what == "panel later")
+                panel->deleteLater();
+            else
+                delete window;
+            recorder.Note("deleted");
+        });
+        panel->Gate().Close();
+        SetPhoto(*panel);
+        QVERIFY(panel->Gate().WaitForHeld());
+        QVERIFY(!panel->WaitForProcessingFinished(false));
+        if (what == "main window") {
+            QVERIFY(recorder.WaitFor("Finished"));
+            QCOMPARE(recorder.Lines().last(), QString("Finished(0)"));
             delete panel;
-        else if (what == "panel later")
-            panel->deleteLater();
-        else
-            delete window;
-        recorder.Note("deleted");
-    });
-    panel->Gate().Close();
-    SetPhoto(*panel);
-    QVERIFY(panel->Gate().WaitForHeld());
-    QVERIFY(!panel->WaitForProcessingFinished(false));
-    if (what == "main window") {
-        QVERIFY(recorder.WaitFor("Finished"));
-        QCOMPARE(recorder.Lines().last(), QString("Finished(0)"));
-        delete panel;
-    } else {
-        QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
-        QCOMPARE(recorder.Count("Finished"), 0);
+        } else {
+            QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
+            QCOMPARE(recorder.Count("Finished"), 0);
+        }
+        QCOMPARE(recorder.Count("deleted"), 1);
+        QCOMPARE(dialogs.Count(), 1);
+        delete window;
     }
-    QCOMPARE(recorder.Count("deleted"), 1);
-    QCOMPARE(dialogs.Count(), 1);
-    delete window;
 }
 
 HB_TEST_MAIN(tst_HBAdjustmentWidget)

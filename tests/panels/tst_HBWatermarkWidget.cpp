@@ -4,7 +4,6 @@
 #include "HBOverlayPanelChecks.h"
 #include "HBTestMain.h"
 
-#include <HBAngleSlider.h>
 #include <HBFontDialog.h>
 #include <HBWatermarkWidget.h>
 
@@ -16,10 +15,6 @@ struct Fixture : HBPanelFixture<Panel> {
     QLineEdit* text = Find<QLineEdit>("m_pText");
     QPushButton* color = Find<QPushButton>("m_pColor");
     QPushButton* font = Find<QPushButton>("m_pSelectFont");
-    QSpinBox* across = Find<QSpinBox>("m_pHrzTiles");
-    QSpinBox* down = Find<QSpinBox>("m_pVrtTiles");
-    QSpinBox* angle = Find<QSpinBox>("m_pAngleSpn");
-    HBAngleSlider* dial = Find<HBAngleSlider>("m_pAngleSldr");
 
     HBWatermarkWidget::Params Value() const { return panel.GetValue(); }
 };
@@ -43,39 +38,12 @@ void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&
 class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void controls();
     void modes() { HBVerifyModes<Panel>(); }
-    void margins() { HBVerifyMargins<Panel>(); }
-    void opacity() { HBVerifyOpacity<Panel>(); }
-    void noJob() { HBVerifyNoJob<Panel>(); }
     void texts();
     void colors();
     void fonts();
     void destroyedInTheDialog();
 };
-
-void tst_HBWatermarkWidget::controls() {
-    Fixture f;
-    const struct {
-        QWidget* control;
-        int value;
-        int angle;
-        int across;
-        int down;
-        int changes;
-    } moves[] = {{f.angle, -90, -90, 1, 1, 1},   {f.dial, 45, 45, 1, 1, 1},   {f.angle, 45, 45, 1, 1, 0},
-                 {f.angle, -180, -179, 1, 1, 1}, {f.dial, 180, 180, 1, 1, 1}, {f.angle, 999, 180, 1, 1, 0},
-                 {f.across, 4, 180, 4, 1, 1},    {f.down, 99, 180, 4, 9, 1},  {f.across, 0, 180, 1, 9, 1},
-                 {f.across, -1, 180, 1, 9, 0}};
-    for (const auto& move : moves) {
-        QVERIFY(move.control->setProperty("value", move.value));
-        QCOMPARE(qMakePair(f.angle->value(), f.dial->value()), qMakePair(move.angle, move.angle));
-        QCOMPARE(f.Value().angle, move.angle);
-        QCOMPARE(QPoint(f.across->value(), f.down->value()), QPoint(move.across, move.down));
-        QCOMPARE(QPoint(f.Value().horizontalTiles, f.Value().verticalTiles), QPoint(move.across, move.down));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-    }
-}
 
 void tst_HBWatermarkWidget::texts() {
     Fixture f;
