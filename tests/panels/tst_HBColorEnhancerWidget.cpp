@@ -65,138 +65,130 @@ const HBImage<>& PhotoB() {
 class tst_HBColorEnhancerWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void shareOfTheChannels();
-    void selectionDoesNotCount();
-    void thresholdsAreKept();
-    void newSourceStartsBeforeItIsTold();
-    void obsoleteJobLeavesNothing();
-    void cancelledLook();
-    void unreadableSource();
-};
+    void shareOfTheChannels() {
+        // Thirds of the picture: red 20..240, and a luma of 10..250 between its green and blue.
+        const HBImage<> photo = Photo({{20, 240}, {8, 253}, {0, 250}});
+        const Points common = {{10, 250}, {10, 250}, {10, 250}};
+        const Points half = {{15, 245}, {9, 251}, {5, 250}};
+        const Points own = {{20, 240}, {8, 253}, {0, 250}};
+        const struct {
+            int amount, affected, amountTaken;
+            const Points& points;
+        } rows[] = {{100, 0, 100, common},
+                    {100, 50, 100, half},
+                    {60, 100, 60, own},
+                    {0, 100, 0, own},
+                    {MostInt, LeastInt, 100, common},
+                    {101, 1000, 100, own}};
+        Fixture f(false);
+        for (const auto& row : rows) {
+            f.panel.SetValue({row.amount, row.affected});
+            f.panel.SetImage(photo, {}, {}, {});
+            QVERIFY(f.Finish());
+            QCOMPARE(f.Adjusted(), Enhanced(photo, row.amountTaken, row.points));
+        }
+    }
 
-void tst_HBColorEnhancerWidget::shareOfTheChannels() {
-    // Thirds of the picture: red 20..240, and a luma of 10..250 between its green and blue.
-    const HBImage<> photo = Photo({{20, 240}, {8, 253}, {0, 250}});
-    const Points common = {{10, 250}, {10, 250}, {10, 250}};
-    const Points half = {{15, 245}, {9, 251}, {5, 250}};
-    const Points own = {{20, 240}, {8, 253}, {0, 250}};
-    const struct {
-        int amount, affected, amountTaken;
-        const Points& points;
-    } rows[] = {{100, 0, 100, common},
-                {100, 50, 100, half},
-                {60, 100, 60, own},
-                {0, 100, 0, own},
-                {MostInt, LeastInt, 100, common},
-                {101, 1000, 100, own}};
-    Fixture f(false);
-    for (const auto& row : rows) {
-        f.panel.SetValue({row.amount, row.affected});
+    void selectionDoesNotCount() {
+        // Only the first tile is selected, which has no light part.
+        QImage image = PhotoA().ToQImage();
+        for (int y = 0; y < 128; ++y) {
+            for (int x = 0; x < 128; ++x) image.setPixel(x, y, qRgb(90, 90, 90));
+        }
+        const HBImage<> photo = HBImage<>::FromQImage(image);
+        const QImage whole = Enhanced(photo, 100, PointsA);
+        Fixture f;
+        f.panel.SetImage(photo, HBTestMask(100, 100, 255), {5, 6}, {0, 0, 100, 100});
+        QVERIFY(f.Finish());
+        const QRect selected(5, 6, 100, 100);
+        QCOMPARE(f.Adjusted().copy(selected), whole.copy(selected));
+        QVERIFY(whole.copy(selected) != image.copy(selected));
+        QCOMPARE(f.Adjusted().pixel(4, 6), image.pixel(4, 6));
+        QCOMPARE(f.Adjusted().pixel(140, 130), image.pixel(140, 130));
+    }
+
+    /// Seen by changing the source's pixels behind the panel's back, as nothing may: a job that measured them again would
+    /// stretch them otherwise.
+    void thresholdsAreKept() {
+        Fixture f;
+        const HBImage<> photo = Photo(PointsA);
         f.panel.SetImage(photo, {}, {}, {});
         QVERIFY(f.Finish());
-        QCOMPARE(f.Adjusted(), Enhanced(photo, row.amountTaken, row.points));
+        f.amount->setValue(90); // the first job's thresholds may have come before the cache was emptied
+        QVERIFY(f.Finish());
+        for (const KMTileRef& tile : photo.Tiles()) {
+            const KMTilePin<HBRGBA32i> pin(tile, true);
+            std::fill_n(pin.Pixels(), HBImage<>::TilePixels, HBRGBA32i(100, 100, 100));
+        }
+        f.amount->setValue(80);
+        QVERIFY(f.Finish());
+        QCOMPARE(f.Adjusted(), Enhanced(photo, 80, PointsA));
+        f.panel.SetImage(PhotoB(), {}, {}, {});
+        QVERIFY(f.Finish());
+        QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 80, PointsB));
     }
-}
 
-void tst_HBColorEnhancerWidget::selectionDoesNotCount() {
-    // Only the first tile is selected, which has no light part.
-    QImage image = PhotoA().ToQImage();
-    for (int y = 0; y < 128; ++y) {
-        for (int x = 0; x < 128; ++x) image.setPixel(x, y, qRgb(90, 90, 90));
-    }
-    const HBImage<> photo = HBImage<>::FromQImage(image);
-    const QImage whole = Enhanced(photo, 100, PointsA);
-    Fixture f;
-    f.panel.SetImage(photo, HBTestMask(100, 100, 255), {5, 6}, {0, 0, 100, 100});
-    QVERIFY(f.Finish());
-    const QRect selected(5, 6, 100, 100);
-    QCOMPARE(f.Adjusted().copy(selected), whole.copy(selected));
-    QVERIFY(whole.copy(selected) != image.copy(selected));
-    QCOMPARE(f.Adjusted().pixel(4, 6), image.pixel(4, 6));
-    QCOMPARE(f.Adjusted().pixel(140, 130), image.pixel(140, 130));
-}
-
-/// Seen by changing the source's pixels behind the panel's back, as nothing may: a job that measured them again would
-/// stretch them otherwise.
-void tst_HBColorEnhancerWidget::thresholdsAreKept() {
-    Fixture f;
-    const HBImage<> photo = Photo(PointsA);
-    f.panel.SetImage(photo, {}, {}, {});
-    QVERIFY(f.Finish());
-    f.amount->setValue(90); // the first job's thresholds may have come before the cache was emptied
-    QVERIFY(f.Finish());
-    for (const KMTileRef& tile : photo.Tiles()) {
-        const KMTilePin<HBRGBA32i> pin(tile, true);
-        std::fill_n(pin.Pixels(), HBImage<>::TilePixels, HBRGBA32i(100, 100, 100));
-    }
-    f.amount->setValue(80);
-    QVERIFY(f.Finish());
-    QCOMPARE(f.Adjusted(), Enhanced(photo, 80, PointsA));
-    f.panel.SetImage(PhotoB(), {}, {}, {});
-    QVERIFY(f.Finish());
-    QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 80, PointsB));
-}
-
-/// SetImage starts the job, then tells of the source: here the job is over before the panel has heard of it.
-void tst_HBColorEnhancerWidget::newSourceStartsBeforeItIsTold() {
-    Fixture f;
-    QVERIFY(QObject::disconnect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged())));
-    QObject::connect(&f.panel, &HBAdjustmentWidget::SourceChanged,
-                     [] { QThreadPool::globalInstance()->waitForDone(); });
-    QObject::connect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged()));
-    for (const bool first : {true, false, true}) {
-        const HBImage<>& photo = first ? PhotoA() : PhotoB();
-        for (int amount : {100, 70, 100}) {
-            f.panel.SetImage(photo, {}, {}, {});
-            f.amount->setValue(amount);
-            QVERIFY(f.Finish());
-            QCOMPARE(f.Adjusted(), Enhanced(photo, amount, first ? PointsA : PointsB));
+    /// SetImage starts the job, then tells of the source: here the job is over before the panel has heard of it.
+    void newSourceStartsBeforeItIsTold() {
+        Fixture f;
+        QVERIFY(QObject::disconnect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged())));
+        QObject::connect(&f.panel, &HBAdjustmentWidget::SourceChanged,
+                         [] { QThreadPool::globalInstance()->waitForDone(); });
+        QObject::connect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged()));
+        for (const bool first : {true, false, true}) {
+            const HBImage<>& photo = first ? PhotoA() : PhotoB();
+            for (int amount : {100, 70, 100}) {
+                f.panel.SetImage(photo, {}, {}, {});
+                f.amount->setValue(amount);
+                QVERIFY(f.Finish());
+                QCOMPARE(f.Adjusted(), Enhanced(photo, amount, first ? PointsA : PointsB));
+            }
         }
     }
-}
 
-/// A job that waits for its turn while the source changes measures the old one after the cache was emptied.
-void tst_HBColorEnhancerWidget::obsoleteJobLeavesNothing() {
-    Fixture f;
-    for (int round = 0; round < 2; ++round) {
-        {
-            HBPoolBlock block;
-            f.panel.SetImage(PhotoA(), {}, {}, {});
-            f.panel.SetImage(PhotoB(), {}, {}, {});
-            block.Release();
+    /// A job that waits for its turn while the source changes measures the old one after the cache was emptied.
+    void obsoleteJobLeavesNothing() {
+        Fixture f;
+        for (int round = 0; round < 2; ++round) {
+            {
+                HBPoolBlock block;
+                f.panel.SetImage(PhotoA(), {}, {}, {});
+                f.panel.SetImage(PhotoB(), {}, {}, {});
+                block.Release();
+                QVERIFY(f.Finish());
+            }
+            QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 100, PointsB));
+            f.affected->setValue(40);
+            QVERIFY(f.Finish());
+            QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 100, PointsB40));
+            f.panel.OnReset();
             QVERIFY(f.Finish());
         }
-        QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 100, PointsB));
-        f.affected->setValue(40);
-        QVERIFY(f.Finish());
-        QCOMPARE(f.Adjusted(), Enhanced(PhotoB(), 100, PointsB40));
-        f.panel.OnReset();
-        QVERIFY(f.Finish());
     }
-}
 
-void tst_HBColorEnhancerWidget::cancelledLook() { HBVerifyCancelledLook(HBColorEnhancerWidget::Params()); }
+    void cancelledLook() { HBVerifyCancelledLook(HBColorEnhancerWidget::Params()); }
 
-/// The source's pixels are gone before its thresholds are counted.
-void tst_HBColorEnhancerWidget::unreadableSource() {
-    Fixture f;
-    const HBImage<> photo = PhotoA();
-    QVERIFY(HBLoseTiles());
-    HBLogCapture log;
-    f.panel.SetImage(photo, {}, {}, {});
-    QVERIFY(f.Finish());
-    QVERIFY(f.panel.HasJobFailed());
-    const auto lines = log.Take();
-    QCOMPARE(lines.size(), 1);
-    QVERIFY2(lines[0].text.contains(". Unexpected exception: line=851, file="), qPrintable(lines[0].text));
+    /// The source's pixels are gone before its thresholds are counted.
+    void unreadableSource() {
+        Fixture f;
+        const HBImage<> photo = PhotoA();
+        QVERIFY(HBLoseTiles());
+        HBLogCapture log;
+        f.panel.SetImage(photo, {}, {}, {});
+        QVERIFY(f.Finish());
+        QVERIFY(f.panel.HasJobFailed());
+        const auto lines = log.Take();
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines[0].text.contains(". Unexpected exception: line=851, file="), qPrintable(lines[0].text));
 
-    // The job of a panel that is gone reads nothing.
-    HBPoolBlock block;
-    Fixture(false).panel.SetImage(photo, {}, {}, {});
-    block.Release();
-    QThreadPool::globalInstance()->waitForDone();
-    QCOMPARE(log.Take().size(), 0);
-}
+        // The job of a panel that is gone reads nothing.
+        HBPoolBlock block;
+        Fixture(false).panel.SetImage(photo, {}, {}, {});
+        block.Release();
+        QThreadPool::globalInstance()->waitForDone();
+        QCOMPARE(log.Take().size(), 0);
+    }
+};
 
 HB_TEST_MAIN(tst_HBColorEnhancerWidget)
 #include "tst_HBColorEnhancerWidget.moc"

@@ -28,35 +28,33 @@ struct Fixture : HBPanelFixture<HBTemperatureWidget> {
 class tst_HBTemperatureWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void strengthIsNotShown();
+    /// On purpose: the strength of a loaded record counts, but its control keeps what it showed.
+    void strengthIsNotShown() {
+        const HBImage<> photo = HBTestColourCube(51);
+        Fixture f;
+        f.panel.SetImage(photo, {}, {}, {});
+        QVERIFY(f.Finish());
+        f.recorder.Take();
+
+        f.panel.SetValue({3000, 10, 80});
+        f.tint->setValue(11);
+        QVERIFY(f.recorder.WaitFor("ImageReady"));
+        QCOMPARE(f.panel.AdjustedImage().ToQImage(),
+                 HBAdjust(HBTemperatureParams{3000, 11, 80}, {photo}).image.ToQImage());
+        QVERIFY(f.Finish());
+        f.recorder.Take();
+
+        f.panel.OnReset(); // the strength's control has nothing to say
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
+        QVERIFY(f.Finish());
+        f.recorder.Take();
+        f.panel.SetValue({6500, 0, 80});
+        f.panel.OnReset();
+        QCOMPARE(f.Record(), Values({6500, 0, 50}));
+        QCOMPARE(f.recorder.Take(), QStringList());
+        QVERIFY(HBIsIdle(f.panel));
+    }
 };
-
-/// On purpose: the strength of a loaded record counts, but its control keeps what it showed.
-void tst_HBTemperatureWidget::strengthIsNotShown() {
-    const HBImage<> photo = HBTestColourCube(51);
-    Fixture f;
-    f.panel.SetImage(photo, {}, {}, {});
-    QVERIFY(f.Finish());
-    f.recorder.Take();
-
-    f.panel.SetValue({3000, 10, 80});
-    f.tint->setValue(11);
-    QVERIFY(f.recorder.WaitFor("ImageReady"));
-    QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-             HBAdjust(HBTemperatureParams{3000, 11, 80}, {photo}).image.ToQImage());
-    QVERIFY(f.Finish());
-    f.recorder.Take();
-
-    f.panel.OnReset(); // the strength's control has nothing to say
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    QVERIFY(f.Finish());
-    f.recorder.Take();
-    f.panel.SetValue({6500, 0, 80});
-    f.panel.OnReset();
-    QCOMPARE(f.Record(), Values({6500, 0, 50}));
-    QCOMPARE(f.recorder.Take(), QStringList());
-    QVERIFY(HBIsIdle(f.panel));
-}
 
 HB_TEST_MAIN(tst_HBTemperatureWidget)
 #include "tst_HBTemperatureWidget.moc"

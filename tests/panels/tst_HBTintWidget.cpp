@@ -22,30 +22,27 @@ struct Fixture : HBPanelFixture<HBTintWidget> {
 class tst_HBTintWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void dialogs();
-    void lostDialogs();
+    void dialogs() {
+        Fixture f;
+        HBCheckColorVisits(
+            f, f.black, "Select a black tone", HBComparingVisits(), [&] { return f.Value().blackTone; },
+            [&](const QColor& color) {
+                f.panel.SetValue({color, Qt::white, 75, HBTintWidget::Average});
+            });
+        QCOMPARE(f.Value().whiteTone, QColor(Qt::white));
+        HBCheckColorVisits(
+            f, f.white, "Select a white tone", HBComparingVisits(), [&] { return f.Value().whiteTone; },
+            [&](const QColor& color) {
+                f.panel.SetValue({Qt::black, color, 75, HBTintWidget::Average});
+            });
+        QCOMPARE(f.Value().blackTone, QColor(Qt::black));
+    }
+
+    void lostDialogs() {
+        HBCheckLostDialog<HBTintWidget>("m_pBlackTone");
+        HBCheckLostDialog<HBTintWidget>("m_pWhiteTone");
+    }
 };
-
-void tst_HBTintWidget::dialogs() {
-    Fixture f;
-    HBCheckColorVisits(
-        f, f.black, "Select a black tone", HBComparingVisits(), [&] { return f.Value().blackTone; },
-        [&](const QColor& color) {
-            f.panel.SetValue({color, Qt::white, 75, HBTintWidget::Average});
-        });
-    QCOMPARE(f.Value().whiteTone, QColor(Qt::white));
-    HBCheckColorVisits(
-        f, f.white, "Select a white tone", HBComparingVisits(), [&] { return f.Value().whiteTone; },
-        [&](const QColor& color) {
-            f.panel.SetValue({Qt::black, color, 75, HBTintWidget::Average});
-        });
-    QCOMPARE(f.Value().blackTone, QColor(Qt::black));
-}
-
-void tst_HBTintWidget::lostDialogs() {
-    HBCheckLostDialog<HBTintWidget>("m_pBlackTone");
-    HBCheckLostDialog<HBTintWidget>("m_pWhiteTone");
-}
 
 HB_TEST_MAIN(tst_HBTintWidget)
 #include "tst_HBTintWidget.moc"
