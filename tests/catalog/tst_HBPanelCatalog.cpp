@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBSignalRecorder.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
 #include "HBTestRecords.h"
@@ -9,6 +10,7 @@
 
 #include <QDoubleSpinBox>
 #include <QMetaMethod>
+#include <QRadioButton>
 
 #include <memory>
 
@@ -164,6 +166,184 @@ private Q_SLOTS:
                 found = found || HasBox(entry, *panel, field.range, ends[0], ends[1]);
             }
             QVERIFY2(found, qPrintable(field.key));
+        }
+    }
+
+    /// Loading is silent and starts nothing, not even later; resetting takes the user's road.
+    void LoadedAndReset_data() { Rows_data(); }
+    void LoadedAndReset() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        const QJsonObject defaults = entry.adjustment->save(entry.adjustment->defaults);
+        const std::any demonstration = HBDemonstration(*entry.adjustment);
+        for (const bool dialog : {true, false}) {
+            const Panel panel(entry.create(dialog, nullptr));
+            HBSignalRecorder recorder(panel.get());
+            panel->SetImage(HBTestRamp(20, 20), {}, {}, {});
+            HBSettle();
+            recorder.Take();
+            entry.set(*panel, demonstration);
+            if (name != "HBExposureWidget") QCOMPARE(recorder.Take(), QStringList()); // tells, on purpose
+            QCOMPARE(entry.save(*panel), entry.adjustment->save(demonstration));
+            QVERIFY(HBIsIdle(*panel) || name == "HBExposureWidget");
+            for (int again = 0; again < 2; ++again) {
+                panel->OnReset();
+                QCOMPARE(entry.save(*panel), defaults);
+                const bool told = recorder.Count("DataChanged()") > 0;
+                QVERIFY(told || again);
+                QCOMPARE(HBIsIdle(*panel), !told || !dialog || entry.draw);
+                QVERIFY(HBIsIdle(*panel) || recorder.WaitFor("ProgressValueChanged(100)"));
+                HBSettle();
+                QVERIFY(HBIsIdle(*panel));
+                recorder.Take();
+            }
+        }
+    }
+
+    /// What each box shows is what it stores, before it is told: the user changes it and changes it back.
+    void Boxes_data() { Rows_data(); }
+    void Boxes() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        const Panel panel(entry.create(true, nullptr));
+        HBSignalRecorder recorder(panel.get());
+        entry.set(*panel, HBDemonstration(*entry.adjustment));
+        const QJsonObject stored = entry.save(*panel);
+        for (auto* box : panel->findChildren<QAbstractSpinBox*>()) {
+            if (name == "HBTemperatureWidget" && box->objectName() == "m_pStrength") continue; // shows no record
+            const QVariant value = box->property("value");
+            QJsonObject seen;
+            recorder.Take();
+            recorder.Once("AboutUserParamsChanged()", [&] { seen = entry.save(*panel); });
+            box->stepUp();
+            if (box->property("value") == value) box->stepDown();
+            QVERIFY(box->property("value") != value || !box->isEnabled());
+            if (recorder.Count("DataChanged()") == 1) QCOMPARE(seen, entry.save(*panel));
+            QVERIFY(box->setProperty("value", value));
+            QCOMPARE(entry.save(*panel), stored);
+        }
+    }
+
+    /// Sources with nothing to measure or to transform. Each comes back with its size and, if not painted, its alpha.
+    void OddSources_data() { Rows_data(); }
+    void OddSources() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        const bool paints = name == "HBReplaceColorWidget" || name == "KMFillColorWidget";
+        const auto plain = [](int width, int height, QRgb colour) {
+            QImage image(width, height, QImage::Format_ARGB32);
+            image.fill(colour);
+            return HBImage<>::FromQImage(image);
+        };
+        const Panel panel(entry.create(true, nullptr));
+        HBSignalRecorder recorder(panel.get());
+        entry.set(*panel, HBDemonstration(*entry.adjustment));
+        for (const HBImage<>& source :
+             {HBImage<>(), plain(1, 1, qRgba(200, 100, 0, 255)), plain(1, 1, 0), plain(130, 3, qRgb(0, 0, 0)),
+              plain(130, 3, qRgb(255, 255, 255)), plain(130, 3, qRgba(0, 0, 255, 128))}) {
+            recorder.Take();
+            panel->SetImage(source, {}, {}, {});
+            QVERIFY(QTest::qWaitFor([&] { return HBIsIdle(*panel); }));
+            HBSettle();
+            if (entry.draw) continue;
+            QVERIFY(recorder.Count("ImageReady") > 0);
+            const HBImage<> result = panel->AdjustedImage();
+            QCOMPARE(QSize(result.Width(), result.Height()), QSize(source.Width(), source.Height()));
+            if (!source.IsEmpty() && !paints)
+                QCOMPARE(qAlpha(result.ToQImage().pixel(0, 0)), qAlpha(source.ToQImage().pixel(0, 0)));
+            QVERIFY(!panel->HasJobFailed());
+        }
+    }
+
+    /// Bytes of any content in a record: it is refused, or shown and worked with.
+    void HostileFields_data() { Rows_data(); }
+    void HostileFields() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        if (!entry.tag) return;
+        const QByteArray record = QByteArray::fromBase64(
+            entry.adjustment->save(HBDemonstration(*entry.adjustment))["record"].toString().toLatin1());
+        for (const char* pattern : {"00", "01", "7f", "80", "ff", "7fffffff", "80000000", "0fffffff"}) {
+            for (const int kept : {0, 4, 8, record.size() / 2 - int(qstrlen(entry.tag))}) {
+                QByteArray bytes = record.left(int(qstrlen(entry.tag)) + qMax(0, kept));
+                while (bytes.size() < record.size()) bytes += QByteArray::fromHex(pattern);
+                const QString text = bytes.left(record.size()).toBase64();
+                const Panel panel(entry.create(true, nullptr));
+                HBSignalRecorder recorder(panel.get());
+                QString reason;
+                if (!entry.restore(*panel, {{"record", text}}, &reason)) continue;
+                QCOMPARE(recorder.Take(), QStringList());
+                panel->SetImage(HBTestRamp(20, 20), {}, {}, {});
+                HBSettle();
+                QCOMPARE(recorder.Count("ImageReady"), entry.draw ? 0 : 1);
+            }
+        }
+    }
+
+    /// Panels whose job has just been started, and ones in the midst of it.
+    void Destruction_data() { Rows_data(); }
+    void Destruction() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        const HBImage<> photo = HBTestRamp(1500, 1500);
+        for (const bool running : {false, true, false, true}) {
+            const Panel panel(entry.create(true, nullptr));
+            HBSignalRecorder recorder(panel.get());
+            entry.set(*panel, HBDemonstration(*entry.adjustment));
+            panel->SetImage(photo, {}, {}, {});
+            if (running && !entry.draw) QVERIFY(recorder.WaitFor("Progress"));
+        }
+    }
+
+    /// Buttons of the host beside an embedded panel are left alone, and leave the panel's alone.
+    void HostsRadios_data() { Rows_data(); }
+    void HostsRadios() {
+        QFETCH(QString, name);
+        const HBPanelEntry& entry = *HBFindPanel(name);
+        QWidget host;
+        HBAdjustmentWidget* panel = entry.create(false, &host); // first: Qt asks the buttons in their order
+        QRadioButton first(&host), second(&host);
+        first.setChecked(true);
+        entry.set(*panel, HBDemonstration(*entry.adjustment));
+        QVERIFY(first.isChecked());
+        second.setChecked(true);
+        QVERIFY(!first.isChecked());
+        const auto own = panel->findChildren<QRadioButton*>();
+        QVERIFY(own.isEmpty() || std::any_of(own.begin(), own.end(), [](auto* b) { return b->isChecked(); }));
+    }
+
+    /// The size that a form has at first, and what looks like a slip but is not.
+    void Forms() {
+        const QHash<QString, QSize> sizes = {{"HBBrightnessContrastWidget", {208, 103}},
+                                             {"HBGammaCorrectionWidget", {208, 105}},
+                                             {"HBExposureWidget", {212, 93}},
+                                             {"HBPosterizeWidget", {267, 63}},
+                                             {"HBHueSaturationWidget", {223, 165}},
+                                             {"HBColorBalanceWidget", {254, 341}},
+                                             {"HBWBWidget", {438, 288}},
+                                             {"HBTemperatureWidget", {310, 96}},
+                                             {"HBColorEnhancerWidget", {390, 109}},
+                                             {"HBTintWidget", {276, 228}},
+                                             {"HBPhotoFilterWidget", {276, 172}},
+                                             {"HBColorizeWidget", {229, 101}},
+                                             {"KMFillColorWidget", {522, 116}},
+                                             {"HBReplaceColorWidget", {300, 246}},
+                                             {"HBSignWidget", {261, 311}},
+                                             {"HBWatermarkWidget", {276, 353}}};
+        for (auto row = sizes.begin(); row != sizes.end(); ++row)
+            QCOMPARE(Panel(HBFindPanel(row.key())->create(false, nullptr))->size(), row.value());
+        const struct {
+            const char *panel, *control, *property;
+            int value;
+        } rows[] = {{"HBHueSaturationWidget", "m_pHueSpin", "minimumWidth", 50},
+                    {"HBTemperatureWidget", "labelContrast", "alignment", Qt::AlignRight | Qt::AlignVCenter},
+                    {"HBWatermarkWidget", "m_pAngleSldr", "maximumWidth", 36},
+                    {"HBWatermarkWidget", "m_pAngleSldr", "minimumHeight", 36},
+                    {"HBWatermarkWidget", "m_pHrzTiles", "maximumWidth", 40}};
+        for (const auto& row : rows) {
+            const Panel panel(HBFindPanel(row.panel)->create(false, nullptr));
+            const int value = panel->findChild<QWidget*>(row.control)->property(row.property).toInt();
+            QCOMPARE(value & row.value, row.value);
         }
     }
 

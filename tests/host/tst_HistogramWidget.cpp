@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include <HBTestMain.h>
+#include <HBTestPool.h>
 #include <HistogramWidget.h>
 
 #include <QGridLayout>
-#include <QSemaphore>
-#include <QtConcurrent>
 
 #include <memory>
 
@@ -16,22 +15,6 @@ QImage Grey(int level, int width = 20, int height = 10) {
     image.fill(QColor(level, level, level));
     return image;
 }
-
-/// Keeps every thread of the pool busy until it is released or dies.
-class PoolBlock {
-public:
-    PoolBlock() {
-        for (int i = 0; i < m_Threads; ++i) QtConcurrent::run([this] { m_Gate.acquire(); });
-    }
-    ~PoolBlock() {
-        m_Gate.release(m_Threads);
-        QThreadPool::globalInstance()->waitForDone();
-    }
-
-private:
-    const int m_Threads = QThreadPool::globalInstance()->maxThreadCount();
-    QSemaphore m_Gate;
-};
 
 /// A widget that has counted a picture.
 struct Counted {
@@ -86,7 +69,7 @@ private Q_SLOTS:
         HistogramWidget widget;
         QSignalSpy complete(&widget, SIGNAL(HistogrammComplete()));
         {
-            const PoolBlock block;
+            const HBPoolBlock block;
             widget.SetImage(&first);
             widget.SetImage(&second);
             first.Set(Grey(3)); // the copy was taken when it was asked for
@@ -127,7 +110,7 @@ private Q_SLOTS:
         c.widget.show();
         disconnect(&c.widget, nullptr, &c.complete, nullptr);
         {
-            const PoolBlock block;
+            const HBPoolBlock block;
             c.widget.RebuildHistogramm();
             c.widget.hide();
             c.shared.Set(Grey(9));
@@ -141,7 +124,7 @@ private Q_SLOTS:
     void ANullPointerClears() {
         Counted c(Grey(1));
         {
-            const PoolBlock block; // also a count that has not begun must not come back
+            const HBPoolBlock block; // also a count that has not begun must not come back
             c.widget.RebuildHistogramm();
             c.widget.SetImage(static_cast<HBSharedImage<HBImage<>>*>(nullptr));
         }
@@ -158,7 +141,7 @@ private Q_SLOTS:
         auto shared = std::make_unique<HBSharedImage<HBImage<>>>();
         shared->Set(HBImage<>::FromQImage(Grey(1, 2000, 2000)));
         {
-            const PoolBlock block;
+            const HBPoolBlock block;
             HistogramWidget widget;
             widget.SetImage(shared.get());
             shared.reset();

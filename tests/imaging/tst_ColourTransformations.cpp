@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBRunFormCheck.h"
+#include "HBTestLight.h"
 #include "HBTestMain.h"
 
 #include <HBColorEnhancerTransformation.h>
@@ -150,17 +151,7 @@ Triple QtHsl(const Triple& colour, int hue, int saturation, int lightness, bool 
     return {255.0 * result.redF(), 255.0 * result.greenF(), 255.0 * result.blueF()};
 }
 
-// IEC 61966-2-1
-double Decode(double level) {
-    const double value = level / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-double Encode(double light) {
-    const double value = light <= 0.0031308 ? light * 12.92 : 1.055 * std::pow(light, 1.0 / 2.4) - 0.055;
-    return 255.0 * value;
-}
-
-Triple LightOf(HBRGBA32i pixel) { return {Decode(pixel.red), Decode(pixel.green), Decode(pixel.blue)}; }
+Triple LightOf(HBRGBA32i pixel) { return {HBDecode(pixel.red), HBDecode(pixel.green), HBDecode(pixel.blue)}; }
 
 double Luminance(const Triple& light) { return 0.2126 * light[0] + 0.7152 * light[1] + 0.0722 * light[2]; }
 
@@ -171,7 +162,7 @@ Triple ShownChromaticity(double u, double v) {
     Triple light = {3.2406 * x - 1.5372 - 0.4986 * z, -0.9689 * x + 1.8758 + 0.0415 * z,
                     0.0557 * x - 0.2040 + 1.0570 * z};
     const double brightest = *std::max_element(light.begin(), light.end());
-    for (double& channel : light) channel = Encode(qMax(0.0, channel / brightest));
+    for (double& channel : light) channel = HBEncode(qMax(0.0, channel / brightest));
     return light;
 }
 
@@ -332,9 +323,9 @@ private Q_SLOTS:
         // The colour of a black body at 6500 K, not too bright, becomes that of another, with the same luminance.
         const Triple neutral = LightOf(HBTemperatureCorrection::GetTemperatureColor(6500));
         HBRGBA32i start;
-        start.red = std::uint8_t(std::lround(Encode(0.2 * neutral[0])));
-        start.green = std::uint8_t(std::lround(Encode(0.2 * neutral[1])));
-        start.blue = std::uint8_t(std::lround(Encode(0.2 * neutral[2])));
+        start.red = std::uint8_t(std::lround(HBEncode(0.2 * neutral[0])));
+        start.green = std::uint8_t(std::lround(HBEncode(0.2 * neutral[1])));
+        start.blue = std::uint8_t(std::lround(HBEncode(0.2 * neutral[2])));
         for (int kelvin : {2500, 4000, 5500, 9000, 20000}) {
             HBRGBA32i pixel = start;
             Temperature(kelvin, 100, 0)(pixel);
@@ -342,7 +333,7 @@ private Q_SLOTS:
             const double scale = Luminance(LightOf(start)) / Luminance(light);
             const Triple found = TripleOf(pixel);
             for (std::size_t i = 0; i < 3; ++i)
-                QVERIFY(std::abs(found[i] - Encode(scale * light[i])) <= 1.5); // start and light are rounded
+                QVERIFY(std::abs(found[i] - HBEncode(scale * light[i])) <= 1.5); // start and light are rounded
         }
     }
 
@@ -370,8 +361,8 @@ private Q_SLOTS:
             };
             QVERIFY(IsFormula(BlackAndWhite(false, w.red, w.green, w.blue), luma, Rounded));
             const auto lightness = [=](const Triple& c) {
-                const double y =
-                    double(w.red) * Decode(c[0]) + double(w.green) * Decode(c[1]) + double(w.blue) * Decode(c[2]);
+                const double y = double(w.red) * HBDecode(c[0]) + double(w.green) * HBDecode(c[1]) +
+                                 double(w.blue) * HBDecode(c[2]);
                 const double grey =
                     2.55 * (y > 216.0 / 24389.0 ? 116.0 * std::cbrt(y) - 16.0 : y * 24389.0 / 27.0);
                 return Triple{grey, grey, grey};

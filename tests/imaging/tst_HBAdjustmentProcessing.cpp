@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBLostTiles.h"
+#include "HBTestImages.h"
 #include "HBTestMain.h"
+#include "HBTestPool.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
 #include <HBBlend.h>
@@ -45,14 +47,6 @@ struct HookedTransformation {
     void operator()(int index) const { Invert()(pixels[index]); }
 };
 
-QImage Ramp(int width, int height) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgba(x, y, x + y, 255 - x));
-    }
-    return image;
-}
-
 /// An image whose pixels hold the number of their tile.
 HBImage<> TileNumbers(int width, int height) {
     HBImage<> image(width, height);
@@ -70,11 +64,7 @@ HBRGBA32i MaskPixel(int x, int y) {
 }
 
 HBImage<> Mask(const QSize& size) {
-    QImage image(size, QImage::Format_ARGB32);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, MaskPixel(x, y).ToRgba());
-    }
-    return HBImage<>::FromQImage(image);
+    return HBTestPicture(size.width(), size.height(), [](int x, int y) { return MaskPixel(x, y).ToRgba(); });
 }
 
 /// What a job must give, pixel by pixel from the definition.
@@ -123,16 +113,6 @@ struct Job {
     }
 };
 
-/// Changes the size of the global pool for a while.
-class PoolSize {
-public:
-    explicit PoolSize(int threads) { QThreadPool::globalInstance()->setMaxThreadCount(threads); }
-    ~PoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(m_Before); }
-
-private:
-    const int m_Before = QThreadPool::globalInstance()->maxThreadCount();
-};
-
 } // namespace
 
 class tst_HBAdjustmentProcessing : public QObject {
@@ -176,11 +156,11 @@ private Q_SLOTS:
         QFETCH(QPoint, offset);
         QFETCH(QRect, bounds);
         QFETCH(int, maximum);
-        const QImage photo = Ramp(qMax(0, size.width()), qMax(0, size.height()));
+        const QImage photo = HBTestRamp(size.width(), size.height()).ToQImage();
         const HBImage<> source = HBImage<>::FromQImage(photo);
         const QImage expected = Expected(photo, mask, offset, bounds);
         for (int threads : {1, 4}) {
-            const PoolSize pool(threads);
+            const HBPoolSize pool(threads);
             Job<InvertTransformation> job{InvertTransformation(Invert())};
             const HBImage<> result = job.processing.Process(source, Mask(mask), offset, bounds);
             QCOMPARE(job.maximum, maximum);
@@ -192,14 +172,14 @@ private Q_SLOTS:
     }
 
     void UntouchedTilesStayShared() {
-        const HBImage<> source = HBImage<>::FromQImage(Ramp(300, 200));
+        const HBImage<> source = HBTestRamp(300, 200);
         Job<InvertTransformation> job{InvertTransformation(Invert())};
         const HBImage<> result = job.processing.Process(source, Mask({300, 200}), {}, QRect(130, 10, 20, 30));
         for (int index = 0; index < 6; ++index) QCOMPARE(result.Tile(index) == source.Tile(index), index != 1);
     }
 
     void TilesBeginInListOrder() {
-        const PoolSize pool(1);
+        const HBPoolSize pool(1);
         std::vector<int> order;
         Job<HookedTransformation> job({[&](int tile) { order.push_back(tile); }});
         job.processing.Process(TileNumbers(400, 400), Mask({400, 400}), {}, QRect(130, 130, 200, 200));
@@ -218,7 +198,7 @@ private Q_SLOTS:
 
     // The flag is set under the write lock from within the job: it would hang if the guard were held meanwhile.
     void ObsoleteAmongTheTiles() {
-        const PoolSize pool(1);
+        const HBPoolSize pool(1);
         const HBImage<> source = TileNumbers(300, 200);
         std::function<void(int)> hook;
         Job<HookedTransformation> job({[&](int tile) { hook(tile); }});
@@ -231,7 +211,7 @@ private Q_SLOTS:
         for (int index = 0; index < 6; ++index) QCOMPARE(result.Tile(index) == source.Tile(index), index > 2);
     }
     void ObsoleteAmongTheRows() {
-        const PoolSize pool(1);
+        const HBPoolSize pool(1);
         Job<InvertTransformation> job{InvertTransformation(Invert())};
         QObject::connect(&job.processing, &HBAdjustmentProcessing::ProgressChanged, [&](int value) {
             const QWriteLocker locker(&job.guard);
@@ -242,7 +222,7 @@ private Q_SLOTS:
     }
 
     void ThrowingTransformation() {
-        const PoolSize pool(1);
+        const HBPoolSize pool(1);
         const HBImage<> source = TileNumbers(300, 200);
         Job<HookedTransformation> job({[](int tile) {
             if (tile == 2) throw std::runtime_error("tile two");
@@ -268,7 +248,7 @@ private Q_SLOTS:
     }
 
     void UnrestorableTile() {
-        const PoolSize pool(1);
+        const HBPoolSize pool(1);
         const HBImage<> source = TileNumbers(300, 200);
         bool lost = false;
         Job<HookedTransformation> job({[&](int tile) { lost = tile == 5 && HBLoseTiles(); }});
@@ -314,13 +294,13 @@ private Q_SLOTS:
 
     // A pool whose threads are all taken by jobs must not keep the jobs waiting for a free one.
     void JobsOnAFullPool() {
-        const QImage photo = Ramp(700, 500);
+        const QImage photo = HBTestRamp(700, 500).ToQImage();
         const HBImage<> source = HBImage<>::FromQImage(photo);
         const HBImage<> mask = Mask({700, 500});
         const QRect bounds(10, 10, 600, 400);
         const QImage expected = Expected(photo, {700, 500}, {}, bounds);
         for (const auto& [threads, jobs] : {std::pair(1, 1), std::pair(2, 2), std::pair(3, 8)}) {
-            const PoolSize pool(threads);
+            const HBPoolSize pool(threads);
             QVector<QFuture<HBImage<>>> results;
             for (int i = 0; i < jobs; ++i) {
                 results << QtConcurrent::run([&] {

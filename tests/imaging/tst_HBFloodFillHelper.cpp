@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBTestImages.h"
 #include "HBTestMain.h"
 
 #include <HBBlend.h>
@@ -23,11 +24,7 @@ HBRGBA32i Tolerance(int level) {
 }
 
 QImage Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y).ToRgba());
-    }
-    return image;
+    return HBTestPicture(width, height, [&](int x, int y) { return colour(x, y).ToRgba(); }).ToQImage();
 }
 
 QImage Uniform(int width, int height, HBRGBA32i colour) {

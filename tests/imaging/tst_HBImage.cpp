@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBTestImages.h"
 #include "HBTestMain.h"
 
 #include <HBImage.h>
@@ -11,14 +12,7 @@ namespace {
 
 constexpr int Huge = std::numeric_limits<int>::max();
 
-/// Every pixel its own colour and alpha.
-QImage Ramp(int width, int height) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgba(x, y, x * 7 + y, x * 3 + y * 5));
-    }
-    return image;
-}
+QImage Ramp(int width, int height) { return HBTestRamp(width, height).ToQImage(); }
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBRunFormCheck.h"
+#include "HBTestLight.h"
 #include "HBTestMain.h"
 
 #include <KMIterativeWBTransformation.h>
@@ -18,15 +19,8 @@ namespace {
 using WB = KMIterativeWBTransformation;
 using Triple = std::array<double, 3>;
 
-double Decode(double level) {
-    const double value = level / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-int Encode(double light) {
-    const double bounded = qBound(0.0, light, 1.0);
-    const double value = bounded <= 0.0031308 ? bounded * 12.92 : 1.055 * std::pow(bounded, 1.0 / 2.4) - 0.055;
-    return int(std::lround(255.0 * value));
-}
+double Decode(double level) { return HBDecode(level); }
+int Encode(double light) { return int(std::lround(HBEncode(light))); }
 
 /// Every pixel, padding included, from the function of its place; padding is what no image has.
 HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour, HBRGBA32i padding) {

@@ -8,6 +8,7 @@
 #include <KMColorDialog.h>
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLineEdit>

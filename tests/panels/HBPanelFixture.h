@@ -32,17 +32,3 @@ inline QStringList HBClosingCalls(int times = 1, const char* valueSignal = "Valu
     for (int i = 0; i < times; ++i) lines += {"AboutUserParamsChanged()", valueSignal, "DataChanged()"};
     return lines;
 }
-
-/// What a job must return: the transformation's scalar form, pixel by pixel.
-template <class Transformation>
-HBImage<> HBTransformed(const HBImage<>& photo, Transformation transformation, const HBImage<>& mask = {},
-                        const QPoint& offset = {}, const QRect& bounds = {}) {
-    HBRGBA32i buffer;
-    transformation.SetProcessingBuffer(&buffer);
-    auto operation = [&](HBRGBA32i pixel) {
-        buffer = pixel;
-        transformation(0);
-        return buffer;
-    };
-    return HBPlainLoop(photo, operation, mask, offset, bounds);
-}

@@ -56,881 +56,758 @@ int ProgressDialogs() {
 class tst_HBAdjustmentWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { KMApplication::SetProgressTimeout(500); }
 
-    void frame();
-    void embedded();
-    void grooveGradient();
-
-    void job_data();
-    void job();
-    void debounce();
-    void obsoleteJob_data();
-    void obsoleteJob();
-    void changeInTheLastMoments();
-    void newImageKeepsDebounce();
-    void cancel();
-    void cancelTakenBack();
-    void progressBar();
-    void hostStartsJobAtTheEnd();
-    void clearData();
-    void panelWithoutJob();
-    void pendingChange();
-    void processNow_data();
-    void processNow();
-    void throwingTransformation_data();
-    void throwingTransformation();
-
-    void waitAnswers();
-    void waitShowsDialog_data();
-    void waitShowsDialog();
-    void waitIsCancelled();
-    void waitForRestartedJob();
-    void waitDropsChange_data();
-    void waitDropsChange();
-    void waitEndsOnce_data();
-    void waitEndsOnce();
-    void waitRunsQueuedJob();
-
-    void panelsShareThePool();
-    void deletedWhileJobRuns_data();
-    void deletedWhileJobRuns();
-    void deletedByItsSignal_data();
-    void deletedByItsSignal();
-    void deletedUnderItsDialog_data();
-    void deletedUnderItsDialog();
-};
-
-void tst_HBAdjustmentWidget::init() { KMApplication::SetProgressTimeout(500); }
-
-void tst_HBAdjustmentWidget::cleanup() {
-    QThreadPool::globalInstance()->waitForDone();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    HBMdiArea::SetMainWindow(nullptr);
-    QVERIFY(!QApplication::overrideCursor());
-    QCOMPARE(ProgressDialogs(), 0);
-}
-
-// ---- Frame ----
-
-void tst_HBAdjustmentWidget::frame() {
-    HBLatchPanel panel;
-    QVERIFY(panel.IsDialog());
-    QCOMPARE(panel.windowTitle(), QString("Form"));
-    QCOMPARE(panel.size(), QSize(589, 194));
-
-    QProgressBar* bar = Bar(panel);
-    QCOMPARE(bar->objectName(), QString("FILTERPROGRESS")); // style sheets of hosts know it by that name
-    QVERIFY(!bar->isEnabled() && !bar->isTextVisible());
-    QCOMPARE(bar->maximumHeight(), 2);
-    QCOMPARE(bar->maximum(), 0);
-    QCOMPARE(panel.GetUIContent()->objectName(), QString("m_pContent"));
-
-    auto* buttons = panel.findChild<QDialogButtonBox*>("m_pButtons");
-    QVERIFY(buttons);
-    QCOMPARE(buttons->standardButtons(),
-             QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Reset);
-    HBSignalRecorder recorder(&panel);
-    buttons->button(QDialogButtonBox::Ok)->click();
-    buttons->button(QDialogButtonBox::Cancel)->click();
-    QCOMPARE(recorder.Take(), Lines({"Ok()", "Cancel()"}));
-    buttons->button(QDialogButtonBox::Reset)->click();
-    QCOMPARE(recorder.Take(), Lines());
-    QCOMPARE(panel.resets, 1);
-}
-
-void tst_HBAdjustmentWidget::embedded() {
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel panel(false);
-    QVERIFY(!panel.IsDialog());
-    QCOMPARE(panel.GetUIContent(), &panel);
-    QVERIFY(panel.children().isEmpty());
-
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    // The progress timeout passes without a bar to show.
-    QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 0; }, 10000));
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ProgressValueChanged(100)"));
-    QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
-
-    recorder.Take();
-    panel.Change();
-    QCOMPARE(recorder.Take(), Lines({"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"}));
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::grooveGradient() {
-    const QString blackToWhite = "stop: 0 rgb(0, 0, 0), stop: 1 rgb(255, 255, 255)";
-    const QPair<QGradientStops, QString> rows[] = {
-        {{{0, Qt::black}, {1, Qt::white}}, blackToWhite},
-        {{}, blackToWhite}, // Qt's own pair
-        {{{0.25, QColor(1, 2, 3)}}, "stop: 0.25 rgb(1, 2, 3)"},
-        // Six digits, no alpha.
-        {{{1 / 3.0, QColor(9, 8, 7, 6)}, {1, Qt::red}}, "stop: 0.333333 rgb(9, 8, 7), stop: 1 rgb(255, 0, 0)"}};
-    for (const auto& [stops, groove] : rows) {
-        QLinearGradient gradient(3, 0, 3, 70); // its direction does not count
-        if (!stops.isEmpty()) gradient.setStops(stops);
-        QSlider slider(Qt::Horizontal);
-        HBLatchPanel::SetGrooveGradient(&slider, gradient);
-        QCOMPARE(slider.styleSheet(),
-                 "QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
-                 "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, " +
-                     groove + ");}");
-    }
-}
-
-// ---- Jobs ----
-
-void tst_HBAdjustmentWidget::job_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("bounds");
-    QTest::addColumn<QPoint>("offset");
-    QTest::addColumn<int>("steps");
-    const QRect none;
-    QTest::newRow("no image") << QSize() << none << QPoint() << 0;
-    QTest::newRow("two tiles") << QSize(129, 1) << none << QPoint() << 2;
-    QTest::newRow("a tile and 30 rows") << QSize(300, 200) << QRect(130, 10, 20, 30) << QPoint() << 31;
-    QTest::newRow("selection beside") << QSize(64, 64) << QRect(0, 0, 10, 10) << QPoint(1000, 0) << 0;
-    QTest::newRow("selection left above") << QSize(64, 64) << QRect(0, 0, 10, 10) << QPoint(-10, -10) << 0;
-    QTest::newRow("inverted rectangle") << QSize(64, 64) << QRect(QPoint(5, 5), QPoint(2, 2)) << QPoint() << 1;
-}
-
-void tst_HBAdjustmentWidget::job() {
-    QFETCH(QSize, size);
-    QFETCH(QRect, bounds);
-    QFETCH(QPoint, offset);
-    QFETCH(int, steps);
-    const HBImage<> photo = size.isEmpty() ? HBImage<>() : HBTestRamp(size.width(), size.height());
-    const HBImage<> mask = bounds.isValid() ? HBTestMask(300, 200, 255) : HBImage<>();
-
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.onStart = [&] { recorder.Note("start"); };
-    panel.SetImage(photo, mask, offset, bounds);
-    QCOMPARE(panel.GetSelectionBoundingRect(), bounds);
-    QCOMPARE(panel.GetSelectionOffset(), offset);
-    HBSettle();
-
-    Lines expected = {"start", "SourceChanged()", QString("ProgressRangeChanged(0,%1)").arg(steps)};
-    for (int step = 1; step <= steps; ++step) expected += QString("ProgressValueChanged(%1)").arg(step);
-    expected += {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
-    QCOMPARE(recorder.Take(), expected);
-    QVERIFY(HBIsIdle(panel));
-
-    auto invert = [](HBRGBA32i pixel) { return HBRGBA32i::FromRgba(pixel.ToRgba() ^ 0xFFFFFF); };
-    QCOMPARE(panel.SourceImage().ToQImage(), photo.ToQImage());
-    QCOMPARE(panel.AdjustedImage().ToQImage(), HBPlainLoop(photo, invert, mask, offset, bounds).ToQImage());
-
-    // A change of an empty image is nothing to work on.
-    panel.Change();
-    QCOMPARE(HBIsIdle(panel), size.isEmpty());
-}
-
-void tst_HBAdjustmentWidget::debounce() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    SetPhoto(panel);
-    HBSettle();
-    QElapsedTimer sinceChange;
-    panel.onStart = [&] { recorder.Note(QString::number(sinceChange.elapsed() >= 45)); };
-    recorder.Take();
-    for (int i = 0; i < 3; ++i) {
-        if (i > 0) QThread::msleep(30); // the first change would be due, had the others not begun anew
-        panel.Change();
-        sinceChange.start();
-    }
-    QVERIFY(recorder.WaitFor("ImageReady"));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("1"), 1);
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::obsoleteJob_data() {
-    QTest::addColumn<bool>("byChange");
-    QTest::newRow("a value changes") << true;
-    QTest::newRow("another image") << false;
-}
-
-void tst_HBAdjustmentWidget::obsoleteJob() {
-    QFETCH(bool, byChange);
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(60000);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    for (int i = 0; i < 2; ++i) { // the second time changes nothing
-        if (byChange)
-            panel.Change();
-        else
-            SetPhoto(panel);
-        QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 1; }, 10000)); // no debounce is left
-        QVERIFY(panel.GetNewData());
-    }
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ImageReady"));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(panel.Gate().Passed(), 1 + 6); // the obsolete job did not begin its second tile
-    QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
-}
-
-void tst_HBAdjustmentWidget::changeInTheLastMoments() {
-    // Only the debounce makes a job obsolete: one that ends before is still worth showing.
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Change();
-    panel.Gate().Open();
-    HBSettle();
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QVERIFY(recorder.WaitFor("ImageReady", 2));
-    QCOMPARE(panel.starts, 2);
-}
-
-void tst_HBAdjustmentWidget::newImageKeepsDebounce() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    SetPhoto(panel);
-    HBSettle();
-    panel.Change();
-    SetPhoto(panel);
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QVERIFY(recorder.WaitFor("ImageReady", 3));
-    QCOMPARE(panel.starts, 3);
-}
-
-void tst_HBAdjustmentWidget::cancel() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.SetCancelProcessing(true);
-    QVERIFY(panel.IsCancelProcessing());
-    panel.Gate().Open();
-    HBSettle();
-    QCOMPARE(recorder.Count("ImageReady"), 0);
-    QCOMPARE(Last(recorder, 2), Lines({"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"}));
-    QVERIFY(HBIsIdle(panel));
-    recorder.Take();
-
-    SetPhoto(panel);
-    QCOMPARE(recorder.Take(), Lines({"SourceChanged()"}));
-    panel.SetCancelProcessing(false);
-    QVERIFY(!panel.IsCancelProcessing());
-    QVERIFY(HBIsIdle(panel));
-    QCOMPARE(panel.starts, 1);
-    SetPhoto(panel);
-    QVERIFY(recorder.WaitFor("ImageReady"));
-}
-
-void tst_HBAdjustmentWidget::cancelTakenBack() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.SetCancelProcessing(true);
-    panel.SetCancelProcessing(false);
-    panel.Gate().Open();
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::progressBar() {
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(1);
-    HBLatchPanel panel;
-    QProgressBar* bar = Bar(panel);
-    HBSignalRecorder recorder(&panel);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Gate().Let(3);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QCoreApplication::sendPostedEvents(); // the progress so far, but no timer
-    QCOMPARE(bar->maximum(), 6);
-    QCOMPARE(bar->value(), 3);
-    QVERIFY(!bar->isEnabled());
-
-    QVERIFY(QTest::qWaitFor([&] { return bar->isEnabled(); }, 10000));
-    QCOMPARE(bar->minimum(), 3); // where the job is when the bar appears, on purpose
-    QCOMPARE(bar->value(), 3);
-
-    bool off = false;
-    recorder.Once("ProgressRangeChanged(0,100)", [&] { off = !bar->isEnabled(); });
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ProgressValueChanged(100)"));
-    QVERIFY(off);
-    QCOMPARE(bar->minimum(), 0);
-    QCOMPARE(bar->maximum(), 100);
-    QCOMPARE(bar->value(), 100);
-
-    // A short job never shows it.
-    KMApplication::SetProgressTimeout(60000);
-    SetPhoto(panel);
-    HBSettle();
-    QVERIFY(!bar->isEnabled());
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::hostStartsJobAtTheEnd() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    for (const char* moment : {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"}) {
-        panel.starts = 0;
-        recorder.Take();
-        recorder.Once(moment, [&] { SetPhoto(panel); });
-        SetPhoto(panel);
-        HBSettle();
-        QCOMPARE(panel.starts, 2);
-        QCOMPARE(recorder.Count("ImageReady"), 2);
-        QVERIFY(HBIsIdle(panel));
-    }
-}
-
-void tst_HBAdjustmentWidget::clearData() {
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    panel.SetImage(Photo(), HBTestMask(300, 200, 255), QPoint(1, 2), QRect(3, 4, 5, 6));
-    HBSettle();
-    panel.Gate().Close();
-    SetPhoto(panel);
-    panel.SetCancelProcessing(true);
-    panel.SetCancelProcessing(false);
-    panel.Gate().Open();
-    HBSettle();
-    panel.SetCancelProcessing(true);
-    recorder.Take();
-    panel.ClearData();
-    QVERIFY(panel.SourceImage().IsEmpty() && panel.AdjustedImage().IsEmpty() && !panel.IsCancelProcessing());
-    QCOMPARE(panel.resets, 1);
-    QCOMPARE(recorder.Take(), Lines({"SourceChanged()"}));
-    QVERIFY(HBIsIdle(panel));
-
-    // A running job is left alone: its image still arrives, on purpose.
-    SetPhoto(panel);
-    panel.ClearData();
-    QVERIFY(panel.AdjustedImage().IsEmpty());
-    HBSettle();
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
-}
-
-void tst_HBAdjustmentWidget::panelWithoutJob() {
-    KMApplication::SetProgressTimeout(0);
-    for (const bool dialog : {true, false}) {
-        HBLatchPanel panel(dialog);
-        panel.hasJob = false;
-        HBSignalRecorder recorder(&panel);
-        SetPhoto(panel);
-        QVERIFY(panel.WaitForProcessingFinished(false));
-        QVERIFY(panel.WaitForProcessingFinished(true)); // nothing to cancel
-        QVERIFY(!panel.IsCancelProcessing());
-        SetPhoto(panel);
-        HBSettle();
-        QVERIFY(HBIsIdle(panel));
-        QCOMPARE(panel.starts, 2);
-        QCOMPARE(recorder.Take(), Lines({"SourceChanged()", "SourceChanged()"}));
-        panel.Change();
-        panel.ProcessNow();
-        QVERIFY(!panel.HasPendingChange() && !panel.IsProcessing());
-    }
-}
-
-void tst_HBAdjustmentWidget::pendingChange() {
-    KMApplication::SetProgressTimeout(60000);
-    HBLatchPanel panel;
-    panel.Change();
-    panel.ProcessNow();
-    QVERIFY(!panel.HasPendingChange() && panel.starts == 0); // no image yet
-
-    // Until the image of a job that knows the change.
-    HBSignalRecorder recorder(&panel);
-    bool pending = true;
-    recorder.Once("ImageReady()", [&] { pending = panel.HasPendingChange(); });
-    SetPhoto(panel);
-    QVERIFY(panel.HasPendingChange());
-    panel.ProcessNow(); // the job knows it already
-    HBSettle();
-    QVERIFY(!pending && !panel.HasPendingChange());
-    panel.ProcessNow();
-    QCOMPARE(panel.starts, 1);
-
-    // A job that is given up, or fails, has worked nothing in.
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.SetCancelProcessing(true);
-    panel.Gate().Open();
-    HBSettle();
-    QVERIFY(panel.HasPendingChange());
-    panel.ProcessNow();
-    QCOMPARE(panel.starts, 2);
-    panel.SetCancelProcessing(false);
-    panel.onTile = [] { throw std::bad_alloc(); };
-    panel.ProcessNow();
-    HBSettle();
-    QVERIFY(panel.HasJobFailed() && panel.HasPendingChange());
-    panel.onTile = nullptr;
-    panel.ProcessNow();
-    HBSettle();
-    QVERIFY(!panel.HasPendingChange());
-    QCOMPARE(panel.starts, 4);
-    panel.Load(true);
-    QVERIFY(!panel.HasPendingChange()); // other values are shown: nothing to work in
-}
-
-void tst_HBAdjustmentWidget::processNow_data() {
-    QTest::addColumn<bool>("dialog");
-    QTest::addColumn<bool>("silent");
-    QTest::addColumn<bool>("running"); // a job of the old value
-    for (const bool running : {false, true}) {
-        const char* const when = running ? "during a job" : "when idle";
-        QTest::addRow("the user's, %s", when) << true << false << running;
-        QTest::addRow("set by code, %s", when) << true << true << running;
-        QTest::addRow("without a dialog, %s", when) << false << false << running;
-    }
-}
-
-void tst_HBAdjustmentWidget::processNow() {
-    QFETCH(bool, dialog);
-    QFETCH(bool, silent);
-    QFETCH(bool, running);
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(60000);
-    HBLatchPanel panel(dialog);
-    HBSignalRecorder recorder(&panel);
-    if (running) panel.Gate().Close();
-    SetPhoto(panel);
-    if (running)
-        QVERIFY(panel.Gate().WaitForHeld());
-    else
-        HBSettle();
-    if (silent)
-        panel.Load();
-    else
-        panel.Change();
-    QVERIFY(panel.HasPendingChange());
-    recorder.Take();
-    panel.ProcessNow();
-    QCOMPARE(panel.GetNewData(), running);
-    QCOMPARE(recorder.Take(), Lines());
-    QCOMPARE(HBTimerCount(panel), 1); // no debounce is left
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ImageReady"));
-    QVERIFY(!panel.HasPendingChange());
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("ImageReady"), 1); // none of the old value
-}
-
-void tst_HBAdjustmentWidget::throwingTransformation_data() {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("standard exception") << 0;
-    QTest::newRow("out of memory") << 1;
-    QTest::newRow("no exception class") << 2;
-}
-
-void tst_HBAdjustmentWidget::throwingTransformation() {
-    QFETCH(int, kind);
-    const HBPoolSize pool(1);
-    const HBLogCapture log;
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    int tile = 0;
-    panel.onTile = [&] {
-        if (++tile != 3) return;
-        if (kind == 0) throw std::runtime_error("third tile");
-        if (kind == 1) throw std::bad_alloc();
-        throw kind;
-    };
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    HBSettle();
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(tile, 3);
-
-    // What was done before it.
-    const QImage before = Photo().ToQImage();
-    const QImage inverted = Inverted(Photo());
-    const QImage result = panel.AdjustedImage().ToQImage();
-    const QRect done(0, 0, 256, 128);
-    QCOMPARE(result.copy(done), inverted.copy(done));
-    QCOMPARE(result.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72));
-}
-
-// ---- Waiting ----
-
-void tst_HBAdjustmentWidget::waitAnswers() {
-    KMApplication::SetProgressTimeout(0);
-    const HBProgressDialogWatch dialogs([](HBOperationProgressDlg* dialog) { dialog->reject(); });
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    QVERIFY(panel.WaitForProcessingFinished(false));
-    SetPhoto(panel);
-    HBSettle();
-    panel.Change();
-    QVERIFY(panel.WaitForProcessingFinished(false)); // although the image is about to change
-    QVERIFY(recorder.WaitFor("ImageReady", 2));
-    HBSettle();
-    recorder.Take();
-
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    QVERIFY(panel.WaitForProcessingFinished(false));
-    QCOMPARE(panel.cancels, 0);
-    QVERIFY(panel.WaitForProcessingFinished(true));
-    QCOMPARE(panel.cancels, 1);
-    panel.Gate().Open();
-    HBSettle(); // the job ends before the wait timer
-    QVERIFY(recorder.WaitFor("Finished"));
-    QCOMPARE(recorder.Count("ImageReady"), 0);
-    QCOMPARE(recorder.Lines().last(), QString("Finished(1)"));
-    QCOMPARE(recorder.Count("Finished"), 1);
-    QCOMPARE(dialogs.Count(), 0);
-    QVERIFY(panel.IsCancelProcessing());
-    QVERIFY(HBIsIdle(panel));
-
-    // The flag is the host's to clear. Cancelling can also be asked with the wait.
-    panel.SetCancelProcessing(false);
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QVERIFY(!panel.WaitForProcessingFinished(true));
-    QCOMPARE(panel.cancels, 2);
-    panel.Gate().Open();
-    HBSettle();
-    QVERIFY(recorder.WaitFor("Finished", 2));
-    QCOMPARE(recorder.Count("ImageReady"), 0);
-}
-
-void tst_HBAdjustmentWidget::waitShowsDialog_data() {
-    QTest::addColumn<bool>("dialog");
-    QTest::addColumn<bool>("mainWindow");
-    QTest::newRow("dialog mode, no main window") << true << false;
-    QTest::newRow("dialog mode, main window") << true << true;
-    QTest::newRow("embedded") << false << true;
-}
-
-void tst_HBAdjustmentWidget::waitShowsDialog() {
-    QFETCH(bool, dialog);
-    QFETCH(bool, mainWindow);
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(0);
-    QWidget window;
-    HBMdiArea::SetMainWindow(mainWindow ? &window : nullptr);
-    HBLatchPanel panel(dialog);
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg* progress) {
-        QCOMPARE(progress->Label(), QString("Latch:"));
-        QCOMPARE(progress->parentWidget(), mainWindow ? &window : nullptr);
-        QCOMPARE(Bar(*progress)->maximum(), 6);
-        QCOMPARE(Bar(*progress)->value(), 3);
+    void cleanup() {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        HBMdiArea::SetMainWindow(nullptr);
         QVERIFY(!QApplication::overrideCursor());
-        panel.Gate().Open();
-    });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Gate().Let(3);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QCoreApplication::sendPostedEvents();
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished"));
-    QCOMPARE(dialogs.Count(), 1);
-    QCOMPARE(recorder.Take().mid(5),
-             Lines({"ProgressValueChanged(4)", "ProgressValueChanged(5)", "ProgressValueChanged(6)",
-                    "ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}));
-    QVERIFY(!panel.IsCancelProcessing());
+        QCOMPARE(ProgressDialogs(), 0);
+    }
 
-    // The wait is over: the next one asks anew.
-    QVERIFY(panel.WaitForProcessingFinished(false));
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    HBSettle();
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(dialogs.Count(), 1);
-}
+    void frame() {
+        HBLatchPanel panel;
+        QVERIFY(panel.IsDialog());
+        QCOMPARE(panel.windowTitle(), QString("Form"));
+        QCOMPARE(panel.size(), QSize(589, 194));
 
-void tst_HBAdjustmentWidget::waitIsCancelled() {
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg* progress) {
-        panel.Gate().OpenWhenObsolete();
-        progress->reject();
-    });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished"));
-    QCOMPARE(Last(recorder, 3),
-             Lines({"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(0)"}));
-    QCOMPARE(panel.Gate().Passed(), 1);
-    QVERIFY(panel.IsCancelProcessing());
-    QVERIFY(panel.AdjustedImage().IsEmpty());
-    QVERIFY(HBIsIdle(panel));
-}
+        QProgressBar* bar = Bar(panel);
+        QCOMPARE(bar->objectName(), QString("FILTERPROGRESS")); // style sheets of hosts know it by that name
+        QVERIFY(!bar->isEnabled() && !bar->isTextVisible());
+        QCOMPARE(bar->maximumHeight(), 2);
+        QCOMPARE(bar->maximum(), 0);
+        QCOMPARE(panel.GetUIContent()->objectName(), QString("m_pContent"));
 
-void tst_HBAdjustmentWidget::waitForRestartedJob() {
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished"));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(dialogs.Count(), 1);
-    QCOMPARE(recorder.Count("Finished"), 1);
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QVERIFY(recorder.Lines().indexOf("ImageReady()") < recorder.Lines().indexOf("Finished(1)"));
-    QVERIFY(HBIsIdle(panel));
-}
+        auto* buttons = panel.findChild<QDialogButtonBox*>("m_pButtons");
+        QVERIFY(buttons);
+        QCOMPARE(buttons->standardButtons(),
+                 QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Reset);
+        HBSignalRecorder recorder(&panel);
+        buttons->button(QDialogButtonBox::Ok)->click();
+        buttons->button(QDialogButtonBox::Cancel)->click();
+        QCOMPARE(recorder.Take(), Lines({"Ok()", "Cancel()"}));
+        buttons->button(QDialogButtonBox::Reset)->click();
+        QCOMPARE(recorder.Take(), Lines());
+        QCOMPARE(panel.resets, 1);
+    }
 
-void tst_HBAdjustmentWidget::waitDropsChange_data() {
-    QTest::addColumn<int>("timeout");
-    QTest::newRow("the dialog comes first") << 0;
-    QTest::newRow("the debounce comes first") << 200;
-}
+    void embedded() {
+        KMApplication::SetProgressTimeout(0);
+        HBLatchPanel panel(false);
+        QVERIFY(!panel.IsDialog());
+        QCOMPARE(panel.GetUIContent(), &panel);
+        QVERIFY(panel.children().isEmpty());
 
-void tst_HBAdjustmentWidget::waitDropsChange() {
-    QFETCH(int, timeout);
-    KMApplication::SetProgressTimeout(timeout);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    panel.Change();
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(recorder.Count("ImageReady"), 1);
-    QCOMPARE(panel.starts, 1);
-    QVERIFY(HBIsIdle(panel));
-}
-
-void tst_HBAdjustmentWidget::waitEndsOnce_data() {
-    QTest::addColumn<QString>("moment");
-    for (const char* moment :
-         {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"})
-        QTest::newRow(moment) << moment;
-}
-
-void tst_HBAdjustmentWidget::waitEndsOnce() {
-    // A job that the host starts while a wait ends: its progress timer may get the number of the wait's.
-    QFETCH(QString, moment);
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
-    const bool atTheEnd = moment.startsWith("Finished"); // before, the wait includes the new job
-    recorder.Once(moment, [&] {
-        if (atTheEnd) panel.Gate().Close();
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
         SetPhoto(panel);
-    });
-    panel.Gate().Close();
-    SetPhoto(panel);
-    QVERIFY(panel.Gate().WaitForHeld());
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    if (atTheEnd) QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
-    QCOMPARE(recorder.Count("Finished"), 1);
-    QCOMPARE(dialogs.Count(), 1);
-    panel.Gate().Open();
-    QVERIFY(recorder.WaitFor("ImageReady", 2));
-    HBSettle();
-    QCOMPARE(panel.starts, 2);
-    QCOMPARE(recorder.Count("Finished"), 1);
-}
+        QVERIFY(panel.Gate().WaitForHeld());
+        // The progress timeout passes without a bar to show.
+        QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 0; }, 10000));
+        panel.Gate().Open();
+        QVERIFY(recorder.WaitFor("ProgressValueChanged(100)"));
+        QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
 
-void tst_HBAdjustmentWidget::waitRunsQueuedJob() {
-    // A job that has found no thread yet is run by the thread that waits for it, the GUI thread.
-    const HBPoolSize pool(1);
-    KMApplication::SetProgressTimeout(0);
-    HBLatchPanel other;
-    other.Gate().Close();
-    SetPhoto(other);
-    QVERIFY(other.Gate().WaitForHeld());
+        recorder.Take();
+        panel.Change();
+        QCOMPARE(recorder.Take(), Lines({"AboutUserParamsChanged()", "ValueChanged()", "DataChanged()"}));
+        QVERIFY(HBIsIdle(panel));
+    }
 
-    HBLatchPanel panel;
-    HBSignalRecorder recorder(&panel);
-    std::atomic<int> tilesHere{0};
-    panel.onTile = [&] { tilesHere += QThread::currentThread() == qApp->thread() ? 1 : 0; };
-    const HBProgressDialogWatch dialogs([](HBOperationProgressDlg* progress) { progress->accept(); });
-    SetPhoto(panel);
-    QVERIFY(!panel.WaitForProcessingFinished(false));
-    QVERIFY(recorder.WaitFor("Finished(1)"));
-    QCOMPARE(tilesHere, 6);
-    QCOMPARE(recorder.Take(),
-             Lines({"SourceChanged()", "ProgressRangeChanged(0,6)", "ProgressValueChanged(1)",
-                    "ProgressValueChanged(2)", "ProgressValueChanged(3)", "ProgressValueChanged(4)",
-                    "ProgressValueChanged(5)", "ProgressValueChanged(6)", "ImageReady()",
-                    "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}));
-    other.Gate().Open();
-}
-
-// ---- Several panels, and their end ----
-
-void tst_HBAdjustmentWidget::panelsShareThePool() {
-    const HBImage<> photo = HBTestRamp(700, 400);
-    const QImage inverted = Inverted(photo);
-    for (const int threads : {1, 2, 4}) {
-        const HBPoolSize pool(threads);
-        std::vector<std::unique_ptr<HBLatchPanel>> all;
-        for (int i = 0; i < 5; ++i) all.push_back(std::make_unique<HBLatchPanel>(i % 2 == 0));
-        for (int round = 0; round < 5; ++round) {
-            for (const auto& panel : all) SetPhoto(*panel, photo);
-            HBSettle();
-            for (const auto& panel : all) {
-                QVERIFY(HBIsIdle(*panel));
-                QCOMPARE(panel->AdjustedImage().ToQImage(), inverted);
-                panel->ClearData();
-            }
+    void grooveGradient() {
+        const QString blackToWhite = "stop: 0 rgb(0, 0, 0), stop: 1 rgb(255, 255, 255)";
+        const QPair<QGradientStops, QString> rows[] = {{{{0, Qt::black}, {1, Qt::white}}, blackToWhite},
+                                                       {{}, blackToWhite}, // Qt's own pair
+                                                       {{{0.25, QColor(1, 2, 3)}}, "stop: 0.25 rgb(1, 2, 3)"},
+                                                       // Six digits, no alpha.
+                                                       {{{1 / 3.0, QColor(9, 8, 7, 6)}, {1, Qt::red}},
+                                                        "stop: 0.333333 rgb(9, 8, 7), stop: 1 rgb(255, 0, 0)"}};
+        for (const auto& [stops, groove] : rows) {
+            QLinearGradient gradient(3, 0, 3, 70); // its direction does not count
+            if (!stops.isEmpty()) gradient.setStops(stops);
+            QSlider slider(Qt::Horizontal);
+            HBLatchPanel::SetGrooveGradient(&slider, gradient);
+            QCOMPARE(slider.styleSheet(),
+                     "QSlider::groove:horizontal{border: 0px solid;height: 4px;border-radius: 2px;"
+                     "background: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0, " +
+                         groove + ");}");
         }
     }
-}
 
-void tst_HBAdjustmentWidget::deletedWhileJobRuns_data() {
-    QTest::addColumn<int>("threads");
-    QTest::addColumn<bool>("waiting");
-    QTest::addColumn<bool>("queued");
-    QTest::newRow("running on one thread") << 1 << false << false;
-    QTest::newRow("running on four") << 4 << false << false;
-    QTest::newRow("waited for") << 2 << true << false;
-    QTest::newRow("not begun") << 1 << true << true;
-}
+    void job_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QRect>("bounds");
+        QTest::addColumn<QPoint>("offset");
+        QTest::addColumn<int>("steps");
+        const QRect none;
+        QTest::newRow("no image") << QSize() << none << QPoint() << 0;
+        QTest::newRow("two tiles") << QSize(129, 1) << none << QPoint() << 2;
+        QTest::newRow("a tile and 30 rows") << QSize(300, 200) << QRect(130, 10, 20, 30) << QPoint() << 31;
+        QTest::newRow("selection beside") << QSize(64, 64) << QRect(0, 0, 10, 10) << QPoint(1000, 0) << 0;
+        QTest::newRow("selection left above") << QSize(64, 64) << QRect(0, 0, 10, 10) << QPoint(-10, -10) << 0;
+        QTest::newRow("inverted rectangle") << QSize(64, 64) << QRect(QPoint(5, 5), QPoint(2, 2)) << QPoint() << 1;
+    }
 
-void tst_HBAdjustmentWidget::deletedWhileJobRuns() {
-    QFETCH(int, threads);
-    QFETCH(bool, waiting);
-    QFETCH(bool, queued);
-    const HBPoolSize pool(threads);
-    HBLatchPanel other;
-    if (queued) {
+    void job() {
+        QFETCH(QSize, size);
+        QFETCH(QRect, bounds);
+        QFETCH(QPoint, offset);
+        QFETCH(int, steps);
+        const HBImage<> photo = size.isEmpty() ? HBImage<>() : HBTestRamp(size.width(), size.height());
+        const HBImage<> mask = bounds.isValid() ? HBTestMask(300, 200, 255) : HBImage<>();
+
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.onStart = [&] { recorder.Note("start"); };
+        panel.SetImage(photo, mask, offset, bounds);
+        QCOMPARE(panel.GetSelectionBoundingRect(), bounds);
+        QCOMPARE(panel.GetSelectionOffset(), offset);
+        HBSettle();
+
+        Lines expected = {"start", "SourceChanged()", QString("ProgressRangeChanged(0,%1)").arg(steps)};
+        for (int step = 1; step <= steps; ++step) expected += QString("ProgressValueChanged(%1)").arg(step);
+        expected += {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
+        QCOMPARE(recorder.Take(), expected);
+        QVERIFY(HBIsIdle(panel));
+
+        auto invert = [](HBRGBA32i pixel) { return HBRGBA32i::FromRgba(pixel.ToRgba() ^ 0xFFFFFF); };
+        QCOMPARE(panel.SourceImage().ToQImage(), photo.ToQImage());
+        QCOMPARE(panel.AdjustedImage().ToQImage(), HBPlainLoop(photo, invert, mask, offset, bounds).ToQImage());
+
+        // A change of an empty image is nothing to work on.
+        panel.Change();
+        QCOMPARE(HBIsIdle(panel), size.isEmpty());
+    }
+
+    void debounce() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        SetPhoto(panel);
+        HBSettle();
+        QElapsedTimer sinceChange;
+        panel.onStart = [&] { recorder.Note(QString::number(sinceChange.elapsed() >= 45)); };
+        recorder.Take();
+        for (int i = 0; i < 3; ++i) {
+            if (i > 0) QThread::msleep(30); // the first change would be due, had the others not begun anew
+            panel.Change();
+            sinceChange.start();
+        }
+        QVERIFY(recorder.WaitFor("ImageReady"));
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(recorder.Count("1"), 1);
+        QVERIFY(HBIsIdle(panel));
+    }
+
+    void obsoleteJob() {
+        for (const bool byChange : {true, false}) {
+            const HBPoolSize pool(1);
+            KMApplication::SetProgressTimeout(60000);
+            HBLatchPanel panel;
+            HBSignalRecorder recorder(&panel);
+            panel.Gate().Close();
+            SetPhoto(panel);
+            QVERIFY(panel.Gate().WaitForHeld());
+            for (int i = 0; i < 2; ++i) { // the second time changes nothing
+                if (byChange)
+                    panel.Change();
+                else
+                    SetPhoto(panel);
+                QVERIFY(QTest::qWaitFor([&] { return HBTimerCount(panel) == 1; }, 10000)); // no debounce is left
+                QVERIFY(panel.GetNewData());
+            }
+            panel.Gate().Open();
+            QVERIFY(recorder.WaitFor("ImageReady"));
+            HBSettle();
+            QCOMPARE(panel.starts, 2);
+            QCOMPARE(recorder.Count("ImageReady"), 1);
+            QCOMPARE(panel.Gate().Passed(), 1 + 6); // the obsolete job did not begin its second tile
+            QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
+        }
+    }
+
+    void changeInTheLastMoments() {
+        // Only the debounce makes a job obsolete: one that ends before is still worth showing.
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.Change();
+        panel.Gate().Open();
+        HBSettle();
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QVERIFY(recorder.WaitFor("ImageReady", 2));
+        QCOMPARE(panel.starts, 2);
+    }
+
+    void newImageKeepsDebounce() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        SetPhoto(panel);
+        HBSettle();
+        panel.Change();
+        SetPhoto(panel);
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QVERIFY(recorder.WaitFor("ImageReady", 3));
+        QCOMPARE(panel.starts, 3);
+    }
+
+    void cancel() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.SetCancelProcessing(true);
+        QVERIFY(panel.IsCancelProcessing());
+        panel.Gate().Open();
+        HBSettle();
+        QCOMPARE(recorder.Count("ImageReady"), 0);
+        QCOMPARE(Last(recorder, 2), Lines({"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"}));
+        QVERIFY(HBIsIdle(panel));
+        recorder.Take();
+
+        SetPhoto(panel);
+        QCOMPARE(recorder.Take(), Lines({"SourceChanged()"}));
+        panel.SetCancelProcessing(false);
+        QVERIFY(!panel.IsCancelProcessing());
+        QVERIFY(HBIsIdle(panel));
+        QCOMPARE(panel.starts, 1);
+        SetPhoto(panel);
+        QVERIFY(recorder.WaitFor("ImageReady"));
+    }
+
+    void cancelTakenBack() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.SetCancelProcessing(true);
+        panel.SetCancelProcessing(false);
+        panel.Gate().Open();
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QVERIFY(HBIsIdle(panel));
+    }
+
+    void progressBar() {
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(1);
+        HBLatchPanel panel;
+        QProgressBar* bar = Bar(panel);
+        HBSignalRecorder recorder(&panel);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.Gate().Let(3);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QCoreApplication::sendPostedEvents(); // the progress so far, but no timer
+        QCOMPARE(bar->maximum(), 6);
+        QCOMPARE(bar->value(), 3);
+        QVERIFY(!bar->isEnabled());
+
+        QVERIFY(QTest::qWaitFor([&] { return bar->isEnabled(); }, 10000));
+        QCOMPARE(bar->minimum(), 3); // where the job is when the bar appears, on purpose
+        QCOMPARE(bar->value(), 3);
+
+        bool off = false;
+        recorder.Once("ProgressRangeChanged(0,100)", [&] { off = !bar->isEnabled(); });
+        panel.Gate().Open();
+        QVERIFY(recorder.WaitFor("ProgressValueChanged(100)"));
+        QVERIFY(off);
+        QCOMPARE(bar->minimum(), 0);
+        QCOMPARE(bar->maximum(), 100);
+        QCOMPARE(bar->value(), 100);
+
+        // A short job never shows it.
+        KMApplication::SetProgressTimeout(60000);
+        SetPhoto(panel);
+        HBSettle();
+        QVERIFY(!bar->isEnabled());
+        QVERIFY(HBIsIdle(panel));
+    }
+
+    void hostStartsJobAtTheEnd() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        for (const char* moment : {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"}) {
+            panel.starts = 0;
+            recorder.Take();
+            recorder.Once(moment, [&] { SetPhoto(panel); });
+            SetPhoto(panel);
+            HBSettle();
+            QCOMPARE(panel.starts, 2);
+            QCOMPARE(recorder.Count("ImageReady"), 2);
+            QVERIFY(HBIsIdle(panel));
+        }
+    }
+
+    void clearData() {
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        panel.SetImage(Photo(), HBTestMask(300, 200, 255), QPoint(1, 2), QRect(3, 4, 5, 6));
+        HBSettle();
+        panel.Gate().Close();
+        SetPhoto(panel);
+        panel.SetCancelProcessing(true);
+        panel.SetCancelProcessing(false);
+        panel.Gate().Open();
+        HBSettle();
+        panel.SetCancelProcessing(true);
+        recorder.Take();
+        panel.ClearData();
+        QVERIFY(panel.SourceImage().IsEmpty() && panel.AdjustedImage().IsEmpty() && !panel.IsCancelProcessing());
+        QCOMPARE(panel.resets, 1);
+        QCOMPARE(recorder.Take(), Lines({"SourceChanged()"}));
+        QVERIFY(HBIsIdle(panel));
+
+        // A running job is left alone: its image still arrives, on purpose.
+        SetPhoto(panel);
+        panel.ClearData();
+        QVERIFY(panel.AdjustedImage().IsEmpty());
+        HBSettle();
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QCOMPARE(panel.AdjustedImage().ToQImage(), Inverted(Photo()));
+    }
+
+    void throwingTransformation() {
+        for (const int kind : {0, 1, 2}) { // a standard exception, out of memory, no exception class
+            const HBPoolSize pool(1);
+            const HBLogCapture log;
+            HBLatchPanel panel;
+            HBSignalRecorder recorder(&panel);
+            int tile = 0;
+            panel.onTile = [&] {
+                if (++tile != 3) return;
+                if (kind == 0) throw std::runtime_error("third tile");
+                if (kind == 1) throw std::bad_alloc();
+                throw kind;
+            };
+            SetPhoto(panel);
+            QVERIFY(!panel.WaitForProcessingFinished(false));
+            HBSettle();
+            QVERIFY(recorder.WaitFor("Finished(1)"));
+            QCOMPARE(recorder.Count("ImageReady"), 1);
+            QCOMPARE(tile, 3);
+
+            // What was done before it.
+            const QImage before = Photo().ToQImage();
+            const QImage inverted = Inverted(Photo());
+            const QImage result = panel.AdjustedImage().ToQImage();
+            const QRect done(0, 0, 256, 128);
+            QCOMPARE(result.copy(done), inverted.copy(done));
+            QCOMPARE(result.copy(0, 128, 300, 72), before.copy(0, 128, 300, 72));
+        }
+    }
+
+    void waitAnswers() {
+        KMApplication::SetProgressTimeout(0);
+        const HBProgressDialogWatch dialogs([](HBOperationProgressDlg* dialog) { dialog->reject(); });
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        QVERIFY(panel.WaitForProcessingFinished(false));
+        SetPhoto(panel);
+        HBSettle();
+        panel.Change();
+        QVERIFY(panel.WaitForProcessingFinished(false)); // although the image is about to change
+        QVERIFY(recorder.WaitFor("ImageReady", 2));
+        HBSettle();
+        recorder.Take();
+
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        QVERIFY(panel.WaitForProcessingFinished(false));
+        QCOMPARE(panel.cancels, 0);
+        QVERIFY(panel.WaitForProcessingFinished(true));
+        QCOMPARE(panel.cancels, 1);
+        panel.Gate().Open();
+        HBSettle(); // the job ends before the wait timer
+        QVERIFY(recorder.WaitFor("Finished"));
+        QCOMPARE(recorder.Count("ImageReady"), 0);
+        QCOMPARE(recorder.Lines().last(), QString("Finished(1)"));
+        QCOMPARE(recorder.Count("Finished"), 1);
+        QCOMPARE(dialogs.Count(), 0);
+        QVERIFY(panel.IsCancelProcessing());
+        QVERIFY(HBIsIdle(panel));
+
+        // The flag is the host's to clear. Cancelling can also be asked with the wait.
+        panel.SetCancelProcessing(false);
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QVERIFY(!panel.WaitForProcessingFinished(true));
+        QCOMPARE(panel.cancels, 2);
+        panel.Gate().Open();
+        HBSettle();
+        QVERIFY(recorder.WaitFor("Finished", 2));
+        QCOMPARE(recorder.Count("ImageReady"), 0);
+    }
+
+    void waitShowsDialog() {
+        for (const auto& [dialog, mainWindow] : {std::pair{true, false}, {true, true}, {false, true}}) {
+            const HBPoolSize pool(1);
+            KMApplication::SetProgressTimeout(0);
+            QWidget window;
+            HBMdiArea::SetMainWindow(mainWindow ? &window : nullptr);
+            HBLatchPanel panel(dialog);
+            HBSignalRecorder recorder(&panel);
+            const HBProgressDialogWatch dialogs([&, hasWindow = mainWindow](HBOperationProgressDlg* progress) {
+                QCOMPARE(progress->Label(), QString("Latch:"));
+                QCOMPARE(progress->parentWidget(), hasWindow ? &window : nullptr);
+                QCOMPARE(Bar(*progress)->maximum(), 6);
+                QCOMPARE(Bar(*progress)->value(), 3);
+                QVERIFY(!QApplication::overrideCursor());
+                panel.Gate().Open();
+            });
+            panel.Gate().Close();
+            SetPhoto(panel);
+            QVERIFY(panel.Gate().WaitForHeld());
+            panel.Gate().Let(3);
+            QVERIFY(panel.Gate().WaitForHeld());
+            QCoreApplication::sendPostedEvents();
+            QVERIFY(!panel.WaitForProcessingFinished(false));
+            QVERIFY(recorder.WaitFor("Finished"));
+            QCOMPARE(dialogs.Count(), 1);
+            QCOMPARE(recorder.Take().mid(5),
+                     Lines({"ProgressValueChanged(4)", "ProgressValueChanged(5)", "ProgressValueChanged(6)",
+                            "ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)",
+                            "Finished(1)"}));
+            QVERIFY(!panel.IsCancelProcessing());
+
+            // The wait is over: the next one asks anew.
+            QVERIFY(panel.WaitForProcessingFinished(false));
+            SetPhoto(panel);
+            QVERIFY(!panel.WaitForProcessingFinished(false));
+            HBSettle();
+            QVERIFY(recorder.WaitFor("Finished(1)"));
+            QCOMPARE(dialogs.Count(), 1);
+        }
+    }
+
+    void waitIsCancelled() {
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(0);
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg* progress) {
+            panel.Gate().OpenWhenObsolete();
+            progress->reject();
+        });
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished"));
+        QCOMPARE(Last(recorder, 3),
+                 Lines({"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(0)"}));
+        QCOMPARE(panel.Gate().Passed(), 1);
+        QVERIFY(panel.IsCancelProcessing());
+        QVERIFY(panel.AdjustedImage().IsEmpty());
+        QVERIFY(HBIsIdle(panel));
+    }
+
+    void waitForRestartedJob() {
+        KMApplication::SetProgressTimeout(0);
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        SetPhoto(panel);
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished"));
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(dialogs.Count(), 1);
+        QCOMPARE(recorder.Count("Finished"), 1);
+        QCOMPARE(recorder.Count("ImageReady"), 1);
+        QVERIFY(recorder.Lines().indexOf("ImageReady()") < recorder.Lines().indexOf("Finished(1)"));
+        QVERIFY(HBIsIdle(panel));
+    }
+
+    void waitDropsChange() {
+        for (const int timeout : {0, 200}) { // the dialog, or the debounce, comes first
+            KMApplication::SetProgressTimeout(timeout);
+            HBLatchPanel panel;
+            HBSignalRecorder recorder(&panel);
+            const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
+            panel.Gate().Close();
+            SetPhoto(panel);
+            QVERIFY(panel.Gate().WaitForHeld());
+            panel.Change();
+            QVERIFY(!panel.WaitForProcessingFinished(false));
+            QVERIFY(recorder.WaitFor("Finished(1)"));
+            QCOMPARE(recorder.Count("ImageReady"), 1);
+            QCOMPARE(panel.starts, 1);
+            QVERIFY(HBIsIdle(panel));
+        }
+    }
+
+    void waitEndsOnce() {
+        for (const QString moment :
+             {"ImageReady()", "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}) {
+            init();
+            // A job that the host starts while a wait ends: its progress timer may get the number of the wait's.
+            KMApplication::SetProgressTimeout(0);
+            HBLatchPanel panel;
+            HBSignalRecorder recorder(&panel);
+            const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) { panel.Gate().Open(); });
+            const bool atTheEnd = moment.startsWith("Finished"); // before, the wait includes the new job
+            recorder.Once(moment, [&] {
+                if (atTheEnd) panel.Gate().Close();
+                SetPhoto(panel);
+            });
+            panel.Gate().Close();
+            SetPhoto(panel);
+            QVERIFY(panel.Gate().WaitForHeld());
+            QVERIFY(!panel.WaitForProcessingFinished(false));
+            QVERIFY(recorder.WaitFor("Finished(1)"));
+            if (atTheEnd) QVERIFY(QTest::qWaitFor([&] { return Bar(panel)->isEnabled(); }, 10000));
+            QCOMPARE(recorder.Count("Finished"), 1);
+            QCOMPARE(dialogs.Count(), 1);
+            panel.Gate().Open();
+            QVERIFY(recorder.WaitFor("ImageReady", 2));
+            HBSettle();
+            QCOMPARE(panel.starts, 2);
+            QCOMPARE(recorder.Count("Finished"), 1);
+        }
+    }
+
+    void waitRunsQueuedJob() {
+        // A job that has found no thread yet is run by the thread that waits for it, the GUI thread.
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(0);
+        HBLatchPanel other;
         other.Gate().Close();
         SetPhoto(other);
         QVERIFY(other.Gate().WaitForHeld());
+
+        HBLatchPanel panel;
+        HBSignalRecorder recorder(&panel);
+        std::atomic<int> tilesHere{0};
+        panel.onTile = [&] { tilesHere += QThread::currentThread() == qApp->thread() ? 1 : 0; };
+        const HBProgressDialogWatch dialogs([](HBOperationProgressDlg* progress) { progress->accept(); });
+        SetPhoto(panel);
+        QVERIFY(!panel.WaitForProcessingFinished(false));
+        QVERIFY(recorder.WaitFor("Finished(1)"));
+        QCOMPARE(tilesHere, 6);
+        QCOMPARE(recorder.Take(),
+                 Lines({"SourceChanged()", "ProgressRangeChanged(0,6)", "ProgressValueChanged(1)",
+                        "ProgressValueChanged(2)", "ProgressValueChanged(3)", "ProgressValueChanged(4)",
+                        "ProgressValueChanged(5)", "ProgressValueChanged(6)", "ImageReady()",
+                        "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}));
+        other.Gate().Open();
     }
-    auto panel = std::make_unique<HBLatchPanel>();
-    HBSignalRecorder recorder(panel.get());
-    std::atomic<int> tiles{0};
-    panel->onTile = [&] { ++tiles; };
-    panel->Gate().OpenWhenObsolete();
-    SetPhoto(*panel);
-    if (!queued) QVERIFY(panel->Gate().WaitForHeld());
-    panel->Change();
-    if (waiting) QVERIFY(!panel->WaitForProcessingFinished(false));
-    panel.reset();
-    QVERIFY2(tiles <= (queued ? 0 : threads), "the job went on with another tile");
-    QVERIFY(!QApplication::overrideCursor());
-    other.Gate().Open();
-    HBSettle();
-    QCOMPARE(recorder.Count("ImageReady") + recorder.Count("Finished"), 0);
-}
 
-void tst_HBAdjustmentWidget::deletedByItsSignal_data() {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("later");
-    for (const char* line :
-         {"SourceChanged()", "ImageReady()", "ProgressRangeChanged(0,6)", "ProgressValueChanged(2)",
-          "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}) {
-        QTest::addRow("%s, at once", line) << line << false;
-        QTest::addRow("%s, later", line) << line << true;
+    void deletedWhileJobRuns() {
+        const struct {
+            int threads;
+            bool waiting, queued;
+        } rows[] = {{1, false, false}, {4, false, false}, {2, true, false}, {1, true, true}};
+        for (const auto& [threads, waiting, queued] : rows) {
+            const HBPoolSize pool(threads);
+            HBLatchPanel other;
+            if (queued) {
+                other.Gate().Close();
+                SetPhoto(other);
+                QVERIFY(other.Gate().WaitForHeld());
+            }
+            auto panel = std::make_unique<HBLatchPanel>();
+            HBSignalRecorder recorder(panel.get());
+            std::atomic<int> tiles{0};
+            panel->onTile = [&] { ++tiles; };
+            panel->Gate().OpenWhenObsolete();
+            SetPhoto(*panel);
+            if (!queued) QVERIFY(panel->Gate().WaitForHeld());
+            panel->Change();
+            if (waiting) QVERIFY(!panel->WaitForProcessingFinished(false));
+            panel.reset();
+            QVERIFY2(tiles <= (queued ? 0 : threads), "the job went on with another tile");
+            QVERIFY(!QApplication::overrideCursor());
+            other.Gate().Open();
+            HBSettle();
+            QCOMPARE(recorder.Count("ImageReady") + recorder.Count("Finished"), 0);
+        }
     }
-    // In the midst of a slot that a control has called, "at once" is more than any widget survives.
-    QTest::addRow("DataChanged(), later") << "DataChanged()" << true;
-    QTest::addRow("AboutUserParamsChanged(), later") << "AboutUserParamsChanged()" << true;
-}
 
-void tst_HBAdjustmentWidget::deletedByItsSignal() {
-    QFETCH(QString, line);
-    QFETCH(bool, later);
-    KMApplication::SetProgressTimeout(0);
-    const QPointer<HBLatchPanel> panel(new HBLatchPanel());
-    HBSignalRecorder recorder(panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
-        if (panel) panel->Gate().Open();
-    });
-    recorder.Once(line, [&] {
-        panel->Gate().Open();
-        if (later)
-            panel->deleteLater();
-        else
-            delete panel;
-    });
-    panel->Gate().Close();
-    panel->Change();
-    SetPhoto(*panel);
-    if (panel) QVERIFY(!panel->WaitForProcessingFinished(false));
-    QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
-    QVERIFY(recorder.Lines().contains(line));
-}
+    void deletedByItsSignal_data() {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<bool>("later");
+        for (const char* line :
+             {"SourceChanged()", "ImageReady()", "ProgressRangeChanged(0,6)", "ProgressValueChanged(2)",
+              "ProgressRangeChanged(0,100)", "ProgressValueChanged(100)", "Finished(1)"}) {
+            QTest::addRow("%s, at once", line) << line << false;
+            QTest::addRow("%s, later", line) << line << true;
+        }
+        // In the midst of a slot that a control has called, "at once" is more than any widget survives.
+        QTest::addRow("DataChanged(), later") << "DataChanged()" << true;
+        QTest::addRow("AboutUserParamsChanged(), later") << "AboutUserParamsChanged()" << true;
+    }
 
-void tst_HBAdjustmentWidget::deletedUnderItsDialog_data() {
-    QTest::addColumn<QString>("what");
-    for (const char* what : {"panel", "panel later", "main window", "main window with the panel"})
-        QTest::newRow(what) << what;
-}
-
-void tst_HBAdjustmentWidget::deletedUnderItsDialog() {
-    QFETCH(QString, what);
-    KMApplication::SetProgressTimeout(0);
-    const QPointer<QWidget> window(new QWidget());
-    HBMdiArea::SetMainWindow(window);
-    const QPointer<HBLatchPanel> panel(new HBLatchPanel(true, what.endsWith("with the panel") ? window : nullptr));
-    HBSignalRecorder recorder(panel);
-    const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
-        panel->Gate().OpenWhenObsolete();
-        if (what == "panel")
-            delete panel;
-        else if (what == "panel later")
-            panel->deleteLater();
-        else
-            delete window;
-        recorder.Note("deleted");
-    });
-    panel->Gate().Close();
-    SetPhoto(*panel);
-    QVERIFY(panel->Gate().WaitForHeld());
-    QVERIFY(!panel->WaitForProcessingFinished(false));
-    if (what == "main window") {
-        QVERIFY(recorder.WaitFor("Finished"));
-        QCOMPARE(recorder.Lines().last(), QString("Finished(0)"));
-        delete panel;
-    } else {
+    void deletedByItsSignal() {
+        QFETCH(QString, line);
+        QFETCH(bool, later);
+        KMApplication::SetProgressTimeout(0);
+        const QPointer<HBLatchPanel> panel(new HBLatchPanel());
+        HBSignalRecorder recorder(panel);
+        const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
+            if (panel) panel->Gate().Open();
+        });
+        recorder.Once(line, [&] {
+            panel->Gate().Open();
+            if (later)
+                panel->deleteLater();
+            else
+                delete panel;
+        });
+        panel->Gate().Close();
+        panel->Change();
+        SetPhoto(*panel);
+        if (panel) QVERIFY(!panel->WaitForProcessingFinished(false));
         QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
-        QCOMPARE(recorder.Count("Finished"), 0);
+        QVERIFY(recorder.Lines().contains(line));
     }
-    QCOMPARE(recorder.Count("deleted"), 1);
-    QCOMPARE(dialogs.Count(), 1);
-    delete window;
-}
+
+    void deletedUnderItsDialog() {
+        for (const QString what : {"panel", "panel later", "main window", "main window with the panel"}) {
+            KMApplication::SetProgressTimeout(0);
+            const QPointer<QWidget> window(new QWidget());
+            HBMdiArea::SetMainWindow(window);
+            const QPointer<HBLatchPanel> panel(
+                new HBLatchPanel(true, what.endsWith("with the panel") ? window : nullptr));
+            HBSignalRecorder recorder(panel);
+            const HBProgressDialogWatch dialogs([&](HBOperationProgressDlg*) {
+                panel->Gate().OpenWhenObsolete();
+                if (what == "panel")
+                    delete panel;
+                else if (what == "panel later")
+                    panel->deleteLater();
+                else
+                    delete window;
+                recorder.Note("deleted");
+            });
+            panel->Gate().Close();
+            SetPhoto(*panel);
+            QVERIFY(panel->Gate().WaitForHeld());
+            QVERIFY(!panel->WaitForProcessingFinished(false));
+            if (what == "main window") {
+                QVERIFY(recorder.WaitFor("Finished"));
+                QCOMPARE(recorder.Lines().last(), QString("Finished(0)"));
+                delete panel;
+            } else {
+                QVERIFY(QTest::qWaitFor([&] { return !panel; }, 10000));
+                QCOMPARE(recorder.Count("Finished"), 0);
+            }
+            QCOMPARE(recorder.Count("deleted"), 1);
+            QCOMPARE(dialogs.Count(), 1);
+            delete window;
+        }
+    }
+
+    void pendingChange() {
+        KMApplication::SetProgressTimeout(60000);
+        HBLatchPanel panel;
+        panel.Change();
+        panel.ProcessNow();
+        QVERIFY(!panel.HasPendingChange() && panel.starts == 0); // no image yet
+
+        // Until the image of a job that knows the change.
+        HBSignalRecorder recorder(&panel);
+        bool pending = true;
+        recorder.Once("ImageReady()", [&] { pending = panel.HasPendingChange(); });
+        SetPhoto(panel);
+        QVERIFY(panel.HasPendingChange());
+        panel.ProcessNow(); // the job knows it already
+        HBSettle();
+        QVERIFY(!pending && !panel.HasPendingChange());
+        panel.ProcessNow();
+        QCOMPARE(panel.starts, 1);
+
+        // A job that is given up, or fails, has worked nothing in.
+        panel.Gate().Close();
+        SetPhoto(panel);
+        QVERIFY(panel.Gate().WaitForHeld());
+        panel.SetCancelProcessing(true);
+        panel.Gate().Open();
+        HBSettle();
+        QVERIFY(panel.HasPendingChange());
+        panel.ProcessNow();
+        QCOMPARE(panel.starts, 2);
+        panel.SetCancelProcessing(false);
+        panel.onTile = [] { throw std::bad_alloc(); };
+        panel.ProcessNow();
+        HBSettle();
+        QVERIFY(panel.HasJobFailed() && panel.HasPendingChange());
+        panel.onTile = nullptr;
+        panel.ProcessNow();
+        HBSettle();
+        QVERIFY(!panel.HasPendingChange());
+        QCOMPARE(panel.starts, 4);
+        panel.Load(true);
+        QVERIFY(!panel.HasPendingChange()); // other values are shown: nothing to work in
+    }
+
+    void processNow_data() {
+        QTest::addColumn<bool>("dialog");
+        QTest::addColumn<bool>("silent");
+        QTest::addColumn<bool>("running"); // a job of the old value
+        for (const bool running : {false, true}) {
+            const char* const when = running ? "during a job" : "when idle";
+            QTest::addRow("the user's, %s", when) << true << false << running;
+            QTest::addRow("set by code, %s", when) << true << true << running;
+            QTest::addRow("without a dialog, %s", when) << false << false << running;
+        }
+    }
+
+    void processNow() {
+        QFETCH(bool, dialog);
+        QFETCH(bool, silent);
+        QFETCH(bool, running);
+        const HBPoolSize pool(1);
+        KMApplication::SetProgressTimeout(60000);
+        HBLatchPanel panel(dialog);
+        HBSignalRecorder recorder(&panel);
+        if (running) panel.Gate().Close();
+        SetPhoto(panel);
+        if (running)
+            QVERIFY(panel.Gate().WaitForHeld());
+        else
+            HBSettle();
+        if (silent)
+            panel.Load();
+        else
+            panel.Change();
+        QVERIFY(panel.HasPendingChange());
+        recorder.Take();
+        panel.ProcessNow();
+        QCOMPARE(panel.GetNewData(), running);
+        QCOMPARE(recorder.Take(), Lines());
+        QCOMPARE(HBTimerCount(panel), 1); // no debounce is left
+        panel.Gate().Open();
+        QVERIFY(recorder.WaitFor("ImageReady"));
+        QVERIFY(!panel.HasPendingChange());
+        HBSettle();
+        QCOMPARE(panel.starts, 2);
+        QCOMPARE(recorder.Count("ImageReady"), 1); // none of the old value
+    }
+};
+
+// ---- Frame ----
+
+// ---- Jobs ----
+
+// ---- Waiting ----
+
+// ---- Several panels, and their end ----
 
 HB_TEST_MAIN(tst_HBAdjustmentWidget)
 #include "tst_HBAdjustmentWidget.moc"

@@ -5,23 +5,14 @@
 #include "HBTestMain.h"
 
 #include <HBBlackAndWhiteWidget.h>
-#include <HBIterativeBlackAndWhiteTransformation.h>
 
 #include <QDataStream>
 #include <QDoubleSpinBox>
 #include <QRadioButton>
 
-#include <limits>
-
-Q_DECLARE_METATYPE(HBBlackAndWhiteWidget::Params)
-
 namespace {
 
 using Params = HBBlackAndWhiteWidget::Params;
-constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float Infinity = std::numeric_limits<float>::infinity();
-constexpr int Least = std::numeric_limits<int>::min();
-constexpr int Most = std::numeric_limits<int>::max();
 
 /// Radio button, slot and weights of each type; those of "Custom" are the test's own.
 const struct TypeRow {
@@ -72,231 +63,132 @@ QByteArray Fields(int type, float weight) {
 class tst_HBBlackAndWhiteWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void types();
-    void customWeights();
-    void presetWeightsAreFixed();
-    void setValue();
-    void eitherTag();
-    void weightsOfStoredRecords();
-    void result_data();
-    void result();
-    void rawWeightsReachTheJob();
-};
-
-/// From each type to each other one: told once, weights shown, the user's own ones kept.
-void tst_HBBlackAndWhiteWidget::types() {
-    const char* shown[] = {"0.333 0.333 0.333", "0.213 0.715 0.072", "0.213 0.715 0.072",
-                           "0.300 0.590 0.110", "0.213 0.715 0.072", "0.250 0.500 0.125"};
-    Fixture f;
-    for (int from = 0; from < 6; ++from) {
-        for (int to = 0; to < 6; ++to) {
-            f.panel.SetValue({0.25f, 0.5f, 0.125f, from});
-            QCOMPARE(f.Spins(), QString(shown[from]));
-            f.Radio(to)->click();
-            QCOMPARE(f.recorder.Take(), HBClosingCalls(from == to ? 0 : 1));
-            QCOMPARE(f.Value().type, to);
-            QCOMPARE(f.Checked(), to);
-            QCOMPARE(f.Spins(), QString(shown[to]));
-            QCOMPARE(f.Enabled(), to == 5 ? On : Off);
-            QCOMPARE(f.Value().GetR(), Types[to].r);
-            QCOMPARE(f.Value().GetG(), Types[to].g);
-            QCOMPARE(f.Value().GetB(), Types[to].b);
-            QCOMPARE(f.Value().r, 0.25f);
+    /// From each type to each other one: told once, weights shown, the user's own ones kept.
+    void types() {
+        const char* shown[] = {"0.333 0.333 0.333", "0.213 0.715 0.072", "0.213 0.715 0.072",
+                               "0.300 0.590 0.110", "0.213 0.715 0.072", "0.250 0.500 0.125"};
+        Fixture f;
+        for (int from = 0; from < 6; ++from) {
+            for (int to = 0; to < 6; ++to) {
+                f.panel.SetValue({0.25f, 0.5f, 0.125f, from});
+                QCOMPARE(f.Spins(), QString(shown[from]));
+                f.Radio(to)->click();
+                QCOMPARE(f.recorder.Take(), HBClosingCalls(from == to ? 0 : 1));
+                QCOMPARE(f.Value().type, to);
+                QCOMPARE(f.Checked(), to);
+                QCOMPARE(f.Spins(), QString(shown[to]));
+                QCOMPARE(f.Enabled(), to == 5 ? On : Off);
+                QCOMPARE(f.Value().GetR(), Types[to].r);
+                QCOMPARE(f.Value().GetG(), Types[to].g);
+                QCOMPARE(f.Value().GetB(), Types[to].b);
+                QCOMPARE(f.Value().r, 0.25f);
+            }
+        }
+        for (const TypeRow& row : Types) {
+            QVERIFY(QMetaObject::invokeMethod(&f.panel, row.slot, Q_ARG(bool, false)));
+            QCOMPARE(f.recorder.Take(), QStringList());
+            QVERIFY(QMetaObject::invokeMethod(&f.panel, row.slot, Q_ARG(bool, true)));
+            QCOMPARE(f.recorder.Take(), HBClosingCalls());
         }
     }
-    for (const TypeRow& row : Types) {
-        QVERIFY(QMetaObject::invokeMethod(&f.panel, row.slot, Q_ARG(bool, false)));
-        QCOMPARE(f.recorder.Take(), QStringList());
-        QVERIFY(QMetaObject::invokeMethod(&f.panel, row.slot, Q_ARG(bool, true)));
+
+    void customWeights() {
+        Fixture f;
+        f.Radio(5)->click();
+        QCOMPARE(f.Spins(), QString("0.333 0.333 0.333"));
+        f.recorder.Take();
+        f.red->setValue(0.7);
+        f.green->setValue(1.5);
+        f.blue->setValue(-1);
+        f.blue->setValue(0);
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(3));
+        QCOMPARE(f.Value().r, 0.7f);
+        QCOMPARE(f.Value().g, 1.0f);
+        QCOMPARE(f.Value().b, 0.0f);
+        f.Radio(3)->click();
+        f.Radio(5)->click();
+        QCOMPARE(f.Spins(), QString("0.700 1.000 0.000"));
+        f.panel.OnReset();
+        QCOMPARE(f.Checked(), 0);
+        QCOMPARE(f.Value().r, 0.333f);
+        QCOMPARE(f.Enabled(), Off);
+        // The boxes of a type that does not exist are live.
+        f.recorder.Take();
+        f.panel.SetValue({0.1f, 0.2f, 0.3f, 77});
+        f.red->setValue(0.5);
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
+        QCOMPARE(f.Value().r, 0.5f);
+        QCOMPARE(f.Value().type, 77);
     }
-}
 
-void tst_HBBlackAndWhiteWidget::customWeights() {
-    Fixture f;
-    f.Radio(5)->click();
-    QCOMPARE(f.Spins(), QString("0.333 0.333 0.333"));
-    f.recorder.Take();
-    f.red->setValue(0.7);
-    f.green->setValue(1.5);
-    f.blue->setValue(-1);
-    f.blue->setValue(0);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(3));
-    QCOMPARE(f.Value().r, 0.7f);
-    QCOMPARE(f.Value().g, 1.0f);
-    QCOMPARE(f.Value().b, 0.0f);
-    f.Radio(3)->click();
-    QCOMPARE(f.Spins(), QString("0.300 0.590 0.110"));
-    f.Radio(5)->click();
-    QCOMPARE(f.Spins(), QString("0.700 1.000 0.000"));
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-    f.panel.OnReset();
-    f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // also when nothing changes
-    QCOMPARE(f.Checked(), 0);
-    QCOMPARE(f.Value().r, 0.333f);
-    QCOMPARE(f.Enabled(), Off);
-}
+    /// The older tag is three bytes shorter; what stands behind either record must still be found.
+    void eitherTag() {
+        HBLogCapture log;
+        const QByteArray tags[] = {"KMDesaturate 1.00000", "KMBlackAndWhite 1.00000"};
+        for (const QByteArray& first : tags) {
+            for (const QByteArray& second : tags) {
+                QDataStream stream(first + Fields(3, 0.5f) + second + Fields(4, 0.25f) + "end");
+                Params a, b;
+                stream >> a >> b;
+                QCOMPARE(a.type, 3);
+                QCOMPARE(a.g, 0.5f);
+                QCOMPARE(b.type, 4);
+                QCOMPARE(b.b, 0.25f);
+                QCOMPARE(stream.device()->readAll(), QByteArray("end"));
+                QCOMPARE(stream.status(), QDataStream::Ok);
+            }
+        }
+        QVERIFY(log.Take().isEmpty());
 
-/// Whatever reaches the boxes of a type with fixed weights changes nothing and is not told.
-void tst_HBBlackAndWhiteWidget::presetWeightsAreFixed() {
-    Fixture f;
-    for (int type = 0; type < 5; ++type) {
-        f.panel.SetValue({0.25f, 0.5f, 0.125f, type});
-        for (QDoubleSpinBox* spin : {f.red, f.green, f.blue}) spin->setValue(0.9);
-        QCOMPARE(f.recorder.Take(), QStringList());
-        QCOMPARE(f.Value().r, 0.25f);
-        QCOMPARE(f.Value().GetR(), Types[type].r);
-    }
-}
-
-/// The record is kept as it is; a type that does not exist counts as the user's own weights.
-void tst_HBBlackAndWhiteWidget::setValue() {
-    const struct {
-        Params params;
-        int checked;
-        const char* shown;
-    } rows[] = {
-        {{0.1f, 0.2f, 0.3f, 1}, 1, "0.213 0.715 0.072"},
-        {{0.1f, 0.2f, 0.3f, 6}, 5, "0.100 0.200 0.300"},
-        {{0.1f, 0.2f, 0.3f, -1}, 5, "0.100 0.200 0.300"},
-        {{-5, 7, 1e30f, Most}, 5, "0.000 1.000 1.000"},
-        {{NaN, Infinity, -Infinity, Least}, 5, "1.000 1.000 0.000"},
-        {{NaN, NaN, NaN, 0}, 0, "0.333 0.333 0.333"},
-        {{0.0004f, 0.12345f, 1, 5}, 5, "0.000 0.123 1.000"},
-    };
-    Fixture f;
-    for (const auto& row : rows) {
-        f.panel.SetValue(row.params);
-        QCOMPARE(f.recorder.Take(), QStringList());
-        const Params kept = f.Value();
-        QCOMPARE(kept.type, row.params.type);
-        const float given[] = {row.params.r, row.params.g, row.params.b};
-        const float held[] = {kept.r, kept.g, kept.b};
-        QVERIFY(memcmp(given, held, sizeof given) == 0); // bit for bit, not a number included
-        QCOMPARE(f.Checked(), row.checked);
-        QCOMPARE(f.Spins(), QString(row.shown));
-        QCOMPARE(f.Enabled(), row.checked == 5 ? On : Off);
-    }
-    // The boxes of a type that does not exist are live.
-    f.panel.SetValue({0.1f, 0.2f, 0.3f, 77});
-    f.red->setValue(0.5);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    QCOMPARE(f.Value().r, 0.5f);
-    QCOMPARE(f.Value().type, 77);
-}
-
-/// The older tag is three bytes shorter; what stands behind either record must still be found.
-void tst_HBBlackAndWhiteWidget::eitherTag() {
-    HBLogCapture log;
-    const QByteArray tags[] = {"KMDesaturate 1.00000", "KMBlackAndWhite 1.00000"};
-    for (const QByteArray& first : tags) {
-        for (const QByteArray& second : tags) {
-            QDataStream stream(first + Fields(3, 0.5f) + second + Fields(4, 0.25f) + "end");
-            Params a, b;
-            stream >> a >> b;
-            QCOMPARE(a.type, 3);
-            QCOMPARE(a.g, 0.5f);
-            QCOMPARE(b.type, 4);
-            QCOMPARE(b.b, 0.25f);
-            QCOMPARE(stream.device()->readAll(), QByteArray("end"));
-            QCOMPARE(stream.status(), QDataStream::Ok);
+        // A foreign tag costs 23 bytes, one that merely looks like the older one too; a truncated older record fails.
+        const struct {
+            QByteArray bytes;
+            int consumed;
+            QDataStream::Status status;
+        } rows[] = {
+            {"KMDesaturate 1.00001" + Fields(3, 0.5f), 23, QDataStream::Ok},
+            {"KMDesaturate 1.0000" + QByteArray("0 ") + Fields(3, 0.5f), 20 + 28, QDataStream::Ok},
+            {"KMPhotoFilter 1.00000" + QByteArray(40, 'x'), 23, QDataStream::Ok},
+            {"KMDesaturate 1.0000", 19, QDataStream::Ok},
+            {"KMDesaturate 1.00000", 20, QDataStream::ReadPastEnd},
+            {"KMDesaturate 1.00000" + Fields(3, 0.5f).left(27), 47, QDataStream::ReadPastEnd},
+            {"KMBlackAndWhite 1.000", 21, QDataStream::Ok},
+        };
+        for (const auto& row : rows) {
+            QDataStream stream(row.bytes);
+            Params params{0.1f, 0.2f, 0.3f, 2};
+            const bool read = params.Read(stream);
+            QCOMPARE(int(stream.device()->pos()), row.consumed);
+            QCOMPARE(stream.status(), row.status);
+            QCOMPARE(read, row.consumed == 48);
+            if (row.consumed < 24 && row.status == QDataStream::Ok) QCOMPARE(params.type, 2);
+            if (row.consumed == 47) { // the rest is what the stream makes of nothing
+                QCOMPARE(params.type, 3);
+                QCOMPARE(params.g, 0.5f);
+                QCOMPARE(params.b, 0.0f);
+            }
         }
     }
-    QVERIFY(log.Take().isEmpty());
 
-    // A foreign tag costs 23 bytes, one that merely looks like the older one too; a truncated older record fails.
-    const struct {
-        QByteArray bytes;
-        int consumed;
-        QDataStream::Status status;
-    } rows[] = {
-        {"KMDesaturate 1.00001" + Fields(3, 0.5f), 23, QDataStream::Ok},
-        {"KMDesaturate 1.0000" + QByteArray("0 ") + Fields(3, 0.5f), 20 + 28, QDataStream::Ok},
-        {"KMPhotoFilter 1.00000" + QByteArray(40, 'x'), 23, QDataStream::Ok},
-        {"KMDesaturate 1.0000", 19, QDataStream::Ok},
-        {"KMDesaturate 1.00000", 20, QDataStream::ReadPastEnd},
-        {"KMDesaturate 1.00000" + Fields(3, 0.5f).left(27), 47, QDataStream::ReadPastEnd},
-        {"KMBlackAndWhite 1.000", 21, QDataStream::Ok},
-    };
-    for (const auto& row : rows) {
-        QDataStream stream(row.bytes);
-        Params params{0.1f, 0.2f, 0.3f, 2};
-        const bool read = params.Read(stream);
-        QCOMPARE(int(stream.device()->pos()), row.consumed);
-        QCOMPARE(stream.status(), row.status);
-        QCOMPARE(read, row.consumed == 48);
-        if (row.consumed < 24 && row.status == QDataStream::Ok) QCOMPARE(params.type, 2);
-        if (row.consumed == 47) { // the rest is what the stream makes of nothing
-            QCOMPARE(params.type, 3);
-            QCOMPARE(params.g, 0.5f);
-            QCOMPARE(params.b, 0.0f);
+    /// Single precision in the record, whatever the width it is stored in.
+    void weightsOfStoredRecords() {
+        for (const auto precision : {QDataStream::SinglePrecision, QDataStream::DoublePrecision}) {
+            QByteArray bytes;
+            QDataStream writer(&bytes, QIODevice::WriteOnly);
+            writer.setFloatingPointPrecision(precision);
+            QVERIFY(Params().Write(writer));
+            QCOMPARE(bytes.size(), precision == QDataStream::SinglePrecision ? 39 : 51);
+            if (precision == QDataStream::DoublePrecision)
+                QCOMPARE(bytes.mid(27, 8).toHex(), QByteArray("3fd54fdf40000000"));
+            QDataStream reader(bytes);
+            reader.setFloatingPointPrecision(precision);
+            Params params{9, 9, 9, 9};
+            QVERIFY(params.Read(reader));
+            QCOMPARE(params.r, 0.333f);
+            QCOMPARE(params.b, 0.333f);
         }
     }
-}
-
-/// Single precision in the record, whatever the width it is stored in.
-void tst_HBBlackAndWhiteWidget::weightsOfStoredRecords() {
-    for (const auto precision : {QDataStream::SinglePrecision, QDataStream::DoublePrecision}) {
-        QByteArray bytes;
-        QDataStream writer(&bytes, QIODevice::WriteOnly);
-        writer.setFloatingPointPrecision(precision);
-        QVERIFY(Params().Write(writer));
-        QCOMPARE(bytes.size(), precision == QDataStream::SinglePrecision ? 39 : 51);
-        if (precision == QDataStream::DoublePrecision)
-            QCOMPARE(bytes.mid(27, 8).toHex(), QByteArray("3fd54fdf40000000"));
-        QDataStream reader(bytes);
-        reader.setFloatingPointPrecision(precision);
-        Params params{9, 9, 9, 9};
-        QVERIFY(params.Read(reader));
-        QCOMPARE(params.r, 0.333f);
-        QCOMPARE(params.b, 0.333f);
-    }
-}
-
-void tst_HBBlackAndWhiteWidget::result_data() {
-    QTest::addColumn<Params>("params");
-    for (int type = 0; type < 6; ++type) QTest::addRow("type %d", type) << Params{0.25f, 0.5f, 0.125f, type};
-    QTest::newRow("type 6") << Params{0.25f, 0.5f, 0.125f, 6};
-    QTest::newRow("too bright") << Params{1, 1, 1, 5};
-    QTest::newRow("too dark") << Params{-1, -1, -1, -9};
-    QTest::newRow("not a number") << Params{NaN, 0.5f, NaN, 5};
-    QTest::newRow("infinite") << Params{Infinity, -Infinity, 1e38f, Most};
-    QTest::newRow("hidden behind a type") << Params{NaN, Infinity, 1e38f, 4};
-}
-
-void tst_HBBlackAndWhiteWidget::result() {
-    QFETCH(Params, params);
-    Fixture f;
-    f.panel.SetValue(params);
-    const TypeRow& row = Types[params.type >= 0 && params.type < 5 ? params.type : 5];
-    const bool own = row.slot == QByteArray("OnCustom");
-    const HBIterativeBlackAndWhiteTransformation transformation(params.type == 4, own ? params.r : row.r,
-                                                                own ? params.g : row.g, own ? params.b : row.b);
-    const HBImage<> mask = HBTestMask(150, 90);
-    for (const HBImage<>& photo : {HBTestRamp(257, 130), HBTestRamp(1, 1), HBTestColourCube(51), HBImage<>()}) {
-        for (const QRect& bounds : {QRect(), QRect(20, 10, 120, 70)}) {
-            f.panel.SetImage(photo, bounds.isValid() ? mask : HBImage<>(), QPoint(30, 40), bounds);
-            QVERIFY(f.Finish());
-            QCOMPARE(f.recorder.Count("ImageReady"), 1);
-            QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-                     HBTransformed(photo, transformation, mask, QPoint(30, 40), bounds).ToQImage());
-            f.recorder.Take();
-        }
-    }
-}
-
-/// The three decimals of a spin box would make 217 of it.
-void tst_HBBlackAndWhiteWidget::rawWeightsReachTheJob() {
-    Fixture f;
-    f.panel.SetValue({0.28449f, 0.28449f, 0.28449f, 5});
-    QCOMPARE(f.Spins(), QString("0.284 0.284 0.284"));
-    HBImage<> pixel(1, 1);
-    pixel.SetPixel(0, 0, {255, 255, 255, 77});
-    f.panel.SetImage(pixel, {}, {}, {});
-    QVERIFY(f.Finish());
-    QCOMPARE(f.panel.AdjustedImage().PixelAt(0, 0), HBRGBA32i(218, 218, 218, 77));
-}
+};
 
 HB_TEST_MAIN(tst_HBBlackAndWhiteWidget)
 #include "tst_HBBlackAndWhiteWidget.moc"

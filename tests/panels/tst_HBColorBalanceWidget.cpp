@@ -5,7 +5,6 @@
 #include "HBTestMain.h"
 
 #include <HBColorBalanceWidget.h>
-#include <HBIterativeColorBalanceTransformation.h>
 
 #include <QCheckBox>
 #include <QRadioButton>
@@ -60,167 +59,113 @@ struct Fixture : HBPanelFixture<HBColorBalanceWidget> {
 class tst_HBColorBalanceWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void fresh();
-    void values();
-    void ranges();
-    void luminosity();
-    void setValue_data();
-    void setValue();
-    void noRange();
-    void result();
-};
-
-/// Before the first SetValue no button is checked, but the midtones are what is edited.
-void tst_HBColorBalanceWidget::fresh() {
-    Fixture f;
-    QCOMPARE(f.Range(), 0);
-    QCOMPARE(f.Record(), ValuesOf({}));
-    f.red->setValue(40);
-    QCOMPARE(f.Record(), Values({0, 40, 0, 0, 0, 0, 0, 0, 0, 2, 1}));
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    f.shadows->setChecked(true);
-    QCOMPARE(f.Spins(), Values({0, 0, 0}));
-    for (const char* slider : {"m_pCRSlider", "m_pMGSlider", "m_pYBSlider"})
-        QVERIFY(HBShowsItsValue(f.Find<QSlider>(slider)));
-}
-
-void tst_HBColorBalanceWidget::values() {
-    Fixture f;
-    for (int range = 1; range <= 3; ++range) {
-        f.panel.SetValue(Sample(range));
-        Values expected = f.Record();
-        const struct {
-            QObject* control;
-            int value, stored, axis;
-        } moves[] = {{f.redSlider, -50, -50, 0}, {f.red, 500, 100, 0},          {f.green, 5, 5, 1},
-                     {f.greenSlider, 6, 6, 1},   {f.blueSlider, -500, -100, 2}, {f.blue, 8, 8, 2}};
-        for (const auto& move : moves) {
-            QVERIFY(move.control->setProperty("value", move.value));
-            expected[3 * move.axis + range - 1] = move.stored;
-            QCOMPARE(f.Record(), expected);
-            QCOMPARE(f.recorder.Take(), HBClosingCalls());
-            QCOMPARE(Values({f.redSlider->value(), f.greenSlider->value(), f.blueSlider->value()}), f.Spins());
-        }
+    /// Before the first SetValue no button is checked, but the midtones are what is edited.
+    void fresh() {
+        Fixture f;
+        QCOMPARE(f.Range(), 0);
+        QCOMPARE(f.Record(), ValuesOf({}));
+        f.red->setValue(40);
+        QCOMPARE(f.Record(), Values({0, 40, 0, 0, 0, 0, 0, 0, 0, 2, 1}));
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
+        f.shadows->setChecked(true);
+        QCOMPARE(f.Spins(), Values({0, 0, 0}));
+        for (const char* slider : {"m_pCRSlider", "m_pMGSlider", "m_pYBSlider"})
+            QVERIFY(HBShowsItsValue(f.Find<QSlider>(slider)));
     }
-}
 
-/// Another range is shown; the picture stays as it is.
-void tst_HBColorBalanceWidget::ranges() {
-    const QStringList calls = {"AboutUserParamsChanged()", "ValueChanged()"};
-    Fixture f;
-    f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
-    QVERIFY(f.Finish());
-    f.panel.SetValue(Sample(2));
-    f.recorder.Take();
-    const struct {
-        QRadioButton* radio;
-        int range;
-        Values spins;
-    } moves[] = {{f.shadows, 1, {10, -1, 70}}, {f.highlights, 3, {30, -3, 90}}, {f.midtones, 2, {20, -2, 80}}};
-    for (const auto& move : moves) {
-        Values seen;
-        f.recorder.Once("ValueChanged()", [&] { seen = f.Spins() + Values{f.panel.GetValue().toneRange}; });
-        move.radio->click();
-        QCOMPARE(seen, move.spins + Values{move.range});
-        QCOMPARE(f.Range(), move.range);
-        QCOMPARE(f.redSlider->value(), move.spins[0]);
-        QCOMPARE(f.recorder.Take(), calls);
-        QCOMPARE(f.Record(), ValuesOf(Sample(move.range)));
-        move.radio->click(); // again
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-    QVERIFY(HBIsIdle(f.panel));
-    f.red->setValue(1); // connected again, once
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-}
-
-/// Wired, stored and never shown, on purpose.
-void tst_HBColorBalanceWidget::luminosity() {
-    for (const bool dialog : {true, false}) {
-        Fixture f(dialog);
-        const HBShowsWindows quiet;
-        f.panel.show();
-        QVERIFY(f.shadows->isVisible());
-        f.panel.SetValue(Sample(3));
-        QVERIFY(!f.luminosity->isVisible());
-        QVERIFY(!f.luminosity->isChecked());
+    /// Another range is shown; the picture stays as it is.
+    void ranges() {
+        const QStringList calls = {"AboutUserParamsChanged()", "ValueChanged()"};
+        Fixture f;
+        f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
+        QVERIFY(f.Finish());
+        f.panel.SetValue(Sample(2));
         f.recorder.Take();
-        f.luminosity->setChecked(true);
-        QVERIFY(f.panel.GetValue().preserveLuminosity);
+        const struct {
+            QRadioButton* radio;
+            int range;
+            Values spins;
+        } moves[] = {{f.shadows, 1, {10, -1, 70}}, {f.highlights, 3, {30, -3, 90}}, {f.midtones, 2, {20, -2, 80}}};
+        for (const auto& move : moves) {
+            Values seen;
+            f.recorder.Once("ValueChanged()", [&] { seen = f.Spins() + Values{f.panel.GetValue().toneRange}; });
+            move.radio->click();
+            QCOMPARE(seen, move.spins + Values{move.range});
+            QCOMPARE(f.Range(), move.range);
+            QCOMPARE(f.redSlider->value(), move.spins[0]);
+            QCOMPARE(f.recorder.Take(), calls);
+            QCOMPARE(f.Record(), ValuesOf(Sample(move.range)));
+            move.radio->click(); // again
+            QCOMPARE(f.recorder.Take(), QStringList());
+        }
+        QVERIFY(HBIsIdle(f.panel));
+        f.red->setValue(1); // connected again, once
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
     }
-}
 
-void tst_HBColorBalanceWidget::setValue_data() {
-    QTest::addColumn<int>("toneRange");
-    QTest::addColumn<int>("range");
-    QTest::addColumn<Values>("spins");
-    QTest::addColumn<bool>("enabled");
-    QTest::newRow("none") << 0 << 0 << Values{0, 0, 0} << false;
-    QTest::newRow("shadows") << 1 << 1 << Values{10, -1, 70} << true;
-    QTest::newRow("midtones") << 2 << 2 << Values{20, -2, 80} << true;
-    QTest::newRow("highlights") << 3 << 3 << Values{30, -3, 90} << true;
-    // A range that does not exist checks no button, unchecks none and shows zeros.
-    for (const int foreign : {7, 4, -1, MostInt, LeastInt})
-        QTest::addRow("foreign %d", foreign) << foreign << 3 << Values{0, 0, 0} << true;
-}
-
-void tst_HBColorBalanceWidget::setValue() {
-    QFETCH(int, toneRange);
-    QFETCH(int, range);
-    QFETCH(Values, spins);
-    QFETCH(bool, enabled);
-    Fixture f;
-    for (int round = 0; round < 2; ++round) {
-        f.panel.SetValue(Sample(3)); // before it, the highlights
-        f.panel.SetValue(Sample(toneRange));
-        QCOMPARE(f.Record(), ValuesOf(Sample(toneRange)));
-        QCOMPARE(f.Range(), range);
-        QCOMPARE(f.Spins(), spins);
-        QCOMPARE(f.Enabled(), enabled);
-        QVERIFY(f.redSlider->isEnabled());
-        QVERIFY(!f.luminosity->isChecked());
-        QCOMPARE(f.recorder.Take(), QStringList());
+    /// Wired, stored and never shown, on purpose.
+    void luminosity() {
+        for (const bool dialog : {true, false}) {
+            Fixture f(dialog);
+            const HBShowsWindows quiet;
+            f.panel.show();
+            QVERIFY(f.shadows->isVisible());
+            f.panel.SetValue(Sample(3));
+            QVERIFY(!f.luminosity->isVisible());
+            QVERIFY(!f.luminosity->isChecked());
+            f.recorder.Take();
+            f.luminosity->setChecked(true);
+            QVERIFY(f.panel.GetValue().preserveLuminosity);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls());
+        }
     }
-    f.midtones->click(); // the buttons exclude each other still, and enable the values
-    QCOMPARE(f.Range(), 2);
-    QVERIFY(f.Enabled());
-    QCOMPARE(f.panel.GetValue().toneRange, 2);
-}
 
-/// The sliders stay enabled: nothing is stored, but the host is told.
-void tst_HBColorBalanceWidget::noRange() {
-    for (const int toneRange : {0, 7, LeastInt}) {
-        Fixture f;
-        f.panel.SetValue(Sample(toneRange));
-        f.redSlider->setValue(33);
-        f.blue->setValue(-7);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-        QCOMPARE(f.Record(), ValuesOf(Sample(toneRange)));
+    void setValue() {
+        const struct {
+            int toneRange, shown;
+            Values spins;
+        } rows[] = {{0, 0, {0, 0, 0}},
+                    {1, 1, {10, -1, 70}},
+                    {2, 2, {20, -2, 80}},
+                    {3, 3, {30, -3, 90}},
+                    // A range that does not exist checks no button, unchecks none and shows zeros.
+                    {7, 3, {0, 0, 0}},
+                    {4, 3, {0, 0, 0}},
+                    {-1, 3, {0, 0, 0}},
+                    {MostInt, 3, {0, 0, 0}},
+                    {LeastInt, 3, {0, 0, 0}}};
+        for (const auto& row : rows) {
+            Fixture f;
+            for (int round = 0; round < 2; ++round) {
+                f.panel.SetValue(Sample(3)); // before it, the highlights
+                f.panel.SetValue(Sample(row.toneRange));
+                QCOMPARE(f.Record(), ValuesOf(Sample(row.toneRange)));
+                QCOMPARE(f.Range(), row.shown);
+                QCOMPARE(f.Spins(), row.spins);
+                QCOMPARE(f.Enabled(), row.toneRange != 0);
+                QVERIFY(f.redSlider->isEnabled());
+                QVERIFY(!f.luminosity->isChecked());
+                QCOMPARE(f.recorder.Take(), QStringList());
+            }
+            f.midtones->click(); // the buttons exclude each other still, and enable the values
+            QCOMPARE(f.Range(), 2);
+            QVERIFY(f.Enabled());
+            QCOMPARE(f.panel.GetValue().toneRange, 2);
+        }
     }
-}
 
-/// From the record, all ranges together, whichever is shown.
-void tst_HBColorBalanceWidget::result() {
-    const HBImage<> photo = HBTestRamp(300, 260);
-    const HBImage<> mask = HBTestMask(200, 180);
-    const Params extreme = {{LeastInt, MostInt, 0}, {MostInt, LeastInt, 101}, {-101, 0, LeastInt}, LeastInt, true};
-    const Params clamped = {{-100, 100, 0}, {100, -100, 100}, {-100, 0, -100}, 0, true};
-    for (const auto& [params, used] : {qMakePair(Params(), Params()), qMakePair(Sample(1), Sample(1)),
-                                       qMakePair(Sample(0), Sample(1)), qMakePair(extreme, clamped)}) {
-        const HBIterativeColorBalanceTransformation transformation(used.cyanRed, used.magentaGreen,
-                                                                   used.yellowBlue);
-        Fixture f(false);
-        f.panel.SetValue(params);
-        f.panel.SetImage(photo, {}, {}, {});
-        QVERIFY(f.Finish());
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(), HBTransformed(photo, transformation).ToQImage());
-        f.panel.SetImage(photo, mask, {37, -20}, {0, 0, 150, 130});
-        QVERIFY(f.Finish());
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-                 HBTransformed(photo, transformation, mask, {37, -20}, {0, 0, 150, 130}).ToQImage());
+    /// The sliders stay enabled: nothing is stored, but the host is told.
+    void noRange() {
+        for (const int toneRange : {0, 7, LeastInt}) {
+            Fixture f;
+            f.panel.SetValue(Sample(toneRange));
+            f.redSlider->setValue(33);
+            f.blue->setValue(-7);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
+            QCOMPARE(f.Record(), ValuesOf(Sample(toneRange)));
+        }
     }
-}
+};
 
 HB_TEST_MAIN(tst_HBColorBalanceWidget)
 #include "tst_HBColorBalanceWidget.moc"

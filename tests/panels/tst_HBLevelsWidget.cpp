@@ -2,20 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelFixture.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
-#include <HBIterativeLevelsTransformation.h>
 #include <HBLevelsWidget.h>
 #include <HistogramWidget.h>
 #include <MavuCustomSlider.h>
 
 #include <QComboBox>
-#include <QDataStream>
 #include <QPushButton>
 #include <QSpinBox>
 
 #include <limits>
-
-Q_DECLARE_METATYPE(HBLevelsWidget::Params)
 
 namespace {
 
@@ -56,432 +53,278 @@ struct Fixture : HBPanelFixture<HBLevelsWidget> {
     QSpinBox* highOutput = Find<QSpinBox>("m_pHighOutput");
 };
 
-QByteArray Bytes(const Params& params) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    params.Write(stream);
-    return bytes;
-}
-
-HBIterativeLevelsTransformation Transformation(const Params& p) {
-    return HBIterativeLevelsTransformation(p.input, p.output, p.gamma, 100);
-}
-
-/// A picture with so many pixels of each colour, one after the other.
-HBImage<> Picture(const QVector<QPair<QRgb, int>>& runs) {
-    int width = 0;
-    for (const auto& run : runs) width += run.second;
-    QImage image(width, 1, QImage::Format_ARGB32);
-    int x = 0;
-    for (const auto& run : runs) {
-        for (int i = 0; i < run.second; ++i) image.setPixel(x++, 0, run.first);
-    }
-    return HBImage<>::FromQImage(image);
-}
-
 } // namespace
 
 class tst_HBLevelsWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void middleValue();
-    void toneValue();
-    void controls();
-    void middleSettles();
-    void staleSpinRanges();
-    void channels();
-    void setValue();
-    void hostileRecords();
-    void hostSetsMeanwhile();
-    void autoAdjust_data();
-    void autoAdjust();
-    void autoKeepsTheChannelOnly();
-    void overlappingStream();
-    void results_data();
-    void results();
-};
-
-void tst_HBLevelsWidget::middleValue() {
-    const struct {
-        int low, high;
-        double gamma;
-        int middle;
-    } rows[] = {
-        {0, 255, 1.0, 127},       {0, 255, 9.99, 0},    {0, 255, 0.01, 255},
-        {0, 255, 2.0, 113},                           // truncated toward zero: 112 if rounded down
-        {0, 255, 0.5, 192},       {0, 196, 2.01, 88}, // 2.01 is 2009 thousandths: 87 if rounded
-        {40, 41, 1.0, 40},        {200, 100, 1.0, 150}, {255, 0, 0.01, 0},
-        {0, 255, NaN, 127},       {10, 10, 5, 10},      {Least, Least, 1, Least},
-        {Most, Most, 9.99, Most},
-    };
-    for (const auto& row : rows) QCOMPARE(HBLevelsWidget::MiddleValue(row.low, row.high, row.gamma), row.middle);
-    // No overflow, whatever comes.
-    for (const int low : {Least, 0, Most}) {
-        for (const int high : {Least, 255, Most}) {
-            for (const double gamma : {-1e300, 1e300, Infinity, -Infinity, 0.0, NaN})
-                HBLevelsWidget::MiddleValue(low, high, gamma);
-        }
-    }
-}
-
-void tst_HBLevelsWidget::toneValue() {
-    const struct {
-        int low, high, position;
-        double gamma;
-    } rows[] = {
-        {0, 255, 0, 9.99},    {0, 255, 64, 5.46},   {0, 255, 127, 1.0},      {0, 255, 128, 0.993},
-        {0, 255, 200, 0.436}, {0, 255, 255, 0.01},  {10, 12, 11, 1.0},       {10, 12, 12, 0.01},
-        {10, 12, 10, 9.99},   {10, 10, 10, 1.0}, // no room for a handle
-        {10, 11, 9, 1.0},     {Most, Most, 0, 1.0}, {Most, Most, Most, 1.0},
-    };
-    for (const auto& row : rows) QCOMPARE(HBLevelsWidget::ToneValue(row.low, row.high, row.position), row.gamma);
-    for (const int low : {Least, 0, Most}) {
-        for (const int high : {Least, 0, Most}) {
-            for (const int position : {Least, 0, Most}) HBLevelsWidget::ToneValue(low, high, position);
-        }
-    }
-    QVector<int> masks;
-    for (const int channel : {0, 1, 2, 3, 4, -1}) masks += HBLevelsWidget::IndexToHistogrammChannel(channel);
-    QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
-}
-
-/// One change each, whichever control it is made with.
-void tst_HBLevelsWidget::controls() {
-    Fixture f;
-    using Move = std::function<void()>;
-    const auto handle = [](MavuCustomSlider* slider, uint control, int value) {
-        return [=] { slider->SetValue(control, value); };
-    };
-    const auto spin = [](QWidget* box, double value) { return [=] { box->setProperty("value", value); }; };
-    const struct {
-        Move move;
-        Numbers state; ///< record and handles alike
-        double gamma;
-        int changes;
-    } moves[] = {
-        {handle(f.input, 0, 20), {20, 137, 255, 0, 255}, 1.0, 1},
-        {handle(f.input, 0, 20), {20, 137, 255, 0, 255}, 1.0, 0},
-        {handle(f.input, 2, 200), {20, 110, 200, 0, 255}, 1.0, 1},
-        {spin(f.middle, 9.99), {20, 20, 200, 0, 255}, 9.99, 1}, // on the black point
-        {spin(f.middle, 0.01), {20, 200, 200, 0, 255}, 0.01, 1},
-        {spin(f.middle, 1.0), {20, 110, 200, 0, 255}, 1.0, 1},
-        {spin(f.low, 10), {10, 105, 200, 0, 255}, 1.0, 1},
-        {spin(f.high, 100), {10, 55, 100, 0, 255}, 1.0, 1},
-        {handle(f.input, 0, 300), {98, 99, 100, 0, 255}, 1.0, 1}, // two below the white point
-        {handle(f.input, 2, 0), {98, 99, 100, 0, 255}, 1.0, 0},
-        {handle(f.output, 0, 30), {98, 99, 100, 30, 255}, 1.0, 1},
-        {handle(f.output, 1, 5), {98, 99, 100, 30, 5}, 1.0, 1}, // the output may be inverted
-        {spin(f.lowOutput, 255), {98, 99, 100, 255, 5}, 1.0, 1},
-        {spin(f.highOutput, 0), {98, 99, 100, 255, 0}, 1.0, 1},
-    };
-    for (const auto& move : moves) {
-        Numbers seen;
-        f.recorder.Once("ValueChanged()", [&] { seen = f.Record(); });
-        move.move();
-        QCOMPARE(f.Record(), move.state);
-        QCOMPARE(f.Handles(), move.state);
-        QCOMPARE(f.Spins(), Numbers({move.state[0], move.state[2], move.state[3], move.state[4]}));
-        QCOMPARE(f.ShownGamma(), move.gamma);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
-        if (move.changes) QCOMPARE(seen, move.state);
-    }
-    // A handle that does not exist.
-    Q_EMIT f.input->ValueChanged(3, 50);
-    Q_EMIT f.output->ValueChanged(2, 50);
-    QCOMPARE(f.recorder.Take(), QStringList());
-}
-
-/// The box keeps two decimals, and the handle goes where the rounded gamma is.
-void tst_HBLevelsWidget::middleSettles() {
-    const struct {
-        int dragged;
-        double gamma;
-        int settled;
-        int changes;
-    } rows[] = {{129, 0.98, 130, 1}, {127, 1.0, 127, 0}, {64, 5.46, 64, 1}, {200, 0.44, 200, 1}, {0, 9.99, 0, 1}};
-    for (const auto& row : rows) {
-        Fixture f;
-        f.input->SetValue(1, row.dragged);
-        QCOMPARE(f.middle->value(), row.gamma);
-        QCOMPARE(f.ShownGamma(), row.gamma);
-        QCOMPARE(f.input->Value(1), row.settled);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(row.changes));
-    }
-    Fixture f;
-    f.input->SetValue(1, 0);
-    f.input->SetValue(1, 128); // gamma 0.993
-    QCOMPARE(f.middle->value(), 0.99);
-    QCOMPARE(f.Record()[1], 129);
-    QCOMPARE(f.input->Value(1), 129);
-}
-
-/// The slider's limits follow every change, the boxes' ranges only a change of the channel.
-void tst_HBLevelsWidget::staleSpinRanges() {
-    Fixture f;
-    f.high->setValue(10);
-    QCOMPARE(f.low->maximum(), 253);
-    QCOMPARE(f.input->Maximum(0), 8);
-    f.low->setValue(200);
-    QCOMPARE(f.Record()[0], 200);
-    QCOMPARE(f.input->Value(0), 8);
-    QCOMPARE(f.input->Minimum(2), 202);
-    f.low->setValue(10); // both points on one level: a drag of the middle must not divide by their distance
-    f.recorder.Take();
-    Q_EMIT f.input->ValueChanged(1, 10);
-    QCOMPARE(f.middle->value(), 1.0);
-
-    // And the other way round: the slider may go where the box cannot.
-    f.panel.SetValue([] {
-        Params p;
-        p.input[0][1] = 100;
-        return p;
-    }());
-    QCOMPARE(f.low->maximum(), 98);
-    f.high->setValue(200);
-    f.input->SetValue(0, 150);
-    QCOMPARE(f.Record()[0], 98);
-    f.channel->setCurrentIndex(1);
-    f.channel->setCurrentIndex(0);
-    QCOMPARE(f.low->maximum(), 198);
-    QCOMPARE(f.input->Value(0), 98);
-}
-
-void tst_HBLevelsWidget::channels() {
-    Fixture f;
-    f.panel.SetImage(HBTestRamp(9, 9), {}, {}, {});
-    QVERIFY(f.Finish());
-    Params params;
-    for (int c = 0; c < 4; ++c) {
-        params.input[c][0] = 60 * c;
-        params.input[c][1] = 60 * c + 30;
-        params.output[c][0] = c;
-        params.output[c][1] = 200 + c;
-        params.gamma[c] = 1.0 + c;
-        params.middle[c] = HBLevelsWidget::MiddleValue(60 * c, 60 * c + 30, params.gamma[c]);
-    }
-    f.panel.SetValue(params);
-    f.recorder.Take();
-    // Back and forth: limits of the channel shown before must clamp nothing.
-    for (const int c : {3, 0, 2, 1, 3}) {
-        f.channel->setCurrentIndex(c);
-        QCOMPARE(f.panel.GetValue().channel, c);
-        QCOMPARE(f.histogram->Channel(), HBLevelsWidget::IndexToHistogrammChannel(c));
-        QCOMPARE(f.Handles(), f.Record());
-        QCOMPARE(f.Spins(), Numbers({60 * c, 60 * c + 30, c, 200 + c}));
-        QCOMPARE(f.middle->value(), 1.0 + c);
-        QCOMPARE(qMakePair(f.low->minimum(), f.low->maximum()), qMakePair(0, 60 * c + 28));
-        QCOMPARE(qMakePair(f.high->minimum(), f.high->maximum()), qMakePair(60 * c + 2, 255));
-        QCOMPARE(f.input->Maximum(0), 60 * c + 28);
-        QCOMPARE(f.input->Minimum(2), 60 * c + 2);
-        QCOMPARE(qMakePair(f.input->Minimum(1), f.input->Maximum(1)), qMakePair(60 * c, 60 * c + 30));
-        // The image stays as it is.
-        QCOMPARE(f.recorder.Take(), QStringList({"AboutUserParamsChanged()", "ValueChanged()"}));
-    }
-    QVERIFY(HBIsIdle(f.panel));
-    params.channel = 3;
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
-    f.low->setValue(181);
-    QCOMPARE(f.panel.GetValue().input[3][0], 181);
-    QCOMPARE(f.panel.GetValue().input[0][0], 0);
-    f.recorder.Take();
-    f.channel->setCurrentIndex(-1);
-    QCOMPARE(f.panel.GetValue().channel, 3);
-    QCOMPARE(f.recorder.Take(), QStringList());
-}
-
-void tst_HBLevelsWidget::setValue() {
-    Fixture f;
-    Params params;
-    params.channel = 2;
-    params.input[2][0] = 100;
-    params.middle[2] = 111; // kept and shown, not computed
-    f.panel.SetValue(params);
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params));
-    QCOMPARE(f.panel.GetValue().middle[2], 111);
-    QCOMPARE(f.input->Value(1), 111);
-    QCOMPARE(f.channel->currentIndex(), 2);
-    QCOMPARE(f.recorder.Take(), QStringList());
-    f.low->setValue(101);
-    f.output->SetValue(0, 1);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(2)); // connected, once each
-}
-
-void tst_HBLevelsWidget::hostileRecords() {
-    const HBImage<> photo = HBTestRamp(20, 20);
-    const QVector<QPair<int, int>> points = {{255, 0},      {10, 10},      {-2, 0},        {300, 400},
-                                             {Least, Most}, {Most, Least}, {Least, Least}, {Most, Most},
-                                             {254, 256},    {0, 1}};
-    for (const auto& [low, high] : points) {
-        for (const double gamma : {NaN, 0.0, -1.0, Infinity, -Infinity, 1e300, 0.005, 100.0}) {
-            for (const int channel : {0, 3, 4, -1, Most, Least}) {
-                Params params;
-                params.channel = channel;
-                for (int c = 0; c < 4; ++c) {
-                    params.input[c][0] = params.output[c][1] = low;
-                    params.input[c][1] = params.output[c][0] = high;
-                    params.middle[c] = high;
-                    params.gamma[c] = gamma;
-                }
-                Fixture f(channel == 0);
-                f.panel.SetValue(params);
-                if (channel < 0 || channel > 3) params.channel = 0;
-                QCOMPARE(Bytes(f.panel.GetValue()), Bytes(params)); // kept, but for the channel
-                QCOMPARE(f.recorder.Take(), QStringList());
-                if (qIsNaN(gamma)) QCOMPARE(f.middle->value(), 1.0);
-                if (channel == 0 || channel == -1) f.panel.SetImage(photo, {}, {}, {});
-                // Every control still answers.
-                for (uint handle = 0; handle < 3; ++handle) {
-                    for (const int value : {0, 128, 255}) {
-                        f.input->SetValue(handle, value);
-                        f.output->SetValue(handle, value);
-                    }
-                }
-                for (QWidget* box : QVector<QWidget*>{f.low, f.middle, f.high, f.lowOutput, f.highOutput}) {
-                    for (const int value : {255, 0, 10, 1}) box->setProperty("value", value);
-                }
-                f.channel->setCurrentIndex(1);
+    void middleValue() {
+        const struct {
+            int low, high;
+            double gamma;
+            int middle;
+        } rows[] = {
+            {0, 255, 1.0, 127},       {0, 255, 9.99, 0},    {0, 255, 0.01, 255},
+            {0, 255, 2.0, 113},                           // truncated toward zero: 112 if rounded down
+            {0, 255, 0.5, 192},       {0, 196, 2.01, 88}, // 2.01 is 2009 thousandths: 87 if rounded
+            {40, 41, 1.0, 40},        {200, 100, 1.0, 150}, {255, 0, 0.01, 0},
+            {0, 255, NaN, 127},       {10, 10, 5, 10},      {Least, Least, 1, Least},
+            {Most, Most, 9.99, Most},
+        };
+        for (const auto& row : rows)
+            QCOMPARE(HBLevelsWidget::MiddleValue(row.low, row.high, row.gamma), row.middle);
+        // No overflow, whatever comes.
+        for (const int low : {Least, 0, Most}) {
+            for (const int high : {Least, 255, Most}) {
+                for (const double gamma : {-1e300, 1e300, Infinity, -Infinity, 0.0, NaN})
+                    HBLevelsWidget::MiddleValue(low, high, gamma);
             }
         }
     }
-    HBSettle();
-}
 
-void tst_HBLevelsWidget::hostSetsMeanwhile() {
-    Fixture f;
-    Params other;
-    other.channel = 1;
-    other.input[1][0] = 50;
-    other.input[1][1] = 60;
-    other.middle[1] = 55;
-    for (const auto& move : {std::function<void()>([&] { f.input->SetValue(0, 40); }),
-                             {[&] { f.high->setValue(90); }},
-                             {[&] { f.output->SetValue(1, 9); }},
-                             {[&] { f.channel->setCurrentIndex(3); }}}) {
-        f.panel.SetValue(Params());
+    void toneValue() {
+        const struct {
+            int low, high, position;
+            double gamma;
+        } rows[] = {
+            {0, 255, 0, 9.99},    {0, 255, 64, 5.46},   {0, 255, 127, 1.0},      {0, 255, 128, 0.993},
+            {0, 255, 200, 0.436}, {0, 255, 255, 0.01},  {10, 12, 11, 1.0},       {10, 12, 12, 0.01},
+            {10, 12, 10, 9.99},   {10, 10, 10, 1.0}, // no room for a handle
+            {10, 11, 9, 1.0},     {Most, Most, 0, 1.0}, {Most, Most, Most, 1.0},
+        };
+        for (const auto& row : rows)
+            QCOMPARE(HBLevelsWidget::ToneValue(row.low, row.high, row.position), row.gamma);
+        for (const int low : {Least, 0, Most}) {
+            for (const int high : {Least, 0, Most}) {
+                for (const int position : {Least, 0, Most}) HBLevelsWidget::ToneValue(low, high, position);
+            }
+        }
+        QVector<int> masks;
+        for (const int channel : {0, 1, 2, 3, 4, -1}) masks += HBLevelsWidget::IndexToHistogrammChannel(channel);
+        QCOMPARE(masks, QVector<int>({7, 1, 2, 4, 7, 7}));
+    }
+
+    /// The box keeps two decimals, and the handle goes where the rounded gamma is.
+    void middleSettles() {
+        const struct {
+            int dragged;
+            double gamma;
+            int settled;
+            int changes;
+        } rows[] = {
+            {129, 0.98, 130, 1}, {127, 1.0, 127, 0}, {64, 5.46, 64, 1}, {200, 0.44, 200, 1}, {0, 9.99, 0, 1}};
+        for (const auto& row : rows) {
+            Fixture f;
+            f.input->SetValue(1, row.dragged);
+            QCOMPARE(f.middle->value(), row.gamma);
+            QCOMPARE(f.ShownGamma(), row.gamma);
+            QCOMPARE(f.input->Value(1), row.settled);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls(row.changes));
+        }
+        Fixture f;
+        f.input->SetValue(1, 0);
+        f.input->SetValue(1, 128); // gamma 0.993
+        QCOMPARE(f.middle->value(), 0.99);
+        QCOMPARE(f.Record()[1], 129);
+        QCOMPARE(f.input->Value(1), 129);
+    }
+
+    /// The slider's limits follow every change, the boxes' ranges only a change of the channel.
+    void staleSpinRanges() {
+        Fixture f;
+        f.high->setValue(10);
+        QCOMPARE(f.low->maximum(), 253);
+        QCOMPARE(f.input->Maximum(0), 8);
+        f.low->setValue(200);
+        QCOMPARE(f.Record()[0], 200);
+        QCOMPARE(f.input->Value(0), 8);
+        QCOMPARE(f.input->Minimum(2), 202);
+        // A handle that does not exist.
         f.recorder.Take();
-        f.recorder.Once("ValueChanged()", [&] { f.panel.SetValue(other); });
-        move();
-        QCOMPARE(f.recorder.Count("ValueChanged"), 1);
-        QCOMPARE(Bytes(f.panel.GetValue()), Bytes(other));
-        QCOMPARE(f.Handles(), f.Record());
+        Q_EMIT f.input->ValueChanged(3, 50);
+        Q_EMIT f.output->ValueChanged(2, 50);
+        QCOMPARE(f.recorder.Take(), QStringList());
+        f.low->setValue(10); // both points on one level: a drag of the middle must not divide by their distance
+        f.recorder.Take();
+        Q_EMIT f.input->ValueChanged(1, 10);
+        QCOMPARE(f.middle->value(), 1.0);
+
+        // And the other way round: the slider may go where the box cannot.
+        f.panel.SetValue([] {
+            Params p;
+            p.input[0][1] = 100;
+            return p;
+        }());
+        QCOMPARE(f.low->maximum(), 98);
+        f.high->setValue(200);
+        f.input->SetValue(0, 150);
+        QCOMPARE(f.Record()[0], 98);
+        f.channel->setCurrentIndex(1);
+        f.channel->setCurrentIndex(0);
+        QCOMPARE(f.low->maximum(), 198);
+        QCOMPARE(f.input->Value(0), 98);
     }
-}
 
-void tst_HBLevelsWidget::autoAdjust_data() {
-    QTest::addColumn<HBImage<>>("photo");
-    QTest::addColumn<Numbers>("points"); // red, green, blue: low, high, middle
-    QTest::newRow("single levels") << Picture({{qRgb(250, 3, 128), 50}})
-                                   << Numbers({239, 255, 247, 0, 16, 8, 120, 136, 128});
-    // The empty levels between count as below the share, too: the low point goes up to the crowd.
-    QTest::newRow("a crowd") << Picture({{qRgb(5, 0, 0), 1}, {qRgb(50, 100, 0), 998}, {qRgb(200, 200, 255), 1}})
-                             << Numbers({41, 57, 49, 91, 107, 99, 0, 16, 8});
-    QTest::newRow("wide enough") << Picture({{qRgb(20, 0, 100), 500}, {qRgb(200, 255, 116), 500}})
-                                 << Numbers({20, 200, 110, 0, 255, 127, 100, 116, 108});
-    // Exactly 0.2 % at the bottom is enough to stay, 99.8 % is reached one level before the top.
-    QTest::newRow("the shares themselves")
-        << Picture({{qRgb(10, 10, 10), 2}, {qRgb(90, 90, 90), 996}, {qRgb(250, 250, 250), 2}})
-        << Numbers({10, 90, 50, 10, 90, 50, 10, 90, 50});
-    QTest::newRow("no image") << HBImage<>() << Numbers({0, 16, 8, 0, 16, 8, 0, 16, 8});
-}
-
-void tst_HBLevelsWidget::autoAdjust() {
-    QFETCH(HBImage<>, photo);
-    QFETCH(Numbers, points);
-    Fixture f;
-    f.panel.SetImage(photo, {}, {}, {});
-    QVERIFY(f.Finish());
-    QVERIFY(f.automatic->isEnabled()); // as soon as there are counts, and from then on
-    f.recorder.Take();
-    f.automatic->click();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    const Params p = f.panel.GetValue();
-    Numbers got;
-    for (int c = 1; c < 4; ++c) got += {p.input[c][0], p.input[c][1], p.middle[c]};
-    QCOMPARE(got, points);
-    f.panel.ClearData();
-    QVERIFY(f.Finish());
-    QVERIFY(f.automatic->isEnabled());
-}
-
-void tst_HBLevelsWidget::autoKeepsTheChannelOnly() {
-    Fixture f;
-    f.panel.SetImage(Picture({{qRgb(20, 20, 20), 50}, {qRgb(200, 200, 200), 50}}), {}, {}, {});
-    QVERIFY(f.Finish());
-    Params params;
-    for (int c = 0; c < 4; ++c) {
-        params.input[c][0] = params.output[c][0] = 33;
-        params.gamma[c] = 2;
-    }
-    params.channel = 2;
-    f.panel.SetValue(params);
-    f.automatic->click();
-    Params expected;
-    expected.channel = 2;
-    for (int c = 1; c < 4; ++c) {
-        expected.input[c][0] = 20;
-        expected.input[c][1] = 200;
-        expected.middle[c] = 110;
-    }
-    QCOMPARE(Bytes(f.panel.GetValue()), Bytes(expected));
-    QCOMPARE(f.Handles(), Numbers({20, 110, 200, 0, 255}));
-}
-
-/// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for none.
-void tst_HBLevelsWidget::overlappingStream() {
-    QByteArray bytes("KMLevels 1.00000");
-    QDataStream writer(&bytes, QIODevice::Append);
-    writer << 1;
-    for (int i = 1; i <= 12; ++i) writer << i;
-    for (int i = 0; i < 8; ++i) writer << 20 + i;
-    for (const double gamma : {1.0, 9.99, 0.01, 1.0}) writer << gamma;
-    Params p;
-    QDataStream reader(bytes);
-    QVERIFY(p.Read(reader));
-    QCOMPARE(p.channel, 1);
-    QVector<int> inputs;
-    QVector<int> middles;
-    for (int c = 0; c < 4; ++c) {
-        inputs += {p.input[c][0], p.input[c][1]};
-        middles += p.middle[c];
-    }
-    QCOMPARE(inputs, QVector<int>({1, 2, 4, 5, 7, 8, 10, 11}));
-    QCOMPARE(middles, QVector<int>({1, 4, 8, 10}));
-    QCOMPARE(p.output[3][1], 27);
-
-    // From the defaults 128 is written, which is not what the gamma of 1 gives.
-    QCOMPARE(Bytes(Params()).mid(16 + 4 + 44, 4).toHex(), QByteArray("00000080"));
-}
-
-void tst_HBLevelsWidget::results_data() {
-    QTest::addColumn<Params>("params");
-    QTest::newRow("neutral") << Params();
-    QTest::newRow("all") << Params{3,
-                                   {{1, 250}, {10, 200}, {20, 180}, {30, 160}},
-                                   {0, 0, 0, 0}, // not used
-                                   {{5, 240}, {250, 3}, {7, 230}, {9, 220}},
-                                   {2.0, 0.5, 1.25, 4.0}};
-    // From the record, not from what the controls can show.
-    QTest::newRow("out of range") << Params{0,
-                                            {{-100, 500}, {0, 255}, {9, 9}, {200, 100}},
-                                            {},
-                                            {{0, 255}, {-50, 300}, {0, 255}, {0, 255}},
-                                            {1, 20, 1, NaN}};
-}
-
-void tst_HBLevelsWidget::results() {
-    QFETCH(Params, params);
-    const HBImage<> photo = HBTestRamp(257, 130);
-    const HBImage<> mask = HBTestMask(150, 90);
-    Fixture f;
-    f.panel.SetValue(params);
-    for (const QRect& bounds : {QRect(), QRect(20, 10, 120, 70)}) {
-        f.panel.SetImage(photo, bounds.isValid() ? mask : HBImage<>(), QPoint(30, 40), bounds);
+    void channels() {
+        Fixture f;
+        f.panel.SetImage(HBTestRamp(9, 9), {}, {}, {});
         QVERIFY(f.Finish());
-        QCOMPARE(f.panel.AdjustedImage().ToQImage(),
-                 HBTransformed(photo, Transformation(params), mask, QPoint(30, 40), bounds).ToQImage());
+        Params params;
+        for (int c = 0; c < 4; ++c) {
+            params.input[c][0] = 60 * c;
+            params.input[c][1] = 60 * c + 30;
+            params.output[c][0] = c;
+            params.output[c][1] = 200 + c;
+            params.gamma[c] = 1.0 + c;
+            params.middle[c] = HBLevelsWidget::MiddleValue(60 * c, 60 * c + 30, params.gamma[c]);
+        }
+        f.panel.SetValue(params);
+        f.recorder.Take();
+        // Back and forth: limits of the channel shown before must clamp nothing.
+        for (const int c : {3, 0, 2, 1, 3}) {
+            f.channel->setCurrentIndex(c);
+            QCOMPARE(f.panel.GetValue().channel, c);
+            QCOMPARE(f.histogram->Channel(), HBLevelsWidget::IndexToHistogrammChannel(c));
+            QCOMPARE(f.Handles(), f.Record());
+            QCOMPARE(f.Spins(), Numbers({60 * c, 60 * c + 30, c, 200 + c}));
+            QCOMPARE(f.middle->value(), 1.0 + c);
+            QCOMPARE(qMakePair(f.low->minimum(), f.low->maximum()), qMakePair(0, 60 * c + 28));
+            QCOMPARE(qMakePair(f.high->minimum(), f.high->maximum()), qMakePair(60 * c + 2, 255));
+            QCOMPARE(f.input->Maximum(0), 60 * c + 28);
+            QCOMPARE(f.input->Minimum(2), 60 * c + 2);
+            QCOMPARE(qMakePair(f.input->Minimum(1), f.input->Maximum(1)), qMakePair(60 * c, 60 * c + 30));
+            // The image stays as it is.
+            QCOMPARE(f.recorder.Take(), QStringList({"AboutUserParamsChanged()", "ValueChanged()"}));
+        }
+        QVERIFY(HBIsIdle(f.panel));
+        params.channel = 3;
+        QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
+        f.low->setValue(181);
+        QCOMPARE(f.panel.GetValue().input[3][0], 181);
+        QCOMPARE(f.panel.GetValue().input[0][0], 0);
+        f.recorder.Take();
+        f.channel->setCurrentIndex(-1);
+        QCOMPARE(f.panel.GetValue().channel, 3);
+        QCOMPARE(f.recorder.Take(), QStringList());
     }
-    if (Bytes(params) == Bytes(Params())) QCOMPARE(f.panel.AdjustedImage().ToQImage(), photo.ToQImage());
-}
+
+    void hostileRecords() {
+        const HBImage<> photo = HBTestRamp(20, 20);
+        const QVector<QPair<int, int>> points = {{255, 0},      {10, 10},      {-2, 0},        {300, 400},
+                                                 {Least, Most}, {Most, Least}, {Least, Least}, {Most, Most},
+                                                 {254, 256},    {0, 1}};
+        for (const auto& [low, high] : points) {
+            for (const double gamma : {NaN, 0.0, -1.0, Infinity, -Infinity, 1e300, 0.005, 100.0}) {
+                for (const int channel : {0, 3, 4, -1, Most, Least}) {
+                    Params params;
+                    params.channel = channel;
+                    for (int c = 0; c < 4; ++c) {
+                        params.input[c][0] = params.output[c][1] = low;
+                        params.input[c][1] = params.output[c][0] = high;
+                        params.middle[c] = high;
+                        params.gamma[c] = gamma;
+                    }
+                    Fixture f(channel == 0);
+                    f.panel.SetValue(params);
+                    if (channel < 0 || channel > 3) params.channel = 0;
+                    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params)); // kept, but for the channel
+                    QCOMPARE(f.recorder.Take(), QStringList());
+                    if (qIsNaN(gamma)) QCOMPARE(f.middle->value(), 1.0);
+                    if (channel == 0 || channel == -1) f.panel.SetImage(photo, {}, {}, {});
+                    // Every control still answers.
+                    for (uint handle = 0; handle < 3; ++handle) {
+                        for (const int value : {0, 128, 255}) {
+                            f.input->SetValue(handle, value);
+                            f.output->SetValue(handle, value);
+                        }
+                    }
+                    for (QWidget* box : QVector<QWidget*>{f.low, f.middle, f.high, f.lowOutput, f.highOutput}) {
+                        for (const int value : {255, 0, 10, 1}) box->setProperty("value", value);
+                    }
+                    f.channel->setCurrentIndex(1);
+                }
+            }
+        }
+        HBSettle();
+    }
+
+    void hostSetsMeanwhile() {
+        Fixture f;
+        Params other;
+        other.channel = 1;
+        other.input[1][0] = 50;
+        other.input[1][1] = 60;
+        other.middle[1] = 55;
+        for (const auto& move : {std::function<void()>([&] { f.input->SetValue(0, 40); }),
+                                 {[&] { f.high->setValue(90); }},
+                                 {[&] { f.output->SetValue(1, 9); }},
+                                 {[&] { f.channel->setCurrentIndex(3); }}}) {
+            f.panel.SetValue(Params());
+            f.recorder.Take();
+            f.recorder.Once("ValueChanged()", [&] { f.panel.SetValue(other); });
+            move();
+            QCOMPARE(f.recorder.Count("ValueChanged"), 1);
+            QCOMPARE(HBStore(f.panel.GetValue()), HBStore(other));
+            QCOMPARE(f.Handles(), f.Record());
+        }
+    }
+
+    void autoKeepsTheChannelOnly() {
+        Fixture f;
+        const auto halves = [](int x, int) { return x < 50 ? qRgb(20, 20, 20) : qRgb(200, 200, 200); };
+        f.panel.SetImage(HBTestPicture(100, 1, halves), {}, {}, {});
+        QVERIFY(f.Finish());
+        Params params;
+        for (int c = 0; c < 4; ++c) {
+            params.input[c][0] = params.output[c][0] = 33;
+            params.gamma[c] = 2;
+        }
+        params.channel = 2;
+        f.panel.SetValue(params);
+        QVERIFY(f.automatic->isEnabled()); // as soon as there are counts, and from then on
+        f.recorder.Take();
+        f.automatic->click();
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
+        Params expected;
+        expected.channel = 2;
+        for (int c = 1; c < 4; ++c) {
+            expected.input[c][0] = 20;
+            expected.input[c][1] = 200;
+            expected.middle[c] = 110;
+        }
+        QCOMPARE(HBStore(f.panel.GetValue()), HBStore(expected));
+        QCOMPARE(f.Handles(), Numbers({20, 110, 200, 0, 255}));
+        f.panel.ClearData();
+        QVERIFY(f.Finish());
+        QVERIFY(f.automatic->isEnabled());
+    }
+
+    /// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for none.
+    void overlappingStream() {
+        QByteArray bytes("KMLevels 1.00000");
+        QDataStream writer(&bytes, QIODevice::Append);
+        writer << 1;
+        for (int i = 1; i <= 12; ++i) writer << i;
+        for (int i = 0; i < 8; ++i) writer << 20 + i;
+        for (const double gamma : {1.0, 9.99, 0.01, 1.0}) writer << gamma;
+        Params p;
+        QDataStream reader(bytes);
+        QVERIFY(p.Read(reader));
+        QCOMPARE(p.channel, 1);
+        QVector<int> inputs;
+        QVector<int> middles;
+        for (int c = 0; c < 4; ++c) {
+            inputs += {p.input[c][0], p.input[c][1]};
+            middles += p.middle[c];
+        }
+        QCOMPARE(inputs, QVector<int>({1, 2, 4, 5, 7, 8, 10, 11}));
+        QCOMPARE(middles, QVector<int>({1, 4, 8, 10}));
+        QCOMPARE(p.output[3][1], 27);
+
+        // From the defaults 128 is written, which is not what the gamma of 1 gives.
+        QCOMPARE(HBStore(Params()).mid(16 + 4 + 44, 4).toHex(), QByteArray("00000080"));
+    }
+};
 
 HB_TEST_MAIN(tst_HBLevelsWidget)
 #include "tst_HBLevelsWidget.moc"

@@ -4,8 +4,10 @@
 #include "HBTestMain.h"
 
 #include <HBBlend.h>
+#include <HBHistogrammCalculator.h>
 #include <HBIterativeLevelsTransformation.h>
 #include <HBIterativePhotoFilterTransformation.h>
+#include <HBLevels.h>
 #include <HBTemperatureCorrection.h>
 #include <HBWBWidget.h>
 #include <KMIterativeWBTransformation.h>
@@ -52,62 +54,15 @@ struct Fixture : HBPanelFixture<HBWBWidget> {
     QSpinBox* strengthSpin = Find<QSpinBox>("spinBox");
     QGroupBox* useTemperature = Find<QGroupBox>("m_pTemperatureContent");
     QSpinBox* temperature = Find<QSpinBox>("m_pTemperature");
-    QSlider* temperatureSlider = Find<QSlider>("TemperatureSlider");
-    QSpinBox* temperatureStrength = Find<QSpinBox>("m_pTempStrength");
     QSlider* temperatureStrengthSlider = Find<QSlider>("slider_2");
 };
 
-HBImage<> Filled(int width, int height, const std::function<QRgb(int, int)>& colour) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y));
-    }
-    return HBImage<>::FromQImage(image);
-}
-
 /// A picture with a warm cast, whose channels keep to 10..200, 20..150 and 5..100.
 HBImage<> CastPhoto(int width = 257, int height = 130) {
-    return Filled(width, height, [](int x, int y) {
+    return HBTestPicture(width, height, [](int x, int y) {
         const int v = (x + 2 * y) % 96;
         return qRgba(10 + 2 * v, 20 + 130 * v / 95, 5 + v, 255 - (x & 63));
     });
-}
-
-/// Black and white point of a channel, by the rule itself.
-QPair<int, int> StretchOf(const QImage& image, int shift) {
-    double counts[256] = {};
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) ++counts[(image.pixel(x, y) >> shift) & 255];
-    }
-    int lo = 255, hi = 0;
-    for (int v = 0; v < 256; ++v) {
-        if (counts[v] > 0) {
-            lo = qMin(lo, v);
-            hi = qMax(hi, v);
-        }
-    }
-    int black = lo, white = hi;
-    double sum = 0;
-    for (int v = lo; v <= hi; ++v) {
-        sum += counts[v];
-        const double share = sum / (double(image.width()) * image.height());
-        if (share < 0.002) {
-            black = v;
-        } else if (share >= 0.998) {
-            white = v;
-            break;
-        }
-    }
-    return {black, white}; // 16 or more apart in the pictures that this is used for
-}
-
-HBIterativeLevelsTransformation Levels(const QPair<int, int>& red, const QPair<int, int>& green,
-                                       const QPair<int, int>& blue) {
-    const int input[4][2] = {
-        {0, 255}, {red.first, red.second}, {green.first, green.second}, {blue.first, blue.second}};
-    const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
-    const double gamma[4] = {1.0, 1.0, 1.0, 1.0};
-    return HBIterativeLevelsTransformation(input, output, gamma, 100);
 }
 
 /// Advanced automatic correction, stage by stage, each weighted by the selection.
@@ -115,9 +70,10 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
                 const QRect& bounds = {}) {
     const KMIterativeWBTransformation balance(photo, KMWBTransformation::AutoBalance, 100);
     const HBImage<> balanced = HBTransformed(photo, balance, mask, offset, bounds);
-    const QImage look = balanced.ToQImage();
-    const HBImage<> stretched = HBTransformed(
-        balanced, Levels(StretchOf(look, 16), StretchOf(look, 8), StretchOf(look, 0)), mask, offset, bounds);
+    const HBLevelsSettings levels =
+        HBAutomaticLevels(HBHistogrammCalculator::Count(balanced, {0, 0, photo.Width(), photo.Height()}));
+    const HBIterativeLevelsTransformation stretch(levels.input, levels.output, levels.gamma, 100);
+    const HBImage<> stretched = HBTransformed(balanced, stretch, mask, offset, bounds);
     const QImage below = photo.ToQImage();
     const QImage above = stretched.ToQImage();
     const QImage coverages = mask.ToQImage();
@@ -137,7 +93,7 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
                                        HBRGBA32i::FromRgba(coverages.pixel(QPoint(x, y) - offset)));
         return pixel.ToRgba();
     };
-    return Filled(photo.Width(), photo.Height(), mixed).ToQImage();
+    return HBTestPicture(photo.Width(), photo.Height(), mixed).ToQImage();
 }
 
 } // namespace
@@ -145,239 +101,127 @@ QImage Advanced(const HBImage<>& photo, int strength, const HBImage<>& mask = {}
 class tst_HBWBWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void deafBeforeSetValue();
-    void threeStrengths();
-    void controls();
-    void foreignMode();
-    void plainModes();
-    void stretch_data();
-    void stretch();
-    void advanced();
-    void advancedWithSelection();
-    void temperature();
-    void progress();
-    void cancelledLook();
-};
-
-/// On purpose: a new panel neither shows its record nor listens. SetValue, and so OnReset, does both.
-void tst_HBWBWidget::deafBeforeSetValue() {
-    Fixture f;
-    QCOMPARE(f.Record(), ValuesOf({}));
-    QCOMPARE(f.Mode(), Values({0, 0, 0}));
-    QVERIFY(f.useTemperature->isChecked());
-    f.strength->setValue(7);
-    f.over->click();
-    f.temperature->setValue(5);
-    f.temperatureStrengthSlider->setValue(5);
-    f.useTemperature->setChecked(false);
-    QVERIFY(!f.enchanced->isEnabled()); // the form's own link
-    QCOMPARE(f.Record(), ValuesOf({}));
-    QCOMPARE(f.recorder.Take(), QStringList());
-
-    f.panel.OnReset();
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    QCOMPARE(f.Mode(), Values({0, 50, 50}));
-    f.temperature->setValue(6);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-}
-
-void tst_HBWBWidget::threeStrengths() {
-    Fixture f;
-    f.panel.SetValue({});
-    const struct {
-        QRadioButton* mode; ///< clicked, or null:
-        int strength;       ///< set, or shown after the click
-        Values stored;      ///< the three strengths and the mode
-    } moves[] = {{f.over, 100, {50, 100, 100, 1}},    {nullptr, 70, {50, 70, 100, 1}},
-                 {f.automatic, 50, {50, 70, 100, 0}}, {nullptr, 20, {20, 70, 100, 0}},
-                 {f.under, 100, {20, 70, 100, 2}},    {nullptr, 90, {20, 70, 90, 2}},
-                 {f.over, 70, {20, 70, 90, 1}},       {f.automatic, 20, {20, 70, 90, 0}}};
-    for (const auto& move : moves) {
-        if (move.mode)
-            move.mode->click();
-        else
-            f.strengthSpin->setValue(move.strength); // by its link to the slider
-        QCOMPARE(f.Record().mid(1, 4), move.stored);
-        QCOMPARE(f.Mode(), Values({move.stored[3], move.strength, move.strength}));
-        QCOMPARE(f.enchanced->isEnabled(), move.stored[3] == 0);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    }
-    f.automatic->click(); // is checked already
-    QCOMPARE(f.recorder.Take(), QStringList());
-}
-
-void tst_HBWBWidget::controls() {
-    Fixture f;
-    f.panel.SetValue({});
-    f.panel.SetValue({}); // connects once
-    const struct {
-        QObject* control;
-        const char* property;
-        int value;
-        Values record;
-    } moves[] = {{f.strength, "value", 200, {0, 100, 100, 100, 0, 0, 0, 50}},
-                 {f.enchanced, "checked", 1, {1, 100, 100, 100, 0, 0, 0, 50}},
-                 {f.useTemperature, "checked", 1, {1, 100, 100, 100, 0, 1, 0, 50}},
-                 {f.temperature, "value", -30, {1, 100, 100, 100, 0, 1, -30, 50}},
-                 {f.temperatureSlider, "value", 999, {1, 100, 100, 100, 0, 1, 100, 50}},
-                 {f.temperatureStrength, "value", 60, {1, 100, 100, 100, 0, 1, 100, 60}},
-                 {f.temperatureStrengthSlider, "value", 61, {1, 100, 100, 100, 0, 1, 100, 61}},
-                 {f.under, "checked", 1, {1, 100, 100, 100, 2, 1, 100, 61}}, // stays stored, if not in use
-                 {f.useTemperature, "checked", 0, {1, 100, 100, 100, 2, 0, 100, 61}}};
-    for (const auto& move : moves) {
-        Values seen;
-        f.recorder.Once("ValueChanged()", [&] { seen = f.Record(); });
-        QVERIFY(move.control->setProperty(move.property, move.value));
-        QCOMPARE(f.Record(), move.record);
-        QCOMPARE(seen, move.record);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    }
-    QVERIFY(f.enchanced->isChecked() && !f.enchanced->isEnabled());
-    QVERIFY(!f.temperature->isEnabled());
-    QCOMPARE(f.temperatureSlider->value(), f.temperature->value());
-}
-
-/// A mode that does not exist leaves buttons and strength as they were; its strength is nobody's.
-void tst_HBWBWidget::foreignMode() {
-    const HBImage<> photo = CastPhoto(40, 30);
-    for (const int mode : {5, 3, -1, MostInt, LeastInt}) {
+    /// On purpose: a new panel neither shows its record nor listens. SetValue, and so OnReset, does both.
+    void deafBeforeSetValue() {
         Fixture f;
-        f.panel.SetValue({false, 11, 22, 33, 1, false, 0, 50});
-        const Params params{true, 44, 55, 66, mode, true, 7, 0};
-        f.panel.SetValue(params);
-        QCOMPARE(f.Mode(), Values({1, 22, 22}));
-        QVERIFY(f.enchanced->isChecked() && f.useTemperature->isChecked());
-        QCOMPARE(f.temperature->value(), 7);
-        f.strength->setValue(99);
-        QCOMPARE(f.Record(), ValuesOf(params));
+        QCOMPARE(f.Record(), ValuesOf({}));
+        QCOMPARE(f.Mode(), Values({0, 0, 0}));
+        QVERIFY(f.useTemperature->isChecked());
+        f.strength->setValue(7);
+        f.over->click();
+        f.temperature->setValue(5);
+        f.temperatureStrengthSlider->setValue(5);
+        f.useTemperature->setChecked(false);
+        QVERIFY(!f.enchanced->isEnabled()); // the form's own link
+        QCOMPARE(f.Record(), ValuesOf({}));
+        QCOMPARE(f.recorder.Take(), QStringList());
+
+        f.panel.OnReset();
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
-        QCOMPARE(f.Result(params, photo), photo.ToQImage());
+        QCOMPARE(f.Mode(), Values({0, 50, 50}));
+        f.temperature->setValue(6);
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
     }
-}
 
-void tst_HBWBWidget::plainModes() {
-    const HBImage<> photos[] = {CastPhoto(), HBTestRamp(130, 140)};
-    const HBImage<> mask = HBTestMask(200, 180);
-    Fixture f(false);
-    for (const HBImage<>& photo : photos) {
-        for (const int mode : {0, 1, 2}) {
-            for (const int strength : {0, 50, 100, MostInt, LeastInt}) {
-                const KMIterativeWBTransformation expected(photo, KMWBTransformation::BalanceFunction(mode),
-                                                           qBound(0, strength, 100));
-                // Advanced correction counts in the automatic mode only.
-                const Params params = WithMode(mode, strength, mode != 0);
-                QCOMPARE(f.Result(params, photo), HBTransformed(photo, expected).ToQImage());
-                QCOMPARE(f.Result(params, photo, mask, {37, -20}, {0, 0, 150, 130}),
-                         HBTransformed(photo, expected, mask, {37, -20}, {0, 0, 150, 130}).ToQImage());
+    void threeStrengths() {
+        Fixture f;
+        f.panel.SetValue({});
+        const struct {
+            QRadioButton* mode; ///< clicked, or null:
+            int strength;       ///< set, or shown after the click
+            Values stored;      ///< the three strengths and the mode
+        } moves[] = {{f.over, 100, {50, 100, 100, 1}},    {nullptr, 70, {50, 70, 100, 1}},
+                     {f.automatic, 50, {50, 70, 100, 0}}, {nullptr, 20, {20, 70, 100, 0}},
+                     {f.under, 100, {20, 70, 100, 2}},    {nullptr, 90, {20, 70, 90, 2}},
+                     {f.over, 70, {20, 70, 90, 1}},       {f.automatic, 20, {20, 70, 90, 0}}};
+        for (const auto& move : moves) {
+            if (move.mode)
+                move.mode->click();
+            else
+                f.strengthSpin->setValue(move.strength); // by its link to the slider
+            QCOMPARE(f.Record().mid(1, 4), move.stored);
+            QCOMPARE(f.Mode(), Values({move.stored[3], move.strength, move.strength}));
+            QCOMPARE(f.enchanced->isEnabled(), move.stored[3] == 0);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls());
+        }
+        f.automatic->click(); // is checked already
+        QCOMPARE(f.recorder.Take(), QStringList());
+    }
+
+    /// A mode that does not exist leaves buttons and strength as they were; its strength is nobody's.
+    void foreignMode() {
+        const HBImage<> photo = CastPhoto(40, 30);
+        for (const int mode : {5, 3, -1, MostInt, LeastInt}) {
+            Fixture f;
+            f.panel.SetValue({false, 11, 22, 33, 1, false, 0, 50});
+            const Params params{true, 44, 55, 66, mode, true, 7, 0};
+            f.panel.SetValue(params);
+            QCOMPARE(f.Mode(), Values({1, 22, 22}));
+            QVERIFY(f.enchanced->isChecked() && f.useTemperature->isChecked());
+            QCOMPARE(f.temperature->value(), 7);
+            f.strength->setValue(99);
+            QCOMPARE(f.Record(), ValuesOf(params));
+            QCOMPARE(f.recorder.Take(), HBClosingCalls());
+            QCOMPARE(f.Result(params, photo), photo.ToQImage());
+        }
+    }
+
+    void advanced() {
+        Fixture f(false);
+        for (const HBImage<>& photo : {CastPhoto(), CastPhoto(130, 1)}) {
+            for (const int strength : {0, 1, 50, 99, 100})
+                QCOMPARE(f.Result(WithMode(0, strength, true), photo), Advanced(photo, strength));
+            QCOMPARE(f.Result(WithMode(0, LeastInt, true), photo), photo.ToQImage());
+            QCOMPARE(f.Result(WithMode(0, MostInt, true), photo), Advanced(photo, 100));
+        }
+    }
+
+    /// The whole picture is measured, what is selected is changed; partly selected pixels are weighted at every stage.
+    void advancedWithSelection() {
+        const HBImage<> photo = CastPhoto();
+        Fixture f(false);
+        for (const QPoint& offset : {QPoint(0, 0), QPoint(37, -20), QPoint(-60, 100)}) {
+            const HBImage<> mask = HBTestMask(120, 110);
+            const QRect bounds(3, 4, 110, 90);
+            QCOMPARE(f.Result(WithMode(0, 80, true), photo, mask, offset, bounds),
+                     Advanced(photo, 80, mask, offset, bounds));
+        }
+    }
+
+    /// The temperature comes after the correction and its mix.
+    void advancedWithTemperature() {
+        const HBImage<> photo = CastPhoto(150, 20);
+        const HBIterativePhotoFilterTransformation filter(HBTemperatureCorrection::GetTemperatureColor(4250), 60);
+        Fixture f(false);
+        QCOMPARE(f.Result({true, 70, 0, 0, 0, true, 50, 60}, photo),
+                 HBTransformed(HBImage<>::FromQImage(Advanced(photo, 70)), filter).ToQImage());
+    }
+
+    /// A range for each step, also where one pass does them all.
+    void progress() {
+        for (const int steps : {1, 2, 3, 4}) {
+            for (const int pieces : {6, 76}) { // tiles; with a selection, and rows
+                Params params = WithMode(0, 80, steps > 2);
+                params.useTemperature = steps % 2 == 0;
+                QStringList expected;
+                for (int step = 0; step < steps; ++step) {
+                    expected += QString("ProgressRangeChanged(0,%1)").arg(pieces);
+                    for (int i = 1; i <= pieces; ++i) expected += QString("ProgressValueChanged(%1)").arg(i);
+                }
+                expected += {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
+                Fixture f(false);
+                f.Result(params, CastPhoto(), HBTestMask(120, 110), {17, -20},
+                         pieces == 6 ? QRect() : QRect(3, 4, 110, 90));
+                QCOMPARE(f.recorder.Take().filter("Progress"), expected);
             }
         }
     }
-    QVERIFY(f.Result(WithMode(0, 100), photos[0]) != photos[0].ToQImage());
-}
 
-void tst_HBWBWidget::stretch_data() {
-    QTest::addColumn<Values>("levels");
-    QTest::addColumn<int>("rare"); // occurs once
-    QTest::addColumn<int>("black");
-    QTest::addColumn<int>("white");
-    QTest::newRow("narrow") << Values{100, 101, 102, 103, 104, 105} << -1 << 94 << 110;
-    QTest::newRow("narrow, at the top") << Values{250, 255} << -1 << 239 << 255;
-    QTest::newRow("black") << Values{0} << -1 << 0 << 16;
-    QTest::newRow("white") << Values{255} << -1 << 239 << 255;
-    QTest::newRow("wide") << Values{10, 200} << -1 << 10 << 200;
-    // The last level below which nearly nothing lies, used or not.
-    QTest::newRow("a dark dot") << Values{40, 150} << 3 << 39 << 150;
-    QTest::newRow("a light dot") << Values{40, 150} << 252 << 40 << 150;
-}
-
-/// Grey, so that the white balance leaves it alone: what is seen is the stretch of each channel.
-void tst_HBWBWidget::stretch() {
-    QFETCH(Values, levels);
-    QFETCH(int, rare);
-    QFETCH(int, black);
-    QFETCH(int, white);
-    // 130 wide: the padding of the second tile must not count as black.
-    const HBImage<> photo = Filled(130, 10, [&](int x, int y) {
-        const int level = rare >= 0 && x == 7 && y == 3 ? rare : levels[x % levels.size()];
-        return qRgb(level, level, level);
-    });
-    Fixture f(false);
-    const QPair<int, int> points(black, white);
-    QCOMPARE(f.Result(WithMode(0, 100, true), photo),
-             HBTransformed(photo, Levels(points, points, points)).ToQImage());
-}
-
-void tst_HBWBWidget::advanced() {
-    Fixture f(false);
-    for (const HBImage<>& photo : {CastPhoto(), CastPhoto(130, 1)}) {
-        for (const int strength : {0, 1, 50, 99, 100})
-            QCOMPARE(f.Result(WithMode(0, strength, true), photo), Advanced(photo, strength));
-        QCOMPARE(f.Result(WithMode(0, LeastInt, true), photo), photo.ToQImage());
-        QCOMPARE(f.Result(WithMode(0, MostInt, true), photo), Advanced(photo, 100));
+    void cancelledLook() {
+        for (const int mode : {0, 1, 2}) HBVerifyCancelledLook(WithMode(mode));
+        HBVerifyCancelledLook(WithMode(0, 50, true));
     }
-}
-
-/// The whole picture is measured, what is selected is changed; partly selected pixels are weighted at every stage.
-void tst_HBWBWidget::advancedWithSelection() {
-    const HBImage<> photo = CastPhoto();
-    Fixture f(false);
-    for (const QPoint& offset : {QPoint(0, 0), QPoint(37, -20), QPoint(-60, 100)}) {
-        const HBImage<> mask = HBTestMask(120, 110);
-        const QRect bounds(3, 4, 110, 90);
-        QCOMPARE(f.Result(WithMode(0, 80, true), photo, mask, offset, bounds),
-                 Advanced(photo, 80, mask, offset, bounds));
-    }
-}
-
-void tst_HBWBWidget::temperature() {
-    const HBImage<> photo = CastPhoto(150, 20);
-    const struct {
-        int temperature;
-        int kelvin;
-    } cases[] = {{-100, 9000}, {-1, 6525},  {0, 6500},        {1, 6455},
-                 {50, 4250},   {100, 2000}, {LeastInt, 9000}, {MostInt, 2000}};
-    Fixture f(false);
-    for (const auto& c : cases) {
-        for (const int strength : {60, 100, MostInt}) {
-            const HBIterativePhotoFilterTransformation filter(
-                HBTemperatureCorrection::GetTemperatureColor(c.kelvin), qMin(strength, 100));
-            // After the correction and its mix, whatever the mode.
-            for (const bool advanced : {false, true}) {
-                Params params = WithMode(0, advanced ? 70 : 0, advanced);
-                const HBImage<> before = HBImage<>::FromQImage(advanced ? Advanced(photo, 70) : photo.ToQImage());
-                params.useTemperature = true;
-                params.temperature = c.temperature;
-                params.temperatureStrength = strength;
-                QCOMPARE(f.Result(params, photo), HBTransformed(before, filter).ToQImage());
-            }
-        }
-    }
-}
-
-/// A range for each step, also where one pass does them all.
-void tst_HBWBWidget::progress() {
-    for (const int steps : {1, 2, 3, 4}) {
-        for (const int pieces : {6, 76}) { // tiles; with a selection, and rows
-            Params params = WithMode(0, 80, steps > 2);
-            params.useTemperature = steps % 2 == 0;
-            QStringList expected;
-            for (int step = 0; step < steps; ++step) {
-                expected += QString("ProgressRangeChanged(0,%1)").arg(pieces);
-                for (int i = 1; i <= pieces; ++i) expected += QString("ProgressValueChanged(%1)").arg(i);
-            }
-            expected += {"ProgressRangeChanged(0,100)", "ProgressValueChanged(100)"};
-            Fixture f(false);
-            f.Result(params, CastPhoto(), HBTestMask(120, 110), {17, -20},
-                     pieces == 6 ? QRect() : QRect(3, 4, 110, 90));
-            QCOMPARE(f.recorder.Take().filter("Progress"), expected);
-        }
-    }
-}
-
-void tst_HBWBWidget::cancelledLook() {
-    for (const int mode : {0, 1, 2}) HBVerifyCancelledLook(WithMode(mode));
-    HBVerifyCancelledLook(WithMode(0, 50, true));
-}
+};
 
 HB_TEST_MAIN(tst_HBWBWidget)
 #include "tst_HBWBWidget.moc"

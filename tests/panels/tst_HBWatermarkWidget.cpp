@@ -4,7 +4,6 @@
 #include "HBOverlayPanelChecks.h"
 #include "HBTestMain.h"
 
-#include <HBAngleSlider.h>
 #include <HBFontDialog.h>
 #include <HBWatermarkWidget.h>
 
@@ -16,10 +15,6 @@ struct Fixture : HBPanelFixture<Panel> {
     QLineEdit* text = Find<QLineEdit>("m_pText");
     QPushButton* color = Find<QPushButton>("m_pColor");
     QPushButton* font = Find<QPushButton>("m_pSelectFont");
-    QSpinBox* across = Find<QSpinBox>("m_pHrzTiles");
-    QSpinBox* down = Find<QSpinBox>("m_pVrtTiles");
-    QSpinBox* angle = Find<QSpinBox>("m_pAngleSpn");
-    HBAngleSlider* dial = Find<HBAngleSlider>("m_pAngleSldr");
 
     HBWatermarkWidget::Params Value() const { return panel.GetValue(); }
 };
@@ -43,130 +38,98 @@ void VisitFontDialog(QPushButton* button, const std::function<void(HBFontDialog&
 class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void controls();
     void modes() { HBVerifyModes<Panel>(); }
-    void margins() { HBVerifyMargins<Panel>(); }
-    void opacity() { HBVerifyOpacity<Panel>(); }
-    void noJob() { HBVerifyNoJob<Panel>(); }
-    void texts();
-    void colors();
-    void fonts();
-    void destroyedInTheDialog();
-};
-
-void tst_HBWatermarkWidget::controls() {
-    Fixture f;
-    const struct {
-        QWidget* control;
-        int value;
-        int angle;
-        int across;
-        int down;
-        int changes;
-    } moves[] = {{f.angle, -90, -90, 1, 1, 1},   {f.dial, 45, 45, 1, 1, 1},   {f.angle, 45, 45, 1, 1, 0},
-                 {f.angle, -180, -179, 1, 1, 1}, {f.dial, 180, 180, 1, 1, 1}, {f.angle, 999, 180, 1, 1, 0},
-                 {f.across, 4, 180, 4, 1, 1},    {f.down, 99, 180, 4, 9, 1},  {f.across, 0, 180, 1, 9, 1},
-                 {f.across, -1, 180, 1, 9, 0}};
-    for (const auto& move : moves) {
-        QVERIFY(move.control->setProperty("value", move.value));
-        QCOMPARE(qMakePair(f.angle->value(), f.dial->value()), qMakePair(move.angle, move.angle));
-        QCOMPARE(f.Value().angle, move.angle);
-        QCOMPARE(QPoint(f.across->value(), f.down->value()), QPoint(move.across, move.down));
-        QCOMPARE(QPoint(f.Value().horizontalTiles, f.Value().verticalTiles), QPoint(move.across, move.down));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(move.changes));
+    void texts() {
+        Fixture f;
+        f.text->selectAll();
+        QTest::keyClicks(f.text, "abc");
+        QCOMPARE(f.Value().text, QString("abc"));
+        QCOMPARE(f.recorder.Take(), HBClosingCalls(3)); // at each key
+        for (const QString& text : {QString(40000, 'x'), QString("two\nlines"), QString(), QString("")}) {
+            HBWatermarkWidget::Params params;
+            params.text = text;
+            f.panel.SetValue(params);
+            QCOMPARE(f.Value().text, text); // the line may show less
+            QCOMPARE(f.Value().text.isNull(), text.isNull());
+            QCOMPARE(f.recorder.Take(), QStringList());
+        }
     }
-}
 
-void tst_HBWatermarkWidget::texts() {
-    Fixture f;
-    f.text->selectAll();
-    QTest::keyClicks(f.text, "abc");
-    QCOMPARE(f.Value().text, QString("abc"));
-    QCOMPARE(f.recorder.Take(), HBClosingCalls(3)); // at each key
-    for (const QString& text : {QString(40000, 'x'), QString("two\nlines"), QString(), QString("")}) {
+    /// No preview; an accepted dialog is always told, a cancelled one never.
+    void colors() {
+        const QColor hsv = QColor::fromHsv(120, 255, 255);
+        const struct {
+            QColor before;
+            QColor pick;
+            bool accepted;
+            QColor after;
+        } visits[] = {{Qt::red, Qt::blue, true, Qt::blue},
+                      {Qt::red, Qt::blue, false, Qt::red},
+                      {Qt::red, QColor(), true, Qt::red},
+                      {hsv, QColor(), true, hsv},
+                      {hsv, QColor(), false, hsv}};
+        Fixture f;
+        for (const auto& visit : visits) {
+            HBWatermarkWidget::Params params;
+            params.color = visit.before;
+            f.panel.SetValue(params);
+            QVERIFY(HBColorDialogUser::Open(f.color, [&](KMColorDialog& dialog) {
+                QCOMPARE(dialog.windowTitle(), QString("Select text color"));
+                HBColorDialogUser user(dialog);
+                if (visit.pick.isValid()) user.Pick(visit.pick);
+                QCOMPARE(f.Value().color, visit.before);
+                user.Press(visit.accepted ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+            }));
+            QCOMPARE(f.recorder.Take(), HBClosingCalls(visit.accepted ? 1 : 0));
+            QCOMPARE(f.Value().color, visit.after);
+            QCOMPARE(HBShownColor(f.color).rgba(), visit.after.rgba());
+        }
+    }
+
+    void fonts() {
+        Fixture f;
         HBWatermarkWidget::Params params;
-        params.text = text;
+        params.font.setPointSizeF(1e9);
         f.panel.SetValue(params);
-        QCOMPARE(f.Value().text, text); // the line may show less
-        QCOMPARE(f.Value().text.isNull(), text.isNull());
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-}
-
-/// No preview; an accepted dialog is always told, a cancelled one never.
-void tst_HBWatermarkWidget::colors() {
-    const QColor hsv = QColor::fromHsv(120, 255, 255);
-    const struct {
-        QColor before;
-        QColor pick;
-        bool accepted;
-        QColor after;
-    } visits[] = {{Qt::red, Qt::blue, true, Qt::blue},
-                  {Qt::red, Qt::blue, false, Qt::red},
-                  {Qt::red, QColor(), true, Qt::red},
-                  {hsv, QColor(), true, hsv},
-                  {hsv, QColor(), false, hsv}};
-    Fixture f;
-    for (const auto& visit : visits) {
-        HBWatermarkWidget::Params params;
-        params.color = visit.before;
-        f.panel.SetValue(params);
-        QVERIFY(HBColorDialogUser::Open(f.color, [&](KMColorDialog& dialog) {
-            QCOMPARE(dialog.windowTitle(), QString("Select text color"));
-            HBColorDialogUser user(dialog);
-            if (visit.pick.isValid()) user.Pick(visit.pick);
-            QCOMPARE(f.Value().color, visit.before);
-            user.Press(visit.accepted ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
-        }));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(visit.accepted ? 1 : 0));
-        QCOMPARE(f.Value().color, visit.after);
-        QCOMPARE(HBShownColor(f.color).rgba(), visit.after.rgba());
-    }
-}
-
-void tst_HBWatermarkWidget::fonts() {
-    Fixture f;
-    HBWatermarkWidget::Params params;
-    params.font.setPointSizeF(1e9);
-    f.panel.SetValue(params);
-    for (const bool accepted : {false, true}) {
+        for (const bool accepted : {false, true}) {
+            VisitFontDialog(f.font, [&](HBFontDialog& dialog) {
+                QCOMPARE(dialog.windowTitle(), QString("Font parameters"));
+                if (accepted)
+                    dialog.accept();
+                else
+                    dialog.reject();
+            });
+            QCOMPARE(f.Value().font, params.font);
+            QCOMPARE(f.recorder.Take(), HBClosingCalls(accepted ? 1 : 0));
+        }
         VisitFontDialog(f.font, [&](HBFontDialog& dialog) {
-            QCOMPARE(dialog.windowTitle(), QString("Font parameters"));
-            if (accepted)
-                dialog.accept();
-            else
-                dialog.reject();
+            QFont other = dialog.currentFont();
+            other.setPointSize(33);
+            dialog.setCurrentFont(other);
+            dialog.accept();
         });
-        QCOMPARE(f.Value().font, params.font);
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(accepted ? 1 : 0));
+        QCOMPARE(f.Value().font.pointSize(), 33);
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
     }
-    VisitFontDialog(f.font, [&](HBFontDialog& dialog) {
-        QFont other = dialog.currentFont();
-        other.setPointSize(33);
-        dialog.setCurrentFont(other);
-        dialog.accept();
-    });
-    QCOMPARE(f.Value().font.pointSize(), 33);
-    QCOMPARE(f.recorder.Take(), HBClosingCalls());
-}
 
-void tst_HBWatermarkWidget::destroyedInTheDialog() {
-    for (const bool panelDies : {true, false}) {
-        auto panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
-        HBSignalRecorder recorder(panel.get());
-        const auto end = [&](QDialog& dialog) {
-            if (panelDies)
-                panel.reset();
-            else
-                delete &dialog;
-        };
-        VisitFontDialog(panel->findChild<QPushButton*>("m_pSelectFont"), end);
-        if (panelDies) panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
-        QVERIFY(HBColorDialogUser::Open(panel->findChild<QPushButton*>("m_pColor"), end));
-        QCOMPARE(!panel, panelDies);
-        QCOMPARE(recorder.Take(), QStringList());
+    void destroyedInTheDialog() {
+        for (const bool panelDies : {true, false}) {
+            auto panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
+            HBSignalRecorder recorder(panel.get());
+            const auto end = [&](QDialog& dialog) {
+                if (panelDies)
+                    panel.reset();
+                else
+                    delete &dialog;
+            };
+            VisitFontDialog(panel->findChild<QPushButton*>("m_pSelectFont"), end);
+            if (panelDies) panel = std::make_unique<HBWatermarkWidget>(nullptr, Qt::WindowFlags());
+            QVERIFY(HBColorDialogUser::Open(panel->findChild<QPushButton*>("m_pColor"), end));
+            QCOMPARE(!panel, panelDies);
+            QCOMPARE(recorder.Take(), QStringList());
+        }
     }
-}
+};
 
 HB_TEST_MAIN(tst_HBWatermarkWidget)
 #include "tst_HBWatermarkWidget.moc"

@@ -10,30 +10,15 @@
 // To record again, on purpose only: PANEL_CONTRACT_RECORD=1 build/dev/tests/panels/tst_PanelContract [Panel:<class>]
 #include "HBFailingDevice.h"
 #include "HBLogCapture.h"
+#include "HBRecordPanels.h"
 #include "HBSignalRecorder.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
-#include <HBBlackAndWhiteWidget.h>
-#include <HBBrightnessContrastWidget.h>
-#include <HBColorBalanceWidget.h>
-#include <HBColorEnhancerWidget.h>
-#include <HBColorizeWidget.h>
 #include <HBColorWidget.h>
-#include <HBCurvesWidget.h>
-#include <HBHueSaturationWidget.h>
-#include <HBLevelsWidget.h>
 #include <HBPanelCatalog.h>
-#include <HBPhotoFilterWidget.h>
-#include <HBReplaceColorWidget.h>
-#include <HBSignWidget.h>
-#include <HBTemperatureWidget.h>
-#include <HBThresholdWidget.h>
-#include <HBTintWidget.h>
-#include <HBWatermarkWidget.h>
-#include <HBWBWidget.h>
 #include <KMApplication.h>
-#include <KMFillColorWidget.h>
 #include <MavuCustomSlider.h>
 
 #include <QAbstractSlider>
@@ -165,36 +150,14 @@ QByteArray Bytes(const QJsonObject& values) {
     return values.contains("record") ? Record(values) : QJsonDocument(values).toJson(QJsonDocument::Compact);
 }
 
-template <class Params>
-Params Load(const QByteArray& bytes) {
-    Params params;
-    QDataStream stream(bytes);
-    stream >> params;
-    return params;
-}
-
-template <class Params>
-QByteArray Store(const Params& params) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << params;
-    return bytes;
-}
-
-QJsonObject Demonstration(const HBPanelEntry& entry) {
-    QFile file(QString(SAMPLE_RECIPES "/%1.json").arg(entry.className));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    QJsonObject step = QJsonDocument::fromJson(file.readAll()).object()["steps"].toArray().at(0).toObject();
-    step.remove("panel");
-    return step;
-}
+QJsonObject Demonstration(const HBPanelEntry& entry) { return HBDemonstrationStep(*entry.adjustment); }
 
 /// Text is drawn with a font that the tests ask for, not with what the machine takes for none.
 QJsonObject Drawable(const HBPanelEntry& entry, const QJsonObject& values) {
     if (QByteArray("HBWatermarkWidget") != entry.className) return values;
-    auto params = Load<HBWatermarkWidget::Params>(Record(values));
+    auto params = HBLoad<HBWatermarkWidget::Params>(Record(values));
     params.font.setFamily("DejaVu Sans");
-    return WithRecord(Store(params));
+    return WithRecord(HBStore(params));
 }
 
 /// The values once more with another number at one place: any byte of a record, any key without one.
@@ -249,10 +212,10 @@ void Streams(const HBPanelEntry& entry, const QJsonObject& base, QStringList* li
     const QByteArray whole = Record(base);
     HBLogCapture log;
     const auto read = [&](const QByteArray& bytes, const QString& name) {
-        auto params = Load<Params>(whole); // no default is left
+        auto params = HBLoad<Params>(whole); // no default is left
         QDataStream stream(bytes);
         stream >> params;
-        const QByteArray after = Store(params);
+        const QByteArray after = HBStore(params);
         *lines += QString("read %1: status %2, %3%4")
                       .arg(name)
                       .arg(stream.status())
@@ -263,7 +226,7 @@ void Streams(const HBPanelEntry& entry, const QJsonObject& base, QStringList* li
         read(whole.left(size), QString("first %1").arg(size));
     read(QByteArray(whole).replace(0, 2, "XX"), "foreign tag");
     read(whole + "more", "more");
-    const auto params = Load<Params>(whole);
+    const auto params = HBLoad<Params>(whole);
     for (const int size : {0, 5, int(qstrlen(entry.tag)), whole.size() - 1, whole.size()}) {
         HBFailingDevice device(size);
         QDataStream stream(&device);
@@ -280,22 +243,6 @@ void Streams(const HBPanelEntry& entry, const QJsonObject& base, QStringList* li
     stream << params << Params();
     *lines += QString("little endian, version 4.6: %1").arg(Hash(other));
 }
-
-template <class... Panels>
-struct StreamTable {
-    static void Run(const HBPanelEntry& entry, const QJsonObject& base, QStringList* lines) {
-        const QByteArray name = entry.className;
-        ((name == Panels::staticMetaObject.className() ? Streams<typename Panels::Params>(entry, base, lines)
-                                                       : void()),
-         ...);
-    }
-};
-
-using AllStreams =
-    StreamTable<HBBlackAndWhiteWidget, HBBrightnessContrastWidget, HBColorBalanceWidget, HBColorEnhancerWidget,
-                HBColorizeWidget, HBCurvesWidget, HBHueSaturationWidget, HBLevelsWidget, HBPhotoFilterWidget,
-                HBReplaceColorWidget, HBSignWidget, HBTemperatureWidget, HBThresholdWidget, HBTintWidget,
-                HBWatermarkWidget, HBWBWidget, KMFillColorWidget>;
 
 // ---- Moves ----
 
@@ -721,8 +668,10 @@ private Q_SLOTS:
         Recording recording{*HBFindPanel(name), {}};
         recording.Meta();
         recording.Records();
-        if (recording.entry.tag)
-            AllStreams::Run(recording.entry, Demonstration(recording.entry), &recording.lines);
+        HBRecordPanels::Visit(name.toLatin1(), [&](auto* panel) {
+            using Params = typename std::remove_pointer_t<decltype(panel)>::Params;
+            Streams<Params>(recording.entry, Demonstration(recording.entry), &recording.lines);
+        });
         recording.Pixels();
         recording.Gestures();
         recording.Host();

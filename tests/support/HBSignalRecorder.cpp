@@ -68,9 +68,3 @@ bool HBIsIdle(const HBAdjustmentWidget& panel) {
     // A pool thread ends a little after the job that it ran.
     return QThreadPool::globalInstance()->waitForDone(1000) && HBTimerCount(panel) == 0;
 }
-
-HBPoolSize::HBPoolSize(int threads) : m_Before(QThreadPool::globalInstance()->maxThreadCount()) {
-    QThreadPool::globalInstance()->setMaxThreadCount(threads);
-}
-
-HBPoolSize::~HBPoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(m_Before); }

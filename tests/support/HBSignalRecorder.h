@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBTestPool.h"
+
 #include <QMetaMethod>
 #include <QObject>
 #include <QStringList>
@@ -48,13 +50,3 @@ int HBTimerCount(const HBAdjustmentWidget& panel);
 
 /// No job and no timer of the panel is left: nothing more will come by itself.
 bool HBIsIdle(const HBAdjustmentWidget& panel);
-
-/// The size of the global thread pool for the time of a test.
-class HBPoolSize {
-public:
-    explicit HBPoolSize(int threads);
-    ~HBPoolSize();
-
-private:
-    const int m_Before;
-};

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestImages.h"
 
-namespace {
-
-HBImage<> Generate(int width, int height, const std::function<QRgb(int, int)>& colour) {
+HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& colour) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y));
@@ -12,10 +10,8 @@ HBImage<> Generate(int width, int height, const std::function<QRgb(int, int)>& c
     return HBImage<>::FromQImage(image);
 }
 
-} // namespace
-
 HBImage<> HBTestRamp(int width, int height) {
-    return Generate(width, height, [](int x, int y) {
+    return HBTestPicture(width, height, [](int x, int y) {
         return qRgba((x + 3 * y) & 255, (5 * x + y) & 255, (x * y) & 255, 255 - ((x / 3 + y / 5) & 255));
     });
 }
@@ -26,21 +22,21 @@ HBImage<> HBTestColourCube(int step) {
     int side = 1;
     while (side * side < colours) ++side;
     auto level = [=](int index) { return qMin(255, index % levels * step); };
-    return Generate(side, side, [=](int x, int y) {
+    return HBTestPicture(side, side, [=](int x, int y) {
         const int index = (y * side + x) % colours;
         return qRgb(level(index), level(index / levels), level(index / levels / levels));
     });
 }
 
 HBImage<> HBTestMask(int width, int height) {
-    return Generate(width, height, [](int x, int y) {
+    return HBTestPicture(width, height, [](int x, int y) {
         const int coverage = qBound(0, (7 * x + 11 * y) % 512 - 128, 255);
         return qRgba(coverage, coverage, coverage, coverage);
     });
 }
 
 HBImage<> HBTestMask(int width, int height, int coverage) {
-    return Generate(width, height, [=](int, int) { return qRgba(coverage, coverage, coverage, coverage); });
+    return HBTestPicture(width, height, [=](int, int) { return qRgba(coverage, coverage, coverage, coverage); });
 }
 
 QVector<QSize> HBAwkwardSizes() {
@@ -52,7 +48,7 @@ HBImage<> HBPlainLoop(const HBImage<>& source, const std::function<HBRGBA32i(HBR
     const QImage before = source.ToQImage();
     const QImage coverages = mask.ToQImage();
     const QRect selected = bounds.translated(offset);
-    return Generate(source.Width(), source.Height(), [&](int x, int y) {
+    return HBTestPicture(source.Width(), source.Height(), [&](int x, int y) {
         const QRgb old = before.pixel(x, y);
         const QRgb adjusted = operation(HBRGBA32i::FromRgba(old)).ToRgba();
         if (!bounds.isValid()) return adjusted;

@@ -10,6 +10,9 @@
 
 // Generated test pictures: every value is known, nothing is random.
 
+/// Each pixel of its place.
+HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& colour);
+
 /// All channels vary, alpha included, differently along x and y, so that a displaced or repeated tile shows.
 HBImage<> HBTestRamp(int width, int height);
 
@@ -28,3 +31,17 @@ QVector<QSize> HBAwkwardSizes();
 /// inside the bounds if these are valid.
 HBImage<> HBPlainLoop(const HBImage<>& source, const std::function<HBRGBA32i(HBRGBA32i)>& operation,
                       const HBImage<>& mask = {}, const QPoint& offset = {}, const QRect& bounds = {});
+
+/// What a job must return: the transformation's scalar form, pixel by pixel.
+template <class Transformation>
+HBImage<> HBTransformed(const HBImage<>& photo, Transformation transformation, const HBImage<>& mask = {},
+                        const QPoint& offset = {}, const QRect& bounds = {}) {
+    HBRGBA32i buffer;
+    transformation.SetProcessingBuffer(&buffer);
+    auto operation = [&](HBRGBA32i pixel) {
+        buffer = pixel;
+        transformation(0);
+        return buffer;
+    };
+    return HBPlainLoop(photo, operation, mask, offset, bounds);
+}

@@ -21,13 +21,19 @@ void SetNumber(const HBFieldInfo& field, const HBAdjustment& adjustment, std::an
 
 } // namespace
 
-std::any HBDemonstration(const HBAdjustment& adjustment) {
+QJsonObject HBDemonstrationStep(const HBAdjustment& adjustment) {
     QFile file(QString(SAMPLE_RECIPES "/%1.json").arg(adjustment.className));
     if (!file.open(QIODevice::ReadOnly)) qFatal("%s is missing", qPrintable(file.fileName()));
-    const QJsonObject step = QJsonDocument::fromJson(file.readAll()).object()["steps"].toArray()[0].toObject();
+    QJsonObject step = QJsonDocument::fromJson(file.readAll()).object()["steps"].toArray()[0].toObject();
+    step.remove("panel");
+    return step;
+}
+
+std::any HBDemonstration(const HBAdjustment& adjustment) {
     std::any record;
     QString reason;
-    if (!adjustment.restore(step, &record, &reason)) qFatal("%s: %s", adjustment.className, qPrintable(reason));
+    if (!adjustment.restore(HBDemonstrationStep(adjustment), &record, &reason))
+        qFatal("%s: %s", adjustment.className, qPrintable(reason));
     return record;
 }
 

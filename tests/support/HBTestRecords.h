@@ -9,7 +9,8 @@
 
 // Records of any adjustment, made from what the table says of it.
 
-/// What samples/recipes/<panel>.json sets.
+/// What samples/recipes/<panel>.json sets: as it stands there, and loaded.
+QJsonObject HBDemonstrationStep(const HBAdjustment& adjustment);
 std::any HBDemonstration(const HBAdjustment& adjustment);
 
 /// Number `which` of a few records with values far outside what any form allows; all kinds that a stream can bring.
@@ -30,3 +31,20 @@ inline HBRecipeStep HBStepOf(const HBAdjustment& adjustment, const std::any& rec
 /// The adjustment's own outcome, without a recipe.
 HBOutcome HBRun(const HBAdjustment& adjustment, const std::any& record, const HBTarget& target,
                 HBJobControl* control = nullptr);
+
+/// The stored form of a record, and back.
+template <class Params>
+Params HBLoad(const QByteArray& bytes) {
+    Params params;
+    QDataStream stream(bytes);
+    params.Read(stream);
+    return params;
+}
+
+template <class Params>
+QByteArray HBStore(const Params& params) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    params.Write(stream);
+    return bytes;
+}

@@ -74,10 +74,11 @@ private:
 
 /// Jobs, lanes, and further threads of a map.
 void QThreadPool::start(QRunnable* runnable, int priority) {
-    auto* ordered = new Ordered(runnable);
     __tsan_release(runnable);
     __tsan_release(&jobStart);
-    CallQt<void>("_ZN11QThreadPool5startEP9QRunnablei", this, static_cast<QRunnable*>(ordered), priority);
+    // A future finds its job in the pool's queue by the pointer, to run it itself.
+    if (!dynamic_cast<QFutureInterfaceBase*>(runnable)) runnable = new Ordered(runnable);
+    CallQt<void>("_ZN11QThreadPool5startEP9QRunnablei", this, runnable, priority);
 }
 
 /// The first thing that a job asks.

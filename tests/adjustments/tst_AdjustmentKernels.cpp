@@ -33,7 +33,7 @@ HBRGBA32i Pixel(int red, int green, int blue) {
 
 } // namespace
 
-class tst_PanelKernels : public QObject {
+class tst_AdjustmentKernels : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void TintValues() {
@@ -90,5 +90,5 @@ private Q_SLOTS:
     }
 };
 
-HB_TEST_MAIN(tst_PanelKernels)
-#include "tst_PanelKernels.moc"
+HB_TEST_MAIN(tst_AdjustmentKernels)
+#include "tst_AdjustmentKernels.moc"

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include <HBHistogrammCalculator.h>
+#include <HBStretchRange.h>
 #include <HBTestMain.h>
 
 #include <QThreadPool>
@@ -150,6 +151,33 @@ private Q_SLOTS:
             for (auto it = row.levels.cbegin(); it != row.levels.cend(); ++it) counts[it.key()] = it.value();
             QCOMPARE(HBHistogrammCalculator::Threshold(counts), (std::vector<int>{row.low, row.high}));
         }
+    }
+
+    void StretchRange() {
+        const struct {
+            QMap<int, unsigned> levels;
+            int low, high;
+        } rows[] = {{{{100, 10}, {105, 10}}, 94, 110}, // too narrow: 16 apart, inside 0..255
+                    {{{250, 10}, {255, 10}}, 239, 255},
+                    {{{0, 10}}, 0, 16},
+                    {{{255, 10}}, 239, 255},
+                    {{{128, 10}}, 120, 136},
+                    {{{10, 10}, {200, 10}}, 10, 200},
+                    // The last level below which nearly nothing lies, used or not.
+                    {{{3, 1}, {40, 649}, {150, 650}}, 39, 150},
+                    {{{40, 649}, {150, 650}, {252, 1}}, 40, 150},
+                    {{{5, 1}, {50, 998}, {200, 1}}, 41, 57}, // up to the crowd
+                    // Exactly 0.2 % is enough to stay, 99.8 % is reached one level before the top.
+                    {{{10, 2}, {90, 996}, {250, 2}}, 10, 90}};
+        for (const auto& row : rows) {
+            unsigned counts[256] = {}, total = 0;
+            for (auto it = row.levels.cbegin(); it != row.levels.cend(); ++it)
+                total += counts[it.key()] = it.value();
+            QCOMPARE(HBStretchRange(counts, row.levels.firstKey(), row.levels.lastKey(), total),
+                     (std::pair{row.low, row.high}));
+        }
+        const unsigned none[256] = {};
+        QCOMPARE(HBStretchRange(none, 0, 0, 0), (std::pair{0, 16}));
     }
 };
 

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBColorDialogUser.h"
+#include "HBTestMain.h"
+
+#include <KMFillColorWidget.h>
+
+class tst_KMFillColorWidget : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void dialog() {
+        HBPanelFixture<KMFillColorWidget> f;
+        HBCheckColorVisits(
+            f, f.Find<QPushButton>("m_pColor"), "Select a color", HBComparingVisits(),
+            [&] { return f.panel.GetValue().color; },
+            [&](const QColor& color) {
+                f.panel.SetValue({color, 50});
+            });
+        HBCheckLostDialog<KMFillColorWidget>("m_pColor");
+    }
+};
+
+HB_TEST_MAIN(tst_KMFillColorWidget)
+#include "tst_KMFillColorWidget.moc"
