@@ -21,7 +21,10 @@ void HBHistogramPanel::UpdateHistogramm()
 
 void HBHistogramPanel::ShowSource(const HBImage<>& source)
 {
-    m_Source.Set(source);
+    {
+        const QWriteLocker locker(&m_Source.lock);
+        m_Source.image = source;
+    }
     m_pHistogram->SetImage(&m_Source);
 }
 
