@@ -30,6 +30,6 @@ void HBHistogramPanel::ShowSource(const HBImage<>& source)
 
 int HBHistogramPanel::IndexToHistogrammChannel(int channel)
 {
-    constexpr int AllColours = 7;
-    return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColours;
+    constexpr int AllColors = 7;
+    return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColors;
 }
