@@ -5,10 +5,12 @@
 # the second, or whatever package the panels were built against.
 include(CMakePackageConfigHelpers)
 
-if(ADJUSTMENT_PANELS_HOST_PACKAGE)
+set(ADJUSTMENT_PANELS_HOST_DEPENDENCY AdjustmentPanelsHost)
+set(ADJUSTMENT_PANELS_IMAGING_DEPENDENCY "")
+if(NOT ADJUSTMENT_PANELS_HAS_HOST)
     set(ADJUSTMENT_PANELS_HOST_DEPENDENCY ${ADJUSTMENT_PANELS_HOST_PACKAGE})
-else()
-    set(ADJUSTMENT_PANELS_HOST_DEPENDENCY AdjustmentPanelsHost)
+elseif(ADJUSTMENT_PANELS_HOST_PACKAGE)
+    set(ADJUSTMENT_PANELS_IMAGING_DEPENDENCY "find_dependency(${ADJUSTMENT_PANELS_HOST_PACKAGE})")
 endif()
 # A static library is linked together with what it uses.
 set(ADJUSTMENT_PANELS_STATIC_DEPENDENCIES "")
@@ -17,7 +19,7 @@ if(NOT BUILD_SHARED_LIBS)
 endif()
 set(data_dir ${CMAKE_INSTALL_DATADIR}/adjustment-panels)
 
-function(adjustment_panels_package name export_set)
+function(adjustment_panels_package name)
     set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/${name})
     configure_package_config_file(${CMAKE_CURRENT_SOURCE_DIR}/cmake/${name}Config.cmake.in
         ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake INSTALL_DESTINATION ${destination}
@@ -26,13 +28,16 @@ function(adjustment_panels_package name export_set)
         COMPATIBILITY SameMinorVersion)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake
         ${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake DESTINATION ${destination})
-    install(EXPORT ${export_set} NAMESPACE AdjustmentPanels:: DESTINATION ${destination}
-        FILE ${name}Targets.cmake)
+    foreach(export_set IN LISTS ARGN)
+        install(EXPORT ${export_set} NAMESPACE AdjustmentPanels:: DESTINATION ${destination})
+    endforeach()
 endfunction()
 
 adjustment_panels_package(AdjustmentPanels AdjustmentPanelsTargets)
-if(NOT ADJUSTMENT_PANELS_HOST_PACKAGE)
+if(ADJUSTMENT_PANELS_HAS_HOST AND ADJUSTMENT_PANELS_HOST_PACKAGE)
     adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsHostTargets)
+elseif(ADJUSTMENT_PANELS_HAS_HOST)
+    adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsImagingTargets AdjustmentPanelsHostTargets)
 endif()
 
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

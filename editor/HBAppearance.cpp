@@ -33,7 +33,7 @@ QPalette DarkPalette()
 
 } // namespace
 
-void HBUseDarkColours(bool dark)
+void HBUseDarkColors(bool dark)
 {
     static const QPalette system = QApplication::palette();
     QApplication::setPalette(dark ? DarkPalette() : system);

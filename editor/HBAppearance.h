@@ -3,4 +3,4 @@
 #pragma once
 
 /// The colours of all windows: dark ones, or those that the system asks for.
-void HBUseDarkColours(bool dark);
+void HBUseDarkColors(bool dark);

@@ -108,13 +108,13 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         const bool disabled = mode == QIcon::Disabled;
-        const QColor colour = QGuiApplication::palette().color(disabled ? QPalette::Disabled : QPalette::Active,
-                                                               QPalette::WindowText);
+        const QColor color = QGuiApplication::palette().color(disabled ? QPalette::Disabled : QPalette::Active,
+                                                              QPalette::WindowText);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(rect.topLeft());
         painter->scale(rect.width() / 16.0, rect.height() / 16.0);
-        QPen pen(colour, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        QPen pen(color, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
         if (m_Icon == HBEditorIcon::Rectangle || m_Icon == HBEditorIcon::Ellipse)
             pen.setDashPattern({2, 1.8});
         painter->setPen(pen);

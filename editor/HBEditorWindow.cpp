@@ -127,7 +127,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.split, &QAction::toggled, m_pBeforeAfter, &HBBeforeAfter::SetSplit);
     connect(a.showBefore, &QToolButton::pressed, this, [this] { m_pBeforeAfter->SetHeld(true); });
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
-    connect(a.dark, &QAction::toggled, this, HBUseDarkColours);
+    connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
         if (m_pSession && m_pSession->Widget())
             m_pPlacement->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
@@ -346,14 +346,14 @@ void HBEditorWindow::ShowPixel(const QPoint& pixel)
         return;
     }
     try {
-        const HBRGBA32i colour = m_pView->Picture().PixelAt(pixel.x(), pixel.y());
+        const HBRGBA32i color = m_pView->Picture().PixelAt(pixel.x(), pixel.y());
         m_pPixelLabel->setText(tr("%1, %2:  %3  %4  %5  %6")
                                    .arg(pixel.x())
                                    .arg(pixel.y())
-                                   .arg(colour.red)
-                                   .arg(colour.green)
-                                   .arg(colour.blue)
-                                   .arg(colour.alpha));
+                                   .arg(color.red)
+                                   .arg(color.green)
+                                   .arg(color.blue)
+                                   .arg(color.alpha));
     } catch (const std::bad_alloc&) {
         m_pPixelLabel->clear(); // the tile cannot be brought back into memory
     }

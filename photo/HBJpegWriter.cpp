@@ -14,7 +14,7 @@ namespace
 {
 
 /// From here on, colours cost more by being too coarse than by being stored whole.
-constexpr int FullColourQuality = 90;
+constexpr int FullColorQuality = 90;
 
 /// libjpeg's way out of an error. What it jumps over must have no destructors.
 struct ErrorExit
@@ -67,7 +67,7 @@ void SetCoding(jpeg_compress_struct* codec, const HBJpegCoding& coding)
 void SetQuality(jpeg_compress_struct* codec, int quality)
 {
     jpeg_set_quality(codec, quality, TRUE);
-    if (quality >= FullColourQuality) {
+    if (quality >= FullColorQuality) {
         codec->comp_info[0].h_samp_factor = 1;
         codec->comp_info[0].v_samp_factor = 1;
     }

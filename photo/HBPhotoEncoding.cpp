@@ -43,7 +43,7 @@ void ReadPng(const QByteArray& file, HBPhotoEncoding* encoding)
 
 void ReadTiff(const QByteArray& file, HBPhotoEncoding* encoding)
 {
-    enum { ReducedCopy = 254, BitsPerSample = 258, ColourModel = 262, Layers = 37724 };
+    enum { ReducedCopy = 254, BitsPerSample = 258, ColorModel = 262, Layers = 37724 };
     const HBFileNumbers numbers(file, file.startsWith('M'));
     auto first = [&](qint64 directory, int tag) {
         const HBTiffField field = HBTiffField::Find(numbers, directory, tag);
@@ -51,7 +51,7 @@ void ReadTiff(const QByteArray& file, HBPhotoEncoding* encoding)
     };
     qint64 directory = numbers.At(4, 4);
     encoding->bitsPerChannel = qMax(8, int(first(directory, BitsPerSample)));
-    const qint64 model = first(directory, ColourModel);
+    const qint64 model = first(directory, ColorModel);
     encoding->isForPrint = model == 5 || (model >= 8 && model <= 10);
     encoding->hasLayers = HBTiffField::Find(numbers, directory, Layers).count > 0;
     encoding->pages = 0;

@@ -49,10 +49,10 @@ void PutInterleaved(TIFFRGBAImage* image, uint32_t* to, uint32_t, uint32_t, uint
                     int32_t fromSkew, int32_t toSkew, unsigned char* from)
 {
     const int samples = image->samplesperpixel;
-    const int colours = image->photometric == PHOTOMETRIC_RGB ? 3 : 1;
+    const int colors = image->photometric == PHOTOMETRIC_RGB ? 3 : 1;
     for (uint32_t y = 0; y < height; ++y) {
         for (uint32_t x = 0; x < width; ++x, from += samples)
-            *to++ = qRgba(from[0], from[colours / 2], from[colours - 1], from[colours]);
+            *to++ = qRgba(from[0], from[colors / 2], from[colors - 1], from[colors]);
         to += toSkew;
         from += qptrdiff(fromSkew) * samples;
     }

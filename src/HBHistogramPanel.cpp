@@ -21,12 +21,15 @@ void HBHistogramPanel::UpdateHistogramm()
 
 void HBHistogramPanel::ShowSource(const HBImage<>& source)
 {
-    m_Source.Set(source);
+    {
+        const QWriteLocker locker(&m_Source.lock);
+        m_Source.image = source;
+    }
     m_pHistogram->SetImage(&m_Source);
 }
 
 int HBHistogramPanel::IndexToHistogrammChannel(int channel)
 {
-    constexpr int AllColours = 7;
-    return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColours;
+    constexpr int AllColors = 7;
+    return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColors;
 }

@@ -6,9 +6,9 @@
 
 /// The colour with an opacity for its alpha; its own alpha counts for nothing.
 /// \param percent 0..100; truncated: 50 is 127
-inline HBRGBA32i HBWithOpacity(const QColor& colour, int percent)
+inline HBRGBA32i HBWithOpacity(const QColor& color, int percent)
 {
-    HBRGBA32i pixel = HBRGBA32i::FromRgba(colour.rgb());
+    HBRGBA32i pixel = HBRGBA32i::FromRgba(color.rgb());
     pixel.alpha = std::uint8_t(percent * 255 / 100);
     return pixel;
 }

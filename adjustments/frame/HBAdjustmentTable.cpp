@@ -29,7 +29,7 @@ namespace
 
 // The groups, in the order of the menus.
 constexpr char Tonal[] = QT_TRANSLATE_NOOP("HBAdjustment", "Tonal");
-constexpr char Colour[] = QT_TRANSLATE_NOOP("HBAdjustment", "Color");
+constexpr char Color[] = QT_TRANSLATE_NOOP("HBAdjustment", "Color");
 constexpr char Overlays[] = QT_TRANSLATE_NOOP("HBAdjustment", "Overlays");
 
 } // namespace
@@ -46,25 +46,25 @@ const QVector<HBAdjustment>& HBAdjustments()
         HBRecordRow<HBLevelsParams>("HBLevelsWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Levels")),
         HBRecordRow<HBCurvesParams>("HBCurvesWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Curves")),
         HBRecordRow<HBThresholdParams>("HBThresholdWidget", Tonal, QT_TRANSLATE_NOOP("HBAdjustment", "Threshold")),
-        HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Colour,
+        HBRecordRow<HBHueSaturationParams>("HBHueSaturationWidget", Color,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Hue and Saturation")),
-        HBRecordRow<HBColorBalanceParams>("HBColorBalanceWidget", Colour,
+        HBRecordRow<HBColorBalanceParams>("HBColorBalanceWidget", Color,
                                           QT_TRANSLATE_NOOP("HBAdjustment", "Color Balance")),
-        HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Colour,
+        HBRecordRow<HBPictureCorrectionParams>("HBWBWidget", Color,
                                                QT_TRANSLATE_NOOP("HBAdjustment", "Picture Correction")),
-        HBRecordRow<HBTemperatureParams>("HBTemperatureWidget", Colour,
+        HBRecordRow<HBTemperatureParams>("HBTemperatureWidget", Color,
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Temperature")),
-        HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Colour,
+        HBRecordRow<HBColorEnhancerParams>("HBColorEnhancerWidget", Color,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Color Enhancer")),
-        HBRecordRow<HBTintParams>("HBTintWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Tint")),
-        HBRecordRow<HBBlackAndWhiteParams>("HBBlackAndWhiteWidget", Colour,
+        HBRecordRow<HBTintParams>("HBTintWidget", Color, QT_TRANSLATE_NOOP("HBAdjustment", "Tint")),
+        HBRecordRow<HBBlackAndWhiteParams>("HBBlackAndWhiteWidget", Color,
                                            QT_TRANSLATE_NOOP("HBAdjustment", "Black and White")),
-        HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Colour,
+        HBRecordRow<HBPhotoFilterParams>("HBPhotoFilterWidget", Color,
                                          QT_TRANSLATE_NOOP("HBAdjustment", "Photo Filter")),
-        HBRecordRow<HBColorizeParams>("HBColorizeWidget", Colour, QT_TRANSLATE_NOOP("HBAdjustment", "Colorize")),
-        HBRecordRow<HBReplaceColorParams>("HBReplaceColorWidget", Colour,
+        HBRecordRow<HBColorizeParams>("HBColorizeWidget", Color, QT_TRANSLATE_NOOP("HBAdjustment", "Colorize")),
+        HBRecordRow<HBReplaceColorParams>("HBReplaceColorWidget", Color,
                                           QT_TRANSLATE_NOOP("HBAdjustment", "Replace Color")),
-        HBRecordRow<HBFillColorParams>("KMFillColorWidget", Colour,
+        HBRecordRow<HBFillColorParams>("KMFillColorWidget", Color,
                                        QT_TRANSLATE_NOOP("HBAdjustment", "Fill Color")),
         HBRecordRow<HBSignParams>("HBSignWidget", Overlays, QT_TRANSLATE_NOOP("HBAdjustment", "Sign")),
         HBRecordRow<HBWatermarkParams>("HBWatermarkWidget", Overlays,

@@ -19,11 +19,10 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(HBSelectionImage)
 };
 
-/// An image of the picture's size without metadata, whose tiles are all the one given: it takes the memory of a list.
+/// An image of the picture's size whose tiles are all the one given: it takes the memory of a list.
 HBImage<> Uniform(const HBImage<>& picture, const KMTileRef& tile)
 {
-    HBImage<> image = picture;
-    image.ClearElements();
+    HBImage<> image(picture.Width(), picture.Height());
     for (int index = 0; index < image.Tiles().size(); ++index)
         image.ShareTile(index, tile);
     return image;

@@ -39,7 +39,7 @@ void ReadFont(QDataStream& stream, QFont& font)
 }
 
 /// Turns coverage into pixels of a colour.
-void Colour(QImage& layer, QRgb color)
+void Color(QImage& layer, QRgb color)
 {
     for (int y = 0; y < layer.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(layer.scanLine(y));
@@ -83,7 +83,7 @@ public:
             m_Text.Fill(painter, window);
         }
         painter.end();
-        Colour(layer, m_Color);
+        Color(layer, m_Color);
     }
 
 private:

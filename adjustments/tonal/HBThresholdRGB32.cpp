@@ -28,7 +28,7 @@ int ThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& wei
     const V blue = hn::Set(d, std::uint32_t(weights.blue));
     const V limit = hn::Set(d, std::uint32_t(100 * qBound(0, level, 256)));
     const V lowByte = hn::Set(d, 0xFFu);
-    const V colours = hn::Set(d, 0x00FFFFFFu);
+    const V colors = hn::Set(d, 0x00FFFFFFu);
 
     auto* words = reinterpret_cast<std::uint32_t*>(pixels);
     int i = 0;
@@ -37,8 +37,8 @@ int ThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& wei
         V sum = hn::Mul(hn::And(source, lowByte), blue);
         sum = hn::Add(sum, hn::Mul(hn::And(hn::ShiftRight<8>(source), lowByte), green));
         sum = hn::Add(sum, hn::Mul(hn::And(hn::ShiftRight<16>(source), lowByte), red));
-        const V black = hn::AndNot(colours, source);
-        const V white = hn::Or(source, colours);
+        const V black = hn::AndNot(colors, source);
+        const V white = hn::Or(source, colors);
         hn::StoreU(hn::IfThenElse(hn::Lt(sum, limit), black, white), d, words + i);
     }
     return i;

@@ -17,7 +17,7 @@
 namespace
 {
 
-constexpr int AllColours = 7;
+constexpr int AllColors = 7;
 constexpr int Inset = 2;  ///< as QGraphicsView::fitInView keeps, so that a curve laid over it fits
 constexpr int Margin = 4; ///< above the highest column; the marks of cut ones stand in it
 
@@ -229,7 +229,7 @@ uint HistogramWidget::GetCount(int channel, int level) const
 
 void HistogramWidget::SetChannel(int mask)
 {
-    mask &= AllColours;
+    mask &= AllColors;
     if (mask == m_Mask)
         return;
     m_Mask = mask;

@@ -10,7 +10,7 @@
 #define HWY_TARGET_INCLUDE "HBLightStatistics.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 // Sums of floats depend on their order. Pixels therefore always go to 16 sums in turn, whatever the length of the
 // machine's vectors, and the sums of a tile are put together one after the other.
@@ -95,7 +95,7 @@ template <class D>
 HWY_INLINE hn::Vec<D> RaisedLuma(D d, const std::uint32_t* words)
 {
     const auto source = hn::LoadU(hn::RebindToUnsigned<D>(), words);
-    const Colours<D> c{Channel<16>(d, source), Channel<8>(d, source), Channel<0>(d, source)};
+    const Colors<D> c{Channel<16>(d, source), Channel<8>(d, source), Channel<0>(d, source)};
     constexpr float unit = 255.0f * 1.055f;
     return hn::Add(Weigh(d, c, 0.2126f / unit, 0.7152f / unit, 0.0722f / unit), hn::Set(d, 0.055f / 1.055f));
 }

@@ -10,7 +10,7 @@
 #define HWY_TARGET_INCLUDE "HBHueSaturationTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -38,7 +38,7 @@ HWY_INLINE hn::Vec<D> MoveLightness(D d, hn::Vec<D> doubleLightness, const Facto
 
 /// The colour of hue (in sectors, 0..6), chroma and double lightness.
 template <class D>
-HWY_INLINE void SetColours(D d, Colours<D>& c, hn::Vec<D> hue, hn::Vec<D> chroma, hn::Vec<D> doubleLightness)
+HWY_INLINE void SetColors(D d, Colors<D>& c, hn::Vec<D> hue, hn::Vec<D> chroma, hn::Vec<D> doubleLightness)
 {
     const auto one = hn::Set(d, 1.0f);
     const auto two = hn::Set(d, 2.0f);
@@ -57,7 +57,7 @@ struct Adjust
     const Factors& factors;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
         const auto zero = hn::Zero(d);
         const auto one = hn::Set(d, 1.0f);
@@ -81,7 +81,7 @@ struct Adjust
         hue = hn::IfThenElse(hue >= six, hn::Sub(hue, six), hue);
 
         const auto moved = MoveLightness(d, light, factors);
-        SetColours(d, c, hue, hn::Mul(MostChroma(d, moved), hn::Min(scaled, one)), moved);
+        SetColors(d, c, hue, hn::Mul(MostChroma(d, moved), hn::Min(scaled, one)), moved);
     }
 };
 
@@ -90,22 +90,22 @@ struct Colorize
     const Factors& factors;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
         const auto most = hn::Max(hn::Max(c.red, c.green), c.blue);
         const auto least = hn::Min(hn::Min(c.red, c.green), c.blue);
         const auto moved = MoveLightness(d, hn::Add(most, least), factors);
         const auto chroma = hn::Mul(MostChroma(d, moved), hn::Set(d, factors.saturation));
-        SetColours(d, c, hn::Set(d, factors.turn), chroma, moved);
+        SetColors(d, c, hn::Set(d, factors.turn), chroma, moved);
     }
 };
 
 void AdjustPixels(const Factors& factors, HBRGBA32i* pixels, int count)
 {
     if (factors.colorize)
-        MapColours(Colorize{factors}, pixels, count);
+        MapColors(Colorize{factors}, pixels, count);
     else
-        MapColours(Adjust{factors}, pixels, count);
+        MapColors(Adjust{factors}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE

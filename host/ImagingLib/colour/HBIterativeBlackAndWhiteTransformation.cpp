@@ -47,7 +47,7 @@ struct Luma
     const HBBlackAndWhite::Weights& weights;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
         const auto grey = Weigh(d, c, weights.red, weights.green, weights.blue);
         c = {grey, grey, grey};
@@ -61,10 +61,10 @@ struct CieLightness
     const HBSrgb::ShadeTable& lightness;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
-        const Colours<D> light{LightOf(d, decoding, c.red), LightOf(d, decoding, c.green),
-                               LightOf(d, decoding, c.blue)};
+        const Colors<D> light{LightOf(d, decoding, c.red), LightOf(d, decoding, c.green),
+                              LightOf(d, decoding, c.blue)};
         const auto luminance = Weigh(d, light, weights.red, weights.green, weights.blue);
         const auto grey = ShadeOf(d, lightness, luminance);
         c = {grey, grey, grey};
@@ -74,9 +74,9 @@ struct CieLightness
 void MakeGrey(const HBBlackAndWhite::Weights& weights, HBRGBA32i* pixels, int count)
 {
     if (weights.cie)
-        MapColours(CieLightness{weights, HBSrgb::Decoding(), LightnessTable()}, pixels, count);
+        MapColors(CieLightness{weights, HBSrgb::Decoding(), LightnessTable()}, pixels, count);
     else
-        MapColours(Luma{weights}, pixels, count);
+        MapColors(Luma{weights}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE

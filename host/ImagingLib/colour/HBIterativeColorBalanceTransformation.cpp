@@ -8,7 +8,7 @@
 #define HWY_TARGET_INCLUDE "HBIterativeColorBalanceTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -21,7 +21,7 @@ struct Balance
     const HBColorBalance::Curves& curves;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
         const auto luma = Weigh(d, c, 0.2126f / 255.0f, 0.7152f / 255.0f, 0.0722f / 255.0f);
         const auto raised = [&](auto level, const HBColorBalance::Curve& curve) {
@@ -36,7 +36,7 @@ struct Balance
 
 void BalancePixels(const HBColorBalance::Curves& curves, HBRGBA32i* pixels, int count)
 {
-    MapColours(Balance{curves}, pixels, count);
+    MapColors(Balance{curves}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE

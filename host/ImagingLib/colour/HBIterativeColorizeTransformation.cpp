@@ -8,7 +8,7 @@
 #define HWY_TARGET_INCLUDE "HBIterativeColorizeTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -24,7 +24,7 @@ struct Tone
     // (white - luminosity) / (greatest - luminosity). For one colour these divisors are constant, and no more than
     // one end can be left.
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
         const auto luminosity = Weigh(d, c, 0.3f, 0.59f, 0.11f);
         const auto below = hn::Mul(luminosity, hn::Set(d, factors.shadows));
@@ -39,7 +39,7 @@ struct Tone
 
 void TonePixels(const HBColorize::Factors& factors, HBRGBA32i* pixels, int count)
 {
-    MapColours(Tone{factors}, pixels, count);
+    MapColors(Tone{factors}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE
@@ -53,16 +53,15 @@ namespace
 HWY_EXPORT(TonePixels);
 }
 
-HBColorize::HBColorize(const HBRGBA32i& colour, int amount)
+HBColorize::HBColorize(const HBRGBA32i& color, int amount)
 {
-    const double luminosity = 0.3 * colour.red + 0.59 * colour.green + 0.11 * colour.blue;
-    const int greatest = qMax(colour.red, qMax(colour.green, colour.blue));
-    const int least = qMin(colour.red, qMin(colour.green, colour.blue));
+    const double luminosity = 0.3 * color.red + 0.59 * color.green + 0.11 * color.blue;
+    const int greatest = qMax(color.red, qMax(color.green, color.blue));
+    const int least = qMin(color.red, qMin(color.green, color.blue));
     // A grey has no excess; any finite factor will do.
     const auto perLevel = [](double reach) { return float(1.0 / qMax(reach, 1e-3)); };
-    m_Factors = {float(colour.red - luminosity),  float(colour.green - luminosity),
-                 float(colour.blue - luminosity), perLevel(luminosity - least),
-                 perLevel(greatest - luminosity), qBound(0, amount, 100) / 100.0f};
+    m_Factors = {float(color.red - luminosity), float(color.green - luminosity), float(color.blue - luminosity),
+                 perLevel(luminosity - least),  perLevel(greatest - luminosity), qBound(0, amount, 100) / 100.0f};
 }
 
 void HBColorize::operator()(HBRGBA32i* pixels, int count) const

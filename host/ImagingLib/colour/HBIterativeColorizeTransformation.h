@@ -9,7 +9,7 @@
 class IMAGINGLIB_EXPORT HBColorize
 {
 public:
-    HBColorize(const HBRGBA32i& colour, int amount);
+    HBColorize(const HBRGBA32i& color, int amount);
 
     void operator()(HBRGBA32i& pixel) const { (*this)(&pixel, 1); }
     void operator()(HBRGBA32i* pixels, int count) const;
@@ -36,8 +36,8 @@ class HBIterativeColorizeTransformation : public HBIterativeAdjustmentTransforma
 {
 public:
     /// \param amount percent, 0..100, clamped
-    HBIterativeColorizeTransformation(const HBRGBA32i& colour, int amount)
-        : HBIterativeAdjustmentTransformation(HBColorize(colour, amount))
+    HBIterativeColorizeTransformation(const HBRGBA32i& color, int amount)
+        : HBIterativeAdjustmentTransformation(HBColorize(color, amount))
     {
     }
 };

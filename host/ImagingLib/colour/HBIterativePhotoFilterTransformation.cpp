@@ -8,7 +8,7 @@
 #define HWY_TARGET_INCLUDE "HBIterativePhotoFilterTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -23,11 +23,11 @@ struct Filter
     // SetLum adds the luminosity that the filter took and then, where a channel has left the range, pulls all three
     // towards the luminosity until it is back. Only the upper end can be left, because light is only added.
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
-        const Colours<D> passed{hn::Mul(c.red, hn::Set(d, factors.red)),
-                                hn::Mul(c.green, hn::Set(d, factors.green)),
-                                hn::Mul(c.blue, hn::Set(d, factors.blue))};
+        const Colors<D> passed{hn::Mul(c.red, hn::Set(d, factors.red)),
+                               hn::Mul(c.green, hn::Set(d, factors.green)),
+                               hn::Mul(c.blue, hn::Set(d, factors.blue))};
         const auto luminosity = Weigh(d, c, 0.3f, 0.59f, 0.11f);
         const auto left = Weigh(d, passed, 0.3f, 0.59f, 0.11f);
         const auto reach = hn::Sub(hn::Max(hn::Max(passed.red, passed.green), passed.blue), left);
@@ -44,7 +44,7 @@ struct Filter
 
 void FilterPixels(const HBPhotoFilter::Factors& factors, HBRGBA32i* pixels, int count)
 {
-    MapColours(Filter{factors}, pixels, count);
+    MapColors(Filter{factors}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE
@@ -58,8 +58,8 @@ namespace
 HWY_EXPORT(FilterPixels);
 }
 
-HBPhotoFilter::HBPhotoFilter(const HBRGBA32i& colour, int density)
-    : m_Factors{colour.red / 255.0f, colour.green / 255.0f, colour.blue / 255.0f, qBound(0, density, 100) / 100.0f}
+HBPhotoFilter::HBPhotoFilter(const HBRGBA32i& color, int density)
+    : m_Factors{color.red / 255.0f, color.green / 255.0f, color.blue / 255.0f, qBound(0, density, 100) / 100.0f}
 {
 }
 

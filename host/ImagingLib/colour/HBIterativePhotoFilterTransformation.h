@@ -9,7 +9,7 @@
 class IMAGINGLIB_EXPORT HBPhotoFilter
 {
 public:
-    HBPhotoFilter(const HBRGBA32i& colour, int density);
+    HBPhotoFilter(const HBRGBA32i& color, int density);
 
     void operator()(HBRGBA32i& pixel) const { (*this)(&pixel, 1); }
     void operator()(HBRGBA32i* pixels, int count) const;
@@ -35,8 +35,8 @@ class HBIterativePhotoFilterTransformation : public HBIterativeAdjustmentTransfo
 {
 public:
     /// \param density percent, 0..100, clamped
-    HBIterativePhotoFilterTransformation(const HBRGBA32i& colour, int density)
-        : HBIterativeAdjustmentTransformation(HBPhotoFilter(colour, density))
+    HBIterativePhotoFilterTransformation(const HBRGBA32i& color, int density)
+        : HBIterativeAdjustmentTransformation(HBPhotoFilter(color, density))
     {
     }
 };

@@ -25,10 +25,10 @@ struct Adapt
     const HBSrgb::ShadeTable& encoding;
 
     template <class D>
-    HWY_INLINE void operator()(D d, Colours<D>& c) const
+    HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
-        const Colours<D> light{LightOf(d, decoding, c.red), LightOf(d, decoding, c.green),
-                               LightOf(d, decoding, c.blue)};
+        const Colors<D> light{LightOf(d, decoding, c.red), LightOf(d, decoding, c.green),
+                              LightOf(d, decoding, c.blue)};
         const auto adapted = [&](const float(&row)[3]) {
             return ShadeOf(d, encoding, Weigh(d, light, row[0], row[1], row[2]));
         };
@@ -38,7 +38,7 @@ struct Adapt
 
 void AdaptPixels(const HBTemperatureCorrection::Matrix& matrix, HBRGBA32i* pixels, int count)
 {
-    MapColours(Adapt{matrix, HBSrgb::Decoding(), HBSrgb::Encoding()}, pixels, count);
+    MapColors(Adapt{matrix, HBSrgb::Decoding(), HBSrgb::Encoding()}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE

@@ -8,7 +8,7 @@
 #define HWY_TARGET_INCLUDE "KMFillTransformation.cpp"
 #include <hwy/foreach_target.h>
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace
@@ -35,55 +35,55 @@ Joined(hn::Vec<hn::RebindToUnsigned<D>> red, hn::Vec<hn::RebindToUnsigned<D>> gr
 
 /// HBBlend::HBSourceOver in whole numbers that a float holds exactly. The colour is not fully transparent.
 template <class D>
-HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Over(D d, HBRGBA32i colour, hn::Vec<hn::RebindToUnsigned<D>> source)
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Over(D d, HBRGBA32i color, hn::Vec<hn::RebindToUnsigned<D>> source)
 {
-    const auto below = hn::Mul(Channel<24>(d, source), hn::Set(d, 255.0f - colour.alpha));
-    const auto total = hn::Add(below, hn::Set(d, colour.alpha * 255.0f));
+    const auto below = hn::Mul(Channel<24>(d, source), hn::Set(d, 255.0f - color.alpha));
+    const auto total = hn::Add(below, hn::Set(d, color.alpha * 255.0f));
     const auto half = hn::Floor(hn::Mul(total, hn::Set(d, 0.5f)));
     const auto mean = [&](int own, auto other) {
-        const auto ownShare = hn::Set(d, float(own * colour.alpha * 255));
+        const auto ownShare = hn::Set(d, float(own * color.alpha * 255));
         return Quotient(d, hn::Add(hn::Add(ownShare, hn::Mul(other, below)), half), total);
     };
     const auto alpha = Quotient(d, hn::Add(total, hn::Set(d, 127.0f)), hn::Set(d, 255.0f));
-    return Joined<D>(mean(colour.red, Channel<16>(d, source)), mean(colour.green, Channel<8>(d, source)),
-                     mean(colour.blue, Channel<0>(d, source)), alpha);
+    return Joined<D>(mean(color.red, Channel<16>(d, source)), mean(color.green, Channel<8>(d, source)),
+                     mean(color.blue, Channel<0>(d, source)), alpha);
 }
 
 /// The same on opaque pixels, where the divisor is 255: multiplying by its inverse is exact as well, if half a unit
 /// keeps the products off the whole numbers.
 template <class D>
-HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> OverOpaque(D d, HBRGBA32i colour,
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> OverOpaque(D d, HBRGBA32i color,
                                                        hn::Vec<hn::RebindToUnsigned<D>> source)
 {
     const hn::RebindToUnsigned<D> du;
-    const auto below = hn::Set(d, 255.0f - colour.alpha);
+    const auto below = hn::Set(d, 255.0f - color.alpha);
     const auto mean = [&](int own, auto other) {
-        const auto sum = hn::Add(hn::Set(d, own * colour.alpha + 127.5f), hn::Mul(other, below));
+        const auto sum = hn::Add(hn::Set(d, own * color.alpha + 127.5f), hn::Mul(other, below));
         const auto scaled = hn::Mul(sum, hn::Set(d, 1.0f / 255.0f));
         return hn::BitCast(du, hn::ConvertTo(hn::RebindToSigned<D>(), scaled));
     };
-    return Joined<D>(mean(colour.red, Channel<16>(d, source)), mean(colour.green, Channel<8>(d, source)),
-                     mean(colour.blue, Channel<0>(d, source)), hn::Set(du, 255u));
+    return Joined<D>(mean(color.red, Channel<16>(d, source)), mean(color.green, Channel<8>(d, source)),
+                     mean(color.blue, Channel<0>(d, source)), hn::Set(du, 255u));
 }
 
 template <class D>
-HWY_INLINE void FillVector(D d, HBRGBA32i colour, std::uint32_t* words)
+HWY_INLINE void FillVector(D d, HBRGBA32i color, std::uint32_t* words)
 {
     const hn::RebindToUnsigned<D> du;
     const auto source = hn::LoadU(du, words);
     const bool opaque = hn::AllTrue(du, hn::ShiftRight<24>(source) == hn::Set(du, 255u));
-    hn::StoreU(opaque ? OverOpaque(d, colour, source) : Over(d, colour, source), du, words);
+    hn::StoreU(opaque ? OverOpaque(d, color, source) : Over(d, color, source), du, words);
 }
 
 /// Over as many of the pixels as fill whole vectors; returns how many.
-int FillVectors(HBRGBA32i colour, HBRGBA32i* pixels, int count)
+int FillVectors(HBRGBA32i color, HBRGBA32i* pixels, int count)
 {
     const hn::ScalableTag<float> d;
     const int lanes = int(hn::Lanes(d));
     auto* words = reinterpret_cast<std::uint32_t*>(pixels);
     int i = 0;
     for (; i + lanes <= count; i += lanes)
-        FillVector(d, colour, words + i);
+        FillVector(d, color, words + i);
     return i;
 }
 
@@ -100,13 +100,13 @@ HWY_EXPORT(FillVectors);
 
 void KMFillTransformation::operator()(HBRGBA32i* pixels, int count) const
 {
-    if (m_Colour.alpha == 0)
+    if (m_Color.alpha == 0)
         return;
-    if (m_Colour.alpha == 255) {
-        std::fill_n(pixels, count, m_Colour);
+    if (m_Color.alpha == 255) {
+        std::fill_n(pixels, count, m_Color);
         return;
     }
-    for (int i = HWY_DYNAMIC_DISPATCH(FillVectors)(m_Colour, pixels, count); i < count; ++i)
+    for (int i = HWY_DYNAMIC_DISPATCH(FillVectors)(m_Color, pixels, count); i < count; ++i)
         (*this)(pixels[i]);
 }
 

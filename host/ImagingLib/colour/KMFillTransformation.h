@@ -10,18 +10,18 @@
 class IMAGINGLIB_EXPORT KMFillTransformation
 {
 public:
-    KMFillTransformation() : m_Colour(0, 0, 0, 0) {}
+    KMFillTransformation() : m_Color(0, 0, 0, 0) {}
 
-    void SetData(const HBRGBA32i& colour) { m_Colour = colour; }
+    void SetData(const HBRGBA32i& color) { m_Color = color; }
 
     void operator()(HBRGBA32i& pixel) const
     {
-        if (m_Colour.alpha > 0) // else a transparent pixel would take its invisible colour
-            HBBlend::HBSourceOver()(m_Colour, pixel);
+        if (m_Color.alpha > 0) // else a transparent pixel would take its invisible colour
+            HBBlend::HBSourceOver()(m_Color, pixel);
     }
     /// The run form: the same bytes.
     void operator()(HBRGBA32i* pixels, int count) const;
 
 private:
-    HBRGBA32i m_Colour;
+    HBRGBA32i m_Color;
 };

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// The tables of HBSrgb.h for kernels of HBColourVectors-inl.h. Included once per instruction set.
+// The tables of HBSrgb.h for kernels of HBColorVectors-inl.h. Included once per instruction set.
 #if defined(HB_SRGB_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef HB_SRGB_VECTORS_INL_H
 #undef HB_SRGB_VECTORS_INL_H
@@ -9,7 +9,7 @@
 #define HB_SRGB_VECTORS_INL_H
 #endif
 
-#include "HBColourVectors-inl.h"
+#include "HBColorVectors-inl.h"
 #include "HBSrgb.h"
 
 HWY_BEFORE_NAMESPACE();

@@ -7,11 +7,11 @@
 // include this are compiled with -ffp-contract=off: all instruction sets then agree as well.
 //
 // Included once per instruction set, therefore no #pragma once.
-#if defined(HB_COLOUR_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)
-#ifdef HB_COLOUR_VECTORS_INL_H
-#undef HB_COLOUR_VECTORS_INL_H
+#if defined(HB_COLOR_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)
+#ifdef HB_COLOR_VECTORS_INL_H
+#undef HB_COLOR_VECTORS_INL_H
 #else
-#define HB_COLOUR_VECTORS_INL_H
+#define HB_COLOR_VECTORS_INL_H
 #endif
 
 #include "HBRGBA32i.h"
@@ -27,7 +27,7 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 /// The colours of as many pixels as a vector has lanes; levels, 0..255.
 template <class D>
-struct Colours
+struct Colors
 {
     using V = hn::Vec<D>;
     V red;
@@ -60,17 +60,17 @@ HWY_INLINE void MapVector(D d, const Kernel& kernel, std::uint32_t* words)
 {
     const hn::RebindToUnsigned<D> du;
     const auto source = hn::LoadU(du, words);
-    Colours<D> colours{Channel<16>(d, source), Channel<8>(d, source), Channel<0>(d, source)};
-    kernel(d, colours);
+    Colors<D> colors{Channel<16>(d, source), Channel<8>(d, source), Channel<0>(d, source)};
+    kernel(d, colors);
     auto result = hn::And(source, hn::Set(du, 0xFF000000u));
-    result = hn::Or(result, hn::ShiftLeft<16>(Level(d, colours.red)));
-    result = hn::Or(result, hn::ShiftLeft<8>(Level(d, colours.green)));
-    result = hn::Or(result, Level(d, colours.blue));
+    result = hn::Or(result, hn::ShiftLeft<16>(Level(d, colors.red)));
+    result = hn::Or(result, hn::ShiftLeft<8>(Level(d, colors.green)));
+    result = hn::Or(result, Level(d, colors.blue));
     hn::StoreU(result, du, words);
 }
 
 template <class Kernel>
-void MapColours(const Kernel& kernel, HBRGBA32i* pixels, int count)
+void MapColors(const Kernel& kernel, HBRGBA32i* pixels, int count)
 {
     const hn::ScalableTag<float> many;
     const hn::CappedTag<float, 1> one;
@@ -92,10 +92,10 @@ HWY_INLINE hn::Vec<D> Lerp(D d, hn::Vec<D> from, hn::Vec<D> to, float share)
 
 /// The sum of the colours, weighted.
 template <class D>
-HWY_INLINE hn::Vec<D> Weigh(D d, const Colours<D>& colours, float red, float green, float blue)
+HWY_INLINE hn::Vec<D> Weigh(D d, const Colors<D>& colors, float red, float green, float blue)
 {
-    const auto sum = hn::Add(hn::Mul(colours.red, hn::Set(d, red)), hn::Mul(colours.green, hn::Set(d, green)));
-    return hn::Add(sum, hn::Mul(colours.blue, hn::Set(d, blue)));
+    const auto sum = hn::Add(hn::Mul(colors.red, hn::Set(d, red)), hn::Mul(colors.green, hn::Set(d, green)));
+    return hn::Add(sum, hn::Mul(colors.blue, hn::Set(d, blue)));
 }
 
 } // namespace HWY_NAMESPACE

@@ -1,0 +1,33 @@
+# SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+# SPDX-License-Identifier: MIT
+
+# Compiles the panels and the core for a host that is nothing but the declarations of docs/host-boundary.md. They are static
+# libraries, which nobody links.
+cmake_minimum_required(VERSION 3.21)
+include(${CMAKE_CURRENT_LIST_DIR}/../install/common.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/stub.cmake)
+
+set(document ${SOURCE_DIR}/docs/host-boundary.md)
+boundary_headers(${document} ${WORK_DIR}/stub)
+
+# Nothing stands there for nobody: each header is included by the panels, the core, a form, or another one on the list.
+file(GLOB headers RELATIVE ${WORK_DIR}/stub ${WORK_DIR}/stub/*.h)
+file(GLOB_RECURSE users ${SOURCE_DIR}/include/*.h ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp
+    ${SOURCE_DIR}/adjustments/*.h ${SOURCE_DIR}/adjustments/*.cpp ${SOURCE_DIR}/forms/*.ui ${WORK_DIR}/stub/*.h)
+set(all "")
+foreach(file IN LISTS users)
+    file(STRINGS ${file} lines REGEX "#include|<header")
+    string(APPEND all "${lines}\n")
+endforeach()
+foreach(header IN LISTS headers)
+    if(NOT all MATCHES "[<>\"/]${header}[<>\"]")
+        message(SEND_ERROR "${document}: nobody includes ${header}")
+    endif()
+endforeach()
+
+boundary_package(${WORK_DIR} StubHost "add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
+target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/stub\")")
+run("Configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubHost
+    -D StubHost_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF -D CMAKE_BUILD_TYPE=Debug
+    -D CMAKE_CXX_FLAGS_DEBUG=-w) # declared for nobody to define
+run("Compile" ${CMAKE_COMMAND} --build ${WORK_DIR}/build --target AdjustmentPanelsAdjustments AdjustmentPanelsPanels)

@@ -1,0 +1,42 @@
+# SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+# SPDX-License-Identifier: MIT
+
+# boundary_headers(<document> <folder> [<section>]): a file for each heading "### <name>.h" of the document, or of one
+# section of it, with the C++ below it.
+function(boundary_headers document folder)
+    file(READ ${document} text)
+    if(ARGC GREATER 2)
+        string(FIND "${text}" "\n## ${ARGV2}\n" begin)
+        if(begin EQUAL -1)
+            message(FATAL_ERROR "${document} has no section ${ARGV2}")
+        endif()
+        math(EXPR begin "${begin} + 1")
+        string(SUBSTRING "${text}" ${begin} -1 text)
+        string(FIND "${text}" "\n## " end)
+        string(SUBSTRING "${text}" 0 ${end} text)
+    endif()
+    while(TRUE)
+        string(FIND "${text}" "\n### " heading)
+        if(heading EQUAL -1)
+            break()
+        endif()
+        math(EXPR heading "${heading} + 5")
+        string(SUBSTRING "${text}" ${heading} -1 text)
+        string(FIND "${text}" "\n" end)
+        string(SUBSTRING "${text}" 0 ${end} name)
+        string(FIND "${text}" "\n```cpp\n" begin)
+        string(FIND "${text}" "\n```\n" end)
+        if(begin EQUAL -1 OR end LESS begin)
+            message(FATAL_ERROR "${document}: ${name} has no declarations")
+        endif()
+        math(EXPR begin "${begin} + 8")
+        math(EXPR length "${end} - ${begin} + 1")
+        string(SUBSTRING "${text}" ${begin} ${length} code)
+        file(WRITE ${folder}/${name} "#pragma once\n${code}")
+    endwhile()
+endfunction()
+
+# boundary_package(<folder> <name> <text>): a package that defines what the text says.
+function(boundary_package folder name text)
+    file(WRITE ${folder}/${name}Config.cmake "${text}\n")
+endfunction()
