@@ -49,16 +49,15 @@ struct Request
 
 bool ReadBounds(const HBReplayOptions& options, HBReplayWork* work, QString* problem)
 {
-    double jobs = Cores();
+    work->jobs = Cores();
     KMTileManager64& tiles = KMTileManager64::Instance();
     work->bounds.memory = tiles.MemoryBudget();
     work->bounds.anyMegapixels = options.IsSet("max-megapixels");
-    if (!options.Number("jobs", 1, 1024, &jobs, problem) ||
+    if (!options.Whole("jobs", 1, 1024, &work->jobs, problem) ||
         !options.Number("max-seconds-per-file", 0.01, 1e6, &work->bounds.seconds, problem) ||
         !options.Number("max-megapixels", 0.01, 1e6, &work->bounds.megapixels, problem) ||
         !options.Bytes("memory", &work->bounds.memory, problem))
         return false;
-    work->jobs = int(jobs);
     work->atOnce = options.IsSet("jobs") ? work->jobs : work->jobs + 1; // one may wait for the disk
     if (options.IsSet("memory"))
         tiles.SetMemoryBudget(work->bounds.memory);
@@ -229,10 +228,8 @@ bool HBReadTarget(const HBReplayOptions& options, HBReplayTarget* target, HBPhot
     target->onConflict = options.IsSet("overwrite") ? HBReplayTarget::Overwrite : HBReplayTarget::Fail;
     if (!target->suffix.isEmpty() && !KMImageFileManager::SuffixesForWrite().contains(target->suffix))
         return fail(Text::tr("pictures cannot be written in the format \"%1\"").arg(target->suffix));
-    double quality = photo->quality;
-    if (!options.Number("quality", 0, 100, &quality, problem))
+    if (!options.Whole("quality", 0, 100, &photo->quality, problem))
         return false;
-    photo->quality = int(quality);
     return !target->folder.isEmpty() || fail(Text::tr("name the folder for the results with -o DIR"));
 }
 

@@ -348,6 +348,19 @@ bool HBReplayOptions::Number(const char* option, double minimum, double maximum,
     return true;
 }
 
+bool HBReplayOptions::Whole(const char* option, int minimum, int maximum, int* value, QString* problem) const
+{
+    double number = *value;
+    if (!Number(option, minimum, maximum, &number, problem))
+        return false;
+    if (number != int(number)) {
+        *problem = Text::tr("--%1 must be a whole number").arg(QLatin1String(option));
+        return false;
+    }
+    *value = int(number);
+    return true;
+}
+
 bool HBReplayOptions::Bytes(const char* option, qint64* bytes, QString* problem) const
 {
     if (!IsSet(option))

@@ -65,6 +65,8 @@ public:
 
     /// The option as a number; leaves `value` alone if it is not set.
     bool Number(const char* option, double minimum, double maximum, double* value, QString* problem) const;
+    /// The same for a whole number.
+    bool Whole(const char* option, int minimum, int maximum, int* value, QString* problem) const;
     /// The option as bytes: "800M", "4G", "1.5G"; leaves `bytes` alone if it is not set.
     bool Bytes(const char* option, qint64* bytes, QString* problem) const;
 

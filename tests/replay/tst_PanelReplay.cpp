@@ -81,6 +81,7 @@ private Q_SLOTS:
             {"apply RECIPE a.png -o out --name {nam}.png", "{nam}"},
             {"apply RECIPE a.png -o out --name x/{name}.png", "folders"},
             {"apply RECIPE a.png -o out --jobs 0", "--jobs"},
+            {"apply RECIPE a.png -o out --quality 9.5", "whole"},
             {"apply RECIPE a.png -o out --memory 3X", "800M"},
             {"apply RECIPE a.png -o out --shard 4/3", "I/N"},
             {"apply RECIPE a.png -o out --shard 1/3 --on-conflict rename", "rename"},
