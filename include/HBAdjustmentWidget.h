@@ -122,12 +122,12 @@ protected:
         Q_EMIT DataChanged();
     }
 
-    /// Stores what the user set, and tells.
+    /// Stores what the user set, and tells by the panel's ValueChanged().
     template <class Panel, class Field, class Value>
-    void Store(Field& field, const Value& value, void (Panel::*valueSignal)())
+    void Store(Panel* panel, Field& field, const Value& value)
     {
         field = value;
-        NotifyChanged(valueSignal);
+        panel->NotifyChanged(&Panel::ValueChanged);
     }
 
     /// Connects to a slot of the panel, by name, so that a host can disconnect it by name too; Mute cuts it.

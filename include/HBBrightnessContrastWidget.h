@@ -30,14 +30,8 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnBrightnessChanged(int value)
-    {
-        Store(m_Params.brightness, value, &HBBrightnessContrastWidget::ValueChanged);
-    }
-    void OnContrastChanged(int value)
-    {
-        Store(m_Params.contrast, value, &HBBrightnessContrastWidget::ValueChanged);
-    }
+    void OnBrightnessChanged(int value) { Store(this, m_Params.brightness, value); }
+    void OnContrastChanged(int value) { Store(this, m_Params.contrast, value); }
 
 private:
     struct BCData;

@@ -35,10 +35,7 @@ public Q_SLOTS:
     void OnShadowChanged(bool checked) { SetRange(checked, Params::Shadows); }
     void OnMidtoneChanged(bool checked) { SetRange(checked, Params::Midtones); }
     void OnHighLightChanged(bool checked) { SetRange(checked, Params::Highlights); }
-    void OnLumChanged(bool checked)
-    {
-        Store(m_Params.preserveLuminosity, checked, &HBColorBalanceWidget::ValueChanged);
-    }
+    void OnLumChanged(bool checked) { Store(this, m_Params.preserveLuminosity, checked); }
 
 private:
     struct CBData;

@@ -30,11 +30,8 @@ Q_SIGNALS:
     void ValueChanged();
 
 private Q_SLOTS:
-    void OnAmountChanged(int amount) { Store(m_Params.amount, amount, &HBColorEnhancerWidget::ValueChanged); }
-    void OnAffectedChanged(int affected)
-    {
-        Store(m_Params.affected, affected, &HBColorEnhancerWidget::ValueChanged);
-    }
+    void OnAmountChanged(int amount) { Store(this, m_Params.amount, amount); }
+    void OnAffectedChanged(int affected) { Store(this, m_Params.affected, affected); }
     void OnSourceChanged();
 
 private:

@@ -68,9 +68,9 @@ protected:
         if (color == m_Params.color)
             return;
         HBShowColor(m_pButton, color);
-        Store(m_Params.color, color, &Panel::ValueChanged);
+        Store(static_cast<Panel*>(this), m_Params.color, color);
     }
-    void StorePercent(int percent) { Store(m_Params.*Percent, percent, &Panel::ValueChanged); }
+    void StorePercent(int percent) { Store(static_cast<Panel*>(this), m_Params.*Percent, percent); }
 
 private:
     QAbstractButton* m_pButton = nullptr;

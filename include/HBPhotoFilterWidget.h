@@ -42,7 +42,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     void OnColor();
     void OnCurrentColorChanged(const QColor& color);
-    void OnDensityChanged(int density) { Store(m_Params.density, density, &HBPhotoFilterWidget::ValueChanged); }
+    void OnDensityChanged(int density) { Store(this, m_Params.density, density); }
     void OnPresetChanged(int index);
 
 private:

@@ -45,20 +45,11 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnSourceToleranceChanged(int tolerance)
-    {
-        Store(m_Params.tolerance, tolerance, &HBReplaceColorWidget::ValueChanged);
-    }
-    void OnSourcePosTypeChanged(int index)
-    {
-        Store(m_Params.position, GetPositionType(index), &HBReplaceColorWidget::ValueChanged);
-    }
+    void OnSourceToleranceChanged(int tolerance) { Store(this, m_Params.tolerance, tolerance); }
+    void OnSourcePosTypeChanged(int index) { Store(this, m_Params.position, GetPositionType(index)); }
     void OnDestinationColor();
     void OnCurrentColorChanged(const QColor& color);
-    void OnDestinationOpacityChanged(int opacity)
-    {
-        Store(m_Params.opacity, opacity, &HBReplaceColorWidget::ValueChanged);
-    }
+    void OnDestinationOpacityChanged(int opacity) { Store(this, m_Params.opacity, opacity); }
 
 private:
     void FillSourcePositions();

@@ -54,11 +54,8 @@ public Q_SLOTS:
         StoreMargin(m_Params.margins, &QRect::setBottom, margin, &HBSignWidget::ValueChanged);
     }
     void OnSelectFileName();
-    void OnOpacityChanged(int opacity) { Store(m_Params.opacity, opacity, &HBSignWidget::ValueChanged); }
-    void OnBlendingModeChanged(int index)
-    {
-        Store(m_Params.blendingMode, BlendingIndexToMode(index), &HBSignWidget::ValueChanged);
-    }
+    void OnOpacityChanged(int opacity) { Store(this, m_Params.opacity, opacity); }
+    void OnBlendingModeChanged(int index) { Store(this, m_Params.blendingMode, BlendingIndexToMode(index)); }
 
 private:
     QStringList GetOpenFileNames();

@@ -30,15 +30,9 @@ Q_SIGNALS:
     void ValueChanged();
 
 public Q_SLOTS:
-    void OnTemperatureChanged(int kelvin)
-    {
-        Store(m_Params.temperature, kelvin, &HBTemperatureWidget::ValueChanged);
-    }
-    void OnTintChanged(int tint) { Store(m_Params.tint, tint, &HBTemperatureWidget::ValueChanged); }
-    void OnStrengthChanged(int strength)
-    {
-        Store(m_Params.strength, strength, &HBTemperatureWidget::ValueChanged);
-    }
+    void OnTemperatureChanged(int kelvin) { Store(this, m_Params.temperature, kelvin); }
+    void OnTintChanged(int tint) { Store(this, m_Params.tint, tint); }
+    void OnStrengthChanged(int strength) { Store(this, m_Params.strength, strength); }
 
 private:
     struct TData;

@@ -39,8 +39,8 @@ private Q_SLOTS:
     void OnWhiteTone();
     void OnCurrentBlackToneChanged(const QColor& tone);
     void OnCurrentWhiteToneChanged(const QColor& tone);
-    void OnAmountChanged(int amount) { Store(m_Params.amount, amount, &HBTintWidget::ValueChanged); }
-    void OnTypeChanged(int type) { Store(m_Params.type, Type(type), &HBTintWidget::ValueChanged); }
+    void OnAmountChanged(int amount) { Store(this, m_Params.amount, amount); }
+    void OnTypeChanged(int type) { Store(this, m_Params.type, Type(type)); }
 
 private:
     struct TintData;

@@ -31,16 +31,13 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void OnWBStrengthChanged(int strength);
-    void OnTemperature(int temperature) { Store(m_Params.temperature, temperature, &HBWBWidget::ValueChanged); }
-    void OnTemperatureStrength(int strength)
-    {
-        Store(m_Params.temperatureStrength, strength, &HBWBWidget::ValueChanged);
-    }
+    void OnTemperature(int temperature) { Store(this, m_Params.temperature, temperature); }
+    void OnTemperatureStrength(int strength) { Store(this, m_Params.temperatureStrength, strength); }
     void OnOverexposure(bool checked) { SetMode(checked, Params::Overexposure); }
     void OnUnderexposure(bool checked) { SetMode(checked, Params::Underexposure); }
     void OnAuto(bool checked) { SetMode(checked, Params::Auto); }
-    void OnEnchanced(bool checked) { Store(m_Params.enchanced, checked, &HBWBWidget::ValueChanged); }
-    void OnUseTemperature(bool checked) { Store(m_Params.useTemperature, checked, &HBWBWidget::ValueChanged); }
+    void OnEnchanced(bool checked) { Store(this, m_Params.enchanced, checked); }
+    void OnUseTemperature(bool checked) { Store(this, m_Params.useTemperature, checked); }
 
 private:
     struct WBData;

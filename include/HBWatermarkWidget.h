@@ -34,8 +34,8 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     // Spelt so on purpose.
-    void OnAnglechanged(int angle) { Store(m_Params.angle, angle, &HBWatermarkWidget::ValueChanged); }
-    void OnTextChanged(const QString& text) { Store(m_Params.text, text, &HBWatermarkWidget::ValueChanged); }
+    void OnAnglechanged(int angle) { Store(this, m_Params.angle, angle); }
+    void OnTextChanged(const QString& text) { Store(this, m_Params.text, text); }
     void OnLeftMarginChanged(int margin)
     {
         StoreMargin(m_Params.margins, &QRect::setLeft, margin, &HBWatermarkWidget::ValueChanged);
@@ -53,13 +53,13 @@ public Q_SLOTS:
         StoreMargin(m_Params.margins, &QRect::setBottom, margin, &HBWatermarkWidget::ValueChanged);
     }
     void OnSelectFont();
-    void OnOpacityChanged(int opacity) { Store(m_Params.opacity, opacity, &HBWatermarkWidget::ValueChanged); }
+    void OnOpacityChanged(int opacity) { Store(this, m_Params.opacity, opacity); }
     void OnBlendingModeChanged(int index)
     {
-        Store(m_Params.blendingMode, qint32(BlendingIndexToMode(index)), &HBWatermarkWidget::ValueChanged);
+        Store(this, m_Params.blendingMode, qint32(BlendingIndexToMode(index)));
     }
-    void OnHrzTilesChanged(int tiles) { Store(m_Params.horizontalTiles, tiles, &HBWatermarkWidget::ValueChanged); }
-    void OnVrtTilesChanged(int tiles) { Store(m_Params.verticalTiles, tiles, &HBWatermarkWidget::ValueChanged); }
+    void OnHrzTilesChanged(int tiles) { Store(this, m_Params.horizontalTiles, tiles); }
+    void OnVrtTilesChanged(int tiles) { Store(this, m_Params.verticalTiles, tiles); }
     void OnSelectColor();
 
 private:

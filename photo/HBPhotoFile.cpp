@@ -357,7 +357,7 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         if (!Encode(pixels, suffix, options, &bytes, reason))
             return false;
         bytes = HBEmbedMetadata(bytes, metadata, pixels.size(), told);
-        if (options.mayWrite && !options.mayWrite())
+        if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
         if (!HBSaveFile(path, bytes, reason))
             return false;

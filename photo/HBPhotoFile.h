@@ -30,7 +30,8 @@ struct HBPhotoOptions
     /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality` says.
     HBPhotoEncoding encoding = {};
     /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails instead.
-    std::function<bool()> mayWrite = {};
+    /// \param file all its bytes
+    std::function<bool(const QByteArray& file)> mayWrite = {};
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.

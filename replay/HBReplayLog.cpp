@@ -32,10 +32,11 @@ HBReplayLog::~HBReplayLog()
 void HBReplayLog::FileDone(const QString& path)
 {
     ++m_Done;
-    const QString line =
-        QString("[%1/%2] ").arg(m_Done).arg(m_Files) + HBShownOnTerminal(QFileInfo(path).fileName());
-    Print(m_Terminal ? ClearLine + line : line + '\n');
-    m_LineOpen = m_Terminal;
+    if (!m_Terminal)
+        return;
+    Print(ClearLine + QString("[%1/%2] ").arg(m_Done).arg(m_Files) +
+          HBShownOnTerminal(QFileInfo(path).fileName()));
+    m_LineOpen = true;
 }
 
 void HBReplayLog::Message(const QString& text)
@@ -48,5 +49,8 @@ void HBReplayLog::Message(const QString& text)
 
 void HBPrintError(const QString& text)
 {
-    Print("panel-replay: " + HBShownOnTerminal(text) + '\n');
+    // no-color.org: any value that is not empty
+    static const bool coloured = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+                                 qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
+    Print((coloured ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n');
 }

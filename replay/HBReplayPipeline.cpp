@@ -3,12 +3,13 @@
 #include "HBReplayPipeline.h"
 
 #include "HBInterrupt.h"
+#include "HBReplayJournal.h"
 
 #include <KMTileManager64.h>
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QRunnable>
-#include <QThread>
 
 #include <chrono>
 #include <functional>
@@ -25,6 +26,9 @@ struct Text
 
 /// A signal handler cannot wake a thread.
 constexpr std::chrono::milliseconds glance{50};
+/// Photos that wait to be told, because one before them takes long.
+constexpr std::size_t mostWaiting = 10000;
+constexpr int mostRefused = 256;
 
 /// What a photo takes at most: before a pass, after it and as the source; or as tiles and as Qt's picture.
 qint64 BytesOf(const QSize& size)
@@ -32,67 +36,124 @@ qint64 BytesOf(const QSize& size)
     return size.isValid() ? qint64(size.width()) * size.height() * 12 : 0;
 }
 
-} // namespace
-
-HBReplayPipeline::HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBRecipe& recipe,
-                                   const HBPhotoOptions& options)
-    : m_Tasks(tasks)
-    , m_Recipe(recipe)
-    , m_Options(options)
-    , m_Log(tasks.size())
-    , m_AtOnce(qBound(2, QThread::idealThreadCount() + 1, 8)) // one may wait for the disk
+bool HasBytes(const QString& path, const QByteArray& bytes)
 {
-    m_Pool.setMaxThreadCount(m_AtOnce);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.size() == bytes.size() && file.readAll() == bytes;
 }
 
-int HBReplayPipeline::Run()
+double Seconds(const QElapsedTimer& timer)
+{
+    return double(timer.nsecsElapsed()) / 1e9;
+}
+
+} // namespace
+
+HBReplayPipeline::HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBReplayWork& work,
+                                   HBReplayReport* report)
+    : m_Tasks(tasks)
+    , m_Job(work)
+    , m_pReport(report)
+    , m_Log(tasks.size())
+{
+    m_Pool.setMaxThreadCount(m_Job.atOnce);
+}
+
+void HBReplayPipeline::Run()
 {
     std::unique_lock<std::mutex> lock(m_Mutex);
-    while (!HBIsInterrupted() && (m_Next < m_Tasks.size() || !m_Works.empty())) {
+    const auto hasMore = [this] { return m_Next < m_Tasks.size() && !(m_Job.failFast && m_HasFailure); };
+    while (!HBIsInterrupted() && (hasMore() || !m_Works.empty())) {
+        const bool more = hasMore();
         lock.unlock();
-        Start();
+        if (more)
+            Start();
         lock.lock();
         if (!m_Works.empty() && m_Works.front()->done) {
             Tell(*m_Works.front());
             m_Works.pop_front();
         } else {
             m_Changed.wait_for(lock, glance);
+            GiveUpWhatTakesTooLong();
         }
     }
     lock.unlock();
     if (HBIsInterrupted()) {
         FinishInterrupted();
-        m_Log.Message(Text::tr("interrupted; %1 of %2 photos were written").arg(m_Good).arg(m_Tasks.size()));
+        m_Log.Message(Text::tr("interrupted; %1 of %2 photos were written")
+                          .arg(m_pReport->Count(HBReplayResult::Done))
+                          .arg(m_Tasks.size()));
     }
-    return m_Tasks.size() - m_Good;
+}
+
+bool HBReplayPipeline::HasThreadsLeft()
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    return m_Running > 0;
 }
 
 /// As many photos as there is room for.
 void HBReplayPipeline::Start()
 {
-    while (m_Next < m_Tasks.size()) {
-        const HBReplayTask& task = m_Tasks[m_Next];
-        if (m_NextBytes < 0)
-            m_NextBytes = task.problem.isEmpty() ? BytesOf(HBPhotoSize(task.input)) : 0;
+    // Now and then it must end also in a long row of those that are refused, so that they are told.
+    for (int refused = 0; m_Next < m_Tasks.size() && m_Works.size() < mostWaiting && refused < mostRefused;) {
+        if (!m_pNext) {
+            m_pNext = std::make_shared<Work>(m_Tasks[m_Next]);
+            m_pNext->done = IsRefused(*m_pNext);
+        }
+        const bool runs = !m_pNext->done;
         {
             const std::lock_guard<std::mutex> lock(m_Mutex);
-            if (m_Running >= m_AtOnce || !HasRoomFor(m_NextBytes))
+            if (runs && (m_Running >= m_Job.atOnce || !HasRoomFor(m_pNext->bytes)))
                 return;
-            ++m_Running;
-            m_Bytes += m_NextBytes;
+            m_HasFailure |= !runs && m_pNext->result.status == HBReplayResult::Failed;
+            m_Running += runs;
+            m_Bytes += m_pNext->bytes;
+            m_Works.push_back(m_pNext);
         }
         ++m_Next;
-        const qint64 bytes = std::exchange(m_NextBytes, -1);
-        m_Works.push_back(std::make_shared<Work>(Work{task, bytes, {}, {}}));
-        m_Pool.start(QRunnable::create([this, work = m_Works.back()] {
-            Do(*work);
-            const std::lock_guard<std::mutex> lock(m_Mutex);
-            work->done = true;
-            --m_Running;
-            m_Bytes -= work->bytes;
-            m_Changed.notify_all();
-        }));
+        const std::shared_ptr<Work> work = std::exchange(m_pNext, nullptr);
+        if (runs)
+            StartThread(work);
+        else
+            ++refused;
     }
+}
+
+void HBReplayPipeline::StartThread(const std::shared_ptr<Work>& work)
+{
+    work->since.start();
+    m_Pool.start(QRunnable::create([this, work] {
+        const HBReplayResult result = Do(*work);
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        --m_Running;
+        m_Bytes -= work->bytes;
+        if (!work->givenUp) {
+            work->result = result;
+            work->done = true;
+            m_HasFailure |= result.status == HBReplayResult::Failed;
+        }
+        m_Changed.notify_all();
+    }));
+}
+
+/// What needs no thread to be told, because nothing is to be done.
+bool HBReplayPipeline::IsRefused(Work& work)
+{
+    const HBReplayTask& task = work.task;
+    QString reason = task.reason;
+    if (task.kind == HBReplayTask::Do) {
+        const QSize size = HBPhotoSize(task.input);
+        work.bytes = BytesOf(size);
+        reason = m_Job.bounds.Problem(size, HBStateOf(task.input).size, m_Job.recipe, m_Job.jobs);
+        if (reason.isEmpty())
+            return false;
+        work.bytes = 0;
+    }
+    const bool skips = task.kind == HBReplayTask::Skip;
+    work.result.status = skips ? HBReplayResult::Skipped : HBReplayResult::Failed;
+    work.result.error = skips ? reason : task.input + ": " + reason;
+    return true;
 }
 
 bool HBReplayPipeline::HasRoomFor(qint64 bytes) const
@@ -101,41 +162,89 @@ bool HBReplayPipeline::HasRoomFor(qint64 bytes) const
 }
 
 /// On a thread of its own.
-void HBReplayPipeline::Do(Work& work)
+HBReplayResult HBReplayPipeline::Do(Work& work)
 {
-    if (HBIsInterrupted())
-        return; // nobody wants it any more
-    const HBReplayTask& task = work.task;
-    if (!task.problem.isEmpty()) {
-        work.error = task.input + ": " + task.problem;
-        return;
-    }
+    HBReplayResult result;
+    const QString& input = work.task.input;
+    const auto isWanted = [&work] { return !HBIsInterrupted() && !work.givenUp; };
+    QElapsedTimer timer;
+    timer.start();
+    const HBFileState state = HBStateOf(input); // as it was before it is read
     HBPhoto photo;
-    if (!HBReadPhoto(task.input, &photo, &work.error))
-        return;
-    work.warnings = photo.warnings;
+    if (!isWanted() || !HBReadPhoto(input, &photo, &result.error))
+        return result;
+    result.size = {photo.image.Width(), photo.image.Height()};
+    result.warnings = photo.warnings;
+    result.readSeconds = Seconds(timer);
+    timer.start();
     QString error;
     try {
         const HBImage<> source = std::exchange(photo.image, {});
-        photo.image = HBApplyRecipe(source, m_Recipe, &error, [](int) { return !HBIsInterrupted(); });
+        photo.image = HBApplyRecipe(source, m_Job.recipe, &error, [&](int) { return isWanted(); });
     } catch (const std::bad_alloc&) {
         error = Text::tr("there is not enough memory");
     }
+    result.adjustSeconds = Seconds(timer);
     if (!error.isEmpty()) {
-        work.error = task.input + ": " + error;
-        work.warnings.clear();
-    } else if (!photo.image.IsEmpty()) { // else given up
-        HBPhotoOptions options = m_Options;
-        options.mayWrite = [this, &work] { return MaySave(work); };
-        HBWritePhoto(task.output, photo.image, options, &work.error, &work.warnings);
+        result.error = input + ": " + error;
+        result.warnings.clear();
+        return result;
     }
+    if (photo.image.IsEmpty())
+        return result; // given up
+    timer.start();
+    HBPhotoOptions options = m_Job.photo;
+    QString refusal; // instead of the writer's own words for that
+    bool isSame = false;
+    options.mayWrite = [&](const QByteArray& bytes) {
+        if (m_Job.verifies || m_pReport->IsJson()) {
+            result.bytes = bytes.size();
+            result.hash = HBHashOf(bytes);
+        }
+        if (m_Job.verifies) {
+            isSame = HasBytes(work.task.output, bytes);
+            refusal = Text::tr("%1 is not what the recipe gives").arg(work.task.output);
+            return false;
+        }
+        return MaySave(work, state, bytes, &refusal);
+    };
+    const bool written = HBWritePhoto(work.task.output, photo.image, options, &result.error, &result.warnings);
+    result.writeSeconds = Seconds(timer);
+    if (written || isSame) {
+        result.status = HBReplayResult::Done;
+        result.error.clear();
+    } else if (!refusal.isEmpty()) {
+        result.error = input + ": " + refusal;
+    }
+    return result;
 }
 
-bool HBReplayPipeline::MaySave(Work& work)
+/// The last moment before the result goes to the disk.
+bool HBReplayPipeline::MaySave(Work& work, const HBFileState& photo, const QByteArray& bytes, QString* reason)
 {
-    const std::lock_guard<std::mutex> lock(m_Mutex);
-    work.saving = true; // before the question: FinishInterrupted() looks in the other order
-    return !HBIsInterrupted();
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        work.saving = true; // before the question: FinishInterrupted() looks in the other order
+        if (HBIsInterrupted() || work.givenUp)
+            return false;
+    }
+    const HBReplayTask& task = work.task;
+    return !m_Job.journal || m_Job.journal->Note(task.input, photo, task.output, !task.replaces, bytes, reason);
+}
+
+/// A thread cannot be stopped while it decodes or encodes: it goes on without being listened to. With the mutex.
+void HBReplayPipeline::GiveUpWhatTakesTooLong()
+{
+    for (const std::shared_ptr<Work>& work : m_Works) {
+        if (work->done || work->saving || double(work->since.elapsed()) < 1000 * m_Job.bounds.seconds)
+            continue;
+        work->givenUp = true;
+        work->done = true;
+        work->result.error =
+            work->task.input + ": " +
+            Text::tr("given up after %1 s; allow it more with --max-seconds-per-file").arg(m_Job.bounds.seconds);
+        m_HasFailure = true;
+    }
 }
 
 void HBReplayPipeline::FinishInterrupted()
@@ -143,18 +252,18 @@ void HBReplayPipeline::FinishInterrupted()
     std::unique_lock<std::mutex> lock(m_Mutex);
     for (const std::shared_ptr<Work>& work : m_Works) {
         m_Changed.wait(lock, [&] { return work->done || !work->saving; }); // soon
-        if (work->done && work->saving && work->error.isEmpty())
+        if (work->done && work->result.status == HBReplayResult::Done)
             Tell(*work);
     }
 }
 
 void HBReplayPipeline::Tell(const Work& work)
 {
+    const HBReplayResult& result = work.result;
     m_Log.FileDone(work.task.input);
-    for (const QString& warning : work.warnings)
+    for (const QString& warning : result.warnings)
         m_Log.Message(work.task.input + ": " + warning);
-    if (work.error.isEmpty())
-        ++m_Good;
-    else
-        m_Log.Message(work.error);
+    if (result.status == HBReplayResult::Failed)
+        m_Log.Message(result.error);
+    m_pReport->File(work.task, result);
 }

@@ -2,66 +2,91 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBReplayBounds.h"
 #include "HBReplayLog.h"
 #include "HBReplayPlan.h"
+#include "HBReplayReport.h"
 
 #include <HBPhotoFile.h>
 #include <HBRecipe.h>
 
+#include <QElapsedTimer>
 #include <QThreadPool>
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <memory>
 #include <mutex>
 
+class HBReplayJournal;
+struct HBFileState;
+
+/// What is done to the photos, and how.
+struct HBReplayWork
+{
+    HBRecipe recipe;
+    HBPhotoOptions photo;
+    HBReplayBounds bounds;
+    int jobs = 1;   ///< cores
+    int atOnce = 1; ///< photos in memory
+    bool failFast = false;
+    bool verifies = false;              ///< compares with the results that are there
+    HBReplayJournal* journal = nullptr; ///< told of each result before it is written; may be null
+};
+
 /// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the adjusting
-/// with the global pool. No more photos are in memory at once than there are cores, and one, and no more than fit into
-/// half of the tiles' memory budget, but for one.
+/// with the global pool. No more photos are in memory at once than fit into half of the tiles' memory budget, but for one.
 class HBReplayPipeline
 {
 public:
-    HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBRecipe& recipe, const HBPhotoOptions& options);
+    HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBReplayWork& work, HBReplayReport* report);
 
-    /// The number of photos that were not written; messages come in the order of the tasks. After an interrupt it ends
-    /// at once, though threads may still read, adjust or encode: what has begun to go to the disk is whole, nothing else
-    /// will go there.
-    int Run();
+    /// Does the tasks; messages and the report come in their order. After an interrupt it ends at once, though threads may
+    /// still read, adjust or encode: what has begun to go to the disk is whole, nothing else will go there.
+    void Run();
+    /// Whether such threads are left: then the process must end without waiting for them.
+    bool HasThreadsLeft();
 
 private:
     /// A photo from when its thread is started until its messages are told.
     struct Work
     {
-        HBReplayTask task;
-        qint64 bytes;
-        QString error;
-        QStringList warnings;
-        bool saving = false; ///< it goes to the disk
+        explicit Work(const HBReplayTask& photo) : task(photo) { since.start(); }
+
+        const HBReplayTask& task;
+        qint64 bytes = 0;
+        HBReplayResult result;
+        QElapsedTimer since;
+        std::atomic<bool> givenUp{false}; ///< took too long: its thread is on its own now
+        bool saving = false;              ///< it goes to the disk
         bool done = false;
     };
 
     void Start();
+    void StartThread(const std::shared_ptr<Work>& work);
+    bool IsRefused(Work& work);
     bool HasRoomFor(qint64 bytes) const;
-    void Do(Work& work);
-    bool MaySave(Work& work);
+    HBReplayResult Do(Work& work);
+    bool MaySave(Work& work, const HBFileState& photo, const QByteArray& bytes, QString* reason);
+    void GiveUpWhatTakesTooLong();
     void FinishInterrupted();
     void Tell(const Work& work);
 
-    const QVector<HBReplayTask> m_Tasks;
-    const HBRecipe m_Recipe;
-    const HBPhotoOptions m_Options;
+    const QVector<HBReplayTask>& m_Tasks;
+    const HBReplayWork& m_Job;
+    HBReplayReport* m_pReport;
     HBReplayLog m_Log;
-    const int m_AtOnce;
     int m_Next = 0;                            ///< task to start next
-    qint64 m_NextBytes = -1;                   ///< what it takes; -1: not yet asked
-    int m_Good = 0;                            ///< photos written
+    std::shared_ptr<Work> m_pNext;             ///< its work, while it waits for room
     std::deque<std::shared_ptr<Work>> m_Works; ///< in the order of the tasks
 
     std::mutex m_Mutex;
     std::condition_variable m_Changed;
-    // These, and `saving` and `done` of each work, are guarded by the mutex.
+    // These, and `result`, `saving` and `done` of each work, are guarded by the mutex.
     int m_Running = 0;
     qint64 m_Bytes = 0; ///< what the photos at work take
+    bool m_HasFailure = false;
 
     QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the adjustments need
 };

@@ -2,30 +2,39 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
-#include <QStringList>
-#include <QVector>
+#include "HBReplayInputs.h"
+#include "HBReplayNames.h"
+#include "HBShard.h"
 
-/// One photo to adjust.
+class HBReplayJournal;
+
+/// One photo to adjust, or why not.
 struct HBReplayTask
 {
+    enum Kind { Do, Skip, Refuse };
+
     QString input;
+    QString name;
     QString output;
-    QString problem; ///< why it must not be written; empty: it may
+    Kind kind = Do;
+    QString reason;        ///< of Skip and Refuse
+    bool replaces = false; ///< the output is there already
 };
 
-/// Where results go.
-struct HBReplayTarget
+struct HBReplayPlanning
 {
-    QString folder;
-    QString suffix; ///< the format of all of them; empty: each input's own
-    bool overwrite = false;
-
-    /// The path for a result named after `input`, with `addition` behind its name.
-    QString PathFor(const QString& input, const QString& addition = {}) const;
-    /// Why `output` must not be written; empty: it may.
-    QString ProblemOf(const QString& output) const;
+    HBShard shard;
+    const HBReplayJournal* journal = nullptr; ///< of earlier runs to go on with; null: none
+    bool verifies = false;                    ///< compares with results instead of writing them
 };
 
-/// One task for each input, in the same order. No two tasks without a problem write the same file.
-QVector<HBReplayTask> HBPlanReplay(const QStringList& inputs, const HBReplayTarget& target);
+/// One task for each input of the share, in the same order, after a look at all that can be known before a photo is read.
+/// No two tasks to do write the same file, and none writes over another one's input. Every share plans for all inputs, so
+/// that all of them give the same names.
+QVector<HBReplayTask> HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
+                                   const HBReplayPlanning& planning);
+
+/// Makes the folders of the results and looks whether they can be written to. False, with the problem, if the target's own
+/// cannot; tasks whose folders cannot are refused.
+/// \param dryRun makes none, and only looks at those that are there
+bool HBPrepareFolders(const HBReplayTarget& target, bool dryRun, QVector<HBReplayTask>* tasks, QString* problem);

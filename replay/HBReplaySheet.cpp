@@ -11,6 +11,7 @@
 #include <HBRecipe.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <new>
@@ -27,7 +28,9 @@ struct Text
 bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& target,
            const HBPhotoOptions& options, QString* error)
 {
-    const QString problem = target.ProblemOf(path);
+    QString problem = HBReplayTarget::NameProblem(path);
+    if (problem.isEmpty() && target.onConflict == HBReplayTarget::Fail && HBReplayTarget::IsTaken(path))
+        problem = HBReplayTarget::TakenProblem(path);
     if (!problem.isEmpty()) {
         *error = path + ": " + problem;
         return false;
@@ -80,6 +83,7 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
     }
     for (const QString& warning : original.warnings)
         HBPrintError(photo + ": " + warning);
+    const QString name = QFileInfo(photo).fileName();
     int failed = 0;
     QVector<HBContact> contacts{Contact(original.image, Text::tr("Original"))};
     HBReplayLog log(HBAdjustments().size());
@@ -87,7 +91,7 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
         if (HBIsInterrupted())
             return failed + 1;
         error.clear();
-        const QString path = target.PathFor(photo, QString("-") + adjustment.className);
+        const QString path = target.PathFor(name, QString("-") + adjustment.className);
         if (Demonstrate(adjustment, original.image, path, target, options, &contacts, &error)) {
             log.FileDone(path);
         } else if (HBIsInterrupted()) {
@@ -100,7 +104,7 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
     HBReplayTarget png = target;
     png.suffix = "png";
     const HBImage<> sheet = HBImage<>::FromQImage(HBContactSheet(contacts));
-    if (!Write(png.PathFor(photo, "-contact-sheet"), sheet, png, options, &error)) {
+    if (!Write(png.PathFor(name, "-contact-sheet"), sheet, png, options, &error)) {
         log.Message(error);
         ++failed;
     }

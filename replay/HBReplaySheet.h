@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBReplayPlan.h"
+#include "HBReplayNames.h"
 
 #include <HBPhotoFile.h>
 

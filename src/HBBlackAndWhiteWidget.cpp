@@ -73,7 +73,7 @@ void HBBlackAndWhiteWidget::SetType(bool checked, Params::Type type)
 void HBBlackAndWhiteWidget::SetWeight(float& weight, double value)
 {
     if (m_Params.IsCustom())
-        Store(weight, float(value), &HBBlackAndWhiteWidget::ValueChanged);
+        Store(this, weight, float(value));
 }
 
 struct HBBlackAndWhiteWidget::BlackAndWhiteData : HBJobData

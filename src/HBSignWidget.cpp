@@ -76,15 +76,13 @@ void HBSignWidget::SetVerticalAlignment(Qt::Alignment alignment)
 void HBSignWidget::OnHorizontalAlignmentChanged(int index)
 {
     const Qt::AlignmentFlag flag = index == 1 ? Qt::AlignHCenter : index == 2 ? Qt::AlignRight : Qt::AlignLeft;
-    Store(m_Params.alignment, WithFlag(m_Params.alignment, Qt::AlignHorizontal_Mask, flag),
-          &HBSignWidget::ValueChanged);
+    Store(this, m_Params.alignment, WithFlag(m_Params.alignment, Qt::AlignHorizontal_Mask, flag));
 }
 
 void HBSignWidget::OnVerticalAlignmentChanged(int index)
 {
     const Qt::AlignmentFlag flag = index == 1 ? Qt::AlignVCenter : index == 2 ? Qt::AlignBottom : Qt::AlignTop;
-    Store(m_Params.alignment, WithFlag(m_Params.alignment, Qt::AlignVertical_Mask, flag),
-          &HBSignWidget::ValueChanged);
+    Store(this, m_Params.alignment, WithFlag(m_Params.alignment, Qt::AlignVertical_Mask, flag));
 }
 
 QStringList HBSignWidget::GetOpenFileNames()
@@ -105,5 +103,5 @@ void HBSignWidget::OnSelectFileName()
     if (!self || names.isEmpty())
         return;
     m_pUI->m_pImageFileName->setText(names.first());
-    Store(m_Params.fileName, names.first(), &HBSignWidget::ValueChanged);
+    Store(this, m_Params.fileName, names.first());
 }

@@ -74,5 +74,5 @@ void HBWatermarkWidget::OnSelectFont()
     delete dialog;
     if (result != 1)
         return;
-    Store(m_Params.font, font, &HBWatermarkWidget::ValueChanged);
+    Store(this, m_Params.font, font);
 }

@@ -1,42 +1,28 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "../photo/HBTestFiles.h"
-#include "HBTestImages.h"
+#include "HBReplayTest.h"
 #include "HBTestMain.h"
 #include "HBTestRecords.h"
 
 #include <HBBrightnessContrast.h>
 #include <HBPhotoFile.h>
 
-#include <QProcess>
 #include <QRandomGenerator>
 
 #include <cerrno>
 #include <cmath>
 #include <csignal>
-#include <memory>
 
 namespace {
 
 constexpr char brightnessRecipe[] = SAMPLE_RECIPES "/HBBrightnessContrastWidget.json";
 
-struct Outcome {
-    int code = -1;
-    QString out;
-    QString err;
-};
-
 } // namespace
 
-class tst_PanelReplay : public QObject {
+class tst_PanelReplay : public HBReplayTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        m_pFolder = std::make_unique<HBTestFolder>();
-        QVERIFY(QDir(m_pFolder->path()).mkdir("sub"));
-        for (const char* name : {"a.png", "b.png", "sub/a.png"})
-            QVERIFY(HBTestRamp(150, 140).ToQImage().save(Path(name)));
-    }
+    void init() { MakeFolder({"a.png", "b.png", "sub/a.png"}); }
     void cleanup() { m_pFolder.reset(); }
 
     void Lists() {
@@ -53,8 +39,14 @@ private Q_SLOTS:
     void HelpAndVersion() {
         const Outcome help = Replay({"--help"});
         QCOMPARE(help.code, 0);
-        for (const char* word : {"apply RECIPE FILE", "--quality", "--overwrite", "Exit code"})
+        for (const char* word : {"Examples:", "\n  apply ", "\n  merge ", "Exit code"})
             QVERIFY2(help.out.contains(word), word);
+        const Outcome apply = Replay({"apply", "--help"});
+        QCOMPARE(apply.code, 0);
+        QVERIFY(apply.out.startsWith("Examples:\n  panel-replay apply "));
+        for (const char* word : {"apply RECIPE [FILE", "-o, --output DIR", "\n  --overwrite "})
+            QVERIFY2(apply.out.contains(word), word);
+        QVERIFY(!Replay({"diff", "--help"}).out.contains("--output"));
         const Outcome version = Replay({"--version"});
         QCOMPARE(version.code, 0);
         QVERIFY(QRegularExpression("^panel-replay \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch());
@@ -67,7 +59,7 @@ private Q_SLOTS:
             {"", "--help"},
             {"frobnicate", "--help"},
             {"list a", "--help"},
-            {"apply RECIPE -o out", "--help"},
+            {"apply RECIPE -o out", "--files-from"},
             {"sheet a.png b.png -o out", "--help"},
             {"apply RECIPE a.png -o out --frob", "frob"},
             {"apply RECIPE a.png", "-o DIR"},
@@ -82,6 +74,23 @@ private Q_SLOTS:
             {"apply newer.json a.png -o out", "version 2"},
             {"list -o out", "--help"},
             {"list --quality 9", "--help"},
+            {"verify RECIPE a.png -o out --resume", "--help"},
+            {"apply RECIPE a.png -o out --on-conflict maybe", "fail, skip"},
+            {"apply RECIPE a.png -o out --on-conflict skip --overwrite", "contradict"},
+            {"apply RECIPE a.png -o out --keep-going --fail-fast", "contradict"},
+            {"apply RECIPE a.png -o out --name {nam}.png", "{nam}"},
+            {"apply RECIPE a.png -o out --name x/{name}.png", "folders"},
+            {"apply RECIPE a.png -o out --jobs 0", "--jobs"},
+            {"apply RECIPE a.png -o out --quality 9.5", "whole"},
+            {"apply RECIPE a.png -o out --memory 3X", "800M"},
+            {"apply RECIPE a.png -o out --shard 4/3", "I/N"},
+            {"apply RECIPE a.png -o out --shard 1/3 --on-conflict rename", "rename"},
+            {"apply RECIPE a.png -o out --null", "--files-from"},
+            {"apply RECIPE --files-from none.txt -o out", "none.txt"},
+            {"apply RECIPE a.png -o out --base sub", "--base"},
+            {"merge a.png", "not a report"},
+            {"merge none.jsonl", "none.jsonl"},
+            {"explain a.png", "not JSON"},
         };
         for (const auto& [arguments, message] : rows) QTest::newRow(arguments) << arguments << message;
     }
@@ -106,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(HBRecipe{{step}}.Save(Path("own.json"), &error));
         const Outcome outcome = Replay({"apply", "own.json", "a.png", "-o", "out"});
         QCOMPARE(outcome.code, 0);
-        QCOMPARE(outcome.err, QString("[1/1] a.png\n"));
+        QCOMPARE(outcome.err, QString());
         const double slope = std::tan(M_PI / 4 * (1 + 40 / 128.0));
         auto line = [=](int level) {
             return std::uint8_t(qBound(0L, std::lround(127.5 + slope * (level - 127.5) + 30), 255L));
@@ -125,10 +134,10 @@ private Q_SLOTS:
         const Outcome outcome =
             Replay({"apply", brightnessRecipe, "cut.png", "a.png", "none.png", "kind.xyz", "b.png", "-o", "out"});
         QCOMPARE(outcome.code, 1);
-        for (const char* message : {"panel-replay: cut.png: the file is cut short",
-                                    "panel-replay: none.png: ", "panel-replay: kind.xyz: ", "[5/5] "})
+        for (const char* message : {"panel-replay: cut.png: the file is cut short", "panel-replay: none.png: ",
+                                    "panel-replay: kind.xyz: ", "2 written, 0 skipped, 3 failed"})
             QVERIFY2(outcome.err.contains(message), qPrintable(outcome.err));
-        QCOMPARE(m_pFolder->Files("out"), QStringList({"a.png", "b.png"}));
+        QCOMPARE(Results("out"), QStringList({"a.png", "b.png"}));
     }
 
     void NothingIsOverwrittenUnasked() {
@@ -172,12 +181,16 @@ private Q_SLOTS:
                   "'\x1b[31m\nred\xe2\x80\xae.png'\n"
                   "for name; do ln a.png \"$name\" || exit 9; done\n" PANEL_REPLAY " apply " SAMPLE_RECIPES
                   "/HBGammaCorrectionWidget.json -o 'o\xfc' \"$@\" || exit\n"
-                  "for name; do test -s 'o\xfc'/\"$name\" || exit 8; done\n"
+                  "for name; do test -s 'o\xfc'/\"$name\" || exit 8; done\n" PANEL_REPLAY " apply " SAMPLE_RECIPES
+                  "/HBGammaCorrectionWidget.json -o 'o\xfc' \"$@\" --json && exit 7\n"
                   "rm -r 'o\xfc' \"$@\"");
         QVERIFY2(outcome.code == 0, qPrintable(outcome.err));
-        for (const char* line : {"[1/5] \\xff.png\n", "[2/5] \\xe4ä\\xfe.png\n", "[3/5] \\xed\\xa0\\x80.png\n",
-                                 "[4/5] \xf0\x9f\x98\x80\\xf0.png\n", "[5/5] \\x1b[31m\\nred\\u202e.png\n"})
-            QVERIFY2(outcome.err.contains(line), qPrintable(outcome.err));
+        for (const char* name : {"\\xff.png", "\\xe4ä\\xfe.png", "\\xed\\xa0\\x80.png",
+                                 "\xf0\x9f\x98\x80\\xf0.png", "\\x1b[31m\\nred\\u202e.png"})
+            QVERIFY2(outcome.err.contains(QString("panel-replay: %1: o\\xfc/%1 is there").arg(name)),
+                     qPrintable(outcome.err));
+        // As Python's os.fsencode() wants it.
+        QVERIFY2(outcome.out.contains("\"output\":\"o\\udcfc/\\udce4ä\\udcfe.png\""), qPrintable(outcome.out));
     }
 
     /// A file over the limit on sizes fails by itself.
@@ -187,7 +200,7 @@ private Q_SLOTS:
                                       "/HBGammaCorrectionWidget.json a.png small.png -o out --format tif");
         QCOMPARE(outcome.code, 1);
         QVERIFY2(outcome.err.contains("a.tif: " + qt_error_string(EFBIG)), qPrintable(outcome.err));
-        QCOMPARE(m_pFolder->Files("out"), QStringList("small.tif"));
+        QCOMPARE(Results("out"), QStringList("small.tif"));
     }
 
     void EveryPanelHasItsDemonstration() {
@@ -205,7 +218,7 @@ private Q_SLOTS:
 
     /// Whole files or none, and an end that comes soon.
     void Interrupted() {
-        QStringList arguments = {"apply", brightnessRecipe, "-o", "out"};
+        QStringList arguments = {"apply", brightnessRecipe, "-o", "out", "--json"};
         QVERIFY(HBTestRamp(1200, 1200).ToQImage().save(Path("large.png")));
         for (int i = 0; i < 60; ++i) {
             arguments.append(QString("%1.png").arg(i));
@@ -213,17 +226,15 @@ private Q_SLOTS:
         }
         QProcess process;
         process.setWorkingDirectory(m_pFolder->path());
-        process.setReadChannel(QProcess::StandardError);
         process.start(PANEL_REPLAY, arguments);
-        QByteArray err;
-        while (!err.contains("[1/60]") && process.waitForReadyRead()) err += process.readAllStandardError();
-        QVERIFY2(err.contains("[1/60]"), err.constData());
+        QVERIFY(process.waitForReadyRead()); // the first photo's line
         ::kill(pid_t(process.processId()), SIGINT);
         QVERIFY(process.waitForFinished());
-        err += process.readAllStandardError();
-        QCOMPARE(process.exitCode(), 1);
+        const QByteArray err = process.readAllStandardError();
+        QCOMPARE(process.exitCode(), 130);
+        QVERIFY(process.readAllStandardOutput().contains("\"interrupted\":true"));
         QVERIFY2(err.contains("panel-replay: interrupted; "), err.constData());
-        const QStringList files = m_pFolder->Files("out");
+        const QStringList files = Results("out");
         QVERIFY(!files.isEmpty() && files.size() < 60);
         QVERIFY2(err.contains(QString("%1 of 60").arg(files.size()).toUtf8()), err.constData());
         for (const QString& file : files) {
@@ -259,7 +270,7 @@ private Q_SLOTS:
         process.start(PANEL_REPLAY, {"apply", recipe, "none.png", "large.png", "-o", "out", "--format", format,
                                      "--quality", "100"});
         QByteArray err;
-        while (!err.contains("[1/2]") && process.waitForReadyRead()) err += process.readAllStandardError();
+        while (!err.contains("none.png") && process.waitForReadyRead()) err += process.readAllStandardError();
         QTest::qWait(500); // the second photo would take many seconds
         QCOMPARE(process.state(), QProcess::Running);
         QElapsedTimer timer;
@@ -268,38 +279,10 @@ private Q_SLOTS:
         QVERIFY(process.waitForFinished());
         QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed()))); // alone: 0.1 s
         err += process.readAllStandardError();
-        QCOMPARE(process.exitCode(), 1);
+        QCOMPARE(process.exitCode(), 130);
         QVERIFY2(err.contains("interrupted; 0 of 2"), err.constData());
-        QCOMPARE(m_pFolder->Files("out"), QStringList());
+        QCOMPARE(Results("out"), QStringList());
     }
-
-private:
-    Outcome Replay(const QStringList& arguments) const { return Run(PANEL_REPLAY, arguments); }
-    Outcome Shell(const QByteArray& script) const {
-        return HBWriteBytes(Path("script"), script) ? Run("sh", {"script"}) : Outcome();
-    }
-
-    /// Without a display or a locale, as under cron.
-    Outcome Run(const QString& program, const QStringList& arguments) const {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* name :
-             {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANG", "LANGUAGE", "LC_ALL"})
-            environment.remove(name);
-        // A sanitizer's list of what it left out is no message of the program's.
-        environment.insert("LSAN_OPTIONS", environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_pFolder->path());
-        process.start(program, arguments);
-        process.waitForFinished();
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
-
-    QString Path(const QString& name) const { return m_pFolder->filePath(name); }
-
-    std::unique_ptr<HBTestFolder> m_pFolder;
 };
 
 HB_TEST_MAIN(tst_PanelReplay)

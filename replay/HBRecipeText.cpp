@@ -1,0 +1,281 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBRecipeText.h"
+
+#include <QColor>
+#include <QCoreApplication>
+#include <QFont>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
+
+QString UnitWord(HBUnit unit)
+{
+    switch (unit) {
+    case HBUnit::Levels:
+        return ' ' + Text::tr("levels");
+    case HBUnit::Copies:
+        return ' ' + Text::tr("copies");
+    case HBUnit::Thousandths:
+        return ' ' + Text::tr("thousandths of the shorter side");
+    case HBUnit::Percent:
+        return " %";
+    case HBUnit::Degrees:
+        return HBUnitSymbol(unit);
+    default:
+        return HBUnitSymbol(unit).isEmpty() ? QString() : ' ' + HBUnitSymbol(unit);
+    }
+}
+
+/// The name of a choice; null: none has that number.
+QString NameOf(const HBFieldInfo& field, int number)
+{
+    return number >= 0 && number < int(field.values.size()) ? field.values[std::size_t(number)] : QString();
+}
+
+QJsonValue JsonOf(const HBFieldInfo& field, const QVariant& value)
+{
+    if (field.type == HBFieldInfo::Choice) {
+        const QString name = NameOf(field, value.toInt());
+        return name.isNull() ? QJsonValue(value.toInt()) : QJsonValue(name);
+    }
+    if (field.type == HBFieldInfo::Number) { // as its form shows it; NaN has no place in JSON
+        const double number = value.toDouble();
+        return std::isfinite(number) ? QJsonValue(HBRounded(number, qMax(field.range.decimals, 4))) : QJsonValue();
+    }
+    switch (value.userType()) {
+    case QMetaType::QColor:
+        return value.value<QColor>().name(QColor::HexArgb);
+    case QMetaType::QFont:
+        return value.value<QFont>().toString();
+    default:
+        return QJsonValue::fromVariant(value);
+    }
+}
+
+QString NumberText(const HBFieldInfo& field, double value)
+{
+    const auto shown = [&](double number) {
+        return QString::number(number, 'g', 10) + UnitWord(field.range.unit);
+    };
+    const double counts = HBClampTo(field.range, value, value);
+    return counts == value || std::isnan(value) ? shown(value)
+                                                : Text::tr("%1 (counts as %2)").arg(shown(value), shown(counts));
+}
+
+QString ValueText(const HBFieldInfo& field, const QVariant& value)
+{
+    if (field.type == HBFieldInfo::Number)
+        return NumberText(field, value.userType() == QMetaType::Float ? HBRounded(value.toDouble(), 6)
+                                                                      : value.toDouble());
+    const QJsonValue json = JsonOf(field, value);
+    if (field.type == HBFieldInfo::Choice)
+        return json.isString() ? HBWordsOf(json.toString()) : QString::number(value.toInt());
+    if (json.isBool())
+        return json.toBool() ? Text::tr("yes") : Text::tr("no");
+    if (value.userType() == QMetaType::QString)
+        return '"' + json.toString() + '"';
+    if (value.userType() == QMetaType::QFont)
+        return value.value<QFont>().family();
+    if (json.isString())
+        return json.toString();
+    const QJsonDocument document =
+        json.isObject() ? QJsonDocument(json.toObject()) : QJsonDocument(json.toArray());
+    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+}
+
+HBStepText Describe(const HBRecipeStep& step)
+{
+    HBStepText text{HBFindAdjustment(step.panel), {}, {}};
+    std::any record;
+    QString reason;
+    if (!text.adjustment || !text.adjustment->restore(step.values, &record, &reason))
+        qFatal("the step was read before");
+    const void* data = text.adjustment->data(record);
+    for (const HBFieldInfo& field : text.adjustment->fields) {
+        const QVariant value = field.get(data);
+        text.json.insert(field.key, JsonOf(field, value));
+        text.values.append(HBWordsOf(field.key) + ": " + ValueText(field, value));
+    }
+    return text;
+}
+
+QString Head(const HBStepText& step, int index)
+{
+    return QString("%1. %2").arg(index + 1).arg(step.adjustment->Title());
+}
+
+/// How many steps from each pair on go to the same panels, in order.
+std::vector<std::vector<int>> CommonTails(const QVector<HBStepText>& a, const QVector<HBStepText>& b)
+{
+    std::vector<std::vector<int>> tails(std::size_t(a.size()) + 1, std::vector<int>(std::size_t(b.size()) + 1, 0));
+    for (int i = a.size() - 1; i >= 0; --i) {
+        for (int j = b.size() - 1; j >= 0; --j) {
+            auto& row = tails[std::size_t(i)];
+            const auto& next = tails[std::size_t(i) + 1];
+            row[std::size_t(j)] = a[i].adjustment == b[j].adjustment
+                                      ? next[std::size_t(j) + 1] + 1
+                                      : std::max(next[std::size_t(j)], row[std::size_t(j) + 1]);
+        }
+    }
+    return tails;
+}
+
+void AppendStep(const char* mark, const HBStepText& step, int index, QStringList* lines)
+{
+    lines->append(mark + Head(step, index));
+    for (const QString& value : step.values)
+        lines->append(QString(mark) + "   " + value);
+}
+
+void AppendChanges(const HBStepText& a, const HBStepText& b, int index, QStringList* lines)
+{
+    if (a.json == b.json)
+        return;
+    lines->append(' ' + Head(a, index));
+    for (int i = 0; i < a.values.size(); ++i) {
+        const QString& key = a.adjustment->fields[std::size_t(i)].key;
+        if (a.json.value(key) == b.json.value(key))
+            continue;
+        lines->append("-   " + a.values[i]);
+        lines->append("+   " + b.values[i]);
+    }
+}
+
+// ---- Schema ----
+
+QJsonObject FieldSchema(const HBFieldInfo& field, const QVariant& example)
+{
+    const QString described = HBWordsOf(field.key);
+    if (field.type == HBFieldInfo::Number) {
+        const bool whole = example.type() == QVariant::Int || example.type() == QVariant::UInt;
+        return {{"type", whole ? "integer" : "number"},
+                {"minimum", field.range.minimum},
+                {"maximum", field.range.maximum},
+                {"default", JsonOf(field, example)},
+                {"description", described + UnitWord(field.range.unit)}};
+    }
+    if (field.type == HBFieldInfo::Choice) {
+        QJsonArray names;
+        for (const QString& name : field.values) {
+            if (!name.isNull())
+                names.append(name);
+        }
+        return {{"enum", names}, {"default", JsonOf(field, example)}, {"description", described}};
+    }
+    const QJsonValue json = JsonOf(field, example);
+    const char* type = json.isBool()     ? "boolean"
+                       : json.isObject() ? "object"
+                       : json.isArray()  ? "array"
+                       : json.isDouble() ? "number"
+                                         : "string";
+    return {{"type", type}, {"description", described}};
+}
+
+QJsonObject ValuesSchema(const HBAdjustment& adjustment)
+{
+    QJsonObject properties;
+    QJsonArray keys;
+    for (const HBFieldInfo& field : adjustment.fields) {
+        properties.insert(field.key, FieldSchema(field, field.get(adjustment.data(adjustment.defaults))));
+        keys.append(field.key);
+    }
+    return {{"title", adjustment.Title()}, {"type", "object"}, {"properties", properties}, {"required", keys}};
+}
+
+QJsonObject StepSchema(const HBAdjustment& adjustment)
+{
+    const QString reference = QString("#/$defs/") + adjustment.className;
+    QJsonObject properties{{"panel", QJsonObject{{"const", adjustment.className}}}};
+    if (adjustment.tag) {
+        properties.insert("record", QJsonObject{{"type", "string"},
+                                                {"contentEncoding", "base64"},
+                                                {"pattern", "^[A-Za-z0-9+/]+={0,2}$"},
+                                                {"$comment", "holds the values of " + reference}});
+    } else {
+        properties.insert("values", QJsonObject{{"$ref", reference}});
+    }
+    return {{"title", adjustment.Title()},
+            {"type", "object"},
+            {"properties", properties},
+            {"required", QJsonArray{"panel", adjustment.tag ? "record" : "values"}}};
+}
+
+} // namespace
+
+QString HBWordsOf(const QString& key)
+{
+    QString words;
+    for (const QChar character : key) {
+        if (character == '.')
+            words += ' ';
+        else if (character.isUpper())
+            words += QString(' ') + character.toLower();
+        else
+            words += character;
+    }
+    return words;
+}
+
+QVector<HBStepText> HBDescribeRecipe(const HBRecipe& recipe)
+{
+    QVector<HBStepText> texts;
+    for (const HBRecipeStep& step : recipe.steps)
+        texts.append(Describe(step));
+    return texts;
+}
+
+QStringList HBDiffRecipes(const HBRecipe& first, const HBRecipe& second)
+{
+    const QVector<HBStepText> a = HBDescribeRecipe(first);
+    const QVector<HBStepText> b = HBDescribeRecipe(second);
+    const std::vector<std::vector<int>> tails = CommonTails(a, b);
+    QStringList lines;
+    int i = 0;
+    int j = 0;
+    while (i < a.size() || j < b.size()) {
+        if (i < a.size() && j < b.size() && a[i].adjustment == b[j].adjustment) {
+            AppendChanges(a[i], b[j], i, &lines);
+            ++i;
+            ++j;
+        } else if (j == b.size() || (i < a.size() && tails[std::size_t(i) + 1][std::size_t(j)] >=
+                                                         tails[std::size_t(i)][std::size_t(j) + 1])) {
+            AppendStep("-", a[i], i, &lines);
+            ++i;
+        } else {
+            AppendStep("+", b[j], j, &lines);
+            ++j;
+        }
+    }
+    return lines;
+}
+
+QJsonObject HBRecipeSchema()
+{
+    QJsonObject definitions;
+    QJsonArray steps;
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        definitions.insert(adjustment.className, ValuesSchema(adjustment));
+        steps.append(StepSchema(adjustment));
+    }
+    const QJsonObject list{
+        {"type", "array"}, {"minItems", 1}, {"maxItems", 1000}, {"items", QJsonObject{{"oneOf", steps}}}};
+    return {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
+            {"title", "adjustment-recipe"},
+            {"type", "object"},
+            {"properties", QJsonObject{{"format", QJsonObject{{"const", "adjustment-recipe"}}},
+                                       {"version", QJsonObject{{"const", 1}}},
+                                       {"steps", list}}},
+            {"required", QJsonArray{"format", "version", "steps"}},
+            {"$defs", definitions}};
+}

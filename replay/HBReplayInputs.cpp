@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBReplayInputs.h"
+
+#include <KMImageFileManager.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdio>
+#include <fnmatch.h>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
+
+bool MatchesOne(const QStringList& patterns, const QString& name)
+{
+    const QByteArray path = QFile::encodeName(name);
+    const QByteArray file = path.mid(path.lastIndexOf('/') + 1);
+    return std::any_of(patterns.begin(), patterns.end(), [&](const QString& pattern) {
+        const QByteArray& subject = pattern.contains('/') ? path : file;
+        return fnmatch(QFile::encodeName(pattern).constData(), subject.constData(), FNM_CASEFOLD) == 0;
+    });
+}
+
+bool LiesWithin(const QString& path, const QString& folder)
+{
+    return path == folder || path.startsWith(folder.endsWith('/') ? folder : folder + '/');
+}
+
+/// Collects one choice.
+class Search
+{
+public:
+    Search(const HBInputChoice& choice, QVector<HBReplayInput>* inputs)
+        : m_Choice(choice)
+        , m_Base(Absolute(choice.base))
+        , m_pInputs(inputs)
+    {
+        if (!choice.results.isEmpty())
+            m_Results = QFileInfo(choice.results).canonicalFilePath(); // empty if it is still to be made
+    }
+
+    /// \param keepsFolders of a file's relative path
+    bool Add(const QString& path, bool keepsFolders, QString* problem)
+    {
+        if (QFileInfo(path).isDir())
+            return AddFolder(path, problem);
+        const QString clean = QDir::cleanPath(path);
+        const bool below = !QDir::isAbsolutePath(clean) && clean != ".." && !clean.startsWith("../");
+        return AddFile(path, keepsFolders && below ? clean : QFileInfo(path).fileName(), problem);
+    }
+
+private:
+    static QString Absolute(const QString& path)
+    {
+        return path.isEmpty() ? path : QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    }
+
+    bool AddFile(const QString& path, QString name, QString* problem)
+    {
+        if (!m_Base.isEmpty()) {
+            name = QDir(m_Base).relativeFilePath(Absolute(path));
+            if (name.startsWith("../") || QDir::isAbsolutePath(name)) {
+                *problem = Text::tr("%1 does not lie in the folder of --base").arg(path);
+                return false;
+            }
+        }
+        if ((m_Choice.include.isEmpty() || MatchesOne(m_Choice.include, name)) &&
+            !MatchesOne(m_Choice.exclude, name))
+            m_pInputs->append({path, name});
+        return true;
+    }
+
+    bool AddFolder(const QString& folder, QString* problem)
+    {
+        // A folder that holds the photos and takes the results, too, is adjusted in place.
+        const QString canonical = QFileInfo(folder).canonicalFilePath();
+        const bool skipsResults = !m_Results.isEmpty() && !LiesWithin(canonical, m_Results);
+        QStringList names;
+        QStringList folders{QString()};
+        while (!folders.isEmpty()) { // a stack of our own: an iterator would enter the results
+            const QString inner = folders.takeLast();
+            QDirIterator files(folder + '/' + inner, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+            while (files.hasNext()) {
+                files.next();
+                const QFileInfo info = files.fileInfo();
+                const QString name = inner + info.fileName();
+                if (!info.isDir()) {
+                    if (m_Suffixes.contains(info.suffix().toLower()))
+                        names.append(name);
+                } else if (m_Choice.recursive && !info.isSymLink() &&
+                           !(skipsResults && LiesWithin(info.canonicalFilePath(), m_Results))) {
+                    folders.append(name + '/');
+                }
+            }
+        }
+        std::sort(names.begin(), names.end());
+        const QString prefix = folder == "." ? QString() : folder.endsWith('/') ? folder : folder + '/';
+        return std::all_of(names.begin(), names.end(),
+                           [&](const QString& name) { return AddFile(prefix + name, name, problem); });
+    }
+
+    const HBInputChoice& m_Choice;
+    const QString m_Base;
+    const QStringList m_Suffixes = KMImageFileManager::SuffixesForRead();
+    QString m_Results;
+    QVector<HBReplayInput>* m_pInputs;
+};
+
+} // namespace
+
+bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QString* problem)
+{
+    QFile file(path);
+    const bool isOpen = path == "-" ? file.open(stdin, QIODevice::ReadOnly)
+                                    : !QFileInfo(path).isDir() && file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+    if (!isOpen || file.error() != QFile::NoError) {
+        *problem = Text::tr("%1: the list of files cannot be read").arg(path);
+        return false;
+    }
+    for (const QByteArray& name : bytes.split(endsWithNul ? '\0' : '\n')) {
+        if (!name.isEmpty())
+            names->append(QFile::decodeName(name));
+    }
+    return true;
+}
+
+bool HBFindInputs(const HBInputChoice& choice, QVector<HBReplayInput>* inputs, QString* problem)
+{
+    Search search(choice, inputs);
+    for (const QString& path : choice.paths) {
+        if (!search.Add(path, false, problem))
+            return false;
+    }
+    QStringList listed;
+    if (!choice.listFile.isEmpty() && !HBReadList(choice.listFile, choice.endsWithNul, &listed, problem))
+        return false;
+    return std::all_of(listed.begin(), listed.end(),
+                       [&](const QString& path) { return search.Add(path, true, problem); });
+}

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBReplayJournal.h"
+
+#include "HBJsonLine.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
+
+constexpr char Prefix[] = ".panel-replay";
+constexpr char Suffix[] = ".journal";
+
+QString Absolute(const QString& path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+QByteArray HashOfFile(const QString& path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
+}
+
+bool WriteAll(int file, const QByteArray& bytes)
+{
+    for (int done = 0; done < bytes.size();) {
+        const ssize_t written = ::write(file, bytes.constData() + done, std::size_t(bytes.size() - done));
+        if (written < 0 && errno != EINTR)
+            return false;
+        done += int(qMax(ssize_t(0), written));
+    }
+    return true;
+}
+
+} // namespace
+
+HBFileState HBStateOf(const QString& path)
+{
+    struct stat state = {};
+    if (::stat(QFile::encodeName(path).constData(), &state) != 0)
+        return {};
+    return {true, state.st_dev, state.st_ino, state.st_size,
+            qint64(state.st_mtim.tv_sec) * 1000000000 + state.st_mtim.tv_nsec};
+}
+
+QByteArray HBHashOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
+HBReplayJournal::HBReplayJournal(const QString& folder, const HBShard& shard, const QByteArray& job,
+                                 bool continues)
+    : m_Folder(Absolute(folder))
+    , m_Path(QDir(folder).filePath(
+          Prefix + (shard.count > 1 ? QString(".%1-of-%2").arg(shard.index).arg(shard.count) : QString()) +
+          Suffix))
+    , m_Job(job)
+    , m_Continues(continues)
+{
+}
+
+HBReplayJournal::~HBReplayJournal()
+{
+    if (m_File >= 0)
+        ::close(m_File);
+}
+
+bool HBReplayJournal::Read(QString* problem)
+{
+    const QStringList names =
+        QDir(m_Folder).entryList({Prefix + QString("*") + Suffix}, QDir::Files | QDir::Hidden);
+    for (const QString& name : names) {
+        QFile file(QDir(m_Folder).filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) {
+            *problem = file.fileName() + ": " + file.errorString();
+            return false;
+        }
+        while (!file.atEnd()) {
+            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+            if (line.value("job").toString().toLatin1() != m_Job)
+                continue;
+            m_Lines.insert(line.value("input").toString(),
+                           {qint64(line.value("size").toDouble()), line.value("modified").toString().toLongLong(),
+                            line.value("output").toString(), qint64(line.value("bytes").toDouble()),
+                            line.value("result").toString().toLatin1()});
+        }
+    }
+    return true;
+}
+
+bool HBReplayJournal::IsDone(const QString& input, QString* output) const
+{
+    const auto line = m_Lines.constFind(Absolute(input));
+    if (line == m_Lines.constEnd())
+        return false;
+    const QString path = QDir(m_Folder).filePath(line->output);
+    const HBFileState result = HBStateOf(path);
+    const HBFileState photo = HBStateOf(input);
+    const bool isUnchanged = photo.size == line->size && photo.modified == line->modified;
+    if (!result.exists || result.size != line->bytes || result.IsSameFile(photo) == isUnchanged)
+        return false; // in place, a photo that is unchanged has not got its result
+    if (!line->hash.isEmpty() && HashOfFile(path) != line->hash)
+        return false;
+    *output = path;
+    return true;
+}
+
+bool HBReplayJournal::Open(QString* reason)
+{
+    if (m_File < 0) {
+        const int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | (m_Continues ? 0 : O_TRUNC);
+        m_File = ::open(QFile::encodeName(m_Path).constData(), flags, 0666);
+        char last = '\n';
+        const off_t end = m_File < 0 ? 0 : ::lseek(m_File, 0, SEEK_END);
+        // A torn last line must not spoil the next one.
+        if (end > 0 && ::pread(m_File, &last, 1, end - 1) == 1 && last != '\n')
+            WriteAll(m_File, "\n");
+    }
+    if (m_File < 0)
+        *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+    return m_File >= 0;
+}
+
+bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const QString& output, bool isNew,
+                           const QByteArray& result, QString* reason)
+{
+    QJsonObject object{{"job", QString::fromLatin1(m_Job)},
+                       {"input", Absolute(input)},
+                       {"size", state.size},
+                       {"modified", QString::number(state.modified)},
+                       {"output", QDir(m_Folder).relativeFilePath(Absolute(output))},
+                       {"bytes", result.size()}};
+    if (!isNew)
+        object.insert("result", QString::fromLatin1(HBHashOf(result)));
+    const QByteArray line = HBJsonLine(object);
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        if (!Open(reason))
+            return false;
+        if (!WriteAll(m_File, line)) {
+            *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+            return false;
+        }
+    }
+    if (::fdatasync(m_File) != 0 && errno != EINVAL) { // a pipe or the like has no disk
+        *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+        return false;
+    }
+    return true;
+}
+
+void HBReplayJournal::Remove()
+{
+    if (m_File >= 0)
+        ::unlink(QFile::encodeName(m_Path).constData());
+}

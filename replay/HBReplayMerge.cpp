@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBReplayMerge.h"
+
+#include "HBJsonLine.h"
+#include "HBReplayExit.h"
+#include "HBReplayInputs.h"
+#include "HBReplayLog.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QMap>
+#include <QSet>
+
+#include <cstdio>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
+
+class Merge
+{
+public:
+    bool Read(const QString& path, QString* problem)
+    {
+        QFile file(path);
+        const bool isOpen = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+        if (!isOpen) {
+            *problem = path + ": " + file.errorString();
+            return false;
+        }
+        bool isWhole = false;
+        bool isReport = false;
+        while (!file.atEnd()) {
+            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object(); // empty if it is torn
+            const QString type = line.value("type").toString();
+            isWhole = type == "summary" && !line.value("interrupted").toBool();
+            isReport |= type == "summary" || type == "file";
+            if (type == "file")
+                AddFile(line);
+            else if (type == "summary")
+                AddSummary(line);
+        }
+        if (!isReport && file.size() > 0) {
+            *problem = Text::tr("%1: this is not a report").arg(path);
+            return false;
+        }
+        if (!isWhole)
+            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+        return true;
+    }
+
+    void Expect(const QStringList& paths)
+    {
+        for (const QString& path : paths)
+            m_Expected.insert(QDir::cleanPath(path));
+    }
+
+    int Print()
+    {
+        if (m_Recipes.size() > 1)
+            HBPrintError(Text::tr("the reports are of different recipes"));
+        QJsonArray failed;
+        QJsonArray twice;
+        int done = 0;
+        bool differ = m_Recipes.size() > 1;
+        for (auto entry = m_Files.begin(); entry != m_Files.end(); ++entry) {
+            std::fputs(HBJsonLine(entry->line).constData(), stdout);
+            m_Expected.remove(entry.key());
+            if (entry->isDone)
+                ++done;
+            else
+                Tell(entry.key(), entry->line.value("error").toString(), &failed);
+            if (entry->times > 1)
+                Tell(entry.key(),
+                     entry->differs ? Text::tr("done twice, and not the same") : Text::tr("done twice"), &twice);
+            differ |= entry->differs;
+        }
+        QJsonArray missing;
+        QStringList expected = m_Expected.values();
+        expected.sort();
+        for (const QString& path : expected)
+            Tell(path, Text::tr("missing: no report names it"), &missing);
+        const int unnamed = missing.isEmpty() ? qMax(0, m_Inputs - m_Files.size()) : 0;
+        if (unnamed > 0)
+            HBPrintError(Text::tr("%1 of %2 photos are in no report; name them with --files-from")
+                             .arg(unnamed)
+                             .arg(m_Inputs));
+        const QJsonArray shards = MissingShards();
+        std::fputs(HBJsonLine({{"type", "summary"},
+                               {"done", done},
+                               {"failed", failed.size()},
+                               {"missing", missing},
+                               {"missingUnnamed", unnamed},
+                               {"missingShards", shards},
+                               {"twice", twice},
+                               {"differ", differ}})
+                       .constData(),
+                   stdout);
+        const bool whole = failed.isEmpty() && missing.isEmpty() && unnamed == 0 && shards.isEmpty() && !differ;
+        return whole ? HBAllDone : HBFileFailed;
+    }
+
+private:
+    struct Entry
+    {
+        QJsonObject line;
+        bool isDone = false;
+        int times = 0; ///< that it was done
+        bool differs = false;
+    };
+
+    void AddFile(const QJsonObject& line)
+    {
+        Entry& entry = m_Files[QDir::cleanPath(line.value("input").toString())];
+        const QString status = line.value("status").toString();
+        m_Recipes.insert(line.value("recipe").toString());
+        if (status == "done") {
+            if (entry.times++ > 0 && entry.line.value("result") != line.value("result"))
+                entry.differs = true;
+            entry.line = line;
+            entry.isDone = true;
+        } else if (!entry.isDone) {
+            entry.isDone = status == "skipped"; // its result is there, from a run whose report may be lost
+            entry.line = line;
+        }
+    }
+
+    void AddSummary(const QJsonObject& line)
+    {
+        m_Inputs = qMax(m_Inputs, line.value("inputs").toInt());
+        const QStringList shard = line.value("shard").toString().split('/');
+        if (shard.size() == 2 && !line.value("interrupted").toBool())
+            m_Shards[shard[1].toInt()].insert(shard[0].toInt());
+    }
+
+    QJsonArray MissingShards() const
+    {
+        QJsonArray missing;
+        for (auto shards = m_Shards.begin(); shards != m_Shards.end(); ++shards) {
+            for (int index = 1; index <= shards.key(); ++index) {
+                if (shards->contains(index))
+                    continue;
+                const QString name = QString("%1/%2").arg(index).arg(shards.key());
+                HBPrintError(Text::tr("share %1 is missing or did not come to its end").arg(name));
+                missing.append(name);
+            }
+        }
+        return missing;
+    }
+
+    static void Tell(const QString& path, const QString& what, QJsonArray* names)
+    {
+        HBPrintError(what.startsWith(path) ? what : path + ": " + what);
+        names->append(path);
+    }
+
+    QMap<QString, Entry> m_Files;
+    QSet<QString> m_Expected;
+    QSet<QString> m_Recipes;
+    QMap<int, QSet<int>> m_Shards; ///< by their count, those that came to their end
+    int m_Inputs = 0;
+};
+
+} // namespace
+
+int HBMergeReports(const HBReplayOptions& options)
+{
+    Merge merge;
+    QString problem;
+    QStringList expected;
+    bool isRead = options.Value("files-from").isEmpty() ||
+                  HBReadList(options.Value("files-from"), options.IsSet("null"), &expected, &problem);
+    for (const QString& path : options.Arguments())
+        isRead = isRead && merge.Read(path, &problem);
+    if (!isRead) {
+        HBPrintError(problem);
+        return HBBadUsage;
+    }
+    merge.Expect(expected);
+    return merge.Print();
+}
