@@ -5,6 +5,7 @@
 #include "HBInterrupt.h"
 #include "HBReplayJournal.h"
 
+#include <HBParallel.h>
 #include <KMTileManager64.h>
 
 #include <QCoreApplication>
@@ -123,7 +124,7 @@ void HBReplayPipeline::Start()
 void HBReplayPipeline::StartThread(const std::shared_ptr<Work>& work)
 {
     work->since.start();
-    m_Pool.start(QRunnable::create([this, work] {
+    const auto run = [this, work] {
         const HBReplayResult result = Do(*work);
         const std::lock_guard<std::mutex> lock(m_Mutex);
         --m_Running;
@@ -134,7 +135,10 @@ void HBReplayPipeline::StartThread(const std::shared_ptr<Work>& work)
             m_HasFailure |= result.status == HBReplayResult::Failed;
         }
         m_Changed.notify_all();
-    }));
+    };
+    // Where the system starts no more threads, this one does the work.
+    if (!HBTryStart(m_Pool, [&] { m_Pool.start(QRunnable::create(run)); }))
+        run();
 }
 
 /// What needs no thread to be told, because nothing is to be done.

@@ -73,53 +73,6 @@ private Q_SLOTS:
             QVERIFY(HBShowsItsValue(f.Find<QSlider>(slider)));
     }
 
-    /// Another range is shown; the picture stays as it is.
-    void ranges() {
-        const QStringList calls = {"AboutUserParamsChanged()", "ValueChanged()"};
-        Fixture f;
-        f.panel.SetImage(HBTestRamp(5, 5), {}, {}, {});
-        QVERIFY(f.Finish());
-        f.panel.SetValue(Sample(2));
-        f.recorder.Take();
-        const struct {
-            QRadioButton* radio;
-            int range;
-            Values spins;
-        } moves[] = {{f.shadows, 1, {10, -1, 70}}, {f.highlights, 3, {30, -3, 90}}, {f.midtones, 2, {20, -2, 80}}};
-        for (const auto& move : moves) {
-            Values seen;
-            f.recorder.Once("ValueChanged()", [&] { seen = f.Spins() + Values{f.panel.GetValue().toneRange}; });
-            move.radio->click();
-            QCOMPARE(seen, move.spins + Values{move.range});
-            QCOMPARE(f.Range(), move.range);
-            QCOMPARE(f.redSlider->value(), move.spins[0]);
-            QCOMPARE(f.recorder.Take(), calls);
-            QCOMPARE(f.Record(), ValuesOf(Sample(move.range)));
-            move.radio->click(); // again
-            QCOMPARE(f.recorder.Take(), QStringList());
-        }
-        QVERIFY(HBIsIdle(f.panel));
-        f.red->setValue(1); // connected again, once
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
-    }
-
-    /// Wired, stored and never shown, on purpose.
-    void luminosity() {
-        for (const bool dialog : {true, false}) {
-            Fixture f(dialog);
-            const HBShowsWindows quiet;
-            f.panel.show();
-            QVERIFY(f.shadows->isVisible());
-            f.panel.SetValue(Sample(3));
-            QVERIFY(!f.luminosity->isVisible());
-            QVERIFY(!f.luminosity->isChecked());
-            f.recorder.Take();
-            f.luminosity->setChecked(true);
-            QVERIFY(f.panel.GetValue().preserveLuminosity);
-            QCOMPARE(f.recorder.Take(), HBClosingCalls());
-        }
-    }
-
     void setValue() {
         const struct {
             int toneRange, shown;

@@ -221,24 +221,16 @@ private Q_SLOTS:
         QCOMPARE(f.Points(), Bent);
     }
 
+    /// A handle takes its end of the curve along, and selects it until it is released.
     void slider() {
         Fixture f;
         f.Set({{0, 30}, {100, 120}, {255, 200}});
-        f.slider->SetValue(0, 20);
-        QCOMPARE(f.Points(), HBPoints({{20, 30}, {100, 120}, {255, 200}})); // the output stays
-        QCOMPARE(f.Edits(), QString("20 30"));
-        QCOMPARE(f.Selected(), HBPoints({{20, 30}}));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
-        f.slider->SetValue(0, 250);
-        QCOMPARE(f.Points().first(), QPoint(96, 30)); // no nearer to its neighbour
-        f.slider->SetValue(1, 0);
-        QCOMPARE(f.Points().last(), QPoint(104, 200));
-        QCOMPARE(f.Edits(), QString("104 200"));
-        QCOMPARE(f.Selected(), HBPoints({{104, 200}}));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-        QVERIFY(f.NodesFit());
+        f.slider->SetValue(0, 250); // no nearer to its neighbour; the output stays
+        QCOMPARE(f.Points().first(), QPoint(96, 30));
+        QCOMPARE(f.Edits(), QString("96 30"));
+        QCOMPARE(f.Selected(), HBPoints({{96, 30}}));
         Q_EMIT f.slider->ValueChanged(2, 50);
-        QCOMPARE(f.recorder.Take(), QStringList());
+        QCOMPARE(f.recorder.Take(), HBClosingCalls());
         Q_EMIT f.slider->NodeReleased();
         QCOMPARE(f.Selected(), HBPoints());
     }

@@ -39,22 +39,6 @@ class tst_HBWatermarkWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void modes() { HBVerifyModes<Panel>(); }
-    void texts() {
-        Fixture f;
-        f.text->selectAll();
-        QTest::keyClicks(f.text, "abc");
-        QCOMPARE(f.Value().text, QString("abc"));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(3)); // at each key
-        for (const QString& text : {QString(40000, 'x'), QString("two\nlines"), QString(), QString("")}) {
-            HBWatermarkWidget::Params params;
-            params.text = text;
-            f.panel.SetValue(params);
-            QCOMPARE(f.Value().text, text); // the line may show less
-            QCOMPARE(f.Value().text.isNull(), text.isNull());
-            QCOMPARE(f.recorder.Take(), QStringList());
-        }
-    }
-
     /// No preview; an accepted dialog is always told, a cancelled one never.
     void colors() {
         const QColor hsv = QColor::fromHsv(120, 255, 255);

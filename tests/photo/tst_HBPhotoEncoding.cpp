@@ -156,42 +156,28 @@ private Q_SLOTS:
         }
     }
 
-    void losses_data() {
-        HBColumns<QByteArray, QString, QString>("file", "name",
-                                                "loss"); // name: its suffix is the format, unless ...
+    void losses() {
         const QByteArray jpeg = ByQt("jpeg", 75), png = ByQt("png", -1), tiff = ByQt("tiff", -1),
                          webp = ByQt("webp", 75);
-        QTest::newRow("png") << png << "a.png"
-                             << "";
-        QTest::newRow("tiff") << tiff << "a.TIF"
-                              << "";
-        QTest::newRow("webp") << webp << "a.webp"
-                              << "";
-        QTest::newRow("deep png") << ByQt("png", -1, QImage::Format_RGBA64) << "a.png"
-                                  << "16 bits";
-        QTest::newRow("deep tiff") << WithTiffField(tiff, 258, 16) << "a.tiff"
-                                   << "16 bits";
-        QTest::newRow("pages") << WithTwoPages(tiff) << "a.tif"
-                               << "pages (1)";
-        QTest::newRow("print") << WithTiffField(tiff, 262, 5) << "a.tif"
-                               << "CMYK";
-        QTest::newRow("animated png") << WithChunk(png, 33, QByteArray("\0\0\0\0acTL\0\0\0\0", 12)) << "a.png"
-                                      << "animation";
-        QTest::newRow("animated webp") << WithChunk(webp, 12, QByteArray("ANIM\0\0\0\0", 8)) << "a.webp"
-                                       << "animation";
-        QTest::newRow("video behind it") << jpeg + QByteArray(5000, 'x') << "a.jpg"
-                                         << "appended";
-        QTest::newRow("another name") << jpeg << "a.png"
-                                      << "format, which is JPEG";
-    }
-    void losses() {
-        QFETCH(QByteArray, file);
-        QFETCH(QString, name);
-        QFETCH(QString, loss);
-        const QByteArray format = file.startsWith("\xff\xd8") ? "jpeg" : HBFormatOfName(name);
-        const QStringList losses = HBLossesOfSave(HBReadEncoding(file, format), name);
-        QVERIFY2(losses.size() == (loss.isEmpty() ? 0 : 1) && losses.value(0).contains(loss),
-                 qPrintable(losses.join(';')));
+        const struct {
+            QByteArray file;
+            const char *name, *loss; ///< the name's suffix is the format, unless it is a JPEG
+        } rows[] = {{png, "a.png", ""},
+                    {tiff, "a.TIF", ""},
+                    {webp, "a.webp", ""},
+                    {ByQt("png", -1, QImage::Format_RGBA64), "a.png", "16 bits"},
+                    {WithTiffField(tiff, 258, 16), "a.tiff", "16 bits"},
+                    {WithTwoPages(tiff), "a.tif", "pages (1)"},
+                    {WithTiffField(tiff, 262, 5), "a.tif", "CMYK"},
+                    {WithChunk(png, 33, QByteArray("\0\0\0\0acTL\0\0\0\0", 12)), "a.png", "animation"},
+                    {WithChunk(webp, 12, QByteArray("ANIM\0\0\0\0", 8)), "a.webp", "animation"},
+                    {jpeg + QByteArray(5000, 'x'), "a.jpg", "appended"},
+                    {jpeg, "a.png", "format, which is JPEG"}};
+        for (const auto& row : rows) {
+            const QByteArray format = row.file.startsWith("\xff\xd8") ? "jpeg" : HBFormatOfName(row.name);
+            const QStringList losses = HBLossesOfSave(HBReadEncoding(row.file, format), row.name);
+            QVERIFY2(losses.size() == (*row.loss ? 1 : 0) && losses.value(0).contains(row.loss), row.loss);
+        }
     }
 
     /// Numbers that lead nowhere.
