@@ -31,8 +31,8 @@ QJsonValue Marked(const QJsonValue& value)
         return Marked(value.toString());
     if (value.isArray()) {
         QJsonArray array;
-        for (const QJsonValue& entry : value.toArray())
-            array.append(Marked(entry));
+        for (const auto& entry : value.toArray())
+            array.append(Marked(QJsonValue(entry)));
         return array;
     }
     if (value.isObject()) {

@@ -204,7 +204,10 @@ int Run(Request& request, const QVector<HBReplayInput>& inputs)
     if (request.dryRun || isRefused) {
         TellPlan(tasks, !request.dryRun, &report);
     } else if (!HBIsInterrupted()) {
-        request.work.journal = writes ? &journal : nullptr;
+        if (writes) {
+            journal.Begin();
+            request.work.journal = &journal;
+        }
         Work(tasks, request, &report);
     }
     report.Summary(tasks.size(), HBIsInterrupted());

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QSet>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -126,8 +127,7 @@ bool HBReplayJournal::IsDone(const QString& input, QString* output) const
 bool HBReplayJournal::Open(QString* reason)
 {
     if (m_File < 0) {
-        const int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | (m_Continues ? 0 : O_TRUNC);
-        m_File = ::open(QFile::encodeName(m_Path).constData(), flags, 0666);
+        m_File = ::open(QFile::encodeName(m_Path).constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
         char last = '\n';
         const off_t end = m_File < 0 ? 0 : ::lseek(m_File, 0, SEEK_END);
         // A torn last line must not spoil the next one.
@@ -155,6 +155,7 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
         const std::lock_guard<std::mutex> lock(m_Mutex);
         if (!Open(reason))
             return false;
+        m_HasReplaced |= !isNew;
         if (!WriteAll(m_File, line)) {
             *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
             return false;
@@ -167,8 +168,39 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     return true;
 }
 
+/// A file is replaced by renaming one that is called as it, a dot and six letters. That may be anybody's, too: what goes is
+/// only what has the very bytes of the result.
+void HBReplayJournal::RemoveLeftovers() const
+{
+    constexpr int added = 7;
+    QHash<QString, const Line*> replaced;
+    QSet<QString> folders;
+    for (const Line& line : m_Lines) {
+        if (line.hash.isEmpty())
+            continue;
+        const QString path = QDir::cleanPath(QDir(m_Folder).filePath(line.output));
+        replaced.insert(path, &line);
+        folders.insert(QFileInfo(path).path());
+    }
+    for (const QString& folder : qAsConst(folders)) {
+        for (const QFileInfo& info : QDir(folder).entryInfoList({"*.??????"}, QDir::Files | QDir::Hidden)) {
+            const Line* line = replaced.value(info.filePath().chopped(added));
+            if (line && info.size() == line->bytes && HashOfFile(info.filePath()) == line->hash)
+                QFile::remove(info.filePath());
+        }
+    }
+}
+
+void HBReplayJournal::Begin()
+{
+    if (m_Continues)
+        RemoveLeftovers();
+    else
+        QFile::resize(m_Path, 0); // false if there is none
+}
+
 void HBReplayJournal::Remove()
 {
-    if (m_File >= 0)
+    if (m_File >= 0 && !m_HasReplaced)
         ::unlink(QFile::encodeName(m_Path).constData());
 }

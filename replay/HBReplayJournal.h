@@ -55,7 +55,11 @@ public:
     bool Note(const QString& input, const HBFileState& state, const QString& output, bool isNew,
               const QByteArray& result, QString* reason);
 
-    /// Nothing is left to go on with.
+    /// Before the first photo: removes what a run that was killed has left beside results that it was about to replace; or
+    /// empties the journal of an earlier run, if its lines are not kept.
+    void Begin();
+    /// Nothing is left to go on with. A journal of files that were replaced stays: whoever cannot tell that the run has come
+    /// to its end, and goes on with it, must not have them adjusted twice.
     void Remove();
 
 private:
@@ -69,6 +73,7 @@ private:
     };
 
     bool Open(QString* reason);
+    void RemoveLeftovers() const;
 
     const QString m_Folder;
     const QString m_Path;
@@ -77,4 +82,5 @@ private:
     QHash<QString, Line> m_Lines; ///< by the photo's absolute path; the last one of each
     std::mutex m_Mutex;
     int m_File = -1;
+    bool m_HasReplaced = false;
 };

@@ -272,7 +272,13 @@ private Q_SLOTS:
         QCOMPARE(Results(out), names);
         for (const QString& name : names)
             QVERIFY2(HBBytesOf(Path(out + '/' + name)) == HBBytesOf(Path("expected/" + name)), qPrintable(name));
+        // What is left between the two steps of replacing a file goes; what only looks like it stays.
+        const QString leftover = Path(out + "/00.png.aBcDeF");
+        QVERIFY(QFile::copy(Path("expected/00.png"), leftover));
+        QVERIFY(HBWriteBytes(Path(out + "/01.png.backup"), "mine"));
         const Outcome again = Replay(arguments + QStringList{"--resume"});
+        QCOMPARE(QFile::exists(leftover), !inPlace);
+        QVERIFY(QFile::exists(Path(out + "/01.png.backup")));
         QCOMPARE(again.Json().last()["skipped"].toInt(), names.size());
 
         // Another recipe is another job; so is a photo that has changed.
