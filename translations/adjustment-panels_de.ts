@@ -1584,40 +1584,8 @@
         <translation>%1 ist schon da; mit --overwrite wird es ersetzt</translation>
     </message>
     <message>
-        <source>%1 is written from %2 already</source>
-        <translation>%1 wird schon aus %2 geschrieben</translation>
-    </message>
-    <message>
         <source>Original</source>
         <translation>Original</translation>
-    </message>
-    <message>
-        <source>Applies stored adjustments to photos.
-
-  panel-replay apply RECIPE FILE... -o DIR   adjust the files as the recipe says
-  panel-replay list                          list the panels: class, tag of its record, group, title
-  panel-replay sheet FILE -o DIR             show what every panel does to the photo
-
-Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe.</source>
-        <translation>Wendet gespeicherte Korrekturen auf Fotos an.
-
-  panel-replay apply RECIPE FILE... -o DIR   die Dateien nach dem Rezept korrigieren
-  panel-replay list                          die Panels: Klasse, Kennung des Datensatzes, Gruppe, Titel
-  panel-replay sheet FILE -o DIR             zeigen, was jedes Panel mit dem Foto macht
-
-Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechtes Rezept.</translation>
-    </message>
-    <message>
-        <source>apply, list or sheet</source>
-        <translation>apply, list oder sheet</translation>
-    </message>
-    <message>
-        <source>what the command works on</source>
-        <translation>womit der Befehl arbeitet</translation>
-    </message>
-    <message>
-        <source>Show this help.</source>
-        <translation>Diese Hilfe zeigen.</translation>
     </message>
     <message>
         <source>Folder for the results; made if it is not there.</source>
@@ -1632,16 +1600,8 @@ Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechte
         <translation>Format der Ergebnisse, etwa jpg, png, tif oder webp; sonst das jeder Datei.</translation>
     </message>
     <message>
-        <source>Replace files that are there already.</source>
-        <translation>Dateien ersetzen, die schon da sind.</translation>
-    </message>
-    <message>
         <source>pictures cannot be written in the format &quot;%1&quot;</source>
         <translation>Bilder können nicht im Format „%1“ geschrieben werden</translation>
-    </message>
-    <message>
-        <source>the quality must be a number from 0 to 100</source>
-        <translation>die Qualität muss eine Zahl von 0 bis 100 sein</translation>
     </message>
     <message>
         <source>name the folder for the results with -o DIR</source>
@@ -1654,6 +1614,442 @@ Exitcode: 0 alles getan, 1 eine Datei misslang, 2 falscher Aufruf oder schlechte
     <message>
         <source>wrong usage; try panel-replay --help</source>
         <translation>falscher Aufruf; siehe panel-replay --help</translation>
+    </message>
+    <message>
+        <source>About %1 s for 12 megapixels on one core, without reading and writing.</source>
+        <translation>Etwa %1 s für 12 Megapixel auf einem Kern, ohne Lesen und Schreiben.</translation>
+    </message>
+    <message>
+        <source>good; steps: %1</source>
+        <translation>gut; Schritte: %1</translation>
+    </message>
+    <message>
+        <source>levels</source>
+        <translation>Stufen</translation>
+    </message>
+    <message>
+        <source>copies</source>
+        <translation>Kopien</translation>
+    </message>
+    <message>
+        <source>thousandths of the shorter side</source>
+        <translation>Tausendstel der kürzeren Seite</translation>
+    </message>
+    <message>
+        <source>%1 (counts as %2)</source>
+        <translation>%1 (gilt als %2)</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>--overwrite and --on-conflict %1 contradict each other</source>
+        <translation>--overwrite und --on-conflict %1 widersprechen sich</translation>
+    </message>
+    <message>
+        <source>--shard and --on-conflict rename do not go together</source>
+        <translation>--shard und --on-conflict rename gehen nicht zusammen</translation>
+    </message>
+    <message>
+        <source>--keep-going and --fail-fast contradict each other</source>
+        <translation>--keep-going und --fail-fast widersprechen sich</translation>
+    </message>
+    <message>
+        <source>--null goes with --files-from</source>
+        <translation>--null gehört zu --files-from</translation>
+    </message>
+    <message>
+        <source>name the photos, folders of them, or a list with --files-from</source>
+        <translation>nennen Sie Fotos, Ordner mit Fotos oder eine Liste mit --files-from</translation>
+    </message>
+    <message>
+        <source>%1 are the same, %2 skipped, %3 failed</source>
+        <translation>%1 gleich, %2 übersprungen, %3 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>%1 would be written, %2 skipped, %3 would fail</source>
+        <translation>%1 würden geschrieben, %2 übersprungen, %3 würden fehlschlagen</translation>
+    </message>
+    <message>
+        <source>%1 written, %2 skipped, %3 failed</source>
+        <translation>%1 geschrieben, %2 übersprungen, %3 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>, %1 not tried</source>
+        <translation>, %1 nicht versucht</translation>
+    </message>
+    <message>
+        <source>no photo was found there</source>
+        <translation>dort wurde kein Foto gefunden</translation>
+    </message>
+    <message>
+        <source>it has %1 megapixels, more than %2; allow it with --max-megapixels</source>
+        <translation>es hat %1 Megapixel, mehr als %2; erlauben Sie das mit --max-megapixels</translation>
+    </message>
+    <message>
+        <source>it says that it has %1 megapixels, in a file of %2 bytes; allow it with --max-megapixels</source>
+        <translation>es gibt %1 Megapixel an, in einer Datei von %2 Bytes; erlauben Sie das mit --max-megapixels</translation>
+    </message>
+    <message>
+        <source>it needs about %1 MB of memory, more than %2 MB; allow it with --memory</source>
+        <translation>es braucht etwa %1 MB Speicher, mehr als %2 MB; erlauben Sie das mit --memory</translation>
+    </message>
+    <message>
+        <source>the recipe would take about %1 s for it, more than %2 s; allow it with --max-seconds-per-file</source>
+        <translation>das Rezept bräuchte dafür etwa %1 s, mehr als %2 s; erlauben Sie das mit --max-seconds-per-file</translation>
+    </message>
+    <message>
+        <source>%1 does not lie in the folder of --base</source>
+        <translation>%1 liegt nicht im Ordner von --base</translation>
+    </message>
+    <message>
+        <source>%1: the list of files cannot be read</source>
+        <translation>%1: die Liste der Dateien kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the journal cannot be written (%1)</source>
+        <translation>das Journal kann nicht geschrieben werden (%1)</translation>
+    </message>
+    <message>
+        <source>%1: this is not a report</source>
+        <translation>%1: das ist kein Bericht</translation>
+    </message>
+    <message>
+        <source>%1: its run did not come to its end</source>
+        <translation>%1: der Lauf kam nicht zum Ende</translation>
+    </message>
+    <message>
+        <source>the reports are of different recipes</source>
+        <translation>die Berichte gehören zu verschiedenen Rezepten</translation>
+    </message>
+    <message>
+        <source>done twice, and not the same</source>
+        <translation>zweimal bearbeitet, mit verschiedenem Ergebnis</translation>
+    </message>
+    <message>
+        <source>done twice</source>
+        <translation>zweimal bearbeitet</translation>
+    </message>
+    <message>
+        <source>missing: no report names it</source>
+        <translation>fehlt: kein Bericht nennt es</translation>
+    </message>
+    <message>
+        <source>%1 of %2 photos are in no report; name them with --files-from</source>
+        <translation>%1 von %2 Fotos stehen in keinem Bericht; nennen Sie sie mit --files-from</translation>
+    </message>
+    <message>
+        <source>share %1 is missing or did not come to its end</source>
+        <translation>Anteil %1 fehlt oder kam nicht zum Ende</translation>
+    </message>
+    <message>
+        <source>--name knows {name}, {recipe} and {ext}, not {%1}</source>
+        <translation>--name kennt {name}, {recipe} und {ext}, nicht {%1}</translation>
+    </message>
+    <message>
+        <source>--name must be the name of a file, without folders</source>
+        <translation>--name muss ein Dateiname ohne Ordner sein</translation>
+    </message>
+    <message>
+        <source>Adjust photos as the recipe says.</source>
+        <translation>Fotos nach einem Rezept bearbeiten.</translation>
+    </message>
+    <message>
+        <source>adjust some photos</source>
+        <translation>einige Fotos bearbeiten</translation>
+    </message>
+    <message>
+        <source>a whole tree; typed again, it goes on where it was stopped</source>
+        <translation>ein ganzer Ordnerbaum; erneut aufgerufen, geht es dort weiter, wo abgebrochen wurde</translation>
+    </message>
+    <message>
+        <source>only say what would be written</source>
+        <translation>nur sagen, was geschrieben würde</translation>
+    </message>
+    <message>
+        <source>web/a-warm.webp and web/b-warm.webp</source>
+        <translation>web/a-warm.webp und web/b-warm.webp</translation>
+    </message>
+    <message>
+        <source>the third of eight machines, with a report</source>
+        <translation>der dritte von acht Rechnern, mit Bericht</translation>
+    </message>
+    <message>
+        <source>Adjust photos again, and compare with the results that are there. Nothing is written.</source>
+        <translation>Fotos noch einmal bearbeiten und mit den vorhandenen Ergebnissen vergleichen. Nichts wird geschrieben.</translation>
+    </message>
+    <message>
+        <source>named as they were for apply</source>
+        <translation>benannt wie bei apply</translation>
+    </message>
+    <message>
+        <source>Show what every panel does to a photo: a picture each, and all of them on one sheet.</source>
+        <translation>Zeigen, was jedes Panel mit einem Foto macht: je ein Bild, und alle auf einem Bogen.</translation>
+    </message>
+    <message>
+        <source>the sheet is sheet/photo-contact-sheet.png</source>
+        <translation>der Bogen ist sheet/photo-contact-sheet.png</translation>
+    </message>
+    <message>
+        <source>List the panels: class, tag of the stored record, group and title.</source>
+        <translation>Die Panels auflisten: Klasse, Kennung des gespeicherten Datensatzes, Gruppe und Titel.</translation>
+    </message>
+    <message>
+        <source>columns stand between tabs</source>
+        <translation>die Spalten sind durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>Say what a recipe does, step by step, in words and units.</source>
+        <translation>Sagen, was ein Rezept macht, Schritt für Schritt, in Worten und Einheiten.</translation>
+    </message>
+    <message>
+        <source>to read</source>
+        <translation>zum Lesen</translation>
+    </message>
+    <message>
+        <source>for programs</source>
+        <translation>für Programme</translation>
+    </message>
+    <message>
+        <source>Check recipes. The exit code is 2 if one of them is bad.</source>
+        <translation>Rezepte prüfen. Der Exit-Code ist 2, wenn eines davon fehlerhaft ist.</translation>
+    </message>
+    <message>
+        <source>a line for each</source>
+        <translation>eine Zeile für jedes</translation>
+    </message>
+    <message>
+        <source>Say in what two recipes differ. The exit code is 1 if they do.</source>
+        <translation>Sagen, worin sich zwei Rezepte unterscheiden. Der Exit-Code ist 1, wenn sie es tun.</translation>
+    </message>
+    <message>
+        <source>- and +: only in the first, only in the second</source>
+        <translation>- und +: nur im ersten, nur im zweiten</translation>
+    </message>
+    <message>
+        <source>Print the JSON Schema of recipes.</source>
+        <translation>Das JSON-Schema der Rezepte ausgeben.</translation>
+    </message>
+    <message>
+        <source>for editors and other tools</source>
+        <translation>für Editoren und andere Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Join the reports of several workers (apply --json) into one, and name what is missing or done twice.</source>
+        <translation>Die Berichte mehrerer Rechner (apply --json) zu einem verbinden und nennen, was fehlt oder zweimal bearbeitet wurde.</translation>
+    </message>
+    <message>
+        <source>files of the list that no report says done are missing</source>
+        <translation>Dateien der Liste, die kein Bericht als erledigt nennt, fehlen</translation>
+    </message>
+    <message>
+        <source>Names of the results, of {name} and {ext} of the photo and {recipe}; default: {name}.{ext}.</source>
+        <translation>Namen der Ergebnisse, aus {name} und {ext} des Fotos und {recipe}; sonst {name}.{ext}.</translation>
+    </message>
+    <message>
+        <source>Take the folders within folders, too; results keep them.</source>
+        <translation>Auch Ordner in Ordnern nehmen; die Ergebnisse behalten sie.</translation>
+    </message>
+    <message>
+        <source>Read the names of the photos from a file, one a line; - is standard input. Folders of relative names are kept.</source>
+        <translation>Die Namen der Fotos aus einer Datei lesen, einer je Zeile; - ist die Standardeingabe. Ordner relativer Namen bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>The names of --files-from end with a NUL byte, as find -print0 writes them.</source>
+        <translation>Die Namen von --files-from enden mit einem NUL-Byte, wie find -print0 sie schreibt.</translation>
+    </message>
+    <message>
+        <source>Results keep the folders that the photos have below this one.</source>
+        <translation>Die Ergebnisse behalten die Ordner, in denen die Fotos unterhalb von diesem liegen.</translation>
+    </message>
+    <message>
+        <source>Take only such files; may be given several times. With a / it is compared with the path below the folder, else with the name; case does not matter.</source>
+        <translation>Nur solche Dateien nehmen; mehrfach möglich. Mit einem / wird mit dem Pfad unterhalb des Ordners verglichen, sonst mit dem Namen; Groß- und Kleinschreibung ist egal.</translation>
+    </message>
+    <message>
+        <source>Leave such files out; may be given several times.</source>
+        <translation>Solche Dateien auslassen; mehrfach möglich.</translation>
+    </message>
+    <message>
+        <source>If a result is there already: fail (the default), skip, overwrite, or rename the new one.</source>
+        <translation>Wenn ein Ergebnis schon da ist: Fehler melden (fail, der Standard), überspringen (skip), ersetzen (overwrite) oder das neue umbenennen (rename).</translation>
+    </message>
+    <message>
+        <source>The same as --on-conflict overwrite.</source>
+        <translation>Dasselbe wie --on-conflict overwrite.</translation>
+    </message>
+    <message>
+        <source>Check everything, say what would be written, and write nothing.</source>
+        <translation>Alles prüfen, sagen, was geschrieben würde, und nichts schreiben.</translation>
+    </message>
+    <message>
+        <source>Leave out what an earlier run with this recipe has finished, by the journal in the results&apos; folder; and keep the journal.</source>
+        <translation>Auslassen, was ein früherer Lauf mit diesem Rezept laut Journal im Ordner der Ergebnisse erledigt hat; und das Journal weiterführen.</translation>
+    </message>
+    <message>
+        <source>Go on after a file that failed (the default).</source>
+        <translation>Nach einer fehlgeschlagenen Datei weitermachen (der Standard).</translation>
+    </message>
+    <message>
+        <source>Start no further file once one has failed.</source>
+        <translation>Keine weitere Datei beginnen, sobald eine fehlgeschlagen ist.</translation>
+    </message>
+    <message>
+        <source>Use so many cores; default: all.</source>
+        <translation>So viele Kerne nutzen; sonst alle.</translation>
+    </message>
+    <message>
+        <source>Memory for pictures, as 800M or 4G; default: half of the machine&apos;s. A photo that needs more is refused.</source>
+        <translation>Speicher für Bilder, etwa 800M oder 4G; sonst die Hälfte des Speichers dieses Rechners. Ein Foto, das mehr braucht, wird abgelehnt.</translation>
+    </message>
+    <message>
+        <source>Give a file up that takes longer, or by the recipe&apos;s estimate would; default: 300.</source>
+        <translation>Eine Datei aufgeben, die länger braucht oder nach Schätzung des Rezepts bräuchte; sonst 300.</translation>
+    </message>
+    <message>
+        <source>Refuse larger photos; default: 1100.</source>
+        <translation>Größere Fotos ablehnen; sonst 1100.</translation>
+    </message>
+    <message>
+        <source>Do the I-th of N shares. auto: as the job array says (Slurm, PBS, SGE, Kubernetes, AWS Batch); auto/N where it does not tell how many tasks there are.</source>
+        <translation>Den I-ten von N Anteilen bearbeiten. auto: wie das Job-Array es angibt (Slurm, PBS, SGE, Kubernetes, AWS Batch); auto/N, wo es die Zahl der Aufgaben nicht nennt.</translation>
+    </message>
+    <message>
+        <source>Print JSON: a line for each file and one for all.</source>
+        <translation>JSON ausgeben: eine Zeile für jede Datei und eine für alle.</translation>
+    </message>
+    <message>
+        <source>Show help, also of a command.</source>
+        <translation>Hilfe zeigen, auch zu einem Befehl.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Die Version zeigen.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Usage:</source>
+        <translation>Aufruf:</translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>Applies stored adjustments to photos.</source>
+        <translation>Wendet gespeicherte Anpassungen auf Fotos an.</translation>
+    </message>
+    <message>
+        <source>Commands; panel-replay COMMAND --help says more:</source>
+        <translation>Befehle; mehr dazu mit panel-replay COMMAND --help:</translation>
+    </message>
+    <message>
+        <source>Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe, 3 no file matched, 130 interrupted.</source>
+        <translation>Exit-Code: 0 alles erledigt, 1 eine Datei fehlgeschlagen, 2 falscher Aufruf oder fehlerhaftes Rezept, 3 keine passende Datei, 130 abgebrochen.</translation>
+    </message>
+    <message>
+        <source>there is no command &quot;%1&quot;; try panel-replay --help</source>
+        <translation>es gibt keinen Befehl „%1“; siehe panel-replay --help</translation>
+    </message>
+    <message>
+        <source>%1 has no option --%2; try %3</source>
+        <translation>%1 hat keine Option --%2; siehe %3</translation>
+    </message>
+    <message>
+        <source>--%1 must be one of: %2</source>
+        <translation>--%1 muss eines von diesen sein: %2</translation>
+    </message>
+    <message>
+        <source>wrong usage; try %1</source>
+        <translation>falscher Aufruf; siehe %1</translation>
+    </message>
+    <message>
+        <source>--%1 must be a number from %2 to %3</source>
+        <translation>--%1 muss eine Zahl von %2 bis %3 sein</translation>
+    </message>
+    <message>
+        <source>--%1 must be a whole number</source>
+        <translation>--%1 muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>--%1 must be a size from 1M, as 800M or 4G</source>
+        <translation>--%1 muss eine Größe ab 1M sein, etwa 800M oder 4G</translation>
+    </message>
+    <message>
+        <source>%1 is not what the recipe gives</source>
+        <translation>%1 ist nicht das, was das Rezept ergibt</translation>
+    </message>
+    <message>
+        <source>given up after %1 s; allow it more with --max-seconds-per-file</source>
+        <translation>nach %1 s aufgegeben; erlauben Sie mehr mit --max-seconds-per-file</translation>
+    </message>
+    <message>
+        <source>%1 is written from %2 already; --base or --name can keep them apart</source>
+        <translation>%1 wird schon aus %2 geschrieben; --base oder --name kann sie auseinanderhalten</translation>
+    </message>
+    <message>
+        <source>it was done in an earlier run</source>
+        <translation>in einem früheren Lauf erledigt</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>its result %1 is not there</source>
+        <translation>das Ergebnis %1 ist nicht da</translation>
+    </message>
+    <message>
+        <source>the photo itself was replaced by its result</source>
+        <translation>das Foto selbst wurde durch sein Ergebnis ersetzt</translation>
+    </message>
+    <message>
+        <source>%1 is there already</source>
+        <translation>%1 ist schon da</translation>
+    </message>
+    <message>
+        <source>%1 is a photo to adjust itself</source>
+        <translation>%1 ist selbst ein zu bearbeitendes Foto</translation>
+    </message>
+    <message>
+        <source>%1: this is not a folder</source>
+        <translation>%1: das ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be written to</source>
+        <translation>%1: in den Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the tasks of this array have no even distance; name the share with --shard I/N</source>
+        <translation>die Aufgaben dieses Arrays haben keinen gleichmäßigen Abstand; nennen Sie den Anteil mit --shard I/N</translation>
+    </message>
+    <message>
+        <source>%1 is set, but not how many tasks there are; say it with --shard auto/N</source>
+        <translation>%1 ist gesetzt, aber nicht die Zahl der Aufgaben; nennen Sie sie mit --shard auto/N</translation>
+    </message>
+    <message>
+        <source>the array has %1 tasks, not %2</source>
+        <translation>das Array hat %1 Aufgaben, nicht %2</translation>
+    </message>
+    <message>
+        <source>task %1 is none of %2</source>
+        <translation>Aufgabe %1 gehört nicht zu den %2</translation>
+    </message>
+    <message>
+        <source>this is no task of a job array; name the share with --shard I/N</source>
+        <translation>das ist keine Aufgabe eines Job-Arrays; nennen Sie den Anteil mit --shard I/N</translation>
+    </message>
+    <message>
+        <source>--shard must be I/N with I from 1 to N, auto, or auto/N</source>
+        <translation>--shard muss I/N mit I von 1 bis N, auto oder auto/N sein</translation>
     </message>
 </context>
 <context>

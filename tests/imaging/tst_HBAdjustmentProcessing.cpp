@@ -262,7 +262,7 @@ private Q_SLOTS:
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which need all addresses there are
     // A task that the pool cannot find a thread for is lost, and the end of the program waits for it for ever.
     void WhereTheSystemStartsNoThreads() {
-        const QImage photo = Ramp(300, 200);
+        const QImage photo = HBTestRamp(300, 200).ToQImage();
         const HBImage<> source = HBImage<>::FromQImage(photo);
         QThreadPool& pool = *QThreadPool::globalInstance();
         pool.waitForDone();
@@ -280,7 +280,7 @@ private Q_SLOTS:
             for (;;) others.emplace_back([ended] { ended.wait(); });
         } catch (const std::system_error&) {}
         {
-            const PoolSize threads(4);
+            const HBPoolSize threads(4);
             Job<InvertTransformation> job{InvertTransformation(Invert())};
             const HBImage<> result = job.processing.Process(source, {}, {}, NoBounds);
             setrlimit(RLIMIT_AS, &before);
