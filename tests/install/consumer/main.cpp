@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include <HBAdjustment.h>
 #include <HBAdjustmentWidget.h>
-#include <HBOverlay.h>
 #include <HBPanelCatalog.h>
+#include <HBSign.h>
 #include <KMTheme.h>
 
 #include <QApplication>
@@ -41,10 +42,8 @@ int main(int argc, char* argv[]) {
         QCoreApplication::processEvents();
     }
 
-    QString error;
-    HBSignWidget::Params stamp;
+    HBSignParams stamp;
     stamp.fileName = "/there/is/no/such/stamp.png";
-    HBDrawSign(photo, stamp, &error);
-    Check(!error.isEmpty(), "A stamp was drawn that does not exist");
+    Check(!HBAdjust(stamp, {photo}).IsWhole(), "A stamp was drawn that does not exist");
     return 0;
 }
