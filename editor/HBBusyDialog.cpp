@@ -12,14 +12,45 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <atomic>
 #include <mutex>
 
 namespace
 {
 
 constexpr int PatienceMilliseconds = 400;
+constexpr int GlanceMilliseconds = 50;
 
+/// Keeps the progress for whoever looks.
+class Control : public HBJobControl
+{
+public:
+    void SetProgress(int value) override { m_Progress = value; }
+    int Progress() const { return m_Progress; }
+
+private:
+    std::atomic<int> m_Progress{0};
+};
+
+/// On another thread; returns when it is done.
+void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFlags events)
+{
+    QEventLoop loop;
+    QFutureWatcher<void> watcher;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread sanitizer.
+    std::mutex order;
+    std::unique_lock<std::mutex> here(order);
+    watcher.setFuture(QtConcurrent::run([&] {
+        const std::lock_guard<std::mutex> there(order);
+        work();
+    }));
+    here.unlock();
+    loop.exec(events);
+    here.lock();
 }
+
+} // namespace
 
 HBBusyDialog::HBBusyDialog(const QString& text, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
@@ -36,14 +67,9 @@ HBBusyDialog::HBBusyDialog(const QString& text, QWidget* parent)
     layout->addWidget(m_pBar);
 }
 
-void HBBusyDialog::SetProgress(int value)
+void HBBusyDialog::AllowCancel(HBJobControl* control)
 {
-    m_pBar->setRange(0, 1000);
-    m_pBar->setValue(value);
-}
-
-void HBBusyDialog::AllowCancel()
-{
+    m_pControl = control;
     m_pCancel = new QPushButton(tr("Cancel"), this);
     connect(m_pCancel, &QPushButton::clicked, this, &HBBusyDialog::reject);
     layout()->addWidget(m_pCancel);
@@ -54,7 +80,7 @@ void HBBusyDialog::reject()
 {
     if (!m_pCancel)
         return;
-    m_Cancelled = true;
+    m_pControl->Cancel();
     m_pCancel->setEnabled(false);
 }
 
@@ -67,17 +93,20 @@ void HBBusyDialog::Run(const QString& text, QWidget* parent, const std::function
 {
     HBBusyDialog dialog(text, parent);
     QTimer::singleShot(PatienceMilliseconds, &dialog, &QWidget::show);
-    QEventLoop loop;
-    QFutureWatcher<void> watcher;
-    connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-    // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread sanitizer.
-    std::mutex order;
-    std::unique_lock<std::mutex> here(order);
-    watcher.setFuture(QtConcurrent::run([&] {
-        const std::lock_guard<std::mutex> there(order);
-        work();
-    }));
-    here.unlock();
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    here.lock();
+    RunElsewhere(work, QEventLoop::ExcludeUserInputEvents);
+}
+
+bool HBBusyDialog::RunCancellable(const QString& text, QWidget* parent,
+                                  const std::function<void(HBJobControl*)>& work)
+{
+    Control control;
+    HBBusyDialog dialog(text, parent);
+    dialog.AllowCancel(&control);
+    dialog.m_pBar->setRange(0, 1000);
+    QTimer glance;
+    connect(&glance, &QTimer::timeout, dialog.m_pBar, [&] { dialog.m_pBar->setValue(control.Progress()); });
+    glance.start(GlanceMilliseconds);
+    dialog.show();
+    RunElsewhere([&] { work(&control); }, QEventLoop::AllEvents);
+    return !control.IsCancelled();
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <HBJobControl.h>
+
 #include <QDialog>
 
 #include <functional>
@@ -16,22 +18,24 @@ class HBBusyDialog : public QDialog
 public:
     HBBusyDialog(const QString& text, QWidget* parent);
 
-    /// 0..1000; without it the bar only moves.
-    void SetProgress(int value);
-    /// Adds a button; the work is to ask for IsCancelled().
-    void AllowCancel();
-    bool IsCancelled() const { return m_Cancelled; }
     void reject() override;
 
     /// Runs `work` on another thread and returns when it is done. The window is painted meanwhile but takes no input;
     /// the dialog comes if it takes long. `work` must not throw.
     static void Run(const QString& text, QWidget* parent, const std::function<void()>& work);
 
+    /// The same for work that can be cancelled, by a button, and tells how far it is as 0 .. 1000. The dialog comes at
+    /// once. False if it was cancelled.
+    static bool RunCancellable(const QString& text, QWidget* parent,
+                               const std::function<void(HBJobControl*)>& work);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void AllowCancel(HBJobControl* control);
+
     QProgressBar* m_pBar;
     QPushButton* m_pCancel = nullptr;
-    bool m_Cancelled = false;
+    HBJobControl* m_pControl = nullptr;
 };

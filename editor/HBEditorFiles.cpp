@@ -222,15 +222,12 @@ bool HBEditorWindow::ApplyRecipe(const QString& path)
         m_pMessages->ShowError(error);
         return false;
     }
-    HBBusyDialog busy(tr("Applying %1").arg(QFileInfo(path).fileName()), this);
-    busy.AllowCancel();
-    busy.show();
-    const HBImage<> image = HBApplyRecipe(m_Document.Image(), recipe, &error, [&](int progress) {
-        busy.SetProgress(progress);
-        return !busy.IsCancelled();
-    });
-    busy.hide();
-    if (busy.IsCancelled())
+    HBImage<> image;
+    const HBTarget target{m_Document.Image()};
+    const bool done = HBBusyDialog::RunCancellable(
+        tr("Applying %1").arg(QFileInfo(path).fileName()), this,
+        [&](HBJobControl* control) { image = HBApplyRecipe(target, recipe, &error, control); });
+    if (!done)
         return false;
     if (image.IsEmpty()) {
         m_pMessages->ShowError(path + ": " + error);

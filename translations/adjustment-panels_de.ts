@@ -271,6 +271,141 @@
     </message>
 </context>
 <context>
+    <name>HBAdjustment</name>
+    <message>
+        <source>it has no record</source>
+        <translation>er hat keinen Datensatz</translation>
+    </message>
+    <message>
+        <source>its record is not base64</source>
+        <translation>sein Datensatz ist nicht base64-kodiert</translation>
+    </message>
+    <message>
+        <source>its record is too long</source>
+        <translation>sein Datensatz ist zu lang</translation>
+    </message>
+    <message>
+        <source>its record is not one of this panel</source>
+        <translation>sein Datensatz gehört nicht zu dieser Anpassung</translation>
+    </message>
+    <message>
+        <source>its record is cut short</source>
+        <translation>sein Datensatz ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>its record is broken</source>
+        <translation>sein Datensatz ist beschädigt</translation>
+    </message>
+    <message>
+        <source>it has no number &quot;%1&quot;</source>
+        <translation>ihm fehlt die Zahl „%1“</translation>
+    </message>
+    <message>
+        <source>Tonal</source>
+        <translation>Tonwerte</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Overlays</source>
+        <translation>Überlagerungen</translation>
+    </message>
+    <message>
+        <source>Brightness and Contrast</source>
+        <translation>Helligkeit und Kontrast</translation>
+    </message>
+    <message>
+        <source>Exposure</source>
+        <translation>Belichtung</translation>
+    </message>
+    <message>
+        <source>Gamma</source>
+        <translation>Gamma</translation>
+    </message>
+    <message>
+        <source>Posterize</source>
+        <translation>Tontrennung</translation>
+    </message>
+    <message>
+        <source>Levels</source>
+        <translation>Tonwertkorrektur</translation>
+    </message>
+    <message>
+        <source>Curves</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Schwellenwert</translation>
+    </message>
+    <message>
+        <source>Hue and Saturation</source>
+        <translation>Farbton und Sättigung</translation>
+    </message>
+    <message>
+        <source>Color Balance</source>
+        <translation>Farbbalance</translation>
+    </message>
+    <message>
+        <source>Picture Correction</source>
+        <translation>Bildkorrektur</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Farbtemperatur</translation>
+    </message>
+    <message>
+        <source>Color Enhancer</source>
+        <translation>Farbverstärker</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Black and White</source>
+        <translation>Schwarzweiß</translation>
+    </message>
+    <message>
+        <source>Photo Filter</source>
+        <translation>Fotofilter</translation>
+    </message>
+    <message>
+        <source>Colorize</source>
+        <translation>Einfärben</translation>
+    </message>
+    <message>
+        <source>Replace Color</source>
+        <translation>Farbe ersetzen</translation>
+    </message>
+    <message>
+        <source>Fill Color</source>
+        <translation>Mit Farbe füllen</translation>
+    </message>
+    <message>
+        <source>Sign</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>the adjustment failed: %1</source>
+        <translation>die Anpassung ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>the adjustment failed</source>
+        <translation>die Anpassung ist fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
     <name>HBBlendingModes</name>
     <message>
         <source>Normal</source>
@@ -742,6 +877,30 @@
         <source>%1 exists already.</source>
         <translation>%1 gibt es schon.</translation>
     </message>
+    <message>
+        <source>Files like “%1” can be read only. Save the photo as another.</source>
+        <translation>Dateien wie „%1“ können nur gelesen werden. Speichern Sie das Foto unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Saving over “%1” would lose for good:</source>
+        <translation>Beim Überschreiben von „%1“ ginge endgültig verloren:</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Save &amp;Over It</source>
+        <translation>&amp;Überschreiben</translation>
+    </message>
+    <message>
+        <source>Looking for changes</source>
+        <translation>Änderungen werden gesucht</translation>
+    </message>
 </context>
 <context>
     <name>HBLevelsWidget</name>
@@ -831,133 +990,41 @@
     </message>
 </context>
 <context>
-    <name>HBPanelCatalog</name>
-    <message>
-        <source>Tonal</source>
-        <translation>Tonwerte</translation>
-    </message>
-    <message>
-        <source>Brightness and Contrast</source>
-        <translation>Helligkeit und Kontrast</translation>
-    </message>
-    <message>
-        <source>it has no record</source>
-        <translation>er hat keinen Datensatz</translation>
-    </message>
-    <message>
-        <source>its record is not base64</source>
-        <translation>sein Datensatz ist nicht base64</translation>
-    </message>
-    <message>
-        <source>its record is not one of this panel</source>
-        <translation>sein Datensatz ist keiner dieses Panels</translation>
-    </message>
-    <message>
-        <source>its record is cut short</source>
-        <translation>sein Datensatz ist abgeschnitten</translation>
-    </message>
-    <message>
-        <source>its record is too long</source>
-        <translation>sein Datensatz ist zu lang</translation>
-    </message>
-    <message>
-        <source>it has no number &quot;%1&quot;</source>
-        <translation>er hat keine Zahl „%1“</translation>
-    </message>
-    <message>
-        <source>Exposure</source>
-        <translation>Belichtung</translation>
-    </message>
-    <message>
-        <source>Gamma</source>
-        <translation>Gamma</translation>
-    </message>
-    <message>
-        <source>Posterize</source>
-        <translation>Tontrennung</translation>
-    </message>
-    <message>
-        <source>Levels</source>
-        <translation>Tonwertkorrektur</translation>
-    </message>
-    <message>
-        <source>Curves</source>
-        <translation>Kurven</translation>
-    </message>
-    <message>
-        <source>Threshold</source>
-        <translation>Schwellenwert</translation>
-    </message>
-    <message>
-        <source>its record is broken</source>
-        <translation>sein Datensatz ist beschädigt</translation>
-    </message>
-    <message>
-        <source>Color</source>
-        <translation>Farbe</translation>
-    </message>
-    <message>
-        <source>Overlays</source>
-        <translation>Überlagerungen</translation>
-    </message>
-    <message>
-        <source>Hue and Saturation</source>
-        <translation>Farbton und Sättigung</translation>
-    </message>
-    <message>
-        <source>Color Balance</source>
-        <translation>Farbbalance</translation>
-    </message>
-    <message>
-        <source>Picture Correction</source>
-        <translation>Bildkorrektur</translation>
-    </message>
-    <message>
-        <source>Temperature</source>
-        <translation>Farbtemperatur</translation>
-    </message>
-    <message>
-        <source>Color Enhancer</source>
-        <translation>Farbverstärkung</translation>
-    </message>
-    <message>
-        <source>Tint</source>
-        <translation>Tönung</translation>
-    </message>
-    <message>
-        <source>Black and White</source>
-        <translation>Schwarzweiß</translation>
-    </message>
-    <message>
-        <source>Photo Filter</source>
-        <translation>Fotofilter</translation>
-    </message>
-    <message>
-        <source>Colorize</source>
-        <translation>Einfärben</translation>
-    </message>
-    <message>
-        <source>Replace Color</source>
-        <translation>Farbe ersetzen</translation>
-    </message>
-    <message>
-        <source>Fill Color</source>
-        <translation>Farbfüllung</translation>
-    </message>
-    <message>
-        <source>Sign</source>
-        <translation>Signatur</translation>
-    </message>
-    <message>
-        <source>Watermark</source>
-        <translation>Wasserzeichen</translation>
-    </message>
-</context>
-<context>
     <name>HBPanelSession</name>
     <message>
         <source>The photo could not be adjusted for want of memory.</source>
         <translation>Das Foto konnte aus Mangel an Speicher nicht korrigiert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>HBPhotoEncoding</name>
+    <message>
+        <source>its format, which is %1 whatever its name says</source>
+        <translation>ihr Format, das unabhängig vom Namen %1 ist</translation>
+    </message>
+    <message>
+        <source>its %1 bits a channel, of which 8 stay</source>
+        <translation>ihre %1 Bit je Kanal, von denen 8 bleiben</translation>
+    </message>
+    <message>
+        <source>its colours for print (CMYK or Lab), which become red, green and blue</source>
+        <translation>ihre Druckfarben (CMYK oder Lab), die zu Rot, Grün und Blau werden</translation>
+    </message>
+    <message>
+        <source>its animation, of which the first picture stays</source>
+        <translation>ihre Animation, von der das erste Bild bleibt</translation>
+    </message>
+    <message>
+        <source>its further pages (%1)</source>
+        <translation>ihre weiteren Seiten (%1)</translation>
+    </message>
+    <message>
+        <source>its layers</source>
+        <translation>ihre Ebenen</translation>
+    </message>
+    <message>
+        <source>what is appended to the picture, such as a video</source>
+        <translation>was an das Bild angehängt ist, etwa ein Video</translation>
     </message>
 </context>
 <context>
@@ -1205,12 +1272,12 @@
         <translation>Die Datei ist zu groß für ein Rezept.</translation>
     </message>
     <message>
-        <source>the adjustment failed; is there too little memory?</source>
-        <translation>die Korrektur ist misslungen; reicht der Speicher nicht?</translation>
-    </message>
-    <message>
         <source>The file is empty.</source>
         <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>Steps %1 (%2) to %3 (%4): %5</source>
+        <translation>Schritte %1 (%2) bis %3 (%4): %5</translation>
     </message>
 </context>
 <context>
@@ -1241,6 +1308,21 @@
     <message>
         <source>the disk is full</source>
         <translation>der Datenträger ist voll</translation>
+    </message>
+</context>
+<context>
+    <name>HBSelectionImage</name>
+    <message>
+        <source>the rectangle does not lie on the picture</source>
+        <translation>das Rechteck liegt nicht auf dem Bild</translation>
+    </message>
+    <message>
+        <source>the mask is %1 × %2 pixels, the picture %3 × %4</source>
+        <translation>die Maske hat %1 × %2 Pixel, das Bild %3 × %4</translation>
+    </message>
+    <message>
+        <source>the mask is not grey alone</source>
+        <translation>die Maske ist nicht rein grau</translation>
     </message>
 </context>
 <context>

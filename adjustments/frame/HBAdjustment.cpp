@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustment.h"
 
-#include <QCoreApplication>
-
 const HBAdjustment* HBFindAdjustment(const QString& className)
 {
     for (const HBAdjustment& adjustment : HBAdjustments()) {
@@ -11,14 +9,4 @@ const HBAdjustment* HBFindAdjustment(const QString& className)
             return &adjustment;
     }
     return nullptr;
-}
-
-QString HBAdjustment::Group() const
-{
-    return QCoreApplication::translate("HBAdjustment", group);
-}
-
-QString HBAdjustment::Title() const
-{
-    return QCoreApplication::translate("HBAdjustment", title);
 }

@@ -72,3 +72,13 @@ const QVector<HBAdjustment>& HBAdjustments()
     };
     return table;
 }
+
+QString HBAdjustment::Group() const
+{
+    return QCoreApplication::translate("HBAdjustment", group);
+}
+
+QString HBAdjustment::Title() const
+{
+    return QCoreApplication::translate("HBAdjustment", title);
+}

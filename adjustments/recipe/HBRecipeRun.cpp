@@ -148,7 +148,7 @@ private:
 } // namespace
 
 HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error, HBJobControl* control)
-{
+try {
     error->clear();
     Plan plan;
     if (!plan.Read(recipe, error))
@@ -164,6 +164,9 @@ HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString*
     if (outcome.IsWhole())
         thousandths.Tell(1000);
     return outcome.IsWhole() && !HBIsCancelled(control) ? outcome.image : HBImage<>();
+} catch (...) {
+    *error = HBFailureReason({{}, HBOutcome::Failed, std::current_exception()});
+    return {};
 }
 
 HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,

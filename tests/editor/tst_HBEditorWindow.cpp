@@ -6,6 +6,7 @@
 #include <HBBusyDialog.h>
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
+#include <HBHueSaturation.h>
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
 #include <HBSelectionTool.h>
@@ -471,8 +472,9 @@ private Q_SLOTS:
         window.Open(Photo("large.png", 3000, 2000));
         const QString recipe = m_Folder.filePath("stopped.json");
         HBRecipe steps{QVector<HBRecipeStep>(50)};
-        const std::unique_ptr<HBAdjustmentWidget> panel(Entry().create(false, nullptr));
-        steps.steps.fill({Entry().className, Entry().save(*panel)});
+        // Not of tables, which would become one.
+        const HBPanelEntry& hue = *HBFindPanel("HBHueSaturationWidget");
+        steps.steps.fill({hue.className, hue.adjustment->save(HBHueSaturationParams{100, 20, 0, false})});
         QString error;
         QVERIFY(steps.Save(recipe, &error));
         QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });

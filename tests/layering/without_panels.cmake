@@ -7,12 +7,6 @@ cmake_minimum_required(VERSION 3.21)
 
 set(ENV{CMAKE_GENERATOR} ${GENERATOR})
 set(ENV{CXX} ${CXX_COMPILER})
-# Left out when it is empty: ccache is optional.
-if(CXX_COMPILER_LAUNCHER)
-    set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} ${CXX_COMPILER_LAUNCHER})
-    set(ENV{CCACHE_BASEDIR} ${WORK_DIR}/tree)
-    set(ENV{CCACHE_NOHASHDIR} 1)
-endif()
 
 function(run step)
     message(STATUS ${step})
@@ -32,7 +26,7 @@ file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_
 # As deep as the build that has compiled the same before, so that ccache knows it again.
 set(build ${WORK_DIR}/tree/build/dev)
 run("Configure" ${CMAKE_COMMAND} -S ${WORK_DIR}/tree -B ${build} -D ADJUSTMENT_PANELS_WIDGETS=OFF
-    -D ADJUSTMENT_PANELS_WERROR=${WERROR}
+    -D ADJUSTMENT_PANELS_WERROR=${WERROR} -D ADJUSTMENT_PANELS_CCACHE=${CCACHE}
     -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D "CMAKE_CXX_FLAGS_DEBUG=${CXX_FLAGS}")
 run("Build" ${CMAKE_COMMAND} --build ${build} --target panel-replay tst_EveryAdjustment tst_HBRecipe tst_PanelReplay)
 run("Adjust" ${build}/tests/adjustments/tst_EveryAdjustment Rows EightThreads)
