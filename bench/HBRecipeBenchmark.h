@@ -6,8 +6,8 @@
 
 #include <HBImage.h>
 
-/// Registers recipes of one and of five steps, with the demonstrations' settings, and picture correction in its advanced
-/// mode, all without a panel.
+/// Registers recipes of one and of five steps, with the demonstrations' settings, and picture correction in its
+/// advanced mode, all without a panel.
 void HBRegisterRecipes(const HBImage<>& (*photo)());
 
 /// Prints what several steps in one pass cost, and whether the aims are reached.

@@ -11,8 +11,8 @@
 class HBAdjustmentWidget;
 class QWidget;
 
-/// Draws an overlay with fixed values; any thread. If it cannot, the picture comes back as it was, and `error`, which is
-/// otherwise empty, says why.
+/// Draws an overlay with fixed values; any thread. If it cannot, the picture comes back as it was, and `error`,
+/// which is otherwise empty, says why.
 using HBOverlayDrawing = std::function<HBImage<>(const HBImage<>& source, QString* error)>;
 
 /// One panel, as menus and the tests of all panels know it: its adjustment, and what makes it a widget.

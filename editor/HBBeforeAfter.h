@@ -10,8 +10,8 @@ class HBSplitLine;
 class HBTileImageItem;
 class KMDocumentView;
 
-/// Shows the photo as it was before over what the view shows: all of it while a key is held, or left of a line that
-/// can be dragged.
+/// Shows the photo as it was before over what the view shows: all of it while a key is held, or left of a line
+/// that can be dragged.
 class HBBeforeAfter : public QObject
 {
     Q_OBJECT

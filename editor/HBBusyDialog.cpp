@@ -41,7 +41,8 @@ void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFl
     QEventLoop loop;
     QFutureWatcher<void> watcher;
     QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-    // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread sanitizer.
+    // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread
+    // sanitizer.
     std::mutex order;
     std::unique_lock<std::mutex> here(order);
     const auto elsewhere = [&] {

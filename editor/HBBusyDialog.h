@@ -20,12 +20,12 @@ public:
 
     void reject() override;
 
-    /// Runs `work` on another thread and returns when it is done. The window is painted meanwhile but takes no input;
-    /// the dialog comes if it takes long. `work` must not throw.
+    /// Runs `work` on another thread and returns when it is done. The window is painted meanwhile but takes no
+    /// input; the dialog comes if it takes long. `work` must not throw.
     static void Run(const QString& text, QWidget* parent, const std::function<void()>& work);
 
-    /// The same for work that can be cancelled, by a button, and tells how far it is as 0 .. 1000. The dialog comes at
-    /// once. False if it was cancelled.
+    /// The same for work that can be cancelled, by a button, and tells how far it is as 0 .. 1000. The dialog
+    /// comes at once. False if it was cancelled.
     static bool RunCancellable(const QString& text, QWidget* parent,
                                const std::function<void(HBJobControl*)>& work);
 

@@ -12,8 +12,8 @@ class QMenu;
 class QSpinBox;
 class QToolButton;
 
-/// The editor's commands with their names, keys and hints, and the menus and the tool bar that show them. What they
-/// do is the window's business.
+/// The editor's commands with their names, keys and hints, and the menus and the tool bar that show them. What
+/// they do is the window's business.
 class HBEditorActions : public QObject
 {
     Q_OBJECT

@@ -84,7 +84,8 @@ bool HBEditorWindow::Save()
     return MayLeavePanel() && (!m_Document.IsModified() || SaveOver());
 }
 
-/// Keeps what the file is. Where that cannot be, asks first; then the file that was written has nothing more to lose.
+/// Keeps what the file is. Where that cannot be, asks first; then the file that was written has nothing more to
+/// lose.
 bool HBEditorWindow::SaveOver()
 {
     const QString path = m_Document.Path();

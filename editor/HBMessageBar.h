@@ -6,8 +6,8 @@
 
 class QLabel;
 
-/// A line over the photo that tells of an error or a warning until it is closed or the next one comes: nothing that
-/// stops the user.
+/// A line over the photo that tells of an error or a warning until it is closed or the next one comes: nothing
+/// that stops the user.
 class HBMessageBar : public QFrame
 {
     Q_OBJECT

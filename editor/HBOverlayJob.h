@@ -9,8 +9,8 @@
 #include <QFutureWatcher>
 #include <QObject>
 
-/// Draws the overlay of a panel without a job, in the background: one drawing at a time, then the newest that was asked
-/// for meanwhile. GUI thread only; destroying it waits for the drawing that runs.
+/// Draws the overlay of a panel without a job, in the background: one drawing at a time, then the newest that was
+/// asked for meanwhile. GUI thread only; destroying it waits for the drawing that runs.
 class HBOverlayJob : public QObject
 {
     Q_OBJECT

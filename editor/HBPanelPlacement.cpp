@@ -50,9 +50,9 @@ void FocusFirst(QWidget* panel)
     }
 }
 
-/// To be called when the panel has its new window. A button keeps what the former window made of it: its OK would be
-/// taken for the default button of a dialog that chose another one itself, and a button that had the focus there would
-/// look like the default here.
+/// To be called when the panel has its new window. A button keeps what the former window made of it: its OK would
+/// be taken for the default button of a dialog that chose another one itself, and a button that had the focus
+/// there would look like the default here.
 void MakeOkDefault(QWidget* panel)
 {
     for (QPushButton* button : panel->findChildren<QPushButton*>())

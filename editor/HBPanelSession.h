@@ -17,8 +17,8 @@ class HBOverlayFrame;
 class KMDocumentView;
 
 /// One open panel, from its opening to OK or Cancel: hands it the photo and the selection, passes its previews on,
-/// and at OK waits until the panel has worked the very last change in. Overlays, whose panels only describe them, are
-/// drawn here, over the whole photo whatever is selected.
+/// and at OK waits until the panel has worked the very last change in. Overlays, whose panels only describe them,
+/// are drawn here, over the whole photo whatever is selected.
 ///
 /// The session owns the panel, wherever that is put on the screen. Both may be destroyed at any time, also while a
 /// job runs; from a slot of the session's or the panel's own signals use deleteLater(). GUI thread only.
@@ -56,8 +56,8 @@ Q_SIGNALS:
     /// OK, and this is the final image.
     void Accepted(const HBImage<>& image);
     void Rejected();
-    /// OK was pressed, but the panel goes on: the user would not wait (no reason), or the adjustment failed. The preview
-    /// may lack the last change.
+    /// OK was pressed, but the panel goes on: the user would not wait (no reason), or the adjustment failed. The
+    /// preview may lack the last change.
     void Resumed(const QString& reason);
     /// An overlay cannot be drawn as it is; empty: it can again.
     void Troubled(const QString& reason);

@@ -16,6 +16,6 @@ struct HBScreenshotOptions
     QSize size = QSize(1200, 800); ///< of the window, without its frame
 };
 
-/// Shows the window with the panel open, waits for the panel's result and writes the picture. False, with the reason
-/// on standard error, if that fails.
+/// Shows the window with the panel open, waits for the panel's result and writes the picture. False, with the
+/// reason on standard error, if that fails.
 bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options);

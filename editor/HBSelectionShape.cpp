@@ -45,8 +45,8 @@ void FillTile(const HBSelectionShape& shape, const HBImage<>& mask, const QPoint
 
 } // namespace
 
-/// How deep inside the ellipse a point lies, negative outside: the ellipse's equation divided by its gradient, which
-/// is exact at the edge in the first order.
+/// How deep inside the ellipse a point lies, negative outside: the ellipse's equation divided by its gradient,
+/// which is exact at the edge in the first order.
 double HBSelectionShape::InsideDistance(double x, double y) const
 {
     const double a = rect.width() / 2.0;
@@ -95,8 +95,8 @@ HBSelection HBSelectionShape::Rasterize(const QSize& photo) const
     selection.bounds = QRect(QPoint(0, 0), area.size());
     selection.mask = HBImage<>(area.width(), area.height());
 
-    // Tiles that are wholly inside the shape or wholly outside are not painted pixel by pixel, and those that are full
-    // share one: a selection costs what its edge costs.
+    // Tiles that are wholly inside the shape or wholly outside are not painted pixel by pixel, and those that are
+    // full share one: a selection costs what its edge costs.
     const KMTileRef full = FullTile();
     std::vector<int> edge;
     for (int index = 0; index < selection.mask.Tiles().size(); ++index) {
@@ -126,7 +126,8 @@ HBSelection HBSelectionShape::Rasterize(const QSize& photo) const
 /// Where the shape, inverted or not, has a piece of the photo.
 HBSelectionShape::Where HBSelectionShape::Place(const QRect& piece) const
 {
-    // Coverage falls from the middle outwards; but in an ellipse only nearly so, its distance being an approximation.
+    // Coverage falls from the middle outwards; but in an ellipse only nearly so, its distance being an
+    // approximation.
     const int margin = kind == Kind::Ellipse ? 8 : 0;
     const QRect wide = piece.adjusted(-margin, -margin, margin, margin);
     auto covered = [this](int x, int y) { return inverted ? 255 - CoverageAt(x, y) : CoverageAt(x, y); };

@@ -11,7 +11,8 @@ class KMDocumentView;
 class QGraphicsSceneMouseEvent;
 
 /// Draws selections with the mouse: drag for a rectangle or an ellipse, with Shift a square or a circle; a click
-/// selects nothing; Escape gives a drag up, else the selection, unless that key is wanted for more. It leaves the mouse to a panel that picks colours.
+/// selects nothing; Escape gives a drag up, else the selection, unless that key is wanted for more. It leaves the
+/// mouse to a panel that picks colours.
 class HBSelectionTool : public QObject
 {
     Q_OBJECT

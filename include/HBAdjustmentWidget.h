@@ -28,21 +28,23 @@ namespace Ui
 class AdjustmentDialogBase;
 }
 
-/// Base of every adjustment panel: takes an image from the host, recomputes an adjusted copy in the background when
-/// a value changes, reports progress, and tells the host when a new image is ready and what the user decided.
+/// Base of every adjustment panel: takes an image from the host, recomputes an adjusted copy in the background
+/// when a value changes, reports progress, and tells the host when a new image is ready and what the user decided.
 ///
-/// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct, SetValue
-/// (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may be destroyed
-/// at any time, also while a job runs or its progress dialog is open; from a slot of its own signals, by deleteLater().
+/// Everything here is called, and every signal is emitted, on the GUI thread. The host's order: construct,
+/// SetValue (of the panel), SetImage, user edits, WaitForProcessingFinished, AdjustedImage, destroy. The panel may
+/// be destroyed at any time, also while a job runs or its progress dialog is open; from a slot of its own signals,
+/// by deleteLater().
 ///
-/// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete: it
-/// stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless cancelled.
+/// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete:
+/// it stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless
+/// cancelled.
 class PANELS_EXPORT HBAdjustmentWidget : public KMAdjustmentWidget
 {
     Q_OBJECT
 public:
-    /// \param dialog true: with a frame of its own (progress bar, OK / Cancel / Reset), and every change of a value
-    ///        starts a job 50 ms later; false: the controls alone, and only SetImage starts jobs.
+    /// \param dialog true: with a frame of its own (progress bar, OK / Cancel / Reset), and every change of a
+    ///        value starts a job 50 ms later; false: the controls alone, and only SetImage starts jobs.
     HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags);
     ~HBAdjustmentWidget() override;
 
@@ -57,23 +59,23 @@ public:
     HBImage<> AdjustedImage() const { return m_Adjusted; }
     /// Whether a job runs.
     bool IsProcessing() const { return m_Processing; }
-    /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not adjusted then. A program
-    /// that stores results must ask.
+    /// Whether the job that made the adjusted image threw, for want of memory for example: part of it is not
+    /// adjusted then. A program that stores results must ask.
     bool HasJobFailed() const;
-    /// Whether AdjustedImage() lacks something: a change younger than 50 ms, values set behind the last SetImage, a job that
-    /// runs, was cancelled or has failed. False without an image.
+    /// Whether AdjustedImage() lacks something: a change younger than 50 ms, values set behind the last SetImage,
+    /// a job that runs, was cancelled or has failed. False without an image.
     bool HasPendingChange() const;
-    /// Begins to work in what HasPendingChange() says, now and in either mode, unless the running job knows it already or
-    /// jobs are cancelled. A job that does not know it becomes obsolete. To have the final result, call this and then
-    /// WaitForProcessingFinished.
+    /// Begins to work in what HasPendingChange() says, now and in either mode, unless the running job knows it
+    /// already or jobs are cancelled. A job that does not know it becomes obsolete. To have the final result, call
+    /// this and then WaitForProcessingFinished.
     void ProcessNow();
-    /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its image
-    /// still arrives, with ImageReady().
+    /// Empties both images, clears the cancel flag and resets the controls. A job that runs is left alone: its
+    /// image still arrives, with ImageReady().
     void ClearData();
 
     /// Asks for the final result. True: nothing to wait for (a change that has not started its job is not
-    /// waited for, see ProcessNow), or a wait is on already. False: Finished(int) will be emitted; if the job outlasts the host's progress
-    /// timeout, a modal progress dialog is shown meanwhile.
+    /// waited for, see ProcessNow), or a wait is on already. False: Finished(int) will be emitted; if the job
+    /// outlasts the host's progress timeout, a modal progress dialog is shown meanwhile.
     /// \param cancel also give the running job up
     bool WaitForProcessingFinished(bool cancel);
     /// While set, no job starts; setting it makes a running job obsolete. Clearing it starts nothing.
@@ -135,8 +137,9 @@ protected:
     /// The same, but connected by the end of the first Mute.
     void ListenLater(QObject* sender, const char* signal, const char* slot);
 
-    /// While it lives the panel hears nothing of its controls, or of one of them. At its end all is connected again, in the
-    /// order of the Listen calls, also what the host had disconnected. Values that are set unheard are a pending change.
+    /// While it lives the panel hears nothing of its controls, or of one of them. At its end all is connected
+    /// again, in the order of the Listen calls, also what the host had disconnected. Values that are set unheard
+    /// are a pending change.
     class PANELS_EXPORT Mute
     {
     public:

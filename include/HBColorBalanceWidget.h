@@ -11,7 +11,8 @@ namespace Ui
 class ColorBalanceParamWidget;
 }
 
-/// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by themselves.
+/// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by
+/// themselves.
 class PANELS_EXPORT HBColorBalanceWidget : public HBAdjustmentWidget
 {
     Q_OBJECT

@@ -11,8 +11,8 @@ namespace Ui
 class ColorEnhancer;
 }
 
-/// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the image has, for each
-/// channel by itself or for all in common.
+/// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the image has, for
+/// each channel by itself or for all in common.
 class PANELS_EXPORT HBColorEnhancerWidget : public HBAdjustmentWidget
 {
     Q_OBJECT

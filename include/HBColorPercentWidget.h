@@ -9,8 +9,8 @@
 #include <QAbstractButton>
 #include <QSpinBox>
 
-/// A panel of one colour, which the picture follows while it is being picked, and one percentage. The signal and the slots
-/// are each panel's own: a template has no meta-object.
+/// A panel of one colour, which the picture follows while it is being picked, and one percentage. The signal and
+/// the slots are each panel's own: a template has no meta-object.
 /// \tparam Panel has the signal ValueChanged() and the slot OnCurrentColorChanged(QColor)
 /// \tparam Record has a `color` and the percentage
 template <class Panel, class Record, qint32 Record::*Percent>
@@ -24,8 +24,8 @@ public:
     };
 
     Params GetValue() const { return m_Params; }
-    /// Kept as it is, also out of range, where the controls show and the job uses the nearest percentage they allow.
-    /// Emits nothing and starts no job.
+    /// Kept as it is, also out of range, where the controls show and the job uses the nearest percentage they
+    /// allow. Emits nothing and starts no job.
     void SetValue(const Params& params)
     {
         const Mute mute(this);

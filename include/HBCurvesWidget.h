@@ -16,8 +16,8 @@ namespace Ui
 class CurvesWidget;
 }
 
-/// Curves, edited over the histogram of the image (HBCurveScene), with pickers that take a black, a gray or a white point
-/// from the document view (HBDocumentPick).
+/// Curves, edited over the histogram of the image (HBCurveScene), with pickers that take a black, a gray or a
+/// white point from the document view (HBDocumentPick).
 class PANELS_EXPORT HBCurvesWidget : public HBAdjustmentWidget, public HBHistogramPanel
 {
     Q_OBJECT

@@ -24,8 +24,8 @@ public:
     /// Added to the linear light, -0.5..0.5, four decimals; 0 does nothing.
     double GetOffset() const;
 
-    /// Clamped by the controls; NaN is ignored. Unlike every other setter it emits, starts a job, and makes each later
-    /// change of the exposure emit twice more, on purpose: hosts count those signals.
+    /// Clamped by the controls; NaN is ignored. Unlike every other setter it emits, starts a job, and makes each
+    /// later change of the exposure emit twice more, on purpose: hosts count those signals.
     void SetExposure(double exposure);
     /// Clamped by the controls; NaN is ignored. Emits nothing and starts no job.
     void SetOffset(double offset);

@@ -8,8 +8,8 @@
 #include <HBSharedImage.h>
 #include <HistogramWidget.h>
 
-/// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing. GUI
-/// thread.
+/// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing.
+/// GUI thread.
 class PANELS_EXPORT HBHistogramPanel
 {
 public:

@@ -13,8 +13,8 @@ namespace Ui
 class HueSaturationParamWidget;
 }
 
-/// Hue, saturation and lightness, or the picture in one tone ("Colorize"). Reacts to the user from the first SetValue
-/// on, not before.
+/// Hue, saturation and lightness, or the picture in one tone ("Colorize"). Reacts to the user from the first
+/// SetValue on, not before.
 class PANELS_EXPORT HBHueSaturationWidget : public HBAdjustmentWidget
 {
     Q_OBJECT

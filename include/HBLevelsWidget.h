@@ -23,8 +23,8 @@ public:
     ~HBLevelsWidget() override;
 
     Params GetValue() const { return m_Params; }
-    /// Kept as it is, also out of range, but for a channel outside 0..3, which becomes 0. Emits nothing and starts no
-    /// job.
+    /// Kept as it is, also out of range, but for a channel outside 0..3, which becomes 0. Emits nothing and starts
+    /// no job.
     void SetValue(const Params& params);
 
     /// See HBLevelsParams.

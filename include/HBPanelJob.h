@@ -40,11 +40,12 @@ struct HBJobData : HBTarget
     std::shared_ptr<HBPanelJobControl> control; ///< null: nobody listens
 };
 
-/// Runs a job on the global pool, or at once where the system starts no more threads, and hands its future to the watcher.
+/// Runs a job on the global pool, or at once where the system starts no more threads, and hands its future to the
+/// watcher.
 PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job);
 
-/// Runs process(job) for the watcher. What it throws ends here, with the image unchanged: from a future it would come out
-/// in the GUI thread.
+/// Runs process(job) for the watcher. What it throws ends here, with the image unchanged: from a future it would
+/// come out in the GUI thread.
 template <class Data>
 void HBStartJob(QFutureWatcher<HBImage<>>* watcher, HBImage<> (*process)(Data), const Data& job)
 {

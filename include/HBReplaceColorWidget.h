@@ -12,8 +12,8 @@ namespace Ui
 class ReplaceColor;
 }
 
-/// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets another
-/// colour. The selection does not limit the fill.
+/// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets
+/// another colour. The selection does not limit the fill.
 class PANELS_EXPORT HBReplaceColorWidget : public HBAdjustmentWidget
 {
     Q_OBJECT

@@ -23,8 +23,8 @@ public:
     ~HBThresholdWidget() override;
 
     Params GetValue() const { return m_Params; }
-    /// Kept, and processed, as it is, also out of the controls' 1..255: 0 or less makes all white, more than 255 all
-    /// black. Emits nothing and starts no job.
+    /// Kept, and processed, as it is, also out of the controls' 1..255: 0 or less makes all white, more than 255
+    /// all black. Emits nothing and starts no job.
     void SetValue(const Params& params);
 
 Q_SIGNALS:

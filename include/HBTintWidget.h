@@ -27,8 +27,8 @@ public:
     ~HBTintWidget() override;
 
     Params GetValue() const { return m_Params; }
-    /// Kept, and processed, as it is, also out of range; a type that does not exist leaves the picture as it is. Emits
-    /// nothing and starts no job.
+    /// Kept, and processed, as it is, also out of range; a type that does not exist leaves the picture as it is.
+    /// Emits nothing and starts no job.
     void SetValue(const Params& params);
 
 Q_SIGNALS:

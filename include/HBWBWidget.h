@@ -11,8 +11,9 @@ namespace Ui
 class WBWidget;
 }
 
-/// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a strength of
-/// its own; and a shift of the colour temperature. Reacts to the user from the first SetValue on, not before.
+/// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a
+/// strength of its own; and a shift of the colour temperature. Reacts to the user from the first SetValue on, not
+/// before.
 class PANELS_EXPORT HBWBWidget : public HBAdjustmentWidget
 {
     Q_OBJECT

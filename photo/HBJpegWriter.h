@@ -36,7 +36,8 @@ struct HBJpegCoding
 HBJpegCoding HBReadJpegCoding(const QByteArray& file);
 
 /// Writes RGB32 or Grayscale8 pixels and their resolution; no metadata.
-/// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, `quality` holds
+/// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, `quality`
+///        holds
 /// \param quality 0..100 as libjpeg counts; from 90 on, colours are stored in full size
 bool HBWriteJpeg(const QImage& pixels, const HBJpegCoding& coding, int quality, QByteArray* bytes,
                  QString* reason);

@@ -152,7 +152,8 @@ int QualityOfVp8(const QByteArray& file, qint64 frame)
     }
     bits.Number(2); // partitions
     const int base = bits.Number(7);
-    // libwebp spreads its four segments about the quality, more to the coarse side: the second finest is next to it.
+    // libwebp spreads its four segments about the quality, more to the coarse side: the second finest is next to
+    // it.
     std::sort(std::begin(segments), std::end(segments));
     const int quantizer = !segmented ? base : absolute ? segments[1] : base + segments[1];
     // libwebp takes the cube root of a quality that it has bent at three quarters.

@@ -96,8 +96,8 @@ bool CheckSize(const QSize& size, QString* reason)
     return true;
 }
 
-/// Collects what Qt's decoders remark on this thread while it lives, as about damaged data: they only log it, without
-/// the file's name.
+/// Collects what Qt's decoders remark on this thread while it lives, as about damaged data: they only log it,
+/// without the file's name.
 class Remarks
 {
 public:

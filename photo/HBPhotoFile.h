@@ -27,24 +27,26 @@ struct HBPhotoOptions
 {
     int quality =
         92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless; a JPEG from 90 on keeps full colours
-    /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality` says.
+    /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality`
+    /// says.
     HBPhotoEncoding encoding = {};
-    /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails instead.
+    /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails
+    /// instead.
     /// \param file all its bytes
     std::function<bool(const QByteArray& file)> mayWrite = {};
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
-/// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is too
-/// large for this machine before memory is taken for it. On failure `photo` is left alone.
+/// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is
+/// too large for this machine before memory is taken for it. On failure `photo` is left alone.
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error);
 
 /// The size that the file's head tells, before it is turned upright; not valid if it tells none.
 QSize HBPhotoSize(const QString& path);
 
-/// Writes the image with its metadata, in the format that the path's suffix names; the whole file or nothing, in which
-/// case a file that was there before stays. Where a format has no transparency the picture is put on white.
+/// Writes the image with its metadata, in the format that the path's suffix names; the whole file or nothing, in
+/// which case a file that was there before stays. Where a format has no transparency the picture is put on white.
 /// \param warnings what the format could not take, though the picture was written; may be null
 /// \param written how the file is encoded that was written; may be null
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,

@@ -13,8 +13,8 @@
 /// What a photo file holds besides its pixels.
 struct HBPhotoMetadata
 {
-    /// EXIF tags one by one ("Exif.Photo.ISOSpeedRatings"), without thumbnails and without what describes the layout
-    /// of the file; XMP and IPTC as a block each ("Xmp": the packet, "Iptc": the datasets).
+    /// EXIF tags one by one ("Exif.Photo.ISOSpeedRatings"), without thumbnails and without what describes the
+    /// layout of the file; XMP and IPTC as a block each ("Xmp": the packet, "Iptc": the datasets).
     QVector<KMEXIFElement> elements;
     KMCMSProfile profile;
     int orientation = 1;  ///< how the pixels lie in the file, as EXIF numbers it, 1..8
@@ -28,6 +28,7 @@ struct HBPhotoMetadata
 
 HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings);
 
-/// The encoded picture `file` with the metadata put in. The tags are changed to tell of upright pixels and of `size`.
+/// The encoded picture `file` with the metadata put in. The tags are changed to tell of upright pixels and of
+/// `size`.
 QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metadata, const QSize& size,
                            QStringList* warnings);

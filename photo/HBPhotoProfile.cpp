@@ -62,7 +62,8 @@ QByteArray HBWithWebPProfile(const QByteArray& file, const QByteArray& icc, cons
     constexpr int flags = head + 8;
     QByteArray result = file;
     if (result.mid(head, 4) != "VP8X") {
-        // Without one a file is opaque and lossy, or lossless, and then a bit behind 28 of the size tells about alpha.
+        // Without one a file is opaque and lossy, or lossless, and then a bit behind 28 of the size tells about
+        // alpha.
         const bool alpha = result.mid(head, 4) == "VP8L" && result.size() > 24 && (result[24] & 0x10);
         const QByteArray data = QByteArray(1, alpha ? hasAlpha : '\0') + QByteArray(3, '\0') +
                                 LittleEndian(quint32(size.width() - 1), 3) +

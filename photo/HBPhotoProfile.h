@@ -5,9 +5,9 @@
 #include <QByteArray>
 #include <QSize>
 
-// Exiv2 0.27 stores a colour profile in PNG without the name that the format asks for, so that nobody reads it, and
-// in WebP under a wrong name, so that nobody reads the picture. Hence these two, for files without a profile that
-// were written whole a moment ago.
+// Exiv2 0.27 stores a colour profile in PNG without the name that the format asks for, so that nobody reads it,
+// and in WebP under a wrong name, so that nobody reads the picture. Hence these two, for files without a profile
+// that were written whole a moment ago.
 
 /// The PNG file with the profile.
 QByteArray HBWithPngProfile(const QByteArray& file, const QByteArray& icc);

@@ -5,6 +5,6 @@
 #include <QByteArray>
 #include <QJsonObject>
 
-/// The object as one line, with its end. A byte of a path that is not UTF-8 (see HBKeepAllFileNames) is written as the
-/// escape of its lone surrogate, "\udce4": Python's json and os.fsencode() give the very byte back.
+/// The object as one line, with its end. A byte of a path that is not UTF-8 (see HBKeepAllFileNames) is written as
+/// the escape of its lone surrogate, "\udce4": Python's json and os.fsencode() give the very byte back.
 QByteArray HBJsonLine(const QJsonObject& object);

@@ -22,10 +22,10 @@ QVector<HBStepText> HBDescribeRecipe(const HBRecipe& recipe);
 /// A key of a field as words: "cyanRed.shadows" is "cyan red shadows".
 QString HBWordsOf(const QString& key);
 
-/// What two recipes differ in, a line each as diff writes them: "-" only the first has it, "+" only the second, " " the
-/// steps around. Empty if they do the same.
+/// What two recipes differ in, a line each as diff writes them: "-" only the first has it, "+" only the second, "
+/// " the steps around. Empty if they do the same.
 QStringList HBDiffRecipes(const HBRecipe& first, const HBRecipe& second);
 
-/// The JSON Schema (2020-12) of recipes. The fields of a panel, with their ranges, stand in "$defs": as they are stored by
-/// those without a record, and as "explain --json" prints them of the others.
+/// The JSON Schema (2020-12) of recipes. The fields of a panel, with their ranges, stand in "$defs": as they are
+/// stored by those without a record, and as "explain --json" prints them of the others.
 QJsonObject HBRecipeSchema();

@@ -6,8 +6,8 @@
 
 #include <QSize>
 
-/// What one photo may take. Recipes and photos may be anybody's files: some of a few kilobytes would keep a machine busy
-/// for an hour, or fill its memory.
+/// What one photo may take. Recipes and photos may be anybody's files: some of a few kilobytes would keep a
+/// machine busy for an hour, or fill its memory.
 struct HBReplayBounds
 {
     double seconds = 300;
@@ -22,6 +22,6 @@ struct HBReplayBounds
     QString Problem(const QSize& size, qint64 fileBytes, const HBRecipe& recipe, int threads) const;
 };
 
-/// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a factor of three or
-/// so, and rather too little. Reading and writing are not counted.
+/// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a factor of
+/// three or so, and rather too little. Reading and writing are not counted.
 double HBEstimateSeconds(const HBRecipe& recipe, qint64 pixels);

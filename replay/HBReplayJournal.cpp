@@ -168,8 +168,8 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     return true;
 }
 
-/// A file is replaced by renaming one that is called as it, a dot and six letters. That may be anybody's, too: what goes is
-/// only what has the very bytes of the result.
+/// A file is replaced by renaming one that is called as it, a dot and six letters. That may be anybody's, too:
+/// what goes is only what has the very bytes of the result.
 void HBReplayJournal::RemoveLeftovers() const
 {
     constexpr int added = 7;

@@ -29,10 +29,11 @@ HBFileState HBStateOf(const QString& path);
 /// The SHA-256 as hexadecimal digits.
 QByteArray HBHashOf(const QByteArray& bytes);
 
-/// What runs have written into a folder, so that a later one can go on: ".panel-replay.journal" in the results' folder, with
-/// the share in its name if there is one. A line of JSON for each file, on the disk before its result is: a result that was
-/// not there before is done when it is there; one that replaced a file, the photo itself perhaps, when it has the hash of
-/// the line. So whenever the program or the machine stops, no photo is adjusted twice in place.
+/// What runs have written into a folder, so that a later one can go on: ".panel-replay.journal" in the results'
+/// folder, with the share in its name if there is one. A line of JSON for each file, on the disk before its result
+/// is: a result that was not there before is done when it is there; one that replaced a file, the photo itself
+/// perhaps, when it has the hash of the line. So whenever the program or the machine stops, no photo is adjusted
+/// twice in place.
 class HBReplayJournal
 {
 public:
@@ -42,24 +43,26 @@ public:
     ~HBReplayJournal();
     Q_DISABLE_COPY(HBReplayJournal)
 
-    /// Reads the lines that all shares have left in the folder. Those that are torn or of another job do not count.
+    /// Reads the lines that all shares have left in the folder. Those that are torn or of another job do not
+    /// count.
     bool Read(QString* problem);
 
     /// Whether the photo, as it is now, has its result.
     /// \param output where, if it has
     bool IsDone(const QString& input, QString* output) const;
 
-    /// Any thread. False, with the reason, if the line did not get onto the disk: the result must not be written then.
+    /// Any thread. False, with the reason, if the line did not get onto the disk: the result must not be written
+    /// then.
     /// \param state of the photo before it was read
     /// \param isNew there is no file with the result's name
     bool Note(const QString& input, const HBFileState& state, const QString& output, bool isNew,
               const QByteArray& result, QString* reason);
 
-    /// Before the first photo: removes what a run that was killed has left beside results that it was about to replace; or
-    /// empties the journal of an earlier run, if its lines are not kept.
+    /// Before the first photo: removes what a run that was killed has left beside results that it was about to
+    /// replace; or empties the journal of an earlier run, if its lines are not kept.
     void Begin();
-    /// Nothing is left to go on with. A journal of files that were replaced stays: whoever cannot tell that the run has come
-    /// to its end, and goes on with it, must not have them adjusted twice.
+    /// Nothing is left to go on with. A journal of files that were replaced stays: whoever cannot tell that the
+    /// run has come to its end, and goes on with it, must not have them adjusted twice.
     void Remove();
 
 private:

@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// What the user sees on standard error while files are at work: on a terminal one line that changes, and messages, which
-/// stay; elsewhere messages alone.
+/// What the user sees on standard error while files are at work: on a terminal one line that changes, and
+/// messages, which stay; elsewhere messages alone.
 class HBReplayLog
 {
 public:
@@ -23,5 +23,6 @@ private:
     bool m_LineOpen = false;
 };
 
-/// "panel-replay: <text>" on standard error, as one line; on a terminal with its head in red, unless NO_COLOR is set.
+/// "panel-replay: <text>" on standard error, as one line; on a terminal with its head in red, unless NO_COLOR is
+/// set.
 void HBPrintError(const QString& text);

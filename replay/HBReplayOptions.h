@@ -8,8 +8,8 @@
 
 #include <vector>
 
-// What the command line understands, as data: the parser and --help are made from it, and so can a manual page and a
-// shell's completion be. Texts are untranslated here; HBReplayText() translates them.
+// What the command line understands, as data: the parser and --help are made from it, and so can a manual page and
+// a shell's completion be. Texts are untranslated here; HBReplayText() translates them.
 
 struct HBReplayExample
 {

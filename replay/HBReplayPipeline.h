@@ -35,15 +35,17 @@ struct HBReplayWork
     HBReplayJournal* journal = nullptr; ///< told of each result before it is written; may be null
 };
 
-/// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the adjusting
-/// with the global pool. No more photos are in memory at once than fit into half of the tiles' memory budget, but for one.
+/// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the
+/// adjusting with the global pool. No more photos are in memory at once than fit into half of the tiles' memory
+/// budget, but for one.
 class HBReplayPipeline
 {
 public:
     HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBReplayWork& work, HBReplayReport* report);
 
-    /// Does the tasks; messages and the report come in their order. After an interrupt it ends at once, though threads may
-    /// still read, adjust or encode: what has begun to go to the disk is whole, nothing else will go there.
+    /// Does the tasks; messages and the report come in their order. After an interrupt it ends at once, though
+    /// threads may still read, adjust or encode: what has begun to go to the disk is whole, nothing else will go
+    /// there.
     void Run();
     /// Whether such threads are left: then the process must end without waiting for them.
     bool HasThreadsLeft();

@@ -28,13 +28,13 @@ struct HBReplayPlanning
     bool verifies = false;                    ///< compares with results instead of writing them
 };
 
-/// One task for each input of the share, in the same order, after a look at all that can be known before a photo is read.
-/// No two tasks to do write the same file, and none writes over another one's input. Every share plans for all inputs, so
-/// that all of them give the same names.
+/// One task for each input of the share, in the same order, after a look at all that can be known before a photo
+/// is read. No two tasks to do write the same file, and none writes over another one's input. Every share plans
+/// for all inputs, so that all of them give the same names.
 QVector<HBReplayTask> HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
                                    const HBReplayPlanning& planning);
 
-/// Makes the folders of the results and looks whether they can be written to. False, with the problem, if the target's own
-/// cannot; tasks whose folders cannot are refused.
+/// Makes the folders of the results and looks whether they can be written to. False, with the problem, if the
+/// target's own cannot; tasks whose folders cannot are refused.
 /// \param dryRun makes none, and only looks at those that are there
 bool HBPrepareFolders(const HBReplayTarget& target, bool dryRun, QVector<HBReplayTask>* tasks, QString* problem);

@@ -26,8 +26,8 @@ struct HBReplayResult
     QString error; ///< why it failed or was skipped; names the file unless it was skipped
 };
 
-/// What is said of a run on standard output: with --json a line for each file and one for all, flushed one by one, so that
-/// a run that is killed leaves whole lines. Keys are never translated, never changed.
+/// What is said of a run on standard output: with --json a line for each file and one for all, flushed one by one,
+/// so that a run that is killed leaves whole lines. Keys are never translated, never changed.
 class HBReplayReport
 {
 public:

@@ -50,8 +50,8 @@ void UseUtf8WithoutLocale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
-/// While QGuiApplication starts, Qt looks for the folder of a display's session and warns where there is none, as under
-/// cron: nothing that this program needs.
+/// While QGuiApplication starts, Qt looks for the folder of a display's session and warns where there is none, as
+/// under cron: nothing that this program needs.
 void PrintNoWarnings(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     if (type == QtCriticalMsg || type == QtFatalMsg)

@@ -278,7 +278,8 @@ void HBAdjustmentWidget::showEvent(QShowEvent* event)
     KMAdjustmentWidget::showEvent(event);
 }
 
-/// The frame's buttons exist before the panel's controls, and the focus follows the order in which widgets were made.
+/// The frame's buttons exist before the panel's controls, and the focus follows the order in which widgets were
+/// made.
 void HBAdjustmentWidget::PutButtonsLastInTabOrder()
 {
     QWidget* last = nullptr;
@@ -294,12 +295,12 @@ void HBAdjustmentWidget::PutButtonsLastInTabOrder()
     }
     if (!last)
         return;
-    // The last button first, each to right behind the controls: Qt takes one that ends the round for one that already
-    // stands before the next.
+    // The last button first, each to right behind the controls: Qt takes one that ends the round for one that
+    // already stands before the next.
     for (int i = buttons.size() - 1; i >= 0; --i)
         setTabOrder(last, buttons.at(i));
-    // The box hands the focus on to its first button on the screen. It goes right before that one: from anywhere else
-    // the tab key would jump over what lies between.
+    // The box hands the focus on to its first button on the screen. It goes right before that one: from anywhere
+    // else the tab key would jump over what lies between.
     QWidget* const first = box->focusProxy();
     box->setFocusProxy(nullptr);       // or Qt would move that button in place of the box,
     box->setFocusPolicy(Qt::TabFocus); // and without this nothing at all
@@ -382,7 +383,8 @@ void HBAdjustmentWidget::FinishWaiting()
     KillTimer(m_WaitTimer);
     KillTimer(m_DataChangedTimer);
 
-    // The host may destroy this panel, and its main window with the dialog, in any of the nested event loops below.
+    // The host may destroy this panel, and its main window with the dialog, in any of the nested event loops
+    // below.
     const QPointer<HBAdjustmentWidget> self(this);
     const QPointer<HBOperationProgressDlg> dialog(new HBOperationProgressDlg(HBMdiArea::MainWindow()));
     m_pWaitDialog = dialog;

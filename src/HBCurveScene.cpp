@@ -244,8 +244,8 @@ bool HBCurveScene::MovePoint(int index, const QPoint& point)
         Q_EMIT EndLimited(Last, point.x() + Gap);
     if (index == 1)
         Q_EMIT EndLimited(First, point.x() - Gap);
-    // A slider's handle that stood beyond its new limit has moved its end of the curve, and a host that was told so may have
-    // set another curve.
+    // A slider's handle that stood beyond its new limit has moved its end of the curve, and a host that was told
+    // so may have set another curve.
     if (!node || !CanMove(index, point))
         return false;
     if (index == 0 || index == last) {

@@ -15,10 +15,11 @@ class QGraphicsSceneMouseEvent;
 class QGraphicsView;
 class QKeyEvent;
 
-/// An editor of a tone curve: points inserted, moved and deleted with mouse and keys in a scene of 255 × 255 units.
+/// An editor of a tone curve: points inserted, moved and deleted with mouse and keys in a scene of 255 × 255
+/// units.
 ///
-/// Two spaces: a curve point is (input, output), both 0..255, output growing upward; the scene's y grows downward. GUI
-/// thread. A slot of its signals may give it another list.
+/// Two spaces: a curve point is (input, output), both 0..255, output growing upward; the scene's y grows downward.
+/// GUI thread. A slot of its signals may give it another list.
 class PANELS_EXPORT HBCurveScene : public QGraphicsScene
 {
     Q_OBJECT
@@ -32,14 +33,15 @@ public:
 
     /// Fills this view, whatever its size.
     void ShowIn(QGraphicsView* view);
-    /// Edits this list, in place, from now on. It has at least two points, each 0..255, by input; it must live as long as
-    /// it is edited, and who changes it calls this again. Nothing is selected then.
+    /// Edits this list, in place, from now on. It has at least two points, each 0..255, by input; it must live as
+    /// long as it is edited, and who changes it calls this again. Nothing is selected then.
     void SetPoints(QVector<QPoint>* points);
-    /// Has nodes tell this object, by slots named like those of this class, instead of this; those made from now on.
+    /// Has nodes tell this object, by slots named like those of this class, instead of this; those made from now
+    /// on.
     void SetNodeListener(QObject* listener) { m_pNodeListener = listener; }
 
-    /// Moves an end of the curve to this input and selects it, as far as the points beside it allow; any other number of an
-    /// end is ignored.
+    /// Moves an end of the curve to this input and selects it, as far as the points beside it allow; any other
+    /// number of an end is ignored.
     void MoveEnd(uint end, int input);
     void Deselect() { Select(nullptr); }
     /// Not an end of the curve, nor in mid-drag.

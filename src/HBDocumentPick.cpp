@@ -67,7 +67,8 @@ HBDocumentPick::Pick* HBDocumentPick::Checked() const
 
 void HBDocumentPick::SetView(KMDocumentView* view)
 {
-    // While the old view can still be told: cursor, drag mode and filter are taken from it, and the new one is left alone.
+    // While the old view can still be told: cursor, drag mode and filter are taken from it, and the new one is
+    // left alone.
     for (const auto& pick : m_Picks)
         pick->button->setChecked(false);
     m_pView = view;

@@ -20,8 +20,9 @@
 class KMDocumentView;
 class QAbstractButton;
 
-/// Colours picked from the photo: while one of several checkable buttons is checked, a rectangle dragged on the document
-/// gives that button's colour, the average under it. GUI thread; the average is counted in the global pool.
+/// Colours picked from the photo: while one of several checkable buttons is checked, a rectangle dragged on the
+/// document gives that button's colour, the average under it. GUI thread; the average is counted in the global
+/// pool.
 ///
 /// Who owns the buttons connects them to Toggle, and the watchers' finished() to whoever takes the result.
 class PANELS_EXPORT HBDocumentPick : public QObject
@@ -51,8 +52,8 @@ public:
     /// Counts that run will have no result.
     void Cancel();
 
-    /// The average under the rectangle (pixels, cut to the image): 32-bit sums that wrap above 16.8 million white pixels, on
-    /// purpose; `fallback` where no pixel is. Any thread. \throws std::bad_alloc
+    /// The average under the rectangle (pixels, cut to the image): 32-bit sums that wrap above 16.8 million white
+    /// pixels, on purpose; `fallback` where no pixel is. Any thread. \throws std::bad_alloc
     static HBRGBA32i Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback);
 
 protected:

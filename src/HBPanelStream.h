@@ -13,9 +13,10 @@ enum class HBAfterFailure { Keep, Reset };
 
 // Date, time and line are those of the panel's own unit: its operators are made by a macro there.
 
-/// The stream operators of Panel::Params; both return the stream and log one line on failure, "Write <words> error." or
-/// "Read <words> error.".
-/// \param lineWrite, lineRead __LINE__, unless the panel has fixed numbers, on purpose, for those who look for them
+/// The stream operators of Panel::Params; both return the stream and log one line on failure, "Write <words>
+/// error." or "Read <words> error.".
+/// \param lineWrite, lineRead __LINE__, unless the panel has fixed numbers, on purpose, for those who look for
+///        them
 #define HB_PANEL_STREAM_LINES(Panel, words, lineWrite, lineRead, afterFailure)                                    \
     QDataStream& operator<<(QDataStream& stream, const Panel::Params& params)                                     \
     {                                                                                                             \

@@ -11,7 +11,8 @@ HB_PANEL_STREAM_LINES(HBPhotoFilterWidget, "photo filter data", 368, 381, HBAfte
 namespace
 {
 
-/// Presets behind the first row, "Custom". The fourth name is misspelt, on purpose: it is a key of the translations.
+/// Presets behind the first row, "Custom". The fourth name is misspelt, on purpose: it is a key of the
+/// translations.
 struct Preset
 {
     const char* name;
@@ -48,7 +49,8 @@ HBPhotoFilterWidget::HBPhotoFilterWidget(bool dialog, QWidget* parent, Qt::Windo
 {
     m_pUI->setupUi(GetUIContent());
     FillPresets();
-    // Never muted, on purpose: SetValue stores the colour before it looks for the preset, which then changes nothing.
+    // Never muted, on purpose: SetValue stores the colour before it looks for the preset, which then changes
+    // nothing.
     connect(m_pUI->m_pPresetList, SIGNAL(currentIndexChanged(int)), SLOT(OnPresetChanged(int)));
     Listen(m_pUI->m_pColor, SIGNAL(clicked()), SLOT(OnColor()));
     Listen(m_pUI->m_pDensity, SIGNAL(valueChanged(int)), SLOT(OnDensityChanged(int)));

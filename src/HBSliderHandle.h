@@ -4,9 +4,9 @@
 
 #include <QSlider>
 
-/// Gives a slider with a coloured groove its handle back, in the palette's colours: a style sheet that describes the
-/// groove leaves no handle but one that it describes too. Call it after each SetGrooveGradient, which replaces the whole
-/// sheet. On the slider itself, so that the panel's style sheet is the host's to set.
+/// Gives a slider with a coloured groove its handle back, in the palette's colours: a style sheet that describes
+/// the groove leaves no handle but one that it describes too. Call it after each SetGrooveGradient, which replaces
+/// the whole sheet. On the slider itself, so that the panel's style sheet is the host's to set.
 inline void HBStyleHandle(QSlider* slider)
 {
     slider->setStyleSheet(slider->styleSheet() +

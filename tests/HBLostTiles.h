@@ -23,8 +23,8 @@ inline bool HBDestroyScratchFile(const QString& folder) {
     return false;
 }
 
-/// What every tile that is not pinned holds is gone: to pin it throws std::bad_alloc, as it does without memory. For
-/// programs that leave the scratch folder alone.
+/// What every tile that is not pinned holds is gone: to pin it throws std::bad_alloc, as it does without memory.
+/// For programs that leave the scratch folder alone.
 inline bool HBLoseTiles() {
     static const QTemporaryDir folder;
     KMTileManager64& manager = KMTileManager64::Instance();

@@ -27,8 +27,8 @@ int TintVectors(HBRGBA32i*, int, const HBTintFactors&)
 constexpr std::uint32_t Whole = 255000;
 
 /// value / 255000 without remainder for values up to 255 × 255000: multiplied by 2^45 / 255000, rounded up, and
-/// shifted. The factor is too large by less than 1, the product by less than 2^26, and a quotient that is not whole
-/// stays clear of the next whole number by 2^45 / 255000, more than 2^27.
+/// shifted. The factor is too large by less than 1, the product by less than 2^26, and a quotient that is not
+/// whole stays clear of the next whole number by 2^45 / 255000, more than 2^27.
 template <class D>
 HWY_INLINE hn::Vec<D> DivideByWhole(D d, hn::Vec<D> values)
 {

@@ -20,9 +20,9 @@ struct HBTintFactors
 /// HBAverageTintRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
 ADJUSTMENTS_EXPORT int HBAverageTintVectors(HBRGBA32i* pixels, int count, const HBTintFactors& factors);
 
-/// A pixel operation that replaces colours by a ramp between two tones, by brightness, and mixes it with the pixel.
-/// Whole numbers; the two divisions truncate one after the other, on purpose: stored adjustments keep their look to
-/// the last bit. Alpha is kept, that of the tones plays no part.
+/// A pixel operation that replaces colours by a ramp between two tones, by brightness, and mixes it with the
+/// pixel. Whole numbers; the two divisions truncate one after the other, on purpose: stored adjustments keep their
+/// look to the last bit. Alpha is kept, that of the tones plays no part.
 ///
 /// The template arguments are the weights of the brightness in thousandths.
 template <int W1, int W2, int W3>

@@ -5,8 +5,8 @@
 #include "HBField.h"
 #include "HBStage.h"
 
-/// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by themselves.
-/// Index of these in the three axes: 0, 1, 2.
+/// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by
+/// themselves. Index of these in the three axes: 0, 1, 2.
 struct ADJUSTMENTS_EXPORT HBColorBalanceParams
 {
     enum ToneRange { NoRange, Shadows, Midtones, Highlights };

@@ -8,8 +8,8 @@
 #include <mutex>
 #include <optional>
 
-/// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the picture has, for each
-/// channel by itself or for all in common.
+/// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the picture has, for
+/// each channel by itself or for all in common.
 struct ADJUSTMENTS_EXPORT HBColorEnhancerParams
 {
     qint32 amount = 100;
@@ -33,8 +33,8 @@ struct HBColorThresholds
     int levels[4][2];
 };
 
-/// Thresholds of one picture, kept from run to run. A run of an earlier picture may end after the next one was set, so
-/// that each call says whose thresholds it means. Any thread.
+/// Thresholds of one picture, kept from run to run. A run of an earlier picture may end after the next one was
+/// set, so that each call says whose thresholds it means. Any thread.
 class ADJUSTMENTS_EXPORT HBColorThresholdCache
 {
 public:

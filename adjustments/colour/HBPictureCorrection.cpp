@@ -76,9 +76,9 @@ HBChannelTables::Table Mixed(const HBChannelTables::Table& above, int opacity)
     });
 }
 
-/// The full correction of the cast, each channel stretched between its own black and white, and both mixed with the
-/// picture. Without a selection the three passes are one, and one look tells all: counts go through tables as well as
-/// pixels do.
+/// The full correction of the cast, each channel stretched between its own black and white, and both mixed with
+/// the picture. Without a selection the three passes are one, and one look tells all: counts go through tables as
+/// well as pixels do.
 HBStage AdvancedStage(int strength)
 {
     const auto norms = std::make_shared<HBNormsLook>();
@@ -98,8 +98,8 @@ HBStage AdvancedStage(int strength)
     return stage;
 }
 
-/// The same with a selection: corrected and blended; stretched, by what the whole picture then holds, and blended; mixed
-/// with the picture as it was, and blended.
+/// The same with a selection: corrected and blended; stretched, by what the whole picture then holds, and blended;
+/// mixed with the picture as it was, and blended.
 HBStages AdvancedStages(int strength)
 {
     const auto histogram = std::make_shared<HBHistogramLook>();

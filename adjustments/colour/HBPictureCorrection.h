@@ -5,8 +5,8 @@
 #include "HBField.h"
 #include "HBStage.h"
 
-/// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a strength of
-/// its own; and a shift of the colour temperature.
+/// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a
+/// strength of its own; and a shift of the colour temperature.
 struct ADJUSTMENTS_EXPORT HBPictureCorrectionParams
 {
     enum Mode { Auto, Overexposure, Underexposure };

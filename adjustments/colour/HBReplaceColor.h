@@ -9,8 +9,8 @@
 #include <QPoint>
 #include <QSize>
 
-/// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets another
-/// colour. The selection does not limit the fill.
+/// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets
+/// another colour. The selection does not limit the fill.
 struct ADJUSTMENTS_EXPORT HBReplaceColorParams
 {
     /// The corner where the region begins. Stored: the numbers never change.
@@ -35,8 +35,9 @@ struct ADJUSTMENTS_EXPORT HBReplaceColorParams
     }
 };
 
-/// What a record means for a picture: the pixel to lay over the region, where the region begins, and how far from there
-/// a channel may be. All four bytes of the tolerance count, as unsigned ones, also those of a number out of 0..255.
+/// What a record means for a picture: the pixel to lay over the region, where the region begins, and how far from
+/// there a channel may be. All four bytes of the tolerance count, as unsigned ones, also those of a number out of
+/// 0..255.
 struct ADJUSTMENTS_EXPORT HBColorReplacement
 {
     HBRGBA32i replacement;

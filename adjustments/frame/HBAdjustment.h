@@ -20,8 +20,8 @@ struct HBAsksForSelection<Record, std::void_t<decltype(HBStagesOf(std::declval<c
 {
 };
 
-/// The stages of an adjustment with that record. Every adjustment has HBStagesOf(record), or, if it goes about a selection
-/// otherwise than stage by stage, HBStagesOf(record, selected).
+/// The stages of an adjustment with that record. Every adjustment has HBStagesOf(record), or, if it goes about a
+/// selection otherwise than stage by stage, HBStagesOf(record, selected).
 template <class Record>
 HBStages HBMakeStages(const Record& record, bool selected)
 {
@@ -31,8 +31,9 @@ HBStages HBMakeStages(const Record& record, bool selected)
         return HBStagesOf(record);
 }
 
-/// Adjusts a picture, or what is selected of it: the same bytes as the panel gives. Any thread; the work is shared with the
-/// global pool. Only a whole outcome is a result (HBOutcome::IsWhole); HBFailureReason says why it is not.
+/// Adjusts a picture, or what is selected of it: the same bytes as the panel gives. Any thread; the work is shared
+/// with the global pool. Only a whole outcome is a result (HBOutcome::IsWhole); HBFailureReason says why it is
+/// not.
 ///
 ///     HBLevelsParams params;
 ///     params.gamma[0] = 1.2;
@@ -44,8 +45,8 @@ HBOutcome HBAdjust(const Record& record, const HBTarget& target, HBJobControl* c
         target, [&] { return HBMakeStages(record, target.bounds.isValid()); }, control);
 }
 
-/// One adjustment, as everything that works with all of them knows it. A record travels as std::any, which holds the type
-/// of the adjustment's own record and nothing else.
+/// One adjustment, as everything that works with all of them knows it. A record travels as std::any, which holds
+/// the type of the adjustment's own record and nothing else.
 struct ADJUSTMENTS_EXPORT HBAdjustment
 {
     const char* className; ///< of its panel; its key in recipes: never translated, never changed
@@ -60,8 +61,8 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
 
     /// The record as a recipe step stores it: {"record": base64} or {"values": {key: number}}.
     QJsonObject (*save)(const std::any& record);
-    /// Loads what `save` returned, however hostile; false with a reason, and the record left alone, if it is not exactly
-    /// that. Other keys of `values` are ignored.
+    /// Loads what `save` returned, however hostile; false with a reason, and the record left alone, if it is not
+    /// exactly that. Other keys of `values` are ignored.
     bool (*restore)(const QJsonObject& values, std::any* record, QString* reason);
 
     /// \param selected whether there is a selection

@@ -14,7 +14,8 @@ QJsonObject HBEncodeRecord(const QByteArray& record);
 /// Why a record could not be read from a stream that now is in this state.
 /// \param read whether all fields were read; then there were further bytes
 QString HBRecordProblem(const QDataStream& stream, bool read);
-/// The plain values of a recipe step, and back. Every number must be there; each is cut to what its field's type holds.
+/// The plain values of a recipe step, and back. Every number must be there; each is cut to what its field's type
+/// holds.
 bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record, QString* reason);
 QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
 

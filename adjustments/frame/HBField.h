@@ -30,8 +30,8 @@
 //         }
 //     };
 //
-// From it come the clamping where a value is consumed (HBClamped), the check of forms against ranges, the readable form of
-// a recipe step, the schema for other tools and the fuzzer's dictionary (HBDescribeFields).
+// From it come the clamping where a value is consumed (HBClamped), the check of forms against ranges, the readable
+// form of a recipe step, the schema for other tools and the fuzzer's dictionary (HBDescribeFields).
 
 enum class HBUnit : quint8 { None, Levels, Percent, Degrees, Kelvin, Stops, Light, Exponent, Thousandths, Copies };
 
@@ -41,8 +41,8 @@ ADJUSTMENTS_EXPORT QString HBUnitSymbol(HBUnit unit);
 /// No value of the field does nothing.
 constexpr double HBNoNeutral = std::numeric_limits<double>::quiet_NaN();
 
-/// What a number may be; both ends are allowed. A value out of range counts as the nearest end where it is consumed, NaN
-/// as the default.
+/// What a number may be; both ends are allowed. A value out of range counts as the nearest end where it is
+/// consumed, NaN as the default.
 struct HBRange
 {
     double minimum;
@@ -85,8 +85,8 @@ constexpr HBNumbersField<Record, Array, Count> HBNumbers(const char* key, Array 
     return field;
 }
 
-/// An enumeration or a number that means one of several things; `names` are the keys of the values 0, 1, 2, …; any other
-/// value, also one whose name is null, means what the adjustment says of it.
+/// An enumeration or a number that means one of several things; `names` are the keys of the values 0, 1, 2, …; any
+/// other value, also one whose name is null, means what the adjustment says of it.
 template <class Record, class Value, std::size_t Count>
 struct HBChoiceField
 {
@@ -104,8 +104,8 @@ constexpr HBChoiceField<Record, Value, Count> HBChoice(const char* key, Value Re
     return field;
 }
 
-/// What QVariant carries as it is: a truth value, a colour, a text, a font, a rectangle; or anything else with an entry in
-/// HBToVariant.
+/// What QVariant carries as it is: a truth value, a colour, a text, a font, a rectangle; or anything else with an
+/// entry in HBToVariant.
 template <class Record, class Value>
 struct HBPlainField
 {

@@ -13,9 +13,9 @@
 #include <type_traits>
 #include <utility>
 
-/// What an adjustment does to a tile, with everything derived that can be derived before the first one. Copyable; by
-/// default the identity. If each channel depends on itself alone it is nothing but tables, which can be put together
-/// with those before and after.
+/// What an adjustment does to a tile, with everything derived that can be derived before the first one. Copyable;
+/// by default the identity. If each channel depends on itself alone it is nothing but tables, which can be put
+/// together with those before and after.
 struct HBOperation
 {
     std::shared_ptr<const HBChannelTables> tables;

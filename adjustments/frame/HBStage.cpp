@@ -61,8 +61,8 @@ private:
 /// What is done in one pass.
 struct Pass
 {
-    /// Operations that are no tables, one after the other on each tile; more would make a tile, and so the answer to a
-    /// cancel, take long.
+    /// Operations that are no tables, one after the other on each tile; more would make a tile, and so the answer
+    /// to a cancel, take long.
     static constexpr int MaximumFunctions = 16;
 
     HBOperation operation;
@@ -104,8 +104,8 @@ public:
         m_Pass.ranges += stage.ranges;
     }
 
-    /// Makes the picture of all stages so far, and shows its tiles to the looks while they are in the cache; false if that
-    /// is not a whole picture.
+    /// Makes the picture of all stages so far, and shows its tiles to the looks while they are in the cache; false
+    /// if that is not a whole picture.
     bool Finish(const HBPictureLooks& looks)
     {
         if (!IsWhole() || m_Pass.ranges == 0)

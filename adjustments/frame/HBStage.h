@@ -12,17 +12,17 @@
 #include <stdexcept>
 #include <vector>
 
-/// A step of an adjustment: what it must see of the picture, and the operation that follows from it. Made anew for each
-/// run, because its looks keep what they counted.
+/// A step of an adjustment: what it must see of the picture, and the operation that follows from it. Made anew for
+/// each run, because its looks keep what they counted.
 struct HBStage
 {
-    /// From what the looks have counted, and from the picture itself if `seesPicture`: all steps before are worked in then.
-    /// Throws std::bad_alloc or HBAdjustmentError; returns anything if the control says cancelled.
+    /// From what the looks have counted, and from the picture itself if `seesPicture`: all steps before are worked
+    /// in then. Throws std::bad_alloc or HBAdjustmentError; returns anything if the control says cancelled.
     std::function<HBOperation(const HBImage<>& picture, const HBJobControl* control)> prepare;
     HBPictureLooks looks;
     bool seesPicture = false;
-    /// What the operation changes, and is blended with, instead of what the stages before have made of the picture; null:
-    /// that.
+    /// What the operation changes, and is blended with, instead of what the stages before have made of the
+    /// picture; null: that.
     std::shared_ptr<const HBImage<>> base;
     /// Works on the whole picture, whatever is selected, and reports no progress.
     bool ignoresSelection = false;
@@ -67,10 +67,11 @@ struct HBStageSpan
     bool IsEmpty() const { return last < first; }
 };
 
-/// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that need not
-/// look at the whole picture between them run tile by tile in one pass, unless there is a selection: then each is blended
-/// by it in turn. Any thread; throws nothing but what the control throws.
+/// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that
+/// need not look at the whole picture between them run tile by tile in one pass, unless there is a selection: then
+/// each is blended by it in turn. Any thread; throws nothing but what the control throws.
 /// \param stages makes them; may throw what HBStage::prepare may
-/// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be null
+/// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
+///        null
 ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
                                          HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

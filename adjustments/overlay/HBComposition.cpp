@@ -191,8 +191,8 @@ struct Blended
     V opacity;
 };
 
-/// Addition of the premultiplied colours and of the coverages; the opacity mixes the sum, which may have been cut, with
-/// what was there.
+/// Addition of the premultiplied colours and of the coverages; the opacity mixes the sum, which may have been cut,
+/// with what was there.
 struct Added
 {
     explicit Added(float share) : opacity(Number(share)) {}

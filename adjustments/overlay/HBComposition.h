@@ -15,8 +15,8 @@ struct HBComposition
     float opacity = 1;          ///< 0..1
     bool premultiplied = false; ///< what is laid over; the picture never is
 
-    /// From the numbers of a record: those of the list of modes, any other one is source over; percent, clamped, in the
-    /// steps in which QPainter takes an opacity.
+    /// From the numbers of a record: those of the list of modes, any other one is source over; percent, clamped,
+    /// in the steps in which QPainter takes an opacity.
     static HBComposition Of(unsigned mode, int percent);
 
     /// Lays pixels over others as QPainter does on QImage::Format_ARGB32, within one level.

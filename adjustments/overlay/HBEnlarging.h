@@ -5,8 +5,8 @@
 #include <QColor>
 #include <QVector>
 
-/// Between which two pixels of a row, or of a column, each pixel of an enlarged one lies. Exact integer arithmetic: the
-/// same bytes on every instruction set, and whatever pieces an image is made in.
+/// Between which two pixels of a row, or of a column, each pixel of an enlarged one lies. Exact integer
+/// arithmetic: the same bytes on every instruction set, and whatever pieces an image is made in.
 class HBEnlarging
 {
 public:
@@ -21,7 +21,8 @@ public:
     /// Of the second pixel, in 1/256.
     int Weight(int index) const { return m_Weights.at(index); }
 
-    /// Enlarged pixels `index` … `index` + `count` - 1, premultiplied, of a row of which `pixels` is that at `origin`.
+    /// Enlarged pixels `index` … `index` + `count` - 1, premultiplied, of a row of which `pixels` is that at
+    /// `origin`.
     void Across(const QRgb* pixels, int origin, int index, int count, QRgb* target) const;
 
     /// The mean of two rows, premultiplied, by the weight of the second in 1/256.

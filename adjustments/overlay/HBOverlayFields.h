@@ -11,8 +11,8 @@
 /// What a margin of an overlay may be.
 constexpr HBRange HBMarginRange{0, 999, HBNoNeutral, HBUnit::Thousandths};
 
-/// The keys of the blending modes by their numbers, which are those of QPainter::CompositionMode; null for the numbers
-/// that are none and, like any other, count as the first.
+/// The keys of the blending modes by their numbers, which are those of QPainter::CompositionMode; null for the
+/// numbers that are none and, like any other, count as the first.
 constexpr const char* HBBlendingKeys[] = {
     "normal", nullptr,   nullptr,      nullptr,     nullptr,     nullptr,     nullptr,      nullptr,
     nullptr,  nullptr,   nullptr,      nullptr,     "addition",  "multiply",  "screen",     "overlay",

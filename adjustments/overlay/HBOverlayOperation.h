@@ -20,8 +20,8 @@ using HBOverlayRenderer = std::function<void(const QRect& tile, QImage& layer)>;
 HBOperation HBOverlayOperation(const QVector<QRect>& areas, const HBComposition& composition,
                                const HBOverlayRenderer& render);
 
-/// The stage of an overlay, which must know of the picture how large it is, whatever stages there are before. Nothing is
-/// drawn on an empty picture.
+/// The stage of an overlay, which must know of the picture how large it is, whatever stages there are before.
+/// Nothing is drawn on an empty picture.
 HBStage HBOverlayStage(const std::function<HBOperation(const QSize& picture)>& prepare);
 
 /// The picture between the margins. \throws HBAdjustmentError if they leave no room

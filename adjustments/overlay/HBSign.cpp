@@ -50,8 +50,8 @@ bool HBSignParams::Read(QDataStream& stream)
     return HBIsOk(stream);
 }
 
-// The defaults, big endian: the 14 bytes of the tag; 00 00 00 21; four times 00 00 00 05; FF FF FF FF (a null name);
-// 00 00 00 00; 00 00 00 64. Not the order of the fields.
+// The defaults, big endian: the 14 bytes of the tag; 00 00 00 21; four times 00 00 00 05; FF FF FF FF (a null
+// name); 00 00 00 00; 00 00 00 64. Not the order of the fields.
 bool HBSignParams::Write(QDataStream& stream) const
 {
     return HBWriteTag(stream, Tag) &&

@@ -70,8 +70,8 @@ QImage Decoded(const QString& file)
 
 } // namespace
 
-// Without a lock while an image is read, converted or scaled: Qt shares that with threads of the global pool, which may
-// all be waiting for the same lock. Rather two threads do the same.
+// Without a lock while an image is read, converted or scaled: Qt shares that with threads of the global pool,
+// which may all be waiting for the same lock. Rather two threads do the same.
 std::shared_ptr<const HBStamp> HBStamp::Load(const QString& file, const std::function<QSize(const QSize&)>& fit)
 {
     HBStampCache& cache = HBStampCache::Instance();

@@ -11,8 +11,8 @@
 #include <functional>
 #include <memory>
 
-/// The picture of a stamp at the size at which it is laid over a photo. Any size goes: what is larger than the file is
-/// made piece by piece. Reading the pieces is safe on several threads at once.
+/// The picture of a stamp at the size at which it is laid over a photo. Any size goes: what is larger than the
+/// file is made piece by piece. Reading the pieces is safe on several threads at once.
 class HBStamp
 {
 public:
@@ -21,8 +21,8 @@ public:
     /// Nor those that are larger in memory: 16 bits a channel take twice as much.
     static constexpr qint64 MaximumBytes = 4 * MaximumPixels;
 
-    /// The stamp in a file, upright. Those used last are kept until their files change: neither moving one about nor a
-    /// recipe with several reads and scales them again for each step.
+    /// The stamp in a file, upright. Those used last are kept until their files change: neither moving one about
+    /// nor a recipe with several reads and scales them again for each step.
     /// \param fit the size at which it is drawn, from that of its picture
     /// \throws HBAdjustmentError with the file and the reason; std::bad_alloc
     static std::shared_ptr<const HBStamp> Load(const QString& file, const std::function<QSize(const QSize&)>& fit);

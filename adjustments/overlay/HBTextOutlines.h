@@ -19,7 +19,8 @@ public:
     static constexpr int MaximumLength = 4096;
 
     /// Lines are split at line feeds and centred. Empty if the text is blank.
-    /// \throws HBAdjustmentError, with the font, if the font is not installed or has no outlines for the text, or if there
+    /// \throws HBAdjustmentError, with the font, if the font is not installed or has no outlines for the text, or
+    /// if there
     ///         is no QGuiApplication
     static HBTextOutlines Make(const QString& text, const QFont& font);
 
@@ -28,8 +29,8 @@ public:
     const QPolygonF& Corners() const { return m_Corners; }
     QRectF Box() const { return m_Corners.boundingRect(); }
 
-    /// Fills what lies in `window`, in the outlines' own coordinates, which the painter maps. What is outside may be
-    /// missing.
+    /// Fills what lies in `window`, in the outlines' own coordinates, which the painter maps. What is outside may
+    /// be missing.
     void Fill(QPainter& painter, const QRectF& window) const;
 
 private:
@@ -45,6 +46,6 @@ private:
     QPolygonF m_Corners;
 };
 
-/// The size of a font in units of the overlays: its pixels, or its points at 96 to the inch, 1..1000; that of 12 points
-/// for a size that is none (0, negative, not a number).
+/// The size of a font in units of the overlays: its pixels, or its points at 96 to the inch, 1..1000; that of 12
+/// points for a size that is none (0, negative, not a number).
 double HBFontUnits(const QFont& font);

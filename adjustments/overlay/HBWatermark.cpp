@@ -17,7 +17,8 @@ namespace
 
 using P = HBWatermarkParams;
 
-/// As Qt reads a font, but for its further names: there Qt makes room for as many as the record says that there are.
+/// As Qt reads a font, but for its further names: there Qt makes room for as many as the record says that there
+/// are.
 void ReadFont(QDataStream& stream, QFont& font)
 {
     const int version = stream.version();
@@ -122,9 +123,9 @@ bool HBWatermarkParams::Read(QDataStream& stream)
     return HBIsOk(stream >> color >> blendingMode >> opacity >> horizontalTiles >> verticalTiles);
 }
 
-// The defaults, big endian, version Qt_5_15: the 19 bytes of the tag; 00 00 00 00; four times 00 00 00 05; the text as
-// 00 00 00 12 and its UTF-16; the font; 01 FFFF FFFF FFFF FFFF 0000; 00 00 00 00; 00 00 00 64; twice 00 00 00 01. Not the
-// order of the fields.
+// The defaults, big endian, version Qt_5_15: the 19 bytes of the tag; 00 00 00 00; four times 00 00 00 05; the
+// text as 00 00 00 12 and its UTF-16; the font; 01 FFFF FFFF FFFF FFFF 0000; 00 00 00 00; 00 00 00 64; twice 00 00
+// 00 01. Not the order of the fields.
 bool HBWatermarkParams::Write(QDataStream& stream) const
 {
     return HBWriteTag(stream, Tag) && HBIsOk(stream << angle << margins << text << font << color << blendingMode

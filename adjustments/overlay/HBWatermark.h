@@ -11,9 +11,9 @@
 
 /// Watermark: a text laid over the photo, once or in rows.
 ///
-/// All lengths count in thousandths of the picture's shorter side, as in HBSignParams. The picture between the margins is
-/// divided into equal cells, and each holds one copy in its middle, turned counter-clockwise by the angle. A font's pixel
-/// is a thousandth, a point 4/3 of that; a text that its cell does not hold becomes smaller.
+/// All lengths count in thousandths of the picture's shorter side, as in HBSignParams. The picture between the
+/// margins is divided into equal cells, and each holds one copy in its middle, turned counter-clockwise by the
+/// angle. A font's pixel is a thousandth, a point 4/3 of that; a text that its cell does not hold becomes smaller.
 struct ADJUSTMENTS_EXPORT HBWatermarkParams
 {
     qint32 angle = 0; ///< any: it goes round
@@ -27,7 +27,8 @@ struct ADJUSTMENTS_EXPORT HBWatermarkParams
     qint32 horizontalTiles = 1;
     qint32 verticalTiles = 1;
 
-    /// The font and the text are the application's font and its language's "Watermark", if there is an application object.
+    /// The font and the text are the application's font and its language's "Watermark", if there is an application
+    /// object.
     HBWatermarkParams();
 
     static constexpr char Tag[] = "KMWatermark 1.00000";
@@ -48,6 +49,7 @@ struct ADJUSTMENTS_EXPORT HBWatermarkParams
     }
 };
 
-/// Draws on the whole picture, whatever is selected. Fails, with the font, if that is not installed or cannot draw the
-/// text; if the margins leave no room; and if there is no QGuiApplication, without which there are no fonts. Any thread.
+/// Draws on the whole picture, whatever is selected. Fails, with the font, if that is not installed or cannot draw
+/// the text; if the margins leave no room; and if there is no QGuiApplication, without which there are no fonts.
+/// Any thread.
 ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBWatermarkParams& params);

@@ -30,8 +30,8 @@ struct ADJUSTMENTS_EXPORT HBRecipe
 {
     QVector<HBRecipeStep> steps;
 
-    /// Reads a recipe and the record of every step. On failure returns false, leaves `recipe` alone and names the step
-    /// (counted from 1), its panel and the reason in `error`.
+    /// Reads a recipe and the record of every step. On failure returns false, leaves `recipe` alone and names the
+    /// step (counted from 1), its panel and the reason in `error`.
     static bool FromJson(const QByteArray& json, HBRecipe* recipe, QString* error);
     QByteArray ToJson() const;
 
@@ -41,17 +41,17 @@ struct ADJUSTMENTS_EXPORT HBRecipe
     bool Save(const QString& path, QString* error) const;
 };
 
-/// Applies the steps to the whole image, and returns the result: the same bytes as panel after panel gives, but made in as
-/// few passes as the steps allow. The image is returned empty, with `error` set, if a step cannot be applied; with `error`
-/// empty, if `progress` gave up. Any thread, which takes part in the work; no application object, unless a step draws a
-/// text. Also for steps that were not read by HBRecipe::FromJson. Throws nothing.
-/// \param progress told the work done in 1/1000 of the whole, on the calling thread, every few milliseconds; never falls.
-///        False gives up. May be null
+/// Applies the steps to the whole image, and returns the result: the same bytes as panel after panel gives, but
+/// made in as few passes as the steps allow. The image is returned empty, with `error` set, if a step cannot be
+/// applied; with `error` empty, if `progress` gave up. Any thread, which takes part in the work; no application
+/// object, unless a step draws a text. Also for steps that were not read by HBRecipe::FromJson. Throws nothing.
+/// \param progress told the work done in 1/1000 of the whole, on the calling thread, every few milliseconds; never
+///        falls. False gives up. May be null
 ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
                                            const std::function<bool(int)>& progress = nullptr);
 
-/// The same to what is selected of a picture: each step is blended by the selection before the next one begins, but for
-/// overlays, which are drawn on all of it.
+/// The same to what is selected of a picture: each step is blended by the selection before the next one begins,
+/// but for overlays, which are drawn on all of it.
 /// \param control told the work done as 0 .. 1000; may be null
 ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error,
                                            HBJobControl* control);

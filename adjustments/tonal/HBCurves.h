@@ -8,8 +8,8 @@
 #include <QPoint>
 #include <QVector>
 
-/// Curves: a tone curve for all channels together and for each. A curve's points are (input, output), both 0..255, output
-/// growing upward. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
+/// Curves: a tone curve for all channels together and for each. A curve's points are (input, output), both 0..255,
+/// output growing upward. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
 struct ADJUSTMENTS_EXPORT HBCurvesParams
 {
     qint32 channel = 0;        ///< shown for editing; changes no pixel
@@ -29,8 +29,8 @@ struct ADJUSTMENTS_EXPORT HBCurvesParams
         return std::make_tuple(HBChoice("channel", &P::channel, channels), HBPlain("points", &P::points));
     }
 
-    /// What a list counts as, to the picture and in an editor: one of less than 2 or more than 256 points does nothing, the
-    /// points are cut to 0..255 and sorted by input. A list from an editor stays as it is.
+    /// What a list counts as, to the picture and in an editor: one of less than 2 or more than 256 points does
+    /// nothing, the points are cut to 0..255 and sorted by input. A list from an editor stays as it is.
     static QVector<QPoint> Editable(const QVector<QPoint>& points);
 };
 

@@ -37,8 +37,8 @@ bool HBLevelsParams::Read(QDataStream& stream)
 }
 
 // The defaults, big endian: the 16 bytes of the tag; 0; (0, 255, 0), (0, 255, 0), (0, 255, 0), (0, 255, 128); four
-// times (0, 255); four times the double 1.0. The third int of each input triple is the low point of the next channel
-// once more, and for the last channel middle[0], on purpose: the layout is fixed by records that exist.
+// times (0, 255); four times the double 1.0. The third int of each input triple is the low point of the next
+// channel once more, and for the last channel middle[0], on purpose: the layout is fixed by records that exist.
 bool HBLevelsParams::Write(QDataStream& stream) const
 {
     if (!HBWriteTag(stream, Tag))
@@ -56,8 +56,8 @@ bool HBLevelsParams::Write(QDataStream& stream) const
 int HBLevelsParams::MiddleValue(int low, int high, double gamma)
 {
     const qint64 middle = (qint64(low) + high) / 2;
-    // Truncated, not rounded, on purpose: 2.01 counts as 2009 thousandths. The bounds keep the cast and the products
-    // below inside 64 bits whatever a record holds.
+    // Truncated, not rounded, on purpose: 2.01 counts as 2009 thousandths. The bounds keep the cast and the
+    // products below inside 64 bits whatever a record holds.
     const qint64 g = qIsNaN(gamma) ? 1000 : qint64(qBound(-2e9, gamma * 1000, 2e9));
     if (g > 1000)
         return ToInt(middle + (low - middle) * (g - 1000) / 8990);

@@ -8,8 +8,8 @@
 #include <HBHistogrammCalculator.h>
 #include <HBLevelsSettings.h>
 
-/// Levels: black point, white point and gamma of the input and the two ends of the output, for all channels together and
-/// for each. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
+/// Levels: black point, white point and gamma of the input and the two ends of the output, for all channels
+/// together and for each. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
 struct ADJUSTMENTS_EXPORT HBLevelsParams
 {
     qint32 channel = 0;                                             ///< shown for editing; changes no pixel
@@ -34,7 +34,8 @@ struct ADJUSTMENTS_EXPORT HBLevelsParams
                                HBNumbers("gamma", &P::gamma, {0.01, 9.99, 1, HBUnit::Exponent, 2}, channels));
     }
 
-    /// Position of the gamma handle between the points: the middle at gamma 1, low at 9.99, high at 0.01. Any arguments.
+    /// Position of the gamma handle between the points: the middle at gamma 1, low at 9.99, high at 0.01. Any
+    /// arguments.
     static int MiddleValue(int low, int high, double gamma);
     /// The gamma of a handle's position; 1 if the points leave no room for one.
     static double ToneValue(int low, int high, int position);

@@ -18,8 +18,8 @@ struct HBThresholdWeights
 ADJUSTMENTS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights,
                                           int level);
 
-/// A pixel operation that leaves black and white: a pixel whose luminance, the weighted mean of its colours in whole
-/// numbers, truncated, is below `level` becomes black, any other white. Alpha is kept.
+/// A pixel operation that leaves black and white: a pixel whose luminance, the weighted mean of its colours in
+/// whole numbers, truncated, is below `level` becomes black, any other white. Alpha is kept.
 ///
 /// The template arguments are the weights in percent; 30, 59, 11 are the luma of ITU-R BT.601, to two digits.
 template <int R, int G, int B>

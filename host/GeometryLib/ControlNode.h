@@ -6,14 +6,15 @@
 
 #include <QGraphicsObject>
 
-/// A point that the user takes hold of in a scene. It does not move by itself: whoever owns it listens to its signals
-/// and to the scene.
+/// A point that the user takes hold of in a scene. It does not move by itself: whoever owns it listens to its
+/// signals and to the scene.
 ///
-/// It can be hit inside HitSize × HitSize scene units around its position, however the view is scaled, and looks the
-/// same size in every view. It takes every press, so that no drag mode of the view starts on it. Slots may delete it.
+/// It can be hit inside HitSize × HitSize scene units around its position, however the view is scaled, and looks
+/// the same size in every view. It takes every press, so that no drag mode of the view starts on it. Slots may
+/// delete it.
 ///
-/// Its symbols bear a tag: without it, a program's own class ControlNode, no rare name, would take the place of this
-/// one inside the panels.
+/// Its symbols bear a tag: without it, a program's own class ControlNode, no rare name, would take the place of
+/// this one inside the panels.
 class GEOMETRYLIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME ControlNode : public QGraphicsObject
 {
     Q_OBJECT

@@ -15,8 +15,8 @@ bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason)
         *reason = file.errorString();
         return false;
     }
-    // Here, not in commit(): that renames the file also when the last of its buffer could not be written. A network
-    // disk tells only at the end that it is full.
+    // Here, not in commit(): that renames the file also when the last of its buffer could not be written. A
+    // network disk tells only at the end that it is full.
     errno = 0;
     if (file.write(bytes) == bytes.size() && file.flush() &&
         (::fdatasync(file.handle()) == 0 || errno == EINVAL)) {

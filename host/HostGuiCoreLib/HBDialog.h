@@ -10,7 +10,7 @@ class QDialog;
 class HOSTGUICORELIB_EXPORT HBDialog
 {
 public:
-    /// Runs the dialog modally and returns its result, 0 for "cancelled". A dialog that dies while it is open counts
-    /// as cancelled. GUI thread only.
+    /// Runs the dialog modally and returns its result, 0 for "cancelled". A dialog that dies while it is open
+    /// counts as cancelled. GUI thread only.
     static int Exec(QDialog* dialog);
 };

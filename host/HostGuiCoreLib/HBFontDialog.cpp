@@ -26,8 +26,8 @@ QFont Sized(const QFont& font)
     return shown;
 }
 
-/// What stands in for the font if it is not there: a dialog with no family of its list selected selects the first one by
-/// itself, as soon as it has the focus.
+/// What stands in for the font if it is not there: a dialog with no family of its list selected selects the first
+/// one by itself, as soon as it has the focus.
 QFont Shown(const QFont& font)
 {
     QFont shown = Sized(font);

@@ -11,7 +11,8 @@ class HOSTGUICORELIB_EXPORT HBFontDialog : public QFontDialog
 {
     Q_OBJECT
 public:
-    /// Sizes the dialog shows; a font beyond them, which may come from anybody's file, is shown at the nearest end.
+    /// Sizes the dialog shows; a font beyond them, which may come from anybody's file, is shown at the nearest
+    /// end.
     static constexpr double MinimumPoints = 1;
     static constexpr double MaximumPoints = 288;
 

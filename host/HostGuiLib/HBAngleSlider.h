@@ -6,12 +6,12 @@
 
 #include <QAbstractSlider>
 
-/// A dial for an angle, -179..180 degrees: 0 points to the right, as a level line of text reads, and positive angles
-/// go counter-clockwise, as in mathematics.
+/// A dial for an angle, -179..180 degrees: 0 points to the right, as a level line of text reads, and positive
+/// angles go counter-clockwise, as in mathematics.
 ///
-/// setValue() takes values out of range to the nearest end and is silent if nothing changes. By mouse: press or drag
-/// around the centre, with Shift in steps of 15°. By wheel, only with the focus, and by keys the angle goes on past
-/// 180° to -179°; Home is 0°, End 180°.
+/// setValue() takes values out of range to the nearest end and is silent if nothing changes. By mouse: press or
+/// drag around the centre, with Shift in steps of 15°. By wheel, only with the focus, and by keys the angle goes
+/// on past 180° to -179°; Home is 0°, End 180°.
 class HOSTGUILIB_EXPORT HBAngleSlider : public QAbstractSlider
 {
     Q_OBJECT

@@ -7,8 +7,8 @@
 #include <QBrush>
 #include <QWidget>
 
-/// A swatch or a bar: one brush over the whole area, enabled or not, a checkerboard under what is translucent. Without a
-/// frame: it shows colours, and beside another one a colour looks different.
+/// A swatch or a bar: one brush over the whole area, enabled or not, a checkerboard under what is translucent.
+/// Without a frame: it shows colours, and beside another one a colour looks different.
 class HOSTGUILIB_EXPORT HBColorWidget : public QWidget
 {
     Q_OBJECT

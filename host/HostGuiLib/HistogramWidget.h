@@ -16,18 +16,19 @@
 #include <functional>
 #include <memory>
 
-/// Shows how often each level occurs in a picture. GUI thread only; the counting is done in the global thread pool.
+/// Shows how often each level occurs in a picture. GUI thread only; the counting is done in the global thread
+/// pool.
 ///
-/// The shared images stay the caller's: the widget keeps the pointer for RebuildHistogramm() and takes a copy of the
-/// image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies, unless
-/// nobody rebuilds after that. A newer request replaces one that still runs; until its counts are there the former
-/// ones are shown and returned. Alpha is not looked at.
+/// The shared images stay the caller's: the widget keeps the pointer for RebuildHistogramm() and takes a copy of
+/// the image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies,
+/// unless nobody rebuilds after that. A newer request replaces one that still runs; until its counts are there the
+/// former ones are shown and returned. Alpha is not looked at.
 ///
 /// What nobody looks at is not counted: a request waits until the widget is shown, somebody is connected to
 /// HistogrammComplete, or a count is asked for, which is made at once then.
 ///
-/// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place of this
-/// one inside the panels.
+/// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place
+/// of this one inside the panels.
 class HOSTGUILIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME HistogramWidget : public QWidget
 {
     Q_OBJECT
@@ -41,15 +42,15 @@ public:
     /// Counts the image again, after its owner changed it.
     void RebuildHistogramm();
 
-    /// What is drawn: 1 red, 2 green, 4 blue or a sum of them, 7 all three (the default), 0 luminance. Other bits are
-    /// ignored. The counts are there for every channel in any case.
+    /// What is drawn: 1 red, 2 green, 4 blue or a sum of them, 7 all three (the default), 0 luminance. Other bits
+    /// are ignored. The counts are there for every channel in any case.
     void SetChannel(int mask);
     int Channel() const { return m_Mask; }
 
     /// Pixels of the counted picture, 0 if there is none.
     double GetPixelsCount() const { return double(Current().pixels); }
-    /// The lowest and the highest level that occurs; 0 and 0 without a picture or for an unknown channel. Channels are
-    /// indices here, not masks: 0 red, 1 green, 2 blue, 3 luminance (ITU-R BT.709).
+    /// The lowest and the highest level that occurs; 0 and 0 without a picture or for an unknown channel. Channels
+    /// are indices here, not masks: 0 red, 1 green, 2 blue, 3 luminance (ITU-R BT.709).
     void GetRange(int channel, int& low, int& high) const;
     /// How many pixels have this level, up to the largest uint; 0 for an unknown channel or level.
     uint GetCount(int channel, int level) const;

@@ -16,8 +16,8 @@ public:
 
     /// Emits nothing.
     void SetColor(const QColor& color);
-    /// The very colour that SetColor was given, in its own colour model and at its full depth, until the user picks
-    /// another one. The dialog itself knows 8 bits per channel.
+    /// The very colour that SetColor was given, in its own colour model and at its full depth, until the user
+    /// picks another one. The dialog itself knows 8 bits per channel.
     QColor GetColor() const { return m_Color; }
     /// Runs the dialog modally: 1 if the user accepted, 0 if not or if the dialog, or its parent, died meanwhile.
     int Exec();

@@ -299,8 +299,8 @@ QVector<int> MavuCustomSlider::OnSpotOf(int control) const
     return same;
 }
 
-/// Of handles on one spot the one that is free to go that way: to the right the last, to the left the first, which is
-/// how they would lie if they were apart.
+/// Of handles on one spot the one that is free to go that way: to the right the last, to the left the first, which
+/// is how they would lie if they were apart.
 int MavuCustomSlider::ChooseByDirection(bool up) const
 {
     const QVector<int>& candidates = m_Drag.candidates;

@@ -11,16 +11,17 @@
 
 /// Several handles on one groove, each with its own brush and limits, for use below a histogram or a gradient bar.
 ///
-/// The groove runs over the whole width but for two pixels on either side, as does the curve of a HistogramWidget of
-/// the same width, and is not mirrored in right-to-left layouts: a handle stands below the level that it means.
+/// The groove runs over the whole width but for two pixels on either side, as does the curve of a HistogramWidget
+/// of the same width, and is not mirrored in right-to-left layouts: a handle stands below the level that it means.
 ///
 /// A handle's value is inside its limits and inside the slider's range; where its limits contradict each other the
-/// minimum wins. Every change of a value, whoever makes it, emits ValueChanged; setting a value that is there already,
-/// also after clamping, emits nothing. Slots may set any value again (the last one wins), or delete the slider.
+/// minimum wins. Every change of a value, whoever makes it, emits ValueChanged; setting a value that is there
+/// already, also after clamping, emits nothing. Slots may set any value again (the last one wins), or delete the
+/// slider.
 ///
-/// Keyboard, for the handle that has the focus ring: arrows ±1, page up and down ±10, home and end; tab and backtab go
-/// through the handles before they leave the slider. The wheel moves that handle only while the slider has the focus.
-/// Assistive technology finds each handle as a child with a value of its own.
+/// Keyboard, for the handle that has the focus ring: arrows ±1, page up and down ±10, home and end; tab and
+/// backtab go through the handles before they leave the slider. The wheel moves that handle only while the slider
+/// has the focus. Assistive technology finds each handle as a child with a value of its own.
 class HOSTGUILIB_EXPORT MavuCustomSlider : public QWidget
 {
     Q_OBJECT

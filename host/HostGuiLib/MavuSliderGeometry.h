@@ -21,6 +21,7 @@ struct HOSTGUILIB_EXPORT MavuSliderGeometry
     /// The value that lies `pixels` beside another, for a drag that keeps the distance of pointer and handle.
     int MovedBy(int value, double pixels) const;
 
-    /// Indices of the values nearest to x, in order: more than one where handles stand on the same spot or x is halfway.
+    /// Indices of the values nearest to x, in order: more than one where handles stand on the same spot or x is
+    /// halfway.
     QVector<int> NearestTo(double x, const QVector<int>& values) const;
 };

@@ -14,7 +14,7 @@ public:
     explicit KMAdjustmentWidget(QWidget* parent = nullptr, Qt::WindowFlags flags = {});
 
 Q_SIGNALS:
-    /// The user has changed a value: what is shown is no longer what was stored. Panels announce it before their own
-    /// signals, once per change.
+    /// The user has changed a value: what is shown is no longer what was stored. Panels announce it before their
+    /// own signals, once per change.
     void AboutUserParamsChanged();
 };

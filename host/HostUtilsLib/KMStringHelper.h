@@ -10,7 +10,7 @@
 class HOSTUTILSLIB_EXPORT KMStringHelper
 {
 public:
-    /// The name of a picture's high-DPI form, "theme:x.png" → "theme:x@2x.png", from a pixel ratio of 1.5 on and if
-    /// that file exists; else the name as it is. Qt gives a picture of such a name its own pixel ratio of 2.
+    /// The name of a picture's high-DPI form, "theme:x.png" → "theme:x@2x.png", from a pixel ratio of 1.5 on and
+    /// if that file exists; else the name as it is. Qt gives a picture of such a name its own pixel ratio of 2.
     static QString DPIAdjustImageName(const QString& name);
 };

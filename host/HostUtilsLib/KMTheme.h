@@ -8,7 +8,7 @@
 class HOSTUTILSLIB_EXPORT KMTheme
 {
 public:
-    /// Makes the built-in pictures available under "theme:". Call it once QCoreApplication stands and before a form
-    /// is built; calling it again does nothing. Folders that the host put under "theme" before come first.
+    /// Makes the built-in pictures available under "theme:". Call it once QCoreApplication stands and before a
+    /// form is built; calling it again does nothing. Folders that the host put under "theme" before come first.
     static void Install();
 };

@@ -8,9 +8,9 @@
 #include <QGraphicsItem>
 #include <QImage>
 
-/// A tiled image in a scene, one scene unit a pixel, of any size: only the tiles in sight are painted, straight from
-/// their memory at half the size and above, from shrunken tiles below. Tiles meet without a seam at any scale (not
-/// rotated). Transparency lies on a checkerboard. GUI thread only.
+/// A tiled image in a scene, one scene unit a pixel, of any size: only the tiles in sight are painted, straight
+/// from their memory at half the size and above, from shrunken tiles below. Tiles meet without a seam at any scale
+/// (not rotated). Transparency lies on a checkerboard. GUI thread only.
 class HOSTVIEW_EXPORT HBTileImageItem : public QGraphicsItem
 {
 public:

@@ -52,8 +52,8 @@ void Halve(const QRgb* from, int side, QRgb* to)
     }
 }
 
-/// Copies the valid pixels of a tile and repeats the last column and row over the padding, so that the padding does
-/// not show in the averages. Returns whether all are opaque.
+/// Copies the valid pixels of a tile and repeats the last column and row over the padding, so that the padding
+/// does not show in the averages. Returns whether all are opaque.
 bool CopyPadded(const QRgb* tile, const QSize& valid, QRgb* to)
 {
     QRgb all = 0xff000000;

@@ -40,8 +40,8 @@ public:
 
     /// Device pixels per pixel of the photo: 1 shows each on exactly one, whatever the screen's pixel ratio.
     double Zoom() const { return m_Zoom; }
-    /// Clamped to MinimumZoom..MaximumZoom. The point of the photo at `anchor` (in the viewport) stays there, as far
-    /// as the scroll bars allow.
+    /// Clamped to MinimumZoom..MaximumZoom. The point of the photo at `anchor` (in the viewport) stays there, as
+    /// far as the scroll bars allow.
     void SetZoom(double zoom, const QPointF& anchor);
     void SetZoom(double zoom) { SetZoom(zoom, QRectF(viewport()->rect()).center()); }
     bool IsFitted() const { return m_Fit != Fit::No; }

@@ -220,7 +220,8 @@ private Q_SLOTS:
         }
     }
 
-    /// Sources with nothing to measure or to transform. Each comes back with its size and, if not painted, its alpha.
+    /// Sources with nothing to measure or to transform. Each comes back with its size and, if not painted, its
+    /// alpha.
     void OddSources_data() { Rows_data(); }
     void OddSources() {
         QFETCH(QString, name);

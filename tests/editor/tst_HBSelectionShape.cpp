@@ -53,7 +53,8 @@ private Q_SLOTS:
         QCOMPARE(hard.CoverageAt(29, 29), 255);
         QCOMPARE(hard.CoverageAt(30, 29), 0);
 
-        // Half at the edge, falling smoothly from all to nothing over twice the feather, the same inwards as outwards.
+        // Half at the edge, falling smoothly from all to nothing over twice the feather, the same inwards as
+        // outwards.
         const HBSelectionShape soft{Kind::Rectangle, {100, 0, 200, 1000}, 10, false};
         QCOMPARE(soft.CoverageAt(89, 500), 0);
         QCOMPARE(soft.CoverageAt(110, 500), 255);

@@ -294,8 +294,8 @@ private Q_SLOTS:
     }
 
     /// The chromaticities of the Planckian locus as published by Robertson, "Computation of correlated color
-    /// temperature and distribution temperature", J. Opt. Soc. Am. 58 (1968); the last from Wyszecki & Stiles, Color
-    /// Science, 2nd ed., (x, y) = (0.6528, 0.3444).
+    /// temperature and distribution temperature", J. Opt. Soc. Am. 58 (1968); the last from Wyszecki & Stiles,
+    /// Color Science, 2nd ed., (x, y) = (0.6528, 0.3444).
     void TemperatureColour() {
         const struct {
             double mired, u, v;

@@ -17,8 +17,8 @@ inline QRect HBMargins(int left, int top, int right, int bottom) {
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-/// A colour of an overlay test. Dodge and burn jump at black and white, where QPainter's 16 bits do not tell which side a
-/// translucent pixel is on: those are left out.
+/// A colour of an overlay test. Dodge and burn jump at black and white, where QPainter's 16 bits do not tell which
+/// side a translucent pixel is on: those are left out.
 inline QRgb HBColor(int red, int green, int blue, int alpha) {
     auto level = [](int value) { return 8 + value % 240; };
     return qRgba(level(red), level(green), level(blue), alpha);
@@ -42,8 +42,8 @@ inline QImage HBPlain(int width, int height, const QColor& color) {
     return image;
 }
 
-/// The largest difference in alpha, or in a colour as far as it shows: QPainter's own colours of a pixel that covers
-/// little are off by as much as its 16 bits lose there.
+/// The largest difference in alpha, or in a colour as far as it shows: QPainter's own colours of a pixel that
+/// covers little are off by as much as its 16 bits lose there.
 inline double HBLargestDifference(const QImage& a, const QImage& b) {
     double largest = a.size() == b.size() ? 0 : 256;
     for (int y = 0; largest < 256 && y < a.height(); ++y) {
@@ -87,8 +87,8 @@ inline double HBMeanDifference(const QImage& a, const QImage& b) {
     return sum / (4.0 * size.width() * size.height());
 }
 
-/// Whether the overlay differs by at most a level from a layer at that place as QPainter composes it. What the layer
-/// does not cover keeps its bytes; QPainter's way through premultiplied pixels loses some.
+/// Whether the overlay differs by at most a level from a layer at that place as QPainter composes it. What the
+/// layer does not cover keeps its bytes; QPainter's way through premultiplied pixels loses some.
 inline bool HBIsComposed(const QImage& drawn, const QImage& picture, const QImage& layer, QPoint at, int mode,
                          int opacity) {
     QImage expected = picture;

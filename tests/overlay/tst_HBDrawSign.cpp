@@ -90,7 +90,8 @@ private Q_SLOTS:
         QVERIFY(HBLooksTheSameAtAnySize([&](const QImage& picture) { return Drawn(picture, params); }));
     }
 
-    /// Along a ramp that is four times as large as its file, no value may jump, not at the borders of tiles either.
+    /// Along a ramp that is four times as large as its file, no value may jump, not at the borders of tiles
+    /// either.
     void EnlargesWithoutSeams() {
         QImage ramp(60, 3, QImage::Format_ARGB32);
         for (int x = 0; x < ramp.width(); ++x) {

@@ -114,8 +114,8 @@ void HBCheckColorVisits(Fixture& f, QAbstractButton* button, const QString& titl
     }
 }
 
-/// The rule of most panels: an accepted colour is heard if it is not the present one, a cancelled dialog if the user has
-/// tried another one.
+/// The rule of most panels: an accepted colour is heard if it is not the present one, a cancelled dialog if the
+/// user has tried another one.
 inline QVector<HBColorVisit> HBComparingVisits() {
     const QColor old("#102030");
     const QColor red("#ff0000");

@@ -18,8 +18,8 @@
 constexpr int LeastInt = std::numeric_limits<int>::min();
 constexpr int MostInt = std::numeric_limits<int>::max();
 
-/// Whether one sees where a slider stands, whatever style sheet the host gives the panel: a sheet that colours its groove
-/// takes the handle away, unless it brings one. The value that it is moved to must not change the groove.
+/// Whether one sees where a slider stands, whatever style sheet the host gives the panel: a sheet that colours its
+/// groove takes the handle away, unless it brings one. The value that it is moved to must not change the groove.
 inline bool HBShowsItsValue(QSlider* slider) {
     for (const QWidget* parent = slider->parentWidget(); parent; parent = parent->parentWidget())
         if (!parent->styleSheet().isEmpty()) return false;

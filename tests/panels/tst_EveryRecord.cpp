@@ -13,8 +13,8 @@ const QSet<QString> DefaultsAfterFailure = {"HBHueSaturationWidget", "HBPhotoFil
                                             "KMFillColorWidget",     "HBReplaceColorWidget", "HBSignWidget",
                                             "HBWatermarkWidget"};
 
-/// What the streams of a record pass, whatever its fields. Its bytes and the words of its log lines are recorded for
-/// tst_PanelContract.
+/// What the streams of a record pass, whatever its fields. Its bytes and the words of its log lines are recorded
+/// for tst_PanelContract.
 template <class Params>
 struct Streams {
     const HBAdjustment& adjustment;

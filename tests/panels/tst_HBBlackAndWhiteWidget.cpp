@@ -140,7 +140,8 @@ private Q_SLOTS:
         }
         QVERIFY(log.Take().isEmpty());
 
-        // A foreign tag costs 23 bytes, one that merely looks like the older one too; a truncated older record fails.
+        // A foreign tag costs 23 bytes, one that merely looks like the older one too; a truncated older record
+        // fails.
         const struct {
             QByteArray bytes;
             int consumed;

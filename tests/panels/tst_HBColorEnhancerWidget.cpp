@@ -107,8 +107,8 @@ private Q_SLOTS:
         QCOMPARE(f.Adjusted().pixel(140, 130), image.pixel(140, 130));
     }
 
-    /// Seen by changing the source's pixels behind the panel's back, as nothing may: a job that measured them again would
-    /// stretch them otherwise.
+    /// Seen by changing the source's pixels behind the panel's back, as nothing may: a job that measured them
+    /// again would stretch them otherwise.
     void thresholdsAreKept() {
         Fixture f;
         const HBImage<> photo = Photo(PointsA);

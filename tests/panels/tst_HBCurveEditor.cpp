@@ -260,7 +260,8 @@ private Q_SLOTS:
         QCOMPARE(two.slider->Minimum(1), 54);
     }
 
-    /// A handle that could be pushed beyond a new point comes back, with its end of the curve, when that point is moved.
+    /// A handle that could be pushed beyond a new point comes back, with its end of the curve, when that point is
+    /// moved.
     void staleSliderHandle() {
         Fixture f;
         f.Press({100, 100});

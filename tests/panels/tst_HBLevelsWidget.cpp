@@ -299,7 +299,8 @@ private Q_SLOTS:
         QVERIFY(f.automatic->isEnabled());
     }
 
-    /// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for none.
+    /// Where two ints of the stored form stand for one field, the later one counts, and the last of the twelve for
+    /// none.
     void overlappingStream() {
         QByteArray bytes("KMLevels 1.00000");
         QDataStream writer(&bytes, QIODevice::Append);

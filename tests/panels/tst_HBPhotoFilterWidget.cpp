@@ -68,7 +68,8 @@ private Q_SLOTS:
             HBColorVisit visit;
             int preset;
         } rows[] = {
-            // The list goes back to the preset from before the dialog, also when another colour is accepted, on purpose.
+            // The list goes back to the preset from before the dialog, also when another colour is accepted, on
+            // purpose.
             {{"accept what was not tried: stale preset", warm, {}, mixed, true, mixed, 1}, 3},
             {{"accept another than was tried: the preset wins", warm, {ones}, twos, true, warm, 3}, 3},
             {{"accept what was tried", warm, {ones}, none, true, ones, 1}, 0},

@@ -130,7 +130,8 @@ private Q_SLOTS:
             Plain(300, 300, QColor(110, 110, 110)));
     }
 
-    /// A ring on an uneven ground: the ground changes, the ring does not, nor what of the ground's colour it encloses.
+    /// A ring on an uneven ground: the ground changes, the ring does not, nor what of the ground's colour it
+    /// encloses.
     void productShot() {
         const auto ground = [](int x, int y) { return qRgb(230 + (x + y) % 7, 228 + x % 5, 225 + y % 6); };
         const auto ring = [](int x, int y) {
@@ -162,7 +163,8 @@ private Q_SLOTS:
         }
     }
 
-    /// The four bytes of the tolerance are those of the number or'd with itself three times, a byte further each time.
+    /// The four bytes of the tolerance are those of the number or'd with itself three times, a byte further each
+    /// time.
     void hostileRecords() {
         Fixture f;
         QImage row = Plain(3, 1, QColor(0, 0, 0));
@@ -178,7 +180,8 @@ private Q_SLOTS:
         QVERIFY(filled(Most));
     }
 
-    /// The selection is carried along, but neither limits the fill nor weighs it; tiles that it does not reach stay shared.
+    /// The selection is carried along, but neither limits the fill nor weighs it; tiles that it does not reach
+    /// stay shared.
     void selectionDoesNotLimit() {
         QImage photo = Plain(300, 150, Qt::blue);
         QPainter(&photo).fillRect(100, 0, 200, 150, Qt::green);

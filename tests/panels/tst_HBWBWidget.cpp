@@ -176,7 +176,8 @@ private Q_SLOTS:
         }
     }
 
-    /// The whole picture is measured, what is selected is changed; partly selected pixels are weighted at every stage.
+    /// The whole picture is measured, what is selected is changed; partly selected pixels are weighted at every
+    /// stage.
     void advancedWithSelection() {
         const HBImage<> photo = CastPhoto();
         Fixture f(false);

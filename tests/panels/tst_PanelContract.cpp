@@ -4,10 +4,11 @@
 // What every panel gives to its host, as text: stored records, pixels, signals and what the controls show. It is
 // recorded in contract/<class>.txt, one fact a line, so that a change of a panel's insides shows what it moved.
 //
-// Nothing here knows a panel: all are made by the catalog and moved by the controls that they have. So the text says
-// what is, not what is right; that is for each panel's own test.
+// Nothing here knows a panel: all are made by the catalog and moved by the controls that they have. So the text
+// says what is, not what is right; that is for each panel's own test.
 //
-// To record again, on purpose only: PANEL_CONTRACT_RECORD=1 build/dev/tests/panels/tst_PanelContract [Panel:<class>]
+// To record again, on purpose only: PANEL_CONTRACT_RECORD=1 build/dev/tests/panels/tst_PanelContract
+// [Panel:<class>]
 #include "HBFailingDevice.h"
 #include "HBLogCapture.h"
 #include "HBRecordPanels.h"
@@ -196,7 +197,8 @@ QString Restore(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const QJso
     return entry.restore(panel, values, &reason) ? "taken" : "refused, " + reason;
 }
 
-/// What the log got, without what no contract fixes: date and time, and a line number where it is the source's own.
+/// What the log got, without what no contract fixes: date and time, and a line number where it is the source's
+/// own.
 QString Logged(HBLogCapture* log, const QByteArray& panel) {
     static const QSet<QByteArray> fixed{"HBPhotoFilterWidget", "HBColorizeWidget", "HBReplaceColorWidget",
                                         "KMFillColorWidget",   "HBSignWidget",     "HBWatermarkWidget"};

@@ -45,8 +45,8 @@ QByteArray Jpeg(const QVector<HBJpegCoding::Component>& components, bool rgb = f
     return bytes;
 }
 
-/// The tables and, of each component, number, sampling factors and table: the segments DQT and SOF without the size
-/// (ITU-T T.81, B.2).
+/// The tables and, of each component, number, sampling factors and table: the segments DQT and SOF without the
+/// size (ITU-T T.81, B.2).
 QByteArray WhatDecidesQuality(const QByteArray& jpeg) {
     QByteArray found;
     for (int at = 2; at + 4 < jpeg.size() && jpeg[at] == '\xff' && jpeg[at + 1] != '\xda';) {

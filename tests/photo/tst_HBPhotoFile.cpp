@@ -267,8 +267,8 @@ private Q_SLOTS:
         }
     }
 
-    /// A file of the kernel's says that it is empty and could be read for ever: it is not read at all. This one would
-    /// be a picture.
+    /// A file of the kernel's says that it is empty and could be read for ever: it is not read at all. This one
+    /// would be a picture.
     void EmptyByItsEntry() {
         QProcess sleeper;
         sleeper.start("bash", {"-c", "exec -a 'P6 7 5 255 ' sleep 60"});

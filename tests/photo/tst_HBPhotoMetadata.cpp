@@ -46,8 +46,9 @@ constexpr QSize pictureSize(96, 64);
 
 QRgb ColourAt(int x, int y) { return qRgb(2 * x, 3 * y, 100); }
 
-/// Where the file has the upright pixel (x, y) if it says this orientation. From the definition, by row and column 0:
-/// 1 top left, 2 top right, 3 bottom right, 4 bottom left, 5 left top, 6 right top, 7 right bottom, 8 left bottom.
+/// Where the file has the upright pixel (x, y) if it says this orientation. From the definition, by row and column
+/// 0: 1 top left, 2 top right, 3 bottom right, 4 bottom left, 5 left top, 6 right top, 7 right bottom, 8 left
+/// bottom.
 QPoint InFile(int orientation, int x, int y) {
     const int right = pictureSize.width() - 1 - x;
     const int bottom = pictureSize.height() - 1 - y;

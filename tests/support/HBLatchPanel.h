@@ -24,8 +24,8 @@ public:
     void Open() { Set(Unlimited, false); }
     /// Lets so many more tiles through.
     void Let(int tiles);
-    /// Holds every tile until the job has become obsolete: the test goes on to do that in a call that waits for the
-    /// job's end.
+    /// Holds every tile until the job has become obsolete: the test goes on to do that in a call that waits for
+    /// the job's end.
     void OpenWhenObsolete() { Set(0, true); }
     /// Waits until so many tiles are held; false after ten seconds.
     bool WaitForHeld(int tiles = 1);

@@ -27,8 +27,8 @@ private:
     QVector<Line> m_Lines;
 };
 
-/// While it lives, windows may be shown: silences what a platform without a screen remarks about each of them. Create
-/// it before an HBLogCapture.
+/// While it lives, windows may be shown: silences what a platform without a screen remarks about each of them.
+/// Create it before an HBLogCapture.
 class HBShowsWindows {
 public:
     HBShowsWindows();

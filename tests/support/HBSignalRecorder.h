@@ -13,8 +13,8 @@
 
 class HBAdjustmentWidget;
 
-/// Writes down every signal of a panel, those of its base classes up to KMAdjustmentWidget included, in the order in
-/// which they are emitted and with their arguments, as "ProgressRangeChanged(0,6)".
+/// Writes down every signal of a panel, those of its base classes up to KMAdjustmentWidget included, in the order
+/// in which they are emitted and with their arguments, as "ProgressRangeChanged(0,6)".
 class HBSignalRecorder : public QObject {
 public:
     explicit HBSignalRecorder(HBAdjustmentWidget* panel);
@@ -41,8 +41,8 @@ private:
     std::function<void()> m_Action;
 };
 
-/// Waits for all jobs and delivers what they have posted. No timer fires meanwhile: no debounce, no progress timeout.
-/// A job that is started by the end of another is waited for too.
+/// Waits for all jobs and delivers what they have posted. No timer fires meanwhile: no debounce, no progress
+/// timeout. A job that is started by the end of another is waited for too.
 void HBSettle();
 
 /// How many timers of the panel run: debounce, progress timeout, wait.

@@ -13,12 +13,13 @@
 QJsonObject HBDemonstrationStep(const HBAdjustment& adjustment);
 std::any HBDemonstration(const HBAdjustment& adjustment);
 
-/// Number `which` of a few records with values far outside what any form allows; all kinds that a stream can bring.
+/// Number `which` of a few records with values far outside what any form allows; all kinds that a stream can
+/// bring.
 std::any HBHostileRecord(const HBAdjustment& adjustment, int which);
 constexpr int HBHostileRecords = 4;
 
-/// Numbers within their ranges, and now and then outside; choices, truth values and colours of any kind. What else there
-/// is stays as in the demonstration.
+/// Numbers within their ranges, and now and then outside; choices, truth values and colours of any kind. What else
+/// there is stays as in the demonstration.
 std::any HBRandomRecord(const HBAdjustment& adjustment, QRandomGenerator& random);
 
 /// A picture with a mask on a part of it, of which both reach beyond the picture if that is large enough.

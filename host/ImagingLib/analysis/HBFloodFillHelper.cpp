@@ -19,8 +19,8 @@ constexpr int TileSide = HBImage<>::TileSide;
 /// The pixels to fill, by tile; null for a tile that has none.
 using Masks = std::vector<std::unique_ptr<HBTileBits>>;
 
-/// Finds the pixels to fill, a tile at a time. A tile hands what it reached at its borders to its neighbours, which
-/// then wait in a queue; it may get its turn again when they hand something back.
+/// Finds the pixels to fill, a tile at a time. A tile hands what it reached at its borders to its neighbours,
+/// which then wait in a queue; it may get its turn again when they hand something back.
 class Region
 {
 public:

@@ -45,9 +45,9 @@ void LumaOfRun(const HBRGBA32i* pixels, quint32 (&luma)[LumaRun])
 #endif
 }
 
-/// The counters of one lane. Equal neighbours (sky, a white background) would wait for each other's increment in one
-/// table, so that pixels go to four tables in turn; 16 bits and a level's channels side by side keep the four in
-/// the fastest cache. They are emptied into wide counters before any can overflow.
+/// The counters of one lane. Equal neighbours (sky, a white background) would wait for each other's increment in
+/// one table, so that pixels go to four tables in turn; 16 bits and a level's channels side by side keep the four
+/// in the fastest cache. They are emptied into wide counters before any can overflow.
 class Lane
 {
 public:

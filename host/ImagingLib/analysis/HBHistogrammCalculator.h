@@ -12,8 +12,8 @@
 #include <mutex>
 #include <vector>
 
-/// Counts how often each level occurs in a picture, per channel; alpha is not looked at, and padding of border tiles
-/// is never counted. Works on several threads, also when called on a pool thread; any thread may call it.
+/// Counts how often each level occurs in a picture, per channel; alpha is not looked at, and padding of border
+/// tiles is never counted. Works on several threads, also when called on a pool thread; any thread may call it.
 class IMAGINGLIB_EXPORT HBHistogrammCalculator
 {
 public:
@@ -26,11 +26,11 @@ public:
         quint64 pixels = 0;
     };
 
-    /// Where Accumulate adds its counts: arrays of 256, which the caller sets to 0 before the first picture. A null
-    /// pointer leaves that channel out.
+    /// Where Accumulate adds its counts: arrays of 256, which the caller sets to 0 before the first picture. A
+    /// null pointer leaves that channel out.
     void SetOutput(int* red, int* green, int* blue, int* luma);
-    /// Adds the pixels of `rect` (image coordinates, cut to the image; an invalid one has none) to the output. A count
-    /// stops at the largest int. \throws std::bad_alloc
+    /// Adds the pixels of `rect` (image coordinates, cut to the image; an invalid one has none) to the output. A
+    /// count stops at the largest int. \throws std::bad_alloc
     void Accumulate(const HBImage<>& image, const QRect& rect);
 
     /// The share of red, green and blue in luma after ITU-R BT.709 (0.2126, 0.7152, 0.0722), in 1/32768.
@@ -43,15 +43,16 @@ public:
                15;
     }
 
-    /// Counts the pixels of `rect`. When `*abandoned` becomes true the rest is left out and the result is of no use.
+    /// Counts the pixels of `rect`. When `*abandoned` becomes true the rest is left out and the result is of no
+    /// use.
     /// \throws std::bad_alloc
     static Counts Count(const HBImage<>& image, const QRect& rect, const std::atomic<bool>* abandoned = nullptr);
     /// The same for a whole QImage of any format; 16-bit channels are reduced to 8, premultiplied ones divided.
     static Counts Count(const QImage& image, const std::atomic<bool>* abandoned = nullptr);
 
-    /// The levels below and above which 0.5 % of the counted pixels lie: the 0.5 % and the 99.5 % percentile of 256
-    /// counts (contrast stretching as in Gonzalez and Woods, Digital Image Processing). (0, 255) if nothing was
-    /// counted; the two may be equal.
+    /// The levels below and above which 0.5 % of the counted pixels lie: the 0.5 % and the 99.5 % percentile of
+    /// 256 counts (contrast stretching as in Gonzalez and Woods, Digital Image Processing). (0, 255) if nothing
+    /// was counted; the two may be equal.
     static std::vector<int> Threshold(const std::array<quint64, 256>& counts);
     /// The same; less than 0 counts as 0.
     static std::vector<int> Threshold(const int* counts);

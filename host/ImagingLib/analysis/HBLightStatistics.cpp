@@ -124,7 +124,8 @@ void Normalise(LogSums& sums)
     }
 }
 
-/// \param count at most a row of a tile, so that at most eight lumas come together before the products are normalised
+/// \param count at most a row of a tile, so that at most eight lumas come together before the products are
+///        normalised
 void MultiplyLumas(const HBRGBA32i* pixels, int count, LogSums& sums)
 {
     const hn::CappedTag<float, Sums> many;

@@ -31,8 +31,8 @@ private:
 };
 
 /// The geometric mean of the pixels' luma (ITU-R BT.709) after an offset of 0.055, then as light: the log-average
-/// luminance, 0.0008 (black) .. 1, in an empty picture 0. The offset, which is that of the transfer function of sRGB
-/// (IEC 61966-2-1), keeps black pixels from deciding alone.
+/// luminance, 0.0008 (black) .. 1, in an empty picture 0. The offset, which is that of the transfer function of
+/// sRGB (IEC 61966-2-1), keeps black pixels from deciding alone.
 class IMAGINGLIB_EXPORT HBLogAverageLook : public HBPictureLook
 {
 public:

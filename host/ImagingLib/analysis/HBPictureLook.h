@@ -9,9 +9,9 @@
 #include <memory>
 #include <vector>
 
-/// Something that is counted over all tiles of a picture, in any order, by several lanes at once: a histogram, a norm. An
-/// adjustment that must see the whole picture first says what it looks at; whoever walks the tiles next shows them to the
-/// look while they are in the cache.
+/// Something that is counted over all tiles of a picture, in any order, by several lanes at once: a histogram, a
+/// norm. An adjustment that must see the whole picture first says what it looks at; whoever walks the tiles next
+/// shows them to the look while they are in the cache.
 class IMAGINGLIB_EXPORT HBPictureLook
 {
 public:

@@ -47,7 +47,8 @@ void HBForEachRun(HBBitRow row, Function function)
 /// \param pixels of a whole tile
 HBTileBits HBMatchTile(const HBRGBA32i* pixels, HBRGBA32i lowest, HBRGBA32i highest, const QSize& size);
 
-/// Adds to `filled` what can be reached from `seeds` through `open`, side by side. Seeds outside `open` are ignored.
+/// Adds to `filled` what can be reached from `seeds` through `open`, side by side. Seeds outside `open` are
+/// ignored.
 void HBSpreadInTile(const HBTileBits& open, const HBTileBits& seeds, HBTileBits& filled);
 
 /// The smallest rectangle that holds all set bits; empty if there are none.

@@ -5,8 +5,8 @@
 #include "HBChannelTables.h"
 #include "HBLevelsTransformation.h"
 
-/// Levels, mixed with the source: each channel goes amount / 100 of the way from what it is to what the levels make of
-/// it, rounded. Alpha is kept; the identity until levels and an amount are set, and with amount 0.
+/// Levels, mixed with the source: each channel goes amount / 100 of the way from what it is to what the levels
+/// make of it, rounded. Alpha is kept; the identity until levels and an amount are set, and with amount 0.
 class IMAGINGLIB_EXPORT HBColorEnhancerTransformation : public HBChannelTables
 {
 public:

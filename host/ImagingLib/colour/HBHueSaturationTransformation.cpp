@@ -20,8 +20,8 @@ namespace HWY_NAMESPACE
 
 using Factors = HBHueSaturationTransformation::Factors;
 
-// The lightness is kept as its double, greatest + least channel, 0..510: whole numbers, exact. The chroma, greatest -
-// least, is then at most 255 - |double lightness - 255|.
+// The lightness is kept as its double, greatest + least channel, 0..510: whole numbers, exact. The chroma,
+// greatest - least, is then at most 255 - |double lightness - 255|.
 
 template <class D>
 HWY_INLINE hn::Vec<D> MostChroma(D d, hn::Vec<D> doubleLightness)

@@ -6,12 +6,12 @@
 #include "imaginglib_export.h"
 
 /// Hue, saturation and lightness in the HSL hexcone (Joblove & Greenberg, "Color spaces for computer graphics",
-/// SIGGRAPH 1978; the same as hsl() of CSS Color 4): the hue is turned by `hue` degrees, the saturation multiplied by
-/// 1 + saturation / 100 and clamped, the lightness moved by lightness / 100 of the way to white, or to black if that
-/// is negative.
+/// SIGGRAPH 1978; the same as hsl() of CSS Color 4): the hue is turned by `hue` degrees, the saturation multiplied
+/// by 1 + saturation / 100 and clamped, the lightness moved by lightness / 100 of the way to white, or to black if
+/// that is negative.
 ///
-/// With `colorize` the hue is replaced by `hue` and the saturation by (100 + saturation) / 200; the pixel's lightness
-/// stays, moved as above.
+/// With `colorize` the hue is replaced by `hue` and the saturation by (100 + saturation) / 200; the pixel's
+/// lightness stays, moved as above.
 ///
 /// Alpha is kept, grey stays grey unless it is colourised, and (0, 0, 0, false) is the exact identity.
 class IMAGINGLIB_EXPORT HBHueSaturationTransformation

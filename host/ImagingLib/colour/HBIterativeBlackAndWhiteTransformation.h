@@ -32,8 +32,8 @@ private:
 class HBIterativeBlackAndWhiteTransformation : public HBIterativeAdjustmentTransformation<HBBlackAndWhite>
 {
 public:
-    /// The weights are shares, 1 in sum for a picture as bright as before; -1000..1000, clamped. What is not a finite
-    /// number counts as 0.
+    /// The weights are shares, 1 in sum for a picture as bright as before; -1000..1000, clamped. What is not a
+    /// finite number counts as 0.
     HBIterativeBlackAndWhiteTransformation(bool cie, float red, float green, float blue)
         : HBIterativeAdjustmentTransformation(HBBlackAndWhite(cie, red, green, blue))
     {

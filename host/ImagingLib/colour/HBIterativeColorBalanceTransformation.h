@@ -38,15 +38,15 @@ private:
 ///
 ///     shadows (1 - Y)²,  midtones 2 Y (1 - Y),  highlights Y²
 ///
-/// of the pixel's luma Y, 0..1 (ITU-R BT.709): smooth, and 1 in sum, so that equal values in the three ranges raise
-/// all tones alike.
+/// of the pixel's luma Y, 0..1 (ITU-R BT.709): smooth, and 1 in sum, so that equal values in the three ranges
+/// raise all tones alike.
 ///
 /// Alpha is kept; all zero is the exact identity, and the same values on all three axes keep grey grey.
 class HBIterativeColorBalanceTransformation : public HBIterativeAdjustmentTransformation<HBColorBalance>
 {
 public:
-    /// Three values each, for shadows, midtones and highlights: -100..100, clamped; copied. Towards the second name is
-    /// positive.
+    /// Three values each, for shadows, midtones and highlights: -100..100, clamped; copied. Towards the second
+    /// name is positive.
     HBIterativeColorBalanceTransformation(const int* cyanRed, const int* magentaGreen, const int* yellowBlue)
         : HBIterativeAdjustmentTransformation(HBColorBalance(cyanRed, magentaGreen, yellowBlue))
     {

@@ -28,8 +28,9 @@ private:
     Factors m_Factors;
 };
 
-/// Gives all pixels the hue and saturation of one colour: the colour gets the pixel's luminosity (blend mode "color"
-/// of W3C Compositing and Blending 1: SetLum(colour, Lum(pixel))) and is mixed with the pixel by amount / 100.
+/// Gives all pixels the hue and saturation of one colour: the colour gets the pixel's luminosity (blend mode
+/// "color" of W3C Compositing and Blending 1: SetLum(colour, Lum(pixel))) and is mixed with the pixel by amount /
+/// 100.
 ///
 /// Alpha is kept, the colour's alpha plays no part; amount 0 is the exact identity.
 class HBIterativeColorizeTransformation : public HBIterativeAdjustmentTransformation<HBColorize>

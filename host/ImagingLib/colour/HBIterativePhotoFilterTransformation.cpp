@@ -20,8 +20,8 @@ struct Filter
 {
     const HBPhotoFilter::Factors& factors;
 
-    // SetLum adds the luminosity that the filter took and then, where a channel has left the range, pulls all three
-    // towards the luminosity until it is back. Only the upper end can be left, because light is only added.
+    // SetLum adds the luminosity that the filter took and then, where a channel has left the range, pulls all
+    // three towards the luminosity until it is back. Only the upper end can be left, because light is only added.
     template <class D>
     HWY_INLINE void operator()(D d, Colors<D>& c) const
     {

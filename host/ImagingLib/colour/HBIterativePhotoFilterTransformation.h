@@ -26,9 +26,9 @@ private:
     Factors m_Factors;
 };
 
-/// A coloured filter before the lens that does not darken: the pixel is multiplied by the filter's colour (blend mode
-/// "multiply" of W3C Compositing and Blending 1), gets its luminosity back (SetLum there) and is mixed with what it
-/// was by density / 100.
+/// A coloured filter before the lens that does not darken: the pixel is multiplied by the filter's colour (blend
+/// mode "multiply" of W3C Compositing and Blending 1), gets its luminosity back (SetLum there) and is mixed with
+/// what it was by density / 100.
 ///
 /// Alpha is kept, the filter's alpha plays no part; density 0 is the exact identity.
 class HBIterativePhotoFilterTransformation : public HBIterativeAdjustmentTransformation<HBPhotoFilter>

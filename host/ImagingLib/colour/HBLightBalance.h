@@ -5,8 +5,8 @@
 #include "HBLightStatistics.h"
 #include "KMWBTransformation.h"
 
-// White balance as channel tables, from what was measured in a picture; see KMIterativeWBTransformation for the formulas.
-// The strength is in percent, 0..100, clamped; 0 is the exact identity.
+// White balance as channel tables, from what was measured in a picture; see KMIterativeWBTransformation for the
+// formulas. The strength is in percent, 0..100, clamped; 0 is the exact identity.
 
 /// The correction of the colour cast that the norms tell of.
 IMAGINGLIB_EXPORT HBChannelTables HBCorrectCast(const HBChannelNorms& norms, int strength);

@@ -6,10 +6,10 @@
 #include "imaginglib_export.h"
 
 /// Shows a picture as if the light on it had another colour temperature: the white of a black body at 6500 K is
-/// adapted, in linear light, to that of the one asked for (Bradford transform, ICC.1 Annex E; von Kries scaling of its
-/// cone responses), at the same luminance. Whites are on the Planckian locus: Planck's law seen by the CIE 1931
-/// standard observer. The tint moves the white off the locus, at a right angle to it in the CIE 1960 diagram (Duv:
-/// Ohno, LEUKOS 10, 2014): 100 is Duv -0.02, magenta, and -100 is Duv 0.02, green.
+/// adapted, in linear light, to that of the one asked for (Bradford transform, ICC.1 Annex E; von Kries scaling of
+/// its cone responses), at the same luminance. Whites are on the Planckian locus: Planck's law seen by the CIE
+/// 1931 standard observer. The tint moves the white off the locus, at a right angle to it in the CIE 1960 diagram
+/// (Duv: Ohno, LEUKOS 10, 2014): 100 is Duv -0.02, magenta, and -100 is Duv 0.02, green.
 ///
 /// Alpha is kept. (6500, any, 0) and (any, 0, any) are the exact identity, as is the default.
 class IMAGINGLIB_EXPORT HBTemperatureCorrection

@@ -49,8 +49,8 @@ HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Over(D d, HBRGBA32i color, hn::Vec<h
                      mean(color.blue, Channel<0>(d, source)), alpha);
 }
 
-/// The same on opaque pixels, where the divisor is 255: multiplying by its inverse is exact as well, if half a unit
-/// keeps the products off the whole numbers.
+/// The same on opaque pixels, where the divisor is 255: multiplying by its inverse is exact as well, if half a
+/// unit keeps the products off the whole numbers.
 template <class D>
 HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> OverOpaque(D d, HBRGBA32i color,
                                                        hn::Vec<hn::RebindToUnsigned<D>> source)

@@ -8,17 +8,17 @@
 /// A white-balance correction found in a picture, as a transformation of tiles.
 ///
 /// AutoBalance takes the colour of the light to be the Minkowski norm of each channel (shades of gray: Finlayson &
-/// Trezzi, CIC 2004) with exponent 32 on the stored values, which is about 14 in light: near enough to the brightest
-/// surfaces that a picture without a cast hardly changes. It divides each channel's light (IEC 61966-2-1) by it, von
-/// Kries' way, keeping the luminance, with gains of a quarter to four. Where a channel is black throughout nothing
-/// can be known and nothing changes.
+/// Trezzi, CIC 2004) with exponent 32 on the stored values, which is about 14 in light: near enough to the
+/// brightest surfaces that a picture without a cast hardly changes. It divides each channel's light (IEC
+/// 61966-2-1) by it, von Kries' way, keeping the luminance, with gains of a quarter to four. Where a channel is
+/// black throughout nothing can be known and nothing changes.
 ///
-/// Overexposure and Underexposure raise all light to one power, which takes the log-average luminance of the picture
-/// to the key of 0.18 (Reinhard et al., SIGGRAPH 2002): the first only ever darkens, the second only ever lightens.
-/// The power is 1/4 .. 4; grey stays grey, black stays black and white white.
+/// Overexposure and Underexposure raise all light to one power, which takes the log-average luminance of the
+/// picture to the key of 0.18 (Reinhard et al., SIGGRAPH 2002): the first only ever darkens, the second only ever
+/// lightens. The power is 1/4 .. 4; grey stays grey, black stays black and white white.
 ///
-/// Gains and power are moved towards 1 as the strength falls: 0 is the exact identity, as is an unknown function and
-/// an empty picture.
+/// Gains and power are moved towards 1 as the strength falls: 0 is the exact identity, as is an unknown function
+/// and an empty picture.
 class IMAGINGLIB_EXPORT KMIterativeWBTransformation : public KMWBTransformation
 {
 public:

@@ -4,8 +4,8 @@
 
 #include "HBChannelTables.h"
 
-/// A white-balance correction that is ready to be applied: a pixel operation made of a table a channel, which knows
-/// nothing of the picture that it was found in. Alpha is kept; the default is the identity.
+/// A white-balance correction that is ready to be applied: a pixel operation made of a table a channel, which
+/// knows nothing of the picture that it was found in. Alpha is kept; the default is the identity.
 class KMWBTransformation : public HBChannelTables
 {
 public:

@@ -14,8 +14,8 @@ int TilesAlong(int length, int tileLength)
     return (length - 1) / tileLength + 1; // no overflow up to INT_MAX
 }
 
-/// `count` rows of `image` from `first` on as QImage::Format_ARGB32. Only these rows are converted, so that a whole
-/// second copy of the image never exists.
+/// `count` rows of `image` from `first` on as QImage::Format_ARGB32. Only these rows are converted, so that a
+/// whole second copy of the image never exists.
 QImage Strip(const QImage& image, int first, int count)
 {
     QImage rows(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());

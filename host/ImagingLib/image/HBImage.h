@@ -15,8 +15,8 @@
 
 /// A tiled image, held and copied by value. Copies share the tiles; a tile is copied when it is written (Detach).
 ///
-/// Tile (column, row) is entry row × Columns() + column of the tile list. Tiles at the right and bottom border reach
-/// beyond the image: their pixels outside it are padding that nothing may count or rely on.
+/// Tile (column, row) is entry row × Columns() + column of the tile list. Tiles at the right and bottom border
+/// reach beyond the image: their pixels outside it are padding that nothing may count or rely on.
 ///
 /// Not thread-safe by itself: a copy per thread is the way to share one. Several threads may detach *different*
 /// tiles of one image at once if DetachList() was called before.
@@ -56,7 +56,8 @@ public:
     /// Also true for an image whose tile list does not fit its size.
     bool IsEmpty() const { return m_Width <= 0 || m_Height <= 0 || m_Tiles.size() != m_Columns * m_Rows; }
 
-    /// Whether nothing was written since one was copied from the other: the same pixels, told without looking at them.
+    /// Whether nothing was written since one was copied from the other: the same pixels, told without looking at
+    /// them.
     bool IsSameAs(const HBImage& other) const
     {
         return m_Width == other.m_Width && m_Height == other.m_Height &&

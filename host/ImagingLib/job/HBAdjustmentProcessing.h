@@ -8,11 +8,11 @@
 #include <QObject>
 #include <QReadWriteLock>
 
-/// A walk over the tiles of an image (HBTileWalk.h) that tells its progress by signals and is stopped by a flag under a
-/// lock.
+/// A walk over the tiles of an image (HBTileWalk.h) that tells its progress by signals and is stopped by a flag
+/// under a lock.
 ///
-/// Lives on the thread that runs the job. Signals are emitted on that and on the pool's threads, one at a time, with
-/// values that never go backwards: connect them with Qt::QueuedConnection.
+/// Lives on the thread that runs the job. Signals are emitted on that and on the pool's threads, one at a time,
+/// with values that never go backwards: connect them with Qt::QueuedConnection.
 class IMAGINGLIB_EXPORT HBAdjustmentProcessing : public QObject
 {
     Q_OBJECT
@@ -34,8 +34,8 @@ Q_SIGNALS:
     void ProgressChanged(int value);
 
 protected:
-    /// Runs the job (see HBWalkTiles). One that was stopped returns what it had; one that threw, the tiles it had done,
-    /// still blended by the selection.
+    /// Runs the job (see HBWalkTiles). One that was stopped returns what it had; one that threw, the tiles it had
+    /// done, still blended by the selection.
     HBImage<> Run(const HBTarget& target, const HBTileFunction& transform);
 
 private:

@@ -19,8 +19,8 @@ void HBTransformTile(const Transformation& transformation)
     }
 }
 
-/// The transformation as a function of a tile. Each lane copies the function, and with it the transformation and its
-/// buffer.
+/// The transformation as a function of a tile. Each lane copies the function, and with it the transformation and
+/// its buffer.
 template <class Transformation>
 HBTileFunction HBTileFunctionOf(Transformation transformation)
 {
@@ -30,8 +30,8 @@ HBTileFunction HBTileFunctionOf(Transformation transformation)
     };
 }
 
-/// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int) const`
-/// for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them.
+/// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int)
+/// const` for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them.
 template <class Transformation>
 class HBAdjustmentProcessingTemplate : public HBAdjustmentProcessing
 {

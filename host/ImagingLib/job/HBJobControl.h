@@ -6,9 +6,9 @@
 
 #include <atomic>
 
-/// Progress and cancel of one piece of work. Whoever started it cancels, from any thread; the work asks before each
-/// tile, also while it only looks at the picture, and tells how far it is. A null pointer to a control is allowed
-/// everywhere: nobody listens, nothing is cancelled.
+/// Progress and cancel of one piece of work. Whoever started it cancels, from any thread; the work asks before
+/// each tile, also while it only looks at the picture, and tells how far it is. A null pointer to a control is
+/// allowed everywhere: nobody listens, nothing is cancelled.
 class IMAGINGLIB_EXPORT HBJobControl
 {
 public:
@@ -21,8 +21,8 @@ public:
     void Cancel() { m_Cancelled.store(true, std::memory_order_relaxed); }
     virtual bool IsCancelled() const { return m_Cancelled.load(std::memory_order_relaxed); }
 
-    /// Called by the work, on its threads but one at a time. Values lie in the range and never fall within it; a work of
-    /// several stages sets a range for each.
+    /// Called by the work, on its threads but one at a time. Values lie in the range and never fall within it; a
+    /// work of several stages sets a range for each.
     virtual void SetRange(int minimum, int maximum);
     virtual void SetProgress(int value);
 

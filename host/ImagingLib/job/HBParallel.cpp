@@ -15,9 +15,9 @@
 namespace
 {
 
-/// What the caller and its helpers share. A helper that the pool never starts, or starts too late, finds it closed and
-/// leaves the lane, which has gone by then, alone. The mutex also orders the caller before each lane and each lane before
-/// the return.
+/// What the caller and its helpers share. A helper that the pool never starts, or starts too late, finds it closed
+/// and leaves the lane, which has gone by then, alone. The mutex also orders the caller before each lane and each
+/// lane before the return.
 struct Lanes
 {
     std::mutex mutex;
@@ -100,7 +100,8 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
 
 bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
 {
-    // The thread tried leaves its stack to the one that the pool makes next. Another start between the two would take it.
+    // The thread tried leaves its stack to the one that the pool makes next. Another start between the two would
+    // take it.
     static std::mutex mutex;
     const std::lock_guard<std::mutex> lock(mutex);
     if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come

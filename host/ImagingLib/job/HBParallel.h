@@ -12,15 +12,15 @@ class QThreadPool;
 /// piece, at least one.
 IMAGINGLIB_EXPORT int HBLaneCount(int items);
 
-/// Runs `lane` on the calling thread and on up to `lanes` - 1 threads of the global pool at once, and returns when all
-/// that began have ended. A lane takes pieces of the work until none is left, so that one alone can do all of it: the
-/// caller takes part and never waits for a thread that does not come, be it on a pool thread itself, with a full pool,
-/// or where the system starts no more threads. Every parallel step of a job goes through here.
+/// Runs `lane` on the calling thread and on up to `lanes` - 1 threads of the global pool at once, and returns when
+/// all that began have ended. A lane takes pieces of the work until none is left, so that one alone can do all of
+/// it: the caller takes part and never waits for a thread that does not come, be it on a pool thread itself, with
+/// a full pool, or where the system starts no more threads. Every parallel step of a job goes through here.
 ///
 /// If lanes throw, the others still run to their end; then the first exception is rethrown as it was thrown.
 IMAGINGLIB_EXPORT void HBRunLanes(int lanes, const std::function<void()>& lane);
 
-/// Calls `start`, which hands one task to the pool, if the pool will have a thread for it. False, without the call, where the
-/// system starts no more threads (too little memory, too many processes): Qt's pool would lose the task, and wait for its end
-/// for ever when the program ends. Every task of ours goes through here. Any thread.
+/// Calls `start`, which hands one task to the pool, if the pool will have a thread for it. False, without the
+/// call, where the system starts no more threads (too little memory, too many processes): Qt's pool would lose the
+/// task, and wait for its end for ever when the program ends. Every task of ours goes through here. Any thread.
 IMAGINGLIB_EXPORT bool HBTryStart(QThreadPool& pool, const std::function<void()>& start);

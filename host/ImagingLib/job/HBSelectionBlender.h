@@ -11,8 +11,8 @@
 
 #include <functional>
 
-/// Where an adjustment with a selection works, computed without overflow for any corners. An invalid rectangle means
-/// that the areas do not meet.
+/// Where an adjustment with a selection works, computed without overflow for any corners. An invalid rectangle
+/// means that the areas do not meet.
 struct IMAGINGLIB_EXPORT HBSelectionArea
 {
     /// \param offset where the selection image lies on the image
@@ -31,8 +31,8 @@ struct IMAGINGLIB_EXPORT HBSelectionArea
 class IMAGINGLIB_EXPORT HBSelectionRows
 {
 public:
-    /// The images must outlive the object. The tiles of `destination` under `area` must be its own (Detach), except
-    /// those that it shares with `source`, which are skipped.
+    /// The images must outlive the object. The tiles of `destination` under `area` must be its own (Detach),
+    /// except those that it shares with `source`, which are skipped.
     /// \param offset where `selection` lies on the other two, which have the same size
     /// \param area in pixels of destination and source, inside all three images
     HBSelectionRows(HBImage<>& destination, const HBImage<>& source, const HBImage<>& selection,
@@ -46,8 +46,8 @@ public:
         const HBRGBA32i* selection;
         int count;
     };
-    /// Calls `function` for the spans of row `row` (0 is the top of the area), left to right. Different rows may be
-    /// walked at once on different threads. \throws std::bad_alloc
+    /// Calls `function` for the spans of row `row` (0 is the top of the area), left to right. Different rows may
+    /// be walked at once on different threads. \throws std::bad_alloc
     void ForEachSpan(int row, const std::function<void(const Span&)>& function) const;
 
 private:

@@ -97,8 +97,8 @@ private:
     QRect m_Tiles; ///< in columns and rows
 };
 
-/// A transformed tile has changed outside the selection too. A tile that cannot be restored for want of memory is the
-/// source's again and makes the work a failure.
+/// A transformed tile has changed outside the selection too. A tile that cannot be restored for want of memory is
+/// the source's again and makes the work a failure.
 void RestoreOutside(const HBImage<>& source, const TileList& tiles, const QRect& keep, HBOutcome& outcome)
 {
     std::atomic<int> next{0};

@@ -22,7 +22,8 @@ struct HBTarget
     QRect bounds{};        ///< of the selection, in pixels of the selection image; not valid: all is adjusted
 };
 
-/// One tile of an image that is being made. Until it is asked for its pixels the tile stays shared with the source.
+/// One tile of an image that is being made. Until it is asked for its pixels the tile stays shared with the
+/// source.
 class IMAGINGLIB_EXPORT HBTileAccess
 {
 public:
@@ -44,8 +45,8 @@ private:
 /// Changes a tile. Each lane works with a copy of its own.
 using HBTileFunction = std::function<void(HBTileAccess& tile)>;
 
-/// What became of a work, and the image it made. Only a whole image is a result: any other has tiles that nobody has
-/// worked on.
+/// What became of a work, and the image it made. Only a whole image is a result: any other has tiles that nobody
+/// has worked on.
 struct HBOutcome
 {
     enum Status { Whole, Cancelled, Failed };
@@ -57,12 +58,13 @@ struct HBOutcome
     bool IsWhole() const { return status == Whole; }
 };
 
-/// Runs `transform` over the tiles of the target, on the calling thread and those of the global pool (HBParallel.h), and
-/// returns the image, which shares every tile that was not touched with the source. Any thread.
+/// Runs `transform` over the tiles of the target, on the calling thread and those of the global pool
+/// (HBParallel.h), and returns the image, which shares every tile that was not touched with the source. Any
+/// thread.
 ///
-/// Without a selection (bounds not valid) the range of the progress is 0 .. tiles and every tile is transformed. With
-/// one, only the tiles under the bounds are, then the rows that the selection image covers are blended, and the range is
-/// 0 .. tiles + rows; pixels outside keep their bytes, also when the work fails. Throws nothing but what the control
-/// throws.
+/// Without a selection (bounds not valid) the range of the progress is 0 .. tiles and every tile is transformed.
+/// With one, only the tiles under the bounds are, then the rows that the selection image covers are blended, and
+/// the range is 0 .. tiles + rows; pixels outside keep their bytes, also when the work fails. Throws nothing but
+/// what the control throws.
 IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform,
                                         HBJobControl* control = nullptr);

@@ -42,9 +42,9 @@ struct HBSourceOver
                        mean(source.blue, destination.blue), std::uint8_t((total + 127) / 255)};
     }
 
-    /// One version of a picture over another: the source covers by `opacity`, 0..256 (clamped), alone, and alpha is
-    /// mixed like the colours, so that what is half transparent in both stays so. 256 gives the very bytes of the
-    /// source, 0 leaves those of the destination.
+    /// One version of a picture over another: the source covers by `opacity`, 0..256 (clamped), alone, and alpha
+    /// is mixed like the colours, so that what is half transparent in both stays so. 256 gives the very bytes of
+    /// the source, 0 leaves those of the destination.
     constexpr void operator()(const HBRGBA32i& source, HBRGBA32i& destination, int opacity) const
     {
         const int above = opacity < 0 ? 0 : opacity > 256 ? 256 : opacity;
@@ -54,9 +54,9 @@ struct HBSourceOver
     }
 };
 
-/// Takes an adjustment back where nothing is selected: destination, which holds the adjusted pixel, becomes the mean
-/// of source and destination weighted by the selection's coverage, which is its alpha. Exact at 0 (the source's
-/// bytes) and at 255 (the destination's).
+/// Takes an adjustment back where nothing is selected: destination, which holds the adjusted pixel, becomes the
+/// mean of source and destination weighted by the selection's coverage, which is its alpha. Exact at 0 (the
+/// source's bytes) and at 255 (the destination's).
 struct HBSourceBySelection
 {
     constexpr void operator()(const HBRGBA32i& source, HBRGBA32i& destination, const HBRGBA32i& selection) const

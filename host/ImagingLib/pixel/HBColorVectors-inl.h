@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// Runs a formula over the colours of pixels, many at a time. The formula, a kernel, is written once, over vectors of
-// floats; the pixels that do not fill a vector go through the same kernel one by one, so that every pixel gets the
-// same bytes wherever it stands in a run. Only operations that IEEE 754 fixes bit by bit are used, and files that
-// include this are compiled with -ffp-contract=off: all instruction sets then agree as well.
+// Runs a formula over the colours of pixels, many at a time. The formula, a kernel, is written once, over vectors
+// of floats; the pixels that do not fill a vector go through the same kernel one by one, so that every pixel gets
+// the same bytes wherever it stands in a run. Only operations that IEEE 754 fixes bit by bit are used, and files
+// that include this are compiled with -ffp-contract=off: all instruction sets then agree as well.
 //
 // Included once per instruction set, therefore no #pragma once.
 #if defined(HB_COLOR_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)

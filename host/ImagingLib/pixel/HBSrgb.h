@@ -32,8 +32,8 @@ struct LevelTable
     }
 };
 
-/// The level that a function of light has, not rounded, by the leading bits of the light as a float: fine steps where
-/// it is dark. For the transfer function and for lightness the error is at most 0.11 levels.
+/// The level that a function of light has, not rounded, by the leading bits of the light as a float: fine steps
+/// where it is dark. For the transfer function and for lightness the error is at most 0.11 levels.
 struct ShadeTable
 {
     static constexpr int StepBits = 9; ///< steps per doubling of the light: 2^StepBits

@@ -213,8 +213,8 @@ void KMTileManager64::Private::Forget(KMTile& tile)
     tileCount.fetch_sub(1, std::memory_order_relaxed);
 }
 
-/// Makes the least recently used tiles without pins Busy, those that must be written first only if dirtyToo. The mutex
-/// must be held.
+/// Makes the least recently used tiles without pins Busy, those that must be written first only if dirtyToo. The
+/// mutex must be held.
 std::vector<KMTile*> KMTileManager64::Private::ClaimLeastRecentlyUsed(bool dirtyToo)
 {
     struct Candidate

@@ -45,8 +45,8 @@ public:
 
     /// Bytes that tiles may hold in memory before they move to the scratch file; default: half of the RAM. Tiles
     /// that are pinned stay, so the budget may be exceeded by as much as is in use at once. A smaller budget takes
-    /// effect when the next tile needs memory. Beyond the budget, 64 MiB or a sixteenth of it, whichever is more, may
-    /// be kept from the system for the next job.
+    /// effect when the next tile needs memory. Beyond the budget, 64 MiB or a sixteenth of it, whichever is more,
+    /// may be kept from the system for the next job.
     void SetMemoryBudget(qint64 bytes);
     qint64 MemoryBudget() const;
 
@@ -57,9 +57,9 @@ public:
     /// SetScratchFolder make the manager try at once again, and warn again, after the file could not be written.
     void SetScratchLimit(qint64 bytes);
 
-    /// Called once, after the warning, when tiles cannot be moved to the scratch file: by the thread that wanted room, under
-    /// no lock, so that it may use tiles itself. It must not throw. Empty: nobody is told. A call of the handler before may
-    /// still be on its way when this returns.
+    /// Called once, after the warning, when tiles cannot be moved to the scratch file: by the thread that wanted
+    /// room, under no lock, so that it may use tiles itself. It must not throw. Empty: nobody is told. A call of
+    /// the handler before may still be on its way when this returns.
     void SetTroubleHandler(std::function<void()> handler);
 
     /// What is in use now, in bytes.

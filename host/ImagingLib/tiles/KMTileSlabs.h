@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-/// Memory for tiles, cut from 2 MiB slabs that are recycled: aligned to the size of a huge page, so that the system
-/// backs a slab by one page and a job does not pay 512 page faults for it. Not thread-safe.
+/// Memory for tiles, cut from 2 MiB slabs that are recycled: aligned to the size of a huge page, so that the
+/// system backs a slab by one page and a job does not pay 512 page faults for it. Not thread-safe.
 class KMTileSlabs
 {
 public:

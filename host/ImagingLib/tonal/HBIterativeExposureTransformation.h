@@ -5,8 +5,9 @@
 #include "HBChannelTables.h"
 #include "HBIterativeAdjustmentTransformation.h"
 
-/// Exposure and offset in linear light, the same for the three colours: levels are decoded with the transfer function
-/// of sRGB (IEC 61966-2-1), light becomes light × 2^exposure + offset, clamped to 0..1, and is encoded again, rounded.
+/// Exposure and offset in linear light, the same for the three colours: levels are decoded with the transfer
+/// function of sRGB (IEC 61966-2-1), light becomes light × 2^exposure + offset, clamped to 0..1, and is encoded
+/// again, rounded.
 ///
 /// Alpha is kept; (0, 0) is the exact identity.
 class IMAGINGLIB_EXPORT HBIterativeExposureTransformation

@@ -10,8 +10,8 @@
 ///     t = (level - input low) / (input high - input low), clamped to 0..1
 ///     result = output low + (output high - output low) × t^(1 / gamma)
 ///
-/// so that a larger gamma brightens. Nothing is rounded before the end. An input range that is empty or upside down
-/// (high <= low) is a step at low: t is 0 below it, 1 from it on. An output range upside down inverts.
+/// so that a larger gamma brightens. Nothing is rounded before the end. An input range that is empty or upside
+/// down (high <= low) is a step at low: t is 0 below it, 1 from it on. An output range upside down inverts.
 ///
 /// Alpha is kept; the default settings, (0, 255) and gamma 1, are the exact identity.
 class IMAGINGLIB_EXPORT HBLevelsTransformation : public HBChannelTables

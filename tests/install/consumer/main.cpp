@@ -20,7 +20,8 @@ void Check(bool condition, const char* what) {
 
 } // namespace
 
-// Makes every panel in a program that has classes called like some of the host's, and asks each library for something.
+// Makes every panel in a program that has classes called like some of the host's, and asks each library for
+// something.
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     KMTheme::Install();
