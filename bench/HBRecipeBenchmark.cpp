@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecipeBenchmark.h"
 
+#include <HBAdjustment.h>
 #include <HBPictureCorrection.h>
 #include <HBRecipe.h>
 
