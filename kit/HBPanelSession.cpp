@@ -164,10 +164,12 @@ bool HBPanelSession::SetStep(const HBRecipeStep& step, QString* reason)
         *why = tr("These are values of another panel.");
         return false;
     }
-    if (!m_Entry.restore(*m_pPanel, step.values, why))
-        return false;
-    TakeNewValues();
-    return true;
+    const bool changed = m_Changed;
+    const bool restored = m_Entry.restore(*m_pPanel, step.values, why);
+    m_Changed = changed; // some panels tell it as if it were the user
+    if (restored)
+        TakeNewValues();
+    return restored;
 }
 
 QByteArray HBPanelSession::SaveValues() const
@@ -196,8 +198,6 @@ void HBPanelSession::Refresh()
 
 void HBPanelSession::TakeNewValues()
 {
-    if (m_pOverlayJob)
-        m_pOverlayJob->Touch();
     m_Failed = false;
     m_Outdated = true;
     m_Still.start();
