@@ -102,7 +102,7 @@ void HBPanelSession::SetTarget(const HBTarget& target)
     }
     if (!m_pPanel || m_Over)
         return;
-    m_Failed = false;
+    m_Stopped = false;
     if (IsOverlay())
         m_pOverlayJob->SetImage(target.source);
     else
@@ -199,7 +199,7 @@ void HBPanelSession::Refresh()
 
 void HBPanelSession::TakeNewValues()
 {
-    m_Failed = false;
+    m_Stopped = false;
     m_Outdated = true;
     m_Still.start();
     AdvanceSoon();
@@ -285,7 +285,7 @@ void HBPanelSession::Advance()
     m_AdvanceSoon = false;
     if (m_Over || !m_pPanel)
         return;
-    const bool stopped = m_Failed || (m_Finishing && m_WaitCancelled);
+    const bool stopped = m_Stopped || (m_Finishing && m_WaitCancelled);
     if (!IsWorking() && IsPending() && !stopped)
         StartNow();
     if (m_Finishing && !IsWorking()) {
@@ -312,13 +312,14 @@ void HBPanelSession::OnImageReady()
         return;
     m_GivenUpOne = false;
     const QString reason = FailureReason();
-    m_Failed = !reason.isEmpty();
+    const bool failed = !reason.isEmpty();
+    m_Stopped = failed;
     const QPointer<HBPanelSession> self(this);
-    if (!m_Finishing || !m_Failed) // else Resumed says it
+    if (!m_Finishing || !failed) // else Resumed says it
         Trouble(reason);
     if (!self || m_Over || !m_pPanel)
         return;
-    const HBImage<> image = m_Failed ? m_Target.source : Adjusted();
+    const HBImage<> image = failed ? m_Target.source : Adjusted();
     const QRegion changed = HBChangedTiles(m_Preview, image);
     m_Preview = image;
     Q_EMIT PreviewReady(image, changed);
@@ -376,7 +377,7 @@ void HBPanelSession::Accept()
         return;
     m_Finishing = true;
     m_WaitCancelled = false;
-    m_Failed = false;
+    m_Stopped = false;
     // A box that loses the focus takes its text in first.
     Widget()->setEnabled(false);
     if (!IsPending()) {
@@ -400,6 +401,7 @@ void HBPanelSession::Reject()
 void HBPanelSession::Resume(const QString& reason)
 {
     m_Finishing = false;
+    m_Stopped = true;
     EndWait();
     SetCancelProcessing(false);
     Widget()->setEnabled(true);
@@ -414,9 +416,9 @@ void HBPanelSession::Finish()
     const HBImage<> adjusted = Adjusted();
     const HBImage<> source = m_Target.source;
     const bool fits = adjusted.Width() == source.Width() && adjusted.Height() == source.Height();
-    const HBImage<> final = fits && !adjusted.IsEmpty() ? adjusted : source;
+    const HBImage<> image = fits && !adjusted.IsEmpty() ? adjusted : source;
     if (End())
-        Q_EMIT Accepted(final);
+        Q_EMIT Accepted(image);
 }
 
 /// False if someone who heard of it has destroyed the session.

@@ -173,7 +173,7 @@ private:
     bool m_AdvanceSoon = false;
     bool m_Outdated = false;   ///< the running job does not know the last change
     bool m_GivenUpOne = false; ///< and the one before was given up for that
-    bool m_Failed = false;     ///< the last job, and nothing has changed since
+    bool m_Stopped = false;    ///< no job before something changes: the last failed, or the user gave it up
     bool m_Finishing = false;
     bool m_WaitCursor = false;
     bool m_WaitCancelled = false;

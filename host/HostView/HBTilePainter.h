@@ -37,12 +37,12 @@ public:
     void SetPatience(int milliseconds) { m_Patience = milliseconds; }
     const HBTileMips& Mips() const { return m_Mips; }
 
-    /// Paints what of the picture lies in `exposed`, a unit of the painter a pixel, over a checkerboard where it is
-    /// transparent. False: the time was up, and some of it is shown as it was before; paint again.
+    /// Paints what of the picture lies in `exposed`, a unit of the painter a pixel, over a checkerboard where it
+    /// is transparent. False: the time was up, and some of it is shown as it was before; paint again.
     bool Paint(QPainter* painter, const QRectF& exposed);
 
-    /// What of the picture lies in `area`, each pixel `scale` wide: QImage::Format_ARGB32_Premultiplied, whole. Null
-    /// if that is nothing, or too large for memory.
+    /// What of the picture lies in `area`, each pixel `scale` wide: QImage::Format_ARGB32_Premultiplied, whole.
+    /// Null if that is nothing, or too large for memory.
     QImage ToImage(const QRect& area, double scale);
 
 private:

@@ -176,8 +176,8 @@ private Q_SLOTS:
 
     void init() { KMApplication::SetProgressTimeout(100); }
 
-    /// At 24 megapixels, right after a change by hand or behind everybody's back: the final image comes with the end
-    /// of its job. Whoever waited for the time-out instead would wait for an hour.
+    /// At 24 megapixels, right after a change by hand or behind everybody's back: the final image comes with the
+    /// end of its job. Whoever waited for the time-out instead would wait for an hour.
     void theFinalImageComesWithItsJob() {
         KMApplication::SetProgressTimeout(3600000);
         QImage grey(6000, 4000, QImage::Format_RGB32);
@@ -300,6 +300,22 @@ private Q_SLOTS:
         QCOMPARE(f.accepted, QVector<int>{9});
     }
 
+    /// A rest makes the running job give way to the present values; the next rest does not, or a slow hand would
+    /// never see anything.
+    void aSlowHandIsFollowed() {
+        Fixture f;
+        f.OpenAndHold();
+        f.panel->SetValue(8);
+        f.panel->gate.OpenWhenObsolete();
+        QTRY_COMPARE(f.panel->starts, 3);
+        QVERIFY(f.panel->gate.WaitForHeld());
+        f.panel->SetValue(9);
+        QTest::qWait(100);
+        QCOMPARE(f.panel->starts, 3);
+        f.panel->gate.Open();
+        QTRY_COMPARE(f.previews, (QVector<int>{1, 8, 9}));
+    }
+
     void cancelledWaitGoesOnAndLosesNothing() {
         Fixture f;
         f.Open();
@@ -318,6 +334,8 @@ private Q_SLOTS:
         QVERIFY(f.accepted.isEmpty());
         QVERIFY(f.panel->isEnabled());
         QVERIFY(!f.panel->IsCancelProcessing());
+        QTest::qWait(20); // stopped it is, until something changes
+        QCOMPARE(f.panel->starts, 2);
         f.panel->gate.Open();
         f.session->Accept(); // the image that the panel has is older than its value
         QTRY_COMPARE(f.accepted, QVector<int>{7});
