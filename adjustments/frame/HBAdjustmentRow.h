@@ -10,6 +10,7 @@
 
 /// The record of a recipe step as bytes: the decoded base64. False with a reason if there is none.
 bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
+/// The step of those bytes.
 QJsonObject HBEncodeRecord(const QByteArray& record);
 /// Why a record could not be read from a stream that now is in this state.
 /// \param read whether all fields were read; then there were further bytes
@@ -17,6 +18,7 @@ QString HBRecordProblem(const QDataStream& stream, bool read);
 /// The plain values of a recipe step, and back. Every number must be there; each is cut to what its field's type
 /// holds.
 bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record, QString* reason);
+/// The step of those values.
 QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
 
 /// A recipe fixes how its records are streamed, whatever Qt it is read with.
