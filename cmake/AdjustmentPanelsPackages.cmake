@@ -27,13 +27,10 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY "=") # until 1.0 the insides of 
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # Where the libraries lie that the programs are linked to.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "")
-foreach(target AdjustmentPanelsImagingLib AdjustmentPanelsHostUtilsLib AdjustmentPanelsHostCoreLib
-        AdjustmentPanelsHostPluginLib AdjustmentPanelsHostGuiCoreLib AdjustmentPanelsHostGuiLib AdjustmentPanelsGeometryLib
-        AdjustmentPanelsHostView AdjustmentPanelsAdjustments AdjustmentPanelsPanels AdjustmentPanelsCatalog)
-    if(TARGET ${target})
-        get_target_property(folder ${target} BINARY_DIR)
-        list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
-    endif()
+get_property(libraries GLOBAL PROPERTY ADJUSTMENT_PANELS_LIBRARIES)
+foreach(target IN LISTS libraries)
+    get_target_property(folder ${target} BINARY_DIR)
+    list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
 endforeach()
 
 # The texts that Debian asks for, in share/doc/<package>. They belong to the packages alone.

@@ -79,6 +79,7 @@ function(adjustment_panels_library name)
 
     list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ REGEX "^[^/]")
     set_property(GLOBAL APPEND PROPERTY ADJUSTMENT_PANELS_HEADERS ${ARG_HEADERS})
+    set_property(GLOBAL APPEND PROPERTY ADJUSTMENT_PANELS_LIBRARIES ${target})
 
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "STATIC_LIBRARY")

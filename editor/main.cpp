@@ -5,11 +5,9 @@
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
 
-#include <HBMdiArea.h>
+#include <HBPanelSetup.h>
 #include <HBTranslation.h>
 #include <KMApplication.h>
-#include <KMPixelRatioRound.h>
-#include <KMTheme.h>
 
 #include <QAction>
 #include <QApplication>
@@ -126,15 +124,14 @@ int main(int argc, char* argv[])
     if (!Parse(application.arguments(), &options))
         return 2;
 
-    KMTheme::Install();
-    KMPixelRatioRound::SetPixelRatio(1.0); // the view's scene counts in pixels of the photo
     KMApplication::SetTileMemory(0);
+    KMApplication::KeepPathOpen();
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);
     HBShowTileWarnings(window.MessageBar());
     if (options.dark)
         window.Actions()->dark->setChecked(true);
-    HBMdiArea::SetMainWindow(&window);
+    HBSetUpPanels(&window);
     if (screenshot) {
         if (!options.photo.isEmpty())
             window.Open(options.photo);

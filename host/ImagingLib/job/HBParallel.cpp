@@ -5,6 +5,7 @@
 #include <QRunnable>
 #include <QThreadPool>
 
+#include <atomic>
 #include <condition_variable>
 #include <exception>
 #include <memory>
@@ -57,6 +58,8 @@ struct Lanes
     }
 };
 
+std::atomic<QThreadPool*> ownPool{nullptr};
+
 class Helper : public QRunnable
 {
 public:
@@ -74,9 +77,20 @@ private:
 
 } // namespace
 
+QThreadPool& HBThreadPool()
+{
+    QThreadPool* pool = ownPool;
+    return pool ? *pool : *QThreadPool::globalInstance();
+}
+
+void HBSetThreadPool(QThreadPool* pool)
+{
+    ownPool = pool;
+}
+
 int HBLaneCount(int items)
 {
-    return qBound(1, qMin(items, QThreadPool::globalInstance()->maxThreadCount()), 64);
+    return qBound(1, qMin(items, HBThreadPool().maxThreadCount()), 64);
 }
 
 void HBRunLanes(int lanes, const std::function<void()>& lane)
@@ -85,7 +99,7 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     shared->lane = &lane;
     shared->Begin();
     try {
-        QThreadPool& pool = *QThreadPool::globalInstance();
+        QThreadPool& pool = HBThreadPool();
         bool started = true;
         for (int helper = 1; helper < lanes && started; ++helper)
             started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });

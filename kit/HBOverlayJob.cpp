@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBOverlayJob.h"
+
+#include <HBPoolJob.h>
+
+#include <QPointer>
+
+HBOverlayJob::HBOverlayJob(const HBAdjustment& adjustment, std::function<std::any()> record, QObject* parent)
+    : QObject(parent)
+    , m_Adjustment(adjustment)
+    , m_Record(std::move(record))
+{
+    connect(&m_Watcher, &QFutureWatcherBase::finished, this, &HBOverlayJob::Finish);
+}
+
+HBOverlayJob::~HBOverlayJob()
+{
+    GiveUp();
+    m_Watcher.disconnect(this);
+    m_Watcher.waitForFinished();
+}
+
+void HBOverlayJob::SetImage(const HBImage<>& source)
+{
+    m_Source = source;
+    ++m_Changes;
+    ProcessNow();
+}
+
+void HBOverlayJob::ProcessNow()
+{
+    const bool known = m_pControl && m_Begun == m_Changes;
+    if (m_Cancel || known || (!m_pControl && !HasPendingChange()))
+        return;
+    m_Restart = m_pControl != nullptr;
+    if (m_Restart)
+        GiveUp();
+    else
+        Start();
+}
+
+void HBOverlayJob::SetCancelProcessing(bool cancel)
+{
+    m_Cancel = cancel;
+    if (cancel)
+        GiveUp();
+}
+
+void HBOverlayJob::GiveUp()
+{
+    if (!m_pControl)
+        return;
+    const QWriteLocker guard(&m_pControl->guard);
+    m_pControl->newData = true;
+}
+
+void HBOverlayJob::Start()
+{
+    m_Begun = m_Changes;
+    m_pControl = std::make_shared<HBPanelJobControl>();
+    connect(m_pControl.get(), &HBPanelJobControl::RangeChanged, this, &HBOverlayJob::RangeChanged,
+            Qt::QueuedConnection);
+    connect(m_pControl.get(), &HBPanelJobControl::ProgressChanged, this, &HBOverlayJob::ProgressChanged,
+            Qt::QueuedConnection);
+    HBWatchInPool(&m_Watcher,
+                  [source = m_Source, stages = m_Adjustment.stages, record = m_Record(), control = m_pControl] {
+                      return HBRunStages(
+                          {source}, [&] { return stages(record, false); }, control.get());
+                  });
+}
+
+void HBOverlayJob::Finish()
+{
+    const HBOutcome outcome = m_Watcher.result();
+    const bool wanted = !m_pControl->IsCancelled();
+    m_pControl.reset();
+    const QPointer<HBOverlayJob> self(this);
+    if (wanted && outcome.status != HBOutcome::Cancelled) {
+        m_FailureReason = HBFailureReason(outcome);
+        if (outcome.IsWhole()) {
+            m_Adjusted = outcome.image;
+            m_Done = m_Begun;
+        }
+        Q_EMIT ImageReady();
+    }
+    if (self && m_Restart && !m_pControl) {
+        m_Restart = false;
+        ProcessNow();
+    }
+    if (self)
+        Q_EMIT Ended();
+}
