@@ -40,9 +40,11 @@ elseif(ADJUSTMENT_PANELS_HAS_HOST)
     adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsImagingTargets AdjustmentPanelsHostTargets)
 endif()
 
-# What to read; a component of its own is the licence, which distributions have in a form of theirs.
+# The licence is a component of its own, because distributions have it in a form of theirs.
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT license)
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc
-    FILES_MATCHING REGEX "\\.(md|png|jpg)$" PATTERN make EXCLUDE)
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
+if(NOT ADJUSTMENT_PANELS_SUFFIX) # else those for Qt 5 may stand beside these
+    install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
+    install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc
+        FILES_MATCHING REGEX "\\.(md|png|jpg)$" PATTERN make EXCLUDE)
+    install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
+endif()

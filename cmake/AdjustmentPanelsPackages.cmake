@@ -69,23 +69,36 @@ function(adjustment_panels_debian component)
         DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${ARG_PACKAGE} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endfunction()
 
+# Those for Qt 6 stand beside those for Qt 5; documents, and what desktops read, come with the latter alone.
+set(qt6 "${ADJUSTMENT_PANELS_SUFFIX}")
+if(qt6)
+    set(qt6_dash -)
+    set(qt_dev "qt6-base-dev (>= 6.4)")
+    set(qt_formats qt6-image-formats-plugins)
+    set(qt_texts qt6-translations-l10n)
+else()
+    set(qt6_dash "")
+    set(qt_dev "qtbase5-dev (>= 5.15)")
+    set(qt_formats qt5-image-formats-plugins)
+    set(qt_texts qttranslations5-l10n)
+endif()
 adjustment_panels_debian(core
-    PACKAGE libadjustmentpanels-core${soname_version} SECTION libs DEPENDS data
+    PACKAGE libadjustmentpanels${qt6}-core${soname_version} SECTION libs DEPENDS data
     DESCRIPTION "photo adjustments without widgets - shared libraries
 Adjustments of photos as a record and a function: twenty of them, tone,
 colour, sign and watermark, on tiles that are shared among all cores and
 may be more than the memory holds. No widget, no application object, any
 thread.")
 adjustment_panels_debian(panels
-    PACKAGE libadjustmentpanels${soname_version} SECTION libs DEPENDS core data
-    RECOMMENDS qttranslations5-l10n
+    PACKAGE libadjustmentpanels${qt6}${qt6_dash}${soname_version} SECTION libs DEPENDS core data
+    RECOMMENDS ${qt_texts}
     DESCRIPTION "photo-adjustment panels for Qt - shared libraries
 Each panel is one widget with its controls, its live preview, its stored
 settings and its own background job. With the controls, the view and the
 table of all panels.")
 adjustment_panels_debian(dev
-    PACKAGE libadjustmentpanels-dev SECTION libdevel DEPENDS panels core
-    REQUIRES "qtbase5-dev (>= 5.15)" RECOMMENDS cmake libadjustmentpanels-doc
+    PACKAGE libadjustmentpanels${qt6}-dev SECTION libdevel DEPENDS panels core
+    REQUIRES ${qt_dev} RECOMMENDS cmake libadjustmentpanels-doc
     DESCRIPTION "photo-adjustment panels for Qt - development files
 Headers, CMake packages and pkg-config files for programs that embed the
 panels, or that adjust photos without.")
@@ -95,20 +108,20 @@ adjustment_panels_debian(doc
 How to embed the panels, what each of them does, and example programs
 that build as they are.")
 adjustment_panels_debian(data
-    PACKAGE adjustment-panels-data SECTION graphics ALL
+    PACKAGE adjustment-panels${qt6}-data SECTION graphics ALL
     DESCRIPTION "photo-adjustment panels for Qt - texts and file type
 Translations of the panels and their programs, and the type of recipes
 with its icon.")
 adjustment_panels_debian(editor
-    PACKAGE panel-editor SECTION graphics DEPENDS panels core data
-    RECOMMENDS qt5-image-formats-plugins qttranslations5-l10n panel-replay
+    PACKAGE panel-editor${qt6} SECTION graphics DEPENDS panels core data
+    RECOMMENDS ${qt_formats} ${qt_texts} panel-replay${qt6}
     DESCRIPTION "adjusts tone and colour of photos
 Opens photos, adjusts them with twenty panels, whole or within a
 selection, compares before with after, and saves them with their metadata
 and colour profile, or what was done as a recipe for other photos.")
 adjustment_panels_debian(replay
-    PACKAGE panel-replay SECTION graphics DEPENDS core data
-    RECOMMENDS qt5-image-formats-plugins
+    PACKAGE panel-replay${qt6} SECTION graphics DEPENDS core data
+    RECOMMENDS ${qt_formats}
     DESCRIPTION "applies stored adjustments to any number of photos
 A command for recipes, as panel-editor saves them: to photos, folders and
 lists, on one machine or many, with a journal, reports and bounds of time
@@ -124,7 +137,8 @@ scripts.")
 # The system's list of libraries is brought up to date once, behind all packages.
 set(CPACK_DEBIAN_CORE_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 set(CPACK_DEBIAN_PANELS_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
-install(FILES packaging/debian/libadjustmentpanels-dev.lintian-overrides RENAME libadjustmentpanels-dev
+configure_file(packaging/debian/dev.lintian-overrides.in ${debian}/dev.lintian-overrides @ONLY)
+install(FILES ${debian}/dev.lintian-overrides RENAME libadjustmentpanels${qt6}-dev
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT dev EXCLUDE_FROM_ALL)
 
 include(CPack)

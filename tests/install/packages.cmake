@@ -113,12 +113,33 @@ foreach(example IN LISTS examples)
     run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
 endforeach()
 
-# Two grey pixels of level 100, which the example makes 20 levels lighter.
-file(WRITE ${WORK_DIR}/photo.ppm "P3 2 1 255 100 100 100 100 100 100\n")
-run("Run embed" ${WORK_DIR}/examples/embed/embed ${WORK_DIR}/photo.ppm ${WORK_DIR}/result.ppm)
-file(READ ${WORK_DIR}/result.ppm result HEX)
-if(NOT result MATCHES "787878787878$")
-    message(FATAL_ERROR "embed did not lighten the photo: ${result}")
+# On pixels that can be foretold, and with a recipe, whose result is the replayer's.
+file(WRITE ${WORK_DIR}/photo.ppm "P3 2 2 255  200 100 50  200 100 50  100 100 100  100 100 100\n")
+set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/config)
+function(example_gives what expected)
+    run("Run ${what}" ${WORK_DIR}/examples/${what}/${what} ${ARGN} ${WORK_DIR}/${what}.ppm)
+    file(READ ${WORK_DIR}/${what}.ppm result HEX)
+    if(NOT result MATCHES "${expected}$")
+        message(FATAL_ERROR "${what} made ${result} instead of ...${expected}")
+    endif()
+    set(result ${result} PARENT_SCOPE)
+endfunction()
+# Grey of a third of each colour, 116.55.
+example_gives(embed 757575757575646464646464 ${WORK_DIR}/photo.ppm)
+# The first start knows no values and changes nothing; what the second finds is worked in.
+example_gives(five-panels c86432c86432646464646464 ${WORK_DIR}/photo.ppm)
+set(settings ${WORK_DIR}/config/AdjustmentPanels/five-panels.conf)
+file(READ ${settings} first_values)
+file(READ ${recipe} values)
+string(REPLACE "\n" "" values "${values}")
+string(REPLACE "\"" "\\\"" values "${values}")
+file(WRITE ${settings} "[General]\nHBLevelsWidget=\"@ByteArray(${values})\"\n")
+example_gives(five-panels "[0-9a-f]+" ${WORK_DIR}/photo.ppm)
+run("Replay" ${prefix}/bin/panel-replay apply ${recipe} ${WORK_DIR}/photo.ppm -o ${WORK_DIR}/replayed)
+file(READ ${WORK_DIR}/replayed/photo.ppm replayed HEX)
+if(NOT replayed STREQUAL result OR NOT first_values MATCHES "HBLevelsWidget=")
+    message(FATAL_ERROR "five-panels made ${result}, panel-replay ${replayed}; at first it kept ${first_values}")
 endif()
-
-run("Run service" ${WORK_DIR}/examples/service/service ${recipe} ${sample} ${WORK_DIR}/service.png)
+# The upper half white, the lower one lighter by gamma 1.1.
+example_gives(service ffffffffffff6d6d6d6d6d6d ${share}/adjustment-panels/recipes/HBThresholdWidget.json
+    ${WORK_DIR}/photo.ppm)
