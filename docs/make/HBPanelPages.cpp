@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// panel-pages DOCS README RECIPES [--check]: writes what docs/panels.md says of an adjustment's fields, record and cost, from
-// the fields themselves, its demonstration and the figures of the README; or checks that it stands there.
+// panel-pages DOCS README RECIPES [--check]: writes what docs/panels.md says of an adjustment's fields, record and
+// cost, from the fields themselves, its demonstration and the figures of the README; or checks that it stands
+// there.
 // panel-pages --picture BEFORE AFTER RESULT: puts two pictures side by side.
 
 #include <HBAdjustment.h>

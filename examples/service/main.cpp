@@ -26,7 +26,8 @@ private:
     std::atomic<int> m_Maximum{0};
 };
 
-/// The upper half of the photo by the recipe, then all of it a little lighter. Empty, with the error, if that fails.
+/// The upper half of the photo by the recipe, then all of it a little lighter. Empty, with the error, if that
+/// fails.
 QImage Adjust(QImage photo, const HBRecipe& recipe, QString* error, Progress* progress)
 {
     HBTarget upperHalf{HBImage<>::FromQImage(photo)};
@@ -50,8 +51,8 @@ QImage Adjust(QImage photo, const HBRecipe& recipe, QString* error, Progress* pr
 
 } // namespace
 
-// service RECIPE PHOTO RESULT: adjusts on a thread of its own, without a window, an event loop or an application object,
-// and gives up after a minute.
+// service RECIPE PHOTO RESULT: adjusts on a thread of its own, without a window, an event loop or an application
+// object, and gives up after a minute.
 int main(int argc, char* argv[])
 {
     QTextStream err(stderr);
