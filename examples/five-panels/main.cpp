@@ -7,8 +7,8 @@
 
 #include <QtWidgets>
 
-// A small editor: five panels in tabs, a selection drawn with the mouse, undo. What a panel was left with is there
-// again when it is opened the next time, also at the next start.
+// A small editor: five panels in tabs, a selection drawn with the mouse, undo. The values that the user has set last
+// are there again when a panel is opened the next time, also at the next start.
 class Editor : public QMainWindow
 {
 public:
@@ -102,7 +102,7 @@ private:
 
     void KeepValues()
     {
-        if (m_pSession)
+        if (m_pSession && m_pSession->IsChanged())
             QSettings().setValue(m_pSession->Entry().className, m_pSession->SaveValues());
     }
 

@@ -97,7 +97,7 @@ endforeach()
 set(sample ${SOURCE_DIR}/samples/coffee.png)
 run("Take a picture of the editor" ${prefix}/bin/panel-editor --screenshot ${WORK_DIR}/editor.png
     --panel HBCurvesWidget ${sample})
-run("Ask in German" ${CMAKE_COMMAND} -E env LC_ALL=de_DE.UTF-8 ${prefix}/bin/panel-replay list)
+run("Ask in German" ${CMAKE_COMMAND} -E env LANGUAGE=de ${prefix}/bin/panel-replay list)
 if(NOT output MATCHES "Tonwert")
     message(FATAL_ERROR "The installed programs speak no German: ${output}")
 endif()
@@ -113,7 +113,7 @@ foreach(example IN LISTS examples)
     run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
 endforeach()
 
-# On pixels that can be foretold, and with a recipe, whose result is the replayer's.
+# On pixels that can be foretold.
 file(WRITE ${WORK_DIR}/photo.ppm "P3 2 2 255  200 100 50  200 100 50  100 100 100  100 100 100\n")
 set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/config)
 function(example_gives what expected)
@@ -122,24 +122,18 @@ function(example_gives what expected)
     if(NOT result MATCHES "${expected}$")
         message(FATAL_ERROR "${what} made ${result} instead of ...${expected}")
     endif()
-    set(result ${result} PARENT_SCOPE)
 endfunction()
 # Grey of a third of each colour, 116.55.
 example_gives(embed 757575757575646464646464 ${WORK_DIR}/photo.ppm)
-# The first start knows no values and changes nothing; what the second finds is worked in.
+# The first start knows no values and changes nothing. What the second finds, the demonstration's, is worked in: blue from
+# 10, then all from 15 to 225 by gamma 1.2.
 example_gives(five-panels c86432c86432646464646464 ${WORK_DIR}/photo.ppm)
-set(settings ${WORK_DIR}/config/AdjustmentPanels/five-panels.conf)
-file(READ ${settings} first_values)
 file(READ ${recipe} values)
 string(REPLACE "\n" "" values "${values}")
 string(REPLACE "\"" "\\\"" values "${values}")
-file(WRITE ${settings} "[General]\nHBLevelsWidget=\"@ByteArray(${values})\"\n")
-example_gives(five-panels "[0-9a-f]+" ${WORK_DIR}/photo.ppm)
-run("Replay" ${prefix}/bin/panel-replay apply ${recipe} ${WORK_DIR}/photo.ppm -o ${WORK_DIR}/replayed)
-file(READ ${WORK_DIR}/replayed/photo.ppm replayed HEX)
-if(NOT replayed STREQUAL result OR NOT first_values MATCHES "HBLevelsWidget=")
-    message(FATAL_ERROR "five-panels made ${result}, panel-replay ${replayed}; at first it kept ${first_values}")
-endif()
+file(WRITE ${WORK_DIR}/config/AdjustmentPanels/five-panels.conf
+    "[General]\nHBLevelsWidget=\"@ByteArray(${values})\"\n")
+example_gives(five-panels e5782ee5782e787871787871 ${WORK_DIR}/photo.ppm)
 # The upper half white, the lower one lighter by gamma 1.1.
 example_gives(service ffffffffffff6d6d6d6d6d6d ${share}/adjustment-panels/recipes/HBThresholdWidget.json
     ${WORK_DIR}/photo.ppm)
