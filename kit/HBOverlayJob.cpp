@@ -24,13 +24,18 @@ HBOverlayJob::~HBOverlayJob()
 void HBOverlayJob::SetImage(const HBImage<>& source)
 {
     m_Source = source;
-    ++m_Changes;
+    m_NewSource = true;
     ProcessNow();
+}
+
+bool HBOverlayJob::HasPendingChange() const
+{
+    return !m_Source.IsEmpty() && (!m_Done || m_NewSource || m_Begun != Stored());
 }
 
 void HBOverlayJob::ProcessNow()
 {
-    const bool known = m_pControl && m_Begun == m_Changes;
+    const bool known = m_pControl && !m_NewSource && m_Begun == Stored();
     if (m_Cancel || known || (!m_pControl && !HasPendingChange()))
         return;
     m_Restart = m_pControl != nullptr;
@@ -57,7 +62,9 @@ void HBOverlayJob::GiveUp()
 
 void HBOverlayJob::Start()
 {
-    m_Begun = m_Changes;
+    m_Begun = Stored();
+    m_NewSource = false;
+    m_Done = false;
     m_pControl = std::make_shared<HBPanelJobControl>();
     connect(m_pControl.get(), &HBPanelJobControl::RangeChanged, this, &HBOverlayJob::RangeChanged,
             Qt::QueuedConnection);
@@ -80,7 +87,7 @@ void HBOverlayJob::Finish()
         m_FailureReason = HBFailureReason(outcome);
         if (outcome.IsWhole()) {
             m_Adjusted = outcome.image;
-            m_Done = m_Begun;
+            m_Done = true;
         }
         Q_EMIT ImageReady();
     }

@@ -21,10 +21,9 @@ public:
     ~HBOverlayJob() override;
 
     void SetImage(const HBImage<>& source);
-    /// The record has changed.
-    void Touch() { ++m_Changes; }
     bool IsProcessing() const { return m_pControl != nullptr; }
-    bool HasPendingChange() const { return !m_Source.IsEmpty() && m_Done != m_Changes; }
+    /// Also if the record has changed without a word.
+    bool HasPendingChange() const;
     void ProcessNow();
     void SetCancelProcessing(bool cancel);
     HBImage<> AdjustedImage() const { return m_Adjusted; }
@@ -39,6 +38,7 @@ Q_SIGNALS:
     void ProgressChanged(int value);
 
 private:
+    QJsonObject Stored() const { return m_Adjustment.save(m_Record()); }
     void Start();
     void GiveUp();
     void Finish();
@@ -50,10 +50,9 @@ private:
     HBImage<> m_Source;
     HBImage<> m_Adjusted;
     QString m_FailureReason;
-    // Changes are counted: all, those that the last job knows, and those in the adjusted image.
-    quint64 m_Changes = 0;
-    quint64 m_Begun = 0;
-    quint64 m_Done = 0;
+    QJsonObject m_Begun;      ///< the record that the last job knows
+    bool m_NewSource = false; ///< and it does not know the source
+    bool m_Done = false;      ///< it is in the adjusted image
     bool m_Cancel = false;
     bool m_Restart = false;
 };

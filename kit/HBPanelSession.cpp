@@ -131,22 +131,23 @@ void HBPanelSession::SetSurface(HBPickSurface* surface)
 
 void HBPanelSession::ListenToView(KMDocumentView* view)
 {
+    if (m_pPanel)
+        m_pPanel->SetView(view); // ends a pick from the view before
     if (m_pView)
         m_pView->disconnect(this);
-    const bool picking = IsPicking();
-    if (m_pPanel)
-        m_pPanel->SetView(view);
     m_pView = view;
-    if (picking)
-        Q_EMIT PickingChanged(false);
-    if (view)
-        connect(view, &KMDocumentView::OverrideCursorChanged, this,
-                [this] { Q_EMIT PickingChanged(IsPicking()); });
+    if (view) {
+        connect(view, &KMDocumentView::OverrideCursorChanged, this, &HBPanelSession::TellPicking);
+        connect(view, &QObject::destroyed, this, &HBPanelSession::TellPicking);
+    }
+    TellPicking();
 }
 
-bool HBPanelSession::IsPicking() const
+void HBPanelSession::TellPicking()
 {
-    return m_pView && m_pView->HasOverrideCursor();
+    const bool picking = m_pView && m_pView->HasOverrideCursor();
+    if (picking != m_Picking)
+        Q_EMIT PickingChanged(m_Picking = picking);
 }
 
 // ---- Values ----
@@ -164,10 +165,12 @@ bool HBPanelSession::SetStep(const HBRecipeStep& step, QString* reason)
         *why = tr("These are values of another panel.");
         return false;
     }
-    if (!m_Entry.restore(*m_pPanel, step.values, why))
-        return false;
-    TakeNewValues();
-    return true;
+    const bool changed = m_Changed;
+    const bool restored = m_Entry.restore(*m_pPanel, step.values, why);
+    m_Changed = changed; // some panels tell it as if it were the user
+    if (restored)
+        TakeNewValues();
+    return restored;
 }
 
 QByteArray HBPanelSession::SaveValues() const
@@ -196,8 +199,6 @@ void HBPanelSession::Refresh()
 
 void HBPanelSession::TakeNewValues()
 {
-    if (m_pOverlayJob)
-        m_pOverlayJob->Touch();
     m_Failed = false;
     m_Outdated = true;
     m_Still.start();
@@ -241,6 +242,10 @@ HBImage<> HBPanelSession::Adjusted() const
 void HBPanelSession::StartNow()
 {
     m_Outdated = false;
+    if (!IsWorking()) {
+        m_ProgressMinimum = m_ProgressValue = 0;
+        m_ProgressMaximum = 100;
+    }
     if (m_pOverlayJob)
         m_pOverlayJob->ProcessNow();
     else
@@ -388,8 +393,8 @@ void HBPanelSession::Reject()
 {
     if (m_Over)
         return;
-    End();
-    Q_EMIT Rejected();
+    if (End())
+        Q_EMIT Rejected();
 }
 
 void HBPanelSession::Resume(const QString& reason)
@@ -407,19 +412,24 @@ void HBPanelSession::Resume(const QString& reason)
 void HBPanelSession::Finish()
 {
     const HBImage<> adjusted = Adjusted();
-    const HBImage<>& source = m_Target.source;
+    const HBImage<> source = m_Target.source;
     const bool fits = adjusted.Width() == source.Width() && adjusted.Height() == source.Height();
-    End();
-    Q_EMIT Accepted(fits && !adjusted.IsEmpty() ? adjusted : source);
+    const HBImage<> final = fits && !adjusted.IsEmpty() ? adjusted : source;
+    if (End())
+        Q_EMIT Accepted(final);
 }
 
-void HBPanelSession::End()
+/// False if someone who heard of it has destroyed the session.
+bool HBPanelSession::End()
 {
     m_Over = true;
     m_Finishing = false;
     m_Still.stop();
     EndWait();
     SetCancelProcessing(true);
+    const QPointer<HBPanelSession> self(this);
+    TellBusy();
+    return self;
 }
 
 // ---- The wait for the final image ----

@@ -67,8 +67,8 @@ public:
     /// left corner at (0, 0), or any surface; null: nowhere. A surface is the caller's.
     void SetView(QGraphicsView* view);
     void SetSurface(HBPickSurface* surface);
-    /// Whether the panel is about to use the mouse on the picture: the program's own tools wait meanwhile.
-    bool IsPicking() const;
+    /// Whether a panel is about to use the mouse on that view: the program's own tools wait meanwhile.
+    bool IsPicking() const { return m_Picking; }
 
     /// Has the user changed a value?
     bool IsChanged() const { return m_Changed; }
@@ -137,6 +137,7 @@ private:
     void OnStill();
     void TakeNewValues();
     void ListenToView(KMDocumentView* view);
+    void TellPicking();
 
     void AdvanceSoon();
     void Advance();
@@ -144,7 +145,7 @@ private:
     void Trouble(const QString& reason);
     void Finish();
     void Resume(const QString& reason);
-    void End();
+    bool End();
 
     void BeginWait();
     void ShowWaitDialog();
@@ -168,6 +169,7 @@ private:
     int m_ProgressValue = 0;
     bool m_Changed = false;
     bool m_Busy = false;
+    bool m_Picking = false;
     bool m_AdvanceSoon = false;
     bool m_Outdated = false;   ///< the running job does not know the last change
     bool m_GivenUpOne = false; ///< and the one before was given up for that

@@ -38,13 +38,12 @@ public:
         edit->addAction("Select &All", this, [this] { Select({}); });
 
         m_pView->setDragMode(QGraphicsView::RubberBandDrag);
-        connect(m_pView, &QGraphicsView::rubberBandChanged, this,
-                [this](const QRect& band, const QPointF& from, const QPointF& to) {
-                    if (band.isNull()) // the mouse was let go
-                        Select(m_Band);
-                    else
-                        m_Band = QRectF(from, to).normalized().toAlignedRect();
-                });
+        connect(m_pView, &QGraphicsView::rubberBandChanged, this, [this](const QRect& band) {
+            if (band.isNull()) // the mouse was let go
+                Select(m_Band);
+            else
+                m_Band = m_pView->mapToScene(band).boundingRect().toAlignedRect();
+        });
         connect(m_pTabs, &QTabWidget::currentChanged, this, [this] { OpenPanel(Values::Kept); });
         OpenPanel(Values::Kept);
     }
@@ -111,8 +110,10 @@ private:
         m_pOutline.reset();
         m_Target = {m_Target.source};
         QString reason;
+        QPen dashes(Qt::DashLine);
+        dashes.setCosmetic(true); // as thin at every zoom
         if (!rectangle.isEmpty() && HBSelectRectangle(rectangle, &m_Target, &reason))
-            m_pOutline.reset(m_pView->scene()->addRect(rectangle, QPen(Qt::DashLine)));
+            m_pOutline.reset(m_pView->scene()->addRect(rectangle, dashes));
         statusBar()->showMessage(reason);
         m_pSession->SetTarget(m_Target);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestMain.h"
 
+#include <HBBrightnessContrast.h>
 #include <HBLatchPanel.h>
 #include <HBOperationProgressDlg.h>
 #include <HBPanelJob.h>
@@ -11,7 +12,7 @@
 #include <HBSignWidget.h>
 #include <KMApplication.h>
 
-#include <QSignalSpy>
+#include <QElapsedTimer>
 #include <QSpinBox>
 
 namespace {
@@ -174,6 +175,42 @@ private Q_SLOTS:
     }
 
     void init() { KMApplication::SetProgressTimeout(100); }
+
+    /// At 24 megapixels, right after a change by hand or behind everybody's back: the final image comes with the end
+    /// of its job. Whoever waited for the time-out instead would wait for an hour.
+    void theFinalImageComesWithItsJob() {
+        KMApplication::SetProgressTimeout(3600000);
+        QImage grey(6000, 4000, QImage::Format_RGB32);
+        grey.fill(qRgb(100, 100, 100));
+        const HBImage<> photo = HBImage<>::FromQImage(grey);
+        grey = QImage();
+        HBBrightnessContrastParams lighter;
+        lighter.brightness = 20;
+        for (const bool behind : {false, true}) {
+            HBPanelSession session(*HBFindPanel("HBBrightnessContrastWidget"));
+            HBImage<> final;
+            connect(&session, &HBPanelSession::Accepted, this, [&](const HBImage<>& image) { final = image; });
+            session.SetTarget({photo});
+            QTRY_VERIFY_WITH_TIMEOUT(session.IsUpToDate(), 60000);
+            qint64 job = 0; // the slowest, of a machine that has other things to do
+            QElapsedTimer time;
+            for (int i = 0; i < 3; ++i) {
+                time.start();
+                QVERIFY(HBAdjust(lighter, {photo}).IsWhole());
+                job = qMax(job, time.elapsed());
+            }
+            if (behind)
+                session.Entry().set(*session.Panel(), lighter);
+            else
+                session.Panel()->findChild<QSpinBox*>("m_pBrightnessSpin")->setValue(20);
+            time.start();
+            session.Accept();
+            QTRY_VERIFY_WITH_TIMEOUT(!final.IsEmpty(), 60000);
+            QVERIFY2(time.elapsed() < 20 * job + 2000,
+                     qPrintable(QString("%1 ms, the job %2 ms").arg(time.elapsed()).arg(job)));
+            QCOMPARE(final.PixelAt(5999, 3999).ToRgba(), qRgb(120, 120, 120));
+        }
+    }
 
     void previewsEachChange() {
         Fixture f;

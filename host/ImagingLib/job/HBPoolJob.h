@@ -9,8 +9,8 @@
 #include <QtConcurrent>
 #include <QThreadPool>
 
-/// Runs a job on the pool (HBThreadPool) and hands its future to the watcher; where the system starts no more threads, at
-/// once. The job must not throw. The watcher's thread.
+/// Runs a job on the pool (HBThreadPool) and hands its future to the watcher; where the system starts no more
+/// threads, at once. The job must not throw. The watcher's thread.
 template <class Result, class Job>
 void HBWatchInPool(QFutureWatcher<Result>* watcher, const Job& job)
 {
