@@ -35,6 +35,9 @@ endforeach()
 
 # The texts that Debian asks for, in share/doc/<package>. They belong to the packages alone.
 find_program(GZIP gzip)
+if(NOT GZIP)
+    return() # not a system that such packages are built on
+endif()
 set(debian ${PROJECT_BINARY_DIR}/debian)
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 set(CPACK_DEBIAN_VERSION ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})

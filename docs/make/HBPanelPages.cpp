@@ -12,6 +12,7 @@
 #include <QColor>
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QJsonDocument>
 #include <QPainter>
@@ -217,6 +218,16 @@ QString WithBlocks(const QString& page, const Sources& sources)
     return result + page.mid(end);
 }
 
+/// Each adjustment has its picture, and the page shows it.
+void CheckPictures(const QString& path, const QString& page)
+{
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        const QString picture = QString("pictures/panels/%1.jpg").arg(adjustment.className);
+        if (!page.contains("](" + picture + ')') || !QFile::exists(QFileInfo(path).path() + '/' + picture))
+            throw Fault("No " + picture + ": build the target docs-pictures");
+    }
+}
+
 void PutSideBySide(const QString& before, const QString& after, const QString& path)
 {
     constexpr int Height = 120;
@@ -245,6 +256,7 @@ void Run(const QStringList& arguments)
     const QString page = Read(path);
     const QString current = WithBlocks(page, {Read(arguments.value(2)), arguments.value(3)});
     if (arguments.contains("--check")) {
+        CheckPictures(path, page);
         if (page != current)
             throw Fault(path + " is not what the fields say: build the target docs-panels");
         return;
