@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QStringList>
 #include <QTimer>
 
@@ -80,6 +81,15 @@ void Name()
     QCoreApplication::setOrganizationName("AdjustmentPanels");
     QCoreApplication::setApplicationName("panel-editor");
     QCoreApplication::setApplicationVersion(PANEL_EDITOR_VERSION);
+    QGuiApplication::setDesktopFileName("org.adjustmentpanels.editor"); // by which Wayland finds the icon
+}
+
+QIcon Icon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128})
+        icon.addFile(QString(":/icons/%1.png").arg(size));
+    return icon;
 }
 
 /// --help and --version need no screen.
@@ -109,6 +119,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     HBInstallTranslations();
+    QApplication::setWindowIcon(Icon());
     Options options;
     if (!Parse(application.arguments(), &options))
         return 2;

@@ -10,6 +10,7 @@
 
 /// The record of a recipe step as bytes: the decoded base64. False with a reason if there is none.
 ADJUSTMENTS_EXPORT bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
+/// The step of those bytes.
 ADJUSTMENTS_EXPORT QJsonObject HBEncodeRecord(const QByteArray& record);
 /// Why a record could not be read from a stream that now is in this state.
 /// \param read whether all fields were read; then there were further bytes
@@ -18,6 +19,7 @@ ADJUSTMENTS_EXPORT QString HBRecordProblem(const QDataStream& stream, bool read)
 /// holds.
 ADJUSTMENTS_EXPORT bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record,
                                         QString* reason);
+/// The step of those values.
 ADJUSTMENTS_EXPORT QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
 
 /// A recipe fixes how its records are streamed, whatever Qt it is read with.

@@ -22,19 +22,6 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
-# ---- Embedding ----
-set(example ${WORK_DIR}/embed)
-run("Configure the example" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/embed -B ${example})
-run("Build the example" ${CMAKE_COMMAND} --build ${example})
-
-# Two grey pixels of level 100, which the example makes 20 levels lighter.
-file(WRITE ${WORK_DIR}/photo.ppm "P3 2 1 255 100 100 100 100 100 100\n")
-run("Run the example" ${example}/embed ${WORK_DIR}/photo.ppm ${WORK_DIR}/result.ppm)
-file(READ ${WORK_DIR}/result.ppm result HEX)
-if(NOT result MATCHES "787878787878$")
-    message(FATAL_ERROR "The example did not lighten the photo: ${result}")
-endif()
-
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
 run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
