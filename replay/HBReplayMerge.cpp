@@ -53,7 +53,7 @@ public:
             return false;
         }
         if (!isWhole)
-            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+            m_Torn.append(path);
         return true;
     }
 
@@ -93,7 +93,12 @@ public:
             HBPrintError(Text::tr("%1 of %2 photos are in no report; name them with --files-from")
                              .arg(unnamed)
                              .arg(m_Inputs));
-        const QJsonArray shards = MissingShards();
+        // A share that was cut short and has come to its end since is no news.
+        const bool ended = HaveAllEnded();
+        for (const QString& path : ended ? QStringList() : m_Torn)
+            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+        const QJsonArray shards = ended ? QJsonArray() : MissingShards();
+        const bool whole = ended && failed.isEmpty() && missing.isEmpty() && unnamed == 0 && !differ;
         std::fputs(HBJsonLine({{"type", "summary"},
                                {"done", done},
                                {"failed", failed.size()},
@@ -101,10 +106,10 @@ public:
                                {"missingUnnamed", unnamed},
                                {"missingShards", shards},
                                {"twice", twice},
-                               {"differ", differ}})
+                               {"differ", differ},
+                               {"whole", whole}})
                        .constData(),
                    stdout);
-        const bool whole = failed.isEmpty() && missing.isEmpty() && unnamed == 0 && shards.isEmpty() && !differ;
         return whole ? HBAllDone : HBFileFailed;
     }
 
@@ -141,6 +146,16 @@ private:
             m_Shards[shard[1].toInt()].insert(shard[0].toInt());
     }
 
+    /// Of one number of shares; others may be of runs that were given up.
+    bool HaveAllEnded() const
+    {
+        for (auto shards = m_Shards.begin(); shards != m_Shards.end(); ++shards) {
+            if (shards->size() == shards.key())
+                return true;
+        }
+        return false;
+    }
+
     QJsonArray MissingShards() const
     {
         QJsonArray missing;
@@ -166,6 +181,7 @@ private:
     QSet<QString> m_Expected;
     QSet<QString> m_Recipes;
     QMap<int, QSet<int>> m_Shards; ///< by their count, those that came to their end
+    QStringList m_Torn; ///< reports without an end
     int m_Inputs = 0;
 };
 
