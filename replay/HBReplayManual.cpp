@@ -37,21 +37,18 @@ QString ManualOption(const HBReplayOption& option)
     head += Bold("--" + QLatin1String(option.name));
     if (option.argument)
         head += " \\fI" + Roff(option.argument) + "\\fR";
-    return Item(head, HBReplayText(option.text));
+    const QString commands = QString(option.commands).replace(' ', ", ");
+    return Item(head, HBReplayText(option.text) +
+                          (commands.isEmpty() ? QString() : '\n' + Text::tr("Goes with: %1.").arg(commands)));
 }
 
-/// The command with its arguments, which are no options.
 QString ManualCommand(const HBReplayCommand& command)
 {
     QString page = QString(".SS %1 %2\n").arg(command.name, Roff(command.arguments)).replace(" \n", "\n") +
                    Roff(HBReplayText(command.text)) + '\n';
     for (const HBReplayExample& example : command.examples) {
-        page += ".PP\n.RS\n.nf\n" + Bold(QString("panel-replay ") + example.line) + "\n.fi\n.RE\n" +
-                Roff(HBReplayText(example.text)) + '\n';
-    }
-    for (const HBReplayOption& option : HBReplayOptionTable()) {
-        if (option.ReadBy(command.name))
-            page += ManualOption(option);
+        page += ".PP\n.nf\n" + Bold(QString("panel-replay ") + example.line) + "\n.fi\n.RS\n" +
+                Roff(HBReplayText(example.text)) + "\n.RE\n";
     }
     return page;
 }
@@ -355,10 +352,8 @@ QString HBReplayManual()
     for (const HBReplayCommand& command : HBReplayCommands())
         page += ManualCommand(command);
     page += ".SH OPTIONS\n";
-    for (const HBReplayOption& option : HBReplayOptionTable()) {
-        if (option.ReadBy(""))
-            page += ManualOption(option);
-    }
+    for (const HBReplayOption& option : HBReplayOptionTable())
+        page += ManualOption(option);
     page += ".SH EXIT STATUS\n";
     for (const HBReplayExitText& exit : HBReplayExitTexts())
         page += Item(Bold(QString::number(exit.code)), HBReplayText(exit.text));
