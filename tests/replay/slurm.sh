@@ -96,6 +96,7 @@ NodeName=node1 NodeHostname=localhost NodeAddr=127.0.0.1 Port=$(free_port 1) CPU
 NodeName=node2 NodeHostname=localhost NodeAddr=127.0.0.1 Port=$(free_port 2) CPUs=1 RealMemory=1000
 PartitionName=all Nodes=node1,node2 Default=YES MaxTime=INFINITE State=UP
 CONF
+echo CgroupPlugin=cgroup/v1 >cgroup.conf # asks for none as long as nothing uses it; the other kind does
 export SLURM_CONF=$work/slurm.conf
 
 trap end EXIT
@@ -103,7 +104,7 @@ trap 'exit 143' TERM INT HUP
 head -c 1024 /dev/urandom >"$secrets/key"
 chmod 600 "$secrets/key"
 chmod 711 "$secrets"
-munged --foreground --key-file="$secrets/key" --socket="$secrets/socket" --pid-file="$secrets/pid" \
+munged --foreground --origin=127.0.0.1 --key-file="$secrets/key" --socket="$secrets/socket" --pid-file="$secrets/pid" \
     --seed-file="$secrets/seed" --log-file="$secrets/log" >munged.log 2>&1 &
 pids+=($!)
 disown
