@@ -177,8 +177,7 @@ void Work(const QVector<HBReplayTask>& tasks, const Request& request, HBReplayRe
     report->Summary(tasks.size(), HBIsInterrupted());
     if (!HBIsInterrupted())
         TellCounts(*report, request, tasks.size());
-    std::fflush(nullptr);
-    std::_Exit(ExitCode(*report)); // its threads may be decoding or encoding for seconds yet
+    std::_Exit(HBFinishOutput(ExitCode(*report))); // its threads may be decoding or encoding for seconds yet
 }
 
 int Run(Request& request, const QVector<HBReplayInput>& inputs)

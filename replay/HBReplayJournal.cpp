@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -151,6 +152,7 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     if (!isNew)
         object.insert("result", QString::fromLatin1(HBHashOf(result)));
     const QByteArray line = HBJsonLine(object);
+    RemoveLeftovers(Absolute(output), result);
     {
         const std::lock_guard<std::mutex> lock(m_Mutex);
         if (!Open(reason))
@@ -168,33 +170,49 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     return true;
 }
 
-/// A file is replaced by renaming one that is called as it, a dot and six letters. That may be anybody's, too:
-/// what goes is only what has the very bytes of the result.
-void HBReplayJournal::RemoveLeftovers() const
+/// A result becomes whole under another name, at least where it replaces a file, or the disk knows no files without a
+/// name, as network disks do: its own name, a dot and six letters. That may be anybody's, too: what goes is only what
+/// has the very bytes of the result, as many as there are.
+void HBReplayJournal::FindLeftovers()
 {
     constexpr int added = 7;
-    QHash<QString, const Line*> replaced;
+    QHash<QString, const Line*> lines;
     QSet<QString> folders;
-    for (const Line& line : m_Lines) {
-        if (line.hash.isEmpty())
-            continue;
+    for (const Line& line : qAsConst(m_Lines)) {
         const QString path = QDir::cleanPath(QDir(m_Folder).filePath(line.output));
-        replaced.insert(path, &line);
+        lines.insert(path, &line);
         folders.insert(QFileInfo(path).path());
     }
     for (const QString& folder : qAsConst(folders)) {
-        for (const QFileInfo& info : QDir(folder).entryInfoList({"*.??????"}, QDir::Files | QDir::Hidden)) {
-            const Line* line = replaced.value(info.filePath().chopped(added));
-            if (line && info.size() == line->bytes && HashOfFile(info.filePath()) == line->hash)
-                QFile::remove(info.filePath());
+        QDirIterator files(folder, QDir::Files | QDir::Hidden);
+        while (files.hasNext()) {
+            const QString path = files.next();
+            const Line* line = path.size() > added && path[path.size() - added] == '.'
+                                   ? lines.value(path.chopped(added))
+                                   : nullptr;
+            if (!line || files.fileInfo().size() > line->bytes)
+                continue;
+            if (!line->hash.isEmpty() && HashOfFile(path) == line->hash)
+                QFile::remove(path);
+            else
+                m_Leftovers[path.chopped(added)].append(path);
         }
+    }
+}
+
+void HBReplayJournal::RemoveLeftovers(const QString& output, const QByteArray& result) const
+{
+    for (const QString& path : m_Leftovers.value(output)) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly) && file.size() <= result.size() && result.startsWith(file.readAll()))
+            file.remove();
     }
 }
 
 void HBReplayJournal::Begin()
 {
     if (m_Continues)
-        RemoveLeftovers();
+        FindLeftovers();
     else
         QFile::resize(m_Path, 0); // false if there is none
 }

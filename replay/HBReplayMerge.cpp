@@ -181,7 +181,7 @@ private:
     QSet<QString> m_Expected;
     QSet<QString> m_Recipes;
     QMap<int, QSet<int>> m_Shards; ///< by their count, those that came to their end
-    QStringList m_Torn; ///< reports without an end
+    QStringList m_Torn;            ///< reports without an end
     int m_Inputs = 0;
 };
 

@@ -141,7 +141,7 @@ int main(int argc, char* argv[])
     if (!options.Check(&problem))
         return Refuse(problem);
     try {
-        return Run(options);
+        return HBFinishOutput(Run(options));
     } catch (const std::bad_alloc&) {
         HBPrintError(Text::tr("there is not enough memory"));
         return HBFileFailed;
