@@ -38,7 +38,8 @@ private Q_SLOTS:
         const char* const rows[][2] = {
             {"photos", "a.png b.JPG"},
             {"photos -r", "a.png b.JPG sub/a.png sub/deep/c.png"},
-            {"photos/a.png photos/sub", "a.png - "}, // two of one name
+            {"photos/a.png photos/sub", "a.png - "},                // two of one name
+            {"photos/b.JPG photos ./photos//a.png", "b.JPG a.png"}, // each once
             {"photos/a.png photos/sub --base photos", "a.png sub/a.png"},
             {"photos/a.png photos/sub --on-conflict rename", "a.png a-1.png"},
             {"--files-from list.txt", "photos/sub/a.png photos/a.png"},
