@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayJournal.h"
 
+#include "HBInterrupt.h"
 #include "HBJsonLine.h"
 
 #include <QCoreApplication>
@@ -95,7 +96,7 @@ bool HBReplayJournal::Read(QString* problem)
             *problem = file.fileName() + ": " + file.errorString();
             return false;
         }
-        while (!file.atEnd()) {
+        while (!file.atEnd() && !HBIsInterrupted()) {
             const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
             if (line.value("job").toString().toLatin1() != m_Job)
                 continue;
@@ -185,7 +186,7 @@ void HBReplayJournal::FindLeftovers()
     }
     for (const QString& folder : qAsConst(folders)) {
         QDirIterator files(folder, QDir::Files | QDir::Hidden);
-        while (files.hasNext()) {
+        while (files.hasNext() && !HBIsInterrupted()) {
             const QString path = files.next();
             const Line* line = path.size() > added && path[path.size() - added] == '.'
                                    ? lines.value(path.chopped(added))
