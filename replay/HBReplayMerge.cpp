@@ -39,12 +39,13 @@ public:
         bool isWhole = false;
         bool isReport = false;
         while (!file.atEnd()) {
-            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object(); // empty if it is torn
+            const QByteArray bytes = file.readLine();
+            const QJsonObject line = QJsonDocument::fromJson(bytes).object(); // empty if it is torn
             const QString type = line.value("type").toString();
             isWhole = type == "summary" && !line.value("interrupted").toBool();
             isReport |= type == "summary" || type == "file";
             if (type == "file")
-                AddFile(line);
+                AddFile(line, bytes);
             else if (type == "summary")
                 AddSummary(line);
         }
@@ -72,12 +73,12 @@ public:
         int done = 0;
         bool differ = m_Recipes.size() > 1;
         for (auto entry = m_Files.begin(); entry != m_Files.end(); ++entry) {
-            std::fputs(HBJsonLine(entry->line).constData(), stdout);
+            std::fputs(entry->line.trimmed().append('\n').constData(), stdout);
             m_Expected.remove(entry.key());
             if (entry->isDone)
                 ++done;
             else
-                Tell(entry.key(), entry->line.value("error").toString(), &failed);
+                Tell(entry.key(), entry->error, &failed);
             if (entry->times > 1)
                 Tell(entry.key(),
                      entry->differs ? Text::tr("done twice, and not the same") : Text::tr("done twice"), &twice);
@@ -116,26 +117,30 @@ public:
 private:
     struct Entry
     {
-        QJsonObject line;
+        QByteArray line; ///< as it was read: of a million, objects would take gigabytes
+        QByteArray result;
+        QString error;
         bool isDone = false;
         int times = 0; ///< that it was done
         bool differs = false;
     };
 
-    void AddFile(const QJsonObject& line)
+    void AddFile(const QJsonObject& line, const QByteArray& bytes)
     {
         Entry& entry = m_Files[QDir::cleanPath(line.value("input").toString())];
         const QString status = line.value("status").toString();
         m_Recipes.insert(line.value("recipe").toString());
-        if (status == "done") {
-            if (entry.times++ > 0 && entry.line.value("result") != line.value("result"))
-                entry.differs = true;
-            entry.line = line;
-            entry.isDone = true;
-        } else if (!entry.isDone) {
-            entry.isDone = status == "skipped"; // its result is there, from a run whose report may be lost
-            entry.line = line;
+        const bool isDone = status == "done";
+        if (!isDone && entry.isDone)
+            return;
+        if (isDone) {
+            const QByteArray result = line.value("result").toString().toLatin1();
+            entry.differs |= entry.times++ > 0 && entry.result != result;
+            entry.result = result;
         }
+        entry.isDone = isDone || status == "skipped"; // its result is there, from a run whose report may be lost
+        entry.error = entry.isDone ? QString() : line.value("error").toString();
+        entry.line = bytes;
     }
 
     void AddSummary(const QJsonObject& line)

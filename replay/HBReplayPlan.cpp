@@ -124,8 +124,10 @@ private:
             break;
         }
         const HBFileState output = HBStateOf(task->output);
-        if (output.IsSameFile(HBStateOf(task->input)))
-            return; // in place
+        if (output.IsSameFile(HBStateOf(task->input))) { // in place
+            task->modified = output.modified;
+            return;
+        }
         if (m_FilesOfInputs.isEmpty()) {
             for (const HBReplayInput& input : m_Inputs) {
                 const HBFileState state = HBStateOf(input.path);

@@ -19,6 +19,7 @@ struct HBReplayTask
     Kind kind = Do;
     QString reason;        ///< of Skip and Refuse
     bool replaces = false; ///< the output is there already
+    qint64 modified = 0;   ///< when the photo was, in nanoseconds, if its result takes its place; else 0
 };
 
 struct HBReplayPlanning
