@@ -184,13 +184,14 @@ int Run(Request& request, const QVector<HBReplayInput>& inputs)
 {
     HBReplayJournal journal(request.target.folder, request.shard, JobHash(request), request.resume);
     QString problem;
-    if (request.resume && !journal.Read(&problem)) {
+    QVector<HBReplayTask> tasks;
+    const bool writes = !request.dryRun && !request.work.verifies;
+    if (!HBPlanReplay(inputs, request.target,
+                      {request.shard, request.resume ? &journal : nullptr, request.work.verifies}, &tasks,
+                      &problem)) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    QVector<HBReplayTask> tasks = HBPlanReplay(
-        inputs, request.target, {request.shard, request.resume ? &journal : nullptr, request.work.verifies});
-    const bool writes = !request.dryRun && !request.work.verifies;
     if (!request.work.verifies && !HBPrepareFolders(request.target, !writes, &tasks, &problem)) {
         HBPrintError(problem);
         return HBBadUsage;

@@ -25,15 +25,16 @@ struct HBReplayTask
 struct HBReplayPlanning
 {
     HBShard shard;
-    const HBReplayJournal* journal = nullptr; ///< of earlier runs to go on with; null: none
-    bool verifies = false;                    ///< compares with results instead of writing them
+    HBReplayJournal* journal = nullptr; ///< of earlier runs to go on with, still to be read; null: none
+    bool verifies = false;              ///< compares with results instead of writing them
 };
 
-/// One task for each input of the share, in the same order, after a look at all that can be known before a photo
+/// \param tasks one for each input of the share, in the same order, after a look at all that can be known before a photo
 /// is read. No two tasks to do write the same file, and none writes over another one's input. Every share plans
 /// for all inputs, so that all of them give the same names.
-QVector<HBReplayTask> HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
-                                   const HBReplayPlanning& planning);
+/// \return false, with the problem, if the journal cannot be read
+bool HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
+                  const HBReplayPlanning& planning, QVector<HBReplayTask>* tasks, QString* problem);
 
 /// Makes the folders of the results and looks whether they can be written to. False, with the problem, if the
 /// target's own cannot; tasks whose folders cannot are refused.
