@@ -135,13 +135,13 @@ wait_for 30 "a cluster of two nodes" both_idle
 for ((i = 0; i < 200; ++i)); do
     folder=photos; (( i % 3 == 0 )) && folder=photos/a; (( i % 3 == 1 )) && folder=photos/b/$((i % 7))
     mkdir -p "$folder"
-    { printf 'P6 90 60 255\n'; yes "photo $i" | head -c 16200 || true; } >"$folder/$i.ppm" # yes ends by a signal
+    { printf 'P6 300 200 255\n'; yes "photo $i" | head -c 180000 || true; } >"$folder/$i.ppm" # yes ends by a signal
 done
 # Long enough to be lost in the middle.
 step=$(sed -n '/^        {/,/^        }/p' "$sources/samples/recipes/HBHueSaturationWidget.json")
 {
     printf '{"format": "adjustment-recipe", "version": 1, "steps": [\n'
-    for ((i = 0; i < 60; ++i)); do printf '%s,\n' "$step"; done
+    for ((i = 0; i < 80; ++i)); do printf '%s,\n' "$step"; done
     printf '%s]}\n' "$step"
 } >recipe.json
 panel-replay apply recipe.json photos --recursive -o one-machine
@@ -162,7 +162,7 @@ check() {
 }
 
 job=$(submit undisturbed)
-wait_for 60 "the end of the array" is_over "$job"
+wait_for 120 "the end of the array" is_over "$job"
 check undisturbed
 (( $(ls undisturbed-reports | wc -l) == 8 )) || fail "there are not eight reports"
 
@@ -181,7 +181,7 @@ find_victim() {
 job=$(submit disturbed)
 wait_for 60 "a task in the middle of its work" find_victim
 kill -9 $(children "${node_pid[node2]}") $(all_on node2) # all that would go with the machine
-wait_for 100 "the end of the array with one node" is_over "$job"
+wait_for 120 "the end of the array with one node" is_over "$job"
 ls disturbed-reports/part-"$task"-*-1.jsonl >/dev/null || fail "task $task was not started again"
 check disturbed
 echo "200 photos on two nodes, as on one machine; again with node2 lost after $written photos of task $task," \
