@@ -53,6 +53,16 @@ bool WriteAll(int file, const QByteArray& bytes)
     return true;
 }
 
+/// Gets the names in it onto the disk.
+void SyncFolder(const QString& folder)
+{
+    const int file = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (file >= 0) {
+        ::fsync(file);
+        ::close(file);
+    }
+}
+
 } // namespace
 
 HBFileState HBStateOf(const QString& path)
@@ -135,6 +145,8 @@ bool HBReplayJournal::Open(QString* reason)
         // A torn last line must not spoil the next one.
         if (end > 0 && ::pread(m_File, &last, 1, end - 1) == 1 && last != '\n')
             WriteAll(m_File, "\n");
+        if (end == 0)
+            SyncFolder(m_Folder); // a journal that is lost with the power would have photos adjusted twice
     }
     if (m_File < 0)
         *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));

@@ -175,7 +175,9 @@ const std::vector<HBReplayExitText>& HBReplayExitTexts()
 {
     static const std::vector<HBReplayExitText> texts{
         {HBAllDone, QT_TRANSLATE_NOOP("PanelReplay", "All is done.")},
-        {HBFileFailed, QT_TRANSLATE_NOOP("PanelReplay", "A file failed; of diff: the recipes differ.")},
+        {HBFileFailed,
+         QT_TRANSLATE_NOOP("PanelReplay", "A file failed; of diff: the recipes differ; of merge: photos are "
+                                          "missing.")},
         {HBBadUsage, QT_TRANSLATE_NOOP("PanelReplay", "Wrong usage, or a bad recipe; nothing was written.")},
         {HBNothingMatched, QT_TRANSLATE_NOOP("PanelReplay", "No file matched.")},
         {HBWasInterrupted,

@@ -8,6 +8,7 @@
 # they speak of. They must print what stands below them there.
 set -euo pipefail
 export PATH=$(dirname -- "$(realpath -- "$1")"):$PATH LC_ALL=C.UTF-8
+export LSAN_OPTIONS="${LSAN_OPTIONS:-}:print_suppressions=0" # no message of the program's
 sources=$(realpath -- "$2") work=$(realpath -m -- "$3")
 
 make_photos() {
