@@ -42,7 +42,7 @@ public:
         }
         // First the photos, then the journal: what another run adjusts in place meanwhile is in one of them.
         if (m_Planning.journal && m_Target.onConflict == HBReplayTarget::Overwrite)
-            ForEachToDo(tasks, [this](HBReplayTask* task) { NoteIfInPlace(task); });
+            ForEachToDo(tasks, NoteIfInPlace);
         if (m_Planning.journal && !m_Planning.journal->Read(problem))
             return false;
         ForEachToDo(tasks, [this](HBReplayTask* task) { Examine(task); });

@@ -29,9 +29,10 @@ struct HBReplayPlanning
     bool verifies = false;              ///< compares with results instead of writing them
 };
 
-/// \param tasks one for each input of the share, in the same order, after a look at all that can be known before a photo
-/// is read. No two tasks to do write the same file, and none writes over another one's input. Every share plans
-/// for all inputs, so that all of them give the same names.
+/// Looks at all that can be known before a photo is read. Every share plans for all inputs, so that all of them give
+/// the same names.
+/// \param tasks one for each input of the share, in the same order. No two tasks to do write the same file, and
+///        none writes over another one's input.
 /// \return false, with the problem, if the journal cannot be read
 bool HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
                   const HBReplayPlanning& planning, QVector<HBReplayTask>* tasks, QString* problem);
