@@ -29,8 +29,8 @@ struct HBReplayPlanning
     bool verifies = false;              ///< compares with results instead of writing them
 };
 
-/// Looks at all that can be known before a photo is read. Every share plans for all inputs, so that all of them give
-/// the same names.
+/// Looks at all that can be known before a photo is read. Every share plans for all inputs, so that all of them
+/// give the same names.
 /// \param tasks one for each input of the share, in the same order. No two tasks to do write the same file, and
 ///        none writes over another one's input.
 /// \return false, with the problem, if the journal cannot be read
