@@ -183,9 +183,9 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     return true;
 }
 
-/// A result becomes whole under another name, at least where it replaces a file, or the disk knows no files without
-/// a name, as network disks do: its own name, a dot and six letters. That may be anybody's, too: what goes is only
-/// what has the very bytes of the result, as many as there are.
+/// A result becomes whole under another name, at least where it replaces a file, or the disk knows no files
+/// without a name, as network disks do: its own name, a dot and six letters. That may be anybody's, too: what goes
+/// is only what has the very bytes of the result, as many as there are.
 void HBReplayJournal::FindLeftovers()
 {
     constexpr int added = 7;
