@@ -177,21 +177,21 @@ void Work(const QVector<HBReplayTask>& tasks, const Request& request, HBReplayRe
     report->Summary(tasks.size(), HBIsInterrupted());
     if (!HBIsInterrupted())
         TellCounts(*report, request, tasks.size());
-    std::fflush(nullptr);
-    std::_Exit(ExitCode(*report)); // its threads may be decoding or encoding for seconds yet
+    std::_Exit(HBFinishOutput(ExitCode(*report))); // its threads may be decoding or encoding for seconds yet
 }
 
 int Run(Request& request, const QVector<HBReplayInput>& inputs)
 {
     HBReplayJournal journal(request.target.folder, request.shard, JobHash(request), request.resume);
     QString problem;
-    if (request.resume && !journal.Read(&problem)) {
+    QVector<HBReplayTask> tasks;
+    const bool writes = !request.dryRun && !request.work.verifies;
+    if (!HBPlanReplay(inputs, request.target,
+                      {request.shard, request.resume ? &journal : nullptr, request.work.verifies}, &tasks,
+                      &problem)) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    QVector<HBReplayTask> tasks = HBPlanReplay(
-        inputs, request.target, {request.shard, request.resume ? &journal : nullptr, request.work.verifies});
-    const bool writes = !request.dryRun && !request.work.verifies;
     if (!request.work.verifies && !HBPrepareFolders(request.target, !writes, &tasks, &problem)) {
         HBPrintError(problem);
         return HBBadUsage;

@@ -233,6 +233,10 @@ bool HBReplayPipeline::MaySave(Work& work, const HBFileState& photo, const QByte
             return false;
     }
     const HBReplayTask& task = work.task;
+    if (task.modified != 0 && HBStateOf(task.input).modified != task.modified) {
+        *reason = Text::tr("it has changed since the run began; perhaps another run has adjusted it");
+        return false;
+    }
     return !m_Job.journal || m_Job.journal->Note(task.input, photo, task.output, !task.replaces, bytes, reason);
 }
 

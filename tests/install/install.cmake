@@ -22,6 +22,13 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
+foreach(file man/man1/panel-replay.1 bash-completion/completions/panel-replay zsh/site-functions/_panel-replay
+        fish/vendor_completions.d/panel-replay.fish)
+    if(NOT EXISTS ${prefix}/share/${file})
+        message(FATAL_ERROR "share/${file} is not installed")
+    endif()
+endforeach()
+
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
 run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
