@@ -75,6 +75,30 @@ private:
     const std::shared_ptr<Lanes> m_pLanes;
 };
 
+class Behind : public QRunnable
+{
+public:
+    explicit Behind(const std::function<bool()>& step) : m_Step(step) {}
+
+    void run() override
+    {
+        QThreadPool& pool = *QThreadPool::globalInstance();
+        while (m_Step()) {
+            // With a thread to spare nobody waits.
+            if (pool.activeThreadCount() >= pool.maxThreadCount() && Start(pool, m_Step))
+                return;
+        }
+    }
+    static bool Start(QThreadPool& pool, const std::function<bool()>& step)
+    {
+        constexpr int lowPriority = -1;
+        return HBTryStart(pool, [&] { pool.start(new Behind(step), lowPriority); });
+    }
+
+private:
+    const std::function<bool()> m_Step;
+};
+
 } // namespace
 
 QThreadPool& HBThreadPool()
@@ -110,6 +134,14 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     shared->WaitForEnd();
     if (shared->first)
         std::rethrow_exception(shared->first);
+}
+
+void HBRunBehind(const std::function<bool()>& step)
+{
+    if (Behind::Start(*QThreadPool::globalInstance(), step))
+        return;
+    while (step()) {
+    }
 }
 
 bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
