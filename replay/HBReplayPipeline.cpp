@@ -175,7 +175,7 @@ HBReplayResult HBReplayPipeline::Do(Work& work)
     timer.start();
     const HBFileState state = HBStateOf(input); // as it was before it is read
     HBPhoto photo;
-    if (!isWanted() || !HBReadPhoto(input, &photo, &result.error))
+    if (!isWanted() || !HBReadPhoto(input, &photo, &result.error, isWanted))
         return result;
     result.size = {photo.image.Width(), photo.image.Height()};
     result.warnings = photo.warnings;
