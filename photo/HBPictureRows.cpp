@@ -11,6 +11,8 @@ namespace
 {
 
 constexpr int Side = HBImage<>::TileSide;
+constexpr int RowsAtOnce = 16; // few enough for a cache
+static_assert(Side % RowsAtOnce == 0, "a strip lies within a row of tiles");
 constexpr int DotsPerMetreUnknown = 2835; // 72 dots per inch
 
 /// Qt answers a want of memory with a null image.
@@ -21,17 +23,22 @@ QImage Usable(QImage image)
     return image;
 }
 
+bool IsOpaque(const QRgb* pixels, int width, int height, int stride)
+{
+    QRgb all = 0xff000000;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            all &= pixels[qptrdiff(y) * stride + x];
+    }
+    return all == 0xff000000;
+}
+
 bool IsOpaque(const HBImage<>& image)
 {
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect area = image.TileRect(index);
         const KMTilePin<QRgb> pin(image.Tile(index), false);
-        QRgb all = 0xff000000;
-        for (int y = 0; y < area.height(); ++y) {
-            for (int x = 0; x < area.width(); ++x)
-                all &= pin.Pixels()[y * Side + x];
-        }
-        if (all != 0xff000000)
+        if (!IsOpaque(pin.Pixels(), area.width(), area.height(), Side))
             return false;
     }
     return true;
@@ -41,13 +48,8 @@ bool IsOpaque(const HBImage<>& image)
 
 HBPictureRows::HBPictureRows(const HBImage<>& image, bool keepsAlpha)
     : m_Image(image)
-    , m_Format(QImage::Format_RGB32)
+    , m_Format(keepsAlpha && !IsOpaque(image) ? QImage::Format_ARGB32 : QImage::Format_RGB32)
 {
-    if (IsOpaque(image))
-        return;
-    m_IsOnWhite = !keepsAlpha;
-    if (keepsAlpha)
-        m_Format = QImage::Format_ARGB32;
 }
 
 int HBPictureRows::Dots(int which) const
@@ -57,7 +59,7 @@ int HBPictureRows::Dots(int which) const
 
 bool HBPictureRows::IsGrey()
 {
-    for (int first = 0; first < Height() && !HasAlpha(); first += Side) {
+    for (int first = 0; first < Height() && !HasAlpha(); first += RowsAtOnce) {
         if (!Strip(first).allGray())
             return false;
     }
@@ -70,41 +72,42 @@ void HBPictureRows::MakeGrey()
     m_First = -1;
 }
 
-/// One row of tiles.
-QImage HBPictureRows::Strip(int first) const
+const QImage& HBPictureRows::Strip(int first)
 {
-    QImage strip = Usable(QImage(Width(), qMin(Side, Height() - first), QImage::Format_ARGB32));
-    const int row = first / Side;
+    if (first == m_First)
+        return m_Strip;
+    m_First = -1;
+    m_Strip = QImage(); // so that the pixels are nobody else's
+    const int height = qMin(RowsAtOnce, Height() - first);
+    if (m_Pixels.height() != height)
+        m_Pixels = Usable(QImage(Width(), height, QImage::Format_ARGB32));
+    auto* const pixels = reinterpret_cast<QRgb*>(m_Pixels.bits());
     for (int column = 0; column < m_Image.Columns(); ++column) {
-        const int index = row * m_Image.Columns() + column;
+        const int index = first / Side * m_Image.Columns() + column;
         const QRect area = m_Image.TileRect(index);
         const KMTilePin<QRgb> pin(m_Image.Tile(index), false);
-        auto* to = reinterpret_cast<QRgb*>(strip.bits()) + area.left();
-        for (int y = 0; y < area.height(); ++y)
-            std::memcpy(to + qptrdiff(y) * Width(), pin.Pixels() + y * Side, size_t(area.width()) * sizeof(QRgb));
+        const QRgb* from = pin.Pixels() + first % Side * Side;
+        for (int y = 0; y < height; ++y) {
+            std::memcpy(pixels + qptrdiff(y) * Width() + area.left(), from + y * Side,
+                        size_t(area.width()) * sizeof(QRgb));
+        }
     }
-    if (m_Format == QImage::Format_ARGB32)
-        return strip;
-    if (m_IsOnWhite) {
-        QImage onWhite = Usable(QImage(strip.size(), QImage::Format_RGB32));
-        onWhite.fill(Qt::white);
-        QPainter(&onWhite).drawImage(0, 0, strip);
-        strip = onWhite;
-    } else {
-        strip.reinterpretAsFormat(QImage::Format_RGB32);
+    m_Strip = m_Pixels;
+    if (m_Format != QImage::Format_ARGB32 && !IsOpaque(pixels, Width(), height, Width())) {
+        m_Strip = Usable(QImage(m_Pixels.size(), QImage::Format_RGB32));
+        m_Strip.fill(Qt::white);
+        QPainter(&m_Strip).drawImage(0, 0, m_Pixels);
     }
-    return m_Format == QImage::Format_RGB32 ? strip : Usable(strip.convertToFormat(m_Format));
+    if (m_Format == QImage::Format_Grayscale8)
+        m_Strip = Usable(m_Strip.convertToFormat(m_Format));
+    m_First = first;
+    return m_Strip;
 }
 
 const uchar* HBPictureRows::Row(int y)
 {
-    const int first = y / Side * Side;
-    if (first != m_First) {
-        m_Strip = QImage(); // not two at once
-        m_Strip = Strip(first);
-        m_First = first;
-    }
-    return m_Strip.constScanLine(y - first);
+    const int first = y / RowsAtOnce * RowsAtOnce;
+    return Strip(first).constScanLine(y - first);
 }
 
 QImage HBPictureRows::Whole()

@@ -40,11 +40,11 @@ public:
 
 private:
     int Dots(int which) const;
-    QImage Strip(int first) const;
+    const QImage& Strip(int first);
 
     const HBImage<>& m_Image;
     QImage::Format m_Format;
-    bool m_IsOnWhite = false;
-    QImage m_Strip; ///< as high as a row of tiles
+    QImage m_Pixels; ///< of the strip, a part of a row of tiles, as they are in the tiles
+    QImage m_Strip;  ///< as they are to be; shares the above where that is the same
     int m_First = -1;
 };

@@ -7,8 +7,8 @@
 
 // Any thread.
 
-/// Reads a PNG of up to 8 bits a channel; deeper ones, and those that come into view in several passes, are left to
-/// Qt.
+/// Reads a PNG of up to 8 bits a channel; deeper ones, and those that come into view in several passes, are left
+/// to Qt.
 /// \throws std::bad_alloc
 HBStraightRead::Outcome HBReadPng(const QByteArray& file, HBStraightRead* read);
 

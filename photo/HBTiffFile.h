@@ -7,8 +7,8 @@
 
 // Any thread.
 
-/// Reads the first picture of a TIFF of 8 bits a channel that is grey or red, green and blue, with or without colours
-/// that are not multiplied by their alpha: Qt's reader multiplies them, and with a small alpha little is left of
+/// Reads the first picture of a TIFF of 8 bits a channel that is grey or red, green and blue, also with an alpha
+/// that its colours are not multiplied by: Qt's reader multiplies them, and with a small alpha little is left of
 /// them. Other kinds are left to Qt.
 /// \throws std::bad_alloc
 HBStraightRead::Outcome HBReadTiff(const QByteArray& file, HBStraightRead* read);

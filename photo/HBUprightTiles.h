@@ -13,7 +13,7 @@ class HBUprightTiles
 public:
     /// So many rows at once are a good piece: few enough for a cache, enough to fill its lines where rows become
     /// columns.
-    static constexpr int RowsAtOnce = 32;
+    static constexpr int RowsAtOnce = 16;
 
     HBUprightTiles() = default;
     /// \param lying the size in the file

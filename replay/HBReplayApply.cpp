@@ -58,7 +58,6 @@ bool ReadBounds(const HBReplayOptions& options, HBReplayWork* work, QString* pro
         !options.Number("max-megapixels", 0.01, 1e6, &work->bounds.megapixels, problem) ||
         !options.Bytes("memory", &work->bounds.memory, problem))
         return false;
-    work->atOnce = options.IsSet("jobs") ? work->jobs : work->jobs + 1; // one may wait for the disk
     if (options.IsSet("memory"))
         tiles.SetMemoryBudget(work->bounds.memory);
     QThreadPool::globalInstance()->setMaxThreadCount(work->jobs);
