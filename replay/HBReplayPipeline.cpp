@@ -161,7 +161,7 @@ bool HBReplayPipeline::IsRefused(Work& work)
     if (task.kind == HBReplayTask::Do) {
         const QSize size = HBPhotoSize(task.input);
         work.bytes = BytesOf(size);
-        reason = m_Job.bounds.Problem(size, HBStateOf(task.input).size, m_Job.recipe, m_Job.jobs);
+        reason = m_Job.bounds.Problem(size, HBStateOf(task.input).size, m_Job.cost, m_Job.jobs);
         if (reason.isEmpty()) {
             if (size.isValid()) // not of a pipe or the like
                 ReadAhead(task.input);

@@ -26,6 +26,7 @@ struct HBFileState;
 struct HBReplayWork
 {
     HBRecipe recipe;
+    HBRecipeCost cost;
     HBPhotoOptions photo;
     HBReplayBounds bounds;
     int jobs = 1; ///< cores, and photos that are read, adjusted or encoded at once
