@@ -181,7 +181,7 @@ private Q_SLOTS:
             HBPhoto photo;
             QString error;
             QVERIFY2(HBReadPhoto(Path("out/" + QString(name)), &photo, &error), qPrintable(error));
-            QCOMPARE(photo.format, QByteArray("jpeg"));
+            QCOMPARE(photo.encoding.format, QByteArray("jpeg"));
         }
     }
 
