@@ -35,7 +35,7 @@ HBAdjustment HBCommonRow(const char* className, const char* tag, const char* gro
     row.group = group;
     row.title = title;
     row.fields = HBDescribeFields<Record>();
-    row.defaults = Record();
+    row.defaults = [] { return std::any(Record()); };
     row.data = [](const std::any& record) { return static_cast<const void*>(std::any_cast<Record>(&record)); };
     row.mutableData = [](std::any& record) { return static_cast<void*>(std::any_cast<Record>(&record)); };
     row.stages = [](const std::any& record, bool selected) {

@@ -5,7 +5,7 @@
 # programs there. Gets VERSION, SOVERSION and CPACK besides. tools/test-packages does the same on a bare system, and asks
 # for Debian's rules.
 cmake_minimum_required(VERSION 3.21)
-include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 set(root ${WORK_DIR}/root)
 set(prefix ${root}/usr)
 

@@ -5,19 +5,9 @@
 # with their tests, the photo files and the replayer.
 cmake_minimum_required(VERSION 3.21)
 
-set(ENV{CMAKE_GENERATOR} ${GENERATOR})
-set(ENV{CXX} ${CXX_COMPILER})
+set(CXX_COMPILER_LAUNCHER "") # it names the folder of the sources, which is another here
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
-function(run step)
-    message(STATUS ${step})
-    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${step}: ${result}\n${output}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
-
-file(REMOVE_RECURSE ${WORK_DIR}/tree)
 foreach(folder adjustments cmake host photo replay samples tests theme translations)
     file(COPY ${SOURCE_DIR}/${folder} DESTINATION ${WORK_DIR}/tree)
 endforeach()

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# What the scripts of this folder share. They get SOURCE_DIR, BUILD_DIR, WORK_DIR, GENERATOR, CXX_COMPILER and
+# What the tests that build something share. They get WORK_DIR, which begins empty, GENERATOR, CXX_COMPILER and
 # CXX_COMPILER_LAUNCHER.
 set(ENV{CMAKE_GENERATOR} ${GENERATOR})
 set(ENV{CXX} ${CXX_COMPILER})
@@ -10,6 +10,7 @@ if(CXX_COMPILER_LAUNCHER)
     set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} "${CXX_COMPILER_LAUNCHER}")
 endif()
 
+# run(<step> <command>...): `output` is what the command said; if it fails, the test ends with it.
 function(run step)
     message(STATUS ${step})
     execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
