@@ -19,8 +19,8 @@ constexpr int Height = 140;
 const QRect selected(10, 20, 90, 110); // of the canvas
 const QPoint offset(-20, 15);          // of the layer, a part of which lies outside
 
-// Each picture is opened once, with its layer where it belongs and the selection. A case takes a copy, does to it what
-// `prepare` says, which returns the drawable to adjust, makes the call, and stores the drawable.
+// Each picture is opened once, with its layer where it belongs and the selection. A case takes a copy, does to
+// it what `prepare` says, which returns the drawable to adjust, makes the call, and stores the drawable.
 const char script[] = R"(
 (define (say text) (gimp-message text))
 (define (open file)
@@ -104,8 +104,8 @@ QByteArray Procedure(const HBAdjustment& adjustment) {
 
 } // namespace
 
-/// The plug-in in GIMP itself, without a display: all cases in one run, each compared with what the core makes of the same
-/// pixels.
+/// The plug-in in GIMP itself, without a display: all cases in one run, each compared with what the core makes
+/// of the same pixels.
 class tst_GimpProcedures : public QObject {
     Q_OBJECT
 
