@@ -22,8 +22,8 @@ struct Unref
 };
 using Buffer = std::unique_ptr<GeglBuffer, Unref>;
 
-/// How the pixels of a drawable are had in 8 bits. The formats bear the layer's own colour space: nothing is converted
-/// from one profile to another.
+/// How the pixels of a drawable are had in 8 bits. The formats bear the layer's own colour space: nothing is
+/// converted from one profile to another.
 class Format
 {
 public:
@@ -220,8 +220,8 @@ void WriteTile(GeglBuffer* layer, GeglBuffer* shadow, Format* format, const HBIm
     gegl_buffer_set(shadow, &rectangle, 0, format->Native(), native.data(), GEGL_AUTO_ROWSTRIDE);
 }
 
-/// The selection put aside for a write: GIMP blends by it what it is given, but ours is blended already. What GIMP may
-/// change, and keeps for an undo, is the area alone. In an undo group, which makes one step of all.
+/// The selection put aside for a write: GIMP blends by it what it is given, but ours is blended already. What
+/// GIMP may change, and keeps for an undo, is the area alone. In an undo group, which makes one step of all.
 class SelectionAside
 {
 public:

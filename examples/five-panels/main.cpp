@@ -7,8 +7,8 @@
 
 #include <QtWidgets>
 
-// A small editor: five panels in tabs, a selection drawn with the mouse, undo. The values that the user has set last
-// are there again when a panel is opened the next time, also at the next start.
+// A small editor: five panels in tabs, a selection drawn with the mouse, undo. The values that the user has set
+// last are there again when a panel is opened the next time, also at the next start.
 class Editor : public QMainWindow
 {
 public:
