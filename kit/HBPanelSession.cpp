@@ -114,19 +114,21 @@ void HBPanelSession::SetTarget(const HBTarget& target)
 
 void HBPanelSession::SetView(QGraphicsView* view)
 {
-    delete m_pOwnSurface;
     auto* document = qobject_cast<KMDocumentView*>(view);
     if (view && !document) {
-        m_pOwnSurface = new HBPickSurface(view, this);
-        document = m_pOwnSurface->View();
+        auto* surface = new HBPickSurface(view, this);
+        SetSurface(surface);
+        m_pOwnSurface = surface;
+        return;
     }
     ListenToView(document);
+    delete m_pOwnSurface;
 }
 
 void HBPanelSession::SetSurface(HBPickSurface* surface)
 {
-    delete m_pOwnSurface;
     ListenToView(surface ? surface->View() : nullptr);
+    delete m_pOwnSurface; // the panel has let go of it
 }
 
 void HBPanelSession::ListenToView(KMDocumentView* view)

@@ -96,6 +96,10 @@ private Q_SLOTS:
         button->setChecked(false);
         QCOMPARE(picking, (QList<QVariantList>{{true}, {false}}));
         QCOMPARE(target->cursor().shape(), Qt::CrossCursor);
+        button->setChecked(true);
+        session.SetView(nullptr);
+        QVERIFY(!session.IsPicking() && !button->isChecked());
+        QCOMPARE(target->cursor().shape(), Qt::CrossCursor);
         QTest::mouseClick(&canvas, Qt::LeftButton);
         QVERIFY(canvas.events > before);
     }
