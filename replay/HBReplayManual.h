@@ -4,11 +4,5 @@
 
 #include <QString>
 
-// Made from the tables of HBReplayOptions.h, so that they never lag behind the program.
-
-/// The manual page, as roff with the macros of man(7).
+/// The manual page, as roff with the macros of man(7); made from the tables of HBReplayOptions.h.
 QString HBReplayManual();
-
-/// The completion of commands, options and values.
-/// \param shell "bash", "zsh" or "fish"
-QString HBReplayCompletion(const QString& shell);

@@ -7,6 +7,7 @@
 #include "HBInterrupt.h"
 #include "HBRecipeCommands.h"
 #include "HBReplayApply.h"
+#include "HBReplayCompletion.h"
 #include "HBReplayExit.h"
 #include "HBReplayLog.h"
 #include "HBReplayManual.h"
