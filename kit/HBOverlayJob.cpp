@@ -66,15 +66,26 @@ void HBOverlayJob::Start()
     m_NewSource = false;
     m_Done = false;
     m_pControl = std::make_shared<HBPanelJobControl>();
-    connect(m_pControl.get(), &HBPanelJobControl::RangeChanged, this, &HBOverlayJob::RangeChanged,
-            Qt::QueuedConnection);
-    connect(m_pControl.get(), &HBPanelJobControl::ProgressChanged, this, &HBOverlayJob::ProgressChanged,
+    connect(m_pControl.get(), &HBPanelJobControl::ProgressTold, this, &HBOverlayJob::TellProgress,
             Qt::QueuedConnection);
     HBWatchInPool(&m_Watcher,
                   [source = m_Source, stages = m_Adjustment.stages, record = m_Record(), control = m_pControl] {
                       return HBRunStages(
                           {source}, [&] { return stages(record, false); }, control.get());
                   });
+}
+
+void HBOverlayJob::TellProgress()
+{
+    const QPointer<HBOverlayJob> self(this); // a slot may destroy the job
+    do {
+        while (const auto progress = self && m_pControl ? m_pControl->TakeProgress() : std::nullopt) {
+            if (progress->isRange)
+                Q_EMIT RangeChanged(progress->first, progress->maximum);
+            else
+                Q_EMIT ProgressChanged(progress->first);
+        }
+    } while (self && m_pControl && !m_pControl->WaitForProgress());
 }
 
 void HBOverlayJob::Finish()

@@ -41,6 +41,7 @@ private:
     QJsonObject Stored() const { return m_Adjustment.save(m_Record()); }
     void Start();
     void GiveUp();
+    void TellProgress();
     void Finish();
 
     const HBAdjustment& m_Adjustment;
