@@ -208,25 +208,30 @@ bool ForEachTile(const HBImage<>& picture, const HBJobControl* control, const Ma
                  const End& end)
 {
     std::atomic<int> next{0};
+    std::atomic<bool> cancelled{false};
     std::mutex mutex;
     HBRunLanes(HBLaneCount(picture.Tiles().size()), [&] {
         auto lane = make();
-        for (int index; !HBIsCancelled(control) && (index = next.fetch_add(1)) < picture.Tiles().size();) {
+        for (int index; (index = next.fetch_add(1)) < picture.Tiles().size();) {
+            if (HBIsCancelled(control)) {
+                cancelled = true;
+                break;
+            }
             const KMTilePin<HBRGBA32i> pin(picture.Tile(index), false);
             add(lane, pin.Pixels(), picture.TileRect(index), index);
         }
         const std::lock_guard<std::mutex> lock(mutex);
         end(lane);
     });
-    return !HBIsCancelled(control);
+    return !cancelled;
 }
 
 /// A row of each tile.
-Counts Sample(const HBImage<>& picture, const HBJobControl* control)
+std::optional<Counts> Sample(const HBImage<>& picture, const HBJobControl* control)
 {
     HBHistogramLook look;
     look.Begin(picture);
-    ForEachTile(
+    const bool whole = ForEachTile(
         picture, control, [&] { return look.MakeLane(); },
         [](const std::unique_ptr<HBPictureLook::Lane>& lane, const HBRGBA32i* pixels, const QRect& area,
            int index) {
@@ -234,7 +239,7 @@ Counts Sample(const HBImage<>& picture, const HBJobControl* control)
             lane->Add(pixels + row * TileSide, QRect(0, 0, area.width(), 1), index);
         },
         [](std::unique_ptr<HBPictureLook::Lane>& lane) { lane.reset(); });
-    return look.Result();
+    return whole ? std::optional(look.Result()) : std::nullopt;
 }
 
 /// The lowest level up to which at least so many thousandths of the pixels lie.
@@ -325,10 +330,10 @@ std::optional<HBChannelTails> HBTailLevels(const HBImage<>& picture, const HBJob
 {
     if (picture.IsEmpty() || picture.Tiles().size() < LeastTiles)
         return CountAll(picture, control);
-    const Counts sample = Sample(picture, control);
-    if (HBIsCancelled(control))
+    const std::optional<Counts> sample = Sample(picture, control);
+    if (!sample)
         return std::nullopt;
-    const std::optional<Windows> windows = WindowsOf(sample);
+    const std::optional<Windows> windows = WindowsOf(*sample);
     if (!windows)
         return CountAll(picture, control);
 
