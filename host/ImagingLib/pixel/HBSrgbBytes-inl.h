@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// Linear light by the tables of HBSrgbBytes.h, for machines with AVX-512 VBMI: a gather there takes as long as all the
-// rest of a formula. The same bytes as by HBSrgbVectors-inl.h. Included once per instruction set.
+// Linear light by the tables of HBSrgbBytes.h, for machines with AVX-512 VBMI: a gather there takes as long as
+// all the rest of a formula. The same bytes as by HBSrgbVectors-inl.h. Included once per instruction set.
 #if defined(HB_SRGB_BYTES_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef HB_SRGB_BYTES_INL_H
 #undef HB_SRGB_BYTES_INL_H
@@ -22,9 +22,9 @@ namespace HWY_NAMESPACE
 
 #if HWY_TARGET == HWY_AVX3_DL
 
-/// The bytes of one channel of 64 pixels. In each 128-bit lane stand the four pixels that the same lane of the first
-/// vector of pixels holds, then those of the second, third and fourth: the order in which unpacking and packing
-/// within lanes undo each other.
+/// The bytes of one channel of 64 pixels. In each 128-bit lane stand the four pixels that the same lane of the
+/// first vector of pixels holds, then those of the second, third and fourth: the order in which unpacking and
+/// packing within lanes undo each other.
 struct Planes
 {
     __m512i blue;
@@ -138,8 +138,8 @@ struct ShadeLevels
     }
 };
 
-/// Makes each channel the weighted sum of the light of red, green and blue. In two rounds over a few pixels at a time:
-/// the tables of both would not fit the registers.
+/// Makes each channel the weighted sum of the light of red, green and blue. In two rounds over a few pixels at a
+/// time: the tables of both would not fit the registers.
 /// \return how many pixels are done; the rest, fewer than 64, is left
 inline int MixLight(const float (&rows)[3][3], const HBSrgb::LevelBytes& decoding,
                     const HBSrgb::ShadeBytes& encoding, HBRGBA32i* pixels, int count)
