@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // The panels on 24 megapixels, the bare job and end to end, against a plain copy of the same tiles and OpenCV's
-// nearest equivalent on the same pixels. A panel that Rows() does not name is measured by its demonstration and held
-// against aims that all of them reach.
+// nearest equivalent on the same pixels. A panel that Rows() does not name is measured by its demonstration, and
+// held against aims that all of them reach.
 //
 //   panels-bench [--short | --figures] [OPTION OF GOOGLE BENCHMARK...]
 //

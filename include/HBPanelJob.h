@@ -18,8 +18,8 @@
 #include <optional>
 
 /// What a panel and its job share while the job runs: nothing else that a job uses is the panel's. The panel sets
-/// `newData`, the job tells its progress, which waits here until the panel takes it: an event for each of
-/// thousands of tiles would keep a core busy.
+/// `newData`, the job tells its progress. That waits here until the panel takes it: an event for each of thousands
+/// of tiles would keep a core busy.
 class PANELS_EXPORT HBPanelJobControl : public QObject, public HBJobControl
 {
     Q_OBJECT

@@ -176,8 +176,8 @@ private Q_SLOTS:
         }
     }
 
-    /// As from the histogram: of noise, dark and light pictures, few levels, tails too thin for the sample, and one
-    /// whose sampled rows are not like the others.
+    /// As from the histogram: of noise, dark and light pictures, few levels, tails too thin for the sample, and
+    /// one whose sampled rows are not like the others.
     void TailLevels() {
         std::mt19937 random(5);
         for (int kind = 0; kind < 7; ++kind) {

@@ -55,8 +55,8 @@ public:
     using Done = std::function<void(const Counts&)>;
     using Abandoned = std::shared_ptr<const std::atomic<bool>>;
     /// Counts the whole image in the pool, behind everything else that wants a thread (HBRunBehind), and calls
-    /// `done` there, once, also when abandoned. It must not throw. Where there is not enough memory a warning
-    /// says so and the counts are 0.
+    /// `done` there, once, also when abandoned. It must not throw. Where there is not enough memory a warning says
+    /// so and the counts are 0.
     static void CountBehind(const HBImage<>& image, const Abandoned& abandoned, const Done& done);
     static void CountBehind(const QImage& image, const Abandoned& abandoned, const Done& done);
 

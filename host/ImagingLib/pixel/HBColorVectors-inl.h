@@ -107,8 +107,8 @@ HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> PixelsOf(D d, const Colors<D>& color
     return hn::Or(result, Level(d, colors.blue));
 }
 
-/// One vector of pixels. The kernel is `void operator()(D, Colors<D>&) const` for any float tag D; what it
-/// makes is less than 2^31 in size; alpha is kept.
+/// One vector of pixels. The kernel is `void operator()(D, Colors<D>&) const` for any float tag D; what it makes
+/// is less than 2^31 in size; alpha is kept.
 template <class D, class Kernel>
 HWY_INLINE void MapVector(D d, const Kernel& kernel, std::uint32_t* words)
 {

@@ -138,8 +138,8 @@ struct ShadeLevels
     }
 };
 
-/// Makes each channel the weighted sum of the light of red, green and blue. In two rounds over a few pixels at
-/// a time: the tables of both would not fit the registers.
+/// Makes each channel the weighted sum of the light of red, green and blue. In two rounds over a few pixels at a
+/// time: the tables of both would not fit the registers.
 /// \return how many pixels are done; the rest, fewer than 64, is left
 inline int MixLight(const float (&rows)[3][3], const HBSrgb::LevelBytes& decoding,
                     const HBSrgb::ShadeBytes& encoding, HBRGBA32i* pixels, int count)

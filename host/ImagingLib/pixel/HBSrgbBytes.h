@@ -4,6 +4,7 @@
 
 #include "HBSrgb.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -29,8 +30,8 @@ struct LevelBytes
 };
 
 /// A ShadeTable whose levels are rounded, halves upwards, in tables of 256 bytes. A bin is 32 steps; from the
-/// level of its first step on, a straight line tells the level of a step or the one below, and the step where
-/// the next level begins tells which.
+/// level of its first step on, a straight line tells the level of a step or the one below, and the step where the
+/// next level begins tells which.
 struct ShadeBytes
 {
     static constexpr int BinBits = 5;

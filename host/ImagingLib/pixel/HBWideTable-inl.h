@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// A table of 256 bytes in four vector registers, for machines with AVX-512 VBMI: 64 look-ups are three
+// A table of 256 bytes in four vector registers, for machines with AVX-512 VBMI: 64 look-ups are a few
 // instructions of the fastest kind. Included once per instruction set; a file that includes it defines
 // HWY_WANT_AVX3_DL.
 #if defined(HB_WIDE_TABLE_INL_H) == defined(HWY_TARGET_TOGGLE)
