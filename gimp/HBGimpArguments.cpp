@@ -110,7 +110,7 @@ bool ReadField(const HBFieldInfo& field, void* record, const QJsonValue& value, 
 
 bool ReadFields(const HBAdjustment& adjustment, const QJsonObject& values, QJsonObject* stored, QString* reason)
 {
-    std::any record = adjustment.defaults;
+    std::any record = adjustment.defaults();
     for (auto value = values.begin(); value != values.end(); ++value) {
         const auto field = std::find_if(adjustment.fields.begin(), adjustment.fields.end(),
                                         [&](const HBFieldInfo& info) { return info.key == value.key(); });
@@ -144,7 +144,7 @@ bool ReadBytes(const HBAdjustment& adjustment, const QString& text, QJsonObject*
 bool HBReadStepArgument(const HBAdjustment& adjustment, const QString& text, HBRecipeStep* step, QString* reason)
 {
     const QString trimmed = text.trimmed();
-    QJsonObject stored = adjustment.save(adjustment.defaults);
+    QJsonObject stored = adjustment.save(adjustment.defaults());
     if (trimmed.startsWith('{')) {
         QJsonObject given;
         if (!ReadObject(trimmed, &given, reason))

@@ -195,7 +195,7 @@ private:
                      ""});
         Add("opaque", {"opaque", "layer", Call(levels), Adjusted(Opaque(), levels, true), ""});
         const QByteArray transparent = R"({"opacity": 50, "color": "#ff0000"})";
-        std::any record = HBFindAdjustment("HBReplaceColorWidget")->defaults;
+        std::any record = HBFindAdjustment("HBReplaceColorWidget")->defaults();
         for (const HBFieldInfo& field : HBFindAdjustment("HBReplaceColorWidget")->fields) {
             void* const data = HBFindAdjustment("HBReplaceColorWidget")->mutableData(record);
             if (field.key == "opacity") field.set(data, 50);
