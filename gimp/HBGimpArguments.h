@@ -5,7 +5,8 @@
 #include <HBAdjustment.h>
 #include <HBRecipe.h>
 
-// What scripts give to the procedures as text. On failure: false with a reason in words, and the output left alone. Any thread.
+// What scripts give to the procedures as text. On failure: false with a reason in words, and the output left
+// alone. Any thread.
 
 /// The values of one adjustment:
 ///

@@ -9,8 +9,8 @@
 
 #include <libgimp/gimp.h>
 
-/// A layer, layer mask or channel of GIMP as a target: its pixels in 8 bits, not premultiplied as GIMP's are, and what is
-/// selected of it. The thread of main() only: all calls go to GIMP through one pipe.
+/// A layer, layer mask or channel of GIMP as a target: its pixels in 8 bits, not premultiplied as GIMP's are,
+/// and what is selected of it. The thread of main() only: all calls go to GIMP through one pipe.
 class HBGimpLayer
 {
 public:
@@ -23,8 +23,8 @@ public:
 
     /// Reads the pixels and the selection. \throws std::bad_alloc
     void Read(HBTarget* target) const;
-    /// There is a selection, but none of it lies on the layer. The target's bounds are valid nevertheless, so that nothing
-    /// but what ignores selections would be adjusted.
+    /// There is a selection, but none of it lies on the layer. The target's bounds are valid nevertheless, so
+    /// that nothing but what ignores selections would be adjusted.
     bool IsSelectionElsewhere() const;
 
     /// What became of a write.
@@ -33,9 +33,9 @@ public:
         bool changed = false; ///< false: GIMP's image is as it was, and so is its history
         QStringList notes;    ///< what was lost on the way, in words
     };
-    /// Writes what differs from the source as one step that can be undone; pixels that are the same keep every bit, whatever
-    /// the depth of the layer. GIMP's locks (of alpha, of components) hold. False with a reason if the layer is no longer the
-    /// one that was read. \throws std::bad_alloc
+    /// Writes what differs from the source as one step that can be undone; pixels that are the same keep every
+    /// bit, whatever the depth of the layer. GIMP's locks (of alpha, of components) hold. False with a reason if
+    /// the layer is no longer the one that was read. \throws std::bad_alloc
     bool Write(const HBImage<>& source, const HBImage<>& adjusted, Written* written, QString* reason) const;
 
 private:

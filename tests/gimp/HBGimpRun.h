@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/// A GIMP of its own: a fresh folder of the user's, our plug-in, Script-Fu and PNG files; nothing else, so that it starts
-/// quickly. Works in that folder.
+/// A GIMP of its own: a fresh folder of the user's, our plug-in, Script-Fu and PNG files; nothing else, so that
+/// it starts quickly. Works in that folder.
 class HBGimpRun {
 public:
     HBGimpRun();
