@@ -10,16 +10,7 @@
 #include <QImage>
 #include <QtTest>
 
-#include <csignal>
-#include <sys/prctl.h>
-
 namespace {
-
-/// Ends with the test, also where that is killed.
-class Child : public QProcess {
-protected:
-    void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGKILL); }
-};
 
 constexpr int Width = 300;
 constexpr int Height = 200;
@@ -102,9 +93,9 @@ private:
 
     HBGimpRun m_Gimp;
     QString m_Display;
-    Child m_X;
-    Child m_Manager;
-    Child m_Program;
+    HBGimpChild m_X;
+    HBGimpChild m_Manager;
+    HBGimpChild m_Program;
     QImage m_Photo;
     QImage m_Adjusted;
 
@@ -164,7 +155,7 @@ private Q_SLOTS:
     }
 
     void cleanupTestCase() {
-        for (Child* process : {&m_Program, &m_Manager, &m_X}) {
+        for (HBGimpChild* process : {&m_Program, &m_Manager, &m_X}) {
             process->kill();
             process->waitForFinished();
         }

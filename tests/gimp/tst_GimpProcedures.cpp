@@ -62,17 +62,16 @@ HBImage<> Grey() {
     });
 }
 
-HBImage<> Opaque() {
-    return HBTestPicture(Width, Height,
-                         [](int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); });
-}
+QRgb OpaqueColour(int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); }
+
+HBImage<> Opaque() { return HBTestPicture(Width, Height, OpaqueColour); }
 
 /// The opaque picture with 16 bits, of which the lower do not change how it rounds.
 QImage Deep() {
     QImage image(Width, Height, QImage::Format_RGBA64);
     for (int y = 0; y < Height; ++y) {
         for (int x = 0; x < Width; ++x) {
-            const QRgb colour = Opaque().PixelAt(x, y).ToRgba();
+            const QRgb colour = OpaqueColour(x, y);
             const auto deep = [&](int v) {
                 return quint16(qBound(0, v * 257 + (x * 7 + y * 3) % 201 - 100, 65535));
             };
@@ -200,7 +199,7 @@ private:
                          " (gimp-layer-remove-mask adjusted MASK-APPLY))",
                      HBTestPicture(Width, Height,
                                    [&](int x, int y) {
-                                       const QRgb colour = Opaque().PixelAt(x, y).ToRgba();
+                                       const QRgb colour = OpaqueColour(x, y);
                                        return qRgba(qRed(colour), qGreen(colour), qBlue(colour),
                                                     mask.PixelAt(x, y).red);
                                    }),
@@ -268,7 +267,7 @@ private:
             example + "(say \"case example\")(adjust-photo \"photo.png\" \"out/example.png\")(say \"case end\")\n";
         QVERIFY(m_Gimp.Write("cases.scm", text));
 
-        QProcess gimp;
+        HBGimpChild gimp;
         gimp.setProcessEnvironment(m_Gimp.Environment());
         gimp.setWorkingDirectory(m_Gimp.Path({}));
         gimp.setProcessChannelMode(QProcess::MergedChannels);
