@@ -55,8 +55,8 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
     const char* title;     ///< untranslated; see Title()
     HBFieldInfos fields;
 
-    /// A new record as its constructor makes it. Not kept: a watermark's text and font are those of the
-    /// language and the application that there are now.
+    /// A new record as its constructor makes it. Not kept: a watermark's text and font are those of the present
+    /// language and application font.
     std::any (*defaults)();
     const void* (*data)(const std::any& record); ///< the record itself, for the fields' `get`
     void* (*mutableData)(std::any& record);      ///< the same, for their `set`
