@@ -67,8 +67,9 @@ private:
         return found.section('\n', -1);
     }
     void Press(const QString& window, const QStringList& pressed) {
-        const QString id = Window(window);
-        QVERIFY2(!id.isEmpty(), qPrintable(window));
+        QString id; // a window that is at work may be without its name for a moment
+        const bool found = QTest::qWaitFor([&] { return !(id = Window(window)).isEmpty(); }, 20000);
+        QVERIFY2(found, qPrintable(window));
         Xdotool({"windowactivate", "--sync", id});
         Xdotool(QStringList{"key", "--delay", "60"} + pressed);
     }
