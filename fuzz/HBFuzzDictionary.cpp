@@ -30,6 +30,12 @@ QByteArray Quoted(const QByteArray& bytes) {
     return text + '"';
 }
 
+QByteArray Bytes(std::initializer_list<int> numbers) {
+    QByteArray bytes;
+    for (const int number : numbers) bytes += char(number);
+    return bytes;
+}
+
 void Add(std::set<QByteArray>* words, double number) {
     char bytes[8];
     qToBigEndian(qint32(qBound(-2147483648.0, number, 2147483647.0)), bytes);
@@ -60,14 +66,13 @@ void WriteSeeds(const QString& folder) {
         const std::any records[] = {adjustment.defaults, HBDemonstration(adjustment),
                                     HBHostileRecord(adjustment, 1)};
         for (int k = 0; k < 3; ++k) {
-            const QByteArray head{char(i), char(4 + k), char(k)};
+            const QByteArray head = Bytes({i, 4 + k, k});
             const QByteArray selection = k ? QByteArray("\x02\xfe\x03\x01\x70\x60\x80\x80", 8) : QByteArray();
             Write(QString("%1/record/%2-%3").arg(folder, adjustment.className).arg(k),
                   head + selection + BytesOf(adjustment, records[k]));
         }
-        QByteArray gestures{char(i), 1, 8, 0, 0, 4, 0};
-        for (int k = 0; k < 12; ++k)
-            gestures += {char(random.bounded(20)), char(random.bounded(99)), char(k * 20)};
+        QByteArray gestures = Bytes({i, 1, 8, 0, 0, 4, 0});
+        for (int k = 0; k < 12; ++k) gestures += Bytes({random.bounded(20), random.bounded(99), k * 20});
         Write(QString("%1/gestures/%2").arg(folder, adjustment.className), gestures);
         all.steps += HBStepOf(adjustment, records[1]);
         Write(QString("%1/recipe/%2").arg(folder, adjustment.className),
