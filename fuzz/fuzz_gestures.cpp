@@ -225,7 +225,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (panel->HasPendingChange()) panel->ProcessNow();
         HBAdjustmentWidget* p = panel.get();
         const auto done = [&] { return !p->IsProcessing() && !p->HasPendingChange() && finished >= waited; };
-        HBFuzzCheck(Idle(done), QString("%1 does not come to rest").arg(entry.className));
+        HBFuzzCheck(Idle(done),
+                    QString("%1 does not come to rest: processing %2, pending %3, finished %4 of %5, pool %6")
+                        .arg(entry.className)
+                        .arg(p->IsProcessing())
+                        .arg(p->HasPendingChange())
+                        .arg(finished)
+                        .arg(waited)
+                        .arg(QThreadPool::globalInstance()->activeThreadCount()));
         const std::any record = entry.get(*panel);
         const HBOutcome core = HBRun(*entry.adjustment, record, target);
         if (!target.source.IsEmpty()) {
