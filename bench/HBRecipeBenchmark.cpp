@@ -16,9 +16,9 @@ constexpr const char* Tables[] = {"HBBrightnessContrastWidget", "HBExposureWidge
 constexpr const char* Mixed[] = {"HBLevelsWidget", "HBCurvesWidget", "HBHueSaturationWidget",
                                  "HBColorBalanceWidget", "HBTemperatureWidget"};
 
-std::string Single(const char* className)
+std::string Single(const std::string& className)
 {
-    return std::string("Recipe_") + className;
+    return "Recipe_" + className;
 }
 
 /// The demonstrations one after the other.
@@ -68,10 +68,16 @@ bool PrintRatio(const char* what, double time, const char* unitName, double unit
 
 } // namespace
 
+std::string HBRegisterRecipe(const std::string& className, const HBImage<>& (*photo)())
+{
+    Register(Single(className), photo, {className.c_str()});
+    return Single(className);
+}
+
 void HBRegisterRecipes(const HBImage<>& (*photo)())
 {
     for (const char* className : Mixed)
-        Register(Single(className), photo, {className});
+        HBRegisterRecipe(className, photo);
     Register("Recipe_FiveTables", photo, Tables);
     Register("Recipe_FiveMixed", photo, Mixed);
     benchmark::RegisterBenchmark("PictureCorrection_Advanced",

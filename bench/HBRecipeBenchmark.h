@@ -6,6 +6,12 @@
 
 #include <HBImage.h>
 
+#include <string>
+
+/// Registers the demonstration of a panel as a recipe of one step, without the panel.
+/// \return the benchmark's name
+std::string HBRegisterRecipe(const std::string& className, const HBImage<>& (*photo)());
+
 /// Registers recipes of one and of five steps, with the demonstrations' settings, and picture correction in its
 /// advanced mode, all without a panel.
 void HBRegisterRecipes(const HBImage<>& (*photo)());

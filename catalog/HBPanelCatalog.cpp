@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelCatalog.h"
 
+#include "HBPanelRow.h"
+
 #include <HBBlackAndWhiteWidget.h>
 #include <HBBrightnessContrastWidget.h>
 #include <HBColorBalanceWidget.h>
@@ -26,72 +28,40 @@
 #include <HBWBWidget.h>
 #include <KMFillColorWidget.h>
 
-#include <type_traits>
+#include <deque>
 
 namespace
 {
 
-template <class Panel>
-HBAdjustmentWidget* Create(bool dialog, QWidget* parent)
+/// What programs have registered; a deque, so that a row stays where it is.
+std::deque<HBPanelEntry>& OwnPanels()
 {
-    if constexpr (std::is_constructible_v<Panel, bool, QWidget*, Qt::WindowFlags>)
-        return new Panel(dialog, parent, Qt::WindowFlags());
-    else
-        return new Panel(parent, Qt::WindowFlags());
+    static std::deque<HBPanelEntry> panels;
+    return panels;
 }
 
-/// Some panels react to the user only after their first SetValue.
+/// The adjustment of a panel of ours.
 template <class Panel>
-HBAdjustmentWidget* CreateWithValue(bool dialog, QWidget* parent)
+const HBAdjustment& Adjustment()
 {
-    auto* panel = new Panel(dialog, parent, Qt::WindowFlags());
-    panel->SetValue(panel->GetValue());
-    return panel;
-}
-
-template <class Panel>
-HBPanelEntry Row()
-{
-    HBPanelEntry row{};
-    row.className = Panel::staticMetaObject.className();
-    row.adjustment = HBFindAdjustment(QString::fromLatin1(row.className));
-    if (!row.adjustment)
-        qFatal("%s has no row in HBAdjustmentTable.cpp", row.className);
-    row.tag = row.adjustment->tag;
-    row.group = row.adjustment->group;
-    row.title = row.adjustment->title;
-    row.create = &Create<Panel>;
-    return row;
-}
-
-/// A panel whose values are its record `Params`.
-template <class Panel>
-HBPanelEntry RecordRow()
-{
-    using Params = typename Panel::Params;
-    HBPanelEntry row = Row<Panel>();
-    row.get = [](const HBAdjustmentWidget& panel) {
-        return std::any(static_cast<const Panel&>(panel).GetValue());
-    };
-    row.set = [](HBAdjustmentWidget& panel, const std::any& record) {
-        static_cast<Panel&>(panel).SetValue(std::any_cast<const Params&>(record));
-    };
-    return row;
+    const char* name = Panel::staticMetaObject.className();
+    const HBAdjustment* adjustment = HBFindAdjustment(QString::fromLatin1(name));
+    if (!adjustment)
+        qFatal("%s has no row in HBAdjustmentTable.cpp", name);
+    return *adjustment;
 }
 
 template <class Panel>
 HBPanelEntry JobRow()
 {
-    HBPanelEntry row = RecordRow<Panel>();
-    row.create = &CreateWithValue<Panel>;
-    return row;
+    return HBPanelRow<Panel>(Adjustment<Panel>());
 }
 
 /// A panel that only describes an overlay.
 template <class Panel>
 HBPanelEntry OverlayRow()
 {
-    HBPanelEntry row = RecordRow<Panel>();
+    HBPanelEntry row = HBPanelRow<Panel>(Adjustment<Panel>());
     row.draw = [](const HBAdjustmentWidget& panel) -> HBOverlayDrawing {
         return [params = static_cast<const Panel&>(panel).GetValue()](const HBImage<>& source, QString* error) {
             const HBOutcome drawn = HBAdjust(params, {source, {}, {}, {}});
@@ -114,7 +84,7 @@ void SetExactly(HBAdjustmentWidget& panel, Number (Panel::*get)() const, void (P
 HBPanelEntry GammaRow()
 {
     using Panel = HBGammaCorrectionWidget;
-    HBPanelEntry row = Row<Panel>();
+    HBPanelEntry row = HBBarePanelRow<Panel>(Adjustment<Panel>());
     row.get = [](const HBAdjustmentWidget& panel) {
         return std::any(HBGammaCorrectionParams{static_cast<const Panel&>(panel).GetGamma()});
     };
@@ -128,7 +98,7 @@ HBPanelEntry GammaRow()
 HBPanelEntry ExposureRow()
 {
     using Panel = HBExposureWidget;
-    HBPanelEntry row = Row<Panel>();
+    HBPanelEntry row = HBBarePanelRow<Panel>(Adjustment<Panel>());
     row.get = [](const HBAdjustmentWidget& panel) {
         const auto& source = static_cast<const Panel&>(panel);
         return std::any(HBExposureParams{source.GetExposure(), source.GetOffset()});
@@ -144,7 +114,7 @@ HBPanelEntry ExposureRow()
 HBPanelEntry PosterizeRow()
 {
     using Panel = HBPosterizeWidget;
-    HBPanelEntry row = Row<Panel>();
+    HBPanelEntry row = HBBarePanelRow<Panel>(Adjustment<Panel>());
     row.get = [](const HBAdjustmentWidget& panel) {
         return std::any(HBPosterizeParams{static_cast<const Panel&>(panel).GetPosterize()});
     };
@@ -190,7 +160,29 @@ const HBPanelEntry* HBFindPanel(const QString& className)
         if (className == QLatin1String(entry.className))
             return &entry;
     }
+    for (const HBPanelEntry& entry : OwnPanels()) {
+        if (className == QLatin1String(entry.className))
+            return &entry;
+    }
     return nullptr;
+}
+
+bool HBRegisterPanel(const HBPanelEntry& entry)
+{
+    if (HBFindPanel(QString::fromLatin1(entry.className)) || !HBRegisterAdjustment(*entry.adjustment))
+        return false;
+    OwnPanels().push_back(entry);
+    return true;
+}
+
+QVector<const HBPanelEntry*> HBAllPanels()
+{
+    QVector<const HBPanelEntry*> all;
+    for (const HBPanelEntry& entry : HBPanelCatalog())
+        all.append(&entry);
+    for (const HBPanelEntry& entry : OwnPanels())
+        all.append(&entry);
+    return all;
 }
 
 bool HBPanelEntry::restore(HBAdjustmentWidget& panel, const QJsonObject& values, QString* reason) const

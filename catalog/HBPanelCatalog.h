@@ -48,8 +48,15 @@ struct CATALOG_EXPORT HBPanelEntry
     QString Title() const { return adjustment->Title(); }
 };
 
-/// All panels, in the order of the menus.
+/// Our panels, in the order of the menus.
 CATALOG_EXPORT const QVector<HBPanelEntry>& HBPanelCatalog();
 
-/// The panel with that class name; null if there is none.
+/// Adds a panel of the program's own, and its adjustment: recipes may name it from here on. False, with nothing
+/// added, if the class name is taken. HBPanelRow makes the row. GUI thread.
+CATALOG_EXPORT bool HBRegisterPanel(const HBPanelEntry& entry);
+
+/// Our panels and then the registered ones. A row stays where it is for the rest of the program. GUI thread.
+CATALOG_EXPORT QVector<const HBPanelEntry*> HBAllPanels();
+
+/// The panel with that class name, ours or registered; null if there is none. GUI thread.
 CATALOG_EXPORT const HBPanelEntry* HBFindPanel(const QString& className);

@@ -27,9 +27,9 @@ function(adjustment_panels_package name)
     write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake
         COMPATIBILITY SameMinorVersion)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}Config.cmake
-        ${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake DESTINATION ${destination})
+        ${CMAKE_CURRENT_BINARY_DIR}/${name}ConfigVersion.cmake DESTINATION ${destination} COMPONENT dev)
     foreach(export_set IN LISTS ARGN)
-        install(EXPORT ${export_set} NAMESPACE AdjustmentPanels:: DESTINATION ${destination})
+        install(EXPORT ${export_set} NAMESPACE AdjustmentPanels:: DESTINATION ${destination} COMPONENT dev)
     endforeach()
 endfunction()
 
@@ -40,4 +40,11 @@ elseif(ADJUSTMENT_PANELS_HAS_HOST)
     adjustment_panels_package(AdjustmentPanelsHost AdjustmentPanelsImagingTargets AdjustmentPanelsHostTargets)
 endif()
 
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# The licence is a component of its own, because distributions have it in a form of theirs.
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT license)
+if(NOT ADJUSTMENT_PANELS_SUFFIX) # else those for Qt 5 may stand beside these
+    install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
+    install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc
+        FILES_MATCHING REGEX "\\.(md|png|jpg)$" PATTERN make EXCLUDE)
+    install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
+endif()

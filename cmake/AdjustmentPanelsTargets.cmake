@@ -32,19 +32,25 @@ endif()
 
 # adjustment_panels_library(<name> EXPORT_SET <set> SOURCES <file>... HEADERS <file>...
 #                           PUBLIC <target>... [PRIVATE <target>...]
-#                           [INCLUDE <folder>...] [FORMS <folder>] [OUTPUT_NAME <file name>])
+#                           [INCLUDE <folder>...] [FORMS <folder>] [OUTPUT_NAME <file name>]
+#                           [COMPONENT <component>])
 #
 # A library with the target AdjustmentPanels::<name>, the file name AdjustmentPanels<name>, its own export header (<name in
 # lower case>_export.h), moc, hidden visibility. HEADERS are installed and then included by their plain names.
 # INCLUDE: folders besides its own whose headers are included by their plain names within this build.
 # FORMS: where the forms lie that its sources include; without it, uic is not run.
+# COMPONENT: the part of the installation that the shared library belongs to, core or panels (the default); all else of it
+# belongs to dev.
 #
 # Everything links to AdjustmentPanels::<name>: plain names would collide with those of a project around this one.
 function(adjustment_panels_library name)
-    cmake_parse_arguments(ARG "" "EXPORT_SET;FORMS;OUTPUT_NAME" "SOURCES;HEADERS;PUBLIC;PRIVATE;INCLUDE" ${ARGN})
+    cmake_parse_arguments(ARG "" "EXPORT_SET;FORMS;OUTPUT_NAME;COMPONENT" "SOURCES;HEADERS;PUBLIC;PRIVATE;INCLUDE" ${ARGN})
     set(target AdjustmentPanels${name})
     if(NOT ARG_OUTPUT_NAME)
         set(ARG_OUTPUT_NAME ${target})
+    endif()
+    if(NOT ARG_COMPONENT)
+        set(ARG_COMPONENT panels)
     endif()
     add_library(${target} ${ARG_SOURCES} ${ARG_HEADERS})
     add_library(AdjustmentPanels::${name} ALIAS ${target})
@@ -77,6 +83,10 @@ function(adjustment_panels_library name)
     target_compile_features(${target} PUBLIC cxx_std_17)
     target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:adjustment_panels_settings>)
 
+    list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ REGEX "^[^/]")
+    set_property(GLOBAL APPEND PROPERTY ADJUSTMENT_PANELS_HEADERS ${ARG_HEADERS})
+    set_property(GLOBAL APPEND PROPERTY ADJUSTMENT_PANELS_LIBRARIES ${target})
+
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "STATIC_LIBRARY")
         target_compile_definitions(${target} PUBLIC ${upper}_STATIC_DEFINE)
@@ -100,10 +110,11 @@ function(adjustment_panels_library name)
 
     if(ADJUSTMENT_PANELS_INSTALL)
         install(TARGETS ${target} EXPORT ${ARG_EXPORT_SET}
-            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-        install(FILES ${ARG_HEADERS} ${export_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels)
+            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${ARG_COMPONENT} NAMELINK_COMPONENT dev
+            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT ${ARG_COMPONENT})
+        install(FILES ${ARG_HEADERS} ${export_header}
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels COMPONENT dev)
         adjustment_panels_pkgconfig(${ARG_OUTPUT_NAME}
             TYPE ${type} STATIC_DEFINE ${upper}_STATIC_DEFINE PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
     endif()
@@ -149,7 +160,8 @@ function(adjustment_panels_pkgconfig name)
         string(APPEND text "\nLibs: -L\${prefix}/${CMAKE_INSTALL_LIBDIR} -l${name}\n")
     endif()
     file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc CONTENT "${text}" @ONLY)
-    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 endfunction()
 
 # adjustment_panels_kernels(<file>...)

@@ -181,7 +181,8 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    m_pSession = new HBPanelSession(entry, m_pView, this);
+    m_pSession = new HBPanelSession(entry, this);
+    m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
     connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
     connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
@@ -209,7 +210,8 @@ void HBEditorWindow::HandOverSource()
     if (!m_pSession)
         return;
     try {
-        m_pSession->SetSource(m_Document.Image(), m_pSelection->Selection());
+        const HBSelection selection = m_pSelection->Selection();
+        m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
     }

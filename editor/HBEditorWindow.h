@@ -3,7 +3,8 @@
 #pragma once
 
 #include "HBDocument.h"
-#include "HBPanelSession.h"
+
+#include <HBPanelSession.h>
 
 #include <QMainWindow>
 #include <QPointer>

@@ -28,14 +28,22 @@ bool Fail(const QString& text)
     return false;
 }
 
+/// Of the values that the panel has now; also if they cannot be drawn, which the message bar says then.
 bool WaitForPreview(const HBPanelSession* session)
 {
     QEventLoop loop;
-    bool ready = false;
-    QObject::connect(session, &HBPanelSession::PreviewReady, &loop, [&] {
+    bool ready = session->IsUpToDate();
+    const auto end = [&] {
         ready = true;
         loop.quit();
+    };
+    QObject::connect(session, &HBPanelSession::PreviewReady, &loop, [&] {
+        if (session->IsUpToDate())
+            end();
     });
+    QObject::connect(session, &HBPanelSession::Troubled, &loop, end);
+    if (ready)
+        return true;
     QTimer::singleShot(PatienceMilliseconds, &loop, &QEventLoop::quit);
     loop.exec();
     return ready;
@@ -61,9 +69,8 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
     for (const HBRecipeStep& step : qAsConst(recipe.steps)) {
         if (step.panel != name)
             continue;
-        if (!entry->restore(*session->Panel(), step.values, &error))
+        if (!session->SetStep(step, &error))
             return Fail(options.recipe + ": " + error);
-        session->SetSource(window->Document().Image(), {});
         break;
     }
     return WaitForPreview(session) || Fail(HBEditorWindow::tr("The panel gives no result."));

@@ -5,15 +5,14 @@
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
 
-#include <HBMdiArea.h>
+#include <HBPanelSetup.h>
 #include <HBTranslation.h>
 #include <KMApplication.h>
-#include <KMPixelRatioRound.h>
-#include <KMTheme.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QStringList>
 #include <QTimer>
 
@@ -82,6 +81,15 @@ void Name()
     QCoreApplication::setOrganizationName("AdjustmentPanels");
     QCoreApplication::setApplicationName("panel-editor");
     QCoreApplication::setApplicationVersion(PANEL_EDITOR_VERSION);
+    QGuiApplication::setDesktopFileName("org.adjustmentpanels.editor"); // by which Wayland finds the icon
+}
+
+QIcon Icon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128})
+        icon.addFile(QString(":/icons/%1.png").arg(size));
+    return icon;
 }
 
 /// --help and --version need no screen.
@@ -111,19 +119,19 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     HBInstallTranslations();
+    QApplication::setWindowIcon(Icon());
     Options options;
     if (!Parse(application.arguments(), &options))
         return 2;
 
-    KMTheme::Install();
-    KMPixelRatioRound::SetPixelRatio(1.0); // the view's scene counts in pixels of the photo
     KMApplication::SetTileMemory(0);
+    KMApplication::KeepPathOpen();
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);
     HBShowTileWarnings(window.MessageBar());
     if (options.dark)
         window.Actions()->dark->setChecked(true);
-    HBMdiArea::SetMainWindow(&window);
+    HBSetUpPanels(&window);
     if (screenshot) {
         if (!options.photo.isEmpty())
             window.Open(options.photo);

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QReadWriteLock>
 #include <QRect>
+#include <QTimer>
 #include <QVector>
 
 #include <memory>
@@ -189,6 +190,8 @@ private:
     void ReleaseWatcher();
     void FinishWaiting();
     void KillTimer(int& id);
+    void DeliverProgress();
+    bool TellProgress();
     void PutButtonsLastInTabOrder();
 
 private Q_SLOTS:
@@ -212,6 +215,7 @@ private:
     quint64 m_ChangesDone = 0;
     bool m_Processing = false;
     QFutureWatcher<HBImage<>>* m_pWatcher = nullptr;
+    QTimer m_ProgressPause; ///< no more progress is told until it ends, but for a job's last
     int m_ProgressTimer = -1;
     int m_DataChangedTimer = -1;
     int m_WaitTimer = -1;

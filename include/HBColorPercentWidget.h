@@ -18,6 +18,7 @@ class HBColorPercentWidget : public HBAdjustmentWidget
 {
 public:
     using Params = Record;
+    /// What the job works with.
     struct ColorizeData : HBJobData
     {
         Params params;

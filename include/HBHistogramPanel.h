@@ -8,6 +8,8 @@
 #include <HBSharedImage.h>
 #include <HistogramWidget.h>
 
+#include <QBrush>
+
 /// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing.
 /// GUI thread.
 class PANELS_EXPORT HBHistogramPanel
@@ -31,6 +33,9 @@ protected:
     /// Once, before anything else.
     void SetHistogram(HistogramWidget* view) { m_pHistogram = view; }
     void ShowSource(const HBImage<>& source);
+
+    /// The strip beside an axis of levels: black at the left or at the bottom, white at the other end.
+    static QBrush LevelStrip(Qt::Orientation orientation);
 
 private:
     HistogramWidget* m_pHistogram = nullptr;

@@ -11,11 +11,15 @@
 #include <QReadWriteLock>
 
 #include <atomic>
+#include <deque>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <optional>
 
 /// What a panel and its job share while the job runs: nothing else that a job uses is the panel's. The panel sets
-/// `newData`, the job tells its progress.
+/// `newData`, the job tells its progress. That waits here until the panel takes it: an event for each of thousands
+/// of tiles would keep a core busy.
 class PANELS_EXPORT HBPanelJobControl : public QObject, public HBJobControl
 {
     Q_OBJECT
@@ -28,10 +32,28 @@ public:
     bool newData = false;            ///< under the guard; true: the result is no longer wanted
     std::atomic<bool> failed{false}; ///< the job's picture is not whole
 
+    /// A step of the progress: a new range, or a value of the last one.
+    struct Progress
+    {
+        bool isRange;
+        int first; ///< the value, or the minimum
+        int maximum;
+    };
+    /// The oldest progress that nobody has taken. Any thread.
+    std::optional<Progress> TakeProgress();
+    /// The next progress is told by a signal again. False, without effect, if there is some to take.
+    bool WaitForProgress();
+
 Q_SIGNALS:
-    // From the job's threads: connect them queued.
-    void RangeChanged(int minimum, int maximum);
-    void ProgressChanged(int value);
+    /// There is progress to take, the first since WaitForProgress. From the job's threads: connect it queued.
+    void ProgressTold();
+
+private:
+    void Tell(const Progress& progress);
+
+    std::mutex m_Mutex;
+    std::deque<Progress> m_Told;
+    bool m_Waiting = true; ///< for the first one
 };
 
 /// The head of every panel's job record: what to adjust, and where. A job owns copies of all it touches.

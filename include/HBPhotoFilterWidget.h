@@ -18,6 +18,7 @@ class PANELS_EXPORT HBPhotoFilterWidget : public HBAdjustmentWidget
     Q_OBJECT
 public:
     using Params = HBPhotoFilterParams;
+    /// What the job works with.
     struct PhotoFilterData : HBJobData
     {
         Params params;

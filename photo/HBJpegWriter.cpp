@@ -2,45 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "HBJpegWriter.h"
 
+#include "HBJpegErrors.h"
+#include "HBPictureRows.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <csetjmp>
-#include <cstdio> // before jpeglib.h, which does not include it
 #include <cstdlib>
-#include <jpeglib.h>
 
 namespace
 {
 
 /// From here on, colours cost more by being too coarse than by being stored whole.
 constexpr int FullColorQuality = 90;
-
-/// libjpeg's way out of an error. What it jumps over must have no destructors.
-struct ErrorExit
-{
-    jpeg_error_mgr manager;
-    std::jmp_buf jump;
-    char text[JMSG_LENGTH_MAX];
-};
-
-[[noreturn]] void OnError(j_common_ptr codec)
-{
-    auto* exit = reinterpret_cast<ErrorExit*>(codec->err);
-    exit->manager.format_message(codec, exit->text);
-    std::longjmp(exit->jump, 1);
-}
-
-void DropMessage(j_common_ptr) {}
-
-jpeg_error_mgr* Prepare(ErrorExit* exit)
-{
-    jpeg_std_error(&exit->manager);
-    exit->manager.error_exit = OnError;
-    exit->manager.output_message = DropMessage;
-    exit->text[0] = '\0';
-    return &exit->manager;
-}
 
 /// Tables, component by component, and the sampling factors.
 void SetCoding(jpeg_compress_struct* codec, const HBJpegCoding& coding)
@@ -73,50 +47,90 @@ void SetQuality(jpeg_compress_struct* codec, int quality)
     }
 }
 
-/// \param buffer to be freed, also after a failure
-bool Compress(const QImage& pixels, const HBJpegCoding& coding, int quality, unsigned char** buffer,
-              unsigned long* size, ErrorExit* exit)
+/// An encoder that is freed, with what it made, however its use ends.
+class Encoder
 {
-    jpeg_compress_struct codec;
-    codec.err = Prepare(exit);
-    if (setjmp(exit->jump)) {
-        jpeg_destroy_compress(&codec);
+public:
+    Encoder() : m_Codec() { m_Codec.err = errors.Manager(); }
+    ~Encoder()
+    {
+        jpeg_destroy_compress(&m_Codec);
+        std::free(m_Buffer);
+    }
+    Q_DISABLE_COPY(Encoder)
+
+    bool Start(const HBPictureRows& rows, const HBJpegCoding& coding, int quality)
+    {
+        if (setjmp(errors.Jump()))
+            return false;
+        jpeg_create_compress(&m_Codec);
+        jpeg_mem_dest(&m_Codec, &m_Buffer, &m_Size);
+        m_Codec.image_width = JDIMENSION(rows.Width());
+        m_Codec.image_height = JDIMENSION(rows.Height());
+        const bool grey = rows.Format() == QImage::Format_Grayscale8;
+        m_Codec.input_components = grey ? 1 : 4;
+        m_Codec.in_color_space = grey                              ? JCS_GRAYSCALE
+                                 : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX
+                                                                   : JCS_EXT_XRGB;
+        jpeg_set_defaults(&m_Codec);
+        if (coding.CanBeWritten()) {
+            if (!grey)
+                jpeg_set_colorspace(&m_Codec, coding.isRgb ? JCS_RGB : JCS_YCbCr);
+            SetCoding(&m_Codec, coding);
+        } else {
+            SetQuality(&m_Codec, quality);
+        }
+        constexpr double metresPerInch = 0.0254;
+        m_Codec.density_unit = 1; // per inch
+        m_Codec.X_density = UINT16(qBound(1, qRound(rows.DotsPerMetreX() * metresPerInch), 0xffff));
+        m_Codec.Y_density = UINT16(qBound(1, qRound(rows.DotsPerMetreY() * metresPerInch), 0xffff));
+        jpeg_start_compress(&m_Codec, TRUE);
+        return true;
+    }
+
+    bool WriteRow(const uchar* row)
+    {
+        if (setjmp(errors.Jump()))
+            return false;
+        auto* line = const_cast<JSAMPROW>(row);
+        return jpeg_write_scanlines(&m_Codec, &line, 1) == 1;
+    }
+
+    bool Finish()
+    {
+        if (setjmp(errors.Jump()))
+            return false;
+        jpeg_finish_compress(&m_Codec);
+        return true;
+    }
+
+    const char* Bytes() const { return reinterpret_cast<const char*>(m_Buffer); }
+    unsigned long Size() const { return m_Size; }
+
+    HBJpegErrors errors;
+
+private:
+    jpeg_compress_struct m_Codec;
+    unsigned char* m_Buffer = nullptr;
+    unsigned long m_Size = 0;
+};
+
+bool WriteAll(Encoder* encoder, HBPictureRows& rows, const HBJpegCoding& coding, int quality)
+{
+    if (!encoder->Start(rows, coding, quality))
         return false;
+    for (int y = 0; y < rows.Height(); ++y) {
+        if (!encoder->WriteRow(rows.Row(y)))
+            return false;
     }
-    jpeg_create_compress(&codec);
-    jpeg_mem_dest(&codec, buffer, size);
-    codec.image_width = JDIMENSION(pixels.width());
-    codec.image_height = JDIMENSION(pixels.height());
-    const bool grey = pixels.format() == QImage::Format_Grayscale8;
-    codec.input_components = grey ? 1 : 4;
-    codec.in_color_space = grey ? JCS_GRAYSCALE : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
-    jpeg_set_defaults(&codec);
-    if (coding.CanBeWritten()) {
-        if (!grey)
-            jpeg_set_colorspace(&codec, coding.isRgb ? JCS_RGB : JCS_YCbCr);
-        SetCoding(&codec, coding);
-    } else {
-        SetQuality(&codec, quality);
-    }
-    constexpr double metresPerInch = 0.0254;
-    codec.density_unit = 1; // per inch
-    codec.X_density = UINT16(qBound(1, qRound(pixels.dotsPerMeterX() * metresPerInch), 0xffff));
-    codec.Y_density = UINT16(qBound(1, qRound(pixels.dotsPerMeterY() * metresPerInch), 0xffff));
-    jpeg_start_compress(&codec, TRUE);
-    while (codec.next_scanline < codec.image_height) {
-        auto* line = const_cast<JSAMPROW>(pixels.constScanLine(int(codec.next_scanline)));
-        jpeg_write_scanlines(&codec, &line, 1);
-    }
-    jpeg_finish_compress(&codec);
-    jpeg_destroy_compress(&codec);
-    return true;
+    return encoder->Finish();
 }
 
 /// The head up to the first scan. The decoder stays usable after a failure.
-bool ReadHead(jpeg_decompress_struct* codec, const QByteArray& file, ErrorExit* exit)
+bool ReadHead(jpeg_decompress_struct* codec, const QByteArray& file, HBJpegErrors* errors)
 {
-    codec->err = Prepare(exit);
-    if (setjmp(exit->jump))
+    codec->err = errors->Manager();
+    if (setjmp(errors->Jump()))
         return false;
     jpeg_create_decompress(codec);
     jpeg_mem_src(codec, reinterpret_cast<const unsigned char*>(file.constData()),
@@ -147,9 +161,9 @@ bool CanFactorsBeWritten(const QVector<HBJpegCoding::Component>& components)
 HBJpegCoding HBReadJpegCoding(const QByteArray& file)
 {
     HBJpegCoding coding;
-    ErrorExit exit;
+    HBJpegErrors errors;
     jpeg_decompress_struct codec = {};
-    if (ReadHead(&codec, file, &exit)) {
+    if (ReadHead(&codec, file, &errors)) {
         coding.isRgb = codec.jpeg_color_space == JCS_RGB;
         coding.isProgressive = codec.progressive_mode;
         std::array<int, NUM_QUANT_TBLS> places;
@@ -182,20 +196,21 @@ HBJpegCoding HBReadJpegCoding(const QByteArray& file)
     return coding;
 }
 
-bool HBWriteJpeg(const QImage& pixels, const HBJpegCoding& coding, int quality, QByteArray* bytes, QString* reason)
+bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, int quality, QByteArray* bytes, QString* reason)
 {
-    const bool grey = coding.components.size() == 1 && pixels.allGray();
-    const QImage source = grey ? pixels.convertToFormat(QImage::Format_Grayscale8) : pixels;
-    unsigned char* buffer = nullptr;
-    unsigned long size = 0;
-    ErrorExit exit;
-    const bool written = Compress(source, coding, quality, &buffer, &size, &exit);
+    if (coding.components.size() == 1 && rows.IsGrey())
+        rows.MakeGrey();
+    Encoder encoder;
+    if (!WriteAll(&encoder, rows, coding, quality)) {
+        encoder.errors.ThrowIfOutOfMemory();
+        *reason = QString::fromLatin1(encoder.errors.Error());
+        return false;
+    }
     constexpr unsigned long largest = 0x7fff0000; // that a QByteArray can hold
-    if (written && size <= largest)
-        *bytes = QByteArray(reinterpret_cast<const char*>(buffer), int(size));
-    else
-        *reason = written ? QCoreApplication::translate("HBPhotoFile", "the file is too large")
-                          : QString::fromLatin1(exit.text);
-    std::free(buffer);
-    return written && size <= largest;
+    if (encoder.Size() > largest) {
+        *reason = QCoreApplication::translate("HBPhotoFile", "the file is too large");
+        return false;
+    }
+    *bytes = QByteArray(encoder.Bytes(), int(encoder.Size()));
+    return true;
 }

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <QByteArray>
-#include <QImage>
 #include <QString>
 #include <QVector>
 
 #include <array>
+
+class HBPictureRows;
 
 /// What decides how good a JPEG's pixels are, and how large its file. Empty if the file is none.
 struct HBJpegCoding
@@ -35,9 +36,8 @@ struct HBJpegCoding
 
 HBJpegCoding HBReadJpegCoding(const QByteArray& file);
 
-/// Writes RGB32 or Grayscale8 pixels and their resolution; no metadata.
+/// Writes the pixels, which must have no alpha, and their resolution; no metadata.
 /// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, `quality`
 ///        holds
 /// \param quality 0..100 as libjpeg counts; from 90 on, colours are stored in full size
-bool HBWriteJpeg(const QImage& pixels, const HBJpegCoding& coding, int quality, QByteArray* bytes,
-                 QString* reason);
+bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, int quality, QByteArray* bytes, QString* reason);

@@ -4,6 +4,8 @@
 
 #include "HBFileNumbers.h"
 
+#include <cstring>
+
 namespace
 {
 
@@ -105,7 +107,12 @@ int HBJpegEnd(const QByteArray& file)
     const Numbers numbers(file, true);
     bool hasPixels = false;
     int position = 2;
-    while ((position = file.indexOf('\xff', position)) >= 0 && position + 1 < file.size()) {
+    const auto nextMarker = [&file](int from) { // QByteArray::indexOf() looks at one byte after the other
+        const void* found =
+            from < file.size() ? std::memchr(file.constData() + from, 0xff, size_t(file.size() - from)) : nullptr;
+        return found ? int(static_cast<const char*>(found) - file.constData()) : -1;
+    };
+    while ((position = nextMarker(position)) >= 0 && position + 1 < file.size()) {
         const int marker = quint8(file[position + 1]);
         const bool filler = marker == 0xff;
         const bool standsAlone = marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8); // also FF 00: data

@@ -18,7 +18,6 @@ struct HBPhoto
 {
     /// Upright pixels, with the file's metadata as elements, its ICC profile, and dots per metre as host values.
     HBImage<> image;
-    QByteArray format; ///< what the file is, whatever its name says: "jpeg", "png", "tiff" ...
     HBPhotoEncoding encoding;
     QStringList warnings; ///< what could not be read, though the picture could; to be shown after the file's name
 };
@@ -39,8 +38,12 @@ struct HBPhotoOptions
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
 /// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is
-/// too large for this machine before memory is taken for it. On failure `photo` is left alone.
-bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error);
+/// too large for this machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF
+/// of the usual kinds are decoded straight into the image's tiles; others are in memory twice while that is done.
+/// \param isWanted asked now and then, on this thread, while the usual kinds are decoded; false: the reading
+///        fails. May be null. Must not throw
+bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error,
+                 const std::function<bool()>& isWanted = nullptr);
 
 /// The size that the file's head tells, before it is turned upright; not valid if it tells none.
 QSize HBPhotoSize(const QString& path);

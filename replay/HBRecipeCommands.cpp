@@ -4,8 +4,8 @@
 
 #include "HBFileNames.h"
 #include "HBJsonLine.h"
+#include "HBRecipeCost.h"
 #include "HBRecipeText.h"
-#include "HBReplayBounds.h"
 #include "HBReplayExit.h"
 #include "HBReplayLog.h"
 
@@ -84,7 +84,7 @@ int HBExplainRecipe(const HBReplayOptions& options)
         for (const QString& value : step.values)
             Print("   " + value);
     }
-    const double seconds = HBEstimateSeconds(recipe, PixelsOfEstimate);
+    const double seconds = HBRecipeCost(recipe).Seconds(PixelsOfEstimate);
     if (options.IsSet("json")) {
         Print(QJsonObject{{"type", "summary"}, {"steps", steps.size()}, {"secondsFor12Megapixels", seconds}});
     } else {

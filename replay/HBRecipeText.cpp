@@ -187,7 +187,7 @@ QJsonObject ValuesSchema(const HBAdjustment& adjustment)
     QJsonObject properties;
     QJsonArray keys;
     for (const HBFieldInfo& field : adjustment.fields) {
-        properties.insert(field.key, FieldSchema(field, field.get(adjustment.data(adjustment.defaults))));
+        properties.insert(field.key, FieldSchema(field, field.get(adjustment.data(adjustment.defaults()))));
         keys.append(field.key);
     }
     return {{"title", adjustment.Title()}, {"type", "object"}, {"properties", properties}, {"required", keys}};

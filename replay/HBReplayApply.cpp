@@ -42,6 +42,7 @@ struct Request
     HBReplayWork work;
     HBInputChoice choice;
     HBShard shard;
+    QByteArray recipeHash; ///< of what the recipe's result depends on
     bool dryRun = false;
     bool resume = false;
     bool json = false;
@@ -58,7 +59,6 @@ bool ReadBounds(const HBReplayOptions& options, HBReplayWork* work, QString* pro
         !options.Number("max-megapixels", 0.01, 1e6, &work->bounds.megapixels, problem) ||
         !options.Bytes("memory", &work->bounds.memory, problem))
         return false;
-    work->atOnce = options.IsSet("jobs") ? work->jobs : work->jobs + 1; // one may wait for the disk
     if (options.IsSet("memory"))
         tiles.SetMemoryBudget(work->bounds.memory);
     QThreadPool::globalInstance()->setMaxThreadCount(work->jobs);
@@ -115,6 +115,8 @@ bool ReadRequest(const HBReplayOptions& options, Request* request, QString* prob
     request->target.recipe = QFileInfo(recipe).completeBaseName();
     if (!HBRecipe::Load(recipe, &work.recipe, problem))
         return false;
+    work.cost = HBRecipeCost(work.recipe);
+    request->recipeHash = HBHashOfRecipe(work.recipe);
     request->choice = {options.Arguments().mid(1), options.Value("files-from"), options.IsSet("null"),
                        options.IsSet("recursive"), options.Value("base"),       options.Values("include"),
                        options.Values("exclude"),  request->target.folder};
@@ -131,7 +133,7 @@ QByteArray JobHash(const Request& request)
     const HBReplayTarget& target = request.target;
     const QStringList options{target.suffix, target.pattern, target.recipe,
                               QString::number(request.work.photo.quality)};
-    return HBHashOf(request.work.recipe.ToJson() + options.join('\n').toUtf8());
+    return HBHashOf(request.recipeHash + options.join('\n').toUtf8());
 }
 
 int ExitCode(const HBReplayReport& report)
@@ -177,27 +179,27 @@ void Work(const QVector<HBReplayTask>& tasks, const Request& request, HBReplayRe
     report->Summary(tasks.size(), HBIsInterrupted());
     if (!HBIsInterrupted())
         TellCounts(*report, request, tasks.size());
-    std::fflush(nullptr);
-    std::_Exit(ExitCode(*report)); // its threads may be decoding or encoding for seconds yet
+    std::_Exit(HBFinishOutput(ExitCode(*report))); // its threads may be decoding or encoding for seconds yet
 }
 
 int Run(Request& request, const QVector<HBReplayInput>& inputs)
 {
     HBReplayJournal journal(request.target.folder, request.shard, JobHash(request), request.resume);
     QString problem;
-    if (request.resume && !journal.Read(&problem)) {
+    QVector<HBReplayTask> tasks;
+    const bool writes = !request.dryRun && !request.work.verifies;
+    if (!HBPlanReplay(inputs, request.target,
+                      {request.shard, request.resume ? &journal : nullptr, request.work.verifies}, &tasks,
+                      &problem)) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    QVector<HBReplayTask> tasks = HBPlanReplay(
-        inputs, request.target, {request.shard, request.resume ? &journal : nullptr, request.work.verifies});
-    const bool writes = !request.dryRun && !request.work.verifies;
     if (!request.work.verifies && !HBPrepareFolders(request.target, !writes, &tasks, &problem)) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    HBReplayReport report(request.json, request.shard, HBHashOf(request.work.recipe.ToJson()),
-                          request.work.recipe.steps.size(), inputs.size());
+    HBReplayReport report(request.json, request.shard, request.recipeHash, request.work.recipe.steps.size(),
+                          inputs.size());
     const bool isRefused = request.work.failFast &&
                            std::any_of(tasks.cbegin(), tasks.cend(),
                                        [](const HBReplayTask& task) { return task.kind == HBReplayTask::Refuse; });

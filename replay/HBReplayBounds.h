@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <HBRecipe.h>
+#include "HBRecipeCost.h"
 
 #include <QSize>
 
@@ -19,9 +19,5 @@ struct HBReplayBounds
     /// \param size as the head of the file tells it; not valid: unknown
     /// \param fileBytes of the photo's file
     /// \param threads that adjust
-    QString Problem(const QSize& size, qint64 fileBytes, const HBRecipe& recipe, int threads) const;
+    QString Problem(const QSize& size, qint64 fileBytes, const HBRecipeCost& recipe, int threads) const;
 };
-
-/// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a factor of
-/// three or so, and rather too little. Reading and writing are not counted.
-double HBEstimateSeconds(const HBRecipe& recipe, qint64 pixels);

@@ -9,6 +9,8 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QPair>
+#include <QSet>
 
 #include <algorithm>
 #include <cstdio>
@@ -117,6 +119,19 @@ private:
     QVector<HBReplayInput>* m_pInputs;
 };
 
+/// A photo may be named by itself, and with its folder.
+void RemoveRepeated(QVector<HBReplayInput>* inputs)
+{
+    QSet<QPair<QString, QString>> seen;
+    seen.reserve(inputs->size());
+    const auto isRepeated = [&seen](const HBReplayInput& input) {
+        const int before = seen.size();
+        seen.insert({QDir::cleanPath(input.path), input.name});
+        return seen.size() == before;
+    };
+    inputs->erase(std::remove_if(inputs->begin(), inputs->end(), isRepeated), inputs->end());
+}
+
 } // namespace
 
 bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QString* problem)
@@ -146,6 +161,10 @@ bool HBFindInputs(const HBInputChoice& choice, QVector<HBReplayInput>* inputs, Q
     QStringList listed;
     if (!choice.listFile.isEmpty() && !HBReadList(choice.listFile, choice.endsWithNul, &listed, problem))
         return false;
-    return std::all_of(listed.begin(), listed.end(),
-                       [&](const QString& path) { return search.Add(path, true, problem); });
+    if (!std::all_of(listed.begin(), listed.end(),
+                     [&](const QString& path) { return search.Add(path, true, problem); }))
+        return false;
+    if (choice.paths.size() + listed.size() > 1)
+        RemoveRepeated(inputs);
+    return true;
 }

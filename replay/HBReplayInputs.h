@@ -26,8 +26,8 @@ struct HBInputChoice
     QString results; ///< folder of the results: what lies in it is no input of a folder around it
 };
 
-/// The photos: files in their order, those of a folder sorted by name. Files of a folder must have the suffix of a
-/// photo and are not hidden; links to folders are not followed. Files named need not be there.
+/// The photos, each once: files in their order, those of a folder sorted by name. Files of a folder must have the
+/// suffix of a photo and are not hidden; links to folders are not followed. Files named need not be there.
 bool HBFindInputs(const HBInputChoice& choice, QVector<HBReplayInput>* inputs, QString* problem);
 
 /// The names that a list file holds.

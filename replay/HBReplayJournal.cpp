@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayJournal.h"
 
+#include "HBInterrupt.h"
 #include "HBJsonLine.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -49,6 +51,16 @@ bool WriteAll(int file, const QByteArray& bytes)
         done += int(qMax(ssize_t(0), written));
     }
     return true;
+}
+
+/// Gets the names in it onto the disk.
+void SyncFolder(const QString& folder)
+{
+    const int file = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (file >= 0) {
+        ::fsync(file);
+        ::close(file);
+    }
 }
 
 } // namespace
@@ -94,7 +106,7 @@ bool HBReplayJournal::Read(QString* problem)
             *problem = file.fileName() + ": " + file.errorString();
             return false;
         }
-        while (!file.atEnd()) {
+        while (!file.atEnd() && !HBIsInterrupted()) {
             const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
             if (line.value("job").toString().toLatin1() != m_Job)
                 continue;
@@ -133,6 +145,8 @@ bool HBReplayJournal::Open(QString* reason)
         // A torn last line must not spoil the next one.
         if (end > 0 && ::pread(m_File, &last, 1, end - 1) == 1 && last != '\n')
             WriteAll(m_File, "\n");
+        if (end == 0)
+            SyncFolder(m_Folder); // a journal that is lost with the power would have photos adjusted twice
     }
     if (m_File < 0)
         *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
@@ -151,6 +165,7 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     if (!isNew)
         object.insert("result", QString::fromLatin1(HBHashOf(result)));
     const QByteArray line = HBJsonLine(object);
+    RemoveLeftovers(Absolute(output), result);
     {
         const std::lock_guard<std::mutex> lock(m_Mutex);
         if (!Open(reason))
@@ -168,33 +183,49 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
     return true;
 }
 
-/// A file is replaced by renaming one that is called as it, a dot and six letters. That may be anybody's, too:
-/// what goes is only what has the very bytes of the result.
-void HBReplayJournal::RemoveLeftovers() const
+/// A result becomes whole under another name, at least where it replaces a file, or the disk knows no files
+/// without a name, as network disks do: its own name, a dot and six letters. That may be anybody's, too: what goes
+/// is only what has the very bytes of the result, as many as there are.
+void HBReplayJournal::FindLeftovers()
 {
     constexpr int added = 7;
-    QHash<QString, const Line*> replaced;
+    QHash<QString, const Line*> lines;
     QSet<QString> folders;
-    for (const Line& line : m_Lines) {
-        if (line.hash.isEmpty())
-            continue;
+    for (const Line& line : qAsConst(m_Lines)) {
         const QString path = QDir::cleanPath(QDir(m_Folder).filePath(line.output));
-        replaced.insert(path, &line);
+        lines.insert(path, &line);
         folders.insert(QFileInfo(path).path());
     }
     for (const QString& folder : qAsConst(folders)) {
-        for (const QFileInfo& info : QDir(folder).entryInfoList({"*.??????"}, QDir::Files | QDir::Hidden)) {
-            const Line* line = replaced.value(info.filePath().chopped(added));
-            if (line && info.size() == line->bytes && HashOfFile(info.filePath()) == line->hash)
-                QFile::remove(info.filePath());
+        QDirIterator files(folder, QDir::Files | QDir::Hidden);
+        while (files.hasNext() && !HBIsInterrupted()) {
+            const QString path = files.next();
+            const Line* line = path.size() > added && path[path.size() - added] == '.'
+                                   ? lines.value(path.chopped(added))
+                                   : nullptr;
+            if (!line || files.fileInfo().size() > line->bytes)
+                continue;
+            if (!line->hash.isEmpty() && HashOfFile(path) == line->hash)
+                QFile::remove(path);
+            else
+                m_Leftovers[path.chopped(added)].append(path);
         }
+    }
+}
+
+void HBReplayJournal::RemoveLeftovers(const QString& output, const QByteArray& result) const
+{
+    for (const QString& path : m_Leftovers.value(output)) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly) && file.size() <= result.size() && result.startsWith(file.readAll()))
+            file.remove();
     }
 }
 
 void HBReplayJournal::Begin()
 {
     if (m_Continues)
-        RemoveLeftovers();
+        FindLeftovers();
     else
         QFile::resize(m_Path, 0); // false if there is none
 }

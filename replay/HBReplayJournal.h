@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <mutex>
 
@@ -58,8 +59,9 @@ public:
     bool Note(const QString& input, const HBFileState& state, const QString& output, bool isNew,
               const QByteArray& result, QString* reason);
 
-    /// Before the first photo: removes what a run that was killed has left beside results that it was about to
-    /// replace; or empties the journal of an earlier run, if its lines are not kept.
+    /// Before the first photo: looks for what a run that was killed has left beside results that it was about to
+    /// write, which goes before they are written; or empties the journal of an earlier run, if its lines are not
+    /// kept.
     void Begin();
     /// Nothing is left to go on with. A journal of files that were replaced stays: whoever cannot tell that the
     /// run has come to its end, and goes on with it, must not have them adjusted twice.
@@ -76,13 +78,15 @@ private:
     };
 
     bool Open(QString* reason);
-    void RemoveLeftovers() const;
+    void FindLeftovers();
+    void RemoveLeftovers(const QString& output, const QByteArray& result) const;
 
     const QString m_Folder;
     const QString m_Path;
     const QByteArray m_Job;
     const bool m_Continues;
-    QHash<QString, Line> m_Lines; ///< by the photo's absolute path; the last one of each
+    QHash<QString, Line> m_Lines;            ///< by the photo's absolute path; the last one of each
+    QHash<QString, QStringList> m_Leftovers; ///< by the result's absolute path; since Begin()
     std::mutex m_Mutex;
     int m_File = -1;
     bool m_HasReplaced = false;

@@ -3,7 +3,9 @@
 #include "HBReplayLog.h"
 
 #include "HBFileNames.h"
+#include "HBReplayExit.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -11,6 +13,11 @@
 
 namespace
 {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
 
 constexpr char ClearLine[] = "\r\x1b[K";
 
@@ -53,4 +60,12 @@ void HBPrintError(const QString& text)
     static const bool coloured = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
                                  qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
     Print((coloured ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n');
+}
+
+int HBFinishOutput(int code)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return code;
+    HBPrintError(Text::tr("standard output could not be written; what it holds is not whole"));
+    return code == HBAllDone ? HBFileFailed : code;
 }

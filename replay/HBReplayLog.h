@@ -26,3 +26,7 @@ private:
 /// "panel-replay: <text>" on standard error, as one line; on a terminal with its head in red, unless NO_COLOR is
 /// set.
 void HBPrintError(const QString& text);
+
+/// At the end of the program: what has been printed on standard output is with its reader, or the user is told.
+/// \return the exit code, which is then not 0
+int HBFinishOutput(int code);

@@ -39,12 +39,13 @@ public:
         bool isWhole = false;
         bool isReport = false;
         while (!file.atEnd()) {
-            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object(); // empty if it is torn
+            const QByteArray bytes = file.readLine();
+            const QJsonObject line = QJsonDocument::fromJson(bytes).object(); // empty if it is torn
             const QString type = line.value("type").toString();
             isWhole = type == "summary" && !line.value("interrupted").toBool();
             isReport |= type == "summary" || type == "file";
             if (type == "file")
-                AddFile(line);
+                AddFile(line, bytes);
             else if (type == "summary")
                 AddSummary(line);
         }
@@ -53,7 +54,7 @@ public:
             return false;
         }
         if (!isWhole)
-            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+            m_Torn.append(path);
         return true;
     }
 
@@ -72,12 +73,12 @@ public:
         int done = 0;
         bool differ = m_Recipes.size() > 1;
         for (auto entry = m_Files.begin(); entry != m_Files.end(); ++entry) {
-            std::fputs(HBJsonLine(entry->line).constData(), stdout);
+            std::fputs(entry->line.trimmed().append('\n').constData(), stdout);
             m_Expected.remove(entry.key());
             if (entry->isDone)
                 ++done;
             else
-                Tell(entry.key(), entry->line.value("error").toString(), &failed);
+                Tell(entry.key(), entry->error, &failed);
             if (entry->times > 1)
                 Tell(entry.key(),
                      entry->differs ? Text::tr("done twice, and not the same") : Text::tr("done twice"), &twice);
@@ -93,7 +94,12 @@ public:
             HBPrintError(Text::tr("%1 of %2 photos are in no report; name them with --files-from")
                              .arg(unnamed)
                              .arg(m_Inputs));
-        const QJsonArray shards = MissingShards();
+        // A share that was cut short and has come to its end since is no news.
+        const bool ended = HaveAllEnded();
+        for (const QString& path : ended ? QStringList() : m_Torn)
+            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+        const QJsonArray shards = ended ? QJsonArray() : MissingShards();
+        const bool whole = ended && failed.isEmpty() && missing.isEmpty() && unnamed == 0 && !differ;
         std::fputs(HBJsonLine({{"type", "summary"},
                                {"done", done},
                                {"failed", failed.size()},
@@ -101,36 +107,40 @@ public:
                                {"missingUnnamed", unnamed},
                                {"missingShards", shards},
                                {"twice", twice},
-                               {"differ", differ}})
+                               {"differ", differ},
+                               {"whole", whole}})
                        .constData(),
                    stdout);
-        const bool whole = failed.isEmpty() && missing.isEmpty() && unnamed == 0 && shards.isEmpty() && !differ;
         return whole ? HBAllDone : HBFileFailed;
     }
 
 private:
     struct Entry
     {
-        QJsonObject line;
+        QByteArray line; ///< as it was read: of a million, objects would take gigabytes
+        QByteArray result;
+        QString error;
         bool isDone = false;
         int times = 0; ///< that it was done
         bool differs = false;
     };
 
-    void AddFile(const QJsonObject& line)
+    void AddFile(const QJsonObject& line, const QByteArray& bytes)
     {
         Entry& entry = m_Files[QDir::cleanPath(line.value("input").toString())];
         const QString status = line.value("status").toString();
         m_Recipes.insert(line.value("recipe").toString());
-        if (status == "done") {
-            if (entry.times++ > 0 && entry.line.value("result") != line.value("result"))
-                entry.differs = true;
-            entry.line = line;
-            entry.isDone = true;
-        } else if (!entry.isDone) {
-            entry.isDone = status == "skipped"; // its result is there, from a run whose report may be lost
-            entry.line = line;
+        const bool isDone = status == "done";
+        if (!isDone && entry.isDone)
+            return;
+        if (isDone) {
+            const QByteArray result = line.value("result").toString().toLatin1();
+            entry.differs |= entry.times++ > 0 && entry.result != result;
+            entry.result = result;
         }
+        entry.isDone = isDone || status == "skipped"; // its result is there, from a run whose report may be lost
+        entry.error = entry.isDone ? QString() : line.value("error").toString();
+        entry.line = bytes;
     }
 
     void AddSummary(const QJsonObject& line)
@@ -139,6 +149,16 @@ private:
         const QStringList shard = line.value("shard").toString().split('/');
         if (shard.size() == 2 && !line.value("interrupted").toBool())
             m_Shards[shard[1].toInt()].insert(shard[0].toInt());
+    }
+
+    /// Of one number of shares; others may be of runs that were given up.
+    bool HaveAllEnded() const
+    {
+        for (auto shards = m_Shards.begin(); shards != m_Shards.end(); ++shards) {
+            if (shards->size() == shards.key())
+                return true;
+        }
+        return false;
     }
 
     QJsonArray MissingShards() const
@@ -166,6 +186,7 @@ private:
     QSet<QString> m_Expected;
     QSet<QString> m_Recipes;
     QMap<int, QSet<int>> m_Shards; ///< by their count, those that came to their end
+    QStringList m_Torn;            ///< reports without an end
     int m_Inputs = 0;
 };
 

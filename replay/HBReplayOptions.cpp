@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayOptions.h"
 
+#include "HBReplayExit.h"
+
 #include <QCoreApplication>
 
 #include <climits>
@@ -145,8 +147,43 @@ const std::vector<HBReplayCommand>& HBReplayCommands()
          INT_MAX,
          {{"merge part-*.jsonl --files-from list.txt > report.jsonl",
            QT_TRANSLATE_NOOP("PanelReplay", "files of the list that no report says done are missing")}}},
+        {"help",
+         "[COMMAND]",
+         QT_TRANSLATE_NOOP("PanelReplay",
+                           "Show help, also of a command; or print the manual page, or a shell's completion."),
+         0,
+         1,
+         {{"help apply", QT_TRANSLATE_NOOP("PanelReplay", "the same as panel-replay apply --help")},
+          {"help --man | man -l -", QT_TRANSLATE_NOOP("PanelReplay", "all of it on one page")},
+          {"help --completion bash > ~/.local/share/bash-completion/completions/panel-replay",
+           QT_TRANSLATE_NOOP("PanelReplay", "Tab completes commands, options and values; an installed "
+                                            "panel-replay has brought it already")}}},
     };
     return commands;
+}
+
+const HBReplayCommand* HBFindReplayCommand(const QString& name)
+{
+    for (const HBReplayCommand& command : HBReplayCommands()) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
+const std::vector<HBReplayExitText>& HBReplayExitTexts()
+{
+    static const std::vector<HBReplayExitText> texts{
+        {HBAllDone, QT_TRANSLATE_NOOP("PanelReplay", "All is done.")},
+        {HBFileFailed,
+         QT_TRANSLATE_NOOP("PanelReplay", "A file failed; of diff: the recipes differ; of merge: photos are "
+                                          "missing.")},
+        {HBBadUsage, QT_TRANSLATE_NOOP("PanelReplay", "Wrong usage, or a bad recipe; nothing was written.")},
+        {HBNothingMatched, QT_TRANSLATE_NOOP("PanelReplay", "No file matched.")},
+        {HBWasInterrupted,
+         QT_TRANSLATE_NOOP("PanelReplay", "Interrupted by Ctrl-C or SIGTERM; results are whole.")},
+    };
+    return texts;
 }
 
 const std::vector<HBReplayOption>& HBReplayOptionTable()
@@ -189,9 +226,10 @@ const std::vector<HBReplayOption>& HBReplayOptionTable()
              "PanelReplay",
              "Take only such files; may be given several times. With a / it is compared with the path below the "
              "folder, else with the name; case does not matter."),
-         Photos, nullptr},
+         Photos, nullptr, true},
         {"exclude", 0, "GLOB",
-         QT_TRANSLATE_NOOP("PanelReplay", "Leave such files out; may be given several times."), Photos, nullptr},
+         QT_TRANSLATE_NOOP("PanelReplay", "Leave such files out; may be given several times."), Photos, nullptr,
+         true},
         {"on-conflict", 0, "POLICY",
          QT_TRANSLATE_NOOP(
              "PanelReplay",
@@ -234,6 +272,9 @@ const std::vector<HBReplayOption>& HBReplayOptionTable()
          Photos, nullptr},
         {"json", 0, nullptr, QT_TRANSLATE_NOOP("PanelReplay", "Print JSON: a line for each file and one for all."),
          "apply verify list explain", nullptr},
+        {"man", 0, nullptr, QT_TRANSLATE_NOOP("PanelReplay", "Print the manual page, for man."), "help", nullptr},
+        {"completion", 0, "SHELL", QT_TRANSLATE_NOOP("PanelReplay", "Print the completion of a shell."), "help",
+         "bash zsh fish"},
         {"help", 'h', nullptr, QT_TRANSLATE_NOOP("PanelReplay", "Show help, also of a command."), "", nullptr},
         {"version", 'v', nullptr, QT_TRANSLATE_NOOP("PanelReplay", "Show the version."), "", nullptr},
     };
@@ -269,10 +310,15 @@ QString HBReplayHelp(const HBReplayCommand* command)
             help += Row(QLatin1String(each.name), HBReplayText(each.text));
         help += '\n' + Text::tr("Options:") + '\n' + OptionRows("");
     }
-    return help + '\n' +
-           Text::tr("Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe, 3 no file matched, "
-                    "130 interrupted.") +
-           '\n';
+    help += '\n' + Text::tr("Exit codes:") + '\n';
+    for (const HBReplayExitText& exit : HBReplayExitTexts())
+        help += Row(QString::number(exit.code), HBReplayText(exit.text));
+    return help;
+}
+
+QString HBNoSuchCommand(const QString& name)
+{
+    return Text::tr("there is no command \"%1\"; try panel-replay --help").arg(name);
 }
 
 HBReplayOptions::HBReplayOptions()
@@ -295,12 +341,9 @@ bool HBReplayOptions::Parse(const QStringList& arguments, QString* problem)
     if (m_Arguments.isEmpty())
         return true;
     const QString name = m_Arguments.takeFirst();
-    for (const HBReplayCommand& command : HBReplayCommands()) {
-        if (name == QLatin1String(command.name))
-            m_pCommand = &command;
-    }
+    m_pCommand = HBFindReplayCommand(name);
     if (!m_pCommand)
-        *problem = Text::tr("there is no command \"%1\"; try panel-replay --help").arg(name);
+        *problem = HBNoSuchCommand(name);
     return m_pCommand != nullptr;
 }
 

@@ -8,8 +8,8 @@
 
 #include <vector>
 
-// What the command line understands, as data: the parser and --help are made from it, and so can a manual page and
-// a shell's completion be. Texts are untranslated here; HBReplayText() translates them.
+// What the command line understands, as data: the parser, --help, the manual page and the shells' completions are
+// made from it. Texts are untranslated here; HBReplayText() translates them.
 
 struct HBReplayExample
 {
@@ -35,15 +35,27 @@ struct HBReplayOption
     const char* text;
     const char* commands; ///< that know it, with a blank between two
     const char* choices;  ///< the only values, with a blank between two; null: any
+    bool repeats = false; ///< may be given several times
     bool ReadBy(const char* command) const;
 };
 
+struct HBReplayExitText
+{
+    int code;
+    const char* text;
+};
+
 const std::vector<HBReplayCommand>& HBReplayCommands();
+const HBReplayCommand* HBFindReplayCommand(const QString& name); ///< null: there is none
 const std::vector<HBReplayOption>& HBReplayOptionTable();
+const std::vector<HBReplayExitText>& HBReplayExitTexts();
 QString HBReplayText(const char* text);
 
 /// The help of one command; null: of the program.
 QString HBReplayHelp(const HBReplayCommand* command);
+
+/// What to tell the user who named a command that there is not.
+QString HBNoSuchCommand(const QString& name);
 
 /// A command line, read by the tables.
 class HBReplayOptions

@@ -13,8 +13,10 @@
 #include <QRunnable>
 
 #include <chrono>
+#include <fcntl.h>
 #include <functional>
 #include <new>
+#include <unistd.h>
 #include <utility>
 
 namespace
@@ -43,6 +45,16 @@ bool HasBytes(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::ReadOnly) && file.size() == bytes.size() && file.readAll() == bytes;
 }
 
+/// The system begins to read the file, so that nobody has to wait for the disk when its turn comes. Only a hint.
+void ReadAhead(const QString& path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file >= 0) {
+        ::posix_fadvise(file, 0, 0, POSIX_FADV_WILLNEED);
+        ::close(file);
+    }
+}
+
 double Seconds(const QElapsedTimer& timer)
 {
     return double(timer.nsecsElapsed()) / 1e9;
@@ -57,7 +69,7 @@ HBReplayPipeline::HBReplayPipeline(const QVector<HBReplayTask>& tasks, const HBR
     , m_pReport(report)
     , m_Log(tasks.size())
 {
-    m_Pool.setMaxThreadCount(m_Job.atOnce);
+    m_Pool.setMaxThreadCount(2 * m_Job.jobs); // as many again may wait for the disk
 }
 
 void HBReplayPipeline::Run()
@@ -90,7 +102,7 @@ void HBReplayPipeline::Run()
 bool HBReplayPipeline::HasThreadsLeft()
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
-    return m_Running > 0;
+    return m_Running + m_Saving > 0;
 }
 
 /// As many photos as there is room for.
@@ -105,7 +117,7 @@ void HBReplayPipeline::Start()
         const bool runs = !m_pNext->done;
         {
             const std::lock_guard<std::mutex> lock(m_Mutex);
-            if (runs && (m_Running >= m_Job.atOnce || !HasRoomFor(m_pNext->bytes)))
+            if (runs && (m_Running >= m_Job.jobs || m_Saving >= m_Job.jobs || !HasRoomFor(m_pNext->bytes)))
                 return;
             m_HasFailure |= !runs && m_pNext->result.status == HBReplayResult::Failed;
             m_Running += runs;
@@ -127,7 +139,7 @@ void HBReplayPipeline::StartThread(const std::shared_ptr<Work>& work)
     const auto run = [this, work] {
         const HBReplayResult result = Do(*work);
         const std::lock_guard<std::mutex> lock(m_Mutex);
-        --m_Running;
+        --(work->saving ? m_Saving : m_Running);
         m_Bytes -= work->bytes;
         if (!work->givenUp) {
             work->result = result;
@@ -149,9 +161,12 @@ bool HBReplayPipeline::IsRefused(Work& work)
     if (task.kind == HBReplayTask::Do) {
         const QSize size = HBPhotoSize(task.input);
         work.bytes = BytesOf(size);
-        reason = m_Job.bounds.Problem(size, HBStateOf(task.input).size, m_Job.recipe, m_Job.jobs);
-        if (reason.isEmpty())
+        reason = m_Job.bounds.Problem(size, HBStateOf(task.input).size, m_Job.cost, m_Job.jobs);
+        if (reason.isEmpty()) {
+            if (size.isValid()) // not of a pipe or the like
+                ReadAhead(task.input);
             return false;
+        }
         work.bytes = 0;
     }
     const bool skips = task.kind == HBReplayTask::Skip;
@@ -162,7 +177,7 @@ bool HBReplayPipeline::IsRefused(Work& work)
 
 bool HBReplayPipeline::HasRoomFor(qint64 bytes) const
 {
-    return m_Running == 0 || m_Bytes + bytes <= KMTileManager64::Instance().MemoryBudget() / 2;
+    return m_Running + m_Saving == 0 || m_Bytes + bytes <= KMTileManager64::Instance().MemoryBudget() / 2;
 }
 
 /// On a thread of its own.
@@ -175,7 +190,7 @@ HBReplayResult HBReplayPipeline::Do(Work& work)
     timer.start();
     const HBFileState state = HBStateOf(input); // as it was before it is read
     HBPhoto photo;
-    if (!isWanted() || !HBReadPhoto(input, &photo, &result.error))
+    if (!isWanted() || !HBReadPhoto(input, &photo, &result.error, isWanted))
         return result;
     result.size = {photo.image.Width(), photo.image.Height()};
     result.warnings = photo.warnings;
@@ -229,10 +244,17 @@ bool HBReplayPipeline::MaySave(Work& work, const HBFileState& photo, const QByte
     {
         const std::lock_guard<std::mutex> lock(m_Mutex);
         work.saving = true; // before the question: FinishInterrupted() looks in the other order
+        --m_Running;
+        ++m_Saving;
         if (HBIsInterrupted() || work.givenUp)
             return false;
     }
+    m_Changed.notify_all();
     const HBReplayTask& task = work.task;
+    if (task.modified != 0 && HBStateOf(task.input).modified != task.modified) {
+        *reason = Text::tr("it has changed since the run began; perhaps another run has adjusted it");
+        return false;
+    }
     return !m_Job.journal || m_Job.journal->Note(task.input, photo, task.output, !task.replaces, bytes, reason);
 }
 

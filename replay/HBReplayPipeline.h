@@ -26,18 +26,18 @@ struct HBFileState;
 struct HBReplayWork
 {
     HBRecipe recipe;
+    HBRecipeCost cost;
     HBPhotoOptions photo;
     HBReplayBounds bounds;
-    int jobs = 1;   ///< cores
-    int atOnce = 1; ///< photos in memory
+    int jobs = 1; ///< cores, and photos that are read, adjusted or encoded at once
     bool failFast = false;
     bool verifies = false;              ///< compares with the results that are there
     HBReplayJournal* journal = nullptr; ///< told of each result before it is written; may be null
 };
 
 /// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the
-/// adjusting with the global pool. No more photos are in memory at once than fit into half of the tiles' memory
-/// budget, but for one.
+/// adjusting with the global pool. While one goes to the disk, which takes no core, another one begins. No more
+/// photos are in memory at once than fit into half of the tiles' memory budget, but for one.
 class HBReplayPipeline
 {
 public:
@@ -86,7 +86,8 @@ private:
     std::mutex m_Mutex;
     std::condition_variable m_Changed;
     // These, and `result`, `saving` and `done` of each work, are guarded by the mutex.
-    int m_Running = 0;
+    int m_Running = 0;  ///< photos that take a core
+    int m_Saving = 0;   ///< photos that only wait for the disk
     qint64 m_Bytes = 0; ///< what the photos at work take
     bool m_HasFailure = false;
 

@@ -31,23 +31,22 @@ public:
     {
     }
 
-    QVector<HBReplayTask> Plan()
+    bool Plan(QVector<HBReplayTask>* tasks, QString* problem)
     {
-        QVector<HBReplayTask> tasks;
         m_Writers.reserve(m_Inputs.size());
         for (int i = 0; i < m_Inputs.size() && !HBIsInterrupted(); ++i) {
             HBReplayTask task{m_Inputs[i].path, m_Inputs[i].name, m_Target.PathFor(m_Inputs[i].name), {}, {}};
             ClaimOutput(i, &task);
             if (m_Planning.shard.Holds(task.name)) // only these are worth a look at the disk
-                tasks.append(task);
+                tasks->append(task);
         }
-        for (HBReplayTask& task : tasks) {
-            if (HBIsInterrupted())
-                break;
-            if (task.kind == HBReplayTask::Do)
-                Examine(&task);
-        }
-        return tasks;
+        // First the photos, then the journal: what another run adjusts in place meanwhile is in one of them.
+        if (m_Planning.journal && m_Target.onConflict == HBReplayTarget::Overwrite)
+            ForEachToDo(tasks, NoteIfInPlace);
+        if (m_Planning.journal && !m_Planning.journal->Read(problem))
+            return false;
+        ForEachToDo(tasks, [this](HBReplayTask* task) { Examine(task); });
+        return true;
     }
 
 private:
@@ -55,6 +54,27 @@ private:
     {
         task->kind = kind;
         task->reason = reason;
+    }
+
+    template <typename Function>
+    static void ForEachToDo(QVector<HBReplayTask>* tasks, const Function& function)
+    {
+        for (HBReplayTask& task : *tasks) {
+            if (HBIsInterrupted())
+                return;
+            if (task.kind == HBReplayTask::Do)
+                function(&task);
+        }
+    }
+
+    static bool NoteIfInPlace(HBReplayTask* task)
+    {
+        const HBFileState output = HBStateOf(task->output);
+        if (!output.IsSameFile(HBStateOf(task->input)))
+            return false;
+        if (task->modified == 0)
+            task->modified = output.modified;
+        return true;
     }
 
     /// By the names alone: the same for every share.
@@ -123,9 +143,8 @@ private:
         case HBReplayTarget::Overwrite:
             break;
         }
-        const HBFileState output = HBStateOf(task->output);
-        if (output.IsSameFile(HBStateOf(task->input)))
-            return; // in place
+        if (NoteIfInPlace(task))
+            return;
         if (m_FilesOfInputs.isEmpty()) {
             for (const HBReplayInput& input : m_Inputs) {
                 const HBFileState state = HBStateOf(input.path);
@@ -133,6 +152,7 @@ private:
                     m_FilesOfInputs.insert({state.device, state.inode}, input.path);
             }
         }
+        const HBFileState output = HBStateOf(task->output);
         const QString input = m_FilesOfInputs.value({output.device, output.inode});
         if (!input.isEmpty())
             Set(task, HBReplayTask::Refuse, Text::tr("%1 is a photo to adjust itself").arg(task->output));
@@ -165,10 +185,10 @@ bool Prepare(const QString& folder, bool dryRun, QString* problem)
 
 } // namespace
 
-QVector<HBReplayTask> HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
-                                   const HBReplayPlanning& planning)
+bool HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& target,
+                  const HBReplayPlanning& planning, QVector<HBReplayTask>* tasks, QString* problem)
 {
-    return Planner(inputs, target, planning).Plan();
+    return Planner(inputs, target, planning).Plan(tasks, problem);
 }
 
 bool HBPrepareFolders(const HBReplayTarget& target, bool dryRun, QVector<HBReplayTask>* tasks, QString* problem)

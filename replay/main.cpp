@@ -7,8 +7,10 @@
 #include "HBInterrupt.h"
 #include "HBRecipeCommands.h"
 #include "HBReplayApply.h"
+#include "HBReplayCompletion.h"
 #include "HBReplayExit.h"
 #include "HBReplayLog.h"
+#include "HBReplayManual.h"
 #include "HBReplayMerge.h"
 #include "HBReplayOptions.h"
 #include "HBReplaySheet.h"
@@ -72,13 +74,33 @@ int Sheet(const HBReplayOptions& options)
     return HBIsInterrupted() ? HBWasInterrupted : failed == 0 ? HBAllDone : HBFileFailed;
 }
 
+int Help(const HBReplayOptions& options)
+{
+    const QString name = options.Arguments().value(0);
+    const HBReplayCommand* command = HBFindReplayCommand(name);
+    if (!command && !name.isEmpty())
+        return Refuse(HBNoSuchCommand(name));
+    const QString text = options.IsSet("man")          ? HBReplayManual()
+                         : options.IsSet("completion") ? HBReplayCompletion(options.Value("completion"))
+                                                       : HBReplayHelp(command);
+    std::fputs(qPrintable(text), stdout);
+    return HBAllDone;
+}
+
 int Run(const HBReplayOptions& options)
 {
     using Function = int (*)(const HBReplayOptions&);
     const QHash<QString, Function> functions{
-        {"apply", HBReplayApply},    {"verify", HBReplayApply},    {"sheet", Sheet},
-        {"list", HBListPanels},      {"explain", HBExplainRecipe}, {"validate", HBValidateRecipes},
-        {"diff", HBShowDifferences}, {"schema", HBPrintSchema},    {"merge", HBMergeReports},
+        {"apply", HBReplayApply},
+        {"verify", HBReplayApply},
+        {"sheet", Sheet},
+        {"list", HBListPanels},
+        {"explain", HBExplainRecipe},
+        {"validate", HBValidateRecipes},
+        {"diff", HBShowDifferences},
+        {"schema", HBPrintSchema},
+        {"merge", HBMergeReports},
+        {"help", Help},
     };
     return functions.value(options.Command()->name)(options);
 }
@@ -120,7 +142,7 @@ int main(int argc, char* argv[])
     if (!options.Check(&problem))
         return Refuse(problem);
     try {
-        return Run(options);
+        return HBFinishOutput(Run(options));
     } catch (const std::bad_alloc&) {
         HBPrintError(Text::tr("there is not enough memory"));
         return HBFileFailed;

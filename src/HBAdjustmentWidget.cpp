@@ -21,8 +21,10 @@ namespace
 {
 
 constexpr int DebounceMilliseconds = 50;
+/// Between two looks at a job's progress.
+constexpr int ProgressMilliseconds = 10;
 
-}
+} // namespace
 
 HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : KMAdjustmentWidget(parent, flags)
@@ -43,9 +45,12 @@ HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowF
         connect(this, SIGNAL(ProgressRangeChanged(int,int)), m_pFrame->m_pProgress, SLOT(setRange(int,int)));
         connect(this, SIGNAL(ProgressValueChanged(int)), m_pFrame->m_pProgress, SLOT(setValue(int)));
     }
-    connect(m_pControl.get(), &HBPanelJobControl::RangeChanged, this, &HBAdjustmentWidget::ProgressRangeChanged,
-            Qt::QueuedConnection);
-    connect(m_pControl.get(), &HBPanelJobControl::ProgressChanged, this, &HBAdjustmentWidget::ProgressValueChanged,
+    m_ProgressPause.setSingleShot(true);
+    connect(&m_ProgressPause, &QTimer::timeout, this, [this] {
+        if (!m_pControl->WaitForProgress())
+            DeliverProgress();
+    });
+    connect(m_pControl.get(), &HBPanelJobControl::ProgressTold, this, &HBAdjustmentWidget::DeliverProgress,
             Qt::QueuedConnection);
     connect(this, SIGNAL(ProgressRangeChanged(int,int)), this, SLOT(OnProgressRangeChanged(int,int)));
     connect(this, SIGNAL(ProgressValueChanged(int)), this, SLOT(OnProgressValueChanged(int)));
@@ -251,6 +256,8 @@ void HBAdjustmentWidget::FinishJob()
 
 void HBAdjustmentWidget::timerEvent(QTimerEvent* event)
 {
+    if ((event->timerId() == m_ProgressTimer || event->timerId() == m_WaitTimer) && !TellProgress())
+        return; // and the bars begin where the job is
     if (event->timerId() == m_ProgressTimer) {
         KillTimer(m_ProgressTimer);
         if (m_Dialog) {
@@ -424,9 +431,40 @@ void HBAdjustmentWidget::KillTimer(int& id)
     id = -1;
 }
 
+/// Tells the progress since the last look, and looks again a little later, for as long as there is more.
+void HBAdjustmentWidget::DeliverProgress()
+{
+    if (TellProgress())
+        m_ProgressPause.start(ProgressMilliseconds);
+}
+
+/// Each step of it, in order. Slots may run an event loop, in which the rest is told, or destroy the panel: false.
+bool HBAdjustmentWidget::TellProgress()
+{
+    const QPointer<HBAdjustmentWidget> self(this);
+    // The bar paints itself at once for every value that shows; the last one is enough.
+    const QPointer<QProgressBar> bar(m_Dialog ? m_pFrame->m_pProgress : nullptr);
+    if (bar)
+        bar->setUpdatesEnabled(false);
+    while (const auto progress = self ? m_pControl->TakeProgress() : std::nullopt) {
+        if (progress->isRange)
+            Q_EMIT ProgressRangeChanged(progress->first, progress->maximum);
+        else
+            Q_EMIT ProgressValueChanged(progress->first);
+    }
+    if (bar)
+        bar->setUpdatesEnabled(true);
+    return self;
+}
+
 void HBAdjustmentWidget::OnResultReadyAt(int index)
 {
-    m_Adjusted = m_pWatcher->resultAt(index);
+    // What hears the last progress may run an event loop, in which this job ends and another one starts.
+    const QFutureWatcherBase* const watcher = m_pWatcher;
+    const HBImage<> adjusted = m_pWatcher->resultAt(index);
+    if (!TellProgress() || (m_pWatcher && (m_pWatcher != watcher || m_pControl->IsCancelled())))
+        return;
+    m_Adjusted = adjusted;
     if (!HasJobFailed())
         m_ChangesDone = m_ChangesBegun;
     Q_EMIT ImageReady();
@@ -434,6 +472,8 @@ void HBAdjustmentWidget::OnResultReadyAt(int index)
 
 void HBAdjustmentWidget::OnProcessingFinished()
 {
+    if (!TellProgress())
+        return;
     KillTimer(m_ProgressTimer);
     if (m_Dialog) {
         m_pFrame->m_pProgress->setEnabled(false);

@@ -26,15 +26,6 @@ int Level(const HBRGBA32i& color, int channel)
     return channel == 1 ? color.red : channel == 2 ? color.green : color.blue;
 }
 
-QLinearGradient Gradient(double x, double y, Qt::GlobalColor from, Qt::GlobalColor to)
-{
-    QLinearGradient gradient(0, 0, x, y);
-    gradient.setColorAt(0.0, from);
-    gradient.setColorAt(1.0, to);
-    gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
-    return gradient;
-}
-
 /// Narrows the letters of a text that its label, of fixed width, would cut.
 void FitText(QLabel* label)
 {
@@ -62,8 +53,8 @@ HBCurvesWidget::HBCurvesWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pInputSlider->AddControl(255, 0, 255, QBrush(Qt::white));
     m_pUI->m_pInputSlider->SetControlName(HBCurveScene::First, tr("First point"));
     m_pUI->m_pInputSlider->SetControlName(HBCurveScene::Last, tr("Last point"));
-    m_pUI->m_pInputLabel->SetBackgroundBrush(Gradient(1, 0, Qt::black, Qt::white));
-    m_pUI->m_pOutputLabel->SetBackgroundBrush(Gradient(0, 1, Qt::white, Qt::black));
+    m_pUI->m_pInputLabel->SetBackgroundBrush(LevelStrip(Qt::Horizontal));
+    m_pUI->m_pOutputLabel->SetBackgroundBrush(LevelStrip(Qt::Vertical));
     SetHistogram(m_pUI->m_pHistogramm);
 
     MakeCurve();

@@ -44,6 +44,7 @@ HBDocumentPick::~HBDocumentPick()
         m_pView->SetOverrideCursor(QCursor());
     EndDrag();
     InstallFilter(false);
+    Cancel();
     for (const auto& pick : m_Picks)
         pick->watcher.waitForFinished();
 }
@@ -160,7 +161,8 @@ void HBDocumentPick::EndDrag()
 
 // ---- The average ----
 
-HBRGBA32i HBDocumentPick::Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback)
+HBRGBA32i HBDocumentPick::Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback,
+                                  const HBJobControl* control)
 {
     if (!rect.isValid() || image.IsEmpty())
         return fallback;
@@ -177,6 +179,8 @@ HBRGBA32i HBDocumentPick::Average(const HBImage<>& image, const QRect& rect, con
         const QRect part = area & tile;
         if (part.isEmpty())
             continue;
+        if (HBIsCancelled(control))
+            return fallback;
         const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
         for (int y = part.top(); y <= part.bottom(); ++y) {
             const HBRGBA32i* row = pin.Pixels() + (y - tile.top()) * HBImage<>::TileSide - tile.left();
@@ -196,13 +200,15 @@ void HBDocumentPick::Start(Pick& pick)
     }
     pick.running = true;
     pick.pending = false;
-    HBWatchInPool(&pick.watcher, [image = m_Source(), rect = pick.rect, fallback = pick.fallback] {
+    pick.control = std::make_shared<HBJobControl>();
+    const auto average = [image = m_Source(), rect = pick.rect, fallback = pick.fallback, control = pick.control] {
         try {
-            return Average(image, rect, fallback);
+            return Average(image, rect, fallback, control.get());
         } catch (const std::bad_alloc&) { // a tile that cannot be brought back
             return fallback;
         }
-    });
+    };
+    HBWatchInPool(&pick.watcher, average);
 }
 
 std::optional<HBRGBA32i> HBDocumentPick::Result(int index) const
@@ -227,6 +233,7 @@ void HBDocumentPick::Cancel()
         if (pick->running) {
             pick->pending = false;
             pick->watcher.cancel();
+            pick->control->Cancel();
         }
     }
 }

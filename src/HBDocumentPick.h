@@ -5,6 +5,7 @@
 #include "panels_export.h"
 
 #include <HBImage.h>
+#include <HBJobControl.h>
 
 #include <QFutureWatcher>
 #include <QObject>
@@ -32,7 +33,7 @@ public:
     /// \param source the photo, as it is when a count begins
     /// \param filter hears the document's events and passes them to Filter; null: this does so itself
     explicit HBDocumentPick(const std::function<HBImage<>()>& source, QObject* filter = nullptr);
-    /// Leaves no cursor, drag mode or filter with the document, and waits for the counts.
+    /// Leaves no cursor, drag mode or filter with the document. A count that runs ends at its next tile.
     ~HBDocumentPick() override;
 
     /// A further button; returns its index, counted from 0.
@@ -53,8 +54,10 @@ public:
     void Cancel();
 
     /// The average under the rectangle (pixels, cut to the image): 32-bit sums that wrap above 16.8 million white
-    /// pixels, on purpose; `fallback` where no pixel is. Any thread. \throws std::bad_alloc
-    static HBRGBA32i Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback);
+    /// pixels, on purpose; `fallback` where no pixel is, or once it is cancelled. Any thread. \throws
+    /// std::bad_alloc
+    static HBRGBA32i Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback,
+                             const HBJobControl* control = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -66,6 +69,7 @@ private:
         HBRGBA32i fallback;
         QRect rect; ///< picked last, in pixels of the photo
         QFutureWatcher<HBRGBA32i> watcher;
+        std::shared_ptr<HBJobControl> control; ///< of the count that was started last
         bool running = false;
         bool pending = false; ///< a rectangle was picked while the count ran
     };

@@ -4,6 +4,8 @@
 
 #include <HistogramWidget.h>
 
+#include <QLinearGradient>
+
 void HBHistogramPanel::AttachQImage(HBSharedImage<QImage>* image)
 {
     m_pHistogram->SetImage(image);
@@ -32,4 +34,14 @@ int HBHistogramPanel::IndexToHistogrammChannel(int channel)
 {
     constexpr int AllColors = 7;
     return channel >= 1 && channel <= 3 ? 1 << (channel - 1) : AllColors;
+}
+
+QBrush HBHistogramPanel::LevelStrip(Qt::Orientation orientation)
+{
+    const bool lying = orientation == Qt::Horizontal;
+    QLinearGradient strip(0, 0, lying ? 1 : 0, lying ? 0 : 1);
+    strip.setColorAt(0.0, lying ? Qt::black : Qt::white);
+    strip.setColorAt(1.0, lying ? Qt::white : Qt::black);
+    strip.setCoordinateMode(QGradient::StretchToDeviceMode);
+    return strip;
 }

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBJobLog.h"
 
-#include <QDebug>
-#include <QMessageLogger>
+#include "HBLogLine.h"
 
 #include <cstdio>
+#include <new>
 #include <vector>
 
 namespace
@@ -28,27 +28,17 @@ int Format(char* buffer, std::size_t size, const char* date, const char* time, c
                          Line, Header);
 }
 
-/// \throws std::bad_alloc, or whatever the message handler throws
-void LogByQt(const char* date, const char* time, const char* content)
-{
-    std::vector<char> text(std::size_t(Format(nullptr, 0, date, time, content)) + 1);
-    Format(text.data(), text.size(), date, time, content);
-    QString line;
-    QDebug(&line).nospace() << QString::fromLocal8Bit(text.data()); // quoted and escaped
-    // Not by qDebug(): that hands its line over in a destructor, where running out of memory ends the process.
-    qt_message_output(QtDebugMsg, QMessageLogContext(), line);
-}
-
 /// The exception is often that there is no memory: then the line goes out without taking any.
 void Log(const char* date, const char* time, const char* content)
 {
     try {
-        LogByQt(date, time, content);
-    } catch (...) {
+        std::vector<char> text(std::size_t(Format(nullptr, 0, date, time, content)) + 1);
+        Format(text.data(), text.size(), date, time, content);
+        HBLogQuoted(text.data());
+    } catch (const std::bad_alloc&) {
         char text[1024];
         Format(text, sizeof text, date, time, content);
-        std::fputs(text, stderr);
-        std::fputc('\n', stderr);
+        HBLogQuoted(text);
     }
 }
 

@@ -4,9 +4,8 @@
 
 #include <exception>
 
-/// The line that an exception in a job leaves on Qt's debug stream; nothing for a null pointer. Where Qt cannot
-/// write it for want of memory it goes to stderr, cut to 1023 bytes. Any thread. Call it through
-/// HB_LOG_JOB_EXCEPTION.
+/// The line that an exception in a job leaves on Qt's debug stream, as HBLogQuoted(); nothing for a null pointer.
+/// Without memory even for the line it is cut to 1023 bytes. Any thread. Call it through HB_LOG_JOB_EXCEPTION.
 void HBLogJobException(const char* date, const char* time, const std::exception_ptr& exception) noexcept;
 
 /// A macro, because date and time are those of the panel's own unit.

@@ -41,13 +41,8 @@ HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pOutputSlider->SetControlName(OutputBlack, tr("Output black point"));
     m_pUI->m_pOutputSlider->SetControlName(OutputWhite, tr("Output white point"));
 
-    QLinearGradient gradient(0, 0, 1, 0);
-    gradient.setColorAt(0.0, Qt::black);
-    gradient.setColorAt(1.0, Qt::white);
-    gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
-    m_pUI->m_pInputLabel->SetBackgroundBrush(gradient);
-    m_pUI->m_pOutputLabel->SetBackgroundBrush(gradient);
-
+    m_pUI->m_pInputLabel->SetBackgroundBrush(LevelStrip(Qt::Horizontal));
+    m_pUI->m_pOutputLabel->SetBackgroundBrush(LevelStrip(Qt::Horizontal));
     SetHistogram(m_pUI->m_pHistogramm);
     connect(this, SIGNAL(SourceChanged()), SLOT(OnSourceChanged()));
     connect(m_pUI->m_pHistogramm, SIGNAL(HistogrammComplete()), SLOT(OnHistogrammComplete()));

@@ -4,6 +4,8 @@
 
 #include <HBPoolJob.h>
 
+#include <utility>
+
 bool HBPanelJobControl::IsCancelled() const
 {
     const QReadLocker locker(&guard);
@@ -12,12 +14,40 @@ bool HBPanelJobControl::IsCancelled() const
 
 void HBPanelJobControl::SetRange(int minimum, int maximum)
 {
-    Q_EMIT RangeChanged(minimum, maximum);
+    Tell({true, minimum, maximum});
 }
 
 void HBPanelJobControl::SetProgress(int value)
 {
-    Q_EMIT ProgressChanged(value);
+    Tell({false, value, 0});
+}
+
+void HBPanelJobControl::Tell(const Progress& progress)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        m_Told.push_back(progress);
+        if (!std::exchange(m_Waiting, false))
+            return;
+    }
+    Q_EMIT ProgressTold();
+}
+
+std::optional<HBPanelJobControl::Progress> HBPanelJobControl::TakeProgress()
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    if (m_Told.empty())
+        return std::nullopt;
+    const Progress oldest = m_Told.front();
+    m_Told.pop_front();
+    return oldest;
+}
+
+bool HBPanelJobControl::WaitForProgress()
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    m_Waiting = m_Waiting || m_Told.empty();
+    return m_Waiting;
 }
 
 void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job)

@@ -2,17 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelStream.h"
 
-#include <QDebug>
-#include <QMessageLogger>
+#include "HBLogLine.h"
 
-void HBLogStreamError(const char* date, const char* time, int line, const char* source, const char* message)
+#include <cstdio>
+
+void HBLogStreamError(const char* date, const char* time, int line, const char* source,
+                      const char* message) noexcept
 {
-    const QString text = QString("Build date=%1, time=%2. Line=%3, file=\"%4\". %5")
-                             .arg(QLatin1String(date))
-                             .arg(QLatin1String(time))
-                             .arg(line)
-                             .arg(QLatin1String(source))
-                             .arg(QLatin1String(message));
-    // As one QString without context: qDebug() would add file and line in debug builds.
-    QMessageLogger().debug() << text;
+    char text[512]; // all of it is fixed, and short
+    std::snprintf(text, sizeof text, "Build date=%s, time=%s. Line=%d, file=\"%s\". %s", date, time, line, source,
+                  message);
+    HBLogQuoted(text);
 }

@@ -4,9 +4,10 @@
 
 #include <QDataStream>
 
-/// The one line that a failed read or write leaves on Qt's debug stream.
+/// The one line that a failed read or write leaves on Qt's debug stream, as HBLogQuoted().
 /// \param source name of the panel's source, as "src\\HBLevelsWidget"
-void HBLogStreamError(const char* date, const char* time, int line, const char* source, const char* message);
+void HBLogStreamError(const char* date, const char* time, int line, const char* source,
+                      const char* message) noexcept;
 
 /// What a failed read leaves of the record.
 enum class HBAfterFailure { Keep, Reset };

@@ -2,6 +2,133 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name></name>
+    <message>
+        <source>This is not JSON: %1 at byte %2.</source>
+        <translation>Das ist kein JSON: %1 bei Byte %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a number</source>
+        <translation>„%1“ muss eine Zahl sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is %2, but goes from %3 to %4</source>
+        <translation>„%1“ ist %2, geht aber von %3 bis %4</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a whole number</source>
+        <translation>„%1“ muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be one of: %2</source>
+        <translation>„%1“ muss eines von diesen sein: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be true or false</source>
+        <translation>„%1“ muss true oder false sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a colour</source>
+        <translation>„%1“ muss eine Farbe sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a text</source>
+        <translation>„%1“ muss ein Text sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a font</source>
+        <translation>„%1“ muss eine Schrift sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be given in a record only</source>
+        <translation>„%1“ kann nur in einem Datensatz angegeben werden</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be &quot;%2&quot;</source>
+        <translation>„%1“ kann nicht „%2“ sein</translation>
+    </message>
+    <message>
+        <source>there is no &quot;%1&quot;; there are: %2</source>
+        <translation>„%1“ gibt es nicht; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>this adjustment has no record; its values are JSON</source>
+        <translation>diese Anpassung hat keinen Datensatz; ihre Werte sind JSON</translation>
+    </message>
+    <message>
+        <source>this is neither JSON nor a record in hexadecimal digits</source>
+        <translation>das ist weder JSON noch ein Datensatz in Hexadezimalziffern</translation>
+    </message>
+    <message>
+        <source>this is a step of %1</source>
+        <translation>das ist ein Schritt von %1</translation>
+    </message>
+    <message>
+        <source>A recipe is wanted: its JSON, or the name of its file.</source>
+        <translation>Hier gehört ein Rezept hin: sein JSON oder der Name seiner Datei.</translation>
+    </message>
+    <message>
+        <source>There is no panel %1.</source>
+        <translation>Ein Panel %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The layer is no longer there.</source>
+        <translation>Die Ebene gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The image has indexed colors. Convert it first: Image &gt; Mode &gt; RGB.</source>
+        <translation>Das Bild hat indizierte Farben. Wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
+    </message>
+    <message>
+        <source>A layer group has no pixels of its own. Choose one of its layers.</source>
+        <translation>Eine Ebenengruppe hat keine eigenen Pixel. Wählen Sie eine ihrer Ebenen.</translation>
+    </message>
+    <message>
+        <source>The pixels of the layer are locked.</source>
+        <translation>Die Pixel der Ebene sind gesperrt.</translation>
+    </message>
+    <message>
+        <source>What changes is stored with 8 bits of accuracy; the image has more.</source>
+        <translation>Was sich ändert, wird mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
+    </message>
+    <message>
+        <source>This is gray: colors become shades of gray.</source>
+        <translation>Das Bild ist grau: Farben werden zu Graustufen.</translation>
+    </message>
+    <message>
+        <source>The layer has another size by now.</source>
+        <translation>Die Ebene hat inzwischen eine andere Größe.</translation>
+    </message>
+    <message>
+        <source>The layer was given an alpha channel.</source>
+        <translation>Die Ebene hat einen Alphakanal bekommen.</translation>
+    </message>
+    <message>
+        <source>This has no alpha channel: what became transparent was stored opaque.</source>
+        <translation>Hier gibt es keinen Alphakanal: Was durchsichtig wurde, ist deckend gespeichert.</translation>
+    </message>
+    <message>
+        <source>The image is gray: colors were stored as shades of gray. To keep them, convert it first: Image &gt; Mode &gt; RGB.</source>
+        <translation>Das Bild ist grau: Farben sind als Graustufen gespeichert. Um sie zu behalten, wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
+    </message>
+    <message>
+        <source>What changed was stored with 8 bits of accuracy; the image has more.</source>
+        <translation>Was sich geändert hat, ist mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
+    </message>
+    <message>
+        <source>Adjusts the layer: %1</source>
+        <translation>Passt die Ebene an: %1</translation>
+    </message>
+    <message>
+        <source>Applies a stored recipe of adjustments to the layer</source>
+        <translation>Wendet ein gespeichertes Rezept von Anpassungen auf die Ebene an</translation>
+    </message>
+    <message>
+        <source>Apply Recipe</source>
+        <translation>Rezept anwenden</translation>
+    </message>
+</context>
+<context>
     <name>AdjustmentDialogBase</name>
     <message>
         <source>Form</source>
@@ -268,6 +395,33 @@
     <message>
         <source>Gamma:</source>
         <translation>Gamma:</translation>
+    </message>
+</context>
+<context>
+    <name>GimpPlugIn</name>
+    <message>
+        <source>Nothing of the layer is selected.</source>
+        <translation>Von der Ebene ist nichts ausgewählt.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Der Speicher reicht nicht.</translation>
+    </message>
+    <message>
+        <source>Apply Recipe</source>
+        <translation>Rezept anwenden</translation>
+    </message>
+    <message>
+        <source>Recipes (*.json);;All files (*)</source>
+        <translation>Rezepte (*.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Run mode, image, layer and values are wanted.</source>
+        <translation>Ausführungsart, Bild, Ebene und Werte sind anzugeben.</translation>
+    </message>
+    <message>
+        <source>The layer is not one of the image.</source>
+        <translation>Die Ebene gehört nicht zum Bild.</translation>
     </message>
 </context>
 <context>
@@ -903,6 +1057,81 @@
     </message>
 </context>
 <context>
+    <name>HBGimpDialog</name>
+    <message>
+        <source>%1 - %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>&amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>Off: the layer as it was before</source>
+        <translation>Aus: die Ebene, wie sie vorher war</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>The whole layer</source>
+        <translation>Die ganze Ebene</translation>
+    </message>
+    <message>
+        <source>1:1</source>
+        <translation>1:1</translation>
+    </message>
+    <message>
+        <source>Each pixel of the layer on one of the screen</source>
+        <translation>Jedes Pixel der Ebene auf einem des Bildschirms</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+    <message>
+        <source>Keep these values under a name</source>
+        <translation>Diese Werte unter einem Namen behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Delete the chosen preset</source>
+        <translation>Die gewählte Voreinstellung löschen</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Voreinstellungen</translation>
+    </message>
+    <message>
+        <source>Save Preset</source>
+        <translation>Voreinstellung speichern</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Replace the preset &quot;%1&quot;?</source>
+        <translation>Die Voreinstellung „%1“ ersetzen?</translation>
+    </message>
+    <message>
+        <source>Delete Preset</source>
+        <translation>Voreinstellung löschen</translation>
+    </message>
+    <message>
+        <source>Delete the preset &quot;%1&quot;?</source>
+        <translation>Die Voreinstellung „%1“ löschen?</translation>
+    </message>
+</context>
+<context>
     <name>HBLevelsWidget</name>
     <message>
         <source>Black point</source>
@@ -983,17 +1212,14 @@
     </message>
 </context>
 <context>
-    <name>HBOverlayJob</name>
-    <message>
-        <source>There is not enough memory to draw this.</source>
-        <translation>Der Speicher reicht nicht, um dies zu zeichnen.</translation>
-    </message>
-</context>
-<context>
     <name>HBPanelSession</name>
     <message>
         <source>The photo could not be adjusted for want of memory.</source>
         <translation>Das Foto konnte aus Mangel an Speicher nicht korrigiert werden.</translation>
+    </message>
+    <message>
+        <source>These are values of another panel.</source>
+        <translation>Das sind Werte eines anderen Panels.</translation>
     </message>
 </context>
 <context>
@@ -1952,10 +2178,6 @@
         <translation>Befehle; mehr dazu mit panel-replay COMMAND --help:</translation>
     </message>
     <message>
-        <source>Exit code: 0 all done, 1 a file failed, 2 wrong usage or a bad recipe, 3 no file matched, 130 interrupted.</source>
-        <translation>Exit-Code: 0 alles erledigt, 1 eine Datei fehlgeschlagen, 2 falscher Aufruf oder fehlerhaftes Rezept, 3 keine passende Datei, 130 abgebrochen.</translation>
-    </message>
-    <message>
         <source>there is no command &quot;%1&quot;; try panel-replay --help</source>
         <translation>es gibt keinen Befehl „%1“; siehe panel-replay --help</translation>
     </message>
@@ -2050,6 +2272,86 @@
     <message>
         <source>--shard must be I/N with I from 1 to N, auto, or auto/N</source>
         <translation>--shard muss I/N mit I von 1 bis N, auto oder auto/N sein</translation>
+    </message>
+    <message>
+        <source>standard output could not be written; what it holds is not whole</source>
+        <translation>die Standardausgabe konnte nicht geschrieben werden; was sie enthält, ist unvollständig</translation>
+    </message>
+    <message>
+        <source>Goes with: %1.</source>
+        <translation>Gehört zu: %1.</translation>
+    </message>
+    <message>
+        <source>apply stored adjustments to photos</source>
+        <translation>gespeicherte Anpassungen auf Fotos anwenden</translation>
+    </message>
+    <message>
+        <source>Adjusts any number of photos as a recipe says that panel-editor has saved, without a display. Names of files may be of any bytes. Results are written whole or not at all, with the metadata and the colour profile of the photo.</source>
+        <translation>Passt beliebig viele Fotos an, wie ein von panel-editor gespeichertes Rezept es sagt, ohne Bildschirm. Dateinamen dürfen aus beliebigen Bytes bestehen. Ergebnisse werden ganz oder gar nicht geschrieben, mit den Metadaten und dem Farbprofil des Fotos.</translation>
+    </message>
+    <message>
+        <source>If it is set and not empty, messages have no colours.</source>
+        <translation>Ist sie gesetzt und nicht leer, haben Meldungen keine Farben.</translation>
+    </message>
+    <message>
+        <source>The folder for what does not fit into the memory; default: /var/tmp.</source>
+        <translation>Der Ordner für das, was nicht in den Speicher passt; sonst /var/tmp.</translation>
+    </message>
+    <message>
+        <source>In the results&apos; folder: what has been done, a line of JSON for each file. --resume reads it. With --shard, the share is in its name.</source>
+        <translation>Im Ordner der Ergebnisse: was erledigt ist, eine JSON-Zeile je Datei. --resume liest es. Mit --shard steht der Anteil im Namen.</translation>
+    </message>
+    <message>
+        <source>Show help, also of a command; or print the manual page, or a shell&apos;s completion.</source>
+        <translation>Hilfe zeigen, auch zu einem Befehl; oder die Handbuchseite oder die Vervollständigung einer Shell ausgeben.</translation>
+    </message>
+    <message>
+        <source>the same as panel-replay apply --help</source>
+        <translation>dasselbe wie panel-replay apply --help</translation>
+    </message>
+    <message>
+        <source>all of it on one page</source>
+        <translation>alles auf einer Seite</translation>
+    </message>
+    <message>
+        <source>Tab completes commands, options and values; an installed panel-replay has brought it already</source>
+        <translation>Die Tabulatortaste vervollständigt Befehle, Optionen und Werte; ein installiertes panel-replay bringt das schon mit</translation>
+    </message>
+    <message>
+        <source>All is done.</source>
+        <translation>Alles ist erledigt.</translation>
+    </message>
+    <message>
+        <source>A file failed; of diff: the recipes differ; of merge: photos are missing.</source>
+        <translation>Eine Datei ist gescheitert; bei diff: die Rezepte unterscheiden sich; bei merge: Fotos fehlen.</translation>
+    </message>
+    <message>
+        <source>Wrong usage, or a bad recipe; nothing was written.</source>
+        <translation>Falscher Aufruf oder fehlerhaftes Rezept; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>No file matched.</source>
+        <translation>Keine Datei passte.</translation>
+    </message>
+    <message>
+        <source>Interrupted by Ctrl-C or SIGTERM; results are whole.</source>
+        <translation>Durch Strg+C oder SIGTERM unterbrochen; Ergebnisse sind vollständig.</translation>
+    </message>
+    <message>
+        <source>Print the manual page, for man.</source>
+        <translation>Die Handbuchseite für man ausgeben.</translation>
+    </message>
+    <message>
+        <source>Print the completion of a shell.</source>
+        <translation>Die Vervollständigung einer Shell ausgeben.</translation>
+    </message>
+    <message>
+        <source>Exit codes:</source>
+        <translation>Rückgabewerte:</translation>
+    </message>
+    <message>
+        <source>it has changed since the run began; perhaps another run has adjusted it</source>
+        <translation>sie hat sich seit dem Beginn des Laufs geändert; vielleicht hat ein anderer Lauf sie angepasst</translation>
     </message>
 </context>
 <context>

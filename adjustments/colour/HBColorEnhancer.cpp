@@ -12,24 +12,15 @@ namespace
 
 using P = HBColorEnhancerParams;
 
-HBColorThresholds ThresholdsOf(const HBHistogrammCalculator::Counts& counts)
-{
-    HBColorThresholds thresholds;
-    for (std::size_t c = 0; c < 4; ++c) {
-        const std::vector<int> ends = HBHistogrammCalculator::Threshold(counts.levels[c]);
-        std::copy_n(ends.begin(), 2, thresholds.levels[c]);
-    }
-    return thresholds;
-}
-
-HBOperation Enhancement(const P& params, const HBColorThresholds& thresholds)
+HBOperation Enhancement(const P& params, const HBChannelTails& thresholds)
 {
     const int affected = HBClamped(params, &P::affected);
     HBLevelsSettings settings;
     for (int c = 0; c < 3; ++c) {
         for (int end = 0; end < 2; ++end) {
-            const int common = thresholds.levels[HBHistogrammCalculator::Luma][end];
-            settings.input[c + 1][end] = ((thresholds.levels[c][end] - common) * affected + common * 100) / 100;
+            const int common = thresholds[HBHistogrammCalculator::Luma][std::size_t(end)];
+            const int own = thresholds[std::size_t(c)][std::size_t(end)];
+            settings.input[c + 1][end] = ((own - common) * affected + common * 100) / 100;
         }
     }
     HBColorEnhancerTransformation enhancer;
@@ -58,14 +49,14 @@ void HBColorThresholdCache::SetPicture(const HBImage<>& picture)
     m_Thresholds.reset();
 }
 
-void HBColorThresholdCache::Keep(const HBImage<>& picture, const HBColorThresholds& thresholds)
+void HBColorThresholdCache::Keep(const HBImage<>& picture, const HBChannelTails& thresholds)
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     if (m_Picture.IsSameAs(picture))
         m_Thresholds = thresholds;
 }
 
-std::optional<HBColorThresholds> HBColorThresholdCache::Find(const HBImage<>& picture) const
+std::optional<HBChannelTails> HBColorThresholdCache::Find(const HBImage<>& picture) const
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     return m_Picture.IsSameAs(picture) ? m_Thresholds : std::nullopt;
@@ -80,18 +71,19 @@ HBStages HBStagesOf(const HBColorEnhancerParams& params, const HBImage<>& pictur
                     const std::shared_ptr<HBColorThresholdCache>& cache)
 {
     HBStage stage;
-    if (const std::optional<HBColorThresholds> known = cache->Find(picture)) {
+    if (const std::optional<HBChannelTails> known = cache->Find(picture)) {
         stage.prepare = [params, known](const HBImage<>&, const HBJobControl*) {
             return Enhancement(params, *known);
         };
         return {stage};
     }
-    const auto histogram = std::make_shared<HBHistogramLook>();
-    stage.looks = {histogram};
-    stage.prepare = [params, cache, histogram](const HBImage<>& counted, const HBJobControl*) {
-        const HBColorThresholds thresholds = ThresholdsOf(histogram->Result());
-        cache->Keep(counted, thresholds);
-        return Enhancement(params, thresholds);
+    stage.seesPicture = true;
+    stage.prepare = [params, cache](const HBImage<>& seen, const HBJobControl* control) -> HBOperation {
+        const std::optional<HBChannelTails> thresholds = HBTailLevels(seen, control);
+        if (!thresholds)
+            return {}; // cancelled
+        cache->Keep(seen, *thresholds);
+        return Enhancement(params, *thresholds);
     };
     return {stage};
 }

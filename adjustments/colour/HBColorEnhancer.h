@@ -5,6 +5,8 @@
 #include "HBField.h"
 #include "HBStage.h"
 
+#include <HBTailLevels.h>
+
 #include <mutex>
 #include <optional>
 
@@ -27,12 +29,6 @@ struct ADJUSTMENTS_EXPORT HBColorEnhancerParams
     }
 };
 
-/// Low and high level of red, green, blue and luma, which stands for all in common.
-struct HBColorThresholds
-{
-    int levels[4][2];
-};
-
 /// Thresholds of one picture, kept from run to run. A run of an earlier picture may end after the next one was
 /// set, so that each call says whose thresholds it means. Any thread.
 class ADJUSTMENTS_EXPORT HBColorThresholdCache
@@ -41,13 +37,13 @@ public:
     /// Forgets what was kept; from now on those of `picture` are.
     void SetPicture(const HBImage<>& picture);
     /// Does nothing for another picture.
-    void Keep(const HBImage<>& picture, const HBColorThresholds& thresholds);
-    std::optional<HBColorThresholds> Find(const HBImage<>& picture) const;
+    void Keep(const HBImage<>& picture, const HBChannelTails& thresholds);
+    std::optional<HBChannelTails> Find(const HBImage<>& picture) const;
 
 private:
     mutable std::mutex m_Mutex;
     HBImage<> m_Picture;
-    std::optional<HBColorThresholds> m_Thresholds;
+    std::optional<HBChannelTails> m_Thresholds;
 };
 
 /// Looks at the whole picture, whatever is selected.

@@ -44,6 +44,7 @@ struct ADJUSTMENTS_EXPORT HBColorReplacement
     QPoint seed;
     int tolerance = 0;
 };
+/// \param picture its size
 ADJUSTMENTS_EXPORT HBColorReplacement HBReplacementOf(const HBReplaceColorParams& params, const QSize& picture);
 
 ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBReplaceColorParams& params);

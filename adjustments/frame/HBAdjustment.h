@@ -56,7 +56,9 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
     const char* title;     ///< untranslated; see Title()
     HBFieldInfos fields;
 
-    std::any defaults;                           ///< a record as its constructor makes it
+    /// A new record as its constructor makes it. Not kept: a watermark's text and font are those of the
+    /// language and the application that there are now.
+    std::any (*defaults)();
     const void* (*data)(const std::any& record); ///< the record itself, for the fields' `get`
     void* (*mutableData)(std::any& record);      ///< the same, for their `set`
 
@@ -73,8 +75,12 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
     QString Title() const;
 };
 
-/// All adjustments, in the order of the menus.
+/// Our adjustments, in the order of the menus.
 ADJUSTMENTS_EXPORT const QVector<HBAdjustment>& HBAdjustments();
 
-/// The adjustment of the panel with that class name; null if there is none.
+/// Adds an adjustment of the program's own, which recipes may name from here on; HBRecordRow (HBAdjustmentRow.h)
+/// makes it. It is not copied and must live as long as the program. False if the class name is taken. Any thread.
+ADJUSTMENTS_EXPORT bool HBRegisterAdjustment(const HBAdjustment& adjustment);
+
+/// The adjustment of the panel with that class name, ours or registered; null if there is none. Any thread.
 ADJUSTMENTS_EXPORT const HBAdjustment* HBFindAdjustment(const QString& className);

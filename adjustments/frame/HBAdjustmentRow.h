@@ -6,18 +6,21 @@
 
 #include <QDataStream>
 
-// What makes a row of the table from a record type.
+// What makes a row of the table from a record type: of ours, or of one for HBRegisterAdjustment.
 
 /// The record of a recipe step as bytes: the decoded base64. False with a reason if there is none.
-bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
-QJsonObject HBEncodeRecord(const QByteArray& record);
+ADJUSTMENTS_EXPORT bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
+/// The step of those bytes.
+ADJUSTMENTS_EXPORT QJsonObject HBEncodeRecord(const QByteArray& record);
 /// Why a record could not be read from a stream that now is in this state.
 /// \param read whether all fields were read; then there were further bytes
-QString HBRecordProblem(const QDataStream& stream, bool read);
+ADJUSTMENTS_EXPORT QString HBRecordProblem(const QDataStream& stream, bool read);
 /// The plain values of a recipe step, and back. Every number must be there; each is cut to what its field's type
 /// holds.
-bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record, QString* reason);
-QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
+ADJUSTMENTS_EXPORT bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record,
+                                        QString* reason);
+/// The step of those values.
+ADJUSTMENTS_EXPORT QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
 
 /// A recipe fixes how its records are streamed, whatever Qt it is read with.
 constexpr QDataStream::Version HBRecordVersion = QDataStream::Qt_5_15;
@@ -32,7 +35,7 @@ HBAdjustment HBCommonRow(const char* className, const char* tag, const char* gro
     row.group = group;
     row.title = title;
     row.fields = HBDescribeFields<Record>();
-    row.defaults = Record();
+    row.defaults = [] { return std::any(Record()); };
     row.data = [](const std::any& record) { return static_cast<const void*>(std::any_cast<Record>(&record)); };
     row.mutableData = [](std::any& record) { return static_cast<void*>(std::any_cast<Record>(&record)); };
     row.stages = [](const std::any& record, bool selected) {

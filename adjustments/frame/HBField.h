@@ -33,6 +33,7 @@
 // From it come the clamping where a value is consumed (HBClamped), the check of forms against ranges, the readable
 // form of a recipe step, the schema for other tools and the fuzzer's dictionary (HBDescribeFields).
 
+/// What a number counts.
 enum class HBUnit : quint8 { None, Levels, Percent, Degrees, Kelvin, Stops, Light, Exponent, Thousandths, Copies };
 
 /// The name of a unit after a number, "%" for example; empty for None.
@@ -60,6 +61,7 @@ struct HBNumberField
     Value Record::*member;
     HBRange range;
 };
+/// For the table of fields, as HBNumbers, HBChoice and HBPlain.
 template <class Record, class Value>
 constexpr HBNumberField<Record, Value> HBNumber(const char* key, Value Record::*member, HBRange range)
 {
@@ -75,6 +77,7 @@ struct HBNumbersField
     HBRange range;
     std::array<const char*, Count> names;
 };
+/// See HBNumbersField.
 template <class Record, class Array, std::size_t Count>
 constexpr HBNumbersField<Record, Array, Count> HBNumbers(const char* key, Array Record::*member, HBRange range,
                                                          const char* const (&names)[Count])
@@ -94,6 +97,7 @@ struct HBChoiceField
     Value Record::*member;
     std::array<const char*, Count> names;
 };
+/// See HBChoiceField.
 template <class Record, class Value, std::size_t Count>
 constexpr HBChoiceField<Record, Value, Count> HBChoice(const char* key, Value Record::*member,
                                                        const char* const (&names)[Count])
@@ -112,6 +116,7 @@ struct HBPlainField
     const char* key;
     Value Record::*member;
 };
+/// See HBPlainField.
 template <class Record, class Value>
 constexpr HBPlainField<Record, Value> HBPlain(const char* key, Value Record::*member)
 {
@@ -189,6 +194,7 @@ struct HBFieldInfo
     std::function<QVariant(const void* record)> get;
     std::function<void(void* record, const QVariant& value)> set;
 };
+/// All fields of a record, in their order.
 using HBFieldInfos = std::vector<HBFieldInfo>;
 
 template <class Value>

@@ -27,6 +27,7 @@ ADJUSTMENTS_EXPORT QByteArray HBReadRaw(QDataStream& stream, int size);
 /// A truth value that travels as qint32: anything but 0 is true.
 ADJUSTMENTS_EXPORT bool HBReadBool32(QDataStream& stream);
 
+/// Whether all that was read or written so far went well.
 inline bool HBIsOk(const QDataStream& stream)
 {
     return stream.status() == QDataStream::Ok;

@@ -88,6 +88,10 @@ public:
             return;
         m_AtWork = {index, index};
         const HBOperation operation = stage.prepare(m_Outcome.image, m_pControl);
+        if (stage.seesPicture && HBIsCancelled(m_pControl)) {
+            m_Outcome.status = HBOutcome::Cancelled; // the operation may be any
+            return;
+        }
         const bool together = m_Pass.ranges > 0 && m_Pass.functions < Pass::MaximumFunctions &&
                               m_Pass.ignoresSelection == stage.ignoresSelection &&
                               (stage.ignoresSelection || !m_Target.bounds.isValid());

@@ -31,6 +31,7 @@ struct HBStage
 
     bool MustLook() const { return seesPicture || base || !looks.empty(); }
 };
+/// In the order in which they are applied.
 using HBStages = std::vector<HBStage>;
 
 /// A stage that depends on the record alone.

@@ -25,6 +25,7 @@ struct HBMarginsField
     const char* key;
     QRect Record::*member;
 };
+/// See HBMarginsField.
 template <class Record>
 constexpr HBMarginsField<Record> HBMarginCross(const char* key, QRect Record::*member)
 {

@@ -1,35 +1,30 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include <HBBrightnessContrastWidget.h>
+#include <HBPanelSession.h>
+#include <KMDocumentView.h>
+#include <QtWidgets>
 
-#include <QApplication>
-#include <QLabel>
-#include <QSplitter>
-
-// embed PHOTO [RESULT]: the panel below a photo. Given a second path, saves the first result there and ends.
+// embed PHOTO [RESULT]: a panel beside a photo. Given a second path, presses OK by itself, saves and ends.
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     const QImage photo(application.arguments().value(1));
     if (photo.isNull())
         qFatal("Usage: embed PHOTO [RESULT]");
-
-    QSplitter window(Qt::Vertical); // shows its children one below the other
-    auto* picture = new QLabel(&window);
-    auto* panel = new HBBrightnessContrastWidget(true, &window, {});
-
     const QString result = application.arguments().value(2);
-    QObject::connect(panel, &HBAdjustmentWidget::ImageReady, [=] {
-        const QImage adjusted = panel->AdjustedImage().ToQImage();
-        picture->setPixmap(QPixmap::fromImage(adjusted));
-        if (!result.isEmpty())
-            QApplication::exit(adjusted.save(result) ? 0 : 1);
-    });
-    QObject::connect(panel, &HBAdjustmentWidget::Ok, &window, &QWidget::close);
-    QObject::connect(panel, &HBAdjustmentWidget::Cancel, &window, &QWidget::close);
 
-    panel->SetValue({20, 0});                                  // brightness, contrast
-    panel->SetImage(HBImage<>::FromQImage(photo), {}, {}, {}); // no selection; starts the first job
+    QSplitter window;
+    auto* view = new KMDocumentView(&window);
+    HBPanelSession session(*HBFindPanel("HBBlackAndWhiteWidget"));
+    window.addWidget(session.Widget());
+    QObject::connect(&session, &HBPanelSession::PreviewReady, view, &KMDocumentView::SetPicture);
+    QObject::connect(&session, &HBPanelSession::Rejected, &application, &QApplication::quit);
+    QObject::connect(&session, &HBPanelSession::Accepted, [=](const HBImage<>& adjusted) {
+        QApplication::exit(result.isEmpty() || adjusted.ToQImage().save(result) ? 0 : 1);
+    });
+    session.SetTarget({HBImage<>::FromQImage(photo)});
+    if (!result.isEmpty())
+        session.Accept();
     window.show();
-    return application.exec();
+    return QApplication::exec();
 }

@@ -15,6 +15,13 @@ namespace
 
 constexpr char PathOpenKey[] = "files/pathOpen";
 int progressTimeout = 500;
+bool keepsPathOpen = false;
+
+QString& PathOpen()
+{
+    static QString folder;
+    return folder;
+}
 
 qint64 PhysicalMemory()
 {
@@ -35,16 +42,24 @@ void KMApplication::SetProgressTimeout(int milliseconds)
 
 QString KMApplication::GetPathOpen()
 {
-    const QString stored = QSettings().value(PathOpenKey).toString();
-    // The folder may have gone since, with its memory card for example.
-    if (!stored.isEmpty() && QDir(stored).exists())
-        return stored;
+    const QString folder = PathOpen();
+    // It may have gone since, with its memory card for example.
+    if (!folder.isEmpty() && QDir(folder).exists())
+        return folder;
     return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
 void KMApplication::SetPathOpen(const QString& folder)
 {
-    QSettings().setValue(PathOpenKey, folder);
+    PathOpen() = folder;
+    if (keepsPathOpen)
+        QSettings().setValue(PathOpenKey, folder);
+}
+
+void KMApplication::KeepPathOpen()
+{
+    keepsPathOpen = true;
+    PathOpen() = QSettings().value(PathOpenKey).toString();
 }
 
 void KMApplication::SetTileMemory(qint64 bytes)

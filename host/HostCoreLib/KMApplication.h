@@ -14,9 +14,12 @@ public:
     static int GetProgressTimeout();
     static void SetProgressTimeout(int milliseconds);
 
-    /// The folder a file was last opened from, kept between sessions; the user's pictures folder at first.
+    /// The folder a file was last opened from; the user's pictures folder at first, and when it has gone.
     static QString GetPathOpen();
     static void SetPathOpen(const QString& folder);
+    /// Keeps that folder between sessions, as "files/pathOpen" in the program's QSettings. Not unless it is asked
+    /// to: those are the program's.
+    static void KeepPathOpen();
 
     /// Bytes of memory for image tiles; 0 restores the default, half of the machine's RAM. Tiles beyond it go to a
     /// scratch file.

@@ -4,8 +4,6 @@
 
 #include "HistogramShape.h"
 
-#include <HBPoolJob.h>
-
 #include <QEvent>
 #include <QLayout>
 #include <QMetaMethod>
@@ -86,6 +84,16 @@ void MarkCut(QPainter& painter, int level, const Frame& frame)
     painter.drawPolygon(mark, 3);
 }
 
+HBHistogrammCalculator::Counts CountNow(const QImage& image)
+{
+    return HBHistogrammCalculator::Count(image);
+}
+
+HBHistogrammCalculator::Counts CountNow(const HBImage<>& image)
+{
+    return HBHistogrammCalculator::Count(image, QRect(0, 0, image.Width(), image.Height()));
+}
+
 } // namespace
 
 HistogramWidget::HistogramWidget(QWidget* parent, Qt::WindowFlags flags) : QWidget(parent, flags)
@@ -118,29 +126,30 @@ void HistogramWidget::SetImage(HBSharedImage<HBImage<>>* image)
 void HistogramWidget::RebuildHistogramm()
 {
     if (m_pQImage)
-        Request([image = m_pQImage->Get()](const std::atomic<bool>* abandoned) {
-            return HBHistogrammCalculator::Count(image, abandoned);
-        });
+        Take(m_pQImage->Get());
     else if (m_pImage)
-        Request([image = m_pImage->Get()](const std::atomic<bool>* abandoned) {
-            return HBHistogrammCalculator::Count(image, QRect(0, 0, image.Width(), image.Height()), abandoned);
-        });
+        Take(m_pImage->Get());
     else
         Clear();
 }
 
 /// The request holds a copy of the image, nothing of this widget, which may die while it is worked on.
-void HistogramWidget::Request(const CountFunction& count)
+template <class Image>
+void HistogramWidget::Take(const Image& image)
 {
     Abandon();
-    m_Waiting = [count](const std::atomic<bool>* abandoned) -> Counts {
-        try {
-            return count(abandoned);
-        } catch (const std::exception& error) {
-            qWarning("The histogram could not be counted: %s", error.what());
-            return {};
-        }
-    };
+    m_Waiting = Request{
+        [image]() -> Counts {
+            try {
+                return CountNow(image);
+            } catch (const std::exception& error) {
+                qWarning("The histogram could not be counted: %s", error.what());
+                return {};
+            }
+        },
+        [image](const HBHistogrammCalculator::Abandoned& abandoned, const HBHistogrammCalculator::Done& done) {
+            HBHistogrammCalculator::CountBehind(image, abandoned, done);
+        }};
     if (isVisible() || isSignalConnected(QMetaMethod::fromSignal(&HistogramWidget::HistogrammComplete)))
         Start();
     else
@@ -153,15 +162,19 @@ void HistogramWidget::Start()
     if (!m_Waiting)
         return;
     m_pAbandoned = std::make_shared<std::atomic<bool>>(false);
-    HBWatchInPool(&m_Watcher, [count = std::exchange(m_Waiting, nullptr), abandoned = m_pAbandoned] {
-        return count(abandoned.get());
+    QFutureInterface<Counts> counted;
+    counted.reportStarted();
+    m_Watcher.setFuture(counted.future());
+    (*std::exchange(m_Waiting, std::nullopt)).behind(m_pAbandoned, [counted](const Counts& counts) mutable {
+        counted.reportResult(counts);
+        counted.reportFinished();
     });
 }
 
 const HistogramWidget::Counts& HistogramWidget::Current() const
 {
     if (m_Waiting) {
-        m_Counts = std::exchange(m_Waiting, nullptr)(nullptr);
+        m_Counts = (*std::exchange(m_Waiting, std::nullopt)).now();
         m_Drawn = {};
     }
     return m_Counts;
@@ -190,7 +203,7 @@ void HistogramWidget::Clear()
 {
     Abandon();
     m_Watcher.setFuture(QFuture<Counts>());
-    m_Waiting = nullptr;
+    m_Waiting.reset();
     m_Counts = {};
     m_Drawn = {};
     update();

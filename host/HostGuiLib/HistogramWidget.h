@@ -15,9 +15,10 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// Shows how often each level occurs in a picture. GUI thread only; the counting is done in the global thread
-/// pool.
+/// pool, behind everything else that wants a thread there: a panel's job is not slower for it.
 ///
 /// The shared images stay the caller's: the widget keeps the pointer for RebuildHistogramm() and takes a copy of
 /// the image, under its lock, at that moment only. Call SetImage with a null pointer before the shared image dies,
@@ -70,9 +71,17 @@ protected:
 private:
     using Counts = HBHistogrammCalculator::Counts;
 
-    using CountFunction = std::function<Counts(const std::atomic<bool>* abandoned)>;
+    /// A picture to count, now or in the pool.
+    struct Request
+    {
+        std::function<Counts()> now;
+        std::function<void(const HBHistogrammCalculator::Abandoned& abandoned,
+                           const HBHistogrammCalculator::Done& done)>
+            behind;
+    };
 
-    void Request(const CountFunction& count);
+    template <class Image>
+    void Take(const Image& image);
     void Start();
     const Counts& Current() const;
     void Abandon();
@@ -85,7 +94,7 @@ private:
     HBSharedImage<HBImage<>>* m_pImage = nullptr;
     QFutureWatcher<Counts> m_Watcher;
     std::shared_ptr<std::atomic<bool>> m_pAbandoned; ///< of the running count; shared with it
-    mutable CountFunction m_Waiting;                 ///< the request, unless it has begun
+    mutable std::optional<Request> m_Waiting;        ///< unless it has begun
     mutable Counts m_Counts;
     int m_Mask = 7;
     mutable QImage m_Drawn; ///< what was painted last; null when it must be drawn anew

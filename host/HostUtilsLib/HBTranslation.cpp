@@ -3,25 +3,63 @@
 #include "HBTranslation.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPointer>
 #include <QTranslator>
+
+#include <dlfcn.h>
+
+namespace
+{
+
+/// Where this library is, or the program that it is a part of.
+QString OwnFolder()
+{
+    Dl_info info;
+    if (!dladdr(reinterpret_cast<const void*>(&HBTranslatePanels), &info) || !info.dli_fname)
+        return {};
+    return QFileInfo(QString::fromLocal8Bit(info.dli_fname)).canonicalPath();
+}
+
+bool Install(QTranslator* translator)
+{
+    return translator && QCoreApplication::installTranslator(translator);
+}
+
+/// Null if there is none in any of the folders.
+QTranslator* Load(const QLocale& language, const char* name, const QStringList& folders)
+{
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    for (const QString& folder : folders) {
+        if (translator->load(language, name, "_", folder))
+            return translator;
+    }
+    delete translator;
+    return nullptr;
+}
+
+} // namespace
 
 void HBInstallTranslations()
 {
+    Install(Load(QLocale(), "qtbase", {QLibraryInfo::location(QLibraryInfo::TranslationsPath)}));
+    HBTranslatePanels(QLocale());
+}
+
+bool HBTranslatePanels(const QLocale& language)
+{
+    static QPointer<QTranslator> installed;
+    delete installed; // which takes it from the application
+    if (language.language() == QLocale::English || language.language() == QLocale::C)
+        return true;
     const QString program = QCoreApplication::applicationDirPath();
-    const struct
-    {
-        const char* name;
-        QString folder;
-    } places[] = {{"qtbase", QLibraryInfo::location(QLibraryInfo::TranslationsPath)},
-                  {"adjustment-panels", program + "/../translations"}, // in the build tree
-                  {"adjustment-panels", program + "/../share/adjustment-panels/translations"}};
-    for (const auto& place : places) {
-        auto* translator = new QTranslator(QCoreApplication::instance());
-        if (translator->load(QLocale(), place.name, "_", place.folder))
-            QCoreApplication::installTranslator(translator);
-        else
-            delete translator;
-    }
+    QStringList folders = {program + "/../translations", // in the build tree
+                           program + "/../share/adjustment-panels/translations"};
+    const QString own = OwnFolder();
+    if (!own.isEmpty())
+        folders << own + '/' + ADJUSTMENT_PANELS_TRANSLATIONS;
+    installed = Load(language, "adjustment-panels", folders);
+    return Install(installed);
 }

@@ -49,6 +49,7 @@ void KMDocumentView::SetOverrideCursor(const QCursor& cursor)
     m_Overridden = cursor.shape() != Qt::ArrowCursor;
     m_OverrideCursor = cursor;
     ShowCursor();
+    Q_EMIT OverrideCursorChanged();
 }
 
 void KMDocumentView::SetToolCursor(const QCursor& cursor)

@@ -55,6 +55,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void ZoomChanged(double zoom);
+    /// A panel has begun or ceased to pick, or picks with another cursor.
+    void OverrideCursorChanged();
     /// The pixel of the photo under the mouse; (-1, -1) when there is none.
     void PixelHovered(const QPoint& pixel);
 

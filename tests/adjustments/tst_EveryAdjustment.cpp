@@ -90,17 +90,17 @@ private Q_SLOTS:
         std::set<QString> keys;
         for (const HBFieldInfo& field : adjustment.fields) {
             QVERIFY2(keys.insert(field.key).second, qPrintable(field.key));
-            std::any record = adjustment.defaults, other = HBHostileRecord(adjustment, 1);
+            std::any record = adjustment.defaults(), other = HBHostileRecord(adjustment, 1);
             void* const data = adjustment.mutableData(record);
             const QVariant value = field.get(data), changed = field.get(adjustment.data(other));
             field.set(data, changed);
             QVERIFY2(field.get(data) == changed || field.key.isEmpty(), qPrintable(field.key));
             for (const HBFieldInfo& another : adjustment.fields) {
                 if (another.key != field.key)
-                    QCOMPARE(another.get(data), another.get(adjustment.data(adjustment.defaults)));
+                    QCOMPARE(another.get(data), another.get(adjustment.data(adjustment.defaults())));
             }
             field.set(data, value);
-            QCOMPARE(adjustment.save(record), adjustment.save(adjustment.defaults));
+            QCOMPARE(adjustment.save(record), adjustment.save(adjustment.defaults()));
             if (field.type != HBFieldInfo::Number) continue;
             const HBRange& range = field.range;
             QVERIFY2(range.minimum < range.maximum, qPrintable(field.key));
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QRandomGenerator random(7);
         for (int i = 0; i < 20; ++i) {
             const QJsonObject saved =
-                adjustment.save(i > 0 ? HBRandomRecord(adjustment, random) : adjustment.defaults);
+                adjustment.save(i > 0 ? HBRandomRecord(adjustment, random) : adjustment.defaults());
             std::any record;
             QString reason;
             QVERIFY2(adjustment.restore(saved, &record, &reason), qPrintable(reason));
@@ -135,7 +135,7 @@ private Q_SLOTS:
     void HostileRecordsAreRefused() {
         QFETCH(QString, name);
         const HBAdjustment& adjustment = *HBFindAdjustment(name);
-        const QJsonObject defaults = adjustment.save(adjustment.defaults);
+        const QJsonObject defaults = adjustment.save(adjustment.defaults());
         QVector<QJsonObject> hostile = {{}, {{"values", 5}}, {{"record", QJsonValue()}}};
         if (!adjustment.tag) {
             QJsonObject text = defaults["values"].toObject();
@@ -169,7 +169,7 @@ private Q_SLOTS:
     void AnyRecordGivesAPicture() {
         QFETCH(QString, name);
         const HBAdjustment& adjustment = *HBFindAdjustment(name);
-        QVector<std::any> records = {adjustment.defaults, HBDemonstration(adjustment)};
+        QVector<std::any> records = {adjustment.defaults(), HBDemonstration(adjustment)};
         for (int i = 0; i < HBHostileRecords; ++i) records.append(HBHostileRecord(adjustment, i));
         for (const QSize& size : HBAwkwardSizes()) {
             for (const bool selected : {false, true}) {
@@ -190,7 +190,7 @@ private Q_SLOTS:
                 }
             }
         }
-        QVERIFY(IsText(adjustment) || HBRun(adjustment, adjustment.defaults, HBTarget()).IsWhole());
+        QVERIFY(IsText(adjustment) || HBRun(adjustment, adjustment.defaults(), HBTarget()).IsWhole());
     }
 
     void PairsInOnePass_data() { Rows_data(); }

@@ -218,7 +218,7 @@ private Q_SLOTS:
         const HBAdjustment* const watermark = HBFindAdjustment("HBWatermarkWidget");
         QVERIFY(watermark);
         const QByteArray record =
-            QByteArray::fromBase64(watermark->save(watermark->defaults)["record"].toString().toLatin1());
+            QByteArray::fromBase64(watermark->save(watermark->defaults())["record"].toString().toLatin1());
         for (int at = 19; at + 4 <= record.size(); ++at) {
             QByteArray hostile = record;
             hostile.replace(at, 4, QByteArray::fromHex("7fffffff"));

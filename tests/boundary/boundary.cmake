@@ -1,14 +1,14 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# Compiles the panels and the core for a host that is nothing but the declarations of docs/host-boundary.md. They are static
-# libraries, which nobody links.
+# Compiles the panels and the core for a host that is nothing but the declarations of docs/host-boundary.md, and then our
+# widgets for an image that is. They are static libraries, which nobody links.
 cmake_minimum_required(VERSION 3.21)
-include(${CMAKE_CURRENT_LIST_DIR}/../install/common.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/stub.cmake)
 
 set(document ${SOURCE_DIR}/docs/host-boundary.md)
-boundary_headers(${document} ${WORK_DIR}/stub)
+boundary_headers(${document} ${WORK_DIR}/stub "Widgets and settings" "Image" "Kernels")
 
 # Nothing stands there for nobody: each header is included by the panels, the core, a form, or another one on the list.
 file(GLOB headers RELATIVE ${WORK_DIR}/stub ${WORK_DIR}/stub/*.h)
@@ -27,7 +27,20 @@ endforeach()
 
 boundary_package(${WORK_DIR} StubHost "add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/stub\")")
-run("Configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubHost
-    -D StubHost_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF -D CMAKE_BUILD_TYPE=Debug
+set(options -D BUILD_SHARED_LIBS=OFF -D CMAKE_BUILD_TYPE=Debug
     -D CMAKE_CXX_FLAGS_DEBUG=-w) # declared for nobody to define
+run("Configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build ${options}
+    -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubHost -D StubHost_DIR=${WORK_DIR})
 run("Compile" ${CMAKE_COMMAND} --build ${WORK_DIR}/build --target AdjustmentPanelsAdjustments AdjustmentPanelsPanels)
+
+boundary_headers(${document} ${WORK_DIR}/image "Image" "Kernels")
+boundary_headers(${document} ${WORK_DIR}/besides "Our widgets over your image")
+boundary_package(${WORK_DIR} StubImage "add_library(AdjustmentPanels::ImagingLib INTERFACE IMPORTED)
+target_include_directories(AdjustmentPanels::ImagingLib INTERFACE \"${WORK_DIR}/besides\" \"${WORK_DIR}/image\")")
+run("Configure our widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/widgets ${options}
+    -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubImage -D StubImage_DIR=${WORK_DIR})
+if(EXISTS ${WORK_DIR}/widgets/host/ImagingLib)
+    message(FATAL_ERROR "Our image is built although another is there")
+endif()
+run("Compile our widgets" ${CMAKE_COMMAND} --build ${WORK_DIR}/widgets
+    --target AdjustmentPanelsHostGuiLib AdjustmentPanelsHostView AdjustmentPanelsHostPluginLib)

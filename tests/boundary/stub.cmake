@@ -1,20 +1,24 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# boundary_headers(<document> <folder> [<section>]): a file for each heading "### <name>.h" of the document, or of one
-# section of it, with the C++ below it.
+# boundary_headers(<document> <folder> <section>...): a file for each heading "### <name>.h" of those sections of the document,
+# with the C++ below it.
 function(boundary_headers document folder)
-    file(READ ${document} text)
-    if(ARGC GREATER 2)
-        string(FIND "${text}" "\n## ${ARGV2}\n" begin)
+    foreach(section IN LISTS ARGN)
+        file(READ ${document} text)
+        string(FIND "${text}" "\n## ${section}\n" begin)
         if(begin EQUAL -1)
-            message(FATAL_ERROR "${document} has no section ${ARGV2}")
+            message(FATAL_ERROR "${document} has no section ${section}")
         endif()
         math(EXPR begin "${begin} + 1")
         string(SUBSTRING "${text}" ${begin} -1 text)
         string(FIND "${text}" "\n## " end)
         string(SUBSTRING "${text}" 0 ${end} text)
-    endif()
+        boundary_headers_of("${text}" ${document} ${folder})
+    endforeach()
+endfunction()
+
+function(boundary_headers_of text document folder)
     while(TRUE)
         string(FIND "${text}" "\n### " heading)
         if(heading EQUAL -1)

@@ -69,7 +69,7 @@ private Q_SLOTS:
         for (bool dialog : {false, true}) {
             const Panel panel(entry.create(dialog, nullptr));
             QCOMPARE(QString(panel->metaObject()->className()), name);
-            QCOMPARE(entry.save(*panel), entry.adjustment->save(entry.adjustment->defaults));
+            QCOMPARE(entry.save(*panel), entry.adjustment->save(entry.adjustment->defaults()));
         }
     }
 
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         const HBPanelEntry& entry = *HBFindPanel(name);
         const HBAdjustment& adjustment = *entry.adjustment;
-        QVector<std::any> records = {adjustment.defaults, HBDemonstration(adjustment)};
+        QVector<std::any> records = {adjustment.defaults(), HBDemonstration(adjustment)};
         for (int i = 0; i < HBHostileRecords; ++i) records.append(HBHostileRecord(adjustment, i));
         const Panel panel(entry.create(false, nullptr));
         for (int i = 0; i < records.size(); ++i) {
@@ -147,10 +147,10 @@ private Q_SLOTS:
         }
         for (const HBFieldInfo& field : adjustment.fields) {
             if (field.type != HBFieldInfo::Number || elsewhere.contains(name + '.' + field.key)) continue;
-            QVector<std::any> starts = {adjustment.defaults};
+            QVector<std::any> starts = {adjustment.defaults()};
             for (const HBFieldInfo& choice : adjustment.fields) {
                 for (int value = 0; value < int(choice.values.size()); ++value) {
-                    starts.append(adjustment.defaults);
+                    starts.append(adjustment.defaults());
                     choice.set(adjustment.mutableData(starts.last()), value);
                 }
             }
@@ -170,7 +170,7 @@ private Q_SLOTS:
     void LoadedAndReset() {
         QFETCH(QString, name);
         const HBPanelEntry& entry = *HBFindPanel(name);
-        const QJsonObject defaults = entry.adjustment->save(entry.adjustment->defaults);
+        const QJsonObject defaults = entry.adjustment->save(entry.adjustment->defaults());
         const std::any demonstration = HBDemonstration(*entry.adjustment);
         for (const bool dialog : {true, false}) {
             const Panel panel(entry.create(dialog, nullptr));

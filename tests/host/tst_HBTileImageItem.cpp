@@ -7,6 +7,7 @@
 #include <QGraphicsScene>
 #include <QPainter>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -91,6 +92,27 @@ private Q_SLOTS:
         int calls = 1;
         while (!mips.Prepare(all, 3, 0)) ++calls;
         QVERIFY(calls <= 9);
+    }
+
+    /// For views of another kind: the pixels themselves, or their means, with transparency kept.
+    void convertsAPartAtItsScale() {
+        HBTilePainter picture;
+        QCOMPARE(picture.ToImage(QRect(0, 0, 9, 9), 1), QImage());
+        HBImage<> image = Filled(300, 200, HBRGBA32i(100, 200, 40, 128));
+        image.SetPixel(130, 130, HBRGBA32i(1, 2, 3));
+        QCOMPARE(picture.SetImage(image), QRegion(0, 0, 300, 200));
+        const QImage all = image.ToQImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(picture.ToImage(QRect(-5, 120, 155, 500), 1), all.copy(0, 120, 150, 80));
+        const QImage doubled = picture.ToImage(QRect(129, 129, 3, 3), 2);
+        QCOMPARE(doubled.size(), QSize(6, 6));
+        QCOMPARE(doubled.pixel(3, 3), qRgb(1, 2, 3));
+        const QImage small = picture.ToImage(QRect(0, 0, 300, 200), 0.1);
+        QCOMPARE(small.size(), QSize(30, 20));
+        QCOMPARE(qAlpha(small.pixel(2, 2)), 128);
+        for (const double scale : {0.0, -1.0, 1e9, double(NAN)})
+            QCOMPARE(picture.ToImage(QRect(0, 0, 300, 200), scale), QImage());
+        image.SetPixel(0, 0, HBRGBA32i(1, 2, 3));
+        QCOMPARE(picture.SetImage(image), QRegion(0, 0, 128, 128));
     }
 
     void transparencyLiesOnAChecker() {

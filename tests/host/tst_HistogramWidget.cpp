@@ -96,6 +96,7 @@ private Q_SLOTS:
         shared.Set(Grey(7));
         enum { Shown, Listened, Asked };
         for (const int way : {Shown, Listened, Asked}) {
+            QThreadPool::globalInstance()->waitForDone(); // for the thread of a count that has been delivered
             HistogramWidget widget;
             widget.SetImage(&shared);
             QCoreApplication::processEvents();

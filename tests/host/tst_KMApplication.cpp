@@ -24,6 +24,12 @@ private Q_SLOTS:
         QCOMPARE(KMApplication::GetPathOpen(), pictures);
         KMApplication::SetPathOpen(m_Folder.path());
         QCOMPARE(KMApplication::GetPathOpen(), m_Folder.path());
+        QVERIFY(QSettings().allKeys().isEmpty()); // the program's, not ours
+        QSettings().setValue("files/pathOpen", m_Folder.path() + "/.");
+        KMApplication::KeepPathOpen();
+        QCOMPARE(KMApplication::GetPathOpen(), m_Folder.path() + "/.");
+        KMApplication::SetPathOpen(m_Folder.path());
+        QCOMPARE(QSettings().value("files/pathOpen").toString(), m_Folder.path());
         KMApplication::SetPathOpen(m_Folder.filePath("gone"));
         QCOMPARE(KMApplication::GetPathOpen(), pictures);
     }

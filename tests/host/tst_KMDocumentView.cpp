@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestMain.h"
 
+#include <HBChangedTiles.h>
 #include <HBTileImageItem.h>
 #include <KMDocumentView.h>
 
+#include <QPaintEvent>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -42,11 +45,68 @@ struct Window {
     }
 };
 
+/// What of a widget is painted while this lives.
+struct PaintedRegion : QObject {
+    QRegion region;
+
+    explicit PaintedRegion(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+};
+
 } // namespace
 
 class TestKMDocumentView : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    /// A new picture of which most is shared costs its changed tiles, and looks as if all had been painted.
+    void paintsOnlyWhatHasChanged() {
+        QImage ramp(600, 450, QImage::Format_RGB32);
+        for (int y = 0; y < ramp.height(); ++y) {
+            for (int x = 0; x < ramp.width(); ++x)
+                ramp.setPixel(x, y, qRgb(x * 3 & 255, y * 5 & 255, (x ^ y) & 255));
+        }
+        const HBImage<> before = HBImage<>::FromQImage(ramp);
+        HBImage<> after = before;
+        for (int x = 0; x < 300; ++x)
+            after.SetPixel(x, 130, HBRGBA32i(255, 0, 0)); // three tiles of the second row
+        QCOMPARE(HBChangedTiles(before, before), QRegion());
+        QCOMPARE(HBChangedTiles(before, after), QRegion(0, 128, 384, 128));
+        after.SetPixel(599, 449, HBRGBA32i(255, 0, 0)); // and the last one, which is cut off
+        QCOMPARE(HBChangedTiles(before, after), QRegion(0, 128, 384, 128) + QRect(512, 384, 88, 66));
+        QCOMPARE(HBChangedTiles(HBImage<>(), after), QRegion(0, 0, 600, 450));
+        QCOMPARE(HBChangedTiles(after, HBImage<>()), QRegion());
+
+        for (const double zoom : {0.13, 0.4, 0.66, 1.0, 1.5, 3.0}) {
+            Window w(before), whole(after);
+            for (KMDocumentView* view : {&w.view, &whole.view}) {
+                view->PictureItem()->SetPatience(std::numeric_limits<int>::max());
+                view->SetZoom(zoom);
+                view->centerOn(300, 180);
+            }
+            QVERIFY(QTest::qWaitForWindowExposed(&w.view));
+            PaintedRegion painted(w.view.viewport());
+            do { // until all is painted that has been asked for
+                painted.region = QRegion();
+                QTest::qWait(20);
+            } while (!painted.region.isEmpty());
+            w.view.SetPicture(after);
+            QTRY_VERIFY(!painted.region.isEmpty());
+            const auto toView = [&](const QRectF& rect) {
+                return w.view.viewportTransform().mapRect(rect).toAlignedRect();
+            };
+            for (const QRect& rect : painted.region)
+                QVERIFY((toView({0, 128, 384, 128}).adjusted(-3, -3, 3, 3) & w.view.viewport()->rect())
+                            .contains(rect) ||
+                        toView({512, 384, 88, 66}).adjusted(-3, -3, 3, 3).contains(rect));
+            const QImage shown = w.view.screen()->grabWindow(w.view.winId()).toImage();
+            QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
+                     whole.view.grab().toImage().convertToFormat(QImage::Format_RGB32));
+        }
+    }
+
     void fitsAndKeepsTheZoomForTheSameSize() {
         Window w(Filled(800, 300, HBRGBA32i(1, 1, 1)));
         QCOMPARE(w.view.Zoom(), 0.5);

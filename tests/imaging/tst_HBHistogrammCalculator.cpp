@@ -1,12 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include <HBHistogrammCalculator.h>
+#include <HBParallel.h>
 #include <HBStretchRange.h>
+#include <HBTailLevels.h>
 #include <HBTestMain.h>
+#include <HBTestPool.h>
 
-#include <QThreadPool>
+#include <hwy/targets.h>
 
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -133,6 +137,82 @@ private Q_SLOTS:
         const std::atomic<bool> abandoned{true};
         QCOMPARE(HBHistogrammCalculator::Count(Ramp(300, 300), QRect(0, 0, 300, 300), &abandoned).pixels,
                  quint64(0));
+    }
+
+    void WhatRunsBehindGivesWay() {
+        const HBPoolSize one(1);
+        QVector<int> order;
+        int steps = 0;
+        HBRunBehind([&] {
+            order.append(steps);
+            if (steps == 0) QThreadPool::globalInstance()->start(QRunnable::create([&] { order.append(100); }));
+            return ++steps < 3;
+        });
+        QThreadPool::globalInstance()->waitForDone();
+        QCOMPARE(order, QVector<int>({0, 100, 1, 2}));
+    }
+
+    void CountsBehind() {
+        const HBImage<> image = Ramp(300, 290);
+        const Counts expected = PlainLoop(image, QRect(0, 0, 300, 290));
+        for (const int threads : {1, 4}) {
+            const HBPoolSize pool(threads);
+            QAtomicInt calls;
+            Counts plain, tiled, none;
+            const auto into = [&](Counts& counts) {
+                return [&](const Counts& counted) {
+                    counts = counted;
+                    calls.ref();
+                };
+            };
+            const auto abandoned = std::make_shared<std::atomic<bool>>(false);
+            HBHistogrammCalculator::CountBehind(image.ToQImage(), abandoned, into(plain));
+            HBHistogrammCalculator::CountBehind(image, abandoned, into(tiled));
+            HBHistogrammCalculator::CountBehind(image, std::make_shared<std::atomic<bool>>(true), into(none));
+            QThreadPool::globalInstance()->waitForDone();
+            QCOMPARE(calls.loadAcquire(), 3);
+            QVERIFY(plain.levels == expected.levels && tiled.levels == expected.levels);
+            QCOMPARE(none.pixels, quint64(0));
+        }
+    }
+
+    /// As from the histogram: of noise, dark and light pictures, few levels, tails too thin for the sample, and
+    /// one whose sampled rows are not like the others.
+    void TailLevels() {
+        std::mt19937 random(5);
+        for (int kind = 0; kind < 7; ++kind) {
+            HBImage<> image(1030, 1100);
+            for (int index = 0; index < image.Tiles().size(); ++index) {
+                const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
+                const int sampled = index * 37 % image.TileRect(index).height();
+                for (int i = 0; i < HBImage<>::TilePixels; ++i) {
+                    const int noise = int(random());
+                    const int x = noise & 255, y = (noise >> 8) & 255, z = (noise >> 16) & 255;
+                    const HBRGBA32i pixels[] = {HBRGBA32i(quint8(x), quint8(y), quint8(z)),
+                                                HBRGBA32i(quint8(x * y / 255), quint8(x * y * z / 65025), 0),
+                                                HBRGBA32i(quint8(255 - x * y / 255), 255, quint8(x / 100)),
+                                                HBRGBA32i(quint8(x ? 7 : y), quint8(x & 1), quint8(qMin(x, 128))),
+                                                HBRGBA32i(quint8(x < 3 ? y : 128), 40, quint8(qMax(y, 250))),
+                                                HBRGBA32i(128, 128, 128),
+                                                HBRGBA32i(quint8(i / 128 == sampled ? 9 : x), quint8(y), 3)};
+                    pin.Pixels()[i] = pixels[kind];
+                }
+            }
+            const Counts counts = HBHistogrammCalculator::Count(image, QRect(0, 0, 1030, 1100));
+            const auto reset = qScopeGuard([] { hwy::GetChosenTarget().Update(hwy::SupportedTargets()); });
+            for (qint64 left = hwy::SupportedTargets(); left; left &= left - 1) {
+                hwy::GetChosenTarget().Update(left & -left);
+                const auto tails = HBTailLevels(image);
+                QVERIFY(tails);
+                for (std::size_t c = 0; c < 4; ++c) {
+                    const std::vector<int> expected = HBHistogrammCalculator::Threshold(counts.levels[c]);
+                    QCOMPARE(std::vector<int>((*tails)[c].begin(), (*tails)[c].end()), expected);
+                }
+            }
+            HBJobControl cancelled;
+            cancelled.Cancel();
+            QVERIFY(!HBTailLevels(image, &cancelled));
+        }
     }
 
     void Threshold() {

@@ -4,7 +4,7 @@
 # Installs the build into a folder of its own, moves that folder, builds and runs programs against it, and builds the
 # panels a second time against the installed host, as they are built for a host of someone else's.
 cmake_minimum_required(VERSION 3.21)
-include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
 # Moved afterwards, so that nothing can depend on the folder it was installed to.
 set(prefix ${WORK_DIR}/prefix)
@@ -22,18 +22,12 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
-# ---- Embedding ----
-set(example ${WORK_DIR}/embed)
-run("Configure the example" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/embed -B ${example})
-run("Build the example" ${CMAKE_COMMAND} --build ${example})
-
-# Two grey pixels of level 100, which the example makes 20 levels lighter.
-file(WRITE ${WORK_DIR}/photo.ppm "P3 2 1 255 100 100 100 100 100 100\n")
-run("Run the example" ${example}/embed ${WORK_DIR}/photo.ppm ${WORK_DIR}/result.ppm)
-file(READ ${WORK_DIR}/result.ppm result HEX)
-if(NOT result MATCHES "787878787878$")
-    message(FATAL_ERROR "The example did not lighten the photo: ${result}")
-endif()
+foreach(file man/man1/panel-replay.1 bash-completion/completions/panel-replay zsh/site-functions/_panel-replay
+        fish/vendor_completions.d/panel-replay.fish)
+    if(NOT EXISTS ${prefix}/share/${file})
+        message(FATAL_ERROR "share/${file} is not installed")
+    endif()
+endforeach()
 
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
@@ -45,7 +39,7 @@ run("Run it" ${consumer}/consumer)
 find_program(PKG_CONFIG pkg-config REQUIRED)
 file(GLOB folder ${prefix}/lib*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${folder})
-run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsCatalog AdjustmentPanelsAdjustments)
+run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsKit AdjustmentPanelsAdjustments)
 separate_arguments(flags UNIX_COMMAND "${output}")
 cmake_path(GET folder PARENT_PATH lib)
 file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
@@ -58,14 +52,13 @@ run("Configure the panels for another host" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B
     -D ADJUSTMENT_PANELS_HOST_PACKAGE=AdjustmentPanelsHost -D CMAKE_BUILD_TYPE=Debug)
 run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target AdjustmentPanelsPanels)
 
-# ---- Another's widgets over our image, and ours over another's ----
-# A few files of each: that they find each other. All of them are compiled by the test of the boundary.
+# ---- Another's widgets over our image ----
+# A few files: that they find each other. All of them are compiled by the test of the boundary.
 include(${CMAKE_CURRENT_LIST_DIR}/../boundary/stub.cmake)
 set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(AdjustmentPanelsHost COMPONENTS ImagingLib)\n")
 boundary_headers(${SOURCE_DIR}/docs/host-boundary.md ${WORK_DIR}/widgets "Widgets and settings")
 boundary_package(${WORK_DIR} OwnWidgets "${imaging}add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/widgets\")")
-boundary_package(${WORK_DIR} OwnImaging "${imaging}")
 
 set(build ${WORK_DIR}/own_widgets)
 run("Configure for another's widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
@@ -76,11 +69,3 @@ if(GENERATOR STREQUAL "Ninja") # which has a target for each
         src/CMakeFiles/AdjustmentPanelsPanels.dir/HBLevelsWidget.cpp.o)
 endif()
 run("Compile panels for them" ${CMAKE_COMMAND} --build ${build} ${objects})
-
-set(build ${WORK_DIR}/own_imaging)
-run("Configure for another's image" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnImaging -D OwnImaging_DIR=${WORK_DIR})
-if(EXISTS ${build}/host/ImagingLib)
-    message(FATAL_ERROR "Our image is built although another is there")
-endif()
-run("Build our widgets over it" ${CMAKE_COMMAND} --build ${build} --target AdjustmentPanelsHostGuiLib)

@@ -4,7 +4,7 @@
 # Builds and runs a program that has the panels' tree as a part of it, with static libraries as is CMake's default, then
 # the same program against those static libraries installed.
 cmake_minimum_required(VERSION 3.21)
-include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
 set(whole ${WORK_DIR}/whole)
 run("Configure the whole" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${whole}

@@ -7,8 +7,9 @@
 cmake_minimum_required(VERSION 3.21)
 
 # The folders of each layer. A file may include headers of its own layer and of lower ones.
-set(layers programs catalog panels adjustments photo host) # from the top down
-set(programs editor replay)
+set(layers programs kit catalog panels adjustments photo host) # from the top down
+set(programs editor gimp replay)
+set(kit kit)
 set(catalog catalog)
 set(panels include src)
 set(adjustments adjustments)
@@ -16,7 +17,7 @@ set(photo photo)
 set(host host)
 set(without_widgets "^(adjustments|photo|replay|host/(HostCoreLib|HostUtilsLib|ImagingLib))/")
 set(without_gui_host "^(adjustments|photo)/") # of the host they know ImagingLib and HostCoreLib alone
-set(without_photos "^(adjustments|catalog|include|src)/") # photo files are the programs' alone
+set(without_photos "^(adjustments|catalog|include|kit|src)/") # photo files are the programs' alone
 
 function(header_names result)
     set(names "")

@@ -5,23 +5,13 @@
 # with their tests, the photo files and the replayer.
 cmake_minimum_required(VERSION 3.21)
 
-set(ENV{CMAKE_GENERATOR} ${GENERATOR})
-set(ENV{CXX} ${CXX_COMPILER})
+set(CXX_COMPILER_LAUNCHER "") # it names the folder of the sources, which is another here
+include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
-function(run step)
-    message(STATUS ${step})
-    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${step}: ${result}\n${output}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
-
-file(REMOVE_RECURSE ${WORK_DIR}/tree)
-foreach(folder adjustments cmake host photo replay samples tests theme translations)
+foreach(folder adjustments cmake docs host packaging photo replay samples tests theme translations)
     file(COPY ${SOURCE_DIR}/${folder} DESTINATION ${WORK_DIR}/tree)
 endforeach()
-file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_DIR}/tree)
+file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/CHANGELOG.md ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_DIR}/tree)
 
 # As deep as the build that has compiled the same before, so that ccache knows it again.
 set(build ${WORK_DIR}/tree/build/dev)

@@ -3,49 +3,31 @@
 #pragma once
 
 #include "HBPanelFixture.h"
+#include "HBPickedDocument.h"
 
 #include <ControlNode.h>
 #include <HBCurvesWidget.h>
 #include <HistogramWidget.h>
 #include <MavuCustomSlider.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QGraphicsPathItem>
-#include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
 #include <QLineEdit>
 #include <QToolButton>
 
 using HBPoints = QVector<QPoint>;
 
-/// Sends a mouse event to a scene as its views do.
-inline void HBSceneMouse(QGraphicsScene* scene, QEvent::Type type, const QPointF& position,
-                         Qt::MouseButton button = Qt::LeftButton) {
-    QGraphicsSceneMouseEvent event(type);
-    event.setScenePos(position);
-    event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : button);
-    event.setButtons(type == QEvent::GraphicsSceneMouseRelease ? Qt::NoButton : button);
-    QApplication::sendEvent(scene, &event);
-}
-
 inline void HBClickScene(QGraphicsScene* scene, const QPointF& position, Qt::MouseButton button = Qt::LeftButton) {
     HBSceneMouse(scene, QEvent::GraphicsSceneMousePress, position, button);
     HBSceneMouse(scene, QEvent::GraphicsSceneMouseRelease, position, button);
 }
 
-/// The curves panel and its editor. The scene's y grows downward: level y is at 255 - y.
-struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget> {
-    using HBPanelFixture::HBPanelFixture;
-
-    HBPoints Points() const { return panel.GetValue().points[panel.GetValue().channel]; }
-    /// Shows these points in a channel.
-    void Set(const HBPoints& points, int index = 0) {
-        HBCurvesWidget::Params params;
-        params.channel = index;
-        params.points[index] = points;
-        panel.SetValue(params);
-    }
+/// An editor of a curve. The scene's y grows downward: level y is at 255 - y.
+struct HBCurveUser {
+    explicit HBCurveUser(QGraphicsScene* editor) : scene(editor) {}
+    virtual ~HBCurveUser() = default;
+    virtual HBPoints Points() const = 0;
 
     /// In the order in which they were put into the scene.
     template <class Item>
@@ -56,11 +38,12 @@ struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget> {
         }
         return found;
     }
-    ControlNode* NodeAt(const QPoint& point) const {
-        for (ControlNode* node : Items<ControlNode>()) {
-            if (node->pos() == QPointF(point.x(), 255 - point.y())) return node;
-        }
-        return nullptr;
+    /// Of the curve as it is drawn, line by line.
+    QVector<QPointF> Drawn() const {
+        const QPainterPath path = Items<QGraphicsPathItem>()[0]->path();
+        QVector<QPointF> elements;
+        for (int i = 0; i < path.elementCount(); ++i) elements += path.elementAt(i);
+        return elements;
     }
     /// The points whose nodes are sunken: one or none.
     HBPoints Selected() const {
@@ -72,21 +55,46 @@ struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget> {
     }
     /// One node per point, where it is.
     bool NodesFit() const {
+        const auto nodes = Items<ControlNode>();
         const HBPoints points = Points();
-        return Items<ControlNode>().size() == points.size() &&
-               std::all_of(points.begin(), points.end(), [this](const QPoint& p) { return NodeAt(p) != nullptr; });
+        return nodes.size() == points.size() &&
+               std::all_of(points.begin(), points.end(), [&](const QPoint& point) {
+                   return std::any_of(nodes.begin(), nodes.end(),
+                                      [&](const ControlNode* node) { return node->pos() == View(point); });
+               });
     }
-    QString Edits() const { return input->text() + ' ' + output->text(); }
 
     void Press(const QPoint& point) { HBSceneMouse(scene, QEvent::GraphicsSceneMousePress, View(point)); }
     void Drag(const QPoint& point) { HBSceneMouse(scene, QEvent::GraphicsSceneMouseMove, View(point)); }
     void Release(const QPoint& point) { HBSceneMouse(scene, QEvent::GraphicsSceneMouseRelease, View(point)); }
+    void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
+        QApplication::sendEvent(scene, &event);
+    }
     static QPointF View(const QPoint& point) { return QPointF(point.x(), 255 - point.y()); }
+
+    QGraphicsScene* const scene;
+};
+
+/// The curves panel and its editor.
+struct HBCurvesFixture : HBPanelFixture<HBCurvesWidget>, HBCurveUser {
+    explicit HBCurvesFixture(bool dialog = true)
+        : HBPanelFixture(dialog)
+        , HBCurveUser(Find<QGraphicsView>("m_pCurveView")->scene()) {}
+
+    HBPoints Points() const override { return panel.GetValue().points[panel.GetValue().channel]; }
+    /// Shows these points in a channel.
+    void Set(const HBPoints& points, int index = 0) {
+        HBCurvesWidget::Params params;
+        params.channel = index;
+        params.points[index] = points;
+        panel.SetValue(params);
+    }
+    QString Edits() const { return input->text() + ' ' + output->text(); }
 
     QComboBox* channel = Find<QComboBox>("m_pChannel");
     HistogramWidget* histogram = Find<HistogramWidget>("m_pHistogramm");
     QGraphicsView* view = Find<QGraphicsView>("m_pCurveView");
-    QGraphicsScene* scene = view->scene();
     MavuCustomSlider* slider = Find<MavuCustomSlider>("m_pInputSlider");
     QLineEdit* input = Find<QLineEdit>("m_pInputSpin");
     QLineEdit* output = Find<QLineEdit>("m_pOutputSpin");

@@ -3,12 +3,11 @@
 // The curves panel but for its editor: record, channels, pickers, job.
 #include "HBCurvesFixture.h"
 #include "HBLogCapture.h"
+#include "HBPickedDocument.h"
 #include "HBTestMain.h"
 #include "HBTestRecords.h"
 
 #include <HBAdjustment.h>
-#include <KMDocumentView.h>
-#include <KMPixelRatioRound.h>
 #include <KMTheme.h>
 
 #include <QDataStream>
@@ -21,58 +20,18 @@ using Params = HBCurvesWidget::Params;
 
 const HBPoints Default = {{0, 0}, {255, 255}};
 
-/// Delivers, too, what the released jobs have posted.
-struct PoolBlock : HBPoolBlock {
-    ~PoolBlock() { Release(); }
-    void Release() {
-        HBPoolBlock::Release();
-        HBSettle();
-    }
-};
-
-/// 100 × 80 black pixels, with one block of a colour.
-HBImage<> Photo(const QRect& block, const QColor& color) {
-    QImage image(100, 80, QImage::Format_ARGB32);
-    image.fill(Qt::black);
-    for (int y = block.top(); y <= block.bottom(); ++y) {
-        for (int x = block.left(); x <= block.right(); ++x) image.setPixelColor(x, y, color);
-    }
-    return HBImage<>::FromQImage(image);
-}
-
-/// With a document to pick from. Scene coordinates times the screen's ratio are pixels of the photo.
+/// With a document to pick from.
 struct Fixture : HBCurvesFixture {
-    explicit Fixture(bool dialog = true) : HBCurvesFixture(dialog) {
-        document.setScene(&photoScene);
-        panel.SetView(&document);
-    }
-
-    void SetImage(const HBImage<>& image) {
-        panel.SetImage(image, {}, {}, {});
+    explicit Fixture(bool dialog = true, QRgb color = qRgb(80, 80, 80)) : HBCurvesFixture(dialog) {
+        panel.SetView(&document.view);
+        panel.SetImage(document.Photo({20, 20, 10, 10}, color), {}, {}, {});
         Finish();
         recorder.Take();
     }
-    QPoint InScene(const QPoint& pixel) const { return QPoint(pixel.x() / ratio, pixel.y() / ratio); }
-    void Start(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton) {
-        HBSceneMouse(document.scene(), QEvent::GraphicsSceneMousePress, InScene(pixel), button);
-    }
-    void End(const QPoint& pixel, Qt::MouseButton button = Qt::LeftButton) {
-        HBSceneMouse(document.scene(), QEvent::GraphicsSceneMouseRelease, InScene(pixel), button);
-    }
-    /// Drags over these pixels, corners included.
-    void Pick(const QRect& pixels) {
-        Start(pixels.topLeft());
-        End(pixels.bottomRight());
-    }
+    void Pick() { document.Pick({20, 20, 10, 10}); }
     HBPoints Red() const { return panel.GetValue().points[1]; }
-    bool HasPickerCursor() const {
-        const QCursor cursor = document.viewport()->cursor();
-        return !cursor.pixmap().isNull() && cursor.hotSpot() == QPoint(2, 14);
-    }
 
-    const int ratio = int(KMPixelRatioRound::GetPixelRatio());
-    QGraphicsScene photoScene{0, 0, 100, 80};
-    KMDocumentView document;
+    HBPickedDocument document;
 };
 
 } // namespace
@@ -146,69 +105,23 @@ private Q_SLOTS:
         }
     }
 
-    void pickerButtons() {
-        Fixture f;
-        QVERIFY(!f.HasPickerCursor());
-        const QVector<QToolButton*> buttons = {f.black, f.gray, f.white};
-        for (QToolButton* first : buttons) {
-            for (QToolButton* second : buttons) {
-                first->click();
-                if (second != first) second->click();
-                for (const QToolButton* button : buttons) QCOMPARE(button->isChecked(), button == second);
-                QVERIFY(f.HasPickerCursor());
-                second->click();
-                for (const QToolButton* button : buttons) QVERIFY(!button->isChecked());
-                QVERIFY(!f.HasPickerCursor());
-                f.Start({5, 5}); // nobody listens any more
-                QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
-                f.End({5, 5});
-            }
-        }
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-
-    void pickDrag() {
-        Fixture f;
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(40, 50, 60)));
-        f.black->click();
-        f.Start({0, 0}, Qt::RightButton);
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
-        f.End({8, 8}); // without a start
-        f.Start({20, 20});
-        QCOMPARE(f.document.dragMode(), QGraphicsView::RubberBandDrag);
-        f.Start({0, 0}); // one drag at a time
-        f.End({0, 0}, Qt::RightButton);
-        QCOMPARE(f.document.dragMode(), QGraphicsView::RubberBandDrag);
-        f.End({28, 28});
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
-        HBSettle();
-        QCOMPARE(f.recorder.Take(), HBClosingCalls());
-        const Params params = f.panel.GetValue();
-        QCOMPARE(params.points[0], Default); // never touched
-        QCOMPARE(params.points[1], HBPoints({{40, 0}, {255, 255}}));
-        QCOMPARE(params.points[2], HBPoints({{50, 0}, {255, 255}}));
-        QCOMPARE(params.points[3], HBPoints({{60, 0}, {255, 255}}));
-        QVERIFY(f.black->isChecked()); // for the next pick
-        QCOMPARE(params.channel, 0);
-    }
-
     /// By the view's own mouse events, in a zoomed view.
     void pickByMouse() {
         const HBShowsWindows quiet;
-        Fixture f(false);
-        f.SetImage(Photo({20, 20, 30, 20}, QColor(200, 210, 220)));
-        f.document.scale(4, 4);
-        f.document.resize(600, 500);
-        f.document.show();
+        Fixture f(false, qRgb(200, 210, 220));
+        f.document.view.scale(4, 4);
+        f.document.view.resize(600, 500);
+        f.document.view.show();
         f.white->click();
-        const auto pixel = [&](int x, int y) { return f.document.mapFromScene(f.InScene({x, y})); };
-        QTest::mousePress(f.document.viewport(), Qt::LeftButton, {}, pixel(22, 22));
-        QCOMPARE(f.document.dragMode(), QGraphicsView::RubberBandDrag);
-        QTest::mouseRelease(f.document.viewport(), Qt::LeftButton, {}, pixel(40, 36));
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
+        const auto pixel = [&](int x, int y) { return f.document.view.mapFromScene(f.document.InScene({x, y})); };
+        QTest::mousePress(f.document.view.viewport(), Qt::LeftButton, {}, pixel(22, 22));
+        QCOMPARE(f.document.view.dragMode(), QGraphicsView::RubberBandDrag);
+        QTest::mouseRelease(f.document.view.viewport(), Qt::LeftButton, {}, pixel(28, 26));
+        QCOMPARE(f.document.view.dragMode(), QGraphicsView::NoDrag);
         HBSettle();
         QCOMPARE(f.Red(), HBPoints({{0, 0}, {200, 255}}));
         QCOMPARE(f.panel.GetValue().points[3], HBPoints({{0, 0}, {220, 255}}));
+        QCOMPARE(f.panel.GetValue().points[0], Default); // never touched
     }
 
     void picks() {
@@ -230,14 +143,13 @@ private Q_SLOTS:
                     {"m_pGray", 100, bent, {{0, 0}, {100, 128}, {255, 255}}},
                     {"m_pGray", 100, narrow, {{0, 0}, {30, 255}, {100, 128}}}}; // outside the ends
         for (const auto& row : rows) {
-            Fixture f;
-            f.SetImage(Photo({20, 20, 10, 10}, QColor(row.level, row.level, row.level)));
+            Fixture f(true, qRgb(row.level, row.level, row.level));
             Params params;
             params.channel = 1;
             for (HBPoints& list : params.points) list = row.before;
             f.panel.SetValue(params);
             f.Find<QToolButton>(row.picker)->click();
-            f.Pick({20, 20, 10, 10});
+            f.Pick();
             HBSettle();
             for (int c = 1; c < 4; ++c) params.points[c] = row.after;
             QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
@@ -247,117 +159,24 @@ private Q_SLOTS:
         }
     }
 
-    void pickRectangles() {
-        struct Row {
-            QPoint from, to;
-            int average; ///< of a block of 101 at (50, 40), 20 × 20; the fallback is 128
-        };
-        QVector<Row> rows = {{{52, 42}, {60, 50}, 101}, // inside
-                             {{60, 42}, {52, 50}, 101},
-                             {{52, 42}, {52, 42}, 101},
-                             {{80, 60}, {900, 900}, 0},
-                             {{-50, -50}, {900, 900}, 101 * 400 / 8000},
-                             {{200, 10}, {300, 20}, 128}, // beside
-                             {{-2000000000, -2000000000}, {-1900000000, 2000000000}, 128}};
-        if (int(KMPixelRatioRound::GetPixelRatio()) == 1)
-            rows += {{{45, 35}, {50, 40}, 101 / 36}, {{49, 42}, {50, 43}, 50}}; // corners included, truncated
-        for (const Row& row : rows) {
-            Fixture f;
-            const auto pick = [&] {
-                f.Start(row.from);
-                f.End(row.to);
-                HBSettle();
-                return f.Red();
-            };
-            f.SetImage(Photo({50, 40, 20, 20}, QColor(101, 101, 101)));
-            f.gray->click();
-            QCOMPARE(pick(), HBPoints({{0, 0}, {row.average, 128}, {255, 255}}));
-            // Without an image there is the fallback only.
-            f.SetImage(HBImage<>());
-            f.panel.OnReset();
-            for (QToolButton* button : {f.gray, f.black, f.white}) {
-                if (!button->isChecked()) button->click();
-                QCOMPARE(pick(), HBPoints({{0, 0}, {128, 128}, {255, 255}}));
-            }
-        }
-    }
-
-    /// The sums have 32 bits and wrap: 25 million white pixels average to 83.
-    void hugePick() {
-        QImage white(128, 128, QImage::Format_RGB32);
-        white.fill(Qt::white);
-        const HBImage<> tile = HBImage<>::FromQImage(white);
-        HBImage<> photo(5000, 5000);
-        for (int i = 0; i < photo.Tiles().size(); ++i) photo.ShareTile(i, tile.Tile(0));
-        Fixture f;
-        f.panel.SetCancelProcessing(true); // no job of the panel's own
-        f.panel.SetImage(photo, {}, {}, {});
-        f.white->click();
-        f.Pick(QRect(-10, -10, 6000, 6000));
-        HBSettle();
-        QCOMPARE(f.Red(), HBPoints({{0, 0}, {83, 255}}));
-    }
-
-    void pickPrecedence() {
-        Fixture f;
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(100, 100, 100)));
-        f.white->click();
-        // As no click can bring it about: all three, then black and white.
-        for (QToolButton* other : {f.black, f.gray}) {
-            const QSignalBlocker silent(other);
-            other->setChecked(true);
-        }
-        f.Pick({20, 20, 10, 10});
-        HBSettle();
-        QCOMPARE(f.Red(), HBPoints({{0, 0}, {100, 128}, {255, 255}}));
-        {
-            const QSignalBlocker silent(f.gray);
-            f.gray->setChecked(false);
-        }
-        f.Pick({20, 20, 10, 10});
-        HBSettle();
-        QCOMPARE(f.Red(), HBPoints({{100, 0}, {100, 128}, {255, 255}}));
-    }
-
-    /// While one pick runs, the latest of those that follow is remembered.
-    void pendingPick() {
-        Fixture f;
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
-        f.black->click();
-        PoolBlock block;
-        f.Pick({20, 20, 10, 10});
-        f.Pick({0, 0, 10, 10});
-        f.Pick({20, 10, 10, 20}); // half of it black; the other half 80
-        QCOMPARE(f.recorder.Take(), QStringList());
-        HBPoints first;
-        f.recorder.Once("ValueChanged()", [&] { first = f.Red(); });
-        block.Release();
-        QCOMPARE(first, HBPoints({{80, 0}, {255, 255}}));
-        QCOMPARE(f.recorder.Take(), HBClosingCalls(2));
-        if (f.ratio == 1) QCOMPARE(f.Red(), HBPoints({{40, 0}, {255, 255}}));
-        HBSettle();
-        QCOMPARE(f.recorder.Take(), QStringList());
-    }
-
     void resetCancelsPicks() {
         Fixture f(false);
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
         for (QToolButton* button : {f.black, f.gray, f.white}) {
             button->click();
             {
-                PoolBlock block;
-                f.Pick({20, 20, 10, 10});
-                f.Pick({20, 20, 10, 10}); // pending
+                const HBSettlingPoolBlock block;
+                f.Pick();
+                f.Pick(); // pending
                 f.panel.OnReset();
                 QCOMPARE(f.recorder.Take(), HBClosingCalls());
             }
             QCOMPARE(HBStore(f.panel.GetValue()), HBStore(Params()));
             QCOMPARE(f.recorder.Take(), QStringList());
             {
-                PoolBlock block;
-                f.Pick({20, 20, 10, 10});
+                const HBSettlingPoolBlock block;
+                f.Pick();
                 f.panel.OnReset();
-                f.Pick({20, 20, 10, 10}); // after it: has its turn
+                f.Pick(); // after it: has its turn
                 f.recorder.Take();
             }
             QCOMPARE(f.recorder.Take(), HBClosingCalls());
@@ -365,115 +184,18 @@ private Q_SLOTS:
         }
     }
 
-    void unpickedInMidDrag() {
-        Fixture f;
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
-        f.black->click();
-        f.Start({20, 20});
-        f.black->click();
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
-        f.End({29, 29});
-        f.gray->click();
-        f.End({29, 29}); // of a drag that is over
-        HBSettle();
-        QCOMPARE(f.recorder.Take(), QStringList());
-        // Another picker in mid-drag takes the drag over.
-        f.Start({20, 20});
-        f.white->click();
-        QCOMPARE(f.document.dragMode(), QGraphicsView::RubberBandDrag);
-        f.End({28, 28});
-        HBSettle();
-        QCOMPARE(f.Red(), HBPoints({{0, 0}, {80, 255}}));
-    }
-
     /// Clicks in the curve's scene pick nothing.
     void ownSceneIsNoDocument() {
         Fixture f;
-        f.SetImage(HBTestRamp(300, 300));
         f.black->click();
         f.Press({100, 50});
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
+        QCOMPARE(f.document.view.dragMode(), QGraphicsView::NoDrag);
         f.Release({150, 60});
         HBSettle();
         QCOMPARE(f.recorder.Take(), QStringList());
         QCOMPARE(f.Red(), Default);
     }
-
-    void views() {
-        Fixture f;
-        f.SetImage(Photo({20, 20, 10, 10}, QColor(80, 80, 80)));
-        f.black->click();
-        f.Start({20, 20});
-        QVERIFY(f.HasPickerCursor());
-        KMDocumentView other;
-        QGraphicsScene otherScene(0, 0, 100, 80);
-        other.setScene(&otherScene);
-        f.panel.SetView(&other);
-        QVERIFY(!f.black->isChecked());
-        QVERIFY(!f.HasPickerCursor());
-        QCOMPARE(f.document.dragMode(), QGraphicsView::NoDrag);
-        f.End({29, 29});
-        HBSceneMouse(&otherScene, QEvent::GraphicsSceneMousePress, {5, 5});
-        QCOMPARE(other.dragMode(), QGraphicsView::NoDrag);
-
-        // No view, and one without a scene.
-        KMDocumentView empty;
-        for (KMDocumentView* view : {static_cast<KMDocumentView*>(nullptr), &empty}) {
-            f.panel.SetView(view);
-            for (QToolButton* button : {f.black, f.gray, f.white, f.white}) button->click();
-            f.gray->click();
-        }
-        f.panel.SetView(&empty);
-        // Views that die, or lose their scene, while a picker is on.
-        auto* mortal = new KMDocumentView;
-        mortal->setScene(&otherScene);
-        f.panel.SetView(mortal);
-        f.black->click();
-        HBSceneMouse(&otherScene, QEvent::GraphicsSceneMousePress, {5, 5});
-        delete mortal;
-        HBSceneMouse(&otherScene, QEvent::GraphicsSceneMouseRelease, {9, 9});
-        f.gray->click();
-        f.gray->click();
-        f.panel.SetView(&other);
-        f.white->click();
-        HBSceneMouse(&otherScene, QEvent::GraphicsSceneMousePress, {5, 5});
-        other.setScene(nullptr);
-        HBSceneMouse(&otherScene, QEvent::GraphicsSceneMouseRelease, {9, 9});
-        f.white->click();
-        f.panel.SetView(nullptr);
-        HBSettle();
-        QCOMPARE(f.recorder.Take(), QStringList());
-        QCOMPARE(f.Red(), Default);
-    }
-
-    void deletedWhilePicking() {
-        KMDocumentView document;
-        QGraphicsScene scene(0, 0, 2000, 2000);
-        document.setScene(&scene);
-        for (const bool queued : {true, false}) {
-            std::unique_ptr<PoolBlock> block; // longer than the panel, which must not wait for it
-            HBCurvesFixture f;
-            f.panel.SetView(&document);
-            f.panel.SetImage(HBTestRamp(1500, 1500), {}, {}, {});
-            f.Finish();
-            if (queued) block = std::make_unique<PoolBlock>();
-            for (QToolButton* button : {f.black, f.gray, f.white}) {
-                button->click();
-                for (int i = 0; i < 2; ++i) {
-                    HBSceneMouse(&scene, QEvent::GraphicsSceneMousePress, {0, 0});
-                    HBSceneMouse(&scene, QEvent::GraphicsSceneMouseRelease, {1499, 1499});
-                }
-            }
-            HBSceneMouse(&scene, QEvent::GraphicsSceneMousePress, {0, 0}); // and in mid-drag
-        }
-        // Nothing of the panel stays with the document.
-        QCOMPARE(document.viewport()->cursor().shape(), Qt::ArrowCursor);
-        QCOMPARE(document.dragMode(), QGraphicsView::NoDrag);
-        HBSceneMouse(&scene, QEvent::GraphicsSceneMousePress, {0, 0});
-    }
 };
-
-// ---- Pickers ----
 
 HB_TEST_MAIN(tst_HBCurvesWidget)
 #include "tst_HBCurvesWidget.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBJobLog.h"
 #include "HBLogCapture.h"
+#include "HBPanelStream.h"
 #include "HBTestMain.h"
 
 #include <QTemporaryFile>
@@ -37,13 +38,16 @@ private Q_SLOTS:
         const QtMessageHandler handler = qInstallMessageHandler(
             [](QtMsgType, const QMessageLogContext&, const QString&) { throw std::bad_alloc(); });
         HB_LOG_JOB_EXCEPTION(std::make_exception_ptr(std::runtime_error(std::string(5000, 'x'))));
+        HBLogStreamError("date", "time", 7, "src\\HBPanel", "Read panel error.");
         qInstallMessageHandler(handler);
         dup2(terminal, STDERR_FILENO);
         close(terminal);
         QVERIFY(file.seek(0));
         const QByteArray raw = file.readAll();
         QVERIFY2(raw.contains(". Unexpected exception: line=851, file=\"ImagingLib\\"), raw.constData());
-        QVERIFY(raw.endsWith("xxx\n") && raw.size() == 1024);
+        QVERIFY(
+            raw.endsWith("xxx\"\nBuild date=date, time=time. Line=7, file=\"src\\HBPanel\". Read panel error.\n"));
+        QVERIFY(raw.count('x') >= 5000);
     }
 };
 

@@ -161,6 +161,17 @@ QJsonObject Drawable(const HBPanelEntry& entry, const QJsonObject& values) {
     return WithRecord(HBStore(params));
 }
 
+/// A slanted or thin face may be installed as a font of its own, or else be made of the upright one.
+QJsonObject Upright(const HBPanelEntry& entry, const QJsonObject& values) {
+    if (QByteArray("HBWatermarkWidget") != entry.className) return values;
+    auto params = HBLoad<HBWatermarkWidget::Params>(Record(values));
+    params.font.setStyle(QFont::StyleNormal);
+    params.font.setWeight(QFont::Normal);
+    params.font.setStretch(QFont::Unstretched);
+    params.font.setStyleName({});
+    return WithRecord(HBStore(params));
+}
+
 /// The values once more with another number at one place: any byte of a record, any key without one.
 int Places(const QJsonObject& values, const HBPanelEntry& entry) {
     return entry.tag ? qMax(0, Record(values).size() - int(qstrlen(entry.tag)) - 3)
@@ -495,7 +506,7 @@ struct Recording {
             const QJsonObject mutated = Mutated(demonstration, entry, place, number);
             QString ignored;
             if (mutated != demonstration && entry.restore(*panel, mutated, &ignored))
-                taken += {QString("%1 at %2").arg(number).arg(place), mutated};
+                taken += {QString("%1 at %2").arg(number).arg(place), Upright(entry, mutated)};
         }
         for (int i = 0; i < qMin(6, taken.size()); ++i) values += taken[i * taken.size() / qMin(6, taken.size())];
         for (const auto& value : values) {

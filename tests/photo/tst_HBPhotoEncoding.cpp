@@ -6,6 +6,7 @@
 #include <HBJpegWriter.h>
 #include <HBPhotoEncoding.h>
 #include <HBPhotoFile.h>
+#include <HBPictureRows.h>
 
 #include <QBuffer>
 #include <QImageWriter>
@@ -32,6 +33,15 @@ QByteArray ByQt(const char* format, int quality, QImage::Format pixels = QImage:
     return buffer.data();
 }
 
+QByteArray Jpeg(const HBJpegCoding& coding, int quality) {
+    const HBImage<> image = HBImage<>::FromQImage(Confetti(64, 48));
+    HBPictureRows rows(image, false);
+    QByteArray bytes;
+    QString reason;
+    HBWriteJpeg(rows, coding, quality, &bytes, &reason);
+    return bytes;
+}
+
 QByteArray Jpeg(const QVector<HBJpegCoding::Component>& components, bool rgb = false, bool progressive = false) {
     HBJpegCoding coding{components, {}, rgb, progressive};
     for (int i = 0; i < 3; ++i) {
@@ -39,10 +49,7 @@ QByteArray Jpeg(const QVector<HBJpegCoding::Component>& components, bool rgb = f
         for (int k = 0; k < 64; ++k) table[std::size_t(k)] = quint16(3 + i + k / (i + 1));
         coding.tables.append(table);
     }
-    QByteArray bytes;
-    QString reason;
-    HBWriteJpeg(Confetti(64, 48), coding, 50, &bytes, &reason);
-    return bytes;
+    return Jpeg(coding, 50);
 }
 
 /// The tables and, of each component, number, sampling factors and table: the segments DQT and SOF without the
@@ -133,11 +140,9 @@ private Q_SLOTS:
 
     void fullColoursFromNinetyOn() {
         for (const int quality : {89, 90, 100}) {
-            QByteArray bytes;
-            QString reason;
-            QVERIFY(HBWriteJpeg(Confetti(64, 48), {}, quality, &bytes, &reason));
-            QCOMPARE(HBReadJpegCoding(bytes).components.at(0).horizontal, quality < 90 ? 2 : 1);
-            QCOMPARE(HBReadJpegCoding(bytes).components.at(0).vertical, quality < 90 ? 2 : 1);
+            const HBJpegCoding coding = HBReadJpegCoding(Jpeg({}, quality));
+            QCOMPARE(coding.components.at(0).horizontal, quality < 90 ? 2 : 1);
+            QCOMPARE(coding.components.at(0).vertical, quality < 90 ? 2 : 1);
         }
     }
 

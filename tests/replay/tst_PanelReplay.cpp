@@ -52,6 +52,25 @@ private Q_SLOTS:
         QVERIFY(QRegularExpression("^panel-replay \\d+\\.\\d+\\.\\d+\n$").match(version.out).hasMatch());
     }
 
+    /// Colours and progress are for terminals, and colours for those who want them.
+    void Terminal() {
+        const QByteArray run = "script -qec '" PANEL_REPLAY " apply none.json a.png -o out' /dev/null\n";
+        const QString out = Shell("export TERM=xterm\n" + run + "NO_COLOR=1 " + run + "TERM=dumb " + run).out;
+        QCOMPARE(out.count("none.json: There is no such file"), 3);
+        QCOMPARE(out.count("\x1b[31m"), 1);
+        const Outcome good = Shell("script -qec '" PANEL_REPLAY " apply " SAMPLE_RECIPES
+                                   "/HBGammaCorrectionWidget.json a.png -o out' /dev/null");
+        QVERIFY2(good.out.contains("[1/1] a.png"), qPrintable(good.out));
+    }
+
+    /// A report that is cut short must not look whole.
+    void OutputThatCannotBeWritten() {
+        const Outcome outcome = Shell(PANEL_REPLAY " apply " SAMPLE_RECIPES
+                                                   "/HBGammaCorrectionWidget.json a.png -o out --json >/dev/full");
+        QCOMPARE(outcome.code, 1);
+        QVERIFY2(outcome.err.contains("standard output"), qPrintable(outcome.err));
+    }
+
     void WrongUsage_data() {
         QTest::addColumn<QString>("arguments");
         QTest::addColumn<QString>("message");
@@ -162,7 +181,7 @@ private Q_SLOTS:
             HBPhoto photo;
             QString error;
             QVERIFY2(HBReadPhoto(Path("out/" + QString(name)), &photo, &error), qPrintable(error));
-            QCOMPARE(photo.format, QByteArray("jpeg"));
+            QCOMPARE(photo.encoding.format, QByteArray("jpeg"));
         }
     }
 

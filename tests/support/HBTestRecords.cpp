@@ -41,7 +41,7 @@ std::any HBHostileRecord(const HBAdjustment& adjustment, int which) {
     // JSON, as which plain values are stored, has no infinity.
     const double numbers[HBHostileRecords] = {-1e9, 1e9, adjustment.tag ? qQNaN() : -7.7,
                                               adjustment.tag ? qInf() : 0};
-    std::any record = which & 1 ? HBDemonstration(adjustment) : adjustment.defaults;
+    std::any record = which & 1 ? HBDemonstration(adjustment) : adjustment.defaults();
     for (const HBFieldInfo& field : adjustment.fields) {
         void* const data = adjustment.mutableData(record);
         const QVariant value = field.get(data);

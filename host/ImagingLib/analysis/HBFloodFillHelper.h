@@ -4,6 +4,7 @@
 
 #include "HBTileWalk.h"
 
+/// Fills a region of like colour.
 class IMAGINGLIB_EXPORT HBFloodFillHelper
 {
 public:

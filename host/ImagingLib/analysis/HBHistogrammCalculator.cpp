@@ -131,21 +131,86 @@ void AddTile(Lane& lane, const HBRGBA32i* pixels, const QRect& part)
         lane.Add(pixels + y * TileSide + part.left(), part.width());
 }
 
-/// Calls add(lane, item) for items 0 … items − 1, shared among the cores, and returns the sum of the lanes.
-template <class AddItem>
-Counts CountItems(int items, const std::atomic<bool>* abandoned, const AddItem& add)
+/// A picture in pieces, each counted by itself.
+struct Pieces
+{
+    int count = 0;
+    std::function<void(Lane& lane, int piece)> add;
+};
+
+Counts CountPieces(const Pieces& pieces, const std::atomic<bool>* abandoned)
 {
     Counts total;
     std::mutex mutex;
     std::atomic<int> next{0};
-    HBRunLanes(HBLaneCount(items), [&] {
+    HBRunLanes(HBLaneCount(pieces.count), [&] {
         const auto lane = std::make_unique<Lane>();
-        for (int item = next++; item < items && !(abandoned && *abandoned); item = next++)
-            add(*lane, item);
+        for (int piece = next++; piece < pieces.count && !(abandoned && *abandoned); piece = next++)
+            pieces.add(*lane, piece);
         const std::lock_guard<std::mutex> lock(mutex);
         lane->FlushInto(total);
     });
     return total;
+}
+
+/// What the lanes of one count share that gives way to other work.
+struct BehindCount
+{
+    static constexpr int PiecesPerStep = 4;
+
+    Pieces pieces;
+    HBHistogrammCalculator::Abandoned abandoned;
+    HBHistogrammCalculator::Done done;
+    std::atomic<int> next{0};
+    std::atomic<bool> failed{false};
+    std::mutex mutex;
+    Counts total;
+    int lanes = 0; ///< that have not ended
+
+    bool Step(Lane& lane)
+    {
+        try {
+            for (int i = 0; i < PiecesPerStep; ++i) {
+                const int piece = *abandoned || failed ? pieces.count : next++;
+                if (piece >= pieces.count) {
+                    End(lane);
+                    return false;
+                }
+                pieces.add(lane, piece);
+            }
+            return true;
+        } catch (const std::exception& error) {
+            if (!failed.exchange(true))
+                qWarning("The histogram could not be counted: %s", error.what());
+            End(lane);
+            return false;
+        }
+    }
+
+private:
+    void End(Lane& lane)
+    {
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            lane.FlushInto(total);
+            if (--lanes > 0)
+                return;
+        }
+        done(failed ? Counts() : total);
+    }
+};
+
+void StartBehind(const Pieces& pieces, const HBHistogrammCalculator::Abandoned& abandoned,
+                 const HBHistogrammCalculator::Done& done)
+{
+    const auto count = std::make_shared<BehindCount>();
+    count->pieces = pieces;
+    count->abandoned = abandoned;
+    count->done = done;
+    const int lanes = HBLaneCount(pieces.count);
+    count->lanes = lanes;
+    for (int i = 0; i < lanes; ++i)
+        HBRunBehind([count, lane = std::make_shared<Lane>()] { return count->Step(*lane); });
 }
 
 /// The tiles that `rect` meets, as a rectangle of tile columns and rows; `rect` is inside the image.
@@ -153,6 +218,42 @@ QRect TilesOf(const QRect& rect)
 {
     return {QPoint(rect.left() / TileSide, rect.top() / TileSide),
             QPoint(rect.right() / TileSide, rect.bottom() / TileSide)};
+}
+
+/// The pieces hold a copy of the image.
+Pieces PiecesOf(const HBImage<>& image, const QRect& rect)
+{
+    // An inverted rectangle must go before the intersection, which would turn it round.
+    const QRect part = rect.isValid() ? rect & QRect(0, 0, image.Width(), image.Height()) : QRect();
+    if (image.IsEmpty() || part.isEmpty())
+        return {};
+
+    const QRect tiles = TilesOf(part);
+    return {tiles.width() * tiles.height(), [image, part, tiles](Lane& lane, int piece) {
+                const int column = tiles.left() + piece % tiles.width();
+                const int row = tiles.top() + piece / tiles.width();
+                const int index = row * image.Columns() + column;
+                const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
+                AddTile(lane, pin.Pixels(),
+                        (image.TileRect(index) & part).translated(-column * TileSide, -row * TileSide));
+            }};
+}
+
+Pieces PiecesOf(const QImage& image)
+{
+    const int height = image.height();
+    return {(height + StripRows - 1) / StripRows, [image, height](Lane& lane, int piece) {
+                const int top = piece * StripRows;
+                const int rows = qMin(StripRows, height - top);
+                QImage strip = image;
+                if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32)
+                    strip = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
+                if (strip.isNull())
+                    throw std::bad_alloc();
+                const int first = strip.height() == height ? top : 0;
+                for (int y = first; y < first + rows; ++y)
+                    lane.Add(reinterpret_cast<const HBRGBA32i*>(strip.constScanLine(y)), strip.width());
+            }};
 }
 
 int Saturated(int before, quint64 more)
@@ -166,38 +267,23 @@ int Saturated(int before, quint64 more)
 HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const HBImage<>& image, const QRect& rect,
                                                              const std::atomic<bool>* abandoned)
 {
-    // An inverted rectangle must go before the intersection, which would turn it round.
-    const QRect part = rect.isValid() ? rect & QRect(0, 0, image.Width(), image.Height()) : QRect();
-    if (image.IsEmpty() || part.isEmpty())
-        return {};
-
-    const QRect tiles = TilesOf(part);
-    return CountItems(tiles.width() * tiles.height(), abandoned, [&](Lane& lane, int item) {
-        const int column = tiles.left() + item % tiles.width();
-        const int row = tiles.top() + item / tiles.width();
-        const int index = row * image.Columns() + column;
-        const KMTilePin<HBRGBA32i> pin(image.Tile(index), false);
-        AddTile(lane, pin.Pixels(),
-                (image.TileRect(index) & part).translated(-column * TileSide, -row * TileSide));
-    });
+    return CountPieces(PiecesOf(image, rect), abandoned);
 }
 
 HBHistogrammCalculator::Counts HBHistogrammCalculator::Count(const QImage& image,
                                                              const std::atomic<bool>* abandoned)
 {
-    const int height = image.height();
-    return CountItems((height + StripRows - 1) / StripRows, abandoned, [&](Lane& lane, int item) {
-        const int top = item * StripRows;
-        const int rows = qMin(StripRows, height - top);
-        QImage strip = image;
-        if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32)
-            strip = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
-        if (strip.isNull())
-            throw std::bad_alloc();
-        const int first = strip.height() == height ? top : 0;
-        for (int y = first; y < first + rows; ++y)
-            lane.Add(reinterpret_cast<const HBRGBA32i*>(strip.constScanLine(y)), strip.width());
-    });
+    return CountPieces(PiecesOf(image), abandoned);
+}
+
+void HBHistogrammCalculator::CountBehind(const HBImage<>& image, const Abandoned& abandoned, const Done& done)
+{
+    StartBehind(PiecesOf(image, QRect(0, 0, image.Width(), image.Height())), abandoned, done);
+}
+
+void HBHistogrammCalculator::CountBehind(const QImage& image, const Abandoned& abandoned, const Done& done)
+{
+    StartBehind(PiecesOf(image), abandoned, done);
 }
 
 void HBHistogrammCalculator::SetOutput(int* red, int* green, int* blue, int* luma)

@@ -9,6 +9,8 @@
 
 #include <array>
 #include <atomic>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -49,6 +51,14 @@ public:
     static Counts Count(const HBImage<>& image, const QRect& rect, const std::atomic<bool>* abandoned = nullptr);
     /// The same for a whole QImage of any format; 16-bit channels are reduced to 8, premultiplied ones divided.
     static Counts Count(const QImage& image, const std::atomic<bool>* abandoned = nullptr);
+
+    using Done = std::function<void(const Counts&)>;
+    using Abandoned = std::shared_ptr<const std::atomic<bool>>;
+    /// Counts the whole image in the pool, behind everything else that wants a thread (HBRunBehind), and calls
+    /// `done` there, once, also when abandoned. It must not throw. Where there is not enough memory a warning says
+    /// so and the counts are 0.
+    static void CountBehind(const HBImage<>& image, const Abandoned& abandoned, const Done& done);
+    static void CountBehind(const QImage& image, const Abandoned& abandoned, const Done& done);
 
     /// The levels below and above which 0.5 % of the counted pixels lie: the 0.5 % and the 99.5 % percentile of
     /// 256 counts (contrast stretching as in Gonzalez and Woods, Digital Image Processing). (0, 255) if nothing

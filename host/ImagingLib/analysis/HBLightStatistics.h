@@ -16,6 +16,7 @@ struct HBChannelNorms
     double blue;
 };
 
+/// Measures the norms of the channels.
 class IMAGINGLIB_EXPORT HBNormsLook : public HBPictureLook
 {
 public:

@@ -31,6 +31,7 @@ public:
     virtual std::unique_ptr<Lane> MakeLane() = 0;
 };
 
+/// What one pass over the picture tells at once.
 using HBPictureLooks = std::vector<std::shared_ptr<HBPictureLook>>;
 
 /// The lanes of several looks as one, for a tile function: each copy counts for itself.

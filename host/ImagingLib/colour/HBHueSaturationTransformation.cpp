@@ -42,7 +42,13 @@ HWY_INLINE void SetColors(D d, Colors<D>& c, hn::Vec<D> hue, hn::Vec<D> chroma, 
 {
     const auto one = hn::Set(d, 1.0f);
     const auto two = hn::Set(d, 2.0f);
-    auto bounded = [&](auto share) { return hn::Min(hn::Max(share, hn::Zero(d)), one); };
+    // As whole numbers, the bits of floats of at least 0 stand in the same order and all below 0 are negative: the
+    // clamp is the same, in units that have less to do.
+    const hn::RebindToSigned<D> di;
+    auto bounded = [&](auto share) {
+        const auto bits = hn::Max(hn::BitCast(di, share), hn::Zero(di));
+        return hn::BitCast(d, hn::Min(bits, hn::BitCast(di, one)));
+    };
     const auto least = hn::Mul(hn::Sub(doubleLightness, chroma), hn::Set(d, 0.5f));
     const auto red = bounded(hn::Sub(hn::Abs(hn::Sub(hue, hn::Set(d, 3.0f))), one));
     const auto green = bounded(hn::Sub(two, hn::Abs(hn::Sub(hue, two))));
@@ -52,6 +58,26 @@ HWY_INLINE void SetColors(D d, Colors<D>& c, hn::Vec<D> hue, hn::Vec<D> chroma, 
     c.blue = hn::Add(least, hn::Mul(chroma, blue));
 }
 
+/// The greatest and the least of the three. The bits of floats of at least 0 stand in the same order as whole
+/// numbers.
+template <class D>
+HWY_INLINE hn::Vec<D> Greatest(D d, const Colors<D>& c)
+{
+    const hn::RebindToSigned<D> di;
+    const auto bits = hn::Max(hn::BitCast(di, c.red), hn::BitCast(di, c.green));
+    return hn::BitCast(d, hn::Max(bits, hn::BitCast(di, c.blue)));
+}
+
+template <class D>
+HWY_INLINE hn::Vec<D> Least(D d, const Colors<D>& c)
+{
+    const hn::RebindToSigned<D> di;
+    const auto bits = hn::Min(hn::BitCast(di, c.red), hn::BitCast(di, c.green));
+    return hn::BitCast(d, hn::Min(bits, hn::BitCast(di, c.blue)));
+}
+
+/// \tparam FarTurn by a sector or more: the hue then never falls below 0, and is never 6 or more otherwise
+template <bool FarTurn>
 struct Adjust
 {
     const Factors& factors;
@@ -62,13 +88,12 @@ struct Adjust
         const auto zero = hn::Zero(d);
         const auto one = hn::Set(d, 1.0f);
         const auto six = hn::Set(d, 6.0f);
-        const auto most = hn::Max(hn::Max(c.red, c.green), c.blue);
-        const auto least = hn::Min(hn::Min(c.red, c.green), c.blue);
-        const auto chroma = hn::Sub(most, least);
-        const auto light = hn::Add(most, least);
-        // Grey has chroma 0: any divisor will do.
-        const auto scaled =
-            hn::Mul(hn::Div(chroma, hn::Max(MostChroma(d, light), one)), hn::Set(d, factors.saturation));
+        const auto most = Greatest(d, c);
+        const auto chroma = hn::Sub(most, Least(d, c));
+        const auto light = hn::Add(most, Least(d, c));
+        // Whole numbers, so this is MostChroma. Grey has chroma 0: any divisor will do.
+        const auto mostChroma = hn::Max(hn::Min(light, hn::Sub(hn::Set(d, 510.0f), light)), one);
+        const auto scaled = hn::Mul(hn::Div(chroma, mostChroma), hn::Set(d, factors.saturation));
 
         const auto redMost = most == c.red;
         const auto greenMost = most == c.green;
@@ -77,8 +102,10 @@ struct Adjust
         const auto sector = hn::IfThenElse(greenMost, hn::Set(d, 2.0f), hn::Set(d, 4.0f));
         const auto start = hn::IfThenElse(redMost, zero, sector);
         auto hue = hn::Add(hn::Add(hn::Div(slope, hn::Max(chroma, one)), start), hn::Set(d, factors.turn));
-        hue = hn::IfThenElse(hue < zero, hn::Add(hue, six), hue);
-        hue = hn::IfThenElse(hue >= six, hn::Sub(hue, six), hue);
+        if constexpr (FarTurn)
+            hue = hn::IfThenElse(hue >= six, hn::Sub(hue, six), hue);
+        else
+            hue = hn::IfThenElse(hue < zero, hn::Add(hue, six), hue);
 
         const auto moved = MoveLightness(d, light, factors);
         SetColors(d, c, hue, hn::Mul(MostChroma(d, moved), hn::Min(scaled, one)), moved);
@@ -92,9 +119,7 @@ struct Colorize
     template <class D>
     HWY_INLINE void operator()(D d, Colors<D>& c) const
     {
-        const auto most = hn::Max(hn::Max(c.red, c.green), c.blue);
-        const auto least = hn::Min(hn::Min(c.red, c.green), c.blue);
-        const auto moved = MoveLightness(d, hn::Add(most, least), factors);
+        const auto moved = MoveLightness(d, hn::Add(Greatest(d, c), Least(d, c)), factors);
         const auto chroma = hn::Mul(MostChroma(d, moved), hn::Set(d, factors.saturation));
         SetColors(d, c, hn::Set(d, factors.turn), chroma, moved);
     }
@@ -104,8 +129,10 @@ void AdjustPixels(const Factors& factors, HBRGBA32i* pixels, int count)
 {
     if (factors.colorize)
         MapColors(Colorize{factors}, pixels, count);
+    else if (factors.turn >= 1.0f)
+        MapColors(Adjust<true>{factors}, pixels, count);
     else
-        MapColors(Adjust{factors}, pixels, count);
+        MapColors(Adjust<false>{factors}, pixels, count);
 }
 
 } // namespace HWY_NAMESPACE

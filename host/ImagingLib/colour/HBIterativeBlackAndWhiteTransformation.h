@@ -14,6 +14,7 @@ public:
     void operator()(HBRGBA32i& pixel) const { (*this)(&pixel, 1); }
     void operator()(HBRGBA32i* pixels, int count) const;
 
+    /// What is derived from the arguments.
     struct Weights
     {
         float red;

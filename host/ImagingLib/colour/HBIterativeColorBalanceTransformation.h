@@ -21,6 +21,7 @@ public:
         float linear;
         float square;
     };
+    /// What is derived from the arguments.
     struct Curves
     {
         Curve red;

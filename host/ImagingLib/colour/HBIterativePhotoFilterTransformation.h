@@ -14,6 +14,7 @@ public:
     void operator()(HBRGBA32i& pixel) const { (*this)(&pixel, 1); }
     void operator()(HBRGBA32i* pixels, int count) const;
 
+    /// What is derived from the arguments.
     struct Factors
     {
         float red; ///< what the filter lets pass, 0..1

@@ -6,10 +6,12 @@
 
 #include <QtGlobal>
 
+#define HWY_WANT_AVX3_DL 1
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "HBTemperatureCorrection.cpp"
 #include <hwy/foreach_target.h>
 
+#include "HBSrgbBytes-inl.h"
 #include "HBSrgbVectors-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -38,6 +40,15 @@ struct Adapt
 
 void AdaptPixels(const HBTemperatureCorrection::Matrix& matrix, HBRGBA32i* pixels, int count)
 {
+#if HWY_TARGET == HWY_AVX3_DL
+    static const HBSrgb::LevelBytes decoding(HBSrgb::Decoding());
+    static const HBSrgb::ShadeBytes encoding(HBSrgb::Encoding());
+    if (encoding.isExact) {
+        const int done = MixLight(matrix.rows, decoding, encoding, pixels, count);
+        pixels += done;
+        count -= done;
+    }
+#endif
     MapColors(Adapt{matrix, HBSrgb::Decoding(), HBSrgb::Encoding()}, pixels, count);
 }
 

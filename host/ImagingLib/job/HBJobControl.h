@@ -30,6 +30,7 @@ private:
     std::atomic<bool> m_Cancelled{false};
 };
 
+/// Also for a null pointer.
 inline bool HBIsCancelled(const HBJobControl* control)
 {
     return control && control->IsCancelled();

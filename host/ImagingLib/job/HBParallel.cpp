@@ -5,6 +5,7 @@
 #include <QRunnable>
 #include <QThreadPool>
 
+#include <atomic>
 #include <condition_variable>
 #include <exception>
 #include <memory>
@@ -57,6 +58,8 @@ struct Lanes
     }
 };
 
+std::atomic<QThreadPool*> ownPool{nullptr};
+
 class Helper : public QRunnable
 {
 public:
@@ -72,11 +75,46 @@ private:
     const std::shared_ptr<Lanes> m_pLanes;
 };
 
+class Behind : public QRunnable
+{
+public:
+    explicit Behind(const std::function<bool()>& step) : m_Step(step) {}
+
+    void run() override
+    {
+        QThreadPool& pool = *QThreadPool::globalInstance();
+        while (m_Step()) {
+            // With a thread to spare nobody waits.
+            if (pool.activeThreadCount() >= pool.maxThreadCount() && Start(pool, m_Step))
+                return;
+        }
+    }
+    static bool Start(QThreadPool& pool, const std::function<bool()>& step)
+    {
+        constexpr int lowPriority = -1;
+        return HBTryStart(pool, [&] { pool.start(new Behind(step), lowPriority); });
+    }
+
+private:
+    const std::function<bool()> m_Step;
+};
+
 } // namespace
+
+QThreadPool& HBThreadPool()
+{
+    QThreadPool* pool = ownPool;
+    return pool ? *pool : *QThreadPool::globalInstance();
+}
+
+void HBSetThreadPool(QThreadPool* pool)
+{
+    ownPool = pool;
+}
 
 int HBLaneCount(int items)
 {
-    return qBound(1, qMin(items, QThreadPool::globalInstance()->maxThreadCount()), 64);
+    return qBound(1, qMin(items, HBThreadPool().maxThreadCount()), 64);
 }
 
 void HBRunLanes(int lanes, const std::function<void()>& lane)
@@ -85,7 +123,7 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     shared->lane = &lane;
     shared->Begin();
     try {
-        QThreadPool& pool = *QThreadPool::globalInstance();
+        QThreadPool& pool = HBThreadPool();
         bool started = true;
         for (int helper = 1; helper < lanes && started; ++helper)
             started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
@@ -96,6 +134,14 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     shared->WaitForEnd();
     if (shared->first)
         std::rethrow_exception(shared->first);
+}
+
+void HBRunBehind(const std::function<bool()>& step)
+{
+    if (Behind::Start(*QThreadPool::globalInstance(), step))
+        return;
+    while (step()) {
+    }
 }
 
 bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)

@@ -9,12 +9,13 @@
 #include <QtConcurrent>
 #include <QThreadPool>
 
-/// Runs a job on the global pool and hands its future to the watcher; where the system starts no more threads, at
-/// once. The job must not throw. The watcher's thread.
+/// Runs a job on the pool (HBThreadPool) and hands its future to the watcher; where the system starts no more
+/// threads, at once. The job must not throw. The watcher's thread.
 template <class Result, class Job>
 void HBWatchInPool(QFutureWatcher<Result>* watcher, const Job& job)
 {
-    if (HBTryStart(*QThreadPool::globalInstance(), [&] { watcher->setFuture(QtConcurrent::run(job)); }))
+    QThreadPool& pool = HBThreadPool();
+    if (HBTryStart(pool, [&] { watcher->setFuture(QtConcurrent::run(&pool, job)); }))
         return;
     Job own = job;
     QFutureInterface<Result> done;

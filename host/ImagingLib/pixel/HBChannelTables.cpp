@@ -13,6 +13,8 @@
 #define HWY_TARGET_INCLUDE "HBChannelTables.cpp"
 #include <hwy/foreach_target.h>
 
+#include "HBWideTable-inl.h"
+
 #include <hwy/highway.h>
 
 HWY_BEFORE_NAMESPACE();
@@ -29,23 +31,6 @@ void MapPixels(const HBChannelTables& tables, HBRGBA32i* pixels, int count)
 }
 
 #if HWY_TARGET == HWY_AVX3_DL
-
-struct WideTable
-{
-    __m512i quarter[4];
-
-    explicit WideTable(const HBChannelTables::Table& table)
-    {
-        for (int q = 0; q < 4; ++q)
-            quarter[q] = _mm512_loadu_si512(table.data() + 64 * q);
-    }
-    __m512i Look(__m512i levels) const
-    {
-        const __m512i lower = _mm512_permutex2var_epi8(quarter[0], levels, quarter[1]);
-        const __m512i upper = _mm512_permutex2var_epi8(quarter[2], levels, quarter[3]);
-        return _mm512_mask_blend_epi8(_mm512_movepi8_mask(levels), lower, upper);
-    }
-};
 
 void ApplyTables(const HBChannelTables& tables, HBRGBA32i* pixels, int count)
 {

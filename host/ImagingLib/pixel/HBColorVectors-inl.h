@@ -44,17 +44,71 @@ HWY_INLINE hn::Vec<D> Channel(D d, hn::Vec<hn::RebindToUnsigned<D>> words)
     return hn::ConvertTo(d, hn::BitCast(di, hn::And(hn::ShiftRight<Shift>(words), hn::Set(du, 0xFFu))));
 }
 
+#undef HB_COLOR_VECTORS_PACK
+#if HWY_ARCH_X86 && HWY_TARGET != HWY_SCALAR && HWY_TARGET != HWY_EMU128
+#define HB_COLOR_VECTORS_PACK 1
+#else
+#define HB_COLOR_VECTORS_PACK 0
+#endif
+
+/// Without the fraction; less than 2^31 in size. ConvertTo does more on x86: it mends what is larger.
+template <class D>
+HWY_INLINE hn::Vec<hn::RebindToSigned<D>> Truncated([[maybe_unused]] D d, hn::Vec<D> value)
+{
+    const hn::RebindToSigned<D> di;
+#if HB_COLOR_VECTORS_PACK
+    using V = hn::Vec<decltype(di)>;
+    if constexpr (sizeof(V) == 64)
+        return V{_mm512_cvttps_epi32(value.raw)};
+    else if constexpr (sizeof(V) == 32)
+        return V{_mm256_cvttps_epi32(value.raw)};
+    else
+        return V{_mm_cvttps_epi32(value.raw)};
+#else
+    return hn::ConvertTo(di, value);
+#endif
+}
+
 /// Clamped to 0..255 and rounded, halves upwards.
 template <class D>
 HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> Level(D d, hn::Vec<D> value)
 {
     const hn::RebindToUnsigned<D> du;
-    const hn::RebindToSigned<D> di;
     const auto bounded = hn::Min(hn::Max(value, hn::Zero(d)), hn::Set(d, 255.0f));
-    return hn::BitCast(du, hn::ConvertTo(di, hn::Add(bounded, hn::Set(d, 0.5f))));
+    return hn::BitCast(du, Truncated(d, hn::Add(bounded, hn::Set(d, 0.5f))));
 }
 
-/// One vector of pixels. The kernel is `void operator()(D, Colours<D>&) const` for any float tag D; alpha is kept.
+/// The pixels of these levels (clamped and rounded as by Level), with the alpha of `source`.
+template <class D>
+HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> PixelsOf(D d, const Colors<D>& colors,
+                                                     hn::Vec<hn::RebindToUnsigned<D>> source)
+{
+    const hn::RebindToUnsigned<D> du;
+#if HB_COLOR_VECTORS_PACK
+    // Packing with saturation is the clamp. In each block of four pixels: b b b b r r r r, with g and a alike.
+    const auto rounded = [&](auto value) { return Truncated(d, hn::Add(value, hn::Set(d, 0.5f))).raw; };
+    using V = hn::Vec<decltype(du)>;
+    const hn::Repartition<std::uint8_t, decltype(du)> bytes;
+    alignas(16) static constexpr std::uint8_t order[16] = {0, 8, 4, 12, 1, 9, 5, 13, 2, 10, 6, 14, 3, 11, 7, 15};
+    [[maybe_unused]] const auto alpha = hn::ShiftRight<24>(source).raw;
+    if constexpr (sizeof(V) == 64) {
+        const auto blueRed = _mm512_packs_epi32(rounded(colors.blue), rounded(colors.red));
+        const V packed{_mm512_packus_epi16(blueRed, _mm512_packs_epi32(rounded(colors.green), alpha))};
+        return hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(bytes, packed), hn::LoadDup128(bytes, order)));
+    } else if constexpr (sizeof(V) == 32) {
+        const auto blueRed = _mm256_packs_epi32(rounded(colors.blue), rounded(colors.red));
+        const V packed{_mm256_packus_epi16(blueRed, _mm256_packs_epi32(rounded(colors.green), alpha))};
+        return hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(bytes, packed), hn::LoadDup128(bytes, order)));
+    }
+#endif
+    auto result = hn::And(source, hn::Set(du, 0xFF000000u));
+    result = hn::Or(result, hn::ShiftLeft<16>(Level(d, colors.red)));
+    result = hn::Or(result, hn::ShiftLeft<8>(Level(d, colors.green)));
+    return hn::Or(result, Level(d, colors.blue));
+}
+
+/// One vector of pixels. The kernel is `void operator()(D, Colors<D>&) const` for any float tag D; what it makes
+/// is less than 2^31 in size; alpha is kept.
 template <class D, class Kernel>
 HWY_INLINE void MapVector(D d, const Kernel& kernel, std::uint32_t* words)
 {
@@ -62,11 +116,7 @@ HWY_INLINE void MapVector(D d, const Kernel& kernel, std::uint32_t* words)
     const auto source = hn::LoadU(du, words);
     Colors<D> colors{Channel<16>(d, source), Channel<8>(d, source), Channel<0>(d, source)};
     kernel(d, colors);
-    auto result = hn::And(source, hn::Set(du, 0xFF000000u));
-    result = hn::Or(result, hn::ShiftLeft<16>(Level(d, colors.red)));
-    result = hn::Or(result, hn::ShiftLeft<8>(Level(d, colors.green)));
-    result = hn::Or(result, Level(d, colors.blue));
-    hn::StoreU(result, du, words);
+    hn::StoreU(PixelsOf(d, colors, source), du, words);
 }
 
 template <class Kernel>

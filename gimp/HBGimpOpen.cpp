@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBGimpOpen.h"
+
+#include "HBAppearance.h"
+#include "HBGimpDialog.h"
+#include "HBGimpLayer.h"
+#include "HBGimpText.h"
+
+#include <KMApplication.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QSettings>
+#include <QTimer>
+#include <QWindow>
+
+#include <poll.h>
+
+#include <memory>
+
+namespace
+{
+
+constexpr int ReadPipeArgument = 2; // of GIMP's command line for plug-ins
+using Owned = std::unique_ptr<gchar, decltype(&g_free)>;
+
+/// In front of GIMP's window. Only X11 knows windows of other programs.
+void PutBefore(QWidget* dialog)
+{
+    const gint32 display = gimp_default_display();
+    const gint handle = display > 0 ? gimp_display_get_window_handle(display) : 0;
+    if (handle == 0 || QGuiApplication::platformName() != "xcb")
+        return;
+    dialog->winId();
+    dialog->windowHandle()->setTransientParent(QWindow::fromWinId(WId(handle)));
+}
+
+/// If GIMP ends meanwhile, the dialog has nobody to give its picture to.
+void EndWithGimp(QDialog* dialog)
+{
+    const int pipe = QCoreApplication::arguments().value(ReadPipeArgument).toInt();
+    auto* timer = new QTimer(dialog);
+    QObject::connect(timer, &QTimer::timeout, dialog, [pipe, dialog] {
+        pollfd state{pipe, 0, 0};
+        if (poll(&state, 1, 0) == 1 && (state.revents & (POLLHUP | POLLERR)))
+            dialog->reject();
+    });
+    timer->start(500);
+}
+
+} // namespace
+
+HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjustment, QStringList* notes,
+                              QString* reason)
+{
+    const HBGimpLayer layer(call.drawable);
+    if (!layer.Check(reason))
+        return HBGimpAnswer::Failed;
+    const Owned name(gimp_item_get_name(call.drawable), &g_free);
+    HBTarget target;
+    layer.Read(&target);
+    HBGimpPresets presets(HBGimpFolder(), adjustment);
+    HBGimpDialog dialog(*HBFindPanel(QString::fromLatin1(adjustment.className)), target,
+                        QString::fromUtf8(name.get()), layer.Warning(), &presets);
+    QSettings windows(HBGimpFolder() + "/windows.ini", QSettings::IniFormat);
+    if (!dialog.restoreGeometry(windows.value(adjustment.className).toByteArray()))
+        dialog.resize(dialog.sizeHint().expandedTo({1000, 600}));
+    PutBefore(&dialog);
+    EndWithGimp(&dialog);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    windows.setValue(adjustment.className, dialog.saveGeometry());
+    if (!accepted)
+        return HBGimpAnswer::Cancelled;
+
+    HBGimpLayer::Written written;
+    if (!layer.Write(target.source, dialog.Adjusted(), &written, reason))
+        return HBGimpAnswer::Failed;
+    *notes = written.notes;
+    QString problem;
+    if (!presets.SetLast(dialog.Step().values, &problem))
+        notes->append(problem);
+    return HBGimpAnswer::Done;
+}
+
+QString HBAskForRecipe()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(nullptr, HBGimpText::tr("Apply Recipe"), KMApplication::GetPathOpen(),
+                                     HBGimpText::tr("Recipes (*.json);;All files (*)"));
+    if (!path.isEmpty())
+        KMApplication::SetPathOpen(QFileInfo(path).path());
+    return path;
+}
+
+void HBUseGimpColors()
+{
+    const Owned theme(gimp_gimprc_query("theme"), &g_free);
+    HBUseDarkColors(theme && QByteArray(theme.get()).contains("Dark"));
+}

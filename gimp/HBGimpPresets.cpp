@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBGimpPresets.h"
+
+#include <HBSaveFile.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr char Format[] = "adjustment-presets";
+constexpr int Version = 1;
+constexpr qint64 MaximumBytes = 16 << 20;
+
+template <class Presets>
+auto Find(Presets& presets, const QString& name)
+{
+    return std::find_if(presets.begin(), presets.end(), [&](const auto& preset) { return preset.name == name; });
+}
+
+} // namespace
+
+HBGimpPresets::HBGimpPresets(const QString& folder, const HBAdjustment& adjustment)
+    : m_Path(folder + '/' + adjustment.className + ".json")
+    , m_Adjustment(adjustment)
+{
+}
+
+HBGimpPresets::Contents HBGimpPresets::Read() const
+{
+    Contents contents;
+    QFile file(m_Path);
+    if (!file.open(QIODevice::ReadOnly))
+        return contents;
+    const QJsonObject read = QJsonDocument::fromJson(file.read(MaximumBytes)).object();
+    if (read.value("format") != QLatin1String(Format) || read.value("version") != Version) {
+        contents.foreign = file.size() > 0;
+        return contents;
+    }
+    contents.last = read.value("last").toObject();
+    for (const QJsonValue& entry : read.value("presets").toArray()) {
+        QJsonObject values = entry.toObject();
+        const QString name = values.take("name").toString();
+        contents.presets.append({name, values});
+    }
+    return contents;
+}
+
+bool HBGimpPresets::Write(const Contents& contents, QString* reason) const
+{
+    QDir().mkpath(QFileInfo(m_Path).path());
+    // The new file must not take the place of one whose meaning we do not know.
+    if (contents.foreign)
+        QFile::rename(m_Path, m_Path + '~');
+    QJsonArray presets;
+    for (const Preset& preset : contents.presets) {
+        QJsonObject entry = preset.values;
+        entry.insert("name", preset.name);
+        presets.append(entry);
+    }
+    QJsonObject written{{"format", Format}, {"version", Version}, {"presets", presets}};
+    if (!contents.last.isEmpty())
+        written.insert("last", contents.last);
+    if (HBSaveFile(m_Path, QJsonDocument(written).toJson(), reason))
+        return true;
+    *reason = m_Path + ": " + *reason;
+    return false;
+}
+
+bool HBGimpPresets::IsReadable(const QJsonObject& values) const
+{
+    std::any record;
+    QString reason;
+    return m_Adjustment.restore(values, &record, &reason);
+}
+
+QStringList HBGimpPresets::Names() const
+{
+    QStringList names;
+    for (const Preset& preset : Read().presets) {
+        if (!preset.name.isEmpty() && IsReadable(preset.values))
+            names.append(preset.name);
+    }
+    return names;
+}
+
+QJsonObject HBGimpPresets::Values(const QString& name) const
+{
+    const Contents contents = Read();
+    const auto found = Find(contents.presets, name);
+    return found != contents.presets.end() && IsReadable(found->values) ? found->values : QJsonObject();
+}
+
+bool HBGimpPresets::SetLast(const QJsonObject& values, QString* reason)
+{
+    Contents contents = Read();
+    contents.last = values;
+    return Write(contents, reason);
+}
+
+bool HBGimpPresets::Keep(const QString& name, const QJsonObject& values, QString* reason)
+{
+    Contents contents = Read();
+    const auto found = Find(contents.presets, name);
+    if (found != contents.presets.end())
+        contents.presets.erase(found);
+    contents.presets.prepend({name, values});
+    return Write(contents, reason);
+}
+
+bool HBGimpPresets::SetUsed(const QString& name, QString* reason)
+{
+    const QJsonObject values = Values(name);
+    return values.isEmpty() || Keep(name, values, reason);
+}
+
+bool HBGimpPresets::Remove(const QString& name, QString* reason)
+{
+    Contents contents = Read();
+    const auto found = Find(contents.presets, name);
+    if (found == contents.presets.end())
+        return true;
+    contents.presets.erase(found);
+    return Write(contents, reason);
+}

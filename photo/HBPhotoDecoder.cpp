@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBPhotoDecoder.h"
+
+#include "HBFileNumbers.h"
+#include "HBJpegReader.h"
+#include "HBPhotoCheck.h"
+#include "HBPhotoMetadata.h"
+#include "HBPngFile.h"
+#include "HBTiffFile.h"
+
+#include <KMImageFileManager.h>
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QCoreApplication>
+#include <QFile>
+#include <QImageReader>
+
+#include <mutex>
+#include <new>
+#include <unistd.h>
+
+namespace
+{
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
+};
+
+bool Fail(QString* reason, const QString& text)
+{
+    *reason = text;
+    return false;
+}
+
+/// Collects what decoders remark while it lives, as about damaged data. Qt's and libtiff only log it, without the
+/// file's name: that of this thread comes here.
+class Remarks
+{
+public:
+    Remarks()
+    {
+        static std::once_flag once;
+        std::call_once(once, [] {
+            otherMessages = qInstallMessageHandler(Keep);
+            HBLogTiffMessages();
+        });
+        kept = &m_Kept;
+    }
+    ~Remarks() { kept = nullptr; }
+    Q_DISABLE_COPY(Remarks)
+
+    void Add(const QString& text)
+    {
+        if (!m_Kept.contains(text))
+            m_Kept.append(text);
+    }
+    void AddTo(QStringList* warnings) const
+    {
+        for (const QString& remark : m_Kept.mid(0, 3))
+            warnings->append(Text::tr("the decoder remarks: %1").arg(remark));
+    }
+    QString Last() const { return m_Kept.isEmpty() ? QString() : m_Kept.last(); }
+
+private:
+    static void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
+    {
+        if (!kept || type != QtWarningMsg)
+            otherMessages(type, context, text);
+        else if (!kept->contains(text))
+            kept->append(text);
+    }
+
+    static thread_local QStringList* kept;
+    static QtMessageHandler otherMessages;
+    QStringList m_Kept;
+};
+
+thread_local QStringList* Remarks::kept = nullptr;
+QtMessageHandler Remarks::otherMessages = nullptr;
+
+HBStraightRead::Outcome ReadStraight(const QByteArray& file, const QByteArray& format, HBStraightRead* read)
+{
+    return format == "jpeg"   ? HBReadJpeg(file, read)
+           : format == "png"  ? HBReadPng(file, read)
+           : format == "tiff" ? HBReadTiff(file, read)
+                              : HBStraightRead::LeftToQt;
+}
+
+/// Piece by piece: the picture is large enough as it is.
+void PutRows(const QImage& image, HBUprightTiles* tiles)
+{
+    for (int first = 0; first < image.height(); first += HBUprightTiles::RowsAtOnce) {
+        const int count = qMin(HBUprightTiles::RowsAtOnce, image.height() - first);
+        QImage piece(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());
+        if (image.colorCount() > 0)
+            piece.setColorTable(image.colorTable());
+        const QImage rows = piece.convertToFormat(QImage::Format_ARGB32);
+        if (rows.isNull())
+            throw std::bad_alloc();
+        tiles->Put(first, count, reinterpret_cast<const QRgb*>(rows.constBits()), rows.bytesPerLine() / 4);
+    }
+}
+
+/// \param isDeep whether it had 16 bits a channel
+bool ReadByQt(QImageReader* reader, HBStraightRead* read, bool* isDeep)
+{
+    const QSize size = reader->size();
+    if (size.isValid() && !read->Begin(size))
+        return false;
+    QImage image;
+    if (!reader->read(&image) || image.isNull())
+        return Fail(&read->reason, reader->errorString());
+    *isDeep = image.depth() == 64 || image.format() == QImage::Format_Grayscale16;
+    read->dotsPerMetreX = image.dotsPerMeterX();
+    read->dotsPerMetreY = image.dotsPerMeterY();
+    if (image.size() != read->tiles.Lying() && !read->Begin(image.size()))
+        return false;
+    PutRows(image, &read->tiles);
+    return true;
+}
+
+/// The profile if it fits the pixels, which always are red, green and blue: one for CMYK would spoil them.
+KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
+{
+    const QByteArray model = profile.Icc().mid(16, 4); // ICC.1:2022, 7.2.6
+    if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
+        return profile;
+    warnings->append(Text::tr("its colour profile is not one for RGB and was left out"));
+    return {};
+}
+
+HBImage<> WithMetadata(const HBStraightRead& read, const HBPhotoMetadata& metadata, QStringList* warnings)
+{
+    HBImage<> image = read.tiles.Image();
+    for (const KMEXIFElement& element : metadata.elements)
+        image.AddElement(new KMEXIFElement(element));
+    image.SetProfile(FittingProfile(metadata.profile, warnings));
+    const int otherwise = QImage(1, 1, QImage::Format_RGB32).dotsPerMeterX(); // what Qt takes for usual
+    const auto dots = [&](int inFile) {
+        return metadata.dotsPerMetre > 0 ? metadata.dotsPerMetre : inFile > 0 ? inFile : otherwise;
+    };
+    image.SetHostValue(0, dots(read.dotsPerMetreX));
+    image.SetHostValue(1, dots(read.dotsPerMetreY));
+    return image;
+}
+
+} // namespace
+
+bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted, HBPhoto* photo, QString* reason)
+{
+    if (!HBIsWholeFile(file))
+        return Fail(reason, Text::tr("the file is cut short"));
+    Remarks remarks; // also about the head, which is read more than once
+    QByteArray same = file;
+    QBuffer buffer(&same);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false); // it knows the orientation of some formats only
+    const QByteArray format = reader.format();
+    // Qt also draws drawings and reads icons.
+    if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(format)))
+        return Fail(reason, Text::tr("this is not a photo of a known format"));
+    // Before size(), which leaves the TIFF reader where it finds no pages. JPEG and PNG have one.
+    const bool mayHavePages = format != "jpeg" && format != "png";
+    const int pages = mayHavePages ? reader.imageCount() : 1;
+    photo->encoding = HBReadEncoding(file, format);
+    photo->encoding.pages = qMax(photo->encoding.pages, pages);
+    photo->encoding.isAnimated |= photo->encoding.pages > 1 && reader.supportsAnimation();
+    QStringList aboutMetadata;
+    const HBPhotoMetadata metadata = HBReadMetadata(file, &aboutMetadata);
+
+    HBStraightRead read;
+    read.orientation = metadata.orientation;
+    read.isWanted = isWanted;
+    bool isDeep = false;
+    const auto outcome = ReadStraight(file, format, &read);
+    for (const QString& remark : qAsConst(read.remarks))
+        remarks.Add(remark);
+    if (outcome == HBStraightRead::Read && !metadata.profile.IsEmpty())
+        QColorSpace::fromIccProfile(metadata.profile.Icc()); // which remarks what is wrong with it
+    const bool isRead =
+        outcome == HBStraightRead::LeftToQt ? ReadByQt(&reader, &read, &isDeep) : outcome == HBStraightRead::Read;
+    if (!read.refusal.isEmpty())
+        return Fail(reason, read.refusal);
+    if (!read.IsWanted())
+        return Fail(reason, Text::tr("it was given up"));
+    if (!isRead) {
+        const QString problem = read.reason.isEmpty() ? remarks.Last() : read.reason;
+        return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(problem));
+    }
+    remarks.AddTo(&photo->warnings);
+    if (photo->encoding.pages > 1)
+        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
+    if (isDeep) {
+        photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        photo->encoding.bitsPerChannel = qMax(16, photo->encoding.bitsPerChannel);
+    }
+    photo->warnings.append(aboutMetadata);
+    photo->image = WithMetadata(read, metadata, &photo->warnings);
+    return true;
+}
+
+QSize HBSizeInHead(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray head = file.peek(24);
+    if (head.startsWith("\x89PNG\r\n\x1a\n")) { // what is wrong with the rest Qt would print
+        const HBFileNumbers numbers(head, true);
+        const QSize size(int(numbers.At(16, 4)), int(numbers.At(20, 4)));
+        return size.isEmpty() ? QSize() : size;
+    }
+    const Remarks untold; // HBDecodePhoto() tells them
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    return reader.size();
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBStraightRead.h"
+
+#include <QCoreApplication>
+
+#include <unistd.h>
+
+bool HBStraightRead::Begin(const QSize& lying)
+{
+    constexpr int bytesPerPixel = 8; // of the deepest formats
+    if (lying.isEmpty()) {
+        refusal = QCoreApplication::translate("HBPhotoFile", "the picture has no pixels");
+        return false;
+    }
+    if (qint64(lying.width()) * lying.height() > HBLargestPicture() / bytesPerPixel) {
+        refusal =
+            QCoreApplication::translate("HBPhotoFile", "%1 x %2 pixels are too many for this machine's memory")
+                .arg(lying.width())
+                .arg(lying.height());
+        return false;
+    }
+    tiles = HBUprightTiles(lying, orientation);
+    return true;
+}
+
+qint64 HBLargestPicture()
+{
+    // Half of the memory: in some formats two copies of a picture are there while it is read or written.
+    static const qint64 bytes = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+    return bytes;
+}
