@@ -63,7 +63,7 @@ void WriteSeeds(const QString& folder) {
     HBRecipe all;
     for (int i = 0; i < HBAdjustments().size(); ++i) {
         const HBAdjustment& adjustment = HBAdjustments()[i];
-        const std::any records[] = {adjustment.defaults, HBDemonstration(adjustment),
+        const std::any records[] = {adjustment.defaults(), HBDemonstration(adjustment),
                                     HBHostileRecord(adjustment, 1)};
         for (int k = 0; k < 3; ++k) {
             const QByteArray head = Bytes({i, 4 + k, k});

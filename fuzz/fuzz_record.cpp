@@ -19,11 +19,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzInput input(data, size);
     const HBAdjustment& adjustment = HBAdjustments()[input.Below(HBAdjustments().size())];
     const HBTarget target = HBFuzzTarget(&input);
-    std::any record = adjustment.defaults;
+    std::any record = adjustment.defaults();
     QString reason;
     if (!adjustment.restore(HBFuzzStep(adjustment, input.Rest()), &record, &reason)) {
         HBFuzzCheck(!reason.isEmpty(), "a record is refused without a reason");
-        HBFuzzCheck(adjustment.save(record) == adjustment.save(adjustment.defaults),
+        HBFuzzCheck(adjustment.save(record) == adjustment.save(adjustment.defaults()),
                     "a refused record has changed");
         return 0;
     }
