@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <any>
+#include <functional>
 
 template <class Record, class = void>
 struct HBAsksForSelection : std::false_type
@@ -41,8 +42,8 @@ HBStages HBMakeStages(const Record& record, bool selected)
 template <class Record>
 HBOutcome HBAdjust(const Record& record, const HBTarget& target, HBJobControl* control = nullptr)
 {
-    return HBRunStages(
-        target, [&] { return HBMakeStages(record, target.bounds.isValid()); }, control);
+    const auto stages = [&] { return HBMakeStages(record, target.bounds.isValid()); };
+    return HBRunStages(target, std::cref(stages), control); // by reference: a copy might take memory, and throw
 }
 
 /// One adjustment, as everything that works with all of them knows it. A record travels as std::any, which holds
