@@ -13,6 +13,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 
 void Write(const QString& path, const QByteArray& bytes) {
@@ -29,6 +32,7 @@ QString Folder() {
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     new QCoreApplication(*argc, *argv);
+    std::signal(SIGXFSZ, SIG_IGN);
     return 0;
 }
 
@@ -49,6 +53,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzCheck(QFile::exists(folder + "/a.jpg"), "the photo is gone");
     HBFuzzCheck(QFile::exists(folder + "/a.jpg.abcdef"), "a stranger's file is gone");
     const HBFileState state = HBStateOf(folder + "/a.jpg");
+    // The disk is full for a moment, in the middle of a line: that must not spoil the next one.
+    rlimit usual;
+    getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit full{rlim_t(HBStateOf(folder + "/.panel-replay.journal").size + 20), usual.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    const bool fitted = journal.Note(folder + "/a.jpg", state, folder + "/c.jpg", true, "result", &problem);
+    setrlimit(RLIMIT_FSIZE, &usual);
+    HBFuzzCheck(!fitted, "a line got onto a full disk");
+    problem.clear();
     HBFuzzCheck(journal.Note(folder + "/a.jpg", state, folder + "/b.jpg", true, "result", &problem), problem);
     Write(folder + "/b.jpg", "result");
     HBReplayJournal next(folder, HBShard(), "job", true);

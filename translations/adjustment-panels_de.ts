@@ -2338,6 +2338,10 @@
         <source>it has changed since the run began; perhaps another run has adjusted it</source>
         <translation>sie hat sich seit dem Beginn des Laufs geändert; vielleicht hat ein anderer Lauf sie angepasst</translation>
     </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>der Ordner kann nicht gelesen werden</translation>
+    </message>
 </context>
 <context>
     <name>PhotoFilterWidget</name>
