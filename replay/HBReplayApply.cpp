@@ -131,9 +131,8 @@ bool ReadRequest(const HBReplayOptions& options, Request* request, QString* prob
 QByteArray JobHash(const Request& request)
 {
     const HBReplayTarget& target = request.target;
-    // What the recipe's file is called makes another result only if it is in its name.
-    const QString recipe = target.pattern.contains("{recipe}") ? target.recipe : QString();
-    const QStringList options{target.suffix, target.pattern, recipe, QString::number(request.work.photo.quality)};
+    const QStringList options{target.suffix, target.pattern, target.recipe,
+                              QString::number(request.work.photo.quality)};
     return HBHashOf(request.recipeHash + options.join('\n').toUtf8());
 }
 
