@@ -73,9 +73,17 @@ private:
         Xdotool({"windowactivate", "--sync", id});
         Xdotool(QStringList{"key", "--delay", "60"} + pressed);
     }
+    /// GIMP takes no keys while it is at work: they are pressed again if nothing came of them.
+    bool PressUntil(const QString& key, const std::function<bool()>& reached) {
+        for (int i = 0; i < 4 && !reached(); ++i) {
+            Press("– GIMP", {key});
+            if (QTest::qWaitFor(reached, 15000)) return true;
+        }
+        return reached();
+    }
     void OpenDialog() {
-        Press("– GIMP", {"ctrl+alt+b"});
-        QTRY_VERIFY_WITH_TIMEOUT(!Window(title).isEmpty(), 60000);
+        const bool opened = PressUntil("ctrl+alt+b", [&] { return !Window(title).isEmpty(); });
+        QVERIFY(opened);
         QTest::qWait(300); // the keyboard follows the window
     }
     void WaitUntilClosed() {
@@ -87,8 +95,7 @@ private:
     QImage Layer() {
         const QString done = m_Gimp.Path("now.done");
         QFile::remove(done);
-        Press("– GIMP", {"ctrl+alt+s"});
-        const bool stored = QTest::qWaitFor([&] { return QFile::exists(done); }, 30000);
+        const bool stored = PressUntil("ctrl+alt+s", [&] { return QFile::exists(done); });
         return stored ? QImage(m_Gimp.Path("now.png")).convertToFormat(QImage::Format_ARGB32) : QImage();
     }
 
