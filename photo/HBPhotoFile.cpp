@@ -107,10 +107,16 @@ public:
         std::call_once(once, [] {
             otherMessages = qInstallMessageHandler(Keep);
             HBLogTiffMessages();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+            QImageReader::setAllocationLimit(0); // CheckSize() knows the machine
+#endif
         });
         kept = &m_Kept;
     }
-    ~Remarks() { kept = nullptr; }
+    ~Remarks()
+    {
+        kept = nullptr;
+    }
     Q_DISABLE_COPY(Remarks)
 
     void AddTo(QStringList* warnings) const
