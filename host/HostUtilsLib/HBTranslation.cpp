@@ -16,7 +16,7 @@ void HBInstallTranslations()
         QString folder;
     } places[] = {{"qtbase", QLibraryInfo::location(QLibraryInfo::TranslationsPath)},
                   {"adjustment-panels", program + "/../translations"}, // in the build tree
-                  {"adjustment-panels", program + "/../share/adjustment-panels/translations"}};
+                  {"adjustment-panels", program + "/../share/" DATA_FOLDER "/translations"}};
     for (const auto& place : places) {
         auto* translator = new QTranslator(QCoreApplication::instance());
         if (translator->load(QLocale(), place.name, "_", place.folder))

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# What the scripts of this folder share. They get SOURCE_DIR, BUILD_DIR, WORK_DIR, GENERATOR, CXX_COMPILER and
-# CXX_COMPILER_LAUNCHER.
+# What the scripts of this folder share. They get SOURCE_DIR, BUILD_DIR, WORK_DIR, QT_VERSION, NAME (the package's),
+# GENERATOR, CXX_COMPILER and CXX_COMPILER_LAUNCHER.
 set(ENV{CMAKE_GENERATOR} ${GENERATOR})
 set(ENV{CXX} ${CXX_COMPILER})
 # Left out when it is empty: ccache is optional.

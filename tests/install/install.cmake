@@ -22,9 +22,21 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
+# Nor any that the packages for the other Qt have.
+file(GLOB_RECURSE files LIST_DIRECTORIES FALSE RELATIVE ${prefix} ${prefix}/*)
+set(shared ${files})
+list(FILTER shared EXCLUDE REGEX "AdjustmentPanelsQt6|-qt6(/|\\.|$)")
+if(QT_VERSION EQUAL 5)
+    list(REMOVE_ITEM files ${shared})
+    set(shared ${files})
+endif()
+if(shared)
+    message(FATAL_ERROR "Installed under names that may be the other Qt's: ${shared}")
+endif()
+
 # ---- Embedding ----
 set(example ${WORK_DIR}/embed)
-run("Configure the example" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/embed -B ${example})
+run("Configure the example" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/embed -B ${example} -D PANELS=${NAME})
 run("Build the example" ${CMAKE_COMMAND} --build ${example})
 
 # Two grey pixels of level 100, which the example makes 20 levels lighter.
@@ -37,7 +49,7 @@ endif()
 
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
-run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
+run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME} -D HEADERS=ON)
 run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
 
@@ -45,7 +57,7 @@ run("Run it" ${consumer}/consumer)
 find_program(PKG_CONFIG pkg-config REQUIRED)
 file(GLOB folder ${prefix}/lib*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${folder})
-run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsCatalog AdjustmentPanelsAdjustments)
+run("Ask for the flags" ${PKG_CONFIG} --cflags --libs ${NAME}Catalog ${NAME}Adjustments)
 separate_arguments(flags UNIX_COMMAND "${output}")
 cmake_path(GET folder PARENT_PATH lib)
 file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
@@ -55,13 +67,13 @@ run("Run that" ${WORK_DIR}/plain)
 # ---- Another host ----
 set(panels ${WORK_DIR}/panels)
 run("Configure the panels for another host" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${panels}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=AdjustmentPanelsHost -D CMAKE_BUILD_TYPE=Debug)
+    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=${NAME}Host -D CMAKE_BUILD_TYPE=Debug)
 run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target AdjustmentPanelsPanels)
 
 # ---- Another's widgets over our image, and ours over another's ----
 # A few files of each: that they find each other. All of them are compiled by the test of the boundary.
 include(${CMAKE_CURRENT_LIST_DIR}/../boundary/stub.cmake)
-set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(AdjustmentPanelsHost COMPONENTS ImagingLib)\n")
+set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(${NAME}Host COMPONENTS ImagingLib)\n")
 boundary_headers(${SOURCE_DIR}/docs/host-boundary.md ${WORK_DIR}/widgets "Widgets and settings")
 boundary_package(${WORK_DIR} OwnWidgets "${imaging}add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/widgets\")")
@@ -69,7 +81,7 @@ boundary_package(${WORK_DIR} OwnImaging "${imaging}")
 
 set(build ${WORK_DIR}/own_widgets)
 run("Configure for another's widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnWidgets -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
+    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnWidgets -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
 set(objects "")
 if(GENERATOR STREQUAL "Ninja") # which has a target for each
     set(objects --target src/CMakeFiles/AdjustmentPanelsPanels.dir/HBAdjustmentWidget.cpp.o
@@ -79,7 +91,7 @@ run("Compile panels for them" ${CMAKE_COMMAND} --build ${build} ${objects})
 
 set(build ${WORK_DIR}/own_imaging)
 run("Configure for another's image" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnImaging -D OwnImaging_DIR=${WORK_DIR})
+    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnImaging -D OwnImaging_DIR=${WORK_DIR})
 if(EXISTS ${build}/host/ImagingLib)
     message(FATAL_ERROR "Our image is built although another is there")
 endif()
