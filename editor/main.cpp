@@ -117,6 +117,8 @@ int main(int argc, char* argv[])
     AnswerWithoutScreen(argc, argv);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // As Qt 5 does by itself: a pixel of the photo is a whole number of the screen's.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     QApplication application(argc, argv);
     HBInstallTranslations();
     QApplication::setWindowIcon(Icon());

@@ -22,24 +22,45 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
-foreach(file man/man1/panel-replay.1 bash-completion/completions/panel-replay zsh/site-functions/_panel-replay
-        fish/vendor_completions.d/panel-replay.fish)
+foreach(file man/man1/panel-replay${SUFFIX}.1 bash-completion/completions/panel-replay${SUFFIX}
+        zsh/site-functions/_panel-replay${SUFFIX} fish/vendor_completions.d/panel-replay${SUFFIX}.fish)
     if(NOT EXISTS ${prefix}/share/${file})
         message(FATAL_ERROR "share/${file} is not installed")
     endif()
 endforeach()
 
+# Nor any that the packages for the other Qt have.
+file(GLOB_RECURSE files LIST_DIRECTORIES FALSE RELATIVE ${prefix} ${prefix}/*)
+set(shared ${files})
+list(FILTER shared EXCLUDE REGEX "AdjustmentPanelsQt6|-qt6(/|\\.|$)")
+if(QT_VERSION EQUAL 5)
+    list(REMOVE_ITEM files ${shared})
+    set(shared ${files})
+endif()
+if(shared)
+    message(FATAL_ERROR "Installed under names that may be the other Qt's: ${shared}")
+endif()
+
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
-run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
+run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME} -D HEADERS=ON)
 run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
+
+# With Qt 5, the test of the Debian packages builds the examples.
+if(QT_VERSION EQUAL 6)
+    foreach(example embed five-panels service)
+        set(build ${WORK_DIR}/examples/${example})
+        run("Configure ${example}" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/${example} -B ${build} -D PANELS=${NAME})
+        run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
+    endforeach()
+endif()
 
 # ---- Without CMake ----
 find_program(PKG_CONFIG pkg-config REQUIRED)
 file(GLOB folder ${prefix}/lib*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${folder})
-run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsKit AdjustmentPanelsAdjustments)
+run("Ask for the flags" ${PKG_CONFIG} --cflags --libs ${NAME}Kit ${NAME}Adjustments)
 separate_arguments(flags UNIX_COMMAND "${output}")
 cmake_path(GET folder PARENT_PATH lib)
 file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
@@ -49,20 +70,20 @@ run("Run that" ${WORK_DIR}/plain)
 # ---- Another host ----
 set(panels ${WORK_DIR}/panels)
 run("Configure the panels for another host" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${panels}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=AdjustmentPanelsHost -D CMAKE_BUILD_TYPE=Debug)
+    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=${NAME}Host -D CMAKE_BUILD_TYPE=Debug)
 run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target AdjustmentPanelsPanels)
 
 # ---- Another's widgets over our image ----
 # A few files: that they find each other. All of them are compiled by the test of the boundary.
 include(${CMAKE_CURRENT_LIST_DIR}/../boundary/stub.cmake)
-set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(AdjustmentPanelsHost COMPONENTS ImagingLib)\n")
+set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(${NAME}Host COMPONENTS ImagingLib)\n")
 boundary_headers(${SOURCE_DIR}/docs/host-boundary.md ${WORK_DIR}/widgets "Widgets and settings")
 boundary_package(${WORK_DIR} OwnWidgets "${imaging}add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/widgets\")")
 
 set(build ${WORK_DIR}/own_widgets)
 run("Configure for another's widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
-    -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnWidgets -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
+    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnWidgets -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
 set(objects "")
 if(GENERATOR STREQUAL "Ninja") # which has a target for each
     set(objects --target src/CMakeFiles/AdjustmentPanelsPanels.dir/HBAdjustmentWidget.cpp.o

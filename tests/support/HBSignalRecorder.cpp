@@ -15,7 +15,7 @@ HBSignalRecorder::HBSignalRecorder(HBAdjustmentWidget* panel) {
         const QMetaMethod method = meta->method(index);
         if (method.methodType() != QMetaMethod::Signal) continue;
         // Slots that no moc knows: their ids follow those of QObject and arrive in qt_metacall().
-        QMetaObject::connect(panel, index, this, QObject::staticMetaObject.methodCount() + m_Signals.size(),
+        QMetaObject::connect(panel, index, this, QObject::staticMetaObject.methodCount() + int(m_Signals.size()),
                              Qt::DirectConnection);
         m_Signals.append(method);
     }
@@ -26,8 +26,13 @@ int HBSignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** argumen
     if (id < 0 || call != QMetaObject::InvokeMetaMethod) return id;
     const QMetaMethod& method = m_Signals.at(id);
     QStringList values;
-    for (int i = 0; i < method.parameterCount(); ++i)
+    for (int i = 0; i < method.parameterCount(); ++i) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        values += QVariant(method.parameterMetaType(i), arguments[i + 1]).toString();
+#else
         values += QVariant(method.parameterType(i), arguments[i + 1]).toString();
+#endif
+    }
     Note(QString("%1(%2)").arg(QString::fromLatin1(method.name()), values.join(',')));
     return -1;
 }
