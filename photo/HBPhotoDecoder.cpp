@@ -76,7 +76,8 @@ public:
 private:
     static void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
-        if (!kept || type != QtWarningMsg)
+        const bool remark = type == QtWarningMsg || type == QtInfoMsg; // Qt 6's PNG decoder only informs
+        if (!kept || !remark)
             otherMessages(type, context, text);
         else if (!kept->contains(text))
             kept->append(text);
