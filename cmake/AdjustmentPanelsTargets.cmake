@@ -21,6 +21,12 @@ if(ADJUSTMENT_PANELS_SANITIZE)
     target_link_options(adjustment_panels_settings INTERFACE -fsanitize=${ADJUSTMENT_PANELS_SANITIZE})
 endif()
 
+if(ADJUSTMENT_PANELS_FUZZER)
+    # All code tells the fuzzer where it goes; the loop that asks for inputs is linked to the targets alone.
+    target_compile_options(adjustment_panels_settings INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(adjustment_panels_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # What is incompatible has another soname, by the package's rule (SameMinorVersion): every 0.x until 1.0.
 if(PROJECT_VERSION_MAJOR EQUAL 0)
     set(ADJUSTMENT_PANELS_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})

@@ -14,8 +14,8 @@
 namespace
 {
 
-/// Shows the progress in GIMP. It is told by any thread, but GIMP may be spoken to by this one only, which
-/// takes part in the work and asks before each tile.
+/// Shows the progress in GIMP. It is told by any thread, but GIMP may be spoken to by this one only, which takes
+/// part in the work and asks before each tile.
 class Progress : public HBJobControl
 {
 public:

@@ -15,8 +15,6 @@
 namespace
 {
 
-using Text = HBGimpText;
-
 bool Fail(QString* reason, const QString& text)
 {
     *reason = text;
@@ -28,8 +26,9 @@ bool ReadObject(const QString& text, QJsonObject* object, QString* reason)
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &problem);
     if (!document.isObject())
-        return Fail(reason,
-                    Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
+        return Fail(
+            reason,
+            HBGimpText::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
     *object = document.object();
     return true;
 }
@@ -39,9 +38,9 @@ bool ReadNumber(const HBFieldInfo& field, const QVariant& present, const QJsonVa
 {
     const double number = value.toDouble();
     if (!value.isDouble())
-        return Fail(reason, Text::tr("\"%1\" must be a number").arg(field.key));
+        return Fail(reason, HBGimpText::tr("\"%1\" must be a number").arg(field.key));
     if (number < field.range.minimum || number > field.range.maximum) {
-        return Fail(reason, Text::tr("\"%1\" is %2, but goes from %3 to %4")
+        return Fail(reason, HBGimpText::tr("\"%1\" is %2, but goes from %3 to %4")
                                 .arg(field.key)
                                 .arg(number)
                                 .arg(field.range.minimum)
@@ -49,7 +48,7 @@ bool ReadNumber(const HBFieldInfo& field, const QVariant& present, const QJsonVa
     }
     const bool whole = present.type() == QVariant::Int || present.type() == QVariant::UInt;
     if (whole && number != double(int(number)))
-        return Fail(reason, Text::tr("\"%1\" must be a whole number").arg(field.key));
+        return Fail(reason, HBGimpText::tr("\"%1\" must be a whole number").arg(field.key));
     *result = whole ? QVariant(int(number)) : QVariant(number);
     return true;
 }
@@ -66,7 +65,7 @@ bool ReadChoice(const HBFieldInfo& field, const QJsonValue& value, QVariant* res
         }
         names.append(field.values[i]);
     }
-    return Fail(reason, Text::tr("\"%1\" must be one of: %2").arg(field.key, names.join(", ")));
+    return Fail(reason, HBGimpText::tr("\"%1\" must be one of: %2").arg(field.key, names.join(", ")));
 }
 
 bool ReadOther(const HBFieldInfo& field, const QVariant& present, const QJsonValue& value, QVariant* result,
@@ -77,18 +76,19 @@ bool ReadOther(const HBFieldInfo& field, const QVariant& present, const QJsonVal
     switch (present.userType()) {
     case QMetaType::Bool:
         *result = value.toBool();
-        return value.isBool() || Fail(reason, Text::tr("\"%1\" must be true or false").arg(field.key));
+        return value.isBool() || Fail(reason, HBGimpText::tr("\"%1\" must be true or false").arg(field.key));
     case QMetaType::QColor:
         *result = QColor(text);
-        return QColor::isValidColor(text) || Fail(reason, Text::tr("\"%1\" must be a colour").arg(field.key));
+        return QColor::isValidColor(text) ||
+               Fail(reason, HBGimpText::tr("\"%1\" must be a colour").arg(field.key));
     case QMetaType::QString:
         *result = text;
-        return value.isString() || Fail(reason, Text::tr("\"%1\" must be a text").arg(field.key));
+        return value.isString() || Fail(reason, HBGimpText::tr("\"%1\" must be a text").arg(field.key));
     case QMetaType::QFont:
         *result = font.fromString(text) ? QVariant(font) : QVariant();
-        return !result->isNull() || Fail(reason, Text::tr("\"%1\" must be a font").arg(field.key));
+        return !result->isNull() || Fail(reason, HBGimpText::tr("\"%1\" must be a font").arg(field.key));
     default:
-        return Fail(reason, Text::tr("\"%1\" can be given in a record only").arg(field.key));
+        return Fail(reason, HBGimpText::tr("\"%1\" can be given in a record only").arg(field.key));
     }
 }
 
@@ -104,13 +104,13 @@ bool ReadField(const HBFieldInfo& field, void* record, const QJsonValue& value, 
     field.set(record, result);
     // A text may stand for something else, as an alignment does; what it cannot mean is ignored.
     if (result.userType() == QMetaType::QString && field.get(record) != result)
-        return Fail(reason, Text::tr("\"%1\" cannot be \"%2\"").arg(field.key, result.toString()));
+        return Fail(reason, HBGimpText::tr("\"%1\" cannot be \"%2\"").arg(field.key, result.toString()));
     return true;
 }
 
 bool ReadFields(const HBAdjustment& adjustment, const QJsonObject& values, QJsonObject* stored, QString* reason)
 {
-    std::any record = adjustment.defaults;
+    std::any record = adjustment.defaults();
     for (auto value = values.begin(); value != values.end(); ++value) {
         const auto field = std::find_if(adjustment.fields.begin(), adjustment.fields.end(),
                                         [&](const HBFieldInfo& info) { return info.key == value.key(); });
@@ -118,7 +118,8 @@ bool ReadFields(const HBAdjustment& adjustment, const QJsonObject& values, QJson
             QStringList keys;
             for (const HBFieldInfo& info : adjustment.fields)
                 keys.append(info.key);
-            return Fail(reason, Text::tr("there is no \"%1\"; there are: %2").arg(value.key(), keys.join(", ")));
+            return Fail(reason,
+                        HBGimpText::tr("there is no \"%1\"; there are: %2").arg(value.key(), keys.join(", ")));
         }
         if (!ReadField(*field, adjustment.mutableData(record), value.value(), reason))
             return false;
@@ -132,9 +133,9 @@ bool ReadBytes(const HBAdjustment& adjustment, const QString& text, QJsonObject*
 {
     static const QRegularExpression digits("^([0-9A-Fa-f]{2}|\\s)+$");
     if (!adjustment.tag)
-        return Fail(reason, Text::tr("this adjustment has no record; its values are JSON"));
+        return Fail(reason, HBGimpText::tr("this adjustment has no record; its values are JSON"));
     if (!digits.match(text).hasMatch())
-        return Fail(reason, Text::tr("this is neither JSON nor a record in hexadecimal digits"));
+        return Fail(reason, HBGimpText::tr("this is neither JSON nor a record in hexadecimal digits"));
     *stored = {{"record", QString::fromLatin1(QByteArray::fromHex(text.toLatin1()).toBase64())}};
     return true;
 }
@@ -144,14 +145,14 @@ bool ReadBytes(const HBAdjustment& adjustment, const QString& text, QJsonObject*
 bool HBReadStepArgument(const HBAdjustment& adjustment, const QString& text, HBRecipeStep* step, QString* reason)
 {
     const QString trimmed = text.trimmed();
-    QJsonObject stored = adjustment.save(adjustment.defaults);
+    QJsonObject stored = adjustment.save(adjustment.defaults());
     if (trimmed.startsWith('{')) {
         QJsonObject given;
         if (!ReadObject(trimmed, &given, reason))
             return false;
         const QJsonValue panel = given.take("panel");
         if (!panel.isUndefined() && panel.toString() != QLatin1String(adjustment.className))
-            return Fail(reason, Text::tr("this is a step of %1").arg(panel.toString()));
+            return Fail(reason, HBGimpText::tr("this is a step of %1").arg(panel.toString()));
         if (given.contains("record") || given.contains("values"))
             stored = given;
         else if (!ReadFields(adjustment, given, &stored, reason))
@@ -170,7 +171,7 @@ bool HBReadRecipeArgument(const QString& text, HBRecipe* recipe, QString* reason
 {
     const QString trimmed = text.trimmed();
     if (trimmed.isEmpty())
-        return Fail(reason, Text::tr("A recipe is wanted: its JSON, or the name of its file."));
+        return Fail(reason, HBGimpText::tr("A recipe is wanted: its JSON, or the name of its file."));
     if (!trimmed.startsWith('{'))
         return HBRecipe::Load(trimmed, recipe, reason);
     QJsonObject object;
@@ -180,7 +181,7 @@ bool HBReadRecipeArgument(const QString& text, HBRecipe* recipe, QString* reason
         return HBRecipe::FromJson(trimmed.toUtf8(), recipe, reason);
     const HBAdjustment* adjustment = HBFindAdjustment(object.value("panel").toString());
     if (!adjustment)
-        return Fail(reason, Text::tr("There is no panel %1.").arg(object.value("panel").toString()));
+        return Fail(reason, HBGimpText::tr("There is no panel %1.").arg(object.value("panel").toString()));
     HBRecipeStep step;
     if (!HBReadStepArgument(*adjustment, trimmed, &step, reason))
         return false;

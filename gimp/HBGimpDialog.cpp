@@ -12,8 +12,25 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+namespace
+{
+
+/// The keys go to the first control of the panel.
+void FocusFirst(QWidget* panel)
+{
+    for (QWidget* control = panel->nextInFocusChain(); control != panel; control = control->nextInFocusChain()) {
+        if (panel->isAncestorOf(control) && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus)) {
+            control->setFocus();
+            return;
+        }
+    }
+}
+
+} // namespace
 
 HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, const QString& layerName,
                            const QString& warning, HBGimpPresets* presets)
@@ -54,7 +71,14 @@ HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, co
     m_pView->SetPicture(m_Source);
     m_Session.SetTarget(target);
     ListPresets(QString());
-    m_Session.Widget()->setFocus();
+}
+
+void HBGimpDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    // By now the panel has put its buttons behind its controls.
+    if (!event->spontaneous())
+        FocusFirst(m_Session.Panel());
 }
 
 QWidget* HBGimpDialog::MakeView(const QString& warning)

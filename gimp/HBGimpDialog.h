@@ -14,8 +14,8 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 
-/// One adjustment beside a view of the layer, which shows what becomes of it while the values change. Opens
-/// with the values of the last time. Modal: exec() is 1 for OK. GUI thread only.
+/// One adjustment beside a view of the layer, which shows what becomes of it while the values change. Opens with
+/// the values of the last time. Modal: exec() is 1 for OK. GUI thread only.
 class HBGimpDialog : public QDialog
 {
     Q_OBJECT
@@ -32,6 +32,9 @@ public:
 
 public Q_SLOTS:
     void reject() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private Q_SLOTS:
     void ShowPreview();

@@ -13,7 +13,6 @@
 namespace
 {
 
-using Text = HBGimpText;
 using Bytes = std::vector<std::uint8_t>;
 
 struct Unref
@@ -162,7 +161,6 @@ struct Changes
 {
     std::vector<bool> tiles;
     QRect area; ///< around all changed tiles
-    bool transparent = false;
     bool coloured = false;
 };
 
@@ -184,7 +182,6 @@ Changes Compare(const HBImage<>& source, const HBImage<>& adjusted)
             if (before.Pixels()[i] == pixel)
                 continue;
             changed = true;
-            changes.transparent |= pixel.alpha != 255;
             changes.coloured |= pixel.red != pixel.green || pixel.green != pixel.blue;
         }
         changes.tiles[std::size_t(index)] = changed;
@@ -305,13 +302,13 @@ void FillShadow(gint32 drawable, const HBImage<>& source, const HBImage<>& adjus
 bool HBGimpLayer::Check(QString* reason) const
 {
     if (!gimp_item_is_valid(m_Drawable) || !gimp_item_is_drawable(m_Drawable))
-        *reason = Text::tr("The layer is no longer there.");
+        *reason = HBGimpText::tr("The layer is no longer there.");
     else if (gimp_drawable_is_indexed(m_Drawable))
-        *reason = Text::tr("The image has indexed colors. Convert it first: Image > Mode > RGB.");
+        *reason = HBGimpText::tr("The image has indexed colors. Convert it first: Image > Mode > RGB.");
     else if (gimp_item_is_group(m_Drawable))
-        *reason = Text::tr("A layer group has no pixels of its own. Choose one of its layers.");
+        *reason = HBGimpText::tr("A layer group has no pixels of its own. Choose one of its layers.");
     else if (gimp_item_get_lock_content(m_Drawable))
-        *reason = Text::tr("The pixels of the layer are locked.");
+        *reason = HBGimpText::tr("The pixels of the layer are locked.");
     else
         return true;
     return false;
@@ -328,9 +325,9 @@ QString HBGimpLayer::Warning() const
 {
     QStringList warnings;
     if (!IsExact())
-        warnings += Text::tr("What changes is stored with 8 bits of accuracy; the image has more.");
+        warnings += HBGimpText::tr("What changes is stored with 8 bits of accuracy; the image has more.");
     if (gimp_drawable_is_gray(m_Drawable))
-        warnings += Text::tr("This is gray: colors become shades of gray.");
+        warnings += HBGimpText::tr("This is gray: colors become shades of gray.");
     return warnings.join(' ');
 }
 
@@ -358,7 +355,7 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
         return false;
     const QSize size(gimp_drawable_width(m_Drawable), gimp_drawable_height(m_Drawable));
     if (size != QSize(source.Width(), source.Height()) || size != QSize(adjusted.Width(), adjusted.Height())) {
-        *reason = Text::tr("The layer has another size by now.");
+        *reason = HBGimpText::tr("The layer has another size by now.");
         return false;
     }
     const Changes changes = Compare(source, adjusted);
@@ -367,18 +364,12 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
         return true;
 
     const UndoGroup group(gimp_item_get_image(m_Drawable));
-    if (changes.transparent && !gimp_drawable_has_alpha(m_Drawable)) {
-        if (gimp_item_is_layer(m_Drawable) && gimp_layer_add_alpha(m_Drawable))
-            written->notes += Text::tr("The layer was given an alpha channel.");
-        else
-            written->notes += Text::tr("This has no alpha channel: what became transparent was stored opaque.");
-    }
     if (changes.coloured && gimp_drawable_is_gray(m_Drawable))
         written->notes +=
-            Text::tr("The image is gray: colors were stored as shades of gray. To keep them, convert "
-                     "it first: Image > Mode > RGB.");
+            HBGimpText::tr("The image is gray: colors were stored as shades of gray. To keep them, convert "
+                           "it first: Image > Mode > RGB.");
     if (!IsExact())
-        written->notes += Text::tr("What changed was stored with 8 bits of accuracy; the image has more.");
+        written->notes += HBGimpText::tr("What changed was stored with 8 bits of accuracy; the image has more.");
 
     const bool selected = SelectionOn(m_Drawable).isThere;
     const QRect layer(QPoint(0, 0), size);

@@ -34,8 +34,8 @@ public:
         QStringList notes;    ///< what was lost on the way, in words
     };
     /// Writes what differs from the source as one step that can be undone; pixels that are the same keep every
-    /// bit, whatever the depth of the layer. GIMP's locks (of alpha, of components) hold. False with a reason
-    /// if the layer is no longer the one that was read. \throws std::bad_alloc
+    /// bit, whatever the depth of the layer. GIMP's locks (of alpha, of components) hold. False with a reason if
+    /// the layer is no longer the one that was read. \throws std::bad_alloc
     bool Write(const HBImage<>& source, const HBImage<>& adjusted, Written* written, QString* reason) const;
 
 private:

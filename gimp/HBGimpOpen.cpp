@@ -3,6 +3,7 @@
 #include "HBGimpOpen.h"
 
 #include "HBAppearance.h"
+#include "HBGimpApply.h"
 #include "HBGimpDialog.h"
 #include "HBGimpLayer.h"
 #include "HBGimpText.h"
@@ -57,6 +58,11 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
     const HBGimpLayer layer(call.drawable);
     if (!layer.Check(reason))
         return HBGimpAnswer::Failed;
+    const HBRecipeStep defaults{QString::fromLatin1(adjustment.className), adjustment.save(adjustment.defaults())};
+    if (layer.IsSelectionElsewhere() && !HBIgnoresSelection({{defaults}})) {
+        *reason = HBGimpText::tr("Nothing of the layer is selected.");
+        return HBGimpAnswer::Failed;
+    }
     const Owned name(gimp_item_get_name(call.drawable), &g_free);
     HBTarget target;
     layer.Read(&target);

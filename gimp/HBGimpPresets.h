@@ -11,8 +11,8 @@
 /// What the user keeps of one adjustment: the values of its last use, and named presets, the last used first. Each
 /// adjustment has a file of its own, which is read before every change, because several GIMPs may share it.
 ///
-/// Values are those that HBAdjustment::save returned. Entries that cannot be read are not shown, but stay in
-/// the file; a file that is none of this kind is put aside under another name when something is to be kept.
+/// Values are those that HBAdjustment::save returned. Entries that cannot be read are not shown, but stay in the
+/// file; a file that is none of this kind is put aside under another name when something is to be kept.
 class HBGimpPresets
 {
 public:

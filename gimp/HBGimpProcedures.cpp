@@ -9,8 +9,6 @@
 namespace
 {
 
-using Text = HBGimpText;
-
 void Install(const QString& procedure, const QString& blurb, const char* help, const QString& label,
              const char* argument, const char* description)
 {
@@ -54,13 +52,13 @@ void HBInstallProcedures()
         for (const HBFieldInfo& field : adjustment.fields)
             keys.append(field.key);
         const QString help = "Adjusts what is selected of a layer, or all of it. Its values: " + keys.join(", ");
-        Install(HBProcedureOf(adjustment), Text::tr("Adjusts the layer: %1").arg(adjustment.Title()),
+        Install(HBProcedureOf(adjustment), HBGimpText::tr("Adjusts the layer: %1").arg(adjustment.Title()),
                 help.toUtf8().constData(), adjustment.Title() + QChar(0x2026), "values",
                 "The values as JSON, {\"key\": value}, the others by default; or a step of a recipe; or the bytes "
                 "of a "
                 "record in hexadecimal digits; empty: the defaults");
     }
-    Install(HBRecipeProcedure, Text::tr("Applies a stored recipe of adjustments to the layer"),
-            "All steps of the recipe, as one step that can be undone.", Text::tr("Apply Recipe") + QChar(0x2026),
-            "recipe", "The path of a recipe's file, or its JSON");
+    Install(HBRecipeProcedure, HBGimpText::tr("Applies a stored recipe of adjustments to the layer"),
+            "All steps of the recipe, as one step that can be undone.",
+            HBGimpText::tr("Apply Recipe") + QChar(0x2026), "recipe", "The path of a recipe's file, or its JSON");
 }

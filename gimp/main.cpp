@@ -48,7 +48,7 @@ HBRecipeStep LastStep(const HBAdjustment& adjustment)
     std::any record;
     QString reason;
     return {QString::fromLatin1(adjustment.className),
-            adjustment.restore(last, &record, &reason) ? last : adjustment.save(adjustment.defaults)};
+            adjustment.restore(last, &record, &reason) ? last : adjustment.save(adjustment.defaults())};
 }
 
 bool ReadRecipe(const HBGimpCall& call, const HBAdjustment* adjustment, HBRecipe* recipe, QString* reason)

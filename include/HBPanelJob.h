@@ -32,6 +32,7 @@ public:
     bool newData = false;            ///< under the guard; true: the result is no longer wanted
     std::atomic<bool> failed{false}; ///< the job's picture is not whole
 
+    /// A step of the progress: a new range, or a value of the last one.
     struct Progress
     {
         bool isRange;

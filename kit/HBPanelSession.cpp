@@ -140,7 +140,10 @@ void HBPanelSession::ListenToView(KMDocumentView* view)
     m_pView = view;
     if (view) {
         connect(view, &KMDocumentView::OverrideCursorChanged, this, &HBPanelSession::TellPicking);
-        connect(view, &QObject::destroyed, this, &HBPanelSession::TellPicking);
+        connect(view, &QObject::destroyed, this, [this] {
+            m_pView = nullptr; // it is no view any more, and cannot be asked
+            TellPicking();
+        });
     }
     TellPicking();
 }

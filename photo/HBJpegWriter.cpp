@@ -8,7 +8,8 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cstdlib>
+#include <jerror.h>
+#include <new>
 
 namespace
 {
@@ -47,16 +48,64 @@ void SetQuality(jpeg_compress_struct* codec, int quality)
     }
 }
 
-/// An encoder that is freed, with what it made, however its use ends.
+/// Where the encoder's bytes go. Not jpeg_mem_dest(): after an error in the midst that leaves a pointer to what it
+/// has freed. Called from C: nothing may be thrown.
+struct Destination
+{
+    jpeg_destination_mgr manager; // first: the library knows no more of this
+    QByteArray* bytes;
+    bool isTooLarge;
+    JOCTET chunk[1 << 16];
+
+    static Destination* Of(j_compress_ptr codec) { return reinterpret_cast<Destination*>(codec->dest); }
+
+    static void Begin(j_compress_ptr codec)
+    {
+        Destination* const self = Of(codec);
+        self->manager.next_output_byte = self->chunk;
+        self->manager.free_in_buffer = sizeof self->chunk;
+    }
+    static boolean Empty(j_compress_ptr codec)
+    {
+        Of(codec)->Append(codec, sizeof chunk);
+        Begin(codec);
+        return TRUE;
+    }
+    static void End(j_compress_ptr codec)
+    {
+        Of(codec)->Append(codec, sizeof chunk - Of(codec)->manager.free_in_buffer);
+    }
+
+private:
+    void Append(j_compress_ptr codec, std::size_t count)
+    {
+        constexpr qint64 largest = 0x7fff0000; // that a QByteArray can hold
+        isTooLarge = bytes->size() + qint64(count) > largest;
+        bool isAppended = false;
+        try {
+            if (!isTooLarge)
+                bytes->append(reinterpret_cast<const char*>(chunk), int(count));
+            isAppended = !isTooLarge;
+        } catch (const std::bad_alloc&) { // told below: nothing may be jumped out of
+        }
+        if (!isAppended)
+            ERREXIT1(codec, JERR_OUT_OF_MEMORY, 0);
+    }
+};
+
+/// An encoder that is freed however its use ends.
 class Encoder
 {
 public:
-    Encoder() : m_Codec() { m_Codec.err = errors.Manager(); }
-    ~Encoder()
+    explicit Encoder(QByteArray* bytes) : m_Codec(), m_Destination()
     {
-        jpeg_destroy_compress(&m_Codec);
-        std::free(m_Buffer);
+        m_Codec.err = errors.Manager();
+        m_Destination.bytes = bytes;
+        m_Destination.manager.init_destination = Destination::Begin;
+        m_Destination.manager.empty_output_buffer = Destination::Empty;
+        m_Destination.manager.term_destination = Destination::End;
     }
+    ~Encoder() { jpeg_destroy_compress(&m_Codec); }
     Q_DISABLE_COPY(Encoder)
 
     bool Start(const HBPictureRows& rows, const HBJpegCoding& coding, int quality)
@@ -64,7 +113,7 @@ public:
         if (setjmp(errors.Jump()))
             return false;
         jpeg_create_compress(&m_Codec);
-        jpeg_mem_dest(&m_Codec, &m_Buffer, &m_Size);
+        m_Codec.dest = &m_Destination.manager;
         m_Codec.image_width = JDIMENSION(rows.Width());
         m_Codec.image_height = JDIMENSION(rows.Height());
         const bool grey = rows.Format() == QImage::Format_Grayscale8;
@@ -104,15 +153,13 @@ public:
         return true;
     }
 
-    const char* Bytes() const { return reinterpret_cast<const char*>(m_Buffer); }
-    unsigned long Size() const { return m_Size; }
+    bool IsTooLarge() const { return m_Destination.isTooLarge; }
 
     HBJpegErrors errors;
 
 private:
     jpeg_compress_struct m_Codec;
-    unsigned char* m_Buffer = nullptr;
-    unsigned long m_Size = 0;
+    Destination m_Destination;
 };
 
 bool WriteAll(Encoder* encoder, HBPictureRows& rows, const HBJpegCoding& coding, int quality)
@@ -200,17 +247,15 @@ bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, int quality, Q
 {
     if (coding.components.size() == 1 && rows.IsGrey())
         rows.MakeGrey();
-    Encoder encoder;
-    if (!WriteAll(&encoder, rows, coding, quality)) {
-        encoder.errors.ThrowIfOutOfMemory();
-        *reason = QString::fromLatin1(encoder.errors.Error());
-        return false;
-    }
-    constexpr unsigned long largest = 0x7fff0000; // that a QByteArray can hold
-    if (encoder.Size() > largest) {
+    bytes->clear();
+    Encoder encoder(bytes);
+    if (WriteAll(&encoder, rows, coding, quality))
+        return true;
+    if (encoder.IsTooLarge()) {
         *reason = QCoreApplication::translate("HBPhotoFile", "the file is too large");
         return false;
     }
-    *bytes = QByteArray(encoder.Bytes(), int(encoder.Size()));
-    return true;
+    encoder.errors.ThrowIfOutOfMemory();
+    *reason = QString::fromLatin1(encoder.errors.Error());
+    return false;
 }

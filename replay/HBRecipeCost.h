@@ -14,8 +14,8 @@ public:
     HBRecipeCost() = default;
     explicit HBRecipeCost(const HBRecipe& recipe);
 
-    /// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a
-    /// factor of three or so, and rather too little. Reading and writing are not counted.
+    /// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a factor
+    /// of three or so, and rather too little. Reading and writing are not counted.
     double Seconds(qint64 pixels) const { return (m_PerPixel * double(pixels) + m_PerPicture) / 1e9; }
     /// Bytes of memory besides the picture.
     qint64 Memory() const { return m_Memory; }

@@ -94,7 +94,14 @@ private:
         QStringList folders{QString()};
         while (!folders.isEmpty()) { // a stack of our own: an iterator would enter the results
             const QString inner = folders.takeLast();
-            QDirIterator files(folder + '/' + inner, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+            const QFileInfo entered(folder + '/' + inner);
+            if (!entered.isReadable() || !entered.isExecutable()) {
+                // Reading it fails, and says so: what it holds must not be left out without a word.
+                m_pInputs->append({QDir::cleanPath(entered.filePath()), QDir::cleanPath(entered.fileName())});
+                continue;
+            }
+            // Links to nowhere, too, are files that get an answer.
+            QDirIterator files(entered.filePath(), QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot);
             while (files.hasNext()) {
                 files.next();
                 const QFileInfo info = files.fileInfo();

@@ -171,7 +171,9 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
         if (!Open(reason))
             return false;
         m_HasReplaced |= !isNew;
-        if (!WriteAll(m_File, line)) {
+        // A line that did not fit the disk is torn, too.
+        m_IsTorn = !WriteAll(m_File, m_IsTorn ? '\n' + line : line);
+        if (m_IsTorn) {
             *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
             return false;
         }

@@ -90,4 +90,5 @@ private:
     std::mutex m_Mutex;
     int m_File = -1;
     bool m_HasReplaced = false;
+    bool m_IsTorn = false; ///< the last line is not whole
 };

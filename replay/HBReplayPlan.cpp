@@ -113,8 +113,11 @@ private:
         }
         if (!HBIsFileName(task->input))
             return Set(task, HBReplayTask::Refuse, Text::tr("its name is not UTF-8, which Qt 6 needs"));
-        if (!QFileInfo::exists(task->input))
+        const QFileInfo input(task->input);
+        if (!input.exists())
             return Set(task, HBReplayTask::Refuse, Text::tr("there is no such file"));
+        if (input.isDir())
+            return Set(task, HBReplayTask::Refuse, Text::tr("the folder cannot be read"));
         const QString problem = HBReplayTarget::NameProblem(task->output);
         if (!problem.isEmpty())
             return Set(task, HBReplayTask::Refuse, problem);
@@ -176,13 +179,17 @@ bool CanWriteTo(const QString& folder)
 
 bool Prepare(const QString& folder, bool dryRun, QString* problem)
 {
-    const QFileInfo info(folder);
-    if (!info.isDir() && !dryRun && !QDir().mkpath(folder))
-        *problem = Text::tr("%1: the folder cannot be made").arg(folder);
-    else if (info.exists() && !info.isDir())
+    const bool made = QFileInfo(folder).isDir() || (!dryRun && QDir().mkpath(folder));
+    // A dry run makes none, but asks where the first of them would be made.
+    QFileInfo nearest(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()));
+    while (!nearest.exists() && !nearest.isRoot())
+        nearest.setFile(nearest.path());
+    if (QFileInfo::exists(folder) && !QFileInfo(folder).isDir())
         *problem = Text::tr("%1: this is not a folder").arg(folder);
-    else if (QFileInfo(folder).isDir() && !CanWriteTo(folder))
+    else if (made && !CanWriteTo(folder))
         *problem = Text::tr("%1: the folder cannot be written to").arg(folder);
+    else if (!made && (!dryRun || !nearest.isDir() || !CanWriteTo(nearest.filePath())))
+        *problem = Text::tr("%1: the folder cannot be made").arg(folder);
     return problem->isEmpty();
 }
 

@@ -54,8 +54,8 @@ public:
     void Cancel();
 
     /// The average under the rectangle (pixels, cut to the image): 32-bit sums that wrap above 16.8 million white
-    /// pixels, on purpose; `fallback` where no pixel is, or once it is cancelled. Any thread. \throws
-    /// std::bad_alloc
+    /// pixels, on purpose; `fallback` where no pixel is, or once it is cancelled. Any thread.
+    /// \throws std::bad_alloc
     static HBRGBA32i Average(const HBImage<>& image, const QRect& rect, const HBRGBA32i& fallback,
                              const HBJobControl* control = nullptr);
 

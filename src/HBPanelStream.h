@@ -29,7 +29,7 @@ enum class HBAfterFailure { Keep, Reset };
     {                                                                                                             \
         if (!params.Read(stream)) {                                                                               \
             HBLogStreamError(__DATE__, __TIME__, lineRead, "src\\" #Panel, "Read " words " error.");              \
-            if (afterFailure == HBAfterFailure::Reset)                                                            \
+            if ((afterFailure) == HBAfterFailure::Reset)                                                          \
                 params = Panel::Params();                                                                         \
         }                                                                                                         \
         return stream;                                                                                            \

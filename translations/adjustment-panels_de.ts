@@ -2,133 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name></name>
-    <message>
-        <source>This is not JSON: %1 at byte %2.</source>
-        <translation>Das ist kein JSON: %1 bei Byte %2.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be a number</source>
-        <translation>„%1“ muss eine Zahl sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is %2, but goes from %3 to %4</source>
-        <translation>„%1“ ist %2, geht aber von %3 bis %4</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be a whole number</source>
-        <translation>„%1“ muss eine ganze Zahl sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be one of: %2</source>
-        <translation>„%1“ muss eines von diesen sein: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be true or false</source>
-        <translation>„%1“ muss true oder false sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be a colour</source>
-        <translation>„%1“ muss eine Farbe sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be a text</source>
-        <translation>„%1“ muss ein Text sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; must be a font</source>
-        <translation>„%1“ muss eine Schrift sein</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; can be given in a record only</source>
-        <translation>„%1“ kann nur in einem Datensatz angegeben werden</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; cannot be &quot;%2&quot;</source>
-        <translation>„%1“ kann nicht „%2“ sein</translation>
-    </message>
-    <message>
-        <source>there is no &quot;%1&quot;; there are: %2</source>
-        <translation>„%1“ gibt es nicht; es gibt: %2</translation>
-    </message>
-    <message>
-        <source>this adjustment has no record; its values are JSON</source>
-        <translation>diese Anpassung hat keinen Datensatz; ihre Werte sind JSON</translation>
-    </message>
-    <message>
-        <source>this is neither JSON nor a record in hexadecimal digits</source>
-        <translation>das ist weder JSON noch ein Datensatz in Hexadezimalziffern</translation>
-    </message>
-    <message>
-        <source>this is a step of %1</source>
-        <translation>das ist ein Schritt von %1</translation>
-    </message>
-    <message>
-        <source>A recipe is wanted: its JSON, or the name of its file.</source>
-        <translation>Hier gehört ein Rezept hin: sein JSON oder der Name seiner Datei.</translation>
-    </message>
-    <message>
-        <source>There is no panel %1.</source>
-        <translation>Ein Panel %1 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>The layer is no longer there.</source>
-        <translation>Die Ebene gibt es nicht mehr.</translation>
-    </message>
-    <message>
-        <source>The image has indexed colors. Convert it first: Image &gt; Mode &gt; RGB.</source>
-        <translation>Das Bild hat indizierte Farben. Wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
-    </message>
-    <message>
-        <source>A layer group has no pixels of its own. Choose one of its layers.</source>
-        <translation>Eine Ebenengruppe hat keine eigenen Pixel. Wählen Sie eine ihrer Ebenen.</translation>
-    </message>
-    <message>
-        <source>The pixels of the layer are locked.</source>
-        <translation>Die Pixel der Ebene sind gesperrt.</translation>
-    </message>
-    <message>
-        <source>What changes is stored with 8 bits of accuracy; the image has more.</source>
-        <translation>Was sich ändert, wird mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
-    </message>
-    <message>
-        <source>This is gray: colors become shades of gray.</source>
-        <translation>Das Bild ist grau: Farben werden zu Graustufen.</translation>
-    </message>
-    <message>
-        <source>The layer has another size by now.</source>
-        <translation>Die Ebene hat inzwischen eine andere Größe.</translation>
-    </message>
-    <message>
-        <source>The layer was given an alpha channel.</source>
-        <translation>Die Ebene hat einen Alphakanal bekommen.</translation>
-    </message>
-    <message>
-        <source>This has no alpha channel: what became transparent was stored opaque.</source>
-        <translation>Hier gibt es keinen Alphakanal: Was durchsichtig wurde, ist deckend gespeichert.</translation>
-    </message>
-    <message>
-        <source>The image is gray: colors were stored as shades of gray. To keep them, convert it first: Image &gt; Mode &gt; RGB.</source>
-        <translation>Das Bild ist grau: Farben sind als Graustufen gespeichert. Um sie zu behalten, wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
-    </message>
-    <message>
-        <source>What changed was stored with 8 bits of accuracy; the image has more.</source>
-        <translation>Was sich geändert hat, ist mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
-    </message>
-    <message>
-        <source>Adjusts the layer: %1</source>
-        <translation>Passt die Ebene an: %1</translation>
-    </message>
-    <message>
-        <source>Applies a stored recipe of adjustments to the layer</source>
-        <translation>Wendet ein gespeichertes Rezept von Anpassungen auf die Ebene an</translation>
-    </message>
-    <message>
-        <source>Apply Recipe</source>
-        <translation>Rezept anwenden</translation>
-    </message>
-</context>
-<context>
     <name>AdjustmentDialogBase</name>
     <message>
         <source>Form</source>
@@ -422,6 +295,118 @@
     <message>
         <source>The layer is not one of the image.</source>
         <translation>Die Ebene gehört nicht zum Bild.</translation>
+    </message>
+    <message>
+        <source>This is not JSON: %1 at byte %2.</source>
+        <translation>Das ist kein JSON: %1 bei Byte %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a number</source>
+        <translation>„%1“ muss eine Zahl sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is %2, but goes from %3 to %4</source>
+        <translation>„%1“ ist %2, geht aber von %3 bis %4</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a whole number</source>
+        <translation>„%1“ muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be one of: %2</source>
+        <translation>„%1“ muss eines von diesen sein: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be true or false</source>
+        <translation>„%1“ muss true oder false sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a colour</source>
+        <translation>„%1“ muss eine Farbe sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a text</source>
+        <translation>„%1“ muss ein Text sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a font</source>
+        <translation>„%1“ muss eine Schrift sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be given in a record only</source>
+        <translation>„%1“ kann nur in einem Datensatz angegeben werden</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be &quot;%2&quot;</source>
+        <translation>„%1“ kann nicht „%2“ sein</translation>
+    </message>
+    <message>
+        <source>there is no &quot;%1&quot;; there are: %2</source>
+        <translation>„%1“ gibt es nicht; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>this adjustment has no record; its values are JSON</source>
+        <translation>diese Anpassung hat keinen Datensatz; ihre Werte sind JSON</translation>
+    </message>
+    <message>
+        <source>this is neither JSON nor a record in hexadecimal digits</source>
+        <translation>das ist weder JSON noch ein Datensatz in Hexadezimalziffern</translation>
+    </message>
+    <message>
+        <source>this is a step of %1</source>
+        <translation>das ist ein Schritt von %1</translation>
+    </message>
+    <message>
+        <source>A recipe is wanted: its JSON, or the name of its file.</source>
+        <translation>Hier gehört ein Rezept hin: sein JSON oder der Name seiner Datei.</translation>
+    </message>
+    <message>
+        <source>There is no panel %1.</source>
+        <translation>Ein Panel %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The layer is no longer there.</source>
+        <translation>Die Ebene gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The image has indexed colors. Convert it first: Image &gt; Mode &gt; RGB.</source>
+        <translation>Das Bild hat indizierte Farben. Wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
+    </message>
+    <message>
+        <source>A layer group has no pixels of its own. Choose one of its layers.</source>
+        <translation>Eine Ebenengruppe hat keine eigenen Pixel. Wählen Sie eine ihrer Ebenen.</translation>
+    </message>
+    <message>
+        <source>The pixels of the layer are locked.</source>
+        <translation>Die Pixel der Ebene sind gesperrt.</translation>
+    </message>
+    <message>
+        <source>What changes is stored with 8 bits of accuracy; the image has more.</source>
+        <translation>Was sich ändert, wird mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
+    </message>
+    <message>
+        <source>This is gray: colors become shades of gray.</source>
+        <translation>Das Bild ist grau: Farben werden zu Graustufen.</translation>
+    </message>
+    <message>
+        <source>The layer has another size by now.</source>
+        <translation>Die Ebene hat inzwischen eine andere Größe.</translation>
+    </message>
+    <message>
+        <source>The image is gray: colors were stored as shades of gray. To keep them, convert it first: Image &gt; Mode &gt; RGB.</source>
+        <translation>Das Bild ist grau: Farben sind als Graustufen gespeichert. Um sie zu behalten, wandeln Sie es zuerst um: Bild &gt; Modus &gt; RGB.</translation>
+    </message>
+    <message>
+        <source>What changed was stored with 8 bits of accuracy; the image has more.</source>
+        <translation>Was sich geändert hat, ist mit 8 Bit Genauigkeit gespeichert; das Bild hat mehr.</translation>
+    </message>
+    <message>
+        <source>Adjusts the layer: %1</source>
+        <translation>Passt die Ebene an: %1</translation>
+    </message>
+    <message>
+        <source>Applies a stored recipe of adjustments to the layer</source>
+        <translation>Wendet ein gespeichertes Rezept von Anpassungen auf die Ebene an</translation>
     </message>
 </context>
 <context>
@@ -2352,6 +2337,10 @@
     <message>
         <source>it has changed since the run began; perhaps another run has adjusted it</source>
         <translation>sie hat sich seit dem Beginn des Laufs geändert; vielleicht hat ein anderer Lauf sie angepasst</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>der Ordner kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>

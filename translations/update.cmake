@@ -6,7 +6,7 @@
 cmake_minimum_required(VERSION 3.21)
 
 # All but what users never see.
-set(others bench build cmake docs examples samples tests tools translations)
+set(others bench build cmake docs examples fuzz packaging samples tests tools translations)
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE ${ROOT} ${ROOT}/*)
 list(REMOVE_ITEM folders ${others})
 set(sources "")

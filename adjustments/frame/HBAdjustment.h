@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <any>
+#include <functional>
 
 template <class Record, class = void>
 struct HBAsksForSelection : std::false_type
@@ -41,8 +42,8 @@ HBStages HBMakeStages(const Record& record, bool selected)
 template <class Record>
 HBOutcome HBAdjust(const Record& record, const HBTarget& target, HBJobControl* control = nullptr)
 {
-    return HBRunStages(
-        target, [&] { return HBMakeStages(record, target.bounds.isValid()); }, control);
+    const auto stages = [&] { return HBMakeStages(record, target.bounds.isValid()); };
+    return HBRunStages(target, std::cref(stages), control); // by reference: a copy might take memory, and throw
 }
 
 /// One adjustment, as everything that works with all of them knows it. A record travels as std::any, which holds
@@ -55,8 +56,8 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
     const char* title;     ///< untranslated; see Title()
     HBFieldInfos fields;
 
-    /// A new record as its constructor makes it. Not kept: a watermark's text and font are those of the
-    /// language and the application that there are now.
+    /// A new record as its constructor makes it. Not kept: a watermark's text and font are those of the present
+    /// language and application font.
     std::any (*defaults)();
     const void* (*data)(const std::any& record); ///< the record itself, for the fields' `get`
     void* (*mutableData)(std::any& record);      ///< the same, for their `set`

@@ -127,7 +127,7 @@ QString FieldTable(const HBAdjustment& adjustment)
 {
     QString table = "| field | range | unit | default | changes nothing at |\n|---|---|---|---|---|\n";
     for (const HBFieldInfo& field : adjustment.fields) {
-        const QVariant value = field.get(adjustment.data(adjustment.defaults));
+        const QVariant value = field.get(adjustment.data(adjustment.defaults()));
         const double neutral = field.range.neutral;
         const QString nothing =
             field.type == HBFieldInfo::Number && !std::isnan(neutral) ? Number(neutral) : QString();

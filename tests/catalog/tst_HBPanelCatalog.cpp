@@ -7,6 +7,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
+#include <MavuCustomSlider.h>
 
 #include <QDoubleSpinBox>
 #include <QMetaMethod>
@@ -47,6 +48,21 @@ bool HasBox(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const HBRange&
         if (low == range.minimum && box->property("value").toDouble() == range.maximum) return true;
     }
     return false;
+}
+
+/// From one end to the other and between, whatever is shown.
+void MoveAll(const QWidget& panel) {
+    for (QWidget* control : panel.findChildren<QWidget*>()) {
+        for (const int value : {255, 0, 128, 10, 1}) {
+            if (auto* handles = qobject_cast<MavuCustomSlider*>(control)) {
+                for (uint i = 0; i < handles->ControlCount(); ++i) handles->SetValue(i, value);
+            } else {
+                for (const char* name : {"value", "currentIndex"}) {
+                    if (control->property(name).isValid()) control->setProperty(name, value);
+                }
+            }
+        }
+    }
 }
 
 } // namespace
@@ -252,7 +268,7 @@ private Q_SLOTS:
         }
     }
 
-    /// Bytes of any content in a record: it is refused, or shown and worked with.
+    /// Bytes of any content in a record: it is refused, or shown and worked with, and every control still answers.
     void HostileFields_data() { Rows_data(); }
     void HostileFields() {
         QFETCH(QString, name);
@@ -273,6 +289,8 @@ private Q_SLOTS:
                 panel->SetImage(HBTestRamp(20, 20), {}, {}, {});
                 HBSettle();
                 QCOMPARE(recorder.Count("ImageReady"), entry.draw ? 0 : 1);
+                MoveAll(*panel);
+                HBSettle();
             }
         }
     }

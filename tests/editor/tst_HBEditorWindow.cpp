@@ -601,6 +601,7 @@ private Q_SLOTS:
     void keys() {
         HBEditorWindow window(false);
         OpenWithPanel(&window);
+        window.activateWindow(); // a slow machine has shown, while it opened the photo, the dialog that says so
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QSpinBox* spin = Brightness(window);
         spin->setFocus();

@@ -6,6 +6,11 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#include <csignal>
+#include <sys/prctl.h>
+
+void HBGimpChild::setupChildProcess() { prctl(PR_SET_PDEATHSIG, SIGKILL); }
+
 HBGimpRun::HBGimpRun() {
     const QDir folder(m_Folder.path());
     for (const char* name : {"plug-ins", "scripts", "home", "run", "out"}) folder.mkpath(name);

@@ -5,6 +5,12 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+/// Ends with the test, also where that is killed.
+class HBGimpChild : public QProcess {
+protected:
+    void setupChildProcess() override;
+};
+
 /// A GIMP of its own: a fresh folder of the user's, our plug-in, Script-Fu and PNG files; nothing else, so that
 /// it starts quickly. Works in that folder.
 class HBGimpRun {

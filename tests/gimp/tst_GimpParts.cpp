@@ -35,7 +35,7 @@ private Q_SLOTS:
             HBRecipeStep step;
             QString reason;
             QVERIFY(HBReadStepArgument(adjustment, " ", &step, &reason));
-            QCOMPARE(step.values, adjustment.save(adjustment.defaults));
+            QCOMPARE(step.values, adjustment.save(adjustment.defaults()));
         }
     }
 
@@ -120,7 +120,7 @@ private Q_SLOTS:
         for (const HBFieldInfo& field : adjustment.fields) {
             QVariant expected = given.value(field.key).toVariant();
             if (!given.contains(field.key))
-                expected = field.get(adjustment.data(adjustment.defaults));
+                expected = field.get(adjustment.data(adjustment.defaults()));
             else if (field.type == HBFieldInfo::Choice)
                 expected = int(std::find(field.values.begin(), field.values.end(), expected.toString()) -
                                field.values.begin());

@@ -37,7 +37,7 @@ const char script[] = R"(
     image))
 (define (whole image layer) (gimp-selection-none image) layer)
 (define (state image)
-  (list (gimp-image-get-active-drawable image) (car (gimp-image-get-channels image)) (gimp-selection-bounds image)
+  (list (gimp-image-get-active-layer image) (car (gimp-image-get-channels image)) (gimp-selection-bounds image)
         (gimp-selection-value image 11 21) (gimp-selection-value image 60 99) (gimp-selection-value image 99 129)))
 (define (try name picture prepare call)
   (say (string-append "case " name))
@@ -45,7 +45,7 @@ const char script[] = R"(
          (drawable (prepare image (car (gimp-image-get-active-layer image))))
          (before (state image))
          (out (string-append "out/" name ".png")))
-    (catch (say (car (gimp-get-pdb-error))) (call image drawable))
+    (catch #f (call image drawable))
     (if (not (equal? before (state image))) (say "the state of the image has changed"))
     (file-png-save2 RUN-NONINTERACTIVE image drawable out out 0 1 0 0 0 0 0 0 1)
     (gimp-image-delete image)))
@@ -62,17 +62,16 @@ HBImage<> Grey() {
     });
 }
 
-HBImage<> Opaque() {
-    return HBTestPicture(Width, Height,
-                         [](int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); });
-}
+QRgb OpaqueColour(int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); }
+
+HBImage<> Opaque() { return HBTestPicture(Width, Height, OpaqueColour); }
 
 /// The opaque picture with 16 bits, of which the lower do not change how it rounds.
 QImage Deep() {
     QImage image(Width, Height, QImage::Format_RGBA64);
     for (int y = 0; y < Height; ++y) {
         for (int x = 0; x < Width; ++x) {
-            const QRgb colour = Opaque().PixelAt(x, y).ToRgba();
+            const QRgb colour = OpaqueColour(x, y);
             const auto deep = [&](int v) {
                 return quint16(qBound(0, v * 257 + (x * 7 + y * 3) % 201 - 100, 65535));
             };
@@ -83,11 +82,13 @@ QImage Deep() {
     return image;
 }
 
+int Coverage(int x, int y) { return selected.contains(x, y) ? qBound(1, (x - 10) * 3 + (y - 20) % 7, 255) : 0; }
+
 HBTarget Target(const HBImage<>& picture, bool isSelected) {
     HBTarget target{picture, {}, {}, {}};
     if (isSelected) {
         target.selection = HBTestPicture(160, 150, [](int x, int y) {
-            const int c = selected.contains(x, y) ? qBound(1, (x - 10) * 3 + (y - 20) % 7, 255) : 0;
+            const int c = Coverage(x, y);
             return qRgba(c, c, c, c);
         });
         target.offset = -offset;
@@ -178,45 +179,44 @@ private:
     void AddKinds() {
         const HBImage<> ramp = HBTestRamp(Width, Height);
         const char* levels = "HBLevelsWidget";
-        Add("grey", {"grey", "layer", Call(levels), Adjusted(Grey(), levels, true), ""});
+        const char* grey = "HBBrightnessContrastWidget"; // keeps it so
+        Add("grey", {"grey", "layer", Call(grey), Adjusted(Grey(), grey, true), ""});
         Add("grey-colours",
             {"grey", "(whole image layer)", Call("HBColorizeWidget"), {}, "colors were stored as shades of gray"});
         Add("deep", {"deep", "layer", Call(levels), {}, "8 bits of accuracy"});
-        Add("mask", {"ramp",
-                     "(let ((m (car (gimp-layer-create-mask layer ADD-MASK-ALPHA)))) (gimp-layer-add-mask layer m)"
-                     " (gimp-layer-set-edit-mask layer TRUE) m)",
-                     Call(levels),
-                     Adjusted(HBTestPicture(Width, Height,
-                                            [&](int x, int y) {
-                                                const int a = ramp.PixelAt(x, y).alpha;
-                                                return qRgb(a, a, a);
-                                            }),
-                              levels, true),
+        // The mask becomes the alpha, whose numbers are the same: a mask alone would be stored with a gamma.
+        const HBImage<> mask = Adjusted(HBTestPicture(Width, Height,
+                                                      [](int x, int y) {
+                                                          const int c = Coverage(x + offset.x(), y + offset.y());
+                                                          return qRgb(c, c, c);
+                                                      }),
+                                        grey, true);
+        Add("mask", {"opaque",
+                     "(begin (gimp-layer-add-mask layer (car (gimp-layer-create-mask layer ADD-MASK-SELECTION)))"
+                     " (gimp-layer-set-edit-mask layer TRUE) layer)",
+                     "(let ((adjusted layer) (layer (car (gimp-layer-get-mask layer)))) " + Call(grey) +
+                         " (if (= FALSE (car (gimp-layer-get-edit-mask adjusted))) (say \"another is edited\"))"
+                         " (gimp-layer-remove-mask adjusted MASK-APPLY))",
+                     HBTestPicture(Width, Height,
+                                   [&](int x, int y) {
+                                       const QRgb colour = OpaqueColour(x, y);
+                                       return qRgba(qRed(colour), qGreen(colour), qBlue(colour),
+                                                    mask.PixelAt(x, y).red);
+                                   }),
                      ""});
         Add("opaque", {"opaque", "layer", Call(levels), Adjusted(Opaque(), levels, true), ""});
-        const QByteArray transparent = R"({"opacity": 50, "color": "#ff0000"})";
-        std::any record = HBFindAdjustment("HBReplaceColorWidget")->defaults;
-        for (const HBFieldInfo& field : HBFindAdjustment("HBReplaceColorWidget")->fields) {
-            void* const data = HBFindAdjustment("HBReplaceColorWidget")->mutableData(record);
-            if (field.key == "opacity") field.set(data, 50);
-            if (field.key == "color") field.set(data, QColor(Qt::red));
-        }
-        Add("becomes-transparent",
-            {"opaque", "(whole image layer)",
-             "(adjustment-panels-replace-color RUN-NONINTERACTIVE image layer " + Quoted(transparent) + ')',
-             HBRun(*HBFindAdjustment("HBReplaceColorWidget"), record, Target(Opaque(), false)).image,
-             "was given an alpha channel"});
         Add("nothing-to-do", {"ramp", "(whole image layer)",
                               "(adjustment-panels-levels RUN-NONINTERACTIVE image layer \"\")", ramp, ""});
+        // GIMP's own locks hold.
+        HBImage<> locked = Adjusted(ramp, "KMFillColorWidget", false);
+        for (int i = 0; i < Width * Height; ++i) {
+            HBRGBA32i pixel = locked.PixelAt(i % Width, i / Width);
+            pixel.alpha = ramp.PixelAt(i % Width, i / Width).alpha;
+            locked.SetPixel(i % Width, i / Width, pixel);
+        }
         Add("alpha-locked",
-            {"opaque",
-             "(begin (gimp-selection-none image) (gimp-layer-add-alpha layer) (gimp-layer-set-lock-alpha layer "
-             "TRUE) layer)",
-             "(adjustment-panels-replace-color RUN-NONINTERACTIVE image layer " + Quoted(transparent) + ')',
-             HBTestPicture(
-                 Width, Height,
-                 [](int x, int y) { return x < 30 ? qRgb(255, 0, 0) : Opaque().PixelAt(x, y).ToRgba(); }),
-             ""});
+            {"ramp", "(begin (gimp-selection-none image) (gimp-layer-set-lock-alpha layer TRUE) layer)",
+             Call("KMFillColorWidget"), locked, ""});
     }
 
     void AddRefusals() {
@@ -267,7 +267,7 @@ private:
             example + "(say \"case example\")(adjust-photo \"photo.png\" \"out/example.png\")(say \"case end\")\n";
         QVERIFY(m_Gimp.Write("cases.scm", text));
 
-        QProcess gimp;
+        HBGimpChild gimp;
         gimp.setProcessEnvironment(m_Gimp.Environment());
         gimp.setWorkingDirectory(m_Gimp.Path({}));
         gimp.setProcessChannelMode(QProcess::MergedChannels);
@@ -275,8 +275,10 @@ private:
                             "(load \"cases.scm\")", "-b", "(gimp-quit 0)"});
         const bool finished = gimp.waitForFinished(500000);
         const QString log = QString::fromUtf8(gimp.readAll());
-        QVERIFY2(finished && log.contains("case end"), qPrintable(log));
-        const auto parts = log.split("script-fu-Warning: case ");
+        QVERIFY2(finished && log.contains("case end"), qPrintable(log.right(900)));
+        // PNG has its own opinion on the profile of a mask.
+        const auto parts =
+            QString(log).remove(QRegularExpression("libpng warning.*\n")).split("script-fu-Warning: case ");
         for (const QString& part : parts)
             m_Said.insert(part.section('\n', 0, 0).trimmed(), part.section('\n', 1).trimmed());
     }

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# Installs the build into a folder of its own, moves that folder, builds and runs programs against it, and builds the
-# panels a second time against the installed host, as they are built for a host of someone else's.
+# Installs the build into a folder of its own, moves that folder, builds and runs programs against it, and compiles panels
+# a second time against the installed host, as they are built for a host of someone else's.
 cmake_minimum_required(VERSION 3.21)
 include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
@@ -67,26 +67,32 @@ file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
 run("Build the program without CMake" ${CXX_COMPILER} -std=c++17 ${sources} -o ${WORK_DIR}/plain ${flags} -Wl,-rpath,${lib})
 run("Run that" ${WORK_DIR}/plain)
 
-# ---- Another host ----
-set(panels ${WORK_DIR}/panels)
-run("Configure the panels for another host" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${panels}
-    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=${NAME}Host -D CMAKE_BUILD_TYPE=Debug)
-run("Build the panels for another host" ${CMAKE_COMMAND} --build ${panels} --target AdjustmentPanelsPanels)
-
-# ---- Another's widgets over our image ----
-# A few files: that they find each other. All of them are compiled by the test of the boundary.
+# ---- Another host: ours as it is installed, or another's widgets over our image ----
 include(${CMAKE_CURRENT_LIST_DIR}/../boundary/stub.cmake)
-set(imaging "include(CMakeFindDependencyMacro)\nfind_dependency(${NAME}Host COMPONENTS ImagingLib)\n")
-boundary_headers(${SOURCE_DIR}/docs/host-boundary.md ${WORK_DIR}/widgets "Widgets and settings")
-boundary_package(${WORK_DIR} OwnWidgets "${imaging}add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
+set(document ${SOURCE_DIR}/docs/host-boundary.md)
+boundary_headers(${document} ${WORK_DIR}/asked "Widgets and settings" "Image" "Kernels")
+file(GLOB headers RELATIVE ${WORK_DIR}/asked ${WORK_DIR}/asked/*.h)
+foreach(header IN LISTS headers)
+    if(NOT EXISTS ${prefix}/include/${NAME}/${header})
+        message(SEND_ERROR "The panels need ${header}, which is not installed")
+    endif()
+endforeach()
+boundary_headers(${document} ${WORK_DIR}/widgets "Widgets and settings")
+boundary_package(${WORK_DIR} OwnWidgets "include(CMakeFindDependencyMacro)
+find_dependency(${NAME}Host COMPONENTS ImagingLib)
+add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/widgets\")")
 
-set(build ${WORK_DIR}/own_widgets)
-run("Configure for another's widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${build}
-    -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=OwnWidgets -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
+# A few files: that they find each other. All of them are compiled by the test of the boundary.
 set(objects "")
 if(GENERATOR STREQUAL "Ninja") # which has a target for each
     set(objects --target src/CMakeFiles/AdjustmentPanelsPanels.dir/HBAdjustmentWidget.cpp.o
-        src/CMakeFiles/AdjustmentPanelsPanels.dir/HBLevelsWidget.cpp.o)
+        src/CMakeFiles/AdjustmentPanelsPanels.dir/HBLevelsWidget.cpp.o
+        adjustments/CMakeFiles/AdjustmentPanelsAdjustments.dir/tonal/HBLevels.cpp.o)
 endif()
-run("Compile panels for them" ${CMAKE_COMMAND} --build ${build} ${objects})
+foreach(host ${NAME}Host OwnWidgets)
+    run("Configure the panels for ${host}" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/for${host}
+        -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=${host} -D OwnWidgets_DIR=${WORK_DIR}
+        -D BUILD_SHARED_LIBS=OFF)
+    run("Compile some of them" ${CMAKE_COMMAND} --build ${WORK_DIR}/for${host} ${objects})
+endforeach()

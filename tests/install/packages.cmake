@@ -106,8 +106,10 @@ run("Replay" ${prefix}/bin/panel-replay apply ${recipe} ${sample} -o ${WORK_DIR}
 
 # ---- Examples ----
 set(ENV{CMAKE_PREFIX_PATH} ${prefix})
-file(GLOB examples RELATIVE ${share}/doc/AdjustmentPanels/examples ${share}/doc/AdjustmentPanels/examples/*)
+file(GLOB examples ${share}/doc/AdjustmentPanels/examples/*/CMakeLists.txt)
 foreach(example IN LISTS examples)
+    cmake_path(GET example PARENT_PATH example)
+    cmake_path(GET example FILENAME example)
     set(build ${WORK_DIR}/examples/${example})
     run("Configure ${example}" ${CMAKE_COMMAND} -S ${share}/doc/AdjustmentPanels/examples/${example} -B ${build})
     run("Build ${example}" ${CMAKE_COMMAND} --build ${build})

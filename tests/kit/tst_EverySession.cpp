@@ -151,7 +151,7 @@ private Q_SLOTS:
             QCOMPARE(reset && cancel, buttons == HBPanelButtons::Panel);
             f.entry.set(f.panel, HBDemonstration(*f.entry.adjustment));
             reset ? reset->click() : f.session->Reset();
-            QCOMPARE(f.entry.save(f.panel), f.entry.adjustment->save(f.entry.adjustment->defaults));
+            QCOMPARE(f.entry.save(f.panel), f.entry.adjustment->save(f.entry.adjustment->defaults()));
             QVERIFY(Until([&] { return f.session->IsUpToDate(); }));
             QCOMPARE(f.previews.last().ToQImage(), f.Expected());
             f.previews.clear();

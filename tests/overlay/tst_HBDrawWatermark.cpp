@@ -3,11 +3,13 @@
 #include "HBOverlayTests.h"
 #include "HBTestMain.h"
 
+#include <HBAdjustment.h>
 #include <HBOverlay.h>
 #include <HBOverlayLayout.h>
 #include <HBTextOutlines.h>
 
 #include <QDataStream>
+#include <QTranslator>
 
 #include <climits>
 #include <limits>
@@ -308,6 +310,28 @@ private Q_SLOTS:
             hostile.blendingMode = 0;
             QCOMPARE(Drawn(picture, hostile), Drawn(picture, usual));
         }
+    }
+
+    /// Whatever they were when the first record was made.
+    void DefaultsAreOfThePresentLanguageAndFont() {
+        const auto made = [] {
+            return std::any_cast<HBWatermarkParams>(HBFindAdjustment("HBWatermarkWidget")->defaults());
+        };
+        QCOMPARE(made().text, QString("Watermark"));
+        struct : QTranslator {
+            bool isEmpty() const override { return false; }
+            QString translate(const char*, const char*, const char*, int) const override { return "Mark"; }
+        } language;
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPointSize(33);
+        QApplication::setFont(font);
+        QCoreApplication::installTranslator(&language);
+        const HBWatermarkParams params = made();
+        QCoreApplication::removeTranslator(&language);
+        QApplication::setFont(before);
+        QCOMPARE(params.text, QString("Mark"));
+        QCOMPARE(params.font.pointSize(), 33);
     }
 
     void HostileTexts() {

@@ -208,44 +208,22 @@ private Q_SLOTS:
         QCOMPARE(f.recorder.Take(), QStringList());
     }
 
+    /// A record is kept as it is, but for a channel that there is not.
     void hostileRecords() {
-        const HBImage<> photo = HBTestRamp(20, 20);
-        const QVector<QPair<int, int>> points = {{255, 0},      {10, 10},      {-2, 0},        {300, 400},
-                                                 {Least, Most}, {Most, Least}, {Least, Least}, {Most, Most},
-                                                 {254, 256},    {0, 1}};
-        for (const auto& [low, high] : points) {
-            for (const double gamma : {NaN, 0.0, -1.0, Infinity, -Infinity, 1e300, 0.005, 100.0}) {
-                for (const int channel : {0, 3, 4, -1, Most, Least}) {
-                    Params params;
-                    params.channel = channel;
-                    for (int c = 0; c < 4; ++c) {
-                        params.input[c][0] = params.output[c][1] = low;
-                        params.input[c][1] = params.output[c][0] = high;
-                        params.middle[c] = high;
-                        params.gamma[c] = gamma;
-                    }
-                    Fixture f(channel == 0);
-                    f.panel.SetValue(params);
-                    if (channel < 0 || channel > 3) params.channel = 0;
-                    QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params)); // kept, but for the channel
-                    QCOMPARE(f.recorder.Take(), QStringList());
-                    if (qIsNaN(gamma)) QCOMPARE(f.middle->value(), 1.0);
-                    if (channel == 0 || channel == -1) f.panel.SetImage(photo, {}, {}, {});
-                    // Every control still answers.
-                    for (uint handle = 0; handle < 3; ++handle) {
-                        for (const int value : {0, 128, 255}) {
-                            f.input->SetValue(handle, value);
-                            f.output->SetValue(handle, value);
-                        }
-                    }
-                    for (QWidget* box : QVector<QWidget*>{f.low, f.middle, f.high, f.lowOutput, f.highOutput}) {
-                        for (const int value : {255, 0, 10, 1}) box->setProperty("value", value);
-                    }
-                    f.channel->setCurrentIndex(1);
-                }
+        for (const int channel : {0, 3, 4, -1, Most, Least}) {
+            Params params;
+            params.channel = channel;
+            for (int c = 0; c < 4; ++c) {
+                params.input[c][0] = params.output[c][1] = Most;
+                params.input[c][1] = params.output[c][0] = params.middle[c] = Least;
+                params.gamma[c] = NaN;
             }
+            Fixture f(channel == 0);
+            f.panel.SetValue(params);
+            if (channel < 0 || channel > 3) params.channel = 0;
+            QCOMPARE(HBStore(f.panel.GetValue()), HBStore(params));
+            QCOMPARE(f.middle->value(), 1.0);
         }
-        HBSettle();
     }
 
     void hostSetsMeanwhile() {

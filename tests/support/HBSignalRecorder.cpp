@@ -3,6 +3,7 @@
 #include "HBSignalRecorder.h"
 
 #include <HBAdjustmentWidget.h>
+#include <HBParallel.h>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -60,7 +61,7 @@ bool HBSignalRecorder::WaitFor(const QString& name, int count) const {
 
 void HBSettle() {
     for (int i = 0; i < 4; ++i) {
-        QThreadPool::globalInstance()->waitForDone(20000);
+        HBThreadPool().waitForDone(20000);
         QCoreApplication::sendPostedEvents();
     }
 }
@@ -71,5 +72,5 @@ int HBTimerCount(const HBAdjustmentWidget& panel) {
 
 bool HBIsIdle(const HBAdjustmentWidget& panel) {
     // A pool thread ends a little after the job that it ran.
-    return QThreadPool::globalInstance()->waitForDone(1000) && HBTimerCount(panel) == 0;
+    return HBThreadPool().waitForDone(1000) && HBTimerCount(panel) == 0;
 }

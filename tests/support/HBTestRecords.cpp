@@ -90,6 +90,6 @@ HBTarget HBTestTarget(const QSize& size, bool selected) {
 
 HBOutcome HBRun(const HBAdjustment& adjustment, const std::any& record, const HBTarget& target,
                 HBJobControl* control) {
-    return HBRunStages(
-        target, [&] { return adjustment.stages(record, target.bounds.isValid()); }, control);
+    const auto stages = [&] { return adjustment.stages(record, target.bounds.isValid()); };
+    return HBRunStages(target, std::cref(stages), control);
 }

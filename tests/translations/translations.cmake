@@ -34,7 +34,7 @@ function(find_text file code what)
 endfunction()
 
 file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/*.cpp ${ROOT}/*.h)
-list(FILTER files EXCLUDE REGEX "^(bench|build[^/]*|examples|tests)/")
+list(FILTER files EXCLUDE REGEX "^(bench|build[^/]*|examples|fuzz|tests)/")
 list(SORT files)
 foreach(file IN LISTS files)
     file(READ ${ROOT}/${file} code)

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBFuzz.h"
+
+#include "HBTestImages.h"
+
+#include <QImage>
+#include <QJsonDocument>
+
+#include <cstdio>
+#include <cstdlib>
+
+void HBFuzzFail(const QString& what) {
+    std::fprintf(stderr, "WRONG: %s\n", qPrintable(what));
+    std::abort();
+}
+
+HBTarget HBFuzzTarget(HBFuzzInput* input) {
+    static const QVector<QSize> sizes = {{1, 1},     {3, 129},  {127, 3}, {128, 128},
+                                         {129, 130}, {257, 20}, {0, 0},   {40, 30}};
+    HBTarget target;
+    const QSize size = sizes[input->Below(sizes.size())];
+    if (!size.isEmpty()) target.source = HBTestRamp(size.width(), size.height());
+    const int kind = input->Below(6);
+    if (kind == 0) return target;
+    target.offset = QPoint(input->Signed(), input->Signed());
+    target.bounds = QRect(input->Signed(), input->Signed(), input->Byte(), input->Byte());
+    if (kind == 1) target.bounds = QRect(QPoint(), size);
+    if (kind == 2) target.offset = QPoint(1 << 30, -(1 << 30));
+    if (kind == 3) target.bounds = QRect(-(1 << 30), -(1 << 30), (1 << 30) + 50, (1 << 30) + 50);
+    if (kind != 4) target.selection = HBTestMask(1 + input->Below(200), 1 + input->Below(200));
+    return target;
+}
+
+bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result) {
+    if (!target.bounds.isValid()) return true;
+    const QRect mask(0, 0, target.selection.Width(), target.selection.Height());
+    const QRect reached = target.bounds.intersected(mask);
+    const QImage before = target.source.ToQImage(), after = result.ToQImage();
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x) {
+            const qint64 sx = qint64(x) - target.offset.x(), sy = qint64(y) - target.offset.y();
+            const bool inside =
+                sx >= reached.left() && sx <= reached.right() && sy >= reached.top() && sy <= reached.bottom();
+            if (!inside && before.pixel(x, y) != after.pixel(x, y)) return false;
+        }
+    }
+    return true;
+}
+
+QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes) {
+    if (adjustment.tag) return {{"record", QString::fromLatin1(bytes.toBase64())}};
+    return {{"values", QJsonDocument::fromJson(bytes).object()}};
+}

@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+
+// Memory that fails, and threads that do not start, at every moment of a whole work: the outcome must be the right
+// picture or an error that says why, and the process must live. For builds without a sanitizer: those have
+// their own malloc.
+//
+// attack_memory [MOMENTS]: so many moments of each work at most (200).
+#include "HBFuzz.h"
+#include "HBTestImages.h"
+#include "HBTestRecords.h"
+
+#include <HBAdjustmentWidget.h>
+#include <HBPanelCatalog.h>
+#include <HBPhotoFile.h>
+#include <HBRecipe.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QThreadPool>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <dlfcn.h>
+#include <memory>
+#include <pthread.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+enum Where { Nowhere, Everywhere, OutsideMainThread };
+enum class What { Once, Ever, Threads };
+
+std::atomic<int> where{Nowhere};
+std::atomic<What> what{What::Once};
+std::atomic<long> calls{0};
+std::atomic<long> failing{-1}; ///< number of the call that fails
+thread_local bool isMainThread = false;
+
+bool Fails(bool thread = false) {
+    const int place = where.load(std::memory_order_relaxed);
+    if (place == Nowhere || (place == OutsideMainThread && isMainThread && !thread)) return false;
+    const What kind = what;
+    if (thread != (kind == What::Threads)) return false;
+    const long call = calls++;
+    const long first = failing;
+    return first >= 0 && (kind == What::Once ? call == first : call >= first);
+}
+
+} // namespace
+
+extern "C" {
+void* __libc_malloc(std::size_t);
+void* __libc_calloc(std::size_t, std::size_t);
+void* __libc_realloc(void*, std::size_t);
+void* __libc_memalign(std::size_t, std::size_t);
+
+void* malloc(std::size_t size) {
+    if (Fails()) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return __libc_malloc(size);
+}
+void* calloc(std::size_t count, std::size_t size) {
+    if (Fails()) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return __libc_calloc(count, size);
+}
+void* realloc(void* memory, std::size_t size) {
+    if (Fails()) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return __libc_realloc(memory, size);
+}
+void* aligned_alloc(std::size_t alignment, std::size_t size) {
+    if (Fails()) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return __libc_memalign(alignment, size);
+}
+int posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
+    if (Fails()) return ENOMEM;
+    *memory = __libc_memalign(alignment, size);
+    return *memory ? 0 : ENOMEM;
+}
+void* mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset) {
+    if (Fails()) {
+        errno = ENOMEM;
+        return MAP_FAILED;
+    }
+    return reinterpret_cast<void*>(syscall(SYS_mmap, address, size, protection, flags, file, offset));
+}
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*run)(void*), void* argument) {
+    if (Fails(true)) return EAGAIN;
+    using Create = int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
+    static const Create create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
+    return create(thread, attributes, run, argument);
+}
+}
+
+namespace {
+
+/// A picture, or why there is none.
+struct Result {
+    QImage image;
+    QString error;
+};
+
+struct Work {
+    QString name;
+    Where place;
+    std::function<Result()> run;
+};
+
+int wrong = 0;
+long tried = 0, failed = 0;
+
+void Attack(const Work& work, int moments) {
+    where = Nowhere;
+    const Result right = work.run();
+    if (!right.error.isEmpty()) HBFuzzFail(work.name + ": " + right.error);
+    for (const What kind : {What::Once, What::Ever, What::Threads}) {
+        const auto attempt = [&](long moment) {
+            // A thread that is idle is used again: none would be created.
+            if (kind == What::Threads) {
+                QThreadPool::globalInstance()->setExpiryTimeout(0);
+                QThread::msleep(3);
+            }
+            what = kind;
+            failing = moment;
+            calls = 0;
+            where = work.place;
+            const Result result = work.run();
+            where = Nowhere;
+            return result;
+        };
+        attempt(-1);
+        const long count = calls;
+        const long step = qMax(1L, count / moments);
+        for (long moment = 0; moment < count; moment += step, ++tried) {
+            const Result result = attempt(moment);
+            failed += !result.error.isEmpty();
+            if (!result.error.isEmpty() || result.image == right.image) continue;
+            ++wrong;
+            std::fprintf(stderr, "WRONG: %s, call %ld of %ld, kind %d: neither the right picture nor an error\n",
+                         qPrintable(work.name), moment, count, int(kind));
+        }
+        QThreadPool::globalInstance()->setExpiryTimeout(30000);
+    }
+}
+
+Result RunPanel(const HBPanelEntry& entry, const HBTarget& target) {
+    const int before = where.exchange(Nowhere);
+    const std::unique_ptr<HBAdjustmentWidget> panel(entry.create(false, nullptr));
+    entry.set(*panel, HBDemonstration(*entry.adjustment));
+    where = before;
+    panel->SetImage(target.source, target.selection, target.offset, target.bounds);
+    QElapsedTimer time;
+    for (time.start(); panel->IsProcessing();) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        if (time.elapsed() > 20000) HBFuzzFail(QString("%1 does not come to rest").arg(entry.className));
+    }
+    where = Nowhere;
+    return {panel->AdjustedImage().ToQImage(), panel->HasJobFailed() ? "failed" : QString()};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    isMainThread = true;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const int moments = argc > 1 ? std::atoi(argv[1]) : 200;
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QThreadPool::globalInstance()->setMaxThreadCount(3);
+    QVector<Work> works;
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        const std::any record = HBDemonstration(adjustment);
+        for (const bool selected : {false, true}) {
+            const HBTarget target = HBTestTarget({300, 200}, selected);
+            works.append({QString("core %1 %2").arg(adjustment.className).arg(selected), Everywhere, [=] {
+                              const HBOutcome outcome = HBRun(adjustment, record, target);
+                              const int before = where.exchange(Nowhere);
+                              Result result{outcome.image.ToQImage(), HBFailureReason(outcome)};
+                              where = before;
+                              return result;
+                          }});
+        }
+    }
+    QVector<HBRecipeStep> steps;
+    for (const HBAdjustment& adjustment : HBAdjustments()) {
+        if (qstrcmp(adjustment.className, "HBSignWidget") != 0)
+            steps += HBStepOf(adjustment, HBDemonstration(adjustment));
+    }
+    const HBTarget whole = HBTestTarget({300, 200}, false);
+    works.append({"recipe", Everywhere, [=] {
+                      QString error;
+                      const HBImage<> image = HBApplyRecipe(whole, {steps}, &error, nullptr);
+                      const int before = where.exchange(Nowhere);
+                      Result result{image.ToQImage(), error};
+                      where = before;
+                      return result;
+                  }});
+    for (const HBPanelEntry& entry : HBPanelCatalog()) {
+        if (!entry.draw)
+            works.append({QString("panel ") + entry.className, OutsideMainThread,
+                          [&entry, whole] { return RunPanel(entry, whole); }});
+    }
+    const QTemporaryDir folder;
+    for (const char* format : {"png", "jpg", "tif", "webp", "bmp"}) {
+        const QString path = folder.filePath(QString("photo.") + format);
+        works.append({QString("photo ") + format, Everywhere, [=] {
+                          QString error;
+                          HBPhoto photo;
+                          HBPhotoOptions options;
+                          options.quality = 100;
+                          QStringList warnings;
+                          if (!HBWritePhoto(path, whole.source, options, &error, &warnings))
+                              return Result{{}, error};
+                          if (!HBReadPhoto(path, &photo, &error)) return Result{{}, error};
+                          const int before = where.exchange(Nowhere);
+                          Result result{photo.image.ToQImage(), photo.warnings.join(' ') + warnings.join(' ')};
+                          where = before;
+                          return result;
+                      }});
+    }
+    for (const Work& work : works) Attack(work, moments);
+    std::printf("%ld failures of memory and threads in %d works: %ld ended with an error, %d wrong\n", tried,
+                int(works.size()), failed, wrong);
+    return wrong ? 1 : 0;
+}
