@@ -13,8 +13,8 @@ class QWidget;
 /// QApplication and before the first panel is made; without it the first HBPanelSession does the same, with no
 /// window and the default pool. GUI thread.
 /// \param mainWindow may be null, and may be destroyed
-/// \param pool where all jobs run; null: with Qt 5 the global pool, where they wait behind the program's own tasks;
-///        with Qt 6 one of the panels. Not owned; it must outlive every session, and all that HBAdjust and
+/// \param pool where all jobs run. Null: in Qt 5 the global pool, where they wait behind the program's own tasks;
+///        in Qt 6 one of the panels. Not owned; it must outlive every session, and all that HBAdjust and
 ///        HBApplyRecipe do
 KIT_EXPORT void HBSetUpPanels(QWidget* mainWindow = nullptr, QThreadPool* pool = nullptr);
 
