@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayInputs.h"
 
+#include "HBFileNames.h"
+
 #include <KMImageFileManager.h>
 
 #include <QCoreApplication>
@@ -112,6 +114,12 @@ private:
                     folders.append(name + '/');
                 }
             }
+            for (const QString& name : HBNamesUnknownToQt(folder + '/' + inner)) {
+                const bool wanted = name.endsWith('/') ? m_Choice.recursive
+                                                       : m_Suffixes.contains(QFileInfo(name).suffix().toLower());
+                if (wanted)
+                    names.append(inner + name);
+            }
         }
         std::sort(names.begin(), names.end());
         const QString prefix = folder == "." ? QString() : folder.endsWith('/') ? folder : folder + '/';
@@ -153,7 +161,7 @@ bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QStri
     }
     for (const QByteArray& name : bytes.split(endsWithNul ? '\0' : '\n')) {
         if (!name.isEmpty())
-            names->append(QFile::decodeName(name));
+            names->append(HBDecodedFileName(name));
     }
     return true;
 }
