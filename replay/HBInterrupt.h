@@ -13,10 +13,10 @@ struct HBLastWords
     QByteArray line;    ///< for standard output
 };
 
-/// From now on the first SIGINT or SIGTERM ends the program within half a second, and never in the midst of a file
-/// that it writes. Whoever works asks HBIsInterrupted() and calls HBEndInterrupted(); if nobody has done so a third of a
-/// second later, because output is not taken or a disk does not answer, a thread of its own does. A second signal ends
-/// the program at once.
+/// From now on the first SIGINT or SIGTERM ends the program within half a second. Whoever works asks
+/// HBIsInterrupted() and calls HBEndInterrupted() when what it writes is whole; if nobody has done so a third of a
+/// second later, because output is not taken or a disk does not answer, a thread of its own does. A second signal
+/// ends the program at once.
 void HBWatchInterrupts();
 
 /// Whether one has come. Any thread.
@@ -25,6 +25,6 @@ bool HBIsInterrupted();
 /// \param words gives what to say; called once or twice, by any thread. "interrupted" by default
 void HBSetLastWords(std::function<HBLastWords()> words);
 
-/// Says the last words, as far as there is somebody who takes them, and ends the process with exit code 130, without
-/// waiting for its threads.
+/// Says the last words, as far as there is somebody who takes them, and ends the process with exit code 130,
+/// without waiting for its threads.
 [[noreturn]] void HBEndInterrupted();

@@ -29,9 +29,9 @@ struct HBReplayResult
     QString error; ///< why it failed or was skipped; names the file unless it was skipped
 };
 
-/// What is said of a run: on standard output, with --json, a line for each file and one for all, flushed one by one, so
-/// that a run that is killed leaves whole lines. Keys are never translated, never changed. And, on standard error, how
-/// many files came to what end.
+/// What is said of a run: on standard output, with --json, a line for each file and one for all, flushed one by
+/// one, so that a run that is killed leaves whole lines. Keys are never translated, never changed. And, on standard
+/// error, how many files came to what end.
 class HBReplayReport
 {
 public:

@@ -91,8 +91,8 @@ bool ReadEnvironment(int count, HBShard* shard, QString* problem)
             return fail(Text::tr("the array has %1 tasks, not %2").arg(told).arg(count));
         const int size = told ? told : count;
         const int position = (index - first) / step;
-        // From 0 or from 1: either way every share is there once. A higher number is one of an array with a step, of
-        // which the task is told nothing: by its number alone some shares would be done twice, and others never.
+        // From 0 or from 1: either way every share is there once. A higher number is one of an array with a step,
+        // of which the task is told nothing: by its number some shares would be done twice, and others never.
         *shard = {(scheduler.mayStartAtOne && position == size ? 0 : position) + 1, size};
         return (shard->index >= 1 && shard->index <= size && size <= MaximumCount) ||
                fail(Text::tr(

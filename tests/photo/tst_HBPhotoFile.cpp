@@ -249,7 +249,8 @@ private Q_SLOTS:
             HBPhoto photo;
             const qint64 written = PeakOf([&] { QVERIFY(HBWritePhoto(Path(name), image, {}, &error)); });
             const qint64 file = QFileInfo(Path(name)).size();
-            QVERIFY2(written < (hasTags ? 2 : 1) * file + room, qPrintable(QString("%1 %2").arg(name).arg(written)));
+            QVERIFY2(written < (hasTags ? 2 : 1) * file + room,
+                     qPrintable(QString("%1 %2").arg(name).arg(written)));
             const qint64 read = PeakOf([&] { QVERIFY(HBReadPhoto(Path(name), &photo, &error)); });
             QVERIFY2(read < file + (30 << 20) + room, qPrintable(QString("%1 %2").arg(name).arg(read)));
         }
@@ -259,7 +260,8 @@ private Q_SLOTS:
     void FewBytes() {
         QString error;
         HBPhoto photo;
-        QVERIFY2(HBWritePhoto(Path("a.ppm"), HBImage<>::FromQImage(Gradient(1, 1)), {}, &error), qPrintable(error));
+        QVERIFY2(HBWritePhoto(Path("a.ppm"), HBImage<>::FromQImage(Gradient(1, 1)), {}, &error),
+                 qPrintable(error));
         QVERIFY(HBReadPhoto(Path("a.ppm"), &photo, &error));
         QCOMPARE(photo.warnings, QStringList());
     }
