@@ -236,6 +236,8 @@ int HBReplayApply(const HBReplayOptions& options)
         return HBBadUsage;
     }
     if (inputs.isEmpty() && !HBIsInterrupted()) {
+        if (request.json)
+            report->Summary();
         HBPrintError(Text::tr("no photo was found there"));
         return HBNothingMatched;
     }

@@ -30,8 +30,8 @@ struct HBReplayResult
 };
 
 /// What is said of a run: on standard output, with --json, a line for each file and one for all, flushed one by
-/// one, so that a run that is killed leaves whole lines. Keys are never translated, never changed. And, on standard
-/// error, how many files came to what end.
+/// one, so that a run that is killed leaves whole lines. Keys are never translated, never changed. And, on
+/// standard error, how many files came to what end.
 class HBReplayReport
 {
 public:
