@@ -30,7 +30,7 @@ struct Text
 };
 
 /// How long the program has to come to its end by itself, and then to say so.
-constexpr std::chrono::milliseconds grace{330};
+constexpr std::chrono::milliseconds grace{300};
 constexpr int mostWait = 50;
 
 // Read by every thread.

@@ -14,8 +14,8 @@ struct HBLastWords
 };
 
 /// From now on the first SIGINT or SIGTERM ends the program within half a second. Whoever works asks
-/// HBIsInterrupted() and calls HBEndInterrupted() when what it writes is whole; if nobody has done so a third of a
-/// second later, because output is not taken or a disk does not answer, a thread of its own does. A second signal
+/// HBIsInterrupted() and calls HBEndInterrupted() when what it writes is whole; if nobody has done so 0.3 s
+/// later, because output is not taken or a disk does not answer, a thread of its own does. A second signal
 /// ends the program at once.
 void HBWatchInterrupts();
 
