@@ -9,6 +9,7 @@
 #include "HBPngFile.h"
 #include "HBTiffFile.h"
 
+#include <HBQtImage.h>
 #include <KMImageFileManager.h>
 
 #include <QBuffer>
@@ -18,7 +19,6 @@
 #include <QImageReader>
 
 #include <mutex>
-#include <new>
 #include <unistd.h>
 
 namespace
@@ -97,9 +97,7 @@ void PutRows(const QImage& image, HBUprightTiles* tiles)
         QImage piece(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());
         if (image.colorCount() > 0)
             piece.setColorTable(image.colorTable());
-        const QImage rows = piece.convertToFormat(QImage::Format_ARGB32);
-        if (rows.isNull())
-            throw std::bad_alloc();
+        const QImage rows = HBConverted(piece, QImage::Format_ARGB32);
         tiles->Put(first, count, reinterpret_cast<const QRgb*>(rows.constBits()), rows.bytesPerLine() / 4);
     }
 }
