@@ -17,8 +17,8 @@
 namespace
 {
 
-/// Qt cuts an image into pieces of 65,536 bytes to convert it, and of as many pixels to scale it, and does a single
-/// piece, up to just before twice that, itself.
+/// Qt cuts an image into pieces of 65,536 bytes to convert it, and of as many pixels to scale it, and does a
+/// single piece, up to just before twice that, itself.
 constexpr int LargestAlone = 2 * 65536 - 1;
 
 /// Qt answers a want of memory with a null image.

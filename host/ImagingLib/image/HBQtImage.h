@@ -9,8 +9,8 @@
 // Qt shares the work on a large image with the threads of its global pool, and waits for ever for one that the
 // system does not start, for want of memory or processes. These do the same without that trap. Any thread.
 
-/// As QImage::convertToFormat; on the calling thread alone. Large images lose what is beside their pixels (resolution,
-/// texts).
+/// As QImage::convertToFormat; on the calling thread alone. Large images lose what is beside their pixels
+/// (resolution, texts).
 /// \throws std::bad_alloc
 IMAGINGLIB_EXPORT QImage HBConverted(const QImage& image, QImage::Format format);
 /// Where the image is, if both formats have 32 bits and nobody else has it; it must own its pixels.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
+#include <QByteArray>
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -10,6 +11,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 
@@ -122,14 +124,10 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     const auto shared = std::make_shared<Lanes>();
     shared->lane = &lane;
     shared->Begin();
-    try {
-        QThreadPool& pool = HBThreadPool();
-        bool started = true;
-        for (int helper = 1; helper < lanes && started; ++helper)
-            started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
-    } catch (const std::bad_alloc&) {
-        // Fewer lanes do the same work.
-    }
+    QThreadPool& pool = HBThreadPool();
+    bool started = true; // fewer lanes do the same work
+    for (int helper = 1; helper < lanes && started; ++helper)
+        started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
     shared->Run();
     shared->WaitForEnd();
     if (shared->first)
@@ -150,13 +148,16 @@ bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
     // take it.
     static std::mutex mutex;
     const std::lock_guard<std::mutex> lock(mutex);
-    if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
-        try {
+    try {
+        if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
+            const QByteArray room(1 << 20, Qt::Uninitialized);  // Qt ends the process if its thread gets none
             std::thread([] {}).join();
-        } catch (const std::system_error&) {
-            return false;
         }
+        start();
+    } catch (const std::system_error&) {
+        return false;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
-    start();
     return true;
 }
