@@ -151,6 +151,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
 {
     if (!HBIsWholeFile(file))
         return Fail(reason, Text::tr("the file is cut short"));
+    HBCheckMemory();
     Remarks remarks; // also about the head, which is read more than once
     QByteArray same = file;
     QBuffer buffer(&same);
@@ -212,6 +213,7 @@ QSize HBSizeInHead(const QString& path)
         const QSize size(int(numbers.At(16, 4)), int(numbers.At(20, 4)));
         return size.isEmpty() ? QSize() : size;
     }
+    HBCheckMemory();
     const Remarks untold; // HBDecodePhoto() tells them
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);

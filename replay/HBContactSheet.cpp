@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBContactSheet.h"
 
-#include <HBQtImage.h>
+#include <HBScaled.h>
 
 #include <QPainter>
 #include <QtMath>

@@ -7,6 +7,7 @@
 #include "HBStampCache.h"
 
 #include <HBQtImage.h>
+#include <HBScaled.h>
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -48,6 +49,7 @@ void CheckSize(const QString& file, const QSize& size, qint64 bytes)
 
 QImage Decoded(const QString& file)
 {
+    HBCheckMemory();
     QImageReader reader(file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);

@@ -5,6 +5,8 @@
 #include "HBOverlayText.h"
 #include "HBStage.h"
 
+#include <HBQtImage.h>
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -67,13 +69,6 @@ QFont OutlineFont(const QFont& font)
     return large;
 }
 
-/// Qt's fonts and painter end the process where they get no memory: rather a job that has next to none fails before.
-/// \throws std::bad_alloc
-void CheckMemory()
-{
-    const QByteArray room(1 << 20, Qt::Uninitialized);
-}
-
 } // namespace
 
 double HBFontUnits(const QFont& font)
@@ -92,7 +87,7 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font)
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         throw HBAdjustmentError(
             HBOverlayText::tr("A text needs a program with a graphical application object (QGuiApplication)"));
-    CheckMemory();
+    HBCheckMemory();
     const QFont named = WithFewNames(font);
     if (!IsInstalled(named))
         throw HBAdjustmentError(HBOverlayText::tr("The font %1 is not installed").arg(named.family().left(100)));
@@ -138,7 +133,7 @@ void HBTextOutlines::Add(const QPainterPath& path)
 
 void HBTextOutlines::Fill(QPainter& painter, const QRectF& window) const
 {
-    CheckMemory();
+    HBCheckMemory();
     QPainterPath path;
     // Letters may overlap and then are not holes in each other.
     path.setFillRule(Qt::WindingFill);

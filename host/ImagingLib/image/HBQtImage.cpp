@@ -2,23 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "HBQtImage.h"
 
-#include "HBParallel.h"
-
-#include <QRunnable>
-#include <QThread>
-#include <QThreadPool>
+#include <QByteArray>
 
 #include <cstring>
-#include <future>
-#include <memory>
 #include <new>
-#include <system_error>
 
 namespace
 {
 
-/// Qt cuts an image into pieces of 65,536 bytes to convert it, and of as many pixels to scale it, and does a
-/// single piece, up to just before twice that, itself.
+/// Qt cuts an image into pieces of 65,536 bytes, and does a single piece, up to just before twice that, itself.
 constexpr int LargestAlone = 2 * 65536 - 1;
 
 /// Qt answers a want of memory with a null image.
@@ -54,6 +46,11 @@ void CopyRows(const QImage& from, uchar* to, qptrdiff stride)
 
 } // namespace
 
+void HBCheckMemory()
+{
+    const QByteArray room(1 << 20, Qt::Uninitialized);
+}
+
 QImage HBConverted(const QImage& image, QImage::Format format)
 {
     if (image.format() == format || image.height() <= RowsAtOnce(image))
@@ -78,17 +75,4 @@ QImage HBConverted(QImage&& image, QImage::Format format)
     if (!result.reinterpretAsFormat(format))
         throw std::bad_alloc();
     return result;
-}
-
-QImage HBScaled(const QImage& image, const QSize& size, Qt::AspectRatioMode mode)
-{
-    const auto scale = [=] { return Usable(image.scaled(size, mode, Qt::SmoothTransformation), !image.isNull()); };
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    // A thread of the pool itself asks nobody for help.
-    if (qint64(image.width()) * image.height() <= LargestAlone || pool.contains(QThread::currentThread()))
-        return scale();
-    const auto task = std::make_shared<std::packaged_task<QImage()>>(scale);
-    if (!HBTryStart(pool, [&] { pool.start(QRunnable::create([task] { (*task)(); })); }))
-        throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
-    return task->get_future().get();
 }

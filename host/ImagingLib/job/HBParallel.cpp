@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
-#include <QByteArray>
+#include "HBQtImage.h"
+
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -150,7 +151,7 @@ bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
     const std::lock_guard<std::mutex> lock(mutex);
     try {
         if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
-            const QByteArray room(1 << 20, Qt::Uninitialized);  // Qt ends the process if its thread gets none
+            HBCheckMemory();                                    // Qt ends the process if its thread gets none
             std::thread([] {}).join();
         }
         start();
