@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "KMApplication.h"
 
+#include <HBUsableMemory.h>
 #include <KMTileManager64.h>
 
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
-
-#include <unistd.h>
 
 namespace
 {
@@ -21,11 +20,6 @@ QString& PathOpen()
 {
     static QString folder;
     return folder;
-}
-
-qint64 PhysicalMemory()
-{
-    return qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
 }
 
 } // namespace
@@ -64,7 +58,7 @@ void KMApplication::KeepPathOpen()
 
 void KMApplication::SetTileMemory(qint64 bytes)
 {
-    KMTileManager64::Instance().SetMemoryBudget(bytes > 0 ? bytes : PhysicalMemory() / 2);
+    KMTileManager64::Instance().SetMemoryBudget(bytes > 0 ? bytes : HBUsableMemory() / 2);
 }
 
 qint64 KMApplication::GetTileMemory()
