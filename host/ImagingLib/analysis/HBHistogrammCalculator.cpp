@@ -207,7 +207,8 @@ void StartBehind(const Pieces& pieces, const HBHistogrammCalculator::Abandoned& 
     count->pieces = pieces;
     count->abandoned = abandoned;
     count->done = done;
-    const int lanes = HBLaneCount(pieces.count);
+    // One processor stays free for the thread that shows the job's result.
+    const int lanes = std::max(1, HBLaneCount(pieces.count) - 1);
     count->lanes = lanes;
     for (int i = 0; i < lanes; ++i)
         HBRunBehind([count, lane = std::make_shared<Lane>()] { return count->Step(*lane); });

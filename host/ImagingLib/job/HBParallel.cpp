@@ -82,7 +82,7 @@ public:
 
     void run() override
     {
-        QThreadPool& pool = *QThreadPool::globalInstance();
+        QThreadPool& pool = HBThreadPool();
         while (m_Step()) {
             // With a thread to spare nobody waits.
             if (pool.activeThreadCount() >= pool.maxThreadCount() && Start(pool, m_Step))
@@ -138,7 +138,7 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
 
 void HBRunBehind(const std::function<bool()>& step)
 {
-    if (Behind::Start(*QThreadPool::globalInstance(), step))
+    if (Behind::Start(HBThreadPool(), step))
         return;
     while (step()) {
     }

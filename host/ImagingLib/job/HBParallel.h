@@ -26,7 +26,7 @@ IMAGINGLIB_EXPORT int HBLaneCount(int items);
 /// If lanes throw, the others still run to their end; then the first exception is rethrown as it was thrown.
 IMAGINGLIB_EXPORT void HBRunLanes(int lanes, const std::function<void()>& lane);
 
-/// Calls `step` again and again, on a thread of the global pool that nothing else wants, until it returns false.
+/// Calls `step` again and again, on a thread of the pool that nothing else wants, until it returns false.
 /// After each step whatever waits for a thread goes first, so that a step should be short: a fraction of a
 /// millisecond. It must not throw. Where the system starts no more threads, all steps are done before this
 /// returns.
