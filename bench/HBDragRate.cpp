@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 // How well the picture follows the hand: a control of a panel is moved every 8 ms over a photo of 24 and of 300
-// megapixels, fitted into the view and at 100 %. Prints how many pictures a second were painted meanwhile, how long
-// one change takes to be painted, and how long until the whole picture is there; with what is in sight first, and
-// without. Argument: the megapixels, in place of those two sizes.
+// megapixels, fitted into the view and at 100 %. Prints how many pictures a second were painted meanwhile, how
+// long one change takes to be painted, and how long until the whole picture is there; with what is in sight first,
+// and without. Argument: the megapixels, in place of those two sizes.
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelSession.h>

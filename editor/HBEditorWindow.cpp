@@ -7,6 +7,7 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
+#include "HBPanelFrame.h"
 #include "HBPanelPlacement.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
@@ -70,9 +71,9 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_pMessages);
     m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
     layout->addWidget(m_pAids->SideBySide(), 1);
+    m_pMessages->LieOver(central);
     setCentralWidget(central);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
@@ -82,6 +83,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
     connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
+    connect(m_pAids, &HBViewAids::Hinted, this, [this](const QString& text) { statusBar()->showMessage(text); });
     connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
     connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
         if (m_pSession)
@@ -132,8 +134,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pSession->Widget())
-            m_pPlacement->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+        if (m_pSession && m_pAids->Frame())
+            m_pPlacement->Show(m_pAids->Frame(), m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -184,6 +186,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
+    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
@@ -204,7 +207,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
         else
             m_pMessages->ShowError(reason);
     });
-    m_pPlacement->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
+    m_pPlacement->Show(m_pAids->BeginPanel(m_pSession), entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
     m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
@@ -244,6 +247,7 @@ void HBEditorWindow::DropPanel()
     m_pView->SetOverrideCursor(QCursor());
     m_pView->EndSight();
     m_pPlacement->Close();
+    m_pAids->EndPanel();
     ShowDocument();
     m_pView->setFocus();
 }

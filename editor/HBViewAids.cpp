@@ -3,12 +3,16 @@
 #include "HBViewAids.h"
 
 #include "HBBeforeAfter.h"
+#include "HBPanelFrame.h"
+#include "HBResultHistogram.h"
 #include "HBSideBySide.h"
 #include "HBViewColors.h"
 
+#include <HBPanelSession.h>
 #include <KMDocumentView.h>
 
 #include <QAction>
+#include <QDockWidget>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
@@ -23,6 +27,7 @@ namespace
 
 constexpr char MonitorKey[] = "view/monitorProfile";
 constexpr char CompareKey[] = "view/compareOpened";
+constexpr char HistogramKey[] = "view/histogram";
 
 QString ColorText(HBRGBA32i color)
 {
@@ -38,6 +43,8 @@ HBViewAids::HBViewAids(QMainWindow* window, KMDocumentView* view, HBBeforeAfter*
     , m_pBeforeAfter(beforeAfter)
     , m_pColors(new HBViewColors(window))
     , m_pSideBySide(new HBSideBySide(view))
+    , m_pHistogramDock(new QDockWidget(tr("Histogram"), window))
+    , m_pHistogram(new HBResultHistogram(m_pHistogramDock))
     , m_pPixelLabel(new QLabel(window))
     , m_pProfileLabel(new QLabel(window))
 {
@@ -48,6 +55,18 @@ HBViewAids::HBViewAids(QMainWindow* window, KMDocumentView* view, HBBeforeAfter*
                                  tr("Or else, in a panel, with the photo without this one step"));
     m_pClipping = AddToggle(menu, tr("Mark &Clipping"), "C",
                             tr("Paint pixels red that are too bright in a channel, and blue that are black"));
+    m_pHistogramDock->setObjectName("Histogram");
+    m_pHistogramDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    m_pHistogramDock->setWidget(m_pHistogram);
+    m_pHistogramDock->hide();
+    window->addDockWidget(Qt::RightDockWidgetArea, m_pHistogramDock);
+    if (auto* panels = window->findChild<QDockWidget*>("PanelDock"))
+        window->splitDockWidget(m_pHistogramDock, panels, Qt::Vertical); // over the panel
+    QAction* histogram = m_pHistogramDock->toggleViewAction();
+    histogram->setText(tr("&Histogram"));
+    histogram->setShortcut(QKeySequence("H"));
+    histogram->setStatusTip(tr("Show how often each level occurs, now and before"));
+    menu->addAction(histogram);
     m_pColors->AddTo(menu);
     connect(m_pBeside, &QAction::toggled, m_pSideBySide, &HBSideBySide::SetShown);
     connect(m_pCompareOpened, &QAction::toggled, this, &HBViewAids::ShowBefore);
@@ -79,6 +98,24 @@ QAction* HBViewAids::AddToggle(QMenu* menu, const QString& text, const QString& 
     return action;
 }
 
+QWidget* HBViewAids::BeginPanel(HBPanelSession* session)
+{
+    m_pFrame = new HBPanelFrame(session, m_pView);
+    connect(m_pFrame, &HBPanelFrame::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
+    connect(m_pFrame, &HBPanelFrame::Noted, this, &HBViewAids::Hinted);
+    connect(session, &HBPanelSession::PreviewReady, m_pHistogram, &HBResultHistogram::SetResult);
+    return m_pFrame;
+}
+
+/// Not at once: this may be the answer to one of its controls.
+void HBViewAids::EndPanel()
+{
+    m_pBeforeAfter->SetPreviewed(true);
+    if (m_pFrame)
+        m_pFrame->deleteLater();
+    m_pFrame = nullptr;
+}
+
 void HBViewAids::ShowPhoto(const HBImage<>& present, const HBImage<>& opened, bool isAdjusting)
 {
     m_Present = present;
@@ -99,6 +136,9 @@ void HBViewAids::ShowBefore()
     // Without a panel there is no step that could be left out.
     const HBImage<>& before = m_IsAdjusting && !m_pCompareOpened->isChecked() ? m_Present : m_Opened;
     m_pBeforeAfter->SetBefore(before);
+    m_pHistogram->SetSource(before);
+    if (!m_IsAdjusting)
+        m_pHistogram->SetResult(m_Present);
     m_pSideBySide->SetBefore(before);
 }
 
@@ -129,10 +169,12 @@ void HBViewAids::ReadSettings(const QSettings& settings)
     QString ignored; // the file may be gone: then it is the desktop's
     m_pColors->SetMonitorFile(settings.value(MonitorKey).toString(), &ignored);
     m_pCompareOpened->setChecked(settings.value(CompareKey, false).toBool());
+    m_pHistogramDock->setVisible(settings.value(HistogramKey, false).toBool());
 }
 
 void HBViewAids::WriteSettings(QSettings* settings) const
 {
     settings->setValue(MonitorKey, m_pColors->MonitorFile());
     settings->setValue(CompareKey, m_pCompareOpened->isChecked());
+    settings->setValue(HistogramKey, !m_pHistogramDock->isHidden());
 }

@@ -5,12 +5,17 @@
 #include <HBImage.h>
 
 #include <QObject>
+#include <QPointer>
 
 class HBBeforeAfter;
+class HBPanelFrame;
+class HBPanelSession;
+class HBResultHistogram;
 class HBSideBySide;
 class HBViewColors;
 class KMDocumentView;
 class QAction;
+class QDockWidget;
 class QLabel;
 class QMainWindow;
 class QMenu;
@@ -30,6 +35,12 @@ public:
     QAction* ClippingAction() const { return m_pClipping; }
     QAction* SideBySideAction() const { return m_pBeside; }
     QAction* CompareOpenedAction() const { return m_pCompareOpened; }
+    HBResultHistogram* Histogram() const { return m_pHistogram; }
+    HBPanelFrame* Frame() const { return m_pFrame; }
+
+    /// What is to be shown in place of the session's widget; ends with EndPanel.
+    QWidget* BeginPanel(HBPanelSession* session);
+    void EndPanel();
 
     /// \param present without the step that is being made
     /// \param opened as it was opened
@@ -42,6 +53,8 @@ public:
 
 Q_SIGNALS:
     void Failed(const QString& reason);
+    /// A hint that need not be kept in sight.
+    void Hinted(const QString& text);
 
 private:
     QAction* AddToggle(QMenu* menu, const QString& text, const QString& key, const QString& hint);
@@ -52,6 +65,9 @@ private:
     HBBeforeAfter* m_pBeforeAfter;
     HBViewColors* m_pColors;
     HBSideBySide* m_pSideBySide;
+    QDockWidget* m_pHistogramDock;
+    HBResultHistogram* m_pHistogram;
+    QPointer<HBPanelFrame> m_pFrame; ///< of the open panel
     QLabel* m_pPixelLabel;
     QLabel* m_pProfileLabel;
     QAction* m_pBeside;

@@ -68,9 +68,9 @@ public:
     /// left corner at (0, 0), or any surface; null: nowhere. A surface is the caller's.
     void SetView(QGraphicsView* view);
     void SetSurface(HBPickSurface* surface);
-    /// What is in sight of the picture: as long as the values change, that alone is adjusted at once, as small as it
-    /// is shown, and the whole once a control rests. Without it, or where an adjustment must see the whole, each
-    /// preview is of the whole. KMDocumentView tells it by a signal.
+    /// What is in sight of the picture: as long as the values change, that alone is adjusted at once, as small as
+    /// it is shown, and the whole once a control rests. Without it, or where an adjustment must see the whole,
+    /// each preview is of the whole. KMDocumentView tells it by a signal.
     /// \param area in pixels of the picture; empty: nothing
     /// \param zoom device pixels per pixel of the picture
     void SetSight(const QRect& area, double zoom);

@@ -20,8 +20,8 @@ public:
     /// See HBTilePainter.
     void SetLook(const HBTileMips::Look& look);
 
-    /// Shows `sight` over a part of the image, until another is shown, or EndSight. What of the part lies beyond the
-    /// image is not shown.
+    /// Shows `sight` over a part of the image, until another is shown, or EndSight. What of the part lies beyond
+    /// the image is not shown.
     /// \param area in pixels of the image; each pixel of `sight` is as many of them wide as 2^n, from its upper
     ///        left corner on
     void ShowSight(const HBImage<>& sight, const QRect& area, int level);

@@ -42,9 +42,9 @@ public:
     void SetLook(const Look& look);
     const Look& PresentLook() const { return m_Look; }
 
-    /// Makes what is missing at `level` (1..LastLevel, 0 with a look) of the tiles in `tiles` (columns and rows of the image),
-    /// on all cores; with a look the calling thread only waits. False if the time was up before all were made;
-    /// each call makes a few.
+    /// Makes what is missing at `level` (1..LastLevel, 0 with a look) of the tiles in `tiles` (columns and rows of
+    /// the image), on all cores; with a look the calling thread only waits. False if the time was up before all
+    /// were made; each call makes a few.
     bool Prepare(const QRect& tiles, int level, int milliseconds);
 
     /// The tiles at `level` as one picture of (HBImage<>::TileSide >> level) pixels a tile:
