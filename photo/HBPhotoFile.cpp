@@ -22,6 +22,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -175,7 +176,7 @@ bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOp
         QByteArray bytes;
         if (!Encode(rows, suffix, options, &bytes, reason))
             return false;
-        bytes = HBEmbedMetadata(bytes, metadata, size, told);
+        bytes = HBEmbedMetadata(std::move(bytes), metadata, size, told);
         if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
         if (!HBSaveFile(path, bytes, reason))
