@@ -42,6 +42,7 @@ public:
     QToolButton* showBefore; ///< while it is held down
     QAction* docked;
     QAction* dark;
+    QMenu* ViewMenu() const { return m_pViewMenu; }
     QActionGroup* panels; ///< the data of each is its place in the catalog
 
 private:
