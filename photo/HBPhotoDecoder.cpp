@@ -35,6 +35,14 @@ bool Fail(QString* reason, const QString& text)
     return false;
 }
 
+/// Qt 6 bounds the bytes of a picture by itself; HBStraightRead knows the machine.
+void LiftQtsBound()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QImageReader::setAllocationLimit(0);
+#endif
+}
+
 /// Collects what decoders remark while it lives, as about damaged data. Qt's and libtiff only log it, without the
 /// file's name: that of this thread comes here.
 class Remarks
@@ -46,6 +54,7 @@ public:
         std::call_once(once, [] {
             otherMessages = qInstallMessageHandler(Keep);
             HBLogTiffMessages();
+            LiftQtsBound();
         });
         kept = &m_Kept;
     }
@@ -67,7 +76,8 @@ public:
 private:
     static void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
-        if (!kept || type != QtWarningMsg)
+        const bool remark = type == QtWarningMsg || type == QtInfoMsg; // Qt 6's PNG decoder only informs
+        if (!kept || !remark)
             otherMessages(type, context, text);
         else if (!kept->contains(text))
             kept->append(text);

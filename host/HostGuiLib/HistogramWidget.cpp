@@ -78,7 +78,7 @@ void Fill(QPainter& painter, const QPolygonF& line, const Frame& frame)
 
 void MarkCut(QPainter& painter, int level, const Frame& frame)
 {
-    const double x = qBound(frame.area.left() + 1, frame.X(level), frame.area.right() - 1);
+    const double x = qMax(frame.area.left() + 1, qMin(frame.X(level), frame.area.right() - 1));
     const double top = frame.area.top() - Margin + 0.5;
     const QPointF mark[] = {{x, top}, {x + 3, top + 3}, {x - 3, top + 3}};
     painter.drawPolygon(mark, 3);

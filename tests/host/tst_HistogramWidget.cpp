@@ -96,11 +96,11 @@ private Q_SLOTS:
         shared.Set(Grey(7));
         enum { Shown, Listened, Asked };
         for (const int way : {Shown, Listened, Asked}) {
-            QThreadPool::globalInstance()->waitForDone(); // for the thread of a count that has been delivered
+            HBThreadPool().waitForDone(); // for the thread of a count that has been delivered
             HistogramWidget widget;
             widget.SetImage(&shared);
             QCoreApplication::processEvents();
-            QCOMPARE(QThreadPool::globalInstance()->activeThreadCount(), 0);
+            QCOMPARE(HBThreadPool().activeThreadCount(), 0);
             if (way == Shown) widget.show();
             QSignalSpy complete(&widget, way == Asked ? SIGNAL(destroyed()) : SIGNAL(HistogrammComplete()));
             if (way != Asked) QVERIFY(complete.wait());
