@@ -27,6 +27,22 @@ if(ADJUSTMENT_PANELS_FUZZER)
     target_link_options(adjustment_panels_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(ADJUSTMENT_PANELS_PRECOMPILE)
+    target_compile_options(adjustment_panels_settings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>) # ccache's wish
+endif()
+
+# adjustment_panels_precompile(<target> [WIDGETS])
+#
+# Qt's headers, and with WIDGETS those of its widgets, for a target of so many files that it pays.
+function(adjustment_panels_precompile target)
+    if(ADJUSTMENT_PANELS_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <QtGui>)
+        if(ARGV1 STREQUAL "WIDGETS")
+            target_precompile_headers(${target} PRIVATE <QtWidgets>)
+        endif()
+    endif()
+endfunction()
+
 # What is incompatible has another soname, by the package's rule (SameMinorVersion): every 0.x until 1.0.
 if(PROJECT_VERSION_MAJOR EQUAL 0)
     set(ADJUSTMENT_PANELS_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
@@ -176,5 +192,6 @@ endfunction()
 # multiplication is fused with an addition.
 function(adjustment_panels_kernels)
     set_source_files_properties(${ARGN} PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON # it is compiled for one level of optimisation
         COMPILE_OPTIONS "$<$<CONFIG:Debug>:-O2>;$<$<NOT:$<CONFIG:Debug>>:-O3>;-ffp-contract=off")
 endfunction()

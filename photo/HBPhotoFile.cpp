@@ -20,6 +20,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -167,7 +168,7 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         QByteArray bytes;
         if (!Encode(rows, suffix, options, &bytes, reason))
             return false;
-        bytes = HBEmbedMetadata(bytes, metadata, size, told);
+        bytes = HBEmbedMetadata(std::move(bytes), metadata, size, told);
         if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
         if (!HBSaveFile(path, bytes, reason))

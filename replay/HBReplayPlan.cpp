@@ -203,11 +203,13 @@ bool HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& ta
 
 bool HBPrepareFolders(const HBReplayTarget& target, bool dryRun, QVector<HBReplayTask>* tasks, QString* problem)
 {
+    if (HBIsInterrupted())
+        return true;
     if (!Prepare(target.folder, dryRun, problem))
         return false;
     QHash<QString, QString> problems; // of folders
     for (HBReplayTask& task : *tasks) {
-        if (task.kind != HBReplayTask::Do)
+        if (task.kind != HBReplayTask::Do || HBIsInterrupted())
             continue;
         const QString folder = QFileInfo(task.output).path();
         auto known = problems.constFind(folder);
