@@ -29,7 +29,7 @@ public:
     QAction* undo;
     QAction* redo;
     QMenu* history;
-    QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
+    QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
     QAction* selectAll;
     QAction* selectNothing;
     QAction* invertSelection;

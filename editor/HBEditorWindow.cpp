@@ -119,7 +119,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.redo, &QAction::triggered, &m_Document, &HBDocument::Redo);
     connect(a.history, &QMenu::aboutToShow, this, &HBEditorWindow::ShowHistory);
     connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
-        m_pSelection->SetTool(HBSelectionShape::Kind(action->data().toInt()));
+        m_pSelection->SetTool(HBSelectionTool::Tool(action->data().toInt()));
     });
     connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
     connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
@@ -219,7 +219,7 @@ void HBEditorWindow::HandOverSource()
     if (!m_pSession)
         return;
     try {
-        const HBSelection selection = m_pSelection->Selection();
+        const HBSelection selection = m_pSelection->Selection(m_Document.Original());
         m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));

@@ -10,6 +10,7 @@
 #include "HBTiffFile.h"
 
 #include <HBColorTransform.h>
+#include <HBQtImage.h>
 #include <KMImageFileManager.h>
 
 #include <QBuffer>
@@ -19,7 +20,6 @@
 #include <QImageReader>
 
 #include <mutex>
-#include <new>
 #include <unistd.h>
 
 namespace
@@ -108,9 +108,7 @@ void PutRows(const QImage& image, HBUprightTiles* tiles)
         QImage piece(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());
         if (image.colorCount() > 0)
             piece.setColorTable(image.colorTable());
-        const QImage rows = piece.convertToFormat(QImage::Format_ARGB32);
-        if (rows.isNull())
-            throw std::bad_alloc();
+        const QImage rows = HBConverted(piece, QImage::Format_ARGB32);
         tiles->Put(first, count, reinterpret_cast<const QRgb*>(rows.constBits()), rows.bytesPerLine() / 4);
     }
 }
@@ -169,6 +167,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
 {
     if (!HBIsWholeFile(file))
         return Fail(reason, Text::tr("the file is cut short"));
+    HBCheckMemory();
     Remarks remarks; // also about the head, which is read more than once
     QByteArray same = file;
     QBuffer buffer(&same);
@@ -232,6 +231,7 @@ QSize HBSizeInHead(const QString& path)
         const QSize size(int(numbers.At(16, 4)), int(numbers.At(20, 4)));
         return size.isEmpty() ? QSize() : size;
     }
+    HBCheckMemory();
     const Remarks untold; // HBDecodePhoto() tells them
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);

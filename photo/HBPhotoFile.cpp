@@ -11,6 +11,7 @@
 #include "HBTiffFile.h"
 
 #include <HBColorTransform.h>
+#include <HBQtImage.h>
 #include <HBSaveFile.h>
 #include <KMImageFileManager.h>
 
@@ -41,7 +42,7 @@ bool Fail(QString* reason, const QString& text)
 /// Runs a step that reports its failure, or throws it.
 template <class Step>
 bool RunNamed(const QString& path, QString* error, Step step)
-{
+try {
     QString reason;
     try {
         if (step(&reason))
@@ -52,6 +53,9 @@ bool RunNamed(const QString& path, QString* error, Step step)
         reason = QString::fromLocal8Bit(problem.what());
     }
     *error = path + ": " + reason;
+    return false;
+} catch (const std::bad_alloc&) {
+    *error = QStringLiteral("there is not enough memory"); // takes none, not even for the name
     return false;
 }
 
@@ -101,11 +105,13 @@ bool Encode(HBPictureRows& rows, const QString& suffix, const HBPhotoOptions& op
         return HBWritePng(rows, bytes, reason);
     if (suffix == "tif" || suffix == "tiff")
         return HBWriteTiff(rows, bytes, reason);
+    const QImage whole = rows.Whole();
+    HBCheckMemory();
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
     if (suffix == "webp")
         writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
-    return writer.write(rows.Whole()) || Fail(reason, writer.errorString());
+    return writer.write(whole) || Fail(reason, writer.errorString());
 }
 
 /// What the file shall hold besides the pixels; makes these grey where the profile is one for grey.
@@ -142,11 +148,13 @@ bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error, const std:
 }
 
 QSize HBPhotoSize(const QString& path)
-{
+try {
     const QFileInfo info(path);
     if (!info.isFile() || info.size() == 0)
         return {};
     return HBSizeInHead(path);
+} catch (const std::bad_alloc&) {
+    return {}; // whoever reads it will be told why
 }
 
 bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOptions& options, QString* error,

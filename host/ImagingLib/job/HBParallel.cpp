@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
+#include "HBQtImage.h"
+
 #include <QCoreApplication>
 #include <QRunnable>
 #include <QThreadPool>
@@ -11,6 +13,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 
@@ -139,14 +142,10 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     const auto shared = std::make_shared<Lanes>();
     shared->lane = &lane;
     shared->Begin();
-    try {
-        QThreadPool& pool = HBThreadPool();
-        bool started = true;
-        for (int helper = 1; helper < lanes && started; ++helper)
-            started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
-    } catch (const std::bad_alloc&) {
-        // Fewer lanes do the same work.
-    }
+    QThreadPool& pool = HBThreadPool();
+    bool started = true; // fewer lanes do the same work
+    for (int helper = 1; helper < lanes && started; ++helper)
+        started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
     shared->Run();
     shared->WaitForEnd();
     if (shared->first)
@@ -167,13 +166,16 @@ bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
     // take it.
     static std::mutex mutex;
     const std::lock_guard<std::mutex> lock(mutex);
-    if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
-        try {
+    try {
+        if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
+            HBCheckMemory();                                    // Qt ends the process if its thread gets none
             std::thread([] {}).join();
-        } catch (const std::system_error&) {
-            return false;
         }
+        start();
+    } catch (const std::system_error&) {
+        return false;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
-    start();
     return true;
 }
