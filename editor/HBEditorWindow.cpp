@@ -72,8 +72,8 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
+    layout->addWidget(m_pMessages);
     layout->addWidget(m_pAids->SideBySide(), 1);
-    m_pMessages->LieOver(central);
     setCentralWidget(central);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
@@ -186,7 +186,6 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
