@@ -3,7 +3,7 @@
 #include "HBEditorActions.h"
 
 #include "HBEditorIcons.h"
-#include "HBSelectionShape.h"
+#include "HBSelectionTool.h"
 
 #include <HBPanelCatalog.h>
 
@@ -104,7 +104,7 @@ void HBEditorActions::AddEdit()
 
 void HBEditorActions::AddSelect()
 {
-    using Kind = HBSelectionShape::Kind;
+    using Kind = HBSelectionTool::Tool;
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Select"));
     tools = new QActionGroup(this);
     auto tool = [&](const QString& text, const QString& key, const QString& hint, HBEditorIcon icon, Kind kind) {

@@ -29,7 +29,7 @@ public:
     QAction* undo;
     QAction* redo;
     QMenu* history;
-    QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
+    QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
     QAction* selectAll;
     QAction* selectNothing;
     QAction* invertSelection;
@@ -42,6 +42,7 @@ public:
     QToolButton* showBefore; ///< while it is held down
     QAction* docked;
     QAction* dark;
+    QMenu* ViewMenu() const { return m_pViewMenu; }
     QActionGroup* panels; ///< the data of each is its place in the catalog
 
 private:

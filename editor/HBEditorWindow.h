@@ -14,6 +14,7 @@ class HBEditorActions;
 class HBMessageBar;
 class HBPanelPlacement;
 class HBSelectionTool;
+class HBViewAids;
 class KMDocumentView;
 class QLabel;
 
@@ -41,6 +42,7 @@ public:
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
+    HBViewAids* ViewAids() const { return m_pAids; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -70,7 +72,6 @@ private:
 
     void ShowDocument();
     void ShowHistory();
-    void ShowPixel(const QPoint& pixel);
     void ShowZoom(double zoom);
     void HandOverSource();
 
@@ -82,8 +83,8 @@ private:
     HBSelectionTool* m_pSelection;
     HBBeforeAfter* m_pBeforeAfter;
     HBEditorActions* m_pActions;
+    HBViewAids* m_pAids = nullptr;
     HBPanelPlacement* m_pPlacement;
-    QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;  ///< what Save As offers

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBPhotoFile.h"
 
+#include "HBConvertToSrgb.h"
 #include "HBPhotoDecoder.h"
 #include "HBPhotoMetadata.h"
 #include "HBPictureRows.h"
@@ -9,6 +10,7 @@
 #include "HBStraightRead.h"
 #include "HBTiffFile.h"
 
+#include <HBColorTransform.h>
 #include <HBQtImage.h>
 #include <HBSaveFile.h>
 #include <KMImageFileManager.h>
@@ -119,12 +121,13 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, HBPictureRows* rows, QString
     for (const KMEXIFElement* element : image.Elements())
         metadata.elements.append(*element);
     metadata.profile = image.Profile();
-    if (metadata.profile.Icc().mid(16, 4) == "GRAY") {
+    if (HBProfileModel(metadata.profile.Icc()) == "GRAY") {
         if (rows->IsGrey()) {
             rows->MakeGrey();
         } else {
-            metadata.profile = KMCMSProfile();
-            warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
+            metadata.profile = KMCMSProfile(HBRgbProfileOfGrey(metadata.profile.Icc()));
+            if (metadata.profile.IsEmpty())
+                warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
         }
     }
     return metadata;
@@ -154,7 +157,7 @@ try {
     return {}; // whoever reads it will be told why
 }
 
-bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
+bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOptions& options, QString* error,
                   QStringList* warnings, HBPhotoEncoding* written)
 {
     QStringList unheard;
@@ -163,8 +166,13 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         const QString suffix = QFileInfo(path).suffix().toLower();
         if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
             return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
-        if (image.IsEmpty())
+        if (picture.IsEmpty())
             return Fail(reason, Text::tr("there is no picture to write"));
+        QString unconverted;
+        const HBImage<> image =
+            options.convertToSrgb ? HBConvertToSrgb(picture, picture.Profile(), &unconverted) : picture;
+        if (!unconverted.isEmpty())
+            told->append(unconverted);
         const QSize size(image.Width(), image.Height());
         if (qMax(size.width(), size.height()) > LongestSide(suffix)) {
             return Fail(

@@ -26,6 +26,9 @@ struct HBStage
     std::shared_ptr<const HBImage<>> base;
     /// Works on the whole picture, whatever is selected, and reports no progress.
     bool ignoresSelection = false;
+    /// Each pixel's result depends on its own bytes alone, wherever it stands: a part of the picture can be made
+    /// without the rest.
+    bool isPixelByPixel = false;
     /// How many ranges of progress a listener is told: one for each pass that this stage stands for.
     int ranges = 1;
 
@@ -42,6 +45,7 @@ HBStage HBStageOf(const Transformation& transformation)
     stage.prepare = [operation = HBOperationOf(transformation)](const HBImage<>&, const HBJobControl*) {
         return operation;
     };
+    stage.isPixelByPixel = true; // a transformation is not told where its pixels are
     return stage;
 }
 
@@ -68,9 +72,9 @@ struct HBStageSpan
     bool IsEmpty() const { return last < first; }
 };
 
-/// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that
-/// need not look at the whole picture between them run tile by tile in one pass, unless there is a selection: then
-/// each is blended by it in turn. Any thread; throws nothing but what the control throws.
+/// Runs the stages over the target, on the calling thread and those of the pool (HBThreadPool). Consecutive stages
+/// that need not look at the whole picture between them run tile by tile in one pass, unless there is a selection:
+/// then each is blended by it in turn. Any thread; throws nothing but what the control throws.
 /// \param stages makes them; may throw what HBStage::prepare may
 /// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
 ///        null

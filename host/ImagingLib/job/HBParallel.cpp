@@ -4,6 +4,7 @@
 
 #include "HBQtImage.h"
 
+#include <QCoreApplication>
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -63,6 +64,22 @@ struct Lanes
 
 std::atomic<QThreadPool*> ownPool{nullptr};
 
+/// Where the program has set none.
+QThreadPool& DefaultPool()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return *QThreadPool::globalInstance();
+#else
+    // Qt 6 itself draws and converts on the global pool, and has the window wait: not behind our jobs. As that
+    // one, it is waited for when the application ends. Never deleted: what it would use may be gone by then.
+    static QThreadPool* const pool = [] {
+        qAddPostRoutine([] { DefaultPool().waitForDone(); });
+        return new QThreadPool;
+    }();
+    return *pool;
+#endif
+}
+
 class Helper : public QRunnable
 {
 public:
@@ -107,7 +124,7 @@ private:
 QThreadPool& HBThreadPool()
 {
     QThreadPool* pool = ownPool;
-    return pool ? *pool : *QThreadPool::globalInstance();
+    return pool ? *pool : DefaultPool();
 }
 
 void HBSetThreadPool(QThreadPool* pool)

@@ -8,9 +8,9 @@
 
 class QThreadPool;
 
-/// The pool that all jobs and lanes run in: the global one, or what the program has set. Below, "the pool".
+/// "The pool" of all jobs and lanes: the program's, or the default one: Qt 5's global pool, with Qt 6 one of ours.
 IMAGINGLIB_EXPORT QThreadPool& HBThreadPool();
-/// For a program that fills the global pool with tasks of its own. Null: the global pool. Not owned; it must
+/// For a program that fills the global pool with tasks of its own. Null: the default pool. Not owned; it must
 /// outlive all work, and is set while none is done.
 IMAGINGLIB_EXPORT void HBSetThreadPool(QThreadPool* pool);
 
