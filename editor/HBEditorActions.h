@@ -23,12 +23,15 @@ public:
     QAction* open;
     QAction* save;
     QAction* saveAs;
+    QAction* exportCopy;
     QAction* saveRecipe;
     QAction* applyRecipe;
     QAction* quit;
     QAction* undo;
     QAction* redo;
     QMenu* history;
+    QAction* repeatLast;
+    QAction* findPanel;
     QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
     QAction* selectAll;
     QAction* selectNothing;
@@ -40,12 +43,15 @@ public:
     QAction* zoomActual;
     QAction* split;
     QToolButton* showBefore; ///< while it is held down
+    QAction* fullScreen;
     QAction* docked;
     QAction* dark;
     QActionGroup* panels; ///< the data of each is its place in the catalog
+    QAction* shortcuts;
 
 private:
     QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint);
+    static void Describe(QAction* action);
     void AddFile();
     void AddEdit();
     void AddSelect();

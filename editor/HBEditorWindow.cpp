@@ -7,9 +7,12 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
+#include "HBPanelFinder.h"
 #include "HBPanelPlacement.h"
+#include "HBPhotoFrame.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
+#include "HBShortcutSheet.h"
 
 #include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
@@ -23,6 +26,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -33,7 +37,6 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include <new>
 
@@ -43,6 +46,7 @@ namespace
 constexpr char GeometryKey[] = "window/geometry";
 constexpr char DockedKey[] = "view/docked";
 constexpr char DarkKey[] = "view/dark";
+constexpr char DockWidthKey[] = "view/dockWidth";
 constexpr char QualityKey[] = "files/quality";
 
 /// Does this widget take letters?
@@ -57,6 +61,7 @@ bool IsTyping(const QWidget* widget)
 HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     : QMainWindow(parent)
     , m_Remember(remember)
+    , m_Folders(remember)
     , m_pView(new KMDocumentView(this))
     , m_pMessages(new HBMessageBar(this))
     , m_pSelection(new HBSelectionTool(m_pView, this))
@@ -64,13 +69,11 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     , m_pActions(new HBEditorActions(this))
     , m_pPlacement(new HBPanelPlacement(this))
 {
-    auto* central = new QWidget(this);
-    auto* layout = new QVBoxLayout(central);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_pMessages);
-    layout->addWidget(m_pView, 1);
-    setCentralWidget(central);
+    auto* photo = new HBPhotoFrame(m_pView, this);
+    setCentralWidget(photo);
+    m_pMessages->SetArea(photo);
+    m_pView->SetWheelZooms(true);
+    m_pView->SetHandDrags(true);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
 
@@ -107,14 +110,22 @@ void HBEditorWindow::ConnectActions()
     connect(a.open, &QAction::triggered, this, &HBEditorWindow::ChooseFile);
     connect(a.save, &QAction::triggered, this, &HBEditorWindow::Save);
     connect(a.saveAs, &QAction::triggered, this, &HBEditorWindow::SaveAs);
+    connect(a.exportCopy, &QAction::triggered, this, &HBEditorWindow::Export);
     connect(a.saveRecipe, &QAction::triggered, this, &HBEditorWindow::SaveRecipe);
     connect(a.applyRecipe, &QAction::triggered, this, &HBEditorWindow::ChooseRecipe);
     connect(a.quit, &QAction::triggered, this, &QWidget::close);
     connect(a.undo, &QAction::triggered, &m_Document, &HBDocument::Undo);
     connect(a.redo, &QAction::triggered, &m_Document, &HBDocument::Redo);
     connect(a.history, &QMenu::aboutToShow, this, &HBEditorWindow::ShowHistory);
+    connect(a.repeatLast, &QAction::triggered, this, &HBEditorWindow::RepeatLast);
+    connect(a.findPanel, &QAction::triggered, this, &HBEditorWindow::FindPanel);
+    connect(a.fullScreen, &QAction::triggered, this,
+            [this](bool full) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, full)); });
+    connect(a.shortcuts, &QAction::triggered, this, [this] { HBShortcutSheet(menuBar(), this).exec(); });
     connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
-        m_pSelection->SetTool(HBSelectionShape::Kind(action->data().toInt()));
+        const auto kind = HBSelectionShape::Kind(action->data().toInt());
+        m_pSelection->SetTool(kind);
+        m_pView->SetHandDrags(kind == HBSelectionShape::Kind::None);
     });
     connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
     connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
@@ -161,6 +172,7 @@ void HBEditorWindow::ReadSettings()
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
+    m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
     restoreGeometry(settings.value(GeometryKey).toByteArray());
 }
 
@@ -172,6 +184,7 @@ void HBEditorWindow::WriteSettings() const
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
     settings.setValue(QualityKey, m_Quality);
+    settings.setValue(DockWidthKey, m_pPlacement->Width());
     settings.setValue(GeometryKey, saveGeometry());
 }
 
@@ -181,6 +194,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
+    m_pMessages->hide(); // it was about another step
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
@@ -221,8 +235,27 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
 {
     HBPanelSession* session = m_pSession;
     const HBDocument::State state{session->Entry().Title(), image, {session->Step()}, !session->HasSelection()};
+    m_LastStep = session->Step();
     DropPanel();
     m_Document.Apply(state);
+}
+
+/// By a panel that is opened and confirmed, so that it is a step like any other.
+void HBEditorWindow::RepeatLast()
+{
+    const HBPanelEntry* entry = HBFindPanel(m_LastStep.panel);
+    const HBRecipeStep step = m_LastStep;
+    if (!entry || !OpenPanel(*entry))
+        return;
+    m_pSession->SetStep(step);
+    m_pSession->Accept();
+}
+
+void HBEditorWindow::FindPanel()
+{
+    HBPanelFinder finder(this);
+    if (finder.exec() == QDialog::Accepted && finder.Chosen())
+        OpenPanel(*finder.Chosen());
 }
 
 /// Not at once: this may be one of the panel's own signals.
@@ -318,10 +351,12 @@ void HBEditorWindow::ShowDocument()
     a.undo->setEnabled(m_Document.CanUndo() && !panel);
     a.redo->setEnabled(m_Document.CanRedo() && !panel);
     a.history->setEnabled(open && !panel);
-    for (QAction* action : {a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing, a.invertSelection,
-                            a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
+    for (QAction* action : {a.saveAs, a.exportCopy, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing,
+                            a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
         action->setEnabled(open);
     a.save->setEnabled(m_Document.IsModified() || panel);
+    a.repeatLast->setEnabled(open && !m_LastStep.panel.isEmpty());
+    a.findPanel->setEnabled(open);
     a.panels->setEnabled(open);
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);

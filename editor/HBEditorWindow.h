@@ -3,6 +3,7 @@
 #pragma once
 
 #include "HBDocument.h"
+#include "HBFolders.h"
 
 #include <HBPanelSession.h>
 
@@ -65,8 +66,12 @@ private:
     bool Save();
     bool SaveAs();
     bool SaveOver();
+    bool Export();
     void SaveRecipe();
     void ChooseRecipe();
+
+    void RepeatLast();
+    void FindPanel();
 
     void ShowDocument();
     void ShowHistory();
@@ -75,8 +80,10 @@ private:
     void HandOverSource();
 
     const bool m_Remember;
+    HBFolders m_Folders;
     HBDocument m_Document;
     QPointer<HBPanelSession> m_pSession;
+    HBRecipeStep m_LastStep; ///< what Repeat Last applies; of no panel at first
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;
     HBSelectionTool* m_pSelection;

@@ -87,7 +87,7 @@ void HBPanelPlacement::Show(QWidget* panel, const QString& title, bool docked)
         m_pDock->setWidget(Column(panel));
         MakeOkDefault(panel);
         m_pDock->show();
-        m_pWindow->resizeDocks({m_pDock}, {qMax(320, m_pDock->sizeHint().width())}, Qt::Horizontal);
+        m_pWindow->resizeDocks({m_pDock}, {qMax(m_Width, m_pDock->minimumSizeHint().width())}, Qt::Horizontal);
     } else {
         m_pDialog = new QDialog(m_pWindow);
         m_pDialog->setWindowTitle(title);
@@ -117,6 +117,8 @@ void HBPanelPlacement::Close()
         m_pDialog->deleteLater();
         m_pDialog = nullptr;
     }
+    if (m_pDock->isVisible() && !m_pDock->isFloating())
+        m_Width = m_pDock->width(); // else the photo would change its scale with every panel
     m_pDock->hide();
     if (QWidget* column = m_pDock->widget()) {
         m_pDock->setWidget(nullptr);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBEditorActions.h"
+#include "HBEditorStyle.h"
 #include "HBEditorWindow.h"
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
@@ -118,6 +119,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
+    QApplication::setStyle(new HBEditorStyle);
     HBInstallTranslations();
     QApplication::setWindowIcon(Icon());
     Options options;
