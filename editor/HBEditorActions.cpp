@@ -99,6 +99,11 @@ void HBEditorActions::AddFile()
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&File"));
     open = Add(menu, tr("&Open…"), QKeySequence::Open, tr("Open a photo"));
     open->setIcon(HBMakeIcon(HBEditorIcon::Open));
+    recent = menu->addMenu(tr("Open &Recent"));
+    nextPhoto =
+        Add(menu, tr("&Next Photo"), QKeySequence("Alt+Right"), tr("Open the next photo of the film strip"));
+    previousPhoto =
+        Add(menu, tr("Pre&vious Photo"), QKeySequence("Alt+Left"), tr("Open the photo before this one"));
     menu->addSeparator();
     save = Add(menu, tr("&Save"), QKeySequence::Save, tr("Write the photo to its file"));
     save->setIcon(HBMakeIcon(HBEditorIcon::Save));
@@ -109,6 +114,9 @@ void HBEditorActions::AddFile()
     saveRecipe =
         Add(menu, tr("Save &Recipe…"), {}, tr("Store the steps done so far, to apply them to other photos"));
     applyRecipe = Add(menu, tr("A&pply Recipe…"), {}, tr("Apply stored steps to the whole photo"));
+    recipes = menu->addMenu(tr("Re&cipes"));
+    applyToMarked = Add(menu, tr("Apply to &Marked Photos…"), QKeySequence("Ctrl+Shift+P"),
+                        tr("Apply the steps done so far to the photos that are marked in the film strip"));
     menu->addSeparator();
     quit = Add(menu, tr("&Quit"), QKeySequence("Ctrl+Q"), tr("Leave the editor"));
     quit->setMenuRole(QAction::QuitRole);
@@ -127,6 +135,10 @@ void HBEditorActions::AddEdit()
     redo->setShortcutContext(Qt::WindowShortcut);
     history = menu->addMenu(tr("&History"));
     menu->addSeparator();
+    copySteps = Add(menu, tr("&Copy Steps"), QKeySequence("Ctrl+Shift+C"),
+                    tr("Remember the steps of this photo for another one"));
+    pasteSteps = Add(menu, tr("&Paste Steps"), QKeySequence("Ctrl+Shift+V"),
+                     tr("Apply the steps that were copied from another photo"));
     repeatLast = Add(menu, tr("Repeat &Last"), QKeySequence("Ctrl+F"),
                      tr("Apply the last adjustment once more, with the same values"));
     findPanel = Add(menu, tr("&Find Panel…"), QKeySequence("Ctrl+K"), tr("Open a panel by typing its name"));
@@ -146,7 +158,7 @@ void HBEditorActions::AddSelect()
         tools->addAction(action);
         return action;
     };
-    tool(tr("&No Tool"), "V", tr("The mouse selects nothing"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
+    tool(tr("&No Tool"), "V", tr("Drag to move the photo"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
     tool(tr("&Rectangle"), "R", tr("Drag a rectangle; hold Shift for a square"), HBEditorIcon::Rectangle,
          Kind::Rectangle);
     tool(tr("&Ellipse"), "E", tr("Drag an ellipse; hold Shift for a circle"), HBEditorIcon::Ellipse,
@@ -209,6 +221,8 @@ void HBEditorActions::AddView()
     split->setIcon(HBMakeIcon(HBEditorIcon::Split));
     split->setCheckable(true);
     menu->addSeparator();
+    filmStrip = Add(menu, tr("Film &Strip"), QKeySequence("F6"), tr("Show the photos of the folder in a row"));
+    filmStrip->setCheckable(true);
     fullScreen = Add(menu, tr("F&ull Screen"), QKeySequence("F11"), tr("Give the whole screen to this window"));
     fullScreen->setCheckable(true);
     docked = Add(menu, tr("Show &Panels in the Side Bar"), {}, tr("Or else each in a window of its own"));

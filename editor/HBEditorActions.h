@@ -21,15 +21,22 @@ public:
     explicit HBEditorActions(QMainWindow* window);
 
     QAction* open;
+    QMenu* recent;
+    QAction* nextPhoto;
+    QAction* previousPhoto;
     QAction* save;
     QAction* saveAs;
     QAction* exportCopy;
     QAction* saveRecipe;
     QAction* applyRecipe;
+    QMenu* recipes;
+    QAction* applyToMarked;
     QAction* quit;
     QAction* undo;
     QAction* redo;
     QMenu* history;
+    QAction* copySteps;
+    QAction* pasteSteps;
     QAction* repeatLast;
     QAction* findPanel;
     QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
@@ -43,6 +50,7 @@ public:
     QAction* zoomActual;
     QAction* split;
     QToolButton* showBefore; ///< while it is held down
+    QAction* filmStrip;
     QAction* fullScreen;
     QAction* docked;
     QAction* dark;

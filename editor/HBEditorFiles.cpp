@@ -7,6 +7,7 @@
 #include "HBEditorActions.h"
 #include "HBEditorWindow.h"
 #include "HBExportDialog.h"
+#include "HBFilmStrip.h"
 #include "HBMessageBar.h"
 #include "HBSelectionTool.h"
 
@@ -97,7 +98,10 @@ bool HBEditorWindow::Open(const QString& path)
     if (!photo.warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join("; "));
     m_pSelection->SelectNothing();
-    m_Document.SetPhoto(QFileInfo(path).absoluteFilePath(), photo);
+    const QString full = QFileInfo(path).absoluteFilePath();
+    m_pStrip->SetOpen(full);
+    m_Recent.Add(full);
+    m_Document.SetPhoto(full, photo);
     return true;
 }
 
@@ -178,6 +182,9 @@ bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
         m_pMessages->ShowError(error);
         return false;
     }
+    m_pStrip->SetOpen(path);
+    m_pStrip->Refresh(path);
+    m_Recent.Add(path);
     m_Document.SetSaved(path, encoding);
     m_pMessages->hide();
     if (!warnings.isEmpty())
@@ -272,25 +279,30 @@ void HBEditorWindow::ChooseRecipe()
 
 bool HBEditorWindow::ApplyRecipe(const QString& path)
 {
-    if (!m_Document.IsOpen() || !MayLeavePanel())
-        return false;
     HBRecipe recipe;
     QString error;
-    if (!HBRecipe::Load(path, &recipe, &error)) {
-        m_pMessages->ShowError(error);
+    if (HBRecipe::Load(path, &recipe, &error))
+        return ApplyRecipe(QFileInfo(path).completeBaseName(), recipe);
+    m_pMessages->ShowError(error);
+    return false;
+}
+
+bool HBEditorWindow::ApplyRecipe(const QString& title, const HBRecipe& recipe)
+{
+    if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    }
+    QString error;
     HBImage<> image;
     const HBTarget target{m_Document.Image()};
-    const bool done = HBBusyDialog::RunCancellable(
-        tr("Applying %1").arg(QFileInfo(path).fileName()), this,
-        [&](HBJobControl* control) { image = HBApplyRecipe(target, recipe, &error, control); });
+    const bool done = HBBusyDialog::RunCancellable(tr("Applying %1").arg(title), this, [&](HBJobControl* control) {
+        image = HBApplyRecipe(target, recipe, &error, control);
+    });
     if (!done)
         return false;
     if (image.IsEmpty()) {
-        m_pMessages->ShowError(path + ": " + error);
+        m_pMessages->ShowError(title + ": " + error);
         return false;
     }
-    m_Document.Apply({QFileInfo(path).completeBaseName(), image, recipe.steps, true});
+    m_Document.Apply({title, image, recipe.steps, true});
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QWidget>
 
 #include <algorithm>
 
@@ -16,6 +17,13 @@ bool IsDark(const QPalette& palette)
 }
 
 } // namespace
+
+int HBEditorStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    if (metric == PM_SmallIconSize && widget && widget->property(LargeIcons).toBool())
+        return LargeIconSide;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
 
 int HBEditorStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* data) const

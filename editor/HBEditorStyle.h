@@ -13,9 +13,14 @@ class HBEditorStyle : public QProxyStyle
 {
     Q_OBJECT
 public:
+    /// A menu with this property, true, shows pictures in front of its entries instead of small icons.
+    static constexpr char LargeIcons[] = "largeIcons";
+    static constexpr int LargeIconSide = 56;
+
     /// \param base null: the desktop's
     explicit HBEditorStyle(QStyle* base = nullptr) : QProxyStyle(base) {}
 
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -6,10 +6,13 @@
 #include "HBBeforeAfter.h"
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
+#include "HBFilmStrip.h"
 #include "HBMessageBar.h"
+#include "HBOverlayBox.h"
 #include "HBPanelFinder.h"
 #include "HBPanelPlacement.h"
 #include "HBPhotoFrame.h"
+#include "HBPresetStrip.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
 #include "HBShortcutSheet.h"
@@ -33,10 +36,12 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <new>
 
@@ -45,6 +50,7 @@ namespace
 
 constexpr char GeometryKey[] = "window/geometry";
 constexpr char DockedKey[] = "view/docked";
+constexpr char StripKey[] = "view/filmStrip";
 constexpr char DarkKey[] = "view/dark";
 constexpr char DockWidthKey[] = "view/dockWidth";
 constexpr char QualityKey[] = "files/quality";
@@ -68,6 +74,8 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     , m_pBeforeAfter(new HBBeforeAfter(m_pView, this))
     , m_pActions(new HBEditorActions(this))
     , m_pPlacement(new HBPanelPlacement(this))
+    , m_pStrip(new HBFilmStrip(this))
+    , m_Recent(remember, m_pActions->recent)
 {
     auto* photo = new HBPhotoFrame(m_pView, this);
     setCentralWidget(photo);
@@ -79,6 +87,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
 
     BuildStatusBar();
     ConnectActions();
+    ConnectPhotos();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
     connect(m_pView, &KMDocumentView::PixelHovered, this, &HBEditorWindow::ShowPixel);
@@ -141,7 +150,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
         if (m_pSession && m_pSession->Widget())
-            m_pPlacement->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+            m_pPlacement->Show(m_pPanelBox, m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -171,6 +180,7 @@ void HBEditorWindow::ReadSettings()
     const QSettings settings;
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
+    m_pActions->filmStrip->setChecked(settings.value(StripKey, false).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
     m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
     restoreGeometry(settings.value(GeometryKey).toByteArray());
@@ -183,6 +193,7 @@ void HBEditorWindow::WriteSettings() const
     QSettings settings;
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
+    settings.setValue(StripKey, m_pActions->filmStrip->isChecked());
     settings.setValue(QualityKey, m_Quality);
     settings.setValue(DockWidthKey, m_pPlacement->Width());
     settings.setValue(GeometryKey, saveGeometry());
@@ -212,10 +223,37 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
         else
             m_pMessages->ShowError(reason);
     });
-    m_pPlacement->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
+    if (HBOverlayBox::IsFor(entry)) {
+        HBOverlayBox::SetFirstSize(m_pSession);
+        new HBOverlayBox(m_pSession, m_pView);
+    }
+    MakePanelBox();
+    m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
     HandOverSource();
     return true;
+}
+
+HBPresetStrip* HBEditorWindow::Presets() const
+{
+    return m_pPresets;
+}
+
+void HBEditorWindow::MakePanelBox()
+{
+    if (!m_Remember && !m_pNotRemembered)
+        m_pNotRemembered = std::make_unique<QTemporaryDir>();
+    const QString folder = m_Remember
+                               ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/presets"
+                               : m_pNotRemembered->path();
+    m_pPanelBox = new QWidget;
+    m_pPresets = new HBPresetStrip(folder, m_pSession, &m_Folders);
+    auto* layout = new QVBoxLayout(m_pPanelBox);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_pPresets);
+    layout->addWidget(m_pSession->Widget());
+    connect(m_pPresets, &HBPresetStrip::Failed, m_pMessages, &HBMessageBar::ShowError);
 }
 
 /// To a panel that is open; the selection may be another than before.
@@ -226,6 +264,7 @@ void HBEditorWindow::HandOverSource()
     try {
         const HBSelection selection = m_pSelection->Selection();
         m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
+        m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
     }
@@ -236,6 +275,9 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
     HBPanelSession* session = m_pSession;
     const HBDocument::State state{session->Entry().Title(), image, {session->Step()}, !session->HasSelection()};
     m_LastStep = session->Step();
+    QString ignored; // the step counts, not that it is remembered
+    if (m_pPresets)
+        m_pPresets->Presets().SetLast(m_LastStep.values, &ignored);
     DropPanel();
     m_Document.Apply(state);
 }
@@ -351,10 +393,13 @@ void HBEditorWindow::ShowDocument()
     a.undo->setEnabled(m_Document.CanUndo() && !panel);
     a.redo->setEnabled(m_Document.CanRedo() && !panel);
     a.history->setEnabled(open && !panel);
-    for (QAction* action : {a.saveAs, a.exportCopy, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing,
-                            a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
+    for (QAction* action :
+         {a.saveAs, a.exportCopy, a.saveRecipe, a.copySteps, a.pasteSteps, a.applyToMarked, a.applyRecipe,
+          a.selectAll, a.selectNothing, a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
         action->setEnabled(open);
     a.save->setEnabled(m_Document.IsModified() || panel);
+    a.nextPhoto->setEnabled(!m_pStrip->Neighbour(1).isEmpty());
+    a.previousPhoto->setEnabled(!m_pStrip->Neighbour(-1).isEmpty());
     a.repeatLast->setEnabled(open && !m_LastStep.panel.isEmpty());
     a.findPanel->setEnabled(open);
     a.panels->setEnabled(open);
@@ -424,12 +469,18 @@ void HBEditorWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void HBEditorWindow::dropEvent(QDropEvent* event)
 {
-    const QString path = event->mimeData()->urls().value(0).toLocalFile();
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
     event->acceptProposedAction();
     // Later: the program that the file comes from waits for the end of this event.
-    QTimer::singleShot(0, this, [this, path] {
-        if (!path.isEmpty())
-            Open(path);
+    QTimer::singleShot(0, this, [this, paths] {
+        if (paths.value(0).endsWith(".json", Qt::CaseInsensitive))
+            PreviewRecipe(paths.first());
+        else if (!paths.isEmpty())
+            OpenAll(paths);
     });
 }
 

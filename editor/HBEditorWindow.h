@@ -4,14 +4,21 @@
 
 #include "HBDocument.h"
 #include "HBFolders.h"
+#include "HBRecentFiles.h"
 
 #include <HBPanelSession.h>
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTemporaryDir>
+
+#include <memory>
 
 class HBBeforeAfter;
 class HBEditorActions;
+class HBFilmStrip;
+class HBPresetStrip;
+class HBRecipeMenu;
 class HBMessageBar;
 class HBPanelPlacement;
 class HBSelectionTool;
@@ -35,6 +42,9 @@ public:
     /// Opens a panel on the photo, in place of one that is open.
     bool OpenPanel(const HBPanelEntry& entry);
     bool ApplyRecipe(const QString& path);
+    bool ApplyRecipe(const QString& title, const HBRecipe& recipe);
+    /// Several make a film strip of their own, and the first is opened; a single one is opened in its folder.
+    bool OpenAll(const QStringList& paths);
 
     const HBDocument& Document() const { return m_Document; }
     HBPanelSession* Session() const { return m_pSession; }
@@ -42,6 +52,9 @@ public:
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
+    HBFilmStrip* FilmStrip() const { return m_pStrip; }
+    /// Null while no panel is open.
+    HBPresetStrip* Presets() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -69,7 +82,16 @@ private:
     bool Export();
     void SaveRecipe();
     void ChooseRecipe();
+    bool TakeRecipe(HBRecipe* recipe);
+    void KeepRecipe(const HBRecipeMenu* recipes);
+    void PreviewRecipe(const QString& path);
+    void CopySteps();
+    void PasteSteps();
+    void ApplyToMarked();
+    void ConnectPhotos();
+    void OpenNeighbour(int step);
 
+    void MakePanelBox();
     void RepeatLast();
     void FindPanel();
 
@@ -83,13 +105,18 @@ private:
     HBFolders m_Folders;
     HBDocument m_Document;
     QPointer<HBPanelSession> m_pSession;
-    HBRecipeStep m_LastStep; ///< what Repeat Last applies; of no panel at first
+    QPointer<QWidget> m_pPanelBox; ///< the open panel below its presets
+    QPointer<HBPresetStrip> m_pPresets;
+    std::unique_ptr<QTemporaryDir> m_pNotRemembered; ///< where presets go when nothing is remembered
+    HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;
     HBSelectionTool* m_pSelection;
     HBBeforeAfter* m_pBeforeAfter;
     HBEditorActions* m_pActions;
     HBPanelPlacement* m_pPlacement;
+    HBFilmStrip* m_pStrip;
+    HBRecentFiles m_Recent;
     QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;

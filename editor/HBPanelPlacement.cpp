@@ -38,12 +38,14 @@ QWidget* Column(QWidget* panel)
     return area;
 }
 
-/// The first control that the tab key reaches; not the buttons, which are older than the controls.
+/// The first control that the tab key reaches; not the buttons, which are older than the controls, nor presets.
 void FocusFirst(QWidget* panel)
 {
     for (QWidget* widget = panel->nextInFocusChain(); panel->isAncestorOf(widget);
          widget = widget->nextInFocusChain()) {
-        if ((widget->focusPolicy() & Qt::TabFocus) && !qobject_cast<QDialogButtonBox*>(widget->parentWidget())) {
+        const bool passed = qobject_cast<QDialogButtonBox*>(widget->parentWidget()) ||
+                            widget->parentWidget()->inherits("HBPresetStrip");
+        if ((widget->focusPolicy() & Qt::TabFocus) && !passed) {
             widget->setFocus(Qt::OtherFocusReason);
             return;
         }

@@ -3,20 +3,22 @@
 #include "HBPhotoFrame.h"
 
 #include <QApplication>
+#include <QGraphicsView>
 #include <QPainter>
 #include <QVBoxLayout>
 
-HBPhotoFrame::HBPhotoFrame(QWidget* view, QWidget* parent) : QWidget(parent), m_pView(view)
+HBPhotoFrame::HBPhotoFrame(QWidget* content, QWidget* parent) : QWidget(parent)
 {
     constexpr int line = 2;
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(line, line, line, line);
-    layout->addWidget(view);
+    layout->addWidget(content);
     connect(qApp, &QApplication::focusChanged, this, [this] { update(); });
 }
 
 void HBPhotoFrame::paintEvent(QPaintEvent*)
 {
-    const bool hasFocus = m_pView->hasFocus();
+    const QWidget* focus = QApplication::focusWidget();
+    const bool hasFocus = focus && isAncestorOf(focus) && qobject_cast<const QGraphicsView*>(focus);
     QPainter(this).fillRect(rect(), palette().color(hasFocus ? QPalette::Highlight : QPalette::Window));
 }

@@ -9,11 +9,9 @@ class HBPhotoFrame : public QWidget
 {
     Q_OBJECT
 public:
-    explicit HBPhotoFrame(QWidget* view, QWidget* parent = nullptr);
+    /// \param content the view, or what it lies in
+    explicit HBPhotoFrame(QWidget* content, QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QWidget* const m_pView;
 };

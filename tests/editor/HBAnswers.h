@@ -67,8 +67,8 @@ private:
 
     void timerEvent(QTimerEvent*) override {
         const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog || dialog == m_pLast || qobject_cast<HBBusyDialog*>(dialog)) return;
-        m_pLast = dialog;
+        if (!dialog || m_Seen.contains(dialog) || qobject_cast<HBBusyDialog*>(dialog)) return;
+        m_Seen.append(dialog); // one may be in front again when its own question has gone
         m_TooMany |= m_Left.isEmpty();
         const Answer answer = m_Left.isEmpty() ? &QDialog::reject : m_Left.takeFirst();
         // Outside this timer, which would not run in dialogs that the answer brings about.
@@ -78,6 +78,6 @@ private:
     }
 
     QVector<Answer> m_Left;
-    QPointer<QDialog> m_pLast;
+    QVector<QPointer<QDialog>> m_Seen;
     bool m_TooMany = false;
 };

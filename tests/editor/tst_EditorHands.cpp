@@ -11,9 +11,12 @@
 #include <HBEditorWindow.h>
 #include <HBExportDialog.h>
 #include <HBMessageBar.h>
+#include <HBOverlayBox.h>
 #include <HBPanelCatalog.h>
 #include <HBPanelFinder.h>
 #include <HBShortcutSheet.h>
+#include <HBSign.h>
+#include <HBWatermark.h>
 #include <KMDocumentView.h>
 #include <MavuCustomSlider.h>
 
@@ -299,6 +302,56 @@ private Q_SLOTS:
         QCOMPARE(slider->Value(0), 60);
     }
 
+    /// By what lies on the photo; the panel's margins and its font follow.
+    void OverlayOnThePhoto() {
+        const QString stamp = m_Folder.filePath("stamp.png");
+        Ramp(200, 100).save(stamp);
+        HBEditorWindow window(false);
+        QVERIFY(Activate(&window));
+        Ramp(1000, 1000).save(m_Folder.filePath("large.png")); // a pixel a unit
+        QVERIFY(window.Open(m_Folder.filePath("large.png")));
+        QVERIFY(window.OpenPanel(*HBFindPanel("HBWatermarkWidget")));
+        auto* box = window.Session()->findChild<HBOverlayBox*>();
+        QVERIFY(box);
+        QTRY_VERIFY2(box->Box().height() > 40, "to be seen at first sight");
+        const auto text = [&] {
+            const std::any record = window.Session()->Entry().get(*window.Session()->Panel());
+            return std::any_cast<HBWatermarkParams>(record);
+        };
+        const QRectF before = box->Box();
+        box->Move(QPointF(100, -50));
+        QVERIFY(qAbs(box->Box().center().x() - before.center().x() - 100) <= 1);
+        QVERIFY(qAbs(box->Box().center().y() - before.center().y() + 50) <= 1);
+        QCOMPARE(text().margins.right(), 0);
+        const double points = text().font.pointSizeF();
+        box->Resize(QPointF(box->Box().width(), 0));
+        QVERIFY(qAbs(text().font.pointSizeF() - 2 * points) < 0.1);
+        Q_EMIT window.Session()->Panel()->Cancel();
+        const HBPanelEntry& sign = *HBFindPanel("HBSignWidget");
+        QVERIFY(window.OpenPanel(sign));
+        HBSignParams params;
+        params.fileName = stamp;
+        params.alignment = Qt::AlignRight | Qt::AlignBottom;
+        sign.set(*window.Session()->Panel(), params);
+        window.Session()->Refresh();
+        box = window.Session()->findChild<HBOverlayBox*>();
+        QTRY_COMPARE(box->Box(), QRectF(795, 895, 200, 100));
+        // The mouse, by the frame and by the corner.
+        KMDocumentView* view = window.View();
+        const auto drag = [&](const QPointF& from, const QPointF& by) {
+            const QPoint start = view->mapFromScene(from);
+            QTest::mousePress(view->viewport(), Qt::LeftButton, {}, start);
+            QMouseEvent move(QEvent::MouseMove, view->mapFromScene(from + by), Qt::NoButton, Qt::LeftButton, {});
+            QApplication::sendEvent(view->viewport(), &move);
+            QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(from + by));
+        };
+        drag(box->Box().center(), QPointF(-300, -200));
+        QVERIFY(QLineF(box->Box().topLeft(), QPointF(495, 695)).length() < 4);
+        drag(box->Box().bottomRight(), QPointF(-100, -50));
+        QVERIFY2(qAbs(box->Box().width() - 100) < 6, qPrintable(QString::number(box->Box().width())));
+        QCOMPARE(view->horizontalScrollBar()->value(), 0);
+    }
+
     /// A field that is only read is no place for the window's one-letter keys.
     void ReadOnlyFieldsKeepTheirKeys() {
         HBEditorWindow window(false);
@@ -356,7 +409,7 @@ private Q_SLOTS:
     void SideBarKeepsItsWidth() {
         HBEditorWindow window(false);
         QVERIFY(Activate(&window));
-        QVERIFY(window.Open(Photo("a.png")) && window.OpenPanel(*HBFindPanel("HBTintWidget")));
+        QVERIFY(window.Open(Photo("a.png")) && window.OpenPanel(*HBFindPanel("HBGammaCorrectionWidget")));
         auto* dock = window.findChild<QDockWidget*>("PanelDock");
         window.resizeDocks({dock}, {510}, Qt::Horizontal);
         QTRY_COMPARE(dock->width(), 510);
