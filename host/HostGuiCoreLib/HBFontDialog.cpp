@@ -29,8 +29,8 @@ QFont Sized(const QFont& font)
     return shown;
 }
 
-/// What the family calls the style of the font: without a name of its list the dialog takes the first, which may be
-/// an oblique one.
+/// What the family calls the style of the font: without a name of its list the dialog takes the first, which may
+/// be an oblique one.
 QString StyleName(const QFont& font)
 {
     const QFontDatabase fonts;
