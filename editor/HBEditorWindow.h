@@ -3,14 +3,22 @@
 #pragma once
 
 #include "HBDocument.h"
+#include "HBFolders.h"
+#include "HBRecentFiles.h"
 
 #include <HBPanelSession.h>
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTemporaryDir>
+
+#include <memory>
 
 class HBBeforeAfter;
 class HBEditorActions;
+class HBFilmStrip;
+class HBPresetStrip;
+class HBRecipeMenu;
 class HBMessageBar;
 class HBPanelPlacement;
 class HBSelectionTool;
@@ -35,6 +43,9 @@ public:
     /// Opens a panel on the photo, in place of one that is open.
     bool OpenPanel(const HBPanelEntry& entry);
     bool ApplyRecipe(const QString& path);
+    bool ApplyRecipe(const QString& title, const HBRecipe& recipe);
+    /// Several make a film strip of their own, and the first is opened; a single one is opened in its folder.
+    bool OpenAll(const QStringList& paths);
 
     const HBDocument& Document() const { return m_Document; }
     HBPanelSession* Session() const { return m_pSession; }
@@ -43,6 +54,9 @@ public:
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
     HBViewAids* ViewAids() const { return m_pAids; }
+    HBFilmStrip* FilmStrip() const { return m_pStrip; }
+    /// Null while no panel is open.
+    HBPresetStrip* Presets() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -67,8 +81,21 @@ private:
     bool Save();
     bool SaveAs();
     bool SaveOver();
+    bool Export();
     void SaveRecipe();
     void ChooseRecipe();
+    bool TakeRecipe(HBRecipe* recipe);
+    void KeepRecipe(const HBRecipeMenu* recipes);
+    void PreviewRecipe(const QString& path);
+    void CopySteps();
+    void PasteSteps();
+    void ApplyToMarked();
+    void ConnectPhotos();
+    void OpenNeighbour(int step);
+
+    void MakePanelBox();
+    void RepeatLast();
+    void FindPanel();
 
     void ShowDocument();
     void ShowHistory();
@@ -76,8 +103,13 @@ private:
     void HandOverSource();
 
     const bool m_Remember;
+    HBFolders m_Folders;
     HBDocument m_Document;
     QPointer<HBPanelSession> m_pSession;
+    QPointer<QWidget> m_pPanelBox; ///< the open panel below its presets
+    QPointer<HBPresetStrip> m_pPresets;
+    std::unique_ptr<QTemporaryDir> m_pNotRemembered; ///< where presets go when nothing is remembered
+    HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;
     HBSelectionTool* m_pSelection;
@@ -85,6 +117,8 @@ private:
     HBEditorActions* m_pActions;
     HBViewAids* m_pAids = nullptr;
     HBPanelPlacement* m_pPlacement;
+    HBFilmStrip* m_pStrip;
+    HBRecentFiles m_Recent;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;  ///< what Save As offers

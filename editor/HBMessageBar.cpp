@@ -27,6 +27,31 @@ HBMessageBar::HBMessageBar(QWidget* parent) : QFrame(parent), m_pIcon(new QLabel
     layout->addWidget(close, 0, Qt::AlignTop);
     setAutoFillBackground(true);
     hide();
+    connect(&m_Time, &QTimer::timeout, this, [this] {
+        if (!underMouse())
+            hide();
+    });
+}
+
+void HBMessageBar::SetArea(QWidget* area)
+{
+    setParent(area);
+    area->installEventFilter(this);
+    Place();
+}
+
+bool HBMessageBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && watched == parent())
+        Place();
+    return QFrame::eventFilter(watched, event);
+}
+
+void HBMessageBar::Place()
+{
+    const int width = parentWidget()->width();
+    setGeometry(0, 0, width, layout()->totalHeightForWidth(width));
+    raise();
 }
 
 QString HBMessageBar::Text() const
@@ -43,7 +68,9 @@ void HBMessageBar::ShowText(const QString& text, bool error)
     m_pIcon->setPixmap(style()->standardIcon(icon).pixmap(18, 18));
     m_pText->setText(text);
     setAccessibleName(text);
+    m_Time.start(error ? ErrorMilliseconds : NoteMilliseconds);
     show();
+    Place();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
