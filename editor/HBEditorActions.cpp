@@ -3,7 +3,7 @@
 #include "HBEditorActions.h"
 
 #include "HBEditorIcons.h"
-#include "HBSelectionShape.h"
+#include "HBSelectionTool.h"
 
 #include <HBPanelCatalog.h>
 
@@ -45,7 +45,7 @@ QKeySequence KeyOf(const QByteArray& panel)
     return {};
 }
 
-/// The text with the first of its letters that no other entry of the menu, or menu of the bar, has as its mnemonic.
+/// The text with the first of its letters that no other entry of the menu has as its mnemonic.
 QString WithMnemonic(const QWidget* menu, const QString& text)
 {
     QString taken;
@@ -146,7 +146,7 @@ void HBEditorActions::AddEdit()
 
 void HBEditorActions::AddSelect()
 {
-    using Kind = HBSelectionShape::Kind;
+    using Kind = HBSelectionTool::Tool;
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Select"));
     tools = new QActionGroup(this);
     auto tool = [&](const QString& text, const QString& key, const QString& hint, HBEditorIcon icon, Kind kind) {

@@ -39,7 +39,7 @@ public:
     QAction* pasteSteps;
     QAction* repeatLast;
     QAction* findPanel;
-    QActionGroup* tools; ///< the data of each is its HBSelectionShape::Kind
+    QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
     QAction* selectAll;
     QAction* selectNothing;
     QAction* invertSelection;
@@ -54,6 +54,7 @@ public:
     QAction* fullScreen;
     QAction* docked;
     QAction* dark;
+    QMenu* ViewMenu() const { return m_pViewMenu; }
     QActionGroup* panels; ///< the data of each is its place in the catalog
     QAction* shortcuts;
 

@@ -10,12 +10,15 @@
 #include "HBMessageBar.h"
 #include "HBOverlayBox.h"
 #include "HBPanelFinder.h"
+#include "HBPanelFrame.h"
 #include "HBPanelPlacement.h"
 #include "HBPhotoFrame.h"
 #include "HBPresetStrip.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
 #include "HBShortcutSheet.h"
+#include "HBSideBySide.h"
+#include "HBViewAids.h"
 
 #include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
@@ -77,9 +80,10 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     , m_pStrip(new HBFilmStrip(this))
     , m_Recent(remember, m_pActions->recent)
 {
-    auto* photo = new HBPhotoFrame(m_pView, this);
+    m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
+    auto* photo = new HBPhotoFrame(m_pAids->SideBySide(), this);
     setCentralWidget(photo);
-    m_pMessages->SetArea(photo);
+    m_pMessages->LieOver(photo);
     m_pView->SetWheelZooms(true);
     m_pView->SetHandDrags(true);
     setAcceptDrops(true);
@@ -90,7 +94,8 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     ConnectPhotos();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
-    connect(m_pView, &KMDocumentView::PixelHovered, this, &HBEditorWindow::ShowPixel);
+    connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
+    connect(m_pAids, &HBViewAids::Hinted, this, [this](const QString& text) { statusBar()->showMessage(text); });
     connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
     connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
         if (m_pSession)
@@ -132,9 +137,9 @@ void HBEditorWindow::ConnectActions()
             [this](bool full) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, full)); });
     connect(a.shortcuts, &QAction::triggered, this, [this] { HBShortcutSheet(menuBar(), this).exec(); });
     connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
-        const auto kind = HBSelectionShape::Kind(action->data().toInt());
-        m_pSelection->SetTool(kind);
-        m_pView->SetHandDrags(kind == HBSelectionShape::Kind::None);
+        const auto tool = HBSelectionTool::Tool(action->data().toInt());
+        m_pSelection->SetTool(tool);
+        m_pView->SetHandDrags(tool == HBSelectionTool::Tool::None);
     });
     connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
     connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
@@ -149,7 +154,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pSession->Widget())
+        if (m_pSession && m_pPanelBox)
             m_pPlacement->Show(m_pPanelBox, m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
@@ -159,13 +164,11 @@ void HBEditorWindow::ConnectActions()
 
 void HBEditorWindow::BuildStatusBar()
 {
-    m_pPixelLabel = new QLabel(this);
     m_pSizeLabel = new QLabel(this);
     m_pZoomLabel = new QLabel(this);
-    m_pPixelLabel->setToolTip(tr("Pixel under the mouse: position and red, green, blue, alpha"));
     m_pSizeLabel->setToolTip(tr("Size of the photo in pixels"));
     m_pZoomLabel->setToolTip(tr("At 100 % each pixel of the photo is one of the screen"));
-    for (QLabel* label : {m_pPixelLabel, m_pSizeLabel, m_pZoomLabel}) {
+    for (QLabel* label : {m_pSizeLabel, m_pZoomLabel}) {
         label->setIndent(fontMetrics().averageCharWidth());
         statusBar()->addPermanentWidget(label);
     }
@@ -183,6 +186,7 @@ void HBEditorWindow::ReadSettings()
     m_pActions->filmStrip->setChecked(settings.value(StripKey, false).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
     m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
+    m_pAids->ReadSettings(settings);
     restoreGeometry(settings.value(GeometryKey).toByteArray());
 }
 
@@ -196,6 +200,7 @@ void HBEditorWindow::WriteSettings() const
     settings.setValue(StripKey, m_pActions->filmStrip->isChecked());
     settings.setValue(QualityKey, m_Quality);
     settings.setValue(DockWidthKey, m_pPlacement->Width());
+    m_pAids->WriteSettings(&settings);
     settings.setValue(GeometryKey, saveGeometry());
 }
 
@@ -205,10 +210,13 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    m_pMessages->hide(); // it was about another step
+    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
+    connect(m_pSession, &HBPanelSession::SightReady, m_pView, &KMDocumentView::ShowSight);
+    connect(m_pSession, &HBPanelSession::SightOver, m_pView, &KMDocumentView::EndSight);
+    connect(m_pView, &KMDocumentView::SightChanged, m_pSession, &HBPanelSession::SetSight);
     connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
     connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
     connect(m_pSession, &HBPanelSession::Resumed, this, [this](const QString& reason) {
@@ -230,6 +238,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
     MakePanelBox();
     m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
     ShowDocument();
+    m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
     return true;
 }
@@ -252,7 +261,7 @@ void HBEditorWindow::MakePanelBox()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_pPresets);
-    layout->addWidget(m_pSession->Widget());
+    layout->addWidget(m_pAids->BeginPanel(m_pSession));
     connect(m_pPresets, &HBPresetStrip::Failed, m_pMessages, &HBMessageBar::ShowError);
 }
 
@@ -262,7 +271,7 @@ void HBEditorWindow::HandOverSource()
     if (!m_pSession)
         return;
     try {
-        const HBSelection selection = m_pSelection->Selection();
+        const HBSelection selection = m_pSelection->Selection(m_Document.Original());
         m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
         m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {
@@ -310,7 +319,9 @@ void HBEditorWindow::DropPanel()
     m_pSession->deleteLater();
     m_pSession = nullptr;
     m_pView->SetOverrideCursor(QCursor());
+    m_pView->EndSight();
     m_pPlacement->Close();
+    m_pAids->EndPanel();
     ShowDocument();
     m_pView->setFocus();
 }
@@ -378,8 +389,7 @@ void HBEditorWindow::ShowDocument()
     const bool panel = m_pSession;
     if (!panel)
         m_pView->SetPicture(m_Document.Image());
-    // With a panel "before" is without its adjustment, else the photo as it was opened.
-    m_pBeforeAfter->SetBefore(panel ? m_Document.Image() : m_Document.Original());
+    m_pAids->ShowPhoto(m_Document.Image(), m_Document.Original(), panel);
 
     m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
@@ -418,26 +428,6 @@ void HBEditorWindow::ShowHistory()
         action->setCheckable(true);
         action->setChecked(i == m_Document.Index());
         connect(action, &QAction::triggered, this, [this, i] { m_Document.GoTo(i); });
-    }
-}
-
-void HBEditorWindow::ShowPixel(const QPoint& pixel)
-{
-    if (pixel.x() < 0) {
-        m_pPixelLabel->clear();
-        return;
-    }
-    try {
-        const HBRGBA32i color = m_pView->Picture().PixelAt(pixel.x(), pixel.y());
-        m_pPixelLabel->setText(tr("%1, %2:  %3  %4  %5  %6")
-                                   .arg(pixel.x())
-                                   .arg(pixel.y())
-                                   .arg(color.red)
-                                   .arg(color.green)
-                                   .arg(color.blue)
-                                   .arg(color.alpha));
-    } catch (const std::bad_alloc&) {
-        m_pPixelLabel->clear(); // the tile cannot be brought back into memory
     }
 }
 

@@ -22,6 +22,7 @@ class HBRecipeMenu;
 class HBMessageBar;
 class HBPanelPlacement;
 class HBSelectionTool;
+class HBViewAids;
 class KMDocumentView;
 class QLabel;
 
@@ -55,6 +56,7 @@ public:
     HBFilmStrip* FilmStrip() const { return m_pStrip; }
     /// Null while no panel is open.
     HBPresetStrip* Presets() const;
+    HBViewAids* ViewAids() const { return m_pAids; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -97,7 +99,6 @@ private:
 
     void ShowDocument();
     void ShowHistory();
-    void ShowPixel(const QPoint& pixel);
     void ShowZoom(double zoom);
     void HandOverSource();
 
@@ -114,10 +115,10 @@ private:
     HBSelectionTool* m_pSelection;
     HBBeforeAfter* m_pBeforeAfter;
     HBEditorActions* m_pActions;
+    HBViewAids* m_pAids = nullptr;
     HBPanelPlacement* m_pPlacement;
     HBFilmStrip* m_pStrip;
     HBRecentFiles m_Recent;
-    QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;  ///< what Save As offers

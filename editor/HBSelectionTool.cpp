@@ -61,20 +61,19 @@ QSize HBSelectionTool::PhotoSize() const
     return {m_pView->Picture().Width(), m_pView->Picture().Height()};
 }
 
-void HBSelectionTool::SetTool(HBSelectionShape::Kind kind)
+void HBSelectionTool::SetTool(Tool tool)
 {
-    m_Tool = kind;
-    m_pView->SetToolCursor(kind == HBSelectionShape::Kind::None ? QCursor() : QCursor(Qt::CrossCursor));
+    m_Tool = tool;
+    m_pView->SetToolCursor(tool == Tool::None ? QCursor() : QCursor(Qt::CrossCursor));
 }
 
 void HBSelectionTool::SetFeather(int feather)
 {
     m_Feather = std::max(0, feather);
-    if (m_Shape.IsNone() || m_Shape.feather == m_Feather)
-        return;
     HBSelectionShape shape = m_Shape;
-    shape.feather = m_Feather;
-    SetShape(shape);
+    shape.SetPixelFeather(m_Feather, PhotoSize());
+    if (shape != m_Shape)
+        SetShape(shape);
 }
 
 void HBSelectionTool::SetShape(const HBSelectionShape& shape)
@@ -86,15 +85,11 @@ void HBSelectionTool::SetShape(const HBSelectionShape& shape)
         Q_EMIT Changed();
 }
 
-HBSelection HBSelectionTool::Selection() const
-{
-    return m_Shape.Rasterize(PhotoSize());
-}
-
 void HBSelectionTool::SelectAll()
 {
     if (!PhotoSize().isEmpty())
-        SetShape({HBSelectionShape::Kind::Rectangle, QRect(QPoint(0, 0), PhotoSize()), 0, false});
+        SetShape(
+            {{HBShape::OfPixels(HBShape::Kind::Rectangle, QRect(QPoint(0, 0), PhotoSize()), 0, PhotoSize())}});
 }
 
 void HBSelectionTool::Invert()
@@ -103,11 +98,10 @@ void HBSelectionTool::Invert()
         SelectAll();
         return;
     }
-    HBSelectionShape shape = m_Shape;
-    shape.inverted = !shape.inverted;
-    const bool all = shape.kind == HBSelectionShape::Kind::Rectangle && shape.feather == 0 &&
-                     shape.rect.contains(QRect(QPoint(0, 0), PhotoSize()));
-    SetShape(all && shape.inverted ? HBSelectionShape() : shape);
+    const HBShape& shape = m_Shape.shapes.first();
+    const bool all = m_Shape.shapes.size() == 1 && shape.kind == HBShape::Kind::Rectangle && !shape.inverted &&
+                     shape.feather <= 0 && shape.PixelRect(PhotoSize()).contains(QRect(QPoint(0, 0), PhotoSize()));
+    SetShape(all ? HBSelectionShape() : m_Shape.Inverted());
 }
 
 void HBSelectionTool::ShowOutline()
@@ -121,7 +115,7 @@ void HBSelectionTool::ShowOutline()
 /// Not where a panel picks, nor on something that can be dragged itself.
 bool HBSelectionTool::MayStart(const QPointF& scenePosition) const
 {
-    if (m_Tool == HBSelectionShape::Kind::None || PhotoSize().isEmpty() || m_pView->HasOverrideCursor())
+    if (m_Tool == Tool::None || PhotoSize().isEmpty() || m_pView->HasOverrideCursor())
         return false;
     const QList<QGraphicsItem*> items = m_pView->scene()->items(scenePosition);
     return std::none_of(items.begin(), items.end(), [](const QGraphicsItem* item) {
@@ -196,9 +190,11 @@ void HBSelectionTool::Drag(const QPointF& to, bool square)
         m_Shape = HBSelectionShape();
     } else {
         // A rectangle ends at the photo's edge; an ellipse cut off there would be another ellipse.
-        const bool cut = m_Tool == HBSelectionShape::Kind::Rectangle;
+        const auto kind = m_Tool == Tool::Rectangle ? HBShape::Kind::Rectangle : HBShape::Kind::Ellipse;
+        const bool cut = kind == HBShape::Kind::Rectangle;
         const QRect rect = cut ? pixels & QRect(QPoint(0, 0), PhotoSize()) : pixels;
-        m_Shape = rect.isEmpty() ? HBSelectionShape() : HBSelectionShape{m_Tool, rect, m_Feather, false};
+        m_Shape = rect.isEmpty() ? HBSelectionShape()
+                                 : HBSelectionShape{{HBShape::OfPixels(kind, rect, m_Feather, PhotoSize())}};
     }
     ShowOutline();
 }
@@ -209,5 +205,6 @@ void HBSelectionTool::EndDrag()
     const HBSelectionShape drawn = m_Shape;
     m_Shape = m_Before;
     const QRect frame(QPoint(0, 0), PhotoSize());
-    SetShape(!drawn.IsNone() && drawn.rect.intersects(frame) ? drawn : HBSelectionShape());
+    const bool isSeen = !drawn.IsNone() && drawn.shapes.first().PixelRect(PhotoSize()).intersects(frame);
+    SetShape(isSeen ? drawn : HBSelectionShape());
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBSelectionShape.h"
+#include <HBSelectionShape.h>
 
 #include <QObject>
 
@@ -17,12 +17,14 @@ class HBSelectionTool : public QObject
 {
     Q_OBJECT
 public:
+    enum class Tool { None, Rectangle, Ellipse };
+
     explicit HBSelectionTool(KMDocumentView* view, QObject* parent = nullptr);
     ~HBSelectionTool() override;
 
-    /// Kind::None: the mouse does not select.
-    void SetTool(HBSelectionShape::Kind kind);
-    HBSelectionShape::Kind Tool() const { return m_Tool; }
+    /// Tool::None: the mouse does not select.
+    void SetTool(Tool tool);
+    Tool PresentTool() const { return m_Tool; }
     /// Pixels, for the present selection and later ones.
     void SetFeather(int feather);
 
@@ -32,7 +34,8 @@ public:
     const HBSelectionShape& Shape() const { return m_Shape; }
     void SetShape(const HBSelectionShape& shape);
     /// For the panels. Throws std::bad_alloc.
-    HBSelection Selection() const;
+    /// \param photo as it was opened, for selections by colour
+    HBSelection Selection(const HBImage<>& photo) const { return m_Shape.Rasterize(photo); }
 
 public Q_SLOTS:
     void SelectAll();
@@ -57,7 +60,7 @@ private:
 
     KMDocumentView* m_pView;
     HBSelectionOutline* m_pOutline;
-    HBSelectionShape::Kind m_Tool = HBSelectionShape::Kind::None;
+    Tool m_Tool = Tool::None;
     int m_Feather = 0;
     HBSelectionShape m_Shape;
     HBSelectionShape m_Before; ///< the selection before the drag

@@ -34,6 +34,8 @@ struct HBPhotoOptions
     /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality`
     /// says.
     HBPhotoEncoding encoding = {};
+    /// Whether colours are written as sRGB, whatever the picture's profile; see HBConvertToSrgb.
+    bool convertToSrgb = false;
     /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails
     /// instead.
     /// \param file all its bytes
@@ -46,8 +48,8 @@ struct HBPhotoOptions
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
 /// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is too large for this
-/// machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF
-/// of the usual kinds are decoded straight into the image's tiles; others are in memory twice while that is done.
+/// machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF of the usual kinds
+/// are decoded straight into the image's tiles; others are in memory twice while that is done.
 /// \param isWanted asked now and then, on this thread, while the usual kinds are decoded; false: the reading
 ///        fails. May be null. Must not throw
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error,

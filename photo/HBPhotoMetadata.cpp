@@ -49,6 +49,14 @@ const Exiv2::byte* Bytes(const QByteArray& bytes)
     return reinterpret_cast<const Exiv2::byte*>(bytes.constData());
 }
 
+/// Exiv2::ImageType::none for what has no metadata.
+int TypeOf(const QByteArray& file)
+{
+    constexpr int shortest = 64; // the library takes it for an error if a file is shorter than some format's tail
+    return file.size() < shortest ? Exiv2::ImageType::none
+                                  : Exiv2::ImageFactory::getType(Bytes(file), long(file.size()));
+}
+
 auto OpenImage(const QByteArray& file)
 {
     auto image = Exiv2::ImageFactory::open(Bytes(file), long(file.size()));
@@ -153,7 +161,7 @@ int KindsOf(const HBPhotoMetadata& metadata)
 /// The kinds that a file of this format can hold.
 int KindsHeldBy(const QByteArray& file)
 {
-    const int type = Exiv2::ImageFactory::getType(Bytes(file), long(file.size()));
+    const int type = TypeOf(file);
     int held = 0;
     if (type == Exiv2::ImageType::none)
         return held;
@@ -242,21 +250,26 @@ void SetProfile(Exiv2::Image& image, const QByteArray& icc)
     image.setIccProfile(buffer);
 }
 
-QByteArray WrittenFile(Exiv2::Image& image)
+/// \param file that the image was opened with; goes as soon as it is not needed
+QByteArray WrittenFile(Exiv2::Image& image, QByteArray* file)
 {
     image.writeMetadata();
     Exiv2::BasicIo& io = image.io();
     if (io.open() != 0)
         throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed);
+    if (io.mmap() != Bytes(*file)) // the library has its own by now
+        *file = QByteArray();
     QByteArray result(int(io.size()), Qt::Uninitialized);
     result.truncate(int(io.read(reinterpret_cast<Exiv2::byte*>(result.data()), long(result.size()))));
     return result;
 }
 
-/// The file with those kinds put in. \throws Exiv2::Error
-QByteArray Embed(const QByteArray& file, const HBPhotoMetadata& metadata, const QSize& size, int chosen)
+/// The file with those kinds put in.
+/// \param file may be empty afterwards: of a large picture there are not more copies than must be
+/// \throws Exiv2::Error while the file is still there
+QByteArray Embed(QByteArray* file, const HBPhotoMetadata& metadata, const QSize& size, int chosen)
 {
-    const auto image = OpenImage(file);
+    const auto image = OpenImage(*file);
     if (chosen & Exiv2::mdExif)
         SetExif(image->exifData(), metadata, size);
     if (chosen & Exiv2::mdXmp)
@@ -265,15 +278,15 @@ QByteArray Embed(const QByteArray& file, const HBPhotoMetadata& metadata, const 
         SetIptc(*image, metadata);
     const QByteArray icc = chosen & Exiv2::mdIccProfile ? metadata.profile.Icc() : QByteArray();
     if (icc.isEmpty())
-        return WrittenFile(*image);
+        return WrittenFile(*image, file);
     SetProfile(*image, icc); // for every format: it throws if this is no profile
     if (image->imageType() == Exiv2::ImageType::png || image->imageType() == Exiv2::ImageType::webp)
         image->clearIccProfile();
     if (image->imageType() == Exiv2::ImageType::png)
-        return HBWithPngProfile(WrittenFile(*image), icc);
+        return HBWithPngProfile(WrittenFile(*image, file), icc);
     if (image->imageType() == Exiv2::ImageType::webp)
-        return HBWithWebPProfile(WrittenFile(*image), icc, size);
-    return WrittenFile(*image);
+        return HBWithWebPProfile(WrittenFile(*image, file), icc, size);
+    return WrittenFile(*image, file);
 }
 
 /// Rethrows what is no fault of the metadata.
@@ -293,7 +306,7 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings)
 {
     SetUpLibrary();
     try {
-        if (Exiv2::ImageFactory::getType(Bytes(file), long(file.size())) == Exiv2::ImageType::none)
+        if (TypeOf(file) == Exiv2::ImageType::none)
             return {};
         return Read(file);
     } catch (const std::exception& problem) {
@@ -302,7 +315,7 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings)
     }
 }
 
-QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metadata, const QSize& size,
+QByteArray HBEmbedMetadata(QByteArray file, const HBPhotoMetadata& metadata, const QSize& size,
                            QStringList* warnings)
 {
     SetUpLibrary();
@@ -315,19 +328,18 @@ QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metada
     if (held == 0)
         return file;
     try {
-        return Embed(file, metadata, size, held);
+        return Embed(&file, metadata, size, held);
     } catch (const std::exception& problem) {
         ReasonOf(problem);
         // One kind spoils all, by being too large for example: put in those that can be.
     }
-    QByteArray result = file;
     for (const Kind& kind : kinds) {
         try {
             if (held & kind.id)
-                result = Embed(result, metadata, size, kind.id);
+                file = Embed(&file, metadata, size, kind.id);
         } catch (const std::exception& problem) {
             warnings->append(Text::tr("%1 metadata cannot be stored (%2)").arg(kind.name, ReasonOf(problem)));
         }
     }
-    return result;
+    return file;
 }

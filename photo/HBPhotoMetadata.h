@@ -30,5 +30,5 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings);
 
 /// The encoded picture `file` with the metadata put in. The tags are changed to tell of upright pixels and of
 /// `size`.
-QByteArray HBEmbedMetadata(const QByteArray& file, const HBPhotoMetadata& metadata, const QSize& size,
+QByteArray HBEmbedMetadata(QByteArray file, const HBPhotoMetadata& metadata, const QSize& size,
                            QStringList* warnings);

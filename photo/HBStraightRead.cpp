@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "HBStraightRead.h"
 
-#include <QCoreApplication>
+#include <HBUsableMemory.h>
 
-#include <unistd.h>
+#include <QCoreApplication>
 
 bool HBStraightRead::Begin(const QSize& lying)
 {
@@ -27,6 +27,6 @@ bool HBStraightRead::Begin(const QSize& lying)
 qint64 HBLargestPicture()
 {
     // Half of the memory: in some formats two copies of a picture are there while it is read or written.
-    static const qint64 bytes = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+    static const qint64 bytes = HBUsableMemory() / 2;
     return bytes;
 }

@@ -73,15 +73,17 @@ int HBExplainRecipe(const HBReplayOptions& options)
     for (int i = 0; i < steps.size(); ++i) {
         const HBStepText& step = steps[i];
         if (options.IsSet("json")) {
-            Print(QJsonObject{{"type", "step"},
-                              {"step", i + 1},
-                              {"panel", step.adjustment->className},
-                              {"title", step.adjustment->Title()},
-                              {"values", step.json}});
+            QJsonObject line = step.mannerJson;
+            line.insert("type", "step");
+            line.insert("step", i + 1);
+            line.insert("panel", step.adjustment->className);
+            line.insert("title", step.adjustment->Title());
+            line.insert("values", step.json);
+            Print(line);
             continue;
         }
         Print(QString("%1. %2 (%3)").arg(i + 1).arg(step.adjustment->Title(), step.adjustment->className));
-        for (const QString& value : step.values)
+        for (const QString& value : step.values + step.manner)
             Print("   " + value);
     }
     const double seconds = HBRecipeCost(recipe).Seconds(PixelsOfEstimate);

@@ -20,6 +20,9 @@ namespace
 constexpr double PerPixelOfTables = 0.3; // they become one table where they stand together
 constexpr double PerPixel = 1.5;
 constexpr double PerPixelOfFlood = 8;
+constexpr double PerPixelOfShape = 6; // where its soft edge is everywhere
+constexpr double PerPixelOfPoint = 0.3;
+constexpr double PerPixelOfBlending = 1;
 constexpr double PerLetter = 4000;     // of each copy
 constexpr double PerPixelOfStamp = 15; // to read it and to make it smaller
 
@@ -64,12 +67,30 @@ double Letters(const HBWatermarkParams& text)
            HBClamped(text, &HBWatermarkParams::verticalTiles);
 }
 
+double PerPixelOfSelection(const HBSelectionShape& selection)
+{
+    double sum = selection.IsNone() ? 0 : PerPixelOfBlending;
+    for (const HBShape& shape : selection.shapes)
+        sum += PerPixelOfShape + PerPixelOfPoint * shape.points.size();
+    return sum;
+}
+
 } // namespace
 
 HBRecipeCost::HBRecipeCost(const HBRecipe& recipe)
 {
     QStringList stamps;
+    int maskBytes = 0;
+    int partBytes = 0;
     for (const HBRecipeStep& step : recipe.steps) {
+        if (!step.on)
+            continue;
+        m_PerPixel += PerPixelOfSelection(step.selection);
+        maskBytes = step.selection.IsNone() ? maskBytes : 8; // and the picture before it
+        if (step.amount < HBRecipeStep::MaximumAmount) {
+            m_PerPixel += PerPixelOfBlending;
+            partBytes = 4;
+        }
         m_PerPixel += IsTable(step.panel)                                   ? PerPixelOfTables
                       : step.panel == QLatin1String("HBReplaceColorWidget") ? PerPixelOfFlood
                                                                             : PerPixel;
@@ -80,6 +101,7 @@ HBRecipeCost::HBRecipeCost(const HBRecipe& recipe)
         else if (Restore(step, "HBSignWidget", &sign) && IsOrdinary(sign.fileName))
             stamps.append(sign.fileName);
     }
+    m_MemoryPerPixel = maskBytes + partBytes;
     QStringList different = stamps;
     different.removeDuplicates();
     // More than are kept drive each other out.

@@ -17,14 +17,15 @@ public:
     /// How long adjusting a picture takes on one core that is not the fastest, in seconds: right within a factor
     /// of three or so, and rather too little. Reading and writing are not counted.
     double Seconds(qint64 pixels) const { return (m_PerPixel * double(pixels) + m_PerPicture) / 1e9; }
-    /// Bytes of memory besides the picture.
-    qint64 Memory() const { return m_Memory; }
+    /// Bytes of memory besides the picture and its result.
+    qint64 Memory(qint64 pixels) const { return m_Memory + m_MemoryPerPixel * pixels; }
 
 private:
     // Nanoseconds.
     double m_PerPixel = 0;
     double m_PerPicture = 0;
     qint64 m_Memory = 0;
+    int m_MemoryPerPixel = 0;
 };
 
 /// The SHA-256, as hexadecimal digits, of all that the recipe's result depends on besides the photo: its own and

@@ -94,9 +94,61 @@ QString ValueText(const HBFieldInfo& field, const QVariant& value)
     return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
 }
 
+QString ShapeText(const HBShape& shape)
+{
+    using Kind = HBShape::Kind;
+    const auto place = [](const QPointF& point) {
+        const auto percent = [](double share) { return QString::number(share * 100, 'g', 4); };
+        return QString("%1 %, %2 %").arg(percent(point.x()), percent(point.y()));
+    };
+    QString text;
+    switch (shape.kind) {
+    case Kind::Rectangle:
+        text =
+            Text::tr("rectangle from %1 to %2").arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
+        break;
+    case Kind::Ellipse:
+        text = Text::tr("ellipse from %1 to %2").arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
+        break;
+    case Kind::Polygon:
+        text = Text::tr("polygon of %1 corners").arg(shape.points.size());
+        break;
+    case Kind::Gradient:
+        text = Text::tr("gradient from %1 to %2").arg(place(shape.points.value(0)), place(shape.points.value(1)));
+        break;
+    case Kind::Color:
+        text = Text::tr("colour %1, tolerance %2").arg(QColor(shape.color).name()).arg(shape.tolerance);
+        break;
+    }
+    if (shape.inverted)
+        text = Text::tr("all but the %1").arg(text);
+    if (shape.feather > 0)
+        text += Text::tr(", feather %1 % of the shorter side").arg(shape.feather * 100, 0, 'g', 4);
+    if (shape.combination == HBShape::Combination::Subtract)
+        text = Text::tr("without the %1").arg(text);
+    else if (shape.combination == HBShape::Combination::Intersect)
+        text = Text::tr("only in the %1").arg(text);
+    return text;
+}
+
+QStringList MannerText(const HBRecipeStep& step)
+{
+    QStringList lines;
+    if (!step.on)
+        lines.append(Text::tr("switched off"));
+    if (step.amount != HBRecipeStep::MaximumAmount)
+        lines.append(Text::tr("amount: %1 %").arg(step.amount));
+    QStringList shapes;
+    for (const HBShape& shape : step.selection.shapes)
+        shapes.append(ShapeText(shape));
+    if (!shapes.isEmpty())
+        lines.append(Text::tr("selection: %1").arg(shapes.join("; ")));
+    return lines;
+}
+
 HBStepText Describe(const HBRecipeStep& step)
 {
-    HBStepText text{HBFindAdjustment(step.panel), {}, {}};
+    HBStepText text{HBFindAdjustment(step.panel), {}, {}, MannerText(step), step.Manner()};
     std::any record;
     QString reason;
     if (!text.adjustment || !text.adjustment->restore(step.values, &record, &reason))
@@ -134,13 +186,13 @@ std::vector<std::vector<int>> CommonTails(const QVector<HBStepText>& a, const QV
 void AppendStep(const char* mark, const HBStepText& step, int index, QStringList* lines)
 {
     lines->append(mark + Head(step, index));
-    for (const QString& value : step.values)
+    for (const QString& value : step.values + step.manner)
         lines->append(QString(mark) + "   " + value);
 }
 
 void AppendChanges(const HBStepText& a, const HBStepText& b, int index, QStringList* lines)
 {
-    if (a.json == b.json)
+    if (a.json == b.json && a.mannerJson == b.mannerJson)
         return;
     lines->append(' ' + Head(a, index));
     for (int i = 0; i < a.values.size(); ++i) {
@@ -150,6 +202,12 @@ void AppendChanges(const HBStepText& a, const HBStepText& b, int index, QStringL
         lines->append("-   " + a.values[i]);
         lines->append("+   " + b.values[i]);
     }
+    if (a.mannerJson == b.mannerJson)
+        return;
+    for (const QString& line : a.manner)
+        lines->append("-   " + line);
+    for (const QString& line : b.manner)
+        lines->append("+   " + line);
 }
 
 // ---- Schema ----
@@ -193,10 +251,56 @@ QJsonObject ValuesSchema(const HBAdjustment& adjustment)
     return {{"title", adjustment.Title()}, {"type", "object"}, {"properties", properties}, {"required", keys}};
 }
 
+/// A list of so many, at least and at most.
+QJsonObject ListSchema(const QJsonObject& items, int least, int most)
+{
+    return {{"type", "array"}, {"minItems", least}, {"maxItems", most}, {"items", items}};
+}
+
+QJsonObject ShapeSchema(const char* kind, QJsonObject properties, bool hasFeather)
+{
+    QJsonArray required{"kind"};
+    for (const QString& key : properties.keys())
+        required.append(key);
+    properties.insert("kind", QJsonObject{{"const", kind}});
+    properties.insert("combine",
+                      QJsonObject{{"enum", QJsonArray{"add", "subtract", "intersect"}}, {"default", "add"}});
+    properties.insert("inverted", QJsonObject{{"type", "boolean"}, {"default", false}});
+    if (hasFeather) {
+        properties.insert("feather", QJsonObject{{"type", "number"},
+                                                 {"minimum", 0},
+                                                 {"maximum", 1},
+                                                 {"default", 0},
+                                                 {"description", "share of the photo's shorter side"}});
+    }
+    return {
+        {"type", "object"}, {"properties", properties}, {"required", required}, {"additionalProperties", false}};
+}
+
+QJsonObject SelectionSchema()
+{
+    const QJsonObject share{{"type", "number"}, {"minimum", -100}, {"maximum", 100}};
+    const QJsonObject point = ListSchema(share, 2, 2);
+    const QJsonObject rect{{"rect", ListSchema(share, 4, 4)}};
+    const QJsonObject color{{"color", QJsonObject{{"type", "string"}, {"pattern", "^#[0-9A-Fa-f]{6}$"}}},
+                            {"tolerance", QJsonObject{{"type", "integer"}, {"minimum", 0}, {"maximum", 255}}}};
+    const QJsonArray shapes{
+        ShapeSchema("rectangle", rect, true), ShapeSchema("ellipse", rect, true),
+        ShapeSchema("polygon", {{"points", ListSchema(point, 3, HBSelectionShape::MaximumPoints)}}, true),
+        ShapeSchema("gradient", {{"from", point}, {"to", point}}, false), ShapeSchema("color", color, false)};
+    QJsonObject schema = ListSchema({{"oneOf", shapes}}, 1, HBSelectionShape::MaximumShapes);
+    schema.insert("description", "shares of the photo's width and height");
+    return schema;
+}
+
 QJsonObject StepSchema(const HBAdjustment& adjustment)
 {
     const QString reference = QString("#/$defs/") + adjustment.className;
-    QJsonObject properties{{"panel", QJsonObject{{"const", adjustment.className}}}};
+    QJsonObject properties{
+        {"panel", QJsonObject{{"const", adjustment.className}}},
+        {"on", QJsonObject{{"type", "boolean"}, {"default", true}}},
+        {"amount", QJsonObject{{"type", "integer"}, {"minimum", 0}, {"maximum", 100}, {"default", 100}}},
+        {"selection", QJsonObject{{"$ref", "#/$defs/selection"}}}};
     if (adjustment.tag) {
         properties.insert("record", QJsonObject{{"type", "string"},
                                                 {"contentEncoding", "base64"},
@@ -268,13 +372,13 @@ QJsonObject HBRecipeSchema()
         definitions.insert(adjustment.className, ValuesSchema(adjustment));
         steps.append(StepSchema(adjustment));
     }
-    const QJsonObject list{
-        {"type", "array"}, {"minItems", 1}, {"maxItems", 1000}, {"items", QJsonObject{{"oneOf", steps}}}};
+    definitions.insert("selection", SelectionSchema());
+    const QJsonObject list = ListSchema({{"oneOf", steps}}, 1, 1000);
     return {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
             {"title", "adjustment-recipe"},
             {"type", "object"},
             {"properties", QJsonObject{{"format", QJsonObject{{"const", "adjustment-recipe"}}},
-                                       {"version", QJsonObject{{"const", 1}}},
+                                       {"version", QJsonObject{{"enum", QJsonArray{1, 2}}}},
                                        {"steps", list}}},
             {"required", QJsonArray{"format", "version", "steps"}},
             {"$defs", definitions}};

@@ -14,6 +14,8 @@ struct HBStepText
     const HBAdjustment* adjustment; ///< never null
     QStringList values;             ///< "input all black: 10", one for each field
     QJsonObject json;               ///< the fields by their keys, as the schema describes them
+    QStringList manner;             ///< "amount: 60 %", what is not as it is at first
+    QJsonObject mannerJson;         ///< the same; HBRecipeStep::Manner
 };
 
 /// The steps of a recipe that HBRecipe::Load has read.

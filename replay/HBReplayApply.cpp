@@ -7,6 +7,7 @@
 #include "HBReplayJournal.h"
 #include "HBReplayPipeline.h"
 
+#include <HBParallel.h>
 #include <KMImageFileManager.h>
 #include <KMTileManager64.h>
 
@@ -14,10 +15,10 @@
 #include <QFileInfo>
 #include <QThreadPool>
 
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <sched.h>
-#include <unistd.h>
 
 namespace
 {
@@ -61,7 +62,7 @@ bool ReadBounds(const HBReplayOptions& options, HBReplayWork* work, QString* pro
         return false;
     if (options.IsSet("memory"))
         tiles.SetMemoryBudget(work->bounds.memory);
-    QThreadPool::globalInstance()->setMaxThreadCount(work->jobs);
+    HBThreadPool().setMaxThreadCount(work->jobs);
     return true;
 }
 
@@ -136,32 +137,12 @@ QByteArray JobHash(const Request& request)
     return HBHashOf(request.recipeHash + options.join('\n').toUtf8());
 }
 
-int ExitCode(const HBReplayReport& report)
-{
-    return HBIsInterrupted()                          ? HBWasInterrupted
-           : report.Count(HBReplayResult::Failed) > 0 ? HBFileFailed
-                                                      : HBAllDone;
-}
-
-void TellCounts(const HBReplayReport& report, const Request& request, int tasks)
-{
-    const int done = report.Count(HBReplayResult::Done);
-    const int skipped = report.Count(HBReplayResult::Skipped);
-    const int failed = report.Count(HBReplayResult::Failed);
-    if (!isatty(STDERR_FILENO) && skipped + failed == 0)
-        return;
-    const QString text = request.work.verifies ? Text::tr("%1 are the same, %2 skipped, %3 failed")
-                         : request.dryRun      ? Text::tr("%1 would be written, %2 skipped, %3 would fail")
-                                               : Text::tr("%1 written, %2 skipped, %3 failed");
-    const int untried = tasks - done - skipped - failed;
-    HBPrintError(text.arg(done).arg(skipped).arg(failed) +
-                 (untried > 0 ? Text::tr(", %1 not tried").arg(untried) : QString()));
-}
-
 /// What a dry run, or one that fails fast and would fail, says instead of going to work.
 void TellPlan(const QVector<HBReplayTask>& tasks, bool onlyRefused, HBReplayReport* report)
 {
     for (const HBReplayTask& task : tasks) {
+        if (HBIsInterrupted())
+            return;
         if (task.kind == HBReplayTask::Refuse)
             HBPrintError(task.input + ": " + task.reason);
         if (task.kind == HBReplayTask::Refuse || !onlyRefused)
@@ -169,52 +150,50 @@ void TellPlan(const QVector<HBReplayTask>& tasks, bool onlyRefused, HBReplayRepo
     }
 }
 
+/// Of a run that has come to its end.
+int Finish(const HBReplayReport& report)
+{
+    if (HBIsInterrupted())
+        HBEndInterrupted();
+    report.Summary();
+    return report.Count(HBReplayResult::Failed) > 0 ? HBFileFailed : HBAllDone;
+}
+
 /// To the end of the process if there are threads that cannot be waited for.
 void Work(const QVector<HBReplayTask>& tasks, const Request& request, HBReplayReport* report)
 {
     HBReplayPipeline pipeline(tasks, request.work, report);
     pipeline.Run();
-    if (!HBIsInterrupted() && !pipeline.HasThreadsLeft())
-        return;
-    report->Summary(tasks.size(), HBIsInterrupted());
-    if (!HBIsInterrupted())
-        TellCounts(*report, request, tasks.size());
-    std::_Exit(HBFinishOutput(ExitCode(*report))); // its threads may be decoding or encoding for seconds yet
+    if (HBIsInterrupted() || pipeline.HasThreadsLeft())
+        std::_Exit(HBFinishOutput(Finish(*report))); // its threads may be decoding or encoding for seconds yet
 }
 
-int Run(Request& request, const QVector<HBReplayInput>& inputs)
+int Run(Request& request, const QVector<HBReplayInput>& inputs, HBReplayReport* report)
 {
     HBReplayJournal journal(request.target.folder, request.shard, JobHash(request), request.resume);
     QString problem;
     QVector<HBReplayTask> tasks;
     const bool writes = !request.dryRun && !request.work.verifies;
-    if (!HBPlanReplay(inputs, request.target,
-                      {request.shard, request.resume ? &journal : nullptr, request.work.verifies}, &tasks,
-                      &problem)) {
+    const HBReplayPlanning planning{request.shard, request.resume ? &journal : nullptr, request.work.verifies};
+    if (!HBPlanReplay(inputs, request.target, planning, &tasks, &problem) ||
+        (!request.work.verifies && !HBPrepareFolders(request.target, !writes, &tasks, &problem))) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    if (!request.work.verifies && !HBPrepareFolders(request.target, !writes, &tasks, &problem)) {
-        HBPrintError(problem);
-        return HBBadUsage;
-    }
-    HBReplayReport report(request.json, request.shard, request.recipeHash, request.work.recipe.steps.size(),
-                          inputs.size());
+    report->SetExtent(inputs.size(), tasks.size());
     const bool isRefused = request.work.failFast &&
                            std::any_of(tasks.cbegin(), tasks.cend(),
                                        [](const HBReplayTask& task) { return task.kind == HBReplayTask::Refuse; });
     if (request.dryRun || isRefused) {
-        TellPlan(tasks, !request.dryRun, &report);
-    } else if (!HBIsInterrupted()) {
-        if (writes) {
+        TellPlan(tasks, !request.dryRun, report);
+    } else {
+        if (writes && !HBIsInterrupted()) {
             journal.Begin();
             request.work.journal = &journal;
         }
-        Work(tasks, request, &report);
+        Work(tasks, request, report);
     }
-    report.Summary(tasks.size(), HBIsInterrupted());
-    TellCounts(report, request, tasks.size());
-    const int code = ExitCode(report);
+    const int code = Finish(*report);
     if (code == HBAllDone && !request.resume && writes)
         journal.Remove();
     return code;
@@ -241,16 +220,28 @@ bool HBReadTarget(const HBReplayOptions& options, HBReplayTarget* target, HBPhot
 int HBReplayApply(const HBReplayOptions& options)
 {
     Request request;
-    QVector<HBReplayInput> inputs;
     QString problem;
-    if (!ReadRequest(options, &request, &problem) || !HBFindInputs(request.choice, &inputs, &problem)) {
+    if (!ReadRequest(options, &request, &problem)) {
         HBPrintError(problem);
         return HBBadUsage;
     }
-    if (inputs.isEmpty()) {
+    const HBReplayReport::Kind kind = request.work.verifies ? HBReplayReport::Verifies
+                                      : request.dryRun      ? HBReplayReport::Plans
+                                                            : HBReplayReport::Writes;
+    const auto report = std::make_shared<HBReplayReport>(kind, request.json, request.shard, request.recipeHash,
+                                                         request.work.recipe.steps.size());
+    HBSetLastWords([report] { return report->LastWords(); });
+    QVector<HBReplayInput> inputs;
+    if (!HBFindInputs(request.choice, &inputs, &problem)) {
+        HBPrintError(problem);
+        return HBBadUsage;
+    }
+    if (inputs.isEmpty() && !HBIsInterrupted()) {
+        if (request.json)
+            report->Summary();
         HBPrintError(Text::tr("no photo was found there"));
         return HBNothingMatched;
     }
-    HBWatchInterrupts(); // until here nothing is lost when the signal ends the process
-    return Run(request, inputs);
+    report->SetExtent(inputs.size(), 0);
+    return Run(request, inputs, report.get());
 }

@@ -35,7 +35,7 @@ QString HBReplayBounds::Problem(const QSize& size, qint64 fileBytes, const HBRec
             .arg(number(millions))
             .arg(fileBytes);
     }
-    const qint64 bytes = pixels * BytesPerPixel + recipe.Memory();
+    const qint64 bytes = pixels * BytesPerPixel + recipe.Memory(pixels);
     if (bytes > memory) {
         return Text::tr("it needs about %1 MB of memory, more than %2 MB; allow it with --memory")
             .arg(bytes >> 20)

@@ -169,12 +169,12 @@ QString ZshOption(const HBReplayOption& option)
     }
     const QStringList names = Spellings(option);
     const QString before = option.repeats ? "*" : '(' + names.join(' ') + ')';
-    QStringList specifications;
+    QStringList entries;
     for (const QString& name : names) {
         const char* end = value == Value::None ? "" : name.startsWith("--") ? "=" : "+";
-        specifications.append(Quoted(before + name + end + behind));
+        entries.append(Quoted(before + name + end + behind));
     }
-    return specifications.join(' ');
+    return entries.join(' ');
 }
 
 QString ZshArguments(const HBReplayCommand& command)

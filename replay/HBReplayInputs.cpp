@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayInputs.h"
 
+#include "HBFileNames.h"
+#include "HBInterrupt.h"
+
 #include <KMImageFileManager.h>
 
 #include <QCoreApplication>
@@ -90,7 +93,8 @@ private:
         const bool skipsResults = !m_Results.isEmpty() && !LiesWithin(canonical, m_Results);
         QStringList names;
         QStringList folders{QString()};
-        while (!folders.isEmpty()) { // a stack of our own: an iterator would enter the results
+        while (!folders.isEmpty() &&
+               !HBIsInterrupted()) { // a stack of our own: an iterator would enter the results
             const QString inner = folders.takeLast();
             const QFileInfo entered(folder + '/' + inner);
             if (!entered.isReadable() || !entered.isExecutable()) {
@@ -100,7 +104,7 @@ private:
             }
             // Links to nowhere, too, are files that get an answer.
             QDirIterator files(entered.filePath(), QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot);
-            while (files.hasNext()) {
+            while (files.hasNext() && !HBIsInterrupted()) {
                 files.next();
                 const QFileInfo info = files.fileInfo();
                 const QString name = inner + info.fileName();
@@ -112,11 +116,18 @@ private:
                     folders.append(name + '/');
                 }
             }
+            for (const QString& name : HBNamesUnknownToQt(folder + '/' + inner)) {
+                const bool wanted = name.endsWith('/') ? m_Choice.recursive
+                                                       : m_Suffixes.contains(QFileInfo(name).suffix().toLower());
+                if (wanted)
+                    names.append(inner + name);
+            }
         }
         std::sort(names.begin(), names.end());
         const QString prefix = folder == "." ? QString() : folder.endsWith('/') ? folder : folder + '/';
-        return std::all_of(names.begin(), names.end(),
-                           [&](const QString& name) { return AddFile(prefix + name, name, problem); });
+        return std::all_of(names.begin(), names.end(), [&](const QString& name) {
+            return HBIsInterrupted() || AddFile(prefix + name, name, problem);
+        });
     }
 
     const HBInputChoice& m_Choice;
@@ -151,9 +162,15 @@ bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QStri
         *problem = Text::tr("%1: the list of files cannot be read").arg(path);
         return false;
     }
-    for (const QByteArray& name : bytes.split(endsWithNul ? '\0' : '\n')) {
-        if (!name.isEmpty())
-            names->append(QFile::decodeName(name));
+    const char end = endsWithNul ? '\0' : '\n';
+    const char mark[] = "\xef\xbb\xbf"; // what Windows puts before UTF-8
+    for (int first = !endsWithNul && bytes.startsWith(mark) ? 3 : 0; first < bytes.size();) {
+        const int found = bytes.indexOf(end, first);
+        const int next = found < 0 ? bytes.size() : found;
+        const bool isOfWindows = found > first && !endsWithNul && bytes[found - 1] == '\r';
+        if (next - isOfWindows > first)
+            names->append(HBDecodedFileName(bytes.mid(first, next - isOfWindows - first)));
+        first = next + 1;
     }
     return true;
 }
@@ -169,7 +186,7 @@ bool HBFindInputs(const HBInputChoice& choice, QVector<HBReplayInput>* inputs, Q
     if (!choice.listFile.isEmpty() && !HBReadList(choice.listFile, choice.endsWithNul, &listed, problem))
         return false;
     if (!std::all_of(listed.begin(), listed.end(),
-                     [&](const QString& path) { return search.Add(path, true, problem); }))
+                     [&](const QString& path) { return HBIsInterrupted() || search.Add(path, true, problem); }))
         return false;
     if (choice.paths.size() + listed.size() > 1)
         RemoveRepeated(inputs);

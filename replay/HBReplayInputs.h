@@ -30,5 +30,5 @@ struct HBInputChoice
 /// suffix of a photo and are not hidden; links to folders are not followed. Files named need not be there.
 bool HBFindInputs(const HBInputChoice& choice, QVector<HBReplayInput>* inputs, QString* problem);
 
-/// The names that a list file holds.
+/// The names that a list file holds. Lines may end as on Windows.
 bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QString* problem);

@@ -26,6 +26,14 @@ void Print(const QString& text)
     std::fputs(qPrintable(text), stderr);
 }
 
+QString ErrorLine(const QString& text)
+{
+    // no-color.org: any value that is not empty
+    static const bool coloured = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+                                 qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
+    return (coloured ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n';
+}
+
 } // namespace
 
 HBReplayLog::HBReplayLog(int files) : m_Files(files), m_Terminal(isatty(STDERR_FILENO)) {}
@@ -56,10 +64,12 @@ void HBReplayLog::Message(const QString& text)
 
 void HBPrintError(const QString& text)
 {
-    // no-color.org: any value that is not empty
-    static const bool coloured = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
-                                 qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
-    Print((coloured ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n');
+    Print(ErrorLine(text));
+}
+
+QByteArray HBLastErrorLine(const QString& text)
+{
+    return ((isatty(STDERR_FILENO) ? ClearLine : "") + ErrorLine(text)).toLocal8Bit();
 }
 
 int HBFinishOutput(int code)

@@ -27,6 +27,9 @@ private:
 /// set.
 void HBPrintError(const QString& text);
 
+/// What HBPrintError() would print, in the place of the line that changes, if there is one.
+QByteArray HBLastErrorLine(const QString& text);
+
 /// At the end of the program: what has been printed on standard output is with its reader, or the user is told.
 /// \return the exit code, which is then not 0
 int HBFinishOutput(int code);

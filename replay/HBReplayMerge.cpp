@@ -38,12 +38,14 @@ public:
         }
         bool isWhole = false;
         bool isReport = false;
+        bool isPlan = false;
         while (!file.atEnd()) {
             const QByteArray bytes = file.readLine();
             const QJsonObject line = QJsonDocument::fromJson(bytes).object(); // empty if it is torn
             const QString type = line.value("type").toString();
             isWhole = type == "summary" && !line.value("interrupted").toBool();
             isReport |= type == "summary" || type == "file";
+            isPlan |= line.value("dryRun").toBool() || line.value("status") == "planned";
             if (type == "file")
                 AddFile(line, bytes);
             else if (type == "summary")
@@ -53,7 +55,9 @@ public:
             *problem = Text::tr("%1: this is not a report").arg(path);
             return false;
         }
-        if (!isWhole)
+        if (isPlan)
+            HBPrintError(Text::tr("%1: this is the report of a dry run, which does nothing").arg(path));
+        else if (!isWhole)
             m_Torn.append(path);
         return true;
     }
@@ -69,6 +73,7 @@ public:
         if (m_Recipes.size() > 1)
             HBPrintError(Text::tr("the reports are of different recipes"));
         QJsonArray failed;
+        QJsonArray missing;
         QJsonArray twice;
         int done = 0;
         bool differ = m_Recipes.size() > 1;
@@ -77,6 +82,8 @@ public:
             m_Expected.remove(entry.key());
             if (entry->isDone)
                 ++done;
+            else if (entry->isPlanned)
+                Tell(entry.key(), Text::tr("missing: no report but a dry run's names it"), &missing);
             else
                 Tell(entry.key(), entry->error, &failed);
             if (entry->times > 1)
@@ -84,7 +91,6 @@ public:
                      entry->differs ? Text::tr("done twice, and not the same") : Text::tr("done twice"), &twice);
             differ |= entry->differs;
         }
-        QJsonArray missing;
         QStringList expected = m_Expected.values();
         expected.sort();
         for (const QString& path : expected)
@@ -121,18 +127,24 @@ private:
         QByteArray result;
         QString error;
         bool isDone = false;
-        int times = 0; ///< that it was done
+        bool isPlanned = false; ///< and nothing else is known
+        int times = 0;          ///< that it was done
         bool differs = false;
     };
 
     void AddFile(const QJsonObject& line, const QByteArray& bytes)
     {
-        Entry& entry = m_Files[QDir::cleanPath(line.value("input").toString())];
         const QString status = line.value("status").toString();
+        const QString input = QDir::cleanPath(line.value("input").toString());
+        const bool isPlanned = status == "planned";
+        if (isPlanned && m_Files.contains(input))
+            return;
+        Entry& entry = m_Files[input];
         m_Recipes.insert(line.value("recipe").toString());
         const bool isDone = status == "done";
         if (!isDone && entry.isDone)
             return;
+        entry.isPlanned = isPlanned;
         if (isDone) {
             const QByteArray result = line.value("result").toString().toLatin1();
             entry.differs |= entry.times++ > 0 && entry.result != result;
@@ -147,7 +159,8 @@ private:
     {
         m_Inputs = qMax(m_Inputs, line.value("inputs").toInt());
         const QStringList shard = line.value("shard").toString().split('/');
-        if (shard.size() == 2 && !line.value("interrupted").toBool())
+        const bool isEnd = !line.value("interrupted").toBool() && !line.value("dryRun").toBool();
+        if (shard.size() == 2 && isEnd)
             m_Shards[shard[1].toInt()].insert(shard[0].toInt());
     }
 

@@ -252,10 +252,9 @@ const std::vector<HBReplayOption>& HBReplayOptionTable()
          Photos, nullptr},
         {"jobs", 'j', "N", QT_TRANSLATE_NOOP("PanelReplay", "Use so many cores; default: all."), Photos, nullptr},
         {"memory", 0, "SIZE",
-         QT_TRANSLATE_NOOP(
-             "PanelReplay",
-             "Memory for pictures, as 800M or 4G; default: half of the machine's. A photo that needs more is "
-             "refused."),
+         QT_TRANSLATE_NOOP("PanelReplay", "Memory for pictures, as 800M or 4G; default: half of what the machine "
+                                          "has, or the container. A photo "
+                                          "that needs more is refused."),
          Photos, nullptr},
         {"max-seconds-per-file", 0, "N",
          QT_TRANSLATE_NOOP("PanelReplay",

@@ -91,12 +91,8 @@ void HBReplayPipeline::Run()
         }
     }
     lock.unlock();
-    if (HBIsInterrupted()) {
+    if (HBIsInterrupted())
         FinishInterrupted();
-        m_Log.Message(Text::tr("interrupted; %1 of %2 photos were written")
-                          .arg(m_pReport->Count(HBReplayResult::Done))
-                          .arg(m_Tasks.size()));
-    }
 }
 
 bool HBReplayPipeline::HasThreadsLeft()
@@ -142,6 +138,7 @@ void HBReplayPipeline::StartThread(const std::shared_ptr<Work>& work)
         --(work->saving ? m_Saving : m_Running);
         m_Bytes -= work->bytes;
         if (!work->givenUp) {
+            work->isCutShort = HBIsInterrupted() && result.status == HBReplayResult::Failed;
             work->result = result;
             work->done = true;
             m_HasFailure |= result.status == HBReplayResult::Failed;
@@ -169,10 +166,15 @@ bool HBReplayPipeline::IsRefused(Work& work)
         }
         work.bytes = 0;
     }
-    const bool skips = task.kind == HBReplayTask::Skip;
-    work.result.status = skips ? HBReplayResult::Skipped : HBReplayResult::Failed;
-    work.result.error = skips ? reason : task.input + ": " + reason;
+    Refuse(work, reason);
     return true;
+}
+
+void HBReplayPipeline::Refuse(Work& work, const QString& reason)
+{
+    const bool skips = work.task.kind == HBReplayTask::Skip;
+    work.result.status = skips ? HBReplayResult::Skipped : HBReplayResult::Failed;
+    work.result.error = skips ? reason : work.task.input + ": " + reason;
 }
 
 bool HBReplayPipeline::HasRoomFor(qint64 bytes) const
@@ -273,13 +275,21 @@ void HBReplayPipeline::GiveUpWhatTakesTooLong()
     }
 }
 
+/// Tells what is known; the rest was not tried.
 void HBReplayPipeline::FinishInterrupted()
 {
     std::unique_lock<std::mutex> lock(m_Mutex);
     for (const std::shared_ptr<Work>& work : m_Works) {
         m_Changed.wait(lock, [&] { return work->done || !work->saving; }); // soon
-        if (work->done && work->result.status == HBReplayResult::Done)
+        if (work->done && !work->isCutShort)
             Tell(*work);
+    }
+    for (int i = m_Next; i < m_Tasks.size(); ++i) {
+        if (m_Tasks[i].kind == HBReplayTask::Do)
+            continue;
+        Work work(m_Tasks[i]);
+        Refuse(work, work.task.reason);
+        Tell(work);
     }
 }
 

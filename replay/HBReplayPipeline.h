@@ -45,7 +45,7 @@ public:
 
     /// Does the tasks; messages and the report come in their order. After an interrupt it ends at once, though
     /// threads may still read, adjust or encode: what has begun to go to the disk is whole, nothing else will go
-    /// there.
+    /// there. The report tells what is done or known to fail by then.
     void Run();
     /// Whether such threads are left: then the process must end without waiting for them.
     bool HasThreadsLeft();
@@ -63,11 +63,13 @@ private:
         std::atomic<bool> givenUp{false}; ///< took too long: its thread is on its own now
         bool saving = false;              ///< it goes to the disk
         bool done = false;
+        bool isCutShort = false; ///< it failed because the run was interrupted
     };
 
     void Start();
     void StartThread(const std::shared_ptr<Work>& work);
     bool IsRefused(Work& work);
+    static void Refuse(Work& work, const QString& reason);
     bool HasRoomFor(qint64 bytes) const;
     HBReplayResult Do(Work& work);
     bool MaySave(Work& work, const HBFileState& photo, const QByteArray& bytes, QString* reason);
@@ -85,7 +87,7 @@ private:
 
     std::mutex m_Mutex;
     std::condition_variable m_Changed;
-    // These, and `result`, `saving` and `done` of each work, are guarded by the mutex.
+    // These, and `result`, `saving`, `done` and `isCutShort` of each work, are guarded by the mutex.
     int m_Running = 0;  ///< photos that take a core
     int m_Saving = 0;   ///< photos that only wait for the disk
     qint64 m_Bytes = 0; ///< what the photos at work take

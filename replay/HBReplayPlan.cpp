@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayPlan.h"
 
+#include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayJournal.h"
 
@@ -110,6 +111,8 @@ private:
             task->output = earlier;
             return Set(task, HBReplayTask::Skip, Text::tr("it was done in an earlier run"));
         }
+        if (!HBIsFileName(task->input))
+            return Set(task, HBReplayTask::Refuse, Text::tr("its name is not UTF-8, which Qt 6 needs"));
         const QFileInfo input(task->input);
         if (!input.exists())
             return Set(task, HBReplayTask::Refuse, Text::tr("there is no such file"));
@@ -200,11 +203,13 @@ bool HBPlanReplay(const QVector<HBReplayInput>& inputs, const HBReplayTarget& ta
 
 bool HBPrepareFolders(const HBReplayTarget& target, bool dryRun, QVector<HBReplayTask>* tasks, QString* problem)
 {
+    if (HBIsInterrupted())
+        return true;
     if (!Prepare(target.folder, dryRun, problem))
         return false;
     QHash<QString, QString> problems; // of folders
     for (HBReplayTask& task : *tasks) {
-        if (task.kind != HBReplayTask::Do)
+        if (task.kind != HBReplayTask::Do || HBIsInterrupted())
             continue;
         const QString folder = QFileInfo(task.output).path();
         auto known = problems.constFind(folder);

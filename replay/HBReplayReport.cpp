@@ -4,17 +4,25 @@
 
 #include "HBFileNames.h"
 #include "HBJsonLine.h"
+#include "HBReplayLog.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 
 #include <cstdio>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace
 {
 
-constexpr const char* statusNames[] = {"done", "skipped", "failed"};
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
+};
+
+constexpr const char* statusNames[] = {"done", "skipped", "failed", "planned"};
 
 void Print(const QByteArray& line)
 {
@@ -27,17 +35,29 @@ double Rounded(double seconds)
     return qRound64(seconds * 1e4) / 1e4;
 }
 
+qint64 PeakMemory()
+{
+    struct rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return qint64(usage.ru_maxrss) << 10;
+}
+
 } // namespace
 
-HBReplayReport::HBReplayReport(bool json, const HBShard& shard, const QByteArray& recipeHash, int steps,
-                               int inputs)
-    : m_Json(json)
+HBReplayReport::HBReplayReport(Kind kind, bool json, const HBShard& shard, const QByteArray& recipeHash, int steps)
+    : m_Kind(kind)
+    , m_Json(json)
     , m_Shard(shard)
     , m_RecipeHash(recipeHash)
     , m_Steps(steps)
-    , m_Inputs(inputs)
 {
     m_Since.start();
+}
+
+void HBReplayReport::SetExtent(int inputs, int tasks)
+{
+    m_Inputs = inputs;
+    m_Tasks = tasks;
 }
 
 QJsonObject HBReplayReport::Head(const HBReplayTask& task, const char* status) const
@@ -75,16 +95,15 @@ void HBReplayReport::File(const HBReplayTask& task, const HBReplayResult& result
 
 void HBReplayReport::Planned(const HBReplayTask& task)
 {
-    constexpr HBReplayResult::Status counted[] = {HBReplayResult::Done, HBReplayResult::Skipped,
-                                                  HBReplayResult::Failed};
-    const HBReplayResult::Status status = counted[task.kind];
+    const HBReplayResult::Status status = task.kind == HBReplayTask::Do     ? HBReplayResult::Planned
+                                          : task.kind == HBReplayTask::Skip ? HBReplayResult::Skipped
+                                                                            : HBReplayResult::Failed;
     ++m_Counts[status];
-    const bool isPlanned = task.kind == HBReplayTask::Do;
     if (m_Json) {
-        QJsonObject line = Head(task, isPlanned ? "planned" : statusNames[status]);
+        QJsonObject line = Head(task, statusNames[status]);
         line.insert("error", task.reason.isEmpty() ? QJsonValue() : task.reason);
         Print(HBJsonLine(line));
-    } else if (isPlanned) {
+    } else if (status == HBReplayResult::Planned) {
         // Other programs get the very bytes.
         const bool terminal = isatty(STDOUT_FILENO);
         const auto shown = [terminal](const QString& path) {
@@ -94,19 +113,45 @@ void HBReplayReport::Planned(const HBReplayTask& task)
     }
 }
 
-void HBReplayReport::Summary(int tasks, bool interrupted) const
+QByteArray HBReplayReport::SummaryLine(bool interrupted) const
 {
-    if (!m_Json)
-        return;
     QJsonObject line{{"type", "summary"},
-                     {"inputs", m_Inputs},
-                     {"tasks", tasks},
+                     {"inputs", m_Inputs.load()},
+                     {"tasks", m_Tasks.load()},
                      {"shard", m_Shard.ToString()},
                      {"steps", m_Steps},
                      {"recipe", QString::fromLatin1(m_RecipeHash)},
                      {"seconds", Rounded(m_Since.elapsed() / 1e3)},
+                     {"peakMemory", PeakMemory()},
+                     {"dryRun", m_Kind == Plans},
                      {"interrupted", interrupted}};
-    for (int status = 0; status < 3; ++status)
-        line.insert(statusNames[status], m_Counts[status]);
-    Print(HBJsonLine(line));
+    for (int status = 0; status < 4; ++status)
+        line.insert(statusNames[status], m_Counts[status].load());
+    return HBJsonLine(line);
+}
+
+QString HBReplayReport::Counts() const
+{
+    const int done = m_Counts[m_Kind == Plans ? HBReplayResult::Planned : HBReplayResult::Done];
+    const int skipped = m_Counts[HBReplayResult::Skipped];
+    const int failed = m_Counts[HBReplayResult::Failed];
+    const QString text = m_Kind == Verifies ? Text::tr("%1 are the same, %2 skipped, %3 failed")
+                         : m_Kind == Plans  ? Text::tr("%1 would be written, %2 skipped, %3 would fail")
+                                            : Text::tr("%1 written, %2 skipped, %3 failed");
+    const int untried = m_Tasks - done - skipped - failed;
+    return text.arg(done).arg(skipped).arg(failed) +
+           (untried > 0 ? Text::tr(", %1 not tried").arg(untried) : QString());
+}
+
+void HBReplayReport::Summary() const
+{
+    if (m_Json)
+        Print(SummaryLine(false));
+    if (isatty(STDERR_FILENO) || m_Counts[HBReplayResult::Skipped] + m_Counts[HBReplayResult::Failed] > 0)
+        HBPrintError(Counts());
+}
+
+HBLastWords HBReplayReport::LastWords() const
+{
+    return {HBLastErrorLine(Text::tr("interrupted; %1").arg(Counts())), m_Json ? SummaryLine(true) : QByteArray()};
 }

@@ -39,6 +39,7 @@ bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& ta
         return false;
     // Other programs get the very bytes.
     std::puts(qPrintable(isatty(STDOUT_FILENO) ? HBShownOnTerminal(path) : path));
+    std::fflush(stdout); // an interrupt ends the process as it is
     return true;
 }
 
@@ -73,14 +74,18 @@ bool Demonstrate(const HBAdjustment& adjustment, const HBImage<>& image, const Q
 
 } // namespace
 
-int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPhotoOptions& options)
+int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPhotoOptions& chosen)
 {
     HBPhoto original;
     QString error;
-    if (!HBReadPhoto(photo, &original, &error)) {
-        HBPrintError(error);
+    const auto isWanted = [] { return !HBIsInterrupted(); };
+    if (!HBReadPhoto(photo, &original, &error, isWanted)) {
+        if (!HBIsInterrupted())
+            HBPrintError(error);
         return 1;
     }
+    HBPhotoOptions options = chosen;
+    options.mayWrite = [&](const QByteArray&) { return isWanted(); };
     for (const QString& warning : original.warnings)
         HBPrintError(photo + ": " + warning);
     const QString name = QFileInfo(photo).fileName();
@@ -104,7 +109,7 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
     HBReplayTarget png = target;
     png.suffix = "png";
     const HBImage<> sheet = HBImage<>::FromQImage(HBContactSheet(contacts));
-    if (!Write(png.PathFor(name, "-contact-sheet"), sheet, png, options, &error)) {
+    if (!Write(png.PathFor(name, "-contact-sheet"), sheet, png, options, &error) && !HBIsInterrupted()) {
         log.Message(error);
         ++failed;
     }

@@ -23,6 +23,7 @@ struct Scheduler
     const char* last;
     const char* step;
     const char* count; ///< of tasks that are numbered from 0, or from `first`; null: not told
+    bool mayStartAtOne = false;
 };
 
 constexpr Scheduler schedulers[] = {
@@ -31,8 +32,8 @@ constexpr Scheduler schedulers[] = {
     {"SGE_TASK_ID", "SGE_TASK_FIRST", "SGE_TASK_LAST", "SGE_TASK_STEPSIZE",
      nullptr}, // "undefined" outside an array
     {"AWS_BATCH_JOB_ARRAY_INDEX", nullptr, nullptr, nullptr, "AWS_BATCH_JOB_ARRAY_SIZE"},
-    {"PBS_ARRAY_INDEX", nullptr, nullptr, nullptr, nullptr},
-    {"PBS_ARRAYID", nullptr, nullptr, nullptr, nullptr},
+    {"PBS_ARRAY_INDEX", nullptr, nullptr, nullptr, nullptr, true},
+    {"PBS_ARRAYID", nullptr, nullptr, nullptr, nullptr, true},
     {"JOB_COMPLETION_INDEX", nullptr, nullptr, nullptr, nullptr}, // Kubernetes
 };
 
@@ -90,10 +91,14 @@ bool ReadEnvironment(int count, HBShard* shard, QString* problem)
             return fail(Text::tr("the array has %1 tasks, not %2").arg(told).arg(count));
         const int size = told ? told : count;
         const int position = (index - first) / step;
-        // Where the first number is not known, any N that follow each other give every share once.
-        *shard = {(told ? position : position % size) + 1, size};
+        // From 0 or from 1: either way every share is there once. A higher number is one of an array with a step,
+        // of which the task is told nothing: by its number some shares would be done twice, and others never.
+        *shard = {(scheduler.mayStartAtOne && position == size ? 0 : position) + 1, size};
         return (shard->index >= 1 && shard->index <= size && size <= MaximumCount) ||
-               fail(Text::tr("task %1 is none of %2").arg(index).arg(size));
+               fail(Text::tr(
+                        "task %1 is none of %2 that are numbered without gaps; name the share with --shard I/N")
+                        .arg(index)
+                        .arg(size));
     }
     return fail(Text::tr("this is no task of a job array; name the share with --shard I/N"));
 }

@@ -69,9 +69,10 @@ int Sheet(const HBReplayOptions& options)
         return Refuse(problem);
     if (!QDir().mkpath(target.folder))
         return Refuse(Text::tr("%1: the folder cannot be made").arg(target.folder));
-    HBWatchInterrupts();
     const int failed = HBReplaySheet(options.Arguments().first(), target, photo);
-    return HBIsInterrupted() ? HBWasInterrupted : failed == 0 ? HBAllDone : HBFileFailed;
+    if (HBIsInterrupted())
+        HBEndInterrupted();
+    return failed == 0 ? HBAllDone : HBFileFailed;
 }
 
 int Help(const HBReplayOptions& options)
@@ -109,6 +110,7 @@ int Run(const HBReplayOptions& options)
 
 int main(int argc, char* argv[])
 {
+    HBWatchInterrupts();
     std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit fails by itself, not the whole batch
     UseUtf8WithoutLocale();
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -126,7 +128,11 @@ int main(int argc, char* argv[])
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments.append(QFile::decodeName(argv[i]));
+        arguments.append(HBDecodedFileName(argv[i]));
+    for (const QString& argument : arguments) {
+        if (!HBIsFileName(argument))
+            return Refuse(Text::tr("%1 is not UTF-8, which Qt 6 needs").arg(argument));
+    }
     HBReplayOptions options;
     QString problem;
     if (!options.Parse(arguments, &problem))

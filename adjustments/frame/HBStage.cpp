@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBStage.h"
 
+#include "HBSilentControl.h"
+
 #include <QCoreApplication>
 
 #include <new>
@@ -12,17 +14,6 @@ namespace
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(HBAdjustment)
-};
-
-/// Passes cancelling on, and no progress.
-class Silent : public HBJobControl
-{
-public:
-    explicit Silent(const HBJobControl* listener) : m_pListener(listener) {}
-    bool IsCancelled() const override { return HBIsCancelled(m_pListener); }
-
-private:
-    const HBJobControl* m_pListener;
 };
 
 /// Tells a pass that stands for several as so many ranges, one after the other.
@@ -127,7 +118,7 @@ public:
         for (const std::shared_ptr<HBPictureLook>& look : looks)
             look->Begin(target.source);
         Ranges ranges(m_pControl, pass.ranges);
-        Silent silent(m_pControl);
+        HBSilentControl silent(m_pControl);
         HBJobControl* const control = pass.ignoresSelection ? static_cast<HBJobControl*>(&silent) : &ranges;
         m_Outcome = HBWalkTiles(
             target,
@@ -186,7 +177,7 @@ HBAdjustmentError::HBAdjustmentError(const QString& reason)
 HBAdjustmentError::~HBAdjustmentError() = default;
 
 QString HBFailureReason(const HBOutcome& outcome)
-{
+try {
     if (!outcome.exception)
         return {};
     try {
@@ -200,6 +191,8 @@ QString HBFailureReason(const HBOutcome& outcome)
     } catch (...) {
         return Text::tr("the adjustment failed");
     }
+} catch (const std::bad_alloc&) {
+    return QStringLiteral("there is not enough memory"); // takes none, not even for a translation
 }
 
 HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control,

@@ -12,14 +12,21 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
+
 namespace
 {
 
 constexpr char Format[] = "adjustment-recipe";
-constexpr int Version = 1;
+constexpr int FirstVersion = 1;
+constexpr int Version = 2; // steps may be off, or in part, or on a selection
 // A recipe may be anybody's file: no recipe made by hand comes near these.
 constexpr int MaximumBytes = 16 << 20;
 constexpr int MaximumSteps = 1000;
+
+constexpr QLatin1String OnKey("on");
+constexpr QLatin1String AmountKey("amount");
+constexpr QLatin1String SelectionKey("selection");
 
 struct Text
 {
@@ -32,7 +39,37 @@ bool Fail(QString* error, const QString& text)
     return false;
 }
 
-bool ReadStep(const QJsonValue& value, int index, HBRecipeStep* step, QString* error)
+/// What a step of version 2 says besides the values, and out of them.
+bool TakeManner(HBRecipeStep* step, QString* reason)
+{
+    const QJsonValue on = step->values.take(OnKey);
+    const QJsonValue amount = step->values.take(AmountKey);
+    const QJsonValue selection = step->values.take(SelectionKey);
+    if (!on.isUndefined() && !on.isBool())
+        return Fail(reason, Text::tr("whether it is on is neither true nor false"));
+    step->on = on.toBool(true);
+    step->amount = amount.toInt(HBRecipeStep::MaximumAmount);
+    if (!amount.isUndefined() &&
+        (amount.toInt(-1) != amount.toDouble() || step->amount < 0 || step->amount > HBRecipeStep::MaximumAmount))
+        return Fail(reason, Text::tr("its amount is not a whole number from 0 to 100"));
+    return selection.isUndefined() || HBSelectionShape::FromJson(selection, &step->selection, reason);
+}
+
+QJsonObject JsonOf(const HBRecipeStep& step, int version)
+{
+    QJsonObject object = step.values;
+    if (version > FirstVersion) {
+        for (const QLatin1String& key : {OnKey, AmountKey, SelectionKey})
+            object.remove(key); // read in version 1 it meant nothing
+        const QJsonObject manner = step.Manner();
+        for (auto member = manner.begin(); member != manner.end(); ++member)
+            object.insert(member.key(), member.value());
+    }
+    object.insert("panel", step.panel);
+    return object;
+}
+
+bool ReadStep(const QJsonValue& value, int version, int index, HBRecipeStep* step, QString* error)
 {
     if (!value.isObject())
         return HBFailStep(error, index, {}, Text::tr("it is not an object"));
@@ -41,6 +78,9 @@ bool ReadStep(const QJsonValue& value, int index, HBRecipeStep* step, QString* e
     if (!panel.isString() || panel.toString().isEmpty())
         return HBFailStep(error, index, {}, Text::tr("it does not name its panel"));
     step->panel = panel.toString();
+    QString reason;
+    if (version > FirstVersion && !TakeManner(step, &reason))
+        return HBFailStep(error, index, step->panel, reason);
     std::any record;
     return HBReadStep(*step, index, &record, error) != nullptr;
 }
@@ -55,12 +95,30 @@ bool CheckHead(const QJsonObject& head, QString* error)
                                .arg(version)
                                .arg(Version));
     }
-    if (version != Version)
+    if (version != int(version) || version < FirstVersion)
         return Fail(error, Text::tr("The recipe has no valid version."));
     return true;
 }
 
 } // namespace
+
+QJsonObject HBRecipeStep::Manner() const
+{
+    QJsonObject manner;
+    if (!on)
+        manner.insert(OnKey, false);
+    if (amount != MaximumAmount)
+        manner.insert(AmountKey, amount);
+    if (!selection.IsNone())
+        manner.insert(SelectionKey, selection.ToJson());
+    return manner;
+}
+
+bool HBRecipeStep::operator==(const HBRecipeStep& other) const
+{
+    return panel == other.panel && values == other.values && on == other.on && amount == other.amount &&
+           selection == other.selection;
+}
 
 bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error)
 {
@@ -73,6 +131,7 @@ bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error
     const QJsonObject head = document.object();
     if (!CheckHead(head, error))
         return false;
+    const int version = head.value("version").toInt();
     const QJsonArray steps = head.value("steps").toArray();
     if (steps.isEmpty())
         return Fail(error, Text::tr("The recipe has no steps."));
@@ -84,7 +143,7 @@ bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error
     HBRecipe read;
     for (int i = 0; i < steps.size(); ++i) {
         HBRecipeStep step;
-        if (!ReadStep(steps.at(i), i, &step, error))
+        if (!ReadStep(steps.at(i), version, i, &step, error))
             return false;
         read.steps.append(step);
     }
@@ -94,13 +153,13 @@ bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error
 
 QByteArray HBRecipe::ToJson() const
 {
+    const bool isPlain =
+        std::all_of(steps.begin(), steps.end(), [](const HBRecipeStep& step) { return step.Manner().isEmpty(); });
+    const int version = isPlain ? FirstVersion : Version;
     QJsonArray array;
-    for (const HBRecipeStep& step : steps) {
-        QJsonObject object = step.values;
-        object.insert("panel", step.panel);
-        array.append(object);
-    }
-    const QJsonObject head{{"format", Format}, {"version", Version}, {"steps", array}};
+    for (const HBRecipeStep& step : steps)
+        array.append(JsonOf(step, version));
+    const QJsonObject head{{"format", Format}, {"version", version}, {"steps", array}};
     return QJsonDocument(head).toJson();
 }
 

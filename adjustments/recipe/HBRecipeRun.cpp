@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBRecipeSteps.h"
+#include "HBStepManner.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <thread>
 
 namespace
@@ -15,30 +17,67 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(HBRecipe)
 };
 
-/// The steps with their records, and which step each stage belongs to.
+/// The steps that are on with their records, in legs: each is done in a run of its own, because what it works on is
+/// another.
 class Plan
 {
 public:
-    bool Read(const HBRecipe& recipe, QString* error)
+    struct Leg
     {
-        m_Steps.resize(std::size_t(recipe.steps.size()));
+        int first;
+        int last; ///< the same where a step has a selection, or an amount that its stages cannot have within them
+    };
+
+    bool Read(const HBRecipe& recipe, bool selected, QString* error)
+    {
         for (int i = 0; i < recipe.steps.size(); ++i) {
-            Step& step = m_Steps[std::size_t(i)];
-            step.adjustment = HBReadStep(recipe.steps.at(i), i, &step.record, error);
+            Step step{&recipe.steps.at(i), i, nullptr, {}, false};
+            step.adjustment = HBReadStep(*step.stored, i, &step.record, error);
             if (!step.adjustment)
                 return false;
+            if (!step.stored->on)
+                continue;
+            const bool whole = step.stored->selection.IsNone();
+            step.isOne = whole && step.IsInPart() && !selected && CanBecomeOne(step);
+            const bool alone = !whole || (step.IsInPart() && !step.isOne);
+            const bool joins = !alone && !m_Legs.empty() && !m_LastAlone;
+            m_Steps.push_back(step);
+            if (joins)
+                ++m_Legs.back().last;
+            else
+                m_Legs.push_back({int(m_Steps.size()) - 1, int(m_Steps.size()) - 1});
+            m_LastAlone = alone;
         }
         return true;
     }
 
-    HBStages MakeStages(bool selected)
+    const std::vector<Leg>& Legs() const { return m_Legs; }
+    int StepCount() const { return int(m_Steps.size()); }
+    const HBSelectionShape& SelectionOf(const Leg& leg) const { return StepAt(leg.first).stored->selection; }
+    /// What of the leg is to be left; all where its stages see to that.
+    int AmountOf(const Leg& leg) const
+    {
+        const Step& step = StepAt(leg.first);
+        return leg.first == leg.last && !step.isOne ? step.Amount() : HBRecipeStep::MaximumAmount;
+    }
+
+    HBStages MakeStages(const Leg& leg, bool selected)
     {
         HBStages stages;
-        for (m_Current = 0; m_Current < int(m_Steps.size()); ++m_Current) {
-            const Step& step = m_Steps[std::size_t(m_Current)];
-            for (HBStage& stage : step.adjustment->stages(step.record, selected)) {
-                // Without a selection there is none to ignore: the stage may join a pass, and its progress counts.
+        m_Owners.clear();
+        m_Ranges = AmountOf(leg) < HBRecipeStep::MaximumAmount ? 1 : 0; // of the blending
+        for (m_Current = leg.first; m_Current <= leg.last; ++m_Current) {
+            const Step& step = StepAt(m_Current);
+            HBStages own = step.adjustment->stages(step.record, selected);
+            // Without a selection there is none to ignore: the stage may join a pass, and its progress counts.
+            for (HBStage& stage : own)
                 stage.ignoresSelection = stage.ignoresSelection && selected;
+            if (step.isOne) {
+                HBStage one = HBAmountOf(std::move(own), step.Amount());
+                own.clear();
+                own.push_back(std::move(one));
+            }
+            for (HBStage& stage : own) {
                 m_Ranges += stage.ignoresSelection ? 0 : stage.ranges;
                 m_Owners.push_back(m_Current);
                 stages.push_back(std::move(stage));
@@ -48,7 +87,7 @@ public:
     }
 
     /// How many ranges of progress the stages tell.
-    int Ranges() const { return m_Ranges; }
+    int Ranges() const { return std::max(1, m_Ranges); }
 
     void NameFailure(const HBStageSpan& stages, const QString& reason, QString* error) const
     {
@@ -56,32 +95,50 @@ public:
         const int first = stages.IsEmpty() ? m_Current : m_Owners[std::size_t(stages.first)];
         const int last = stages.IsEmpty() ? m_Current : m_Owners[std::size_t(stages.last)];
         if (first == last)
-            HBFailStep(error, first, NameOf(first), reason);
+            NameFailure(first, reason, error);
         else
             *error = Text::tr("Steps %1 (%2) to %3 (%4): %5")
-                         .arg(QString::number(first + 1), NameOf(first), QString::number(last + 1), NameOf(last),
-                              reason);
+                         .arg(QString::number(StepAt(first).index + 1), NameOf(first),
+                              QString::number(StepAt(last).index + 1), NameOf(last), reason);
+    }
+    void NameFailure(int step, const QString& reason, QString* error) const
+    {
+        HBFailStep(error, StepAt(step).index, NameOf(step), reason);
     }
 
 private:
     struct Step
     {
-        const HBAdjustment* adjustment = nullptr;
+        const HBRecipeStep* stored;
+        int index; ///< in the recipe
+        const HBAdjustment* adjustment;
         std::any record;
+        bool isOne; ///< its stages are made one, which knows the amount
+
+        int Amount() const { return qBound(0, stored->amount, HBRecipeStep::MaximumAmount); }
+        bool IsInPart() const { return Amount() < HBRecipeStep::MaximumAmount; }
     };
 
-    QString NameOf(int step) const
+    static bool CanBecomeOne(const Step& step)
     {
-        return QString::fromLatin1(m_Steps[std::size_t(step)].adjustment->className);
+        try {
+            return HBCanBecomeOne(step.adjustment->stages(step.record, false));
+        } catch (...) {
+            return false; // it will fail again where it can be said
+        }
     }
+    const Step& StepAt(int index) const { return m_Steps[std::size_t(index)]; }
+    QString NameOf(int step) const { return QString::fromLatin1(StepAt(step).adjustment->className); }
 
     std::vector<Step> m_Steps;
+    std::vector<Leg> m_Legs;
     std::vector<int> m_Owners;
+    bool m_LastAlone = false;
     int m_Current = 0;
     int m_Ranges = 0;
 };
 
-/// Tells the ranges of all stages as one of 0 .. 1000.
+/// Tells the ranges of all stages of all legs as one of 0 .. 1000.
 class Thousandths : public HBJobControl
 {
 public:
@@ -91,6 +148,12 @@ public:
             m_pListener->SetRange(0, 1000);
     }
 
+    void Begin(const Plan::Leg& leg)
+    {
+        m_Base = 1000.0 * leg.first / m_Plan.StepCount();
+        m_Span = 1000.0 * (leg.last + 1 - leg.first) / m_Plan.StepCount();
+        m_Range = -1;
+    }
     bool IsCancelled() const override { return HBIsCancelled(m_pListener); }
     void SetRange(int, int maximum) override
     {
@@ -100,7 +163,7 @@ public:
     void SetProgress(int value) override
     {
         if (m_Maximum > 0)
-            Tell(int(1000 * (m_Range + double(value) / m_Maximum) / m_Plan.Ranges()));
+            Tell(int(m_Base + m_Span * (m_Range + double(value) / m_Maximum) / m_Plan.Ranges()));
     }
     void Tell(int done)
     {
@@ -111,10 +174,35 @@ public:
 private:
     HBJobControl* m_pListener;
     const Plan& m_Plan;
+    double m_Base = 0;
+    double m_Span = 0;
     int m_Range = -1;
     int m_Maximum = 0;
     int m_Told = 0;
 };
+
+/// Does a leg to the picture in the target; false with `error` set if it fails, and without it if cancelled.
+bool Run(Plan& plan, const Plan::Leg& leg, const HBImage<>& photo, HBTarget* target, Thousandths* control,
+         QString* error)
+try {
+    control->Begin(leg);
+    const HBTarget part =
+        plan.SelectionOf(leg).IsNone() ? *target : HBSelectIn(*target, plan.SelectionOf(leg), photo, control);
+    if (HBIsCancelled(control))
+        return false;
+    HBStageSpan failed;
+    HBOutcome outcome = HBRunStages(
+        part, [&] { return plan.MakeStages(leg, part.bounds.isValid()); }, control, &failed);
+    if (outcome.IsWhole() && plan.AmountOf(leg) < HBRecipeStep::MaximumAmount)
+        outcome = HBBlendAmount(target->source, plan.AmountOf(leg), outcome.image, control);
+    if (outcome.status == HBOutcome::Failed)
+        plan.NameFailure(failed, HBFailureReason(outcome), error);
+    target->source = outcome.image;
+    return outcome.IsWhole() && !HBIsCancelled(control);
+} catch (...) {
+    plan.NameFailure(leg.first, HBFailureReason({{}, HBOutcome::Failed, std::current_exception()}), error);
+    return false;
+}
 
 /// Asks a function whether to go on, on the thread that made this: it takes part in all work, and so comes by.
 class Asking : public HBJobControl
@@ -147,23 +235,24 @@ private:
 
 } // namespace
 
-HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error, HBJobControl* control)
+HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error, HBJobControl* control,
+                        const HBImage<>& photo)
 try {
     error->clear();
     Plan plan;
-    if (!plan.Read(recipe, error))
+    if (!plan.Read(recipe, target.bounds.isValid(), error))
         return {};
     Thousandths thousandths(control, plan);
     if (HBIsCancelled(control))
         return {};
-    HBStageSpan failed;
-    const HBOutcome outcome = HBRunStages(
-        target, [&] { return plan.MakeStages(target.bounds.isValid()); }, &thousandths, &failed);
-    if (outcome.status == HBOutcome::Failed)
-        plan.NameFailure(failed, HBFailureReason(outcome), error);
-    if (outcome.IsWhole())
-        thousandths.Tell(1000);
-    return outcome.IsWhole() && !HBIsCancelled(control) ? outcome.image : HBImage<>();
+    const HBImage<> looked = photo.IsEmpty() ? target.source : photo;
+    HBTarget present = target;
+    for (const Plan::Leg& leg : plan.Legs()) {
+        if (!Run(plan, leg, looked, &present, &thousandths, error))
+            return {};
+    }
+    thousandths.Tell(1000);
+    return HBIsCancelled(control) ? HBImage<>() : present.source;
 } catch (...) {
     *error = HBFailureReason({{}, HBOutcome::Failed, std::current_exception()});
     return {};

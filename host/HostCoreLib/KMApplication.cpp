@@ -8,8 +8,6 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-#include <unistd.h>
-
 namespace
 {
 
@@ -21,11 +19,6 @@ QString& PathOpen()
 {
     static QString folder;
     return folder;
-}
-
-qint64 PhysicalMemory()
-{
-    return qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
 }
 
 } // namespace
@@ -64,7 +57,7 @@ void KMApplication::KeepPathOpen()
 
 void KMApplication::SetTileMemory(qint64 bytes)
 {
-    KMTileManager64::Instance().SetMemoryBudget(bytes > 0 ? bytes : PhysicalMemory() / 2);
+    KMTileManager64::Instance().SetMemoryBudget(bytes);
 }
 
 qint64 KMApplication::GetTileMemory()

@@ -38,15 +38,66 @@ QImage InOnePass(const QVector<HBRecipeStep>& steps, const HBTarget& target) {
     return result.ToQImage();
 }
 
+/// What both select, pixel by pixel; all, if neither does.
+HBTarget SelectedBy(const HBSelectionShape& shape, const HBImage<>& photo, HBTarget target) {
+    if (shape.IsNone()) return target;
+    const int width = target.source.Width(), height = target.source.Height();
+    const HBSelection selection = shape.Rasterize(photo);
+    const HBImage<> mask = HBTestPicture(width, height, [&](int x, int y) {
+        int coverage = selection.mask.PixelAt(x - selection.offset.x(), y - selection.offset.y()).alpha;
+        if (target.bounds.isValid()) {
+            const QPoint at = QPoint(x, y) - target.offset;
+            const int own = target.bounds.contains(at) ? target.selection.PixelAt(at.x(), at.y()).alpha : 0;
+            coverage = (coverage * own + 127) / 255;
+        }
+        return QRgb(coverage) * 0x01010101u;
+    });
+    return {target.source, mask, {}, QRect(0, 0, width, height)};
+}
+
+HBImage<> InPart(const HBImage<>& before, const HBImage<>& after, int amount) {
+    return HBTestPicture(before.Width(), before.Height(), [&](int x, int y) {
+        const HBRGBA32i a = before.PixelAt(x, y), b = after.PixelAt(x, y);
+        const auto mean = [=](int from, int to) {
+            return std::uint8_t(std::floor((from * (100 - amount) + to * amount) / 100.0 + 0.5));
+        };
+        return HBRGBA32i(mean(a.red, b.red), mean(a.green, b.green), mean(a.blue, b.blue), mean(a.alpha, b.alpha))
+            .ToRgba();
+    });
+}
+
 QImage StepAfterStep(const QVector<HBRecipeStep>& steps, HBTarget target) {
+    const HBImage<> photo = target.source;
     for (const HBRecipeStep& step : steps) {
+        if (!step.on) continue;
         const HBAdjustment& adjustment = *HBFindAdjustment(step.panel);
         std::any record;
         QString reason;
         if (!adjustment.restore(step.values, &record, &reason)) qWarning("%s", qPrintable(reason));
-        target.source = HBRun(adjustment, record, target).image;
+        const HBImage<> after = HBRun(adjustment, record, SelectedBy(step.selection, photo, target)).image;
+        target.source = step.amount < 100 ? InPart(target.source, after, step.amount) : after;
     }
     return target.source.ToQImage();
+}
+
+/// Off, in part, on a selection, or none of it.
+void RandomManner(HBRecipeStep* step, QRandomGenerator& random) {
+    step->on = random.bounded(6) > 0;
+    step->amount = random.bounded(2) ? 100 : random.bounded(101);
+    for (int i = random.bounded(4) - 1; i > 0; --i) {
+        const auto share = [&] { return random.bounded(1.4) - 0.2; };
+        HBShape shape;
+        shape.kind = HBShape::Kind(random.bounded(5));
+        shape.combination = HBShape::Combination(step->selection.IsNone() ? 0 : random.bounded(3));
+        shape.inverted = random.bounded(3) == 0;
+        shape.rect = QRectF(share(), share(), random.bounded(0.9) + 0.01, random.bounded(0.9) + 0.01);
+        shape.points = {{share(), share()}, {share(), share()}};
+        if (shape.kind == HBShape::Kind::Polygon) shape.points += {{share(), share()}, {share(), share()}};
+        shape.feather = shape.HasFeather() && random.bounded(2) ? random.bounded(0.3) : 0;
+        shape.color = random.generate() | 0xff000000u;
+        shape.tolerance = random.bounded(256);
+        step->selection.shapes.append(shape);
+    }
 }
 
 /// Cancels when it is told the first progress.
@@ -201,8 +252,10 @@ private Q_SLOTS:
         for (const bool selected : {false, true}) {
             const HBTarget target = HBTestTarget({129, 130}, selected);
             for (const HBAdjustment* first : WithoutText()) {
-                const QVector<HBRecipeStep> steps = {HBStepOf(*first, HBDemonstration(*first)),
-                                                     HBStepOf(second, HBDemonstration(second))};
+                QVector<HBRecipeStep> steps = {HBStepOf(*first, HBDemonstration(*first)),
+                                               HBStepOf(second, HBDemonstration(second))};
+                QVERIFY2(InOnePass(steps, target) == StepAfterStep(steps, target), first->className);
+                steps[1].amount = 35;
                 QVERIFY2(InOnePass(steps, target) == StepAfterStep(steps, target), first->className);
             }
         }
@@ -217,7 +270,14 @@ private Q_SLOTS:
             for (HBRecipeStep& step : steps) {
                 const HBAdjustment& adjustment = *all[random.bounded(all.size())];
                 step = HBStepOf(adjustment, HBRandomRecord(adjustment, random));
+                if (i % 3 == 0) RandomManner(&step, random);
             }
+            // As a file keeps them.
+            HBRecipe stored;
+            QString error;
+            QVERIFY2(HBRecipe::FromJson(HBRecipe{steps}.ToJson(), &stored, &error), qPrintable(error));
+            QCOMPARE(stored.ToJson(), HBRecipe{steps}.ToJson());
+            if (i % 2) steps = stored.steps;
             const HBTarget target = HBTestTarget(sizes[random.bounded(sizes.size())], i % 4 == 0);
             QVERIFY2(InOnePass(steps, target) == StepAfterStep(steps, target),
                      ("recipe " + HBRecipe{steps}.ToJson()).constData());

@@ -6,6 +6,7 @@
 #include "HBTestRecords.h"
 
 #include <HBBrightnessContrast.h>
+#include <HBParallel.h>
 #include <HBPictureCorrection.h>
 
 #include <QJsonArray>
@@ -28,6 +29,19 @@ constexpr char frozen[] = "{\n"
                           "    ],\n"
                           "    \"version\": 1\n"
                           "}\n";
+
+/// JSON written with apostrophes. Not in raw strings, in which moc gets lost.
+QByteArray Quoted(QByteArray json) { return json.replace('\'', '"'); }
+
+/// The same with all that version 2 can tell.
+const QByteArray frozen2 = Quoted(
+    "{'format':'adjustment-recipe','steps':[{'amount':60,'on':false,'panel':'HBBrightnessContrastWidget','record':"
+    "'S01CcmlnaHRuZXNzQ29udHJhc3QgMS4wMDAwMAAAAAr////s','selection':["
+    "{'feather':0.02,'inverted':true,'kind':'ellipse','rect':[-0.1,0.25,0.5,0.5]},"
+    "{'combine':'subtract','kind':'rectangle','rect':[0,0,0.3,1]},"
+    "{'kind':'polygon','points':[[0,0],[1,0.5],[0.25,1]]},"
+    "{'combine':'intersect','from':[0.5,0],'kind':'gradient','to':[0.5,0.75]},"
+    "{'color':'#1a2b3c','kind':'color','tolerance':20}]}],'version':2}");
 
 HBRecipeStep Step(int brightness, int contrast) {
     return HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"),
@@ -59,6 +73,22 @@ private Q_SLOTS:
         QCOMPARE(recipe.steps.size(), 1);
         QCOMPARE(recipe.steps[0].values, Step(10, -20).values);
         QCOMPARE(recipe.ToJson(), QByteArray(frozen));
+
+        QVERIFY2(HBRecipe::FromJson(frozen2, &recipe, &error), qPrintable(error));
+        QCOMPARE(QJsonDocument::fromJson(recipe.ToJson()).toJson(QJsonDocument::Compact), frozen2);
+        QCOMPARE(recipe.steps[0].selection.shapes.size(), 5);
+        const HBRecipeStep first = recipe.steps[0];
+        recipe.steps[0].selection = {};
+        recipe.steps[0].on = true;
+        recipe.steps[0].amount = 100;
+        QCOMPARE(recipe.ToJson(), QByteArray(frozen)); // it needs no more
+        // What version 1 has never looked at gets no meaning by the company of another step.
+        const QByteArray unread = QByteArray(frozen).replace("\"panel\"", "\"amount\": 7, \"panel\"");
+        QVERIFY2(HBRecipe::FromJson(unread, &recipe, &error), qPrintable(error));
+        QCOMPARE(recipe.steps[0].amount, 100);
+        recipe.steps.append(first);
+        QVERIFY2(HBRecipe::FromJson(recipe.ToJson(), &recipe, &error), qPrintable(error));
+        QCOMPARE(recipe.steps[0].amount, 100);
     }
 
     void SaveAndLoad() {
@@ -93,7 +123,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << QByteArray() << "not JSON";
         QTest::newRow("deep") << QByteArray(5000, '[') << "not JSON";
         QTest::newRow("other format") << Changed("format", "curves") << "not a recipe";
-        QTest::newRow("newer") << Changed("version", 2) << "version 2; this program reads versions up to 1";
+        QTest::newRow("newer") << Changed("version", 3) << "version 3; this program reads versions up to 2";
         QTest::newRow("version half") << Changed("version", 0.5) << "no valid version";
         QTest::newRow("steps empty") << WithSteps({}) << "no steps";
         QJsonArray many;
@@ -107,6 +137,48 @@ private Q_SLOTS:
         QTest::newRow("record missing")
             << with("record", QJsonValue()) << "Step 2 (HBBrightnessContrastWidget): it has no record";
         QTest::newRow("record foreign") << with("record", "Zm9v") << "its record is not one of this panel";
+        const QJsonObject head2 = QJsonDocument::fromJson(frozen2).object();
+        auto with2 = [&](const char* key, const QJsonValue& value) {
+            QJsonObject head = head2, step = head2["steps"].toArray()[0].toObject();
+            step[key] = value;
+            head["steps"] = QJsonArray{step};
+            return QJsonDocument(head).toJson();
+        };
+        auto shape = [&](const QByteArray& json) {
+            return with2("selection", QJsonDocument::fromJson('[' + Quoted(json) + ']').array());
+        };
+        QTest::newRow("on") << with2("on", 1)
+                            << "Step 1 (HBBrightnessContrastWidget): whether it is on is neither true nor false";
+        for (const QJsonValue& amount :
+             {QJsonValue(-1), QJsonValue(101), QJsonValue(50.5), QJsonValue("50"), QJsonValue()})
+            QTest::newRow("amount") << with2("amount", amount) << "its amount is not a whole number from 0 to 100";
+        QTest::newRow("selection") << with2("selection", "all") << "its selection is not a list of shapes";
+        QTest::newRow("no shapes") << shape("") << "its selection is not a list of shapes";
+        const QByteArray box = "{'kind':'rectangle','rect':[0,0,1,1]}";
+        QTest::newRow("shapes") << shape((box + ',').repeated(64) + box) << "too many shapes";
+        QTest::newRow("points") << shape("{\"kind\":\"polygon\",\"points\":[" +
+                                         QByteArray("[0,0],").repeated(4000) + "[0,1]]}")
+                                << "too many points";
+        const struct {
+            const char* json;
+            const char* message;
+        } shapes[] = {{"7", "without \"kind\""},
+                      {"{'kind':'circle'}", "wrong \"kind\""},
+                      {"{'kind':'ellipse'}", "without \"rect\""},
+                      {"{'kind':'ellipse','rect':[0,0,1]}", "wrong \"rect\""},
+                      {"{'kind':'ellipse','rect':[0,0,1,0]}", "wrong \"rect\""},
+                      {"{'kind':'ellipse','rect':[0,0,1,1e9]}", "wrong \"rect\""},
+                      {"{'kind':'ellipse','rect':[0,0,1,1],'feather':2}", "wrong \"feather\""},
+                      {"{'kind':'ellipse','rect':[0,0,1,1],'inverted':1}", "wrong \"inverted\""},
+                      {"{'kind':'ellipse','rect':[0,0,1,1],'combine':'subtract'}", "to be combined"},
+                      {"{'kind':'ellipse','rect':[0,0,1,1],'angle':7}", "unknown \"angle\""},
+                      {"{'kind':'polygon','points':[[0,0],[1,1]]}", "wrong \"points\""},
+                      {"{'kind':'polygon','points':[[0,0],[1,1],[0,'1']]}", "wrong \"points\""},
+                      {"{'kind':'gradient','from':[0,0]}", "without \"to\""},
+                      {"{'kind':'gradient','from':[0,0],'to':[1,1],'feather':0.1}", "unknown \"feather\""},
+                      {"{'kind':'color','color':'red','tolerance':20}", "wrong \"color\""},
+                      {"{'kind':'color','color':'#ff0000','tolerance':256}", "wrong \"tolerance\""}};
+        for (const auto& [json, message] : shapes) QTest::newRow(json) << shape(json) << message;
         QTest::newRow("record cut") << with("record", "S01CcmlnaHRuZXNzQ29udHJhc3QgMS4wMDAwMAAAAAr/")
                                     << "its record is cut short";
     }
@@ -145,7 +217,7 @@ private Q_SLOTS:
 
     void ImagesOfAnySize() {
         QString error;
-        QThreadPool* pool = QThreadPool::globalInstance();
+        QThreadPool* pool = &HBThreadPool();
         const int threads = pool->maxThreadCount();
         pool->setMaxThreadCount(1); // a job must not wait for another thread
         const auto restore = qScopeGuard([=] { pool->setMaxThreadCount(threads); });

@@ -51,6 +51,11 @@ class TestHBEditorWindow : public QObject {
         return m_Folder.filePath(name);
     }
 
+    /// Ten by ten pixels of Photo().
+    static HBSelectionShape Corner() {
+        return {{HBShape::OfPixels(HBShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, QSize(300, 200))}};
+    }
+
     static QByteArray Bytes(const QString& path) {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -131,7 +136,7 @@ private Q_SLOTS:
         HBEditorWindow window(false);
         OpenWithPanel(&window);
         Brightness(window)->setValue(50);
-        window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
+        window.SelectionTool()->SetShape(Corner());
         Q_EMIT window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
         QVERIFY(window.Document().Image().PixelAt(9, 9) == HBRGBA32i(59, 59, 150));
@@ -508,7 +513,7 @@ private Q_SLOTS:
         HBEditorWindow window(false);
         window.show();
         QVERIFY(window.Open(Photo("a.png")));
-        window.SelectionTool()->SetShape({HBSelectionShape::Kind::Rectangle, QRect(0, 0, 10, 10), 0, false});
+        window.SelectionTool()->SetShape(Corner());
         QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
         if (moved) window.Actions()->docked->setChecked(false);
         QWidget* content = window.Session()->Widget();

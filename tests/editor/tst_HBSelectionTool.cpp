@@ -9,9 +9,20 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QSignalSpy>
 
-Q_DECLARE_METATYPE(HBSelectionShape::Kind)
+Q_DECLARE_METATYPE(HBSelectionTool::Tool)
 
-using Kind = HBSelectionShape::Kind;
+using Kind = HBSelectionTool::Tool;
+
+namespace {
+
+constexpr QSize PhotoSize(400, 300);
+
+/// Null: nothing is selected.
+QRect RectOf(const HBSelectionTool& tool) {
+    return tool.Shape().IsNone() ? QRect() : tool.Shape().shapes.first().PixelRect(PhotoSize);
+}
+
+} // namespace
 
 class TestHBSelectionTool : public QObject {
     Q_OBJECT
@@ -20,7 +31,7 @@ class TestHBSelectionTool : public QObject {
         KMDocumentView view;
         HBSelectionTool tool{&view};
 
-        Fixture() { view.SetPicture(HBImage<>(400, 300)); }
+        Fixture() { view.SetPicture(HBImage<>(PhotoSize.width(), PhotoSize.height())); }
 
         bool Mouse(QEvent::Type type, const QPointF& at, Qt::KeyboardModifiers modifiers = {}) {
             QGraphicsSceneMouseEvent event(type);
@@ -72,9 +83,11 @@ private Q_SLOTS:
         f.tool.SetTool(kind);
         f.Drag(from, to, shift ? Qt::ShiftModifier : Qt::NoModifier);
         QCOMPARE(changed.count(), 1); // at its end, not while it goes on
-        QCOMPARE(f.tool.Shape().kind, rect.isNull() ? Kind::None : kind);
-        QCOMPARE(f.tool.Shape().rect, rect);
-        QCOMPARE(f.tool.Shape().feather, rect.isNull() ? 0 : 3);
+        QCOMPARE(RectOf(f.tool), rect);
+        for (const HBShape& shape : f.tool.Shape().shapes) {
+            QCOMPARE(shape.kind == HBShape::Kind::Ellipse, kind == Kind::Ellipse);
+            QCOMPARE(shape.PixelFeather(PhotoSize), 3);
+        }
     }
 
     void leavesTheMouseToOthers() {
@@ -102,7 +115,7 @@ private Q_SLOTS:
         f.Mouse(QEvent::GraphicsSceneMouseMove, {200, 200});
         f.Escape(); // the drag only
         f.Mouse(QEvent::GraphicsSceneMouseMove, {210, 210});
-        QCOMPARE(f.tool.Shape().rect, QRect(10, 10, 40, 40));
+        QCOMPARE(RectOf(f.tool), QRect(10, 10, 40, 40));
         QCOMPARE(changed.count(), 0);
         f.Escape();
         QVERIFY(f.tool.Shape().IsNone());
@@ -112,15 +125,14 @@ private Q_SLOTS:
     void allNoneInvert() {
         Fixture f;
         f.tool.Invert();
-        QCOMPARE(f.tool.Shape().rect, QRect(0, 0, 400, 300));
+        QCOMPARE(RectOf(f.tool), QRect(0, 0, 400, 300));
         f.tool.Invert();
         QVERIFY(f.tool.Shape().IsNone());
-        f.tool.SetShape({Kind::Ellipse, {10, 10, 50, 50}, 0, false});
+        f.tool.SetShape({{HBShape::OfPixels(HBShape::Kind::Ellipse, {10, 10, 50, 50}, 0, PhotoSize)}});
         f.tool.Invert();
-        QVERIFY(f.tool.Shape().inverted);
-        QCOMPARE(f.tool.Selection().bounds, QRect(0, 0, 400, 300));
+        QCOMPARE(f.tool.Selection(f.view.Picture()).bounds, QRect(0, 0, 400, 300));
         f.tool.Invert();
-        QCOMPARE(f.tool.Selection().bounds, QRect(0, 0, 50, 50));
+        QCOMPARE(f.tool.Selection(f.view.Picture()).bounds, QRect(0, 0, 50, 50));
     }
 };
 

@@ -3,7 +3,10 @@
 #include "HBLostTiles.h"
 #include "HBTestMain.h"
 
+#include <HBUsableMemory.h>
 #include <KMTileManager64.h>
+
+#include <QDir>
 
 #include <algorithm>
 #include <atomic>
@@ -240,6 +243,43 @@ private Q_SLOTS:
         for (std::thread& thread : threads) thread.join();
         QCOMPARE(wrong.load(), 0);
         QVERIFY(HoldTheirNumbers(shared));
+    }
+
+    void UsableMemory_data() {
+        HBColumns<QByteArray, QString, int>("groups", "limits", "megabytes");
+        // 0: all of the machine's
+        QTest::newRow("no groups") << QByteArray() << "memory.max=9" << 0;
+        QTest::newRow("version 2") << QByteArray("0::/a/b\n") << "a/b/memory.max=64" << 64;
+        QTest::newRow("an outer group's") << QByteArray("0::/a/b\n") << "a/memory.max=32 a/b/memory.max=64" << 32;
+        QTest::newRow("none") << QByteArray("0::/a\n") << "a/memory.max=max memory.max=none" << 0;
+        QTest::newRow("larger than the machine") << QByteArray("0::/a\n") << "a/memory.max=8000000000" << 0;
+        QTest::newRow("version 1") << QByteArray("9:cpu,memory:/a\n2:cpuset:/x\n")
+                                   << "memory/x/memory.limit_in_bytes=8 memory/a/memory.limit_in_bytes=48" << 48;
+        QTest::newRow("a container that is told an outer path")
+            << QByteArray("5:memory:/outer/a\n") << "memory/memory.limit_in_bytes=16" << 16;
+    }
+    void UsableMemory() {
+        QFETCH(QByteArray, groups);
+        QFETCH(QString, limits);
+        QFETCH(int, megabytes);
+        const QTemporaryDir root;
+        const auto write = [&root](const QString& path, const QByteArray& bytes) {
+            QFile file(root.filePath(path));
+            return QDir(root.path()).mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+                   file.write(bytes) == bytes.size();
+        };
+        QVERIFY(write("proc/self/cgroup", groups));
+        for (const QString& limit : limits.split(' ')) {
+            bool isNumber = false;
+            const qint64 number = limit.section('=', 1).toLongLong(&isNumber) << 20;
+            const QByteArray bytes = isNumber ? QByteArray::number(number) : limit.section('=', 1).toLatin1();
+            QVERIFY(write("sys/fs/cgroup/" + limit.section('=', 0, 0), bytes + '\n'));
+        }
+        const qint64 machine = HBUsableMemory(root.filePath("none"));
+        QVERIFY(machine > qint64(64) << 20 && HBUsableMemory() <= machine);
+        Manager().SetMemoryBudget(0);
+        QCOMPARE(Manager().MemoryBudget(), HBUsableMemory() / 2);
+        QCOMPARE(HBUsableMemory(root.path()), megabytes ? qint64(megabytes) << 20 : machine);
     }
 
 private:

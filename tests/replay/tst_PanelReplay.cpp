@@ -91,7 +91,7 @@ private Q_SLOTS:
             {"apply a.png a.png -o out", "a.png: This is not JSON"},
             // Others of the kernel's files, which say that they are empty, too, never end.
             {"apply /proc/self/status a.png -o out", "status: The file is empty"},
-            {"apply newer.json a.png -o out", "version 2"},
+            {"apply newer.json a.png -o out", "version 3"},
             {"list -o out", "--help"},
             {"list --quality 9", "--help"},
             {"verify RECIPE a.png -o out --resume", "--help"},
@@ -117,7 +117,7 @@ private Q_SLOTS:
     void WrongUsage() {
         QFETCH(QString, arguments);
         QFETCH(QString, message);
-        QVERIFY(HBWriteBytes(Path("newer.json"), HBBytesOf(brightnessRecipe).replace(": 1\n", ": 2\n")));
+        QVERIFY(HBWriteBytes(Path("newer.json"), HBBytesOf(brightnessRecipe).replace(": 1\n", ": 3\n")));
         arguments.replace("RECIPE", brightnessRecipe);
         const Outcome outcome = Replay(arguments.split(' ', Qt::SkipEmptyParts));
         QCOMPARE(outcome.code, 2);
@@ -130,8 +130,8 @@ private Q_SLOTS:
     void WritesWhatTheRecipeSays() {
         const HBBrightnessContrastParams params{30, 40};
         QString error;
-        QVERIFY(HBRecipe{{HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"), params)}}.Save(
-            Path("own.json"), &error));
+        HBRecipe recipe{{HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"), params)}};
+        QVERIFY(recipe.Save(Path("own.json"), &error));
         const Outcome outcome = Replay({"apply", "own.json", "a.png", "-o", "out"});
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.err, QString());
@@ -139,6 +139,29 @@ private Q_SLOTS:
         HBPhoto written;
         QVERIFY2(HBReadPhoto(Path("out/a.png"), &written, &error), qPrintable(error));
         QCOMPARE(written.image.ToQImage(), expected.ToQImage());
+
+        recipe.steps.append(recipe.steps.first());
+        HBShape shape = HBShape::OfPixels(HBShape::Kind::Ellipse, {20, 30, 70, 60}, 5, {150, 140});
+        recipe.steps[0].selection.shapes = {shape};
+        recipe.steps[0].amount = 40;
+        recipe.steps[1].on = false;
+        QVERIFY(recipe.Save(Path("part.json"), &error));
+        QCOMPARE(Replay({"apply", "part.json", "a.png", "-o", "part"}).code, 0);
+        QVERIFY2(HBReadPhoto(Path("part/a.png"), &written, &error), qPrintable(error));
+        QCOMPARE(written.image.ToQImage(), HBApplyRecipe(HBTestRamp(150, 140), recipe, &error).ToQImage());
+        QCOMPARE(written.image.PixelAt(0, 0).ToRgba(), HBTestRamp(150, 140).PixelAt(0, 0).ToRgba());
+
+        const Outcome words = Replay({"explain", "part.json"});
+        for (const char* line :
+             {"\n   amount: 40 %\n",
+              "\n   selection: ellipse from 13.33 %, 21.43 % to 60 %, 64.29 %, feather 3.571 % of "
+              "the shorter side\n",
+              "\n   switched off\n"})
+            QVERIFY2(words.out.contains(line), qPrintable(words.out));
+        QCOMPARE(Replay({"explain", "part.json", "--json"}).Json().first()["amount"].toInt(), 40);
+        const Outcome diff = Replay({"diff", "own.json", "part.json"});
+        QVERIFY2(diff.out.startsWith(" 1. Brightness") && diff.out.contains("\n+   amount: 40 %\n"),
+                 qPrintable(diff.out));
     }
 
     void BadFilesDoNotStopTheRest() {
@@ -189,6 +212,19 @@ private Q_SLOTS:
     /// Bytes that are no UTF-8, in names and folders, come out as they went in. Two such names are two. What a
     /// terminal would obey is not printed.
     void NamesOfAnyBytes() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        // Qt 6 cannot open them. Each is told; the others go on.
+        const Outcome refused = Shell(
+            "mkdir -p 'd/\xfc' && ln a.png d/ok.png && ln a.png 'd/\xff.png' || exit 9\n" PANEL_REPLAY
+            " apply " SAMPLE_RECIPES "/HBGammaCorrectionWidget.json -o out --recursive d; code=$?\n" PANEL_REPLAY
+            " apply " SAMPLE_RECIPES "/HBGammaCorrectionWidget.json -o 'o\xfc' a.png; test $? = 2 || exit 8\n"
+            "rm -r d; exit $code");
+        QCOMPARE(refused.code, 1);
+        for (const char* line : {"d/\\xff.png: its name is not UTF-8", "d/\\xfc/: its name is not UTF-8",
+                                 "o\\xfc is not UTF-8, which Qt 6 needs"})
+            QVERIFY2(refused.err.contains(line), qPrintable(refused.err));
+        QCOMPARE(Results("out"), QStringList("ok.png"));
+#else
         const Outcome outcome =
             Shell("set -- '\xff.png' '\xe4\xc3\xa4\xfe.png' '\xed\xa0\x80.png' '\xf0\x9f\x98\x80\xf0.png' "
                   "'\x1b[31m\nred\xe2\x80\xae.png'\n"
@@ -204,6 +240,7 @@ private Q_SLOTS:
                      qPrintable(outcome.err));
         // As Python's os.fsencode() wants it.
         QVERIFY2(outcome.out.contains("\"output\":\"o\\udcfc/\\udce4ä\\udcfe.png\""), qPrintable(outcome.out));
+#endif
     }
 
     /// A file over the limit on sizes fails by itself.
@@ -246,10 +283,13 @@ private Q_SLOTS:
         const QByteArray err = process.readAllStandardError();
         QCOMPARE(process.exitCode(), 130);
         QVERIFY(process.readAllStandardOutput().contains("\"interrupted\":true"));
-        QVERIFY2(err.contains("panel-replay: interrupted; "), err.constData());
         const QStringList files = Results("out");
         QVERIFY(!files.isEmpty() && files.size() < 60);
-        QVERIFY2(err.contains(QString("%1 of 60").arg(files.size()).toUtf8()), err.constData());
+        QVERIFY2(err.contains(QString("interrupted; %1 written, 0 skipped, 0 failed, %2 not tried")
+                                  .arg(files.size())
+                                  .arg(60 - files.size())
+                                  .toUtf8()),
+                 err.constData());
         for (const QString& file : files) {
             QString error;
             HBPhoto photo;
@@ -293,7 +333,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed()))); // alone: 0.1 s
         err += process.readAllStandardError();
         QCOMPARE(process.exitCode(), 130);
-        QVERIFY2(err.contains("interrupted; 0 of 2"), err.constData());
+        QVERIFY2(err.contains("interrupted; 0 written, 0 skipped, 1 failed, 1 not tried"), err.constData());
         QCOMPARE(Results("out"), QStringList());
     }
 };

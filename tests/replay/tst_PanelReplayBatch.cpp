@@ -27,6 +27,7 @@ private Q_SLOTS:
         MakeFolder(photos + QStringList{"photos/.hidden.png"});
         QVERIFY(HBWriteBytes(Path("photos/notes.txt"), "no photo"));
         QVERIFY(HBWriteBytes(Path("list.txt"), "photos/sub/a.png\nphotos/a.png\n"));
+        QVERIFY(HBWriteBytes(Path("windows.txt"), "\xef\xbb\xbfphotos/sub/a.png\r\nphotos/a.png\r\n\r\n"));
         QVERIFY(HBWriteBytes(Path("list.nul"), QByteArray("photos/a.png\0list.txt\0", 22)));
         QVERIFY(QFile::link(Path("photos"), Path("photos/sub/round"))); // must not be followed
     }
@@ -43,6 +44,7 @@ private Q_SLOTS:
             {"photos/a.png photos/sub --base photos", "a.png sub/a.png"},
             {"photos/a.png photos/sub --on-conflict rename", "a.png a-1.png"},
             {"--files-from list.txt", "photos/sub/a.png photos/a.png"},
+            {"--files-from windows.txt", "photos/sub/a.png photos/a.png"},
             {"--files-from list.txt --base photos", "sub/a.png a.png"},
             {"--files-from list.nul -0 --include *.png", "photos/a.png"},
             {"photos -r --include *.jpg", "b.JPG"},
@@ -178,6 +180,26 @@ private Q_SLOTS:
         QCOMPARE(torn.Json().last()["twice"].toArray().size(), int(first.count("\"done\",")));
     }
 
+    /// A plan is no work.
+    void MergesDryRun() {
+        const Outcome plan = Replay({"apply", recipe, "photos", "-o", "out", "--json", "--dry-run"});
+        QCOMPARE(plan.Json().last()["planned"].toInt(), 2);
+        QCOMPARE(plan.Json().last()["done"].toInt(), 0);
+        QVERIFY(HBWriteBytes(Path("plan.jsonl"), plan.out.toUtf8()));
+        const Outcome done = Replay({"apply", recipe, "photos/a.png", "--base", "photos", "-o", "out", "--json"});
+        QVERIFY(HBWriteBytes(Path("done.jsonl"), done.out.toUtf8()));
+        for (const QStringList& reports :
+             {QStringList{"plan.jsonl", "done.jsonl"}, {"done.jsonl", "plan.jsonl"}}) {
+            const Outcome outcome = Replay(QStringList{"merge"} + reports);
+            QCOMPARE(outcome.code, 1);
+            QCOMPARE(outcome.err, QString("panel-replay: plan.jsonl: this is the report of a dry run, which does "
+                                          "nothing\npanel-replay: photos/b.JPG: missing: no report but a dry "
+                                          "run's names it\n"));
+            QCOMPARE(outcome.Json().last()["done"].toInt(), 1);
+            QCOMPARE(outcome.Json().last()["missing"].toArray(), QJsonArray{"photos/b.JPG"});
+        }
+    }
+
     void JobArrays_data() {
         QTest::addColumn<QString>("environment");
         QTest::addColumn<QString>("option");
@@ -200,6 +222,8 @@ private Q_SLOTS:
             {"PBS_ARRAY_INDEX=8", "auto/8",
              "1/8"}, // whether they count from 0 or from 1, each share is there once
             {"PBS_ARRAYID=1", "auto/8", "2/8"},
+            {"PBS_ARRAY_INDEX=10", "auto/8", "without gaps"}, // as of -J 0-14:2
+            {"JOB_COMPLETION_INDEX=8", "auto/8", "without gaps"},
             {"", "auto", "no task"},
         };
         for (const auto& [environment, option, shard] : rows)
@@ -296,7 +320,7 @@ private Q_SLOTS:
     void RecipesAsText() {
         const QJsonObject schema = QJsonDocument::fromJson(Replay({"schema"}).out.toUtf8()).object();
         const QJsonObject definitions = schema["$defs"].toObject();
-        QCOMPARE(definitions.size(), HBAdjustments().size());
+        QCOMPARE(definitions.size(), HBAdjustments().size() + 1); // and the selection
         for (const HBAdjustment& adjustment : HBAdjustments()) {
             const QString path = QString(SAMPLE_RECIPES "/%1.json").arg(adjustment.className);
             const QJsonObject step = Replay({"explain", path, "--json"}).Json().first();

@@ -3,6 +3,7 @@
 #include "HBHistogrammCalculator.h"
 
 #include "HBParallel.h"
+#include "HBQtImage.h"
 
 #include <algorithm>
 #include <limits>
@@ -207,7 +208,8 @@ void StartBehind(const Pieces& pieces, const HBHistogrammCalculator::Abandoned& 
     count->pieces = pieces;
     count->abandoned = abandoned;
     count->done = done;
-    const int lanes = HBLaneCount(pieces.count);
+    // One processor stays free for the thread that shows the job's result.
+    const int lanes = std::max(1, HBLaneCount(pieces.count) - 1);
     count->lanes = lanes;
     for (int i = 0; i < lanes; ++i)
         HBRunBehind([count, lane = std::make_shared<Lane>()] { return count->Step(*lane); });
@@ -247,7 +249,7 @@ Pieces PiecesOf(const QImage& image)
                 const int rows = qMin(StripRows, height - top);
                 QImage strip = image;
                 if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32)
-                    strip = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
+                    strip = HBConverted(image.copy(0, top, image.width(), rows), QImage::Format_ARGB32);
                 if (strip.isNull())
                     throw std::bad_alloc();
                 const int first = strip.height() == height ? top : 0;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "KMTileManager64.h"
 
+#include "HBUsableMemory.h"
 #include "KMTileScratch.h"
 #include "KMTileSlabs.h"
 
@@ -14,7 +15,6 @@
 #include <cstring>
 #include <mutex>
 #include <new>
-#include <unistd.h>
 #include <vector>
 
 static_assert(KMTileManager64::TileBytes == KMTileSlabs::BlockBytes, "a tile is a block of a slab");
@@ -41,8 +41,7 @@ constexpr qint64 ReserveShare = 16;
 
 qint64 DefaultBudget()
 {
-    const qint64 ram = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
-    return qMax(ram / 2, qint64(256) << 20);
+    return HBUsableMemory() / 2;
 }
 
 } // namespace
@@ -387,7 +386,7 @@ void KMTileManager64::FreeMemory(KMTile* tile)
 
 void KMTileManager64::SetMemoryBudget(qint64 bytes)
 {
-    d->SetBudget(bytes);
+    d->SetBudget(bytes > 0 ? bytes : DefaultBudget());
 }
 
 qint64 KMTileManager64::MemoryBudget() const

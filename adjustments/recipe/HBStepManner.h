@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HBRecipe.h"
+#include "HBStage.h"
+
+// Where and how much a step of a recipe acts.
+
+/// Whether all stages can be one, which looks at the picture before it if at all.
+bool HBCanBecomeOne(const HBStages& stages);
+/// All of them as one, of which the amount remains, in per cent.
+HBStage HBAmountOf(HBStages&& stages, int amount);
+
+/// Leaves so many per cent of the difference between two states of a picture, rounded to nearest in each channel;
+/// tiles in which they are the same stay shared.
+HBOutcome HBBlendAmount(const HBImage<>& before, int amount, const HBImage<>& after, HBJobControl* control);
+
+/// The target with only that selected of what is selected in it. Covers nothing rather than be "no selection".
+/// \param photo whose colours count \throws std::bad_alloc
+HBTarget HBSelectIn(const HBTarget& target, const HBSelectionShape& selection, const HBImage<>& photo,
+                    const HBJobControl* control);
