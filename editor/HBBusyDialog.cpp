@@ -34,8 +34,8 @@ private:
     std::atomic<int> m_Progress{0};
 };
 
-/// On another thread; returns when it is done. `show` is called after `patience` milliseconds, if it takes so long;
-/// then the loop goes on with `events`, until then without the user's.
+/// On another thread; returns when it is done. If that takes longer than `patience` milliseconds, `show` is called
+/// and the loop goes on with `events`, until then without the user's.
 void RunElsewhere(const std::function<void()>& work, int patience, const std::function<void()>& show,
                   QEventLoop::ProcessEventsFlags events)
 {

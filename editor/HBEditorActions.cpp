@@ -45,7 +45,7 @@ QKeySequence KeyOf(const QByteArray& panel)
     return {};
 }
 
-/// The text with the first of its letters that no other entry of the menu, or menu of the bar, has as its mnemonic.
+/// The text with the first of its letters that no other entry of the menu has as its mnemonic.
 QString WithMnemonic(const QWidget* menu, const QString& text)
 {
     QString taken;

@@ -11,6 +11,7 @@
 #include "HBMessageBar.h"
 #include "HBSelectionTool.h"
 
+#include <KMDocumentView.h>
 #include <KMImageFileManager.h>
 
 #include <QFileDialog>
@@ -102,6 +103,7 @@ bool HBEditorWindow::Open(const QString& path)
     m_pStrip->SetOpen(full);
     m_Recent.Add(full);
     m_Document.SetPhoto(full, photo);
+    m_pView->setFocus();
     return true;
 }
 

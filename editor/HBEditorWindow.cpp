@@ -83,7 +83,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
     auto* photo = new HBPhotoFrame(m_pAids->SideBySide(), this);
     setCentralWidget(photo);
-    m_pMessages->SetArea(photo);
+    m_pMessages->LieOver(photo);
     m_pView->SetWheelZooms(true);
     m_pView->SetHandDrags(true);
     setAcceptDrops(true);
@@ -154,7 +154,7 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pSession->Widget())
+        if (m_pSession && m_pPanelBox)
             m_pPlacement->Show(m_pPanelBox, m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
@@ -185,8 +185,8 @@ void HBEditorWindow::ReadSettings()
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
     m_pActions->filmStrip->setChecked(settings.value(StripKey, false).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
-    m_pAids->ReadSettings(settings);
     m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
+    m_pAids->ReadSettings(settings);
     restoreGeometry(settings.value(GeometryKey).toByteArray());
 }
 
@@ -199,8 +199,8 @@ void HBEditorWindow::WriteSettings() const
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
     settings.setValue(StripKey, m_pActions->filmStrip->isChecked());
     settings.setValue(QualityKey, m_Quality);
-    m_pAids->WriteSettings(&settings);
     settings.setValue(DockWidthKey, m_pPlacement->Width());
+    m_pAids->WriteSettings(&settings);
     settings.setValue(GeometryKey, saveGeometry());
 }
 
@@ -210,7 +210,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    m_pMessages->hide(); // it was about another step
+    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);

@@ -53,10 +53,10 @@ public:
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
-    HBViewAids* ViewAids() const { return m_pAids; }
     HBFilmStrip* FilmStrip() const { return m_pStrip; }
     /// Null while no panel is open.
     HBPresetStrip* Presets() const;
+    HBViewAids* ViewAids() const { return m_pAids; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -76,7 +76,7 @@ HBFilmStrip::HBFilmStrip(QWidget* parent) : QDockWidget(tr("Film Strip"), parent
     m_pList->setUniformItemSizes(true);
     m_pList->setTextElideMode(Qt::ElideMiddle);
     m_pList->setIconSize(QSize(Side, Side));
-    m_pList->setGridSize(QSize(Side + 16, Side + fontMetrics().height() + 12));
+    m_pList->setGridSize(QSize(Side + 32, Side + fontMetrics().height() + 12));
     m_pList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pList->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -173,11 +173,11 @@ QStringList HBFilmStrip::Marked() const
     return marked.isEmpty() && !m_Open.isEmpty() ? QStringList{m_Open} : marked;
 }
 
-/// Those in sight, then those to come on either side.
-void HBFilmStrip::WantSeen()
+/// Those in sight that have no thumbnail, then so many on either side.
+QStringList HBFilmStrip::Missing(int ahead) const
 {
     if (!isVisible() || m_Photos.isEmpty())
-        return;
+        return {};
     const int step = m_pList->gridSize().width();
     const int offset = m_pList->horizontalScrollBar()->value();
     const int first = qBound(0, offset / step, m_Photos.size() - 1);
@@ -189,11 +189,21 @@ void HBFilmStrip::WantSeen()
     };
     for (int row = first; row <= last; ++row)
         want(row);
-    for (int i = 1; i <= Ahead; ++i) {
+    for (int i = 1; i <= ahead; ++i) {
         want(last + i);
         want(first - i);
     }
-    m_Thumbnails.SetWanted(wanted);
+    return wanted;
+}
+
+bool HBFilmStrip::IsComplete() const
+{
+    return Missing(0).isEmpty();
+}
+
+void HBFilmStrip::WantSeen()
+{
+    m_Thumbnails.SetWanted(Missing(Ahead));
 }
 
 void HBFilmStrip::ShowThumbnail(const QString& photo, const QImage& thumbnail)

@@ -22,6 +22,9 @@ public:
     /// A file has been written.
     void Refresh(const QString& photo);
 
+    /// Whether all that are in sight have their thumbnails, or nothing is in sight.
+    bool IsComplete() const;
+
     const QStringList& Photos() const { return m_Photos; }
     /// The one so many places behind the open one; empty if there is none.
     QString Neighbour(int step) const;
@@ -39,6 +42,7 @@ protected:
 private:
     void List();
     void ShowOpen();
+    QStringList Missing(int ahead) const;
     void WantSeen();
     void ShowThumbnail(const QString& photo, const QImage& thumbnail);
 

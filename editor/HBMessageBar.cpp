@@ -3,6 +3,7 @@
 #include "HBMessageBar.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
@@ -33,24 +34,28 @@ HBMessageBar::HBMessageBar(QWidget* parent) : QFrame(parent), m_pIcon(new QLabel
     });
 }
 
-void HBMessageBar::SetArea(QWidget* area)
+void HBMessageBar::LieOver(QWidget* area)
 {
-    setParent(area);
+    const bool shown = !isHidden();
+    setParent(area); // which hides it
+    setVisible(shown);
     area->installEventFilter(this);
     Place();
 }
 
 bool HBMessageBar::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Resize && watched == parent())
+    if (watched == parent() && event->type() == QEvent::Resize)
         Place();
     return QFrame::eventFilter(watched, event);
 }
 
 void HBMessageBar::Place()
 {
+    if (!parentWidget())
+        return;
     const int width = parentWidget()->width();
-    setGeometry(0, 0, width, layout()->totalHeightForWidth(width));
+    setGeometry(0, 0, width, hasHeightForWidth() ? heightForWidth(width) : sizeHint().height());
     raise();
 }
 
@@ -68,9 +73,9 @@ void HBMessageBar::ShowText(const QString& text, bool error)
     m_pIcon->setPixmap(style()->standardIcon(icon).pixmap(18, 18));
     m_pText->setText(text);
     setAccessibleName(text);
+    Place();
     m_Time.start(error ? ErrorMilliseconds : NoteMilliseconds);
     show();
-    Place();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

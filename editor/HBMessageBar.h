@@ -7,8 +7,9 @@
 
 class QLabel;
 
-/// A line over the photo that tells of an error or a warning: nothing that stops the user, or moves the photo. It
-/// goes when it is closed, when the next one comes, and by itself, but not while the mouse is on it.
+/// A line over the upper edge of the photo that tells of an error or a warning: nothing that stops the user, and
+/// the photo stays where it is. It goes when it is closed, when the next one comes, and by itself, but not while
+/// the mouse is on it.
 class HBMessageBar : public QFrame
 {
     Q_OBJECT
@@ -17,9 +18,8 @@ public:
     static constexpr int ErrorMilliseconds = 45000;
 
     explicit HBMessageBar(QWidget* parent = nullptr);
-
-    /// Lies at the upper edge of `area` from here on, as wide as that.
-    void SetArea(QWidget* area);
+    /// Where it lies: along the upper edge of that widget.
+    void LieOver(QWidget* area);
 
     void ShowError(const QString& text) { ShowText(text, true); }
     void ShowNote(const QString& text) { ShowText(text, false); }
@@ -30,8 +30,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Place();
     void ShowText(const QString& text, bool error);
+    void Place();
 
     QTimer m_Time;
     QLabel* m_pIcon;

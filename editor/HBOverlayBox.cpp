@@ -130,6 +130,7 @@ public:
     void Changed()
     {
         prepareGeometryChange();
+        setVisible(!m_pBox->Box().isEmpty());
         update();
     }
 

@@ -38,13 +38,15 @@ QWidget* Column(QWidget* panel)
     return area;
 }
 
-/// The first control that the tab key reaches; not the buttons, which are older than the controls, nor presets.
+/// The first control that the tab key reaches; not the buttons, which are older than the controls, nor what stands
+/// above the panel.
 void FocusFirst(QWidget* panel)
 {
     for (QWidget* widget = panel->nextInFocusChain(); panel->isAncestorOf(widget);
          widget = widget->nextInFocusChain()) {
         const bool passed = qobject_cast<QDialogButtonBox*>(widget->parentWidget()) ||
-                            widget->parentWidget()->inherits("HBPresetStrip");
+                            widget->parentWidget()->inherits("HBPresetStrip") ||
+                            widget->parentWidget()->inherits("HBPanelFrame");
         if ((widget->focusPolicy() & Qt::TabFocus) && !passed) {
             widget->setFocus(Qt::OtherFocusReason);
             return;

@@ -16,6 +16,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -51,10 +52,13 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     m_pList->setUniformItemSizes(true);
     m_pList->setTextElideMode(Qt::ElideRight);
     m_pList->setIconSize(QSize(Side(), Side()));
-    m_pList->setGridSize(QSize(Side() + 24, Side() + fontMetrics().height() + 10));
+    const int width = qMax(Side() + 12, fontMetrics().horizontalAdvance(tr("Last used")) + 16);
+    m_pList->setGridSize(QSize(width, Side() + fontMetrics().height() + 10));
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_pList->setFixedHeight(m_pList->gridSize().height() + m_pList->horizontalScrollBar()->sizeHint().height() +
-                            2 * m_pList->frameWidth());
+    // The wheel and the arrow keys go along the row; a scroll bar would take a third of the height.
+    m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_pList->setFixedHeight(m_pList->gridSize().height() + 2 * m_pList->frameWidth());
+    m_pList->viewport()->installEventFilter(this);
     m_pList->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* more = new QToolButton;
     more->setText(QStringLiteral("…"));
@@ -73,10 +77,22 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     connect(more, &QToolButton::clicked, this,
             [this, more] { ShowMenu(more->mapToGlobal(QPoint(0, more->height()))); });
     connect(&m_Previews, &HBSmallPreviews::Ready, this, [this](const QVector<QImage>& previews) {
+        m_IsComplete = true;
         for (int row = 0; row < previews.size() && row < m_pList->count(); ++row)
             m_pList->item(row)->setIcon(QIcon(QPixmap::fromImage(previews.at(row))));
     });
     List();
+}
+
+bool HBPresetStrip::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel) {
+        const QPoint delta = static_cast<QWheelEvent*>(event)->angleDelta();
+        QScrollBar* bar = m_pList->horizontalScrollBar();
+        bar->setValue(bar->value() - (delta.x() ? delta.x() : delta.y()));
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void HBPresetStrip::List()
@@ -108,6 +124,7 @@ void HBPresetStrip::ShowPreviews()
     QVector<HBRecipe> recipes;
     for (const Entry& entry : qAsConst(m_Entries))
         recipes.append(HBRecipe{{{QString::fromLatin1(m_pSession->Entry().className), entry.values}}});
+    m_IsComplete = false;
     m_Previews.Ask(m_pSession->Target().source, recipes, Side() * int(std::ceil(devicePixelRatioF())));
 }
 

@@ -25,6 +25,8 @@ public:
     HBPresetStrip(const QString& folder, HBPanelSession* session, HBFolders* folders, QWidget* parent = nullptr);
 
     HBPresets& Presets() { return m_Presets; }
+    /// Whether each preset has its picture.
+    bool IsComplete() const { return m_IsComplete; }
     /// The photo is another.
     void ShowPreviews();
 
@@ -38,6 +40,9 @@ public:
 
 Q_SIGNALS:
     void Failed(const QString& reason);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Entry
@@ -58,4 +63,5 @@ private:
     QVector<Entry> m_Entries;
     HBSmallPreviews m_Previews;
     QListWidget* m_pList;
+    bool m_IsComplete = true;
 };

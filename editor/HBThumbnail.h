@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QString>
 
-// Small pictures of photos, in the cache that all programs of a desktop share (freedesktop.org, "Thumbnail Managing
-// Standard"). Any thread.
+// Small pictures of photos, in the cache that all programs of a desktop share (freedesktop.org, "Thumbnail
+// Managing Standard"). Any thread.
 
 constexpr int HBThumbnailSide = 256; ///< of the cache's "large" ones, the longer side in pixels
 

@@ -48,8 +48,8 @@ struct HBPhotoOptions
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
 /// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is too large for this
-/// machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF
-/// of the usual kinds are decoded straight into the image's tiles; others are in memory twice while that is done.
+/// machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF of the usual kinds
+/// are decoded straight into the image's tiles; others are in memory twice while that is done.
 /// \param isWanted asked now and then, on this thread, while the usual kinds are decoded; false: the reading
 ///        fails. May be null. Must not throw
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error,

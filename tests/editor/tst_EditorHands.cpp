@@ -25,6 +25,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QGraphicsItem>
 #include <QGraphicsView>
 #include <QImageWriter>
 #include <QLabel>
@@ -329,6 +330,14 @@ private Q_SLOTS:
         Q_EMIT window.Session()->Panel()->Cancel();
         const HBPanelEntry& sign = *HBFindPanel("HBSignWidget");
         QVERIFY(window.OpenPanel(sign));
+        const auto frames = [&] { // none while there is no stamp
+            int count = 0;
+            for (const QGraphicsItem* item : window.View()->scene()->items())
+                count += item->isVisible() && item->zValue() == 8;
+            return count;
+        };
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(frames(), 0);
         HBSignParams params;
         params.fileName = stamp;
         params.alignment = Qt::AlignRight | Qt::AlignBottom;

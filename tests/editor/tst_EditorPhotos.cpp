@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// What the editor does with more than one photo: the film strip and its thumbnails, steps and presets that go from one to
-// another.
+// What the editor does with more than one photo: the film strip and its thumbnails, steps and presets that go from
+// one to another.
 #include "HBAnswers.h"
 #include "HBTestMain.h"
 
