@@ -28,7 +28,6 @@ public:
     QAction* quit;
     QAction* undo;
     QAction* redo;
-    QMenu* history;
     QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
     QAction* selectAll;
     QAction* selectNothing;
@@ -43,6 +42,8 @@ public:
     QAction* docked;
     QAction* dark;
     QActionGroup* panels; ///< the data of each is its place in the catalog
+
+    QMenu* ViewMenu() const { return m_pViewMenu; }
 
 private:
     QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint);

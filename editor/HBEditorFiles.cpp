@@ -141,6 +141,8 @@ bool HBEditorWindow::SaveAs()
 
 bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
 {
+    if (!Settle())
+        return false;
     const QScopedValueRollback<bool> busy(m_Busy, true);
     const HBImage<> image = m_Document.Image();
     QString error;
@@ -167,22 +169,10 @@ void HBEditorWindow::SaveRecipe()
 {
     if (!MayLeavePanel())
         return;
-    int leftOut = 0;
-    const HBRecipe recipe = m_Document.Recipe(&leftOut);
-    const QString onSelection =
-        tr("Steps that were made on a selection (here: %1) cannot be part of a recipe, which is applied to whole "
-           "photos.")
-            .arg(leftOut);
+    const HBRecipe recipe = m_Document.Recipe();
     if (recipe.steps.isEmpty()) {
-        m_pMessages->ShowNote(leftOut > 0 ? onSelection : tr("There are no steps to save as a recipe yet."));
+        m_pMessages->ShowNote(tr("There are no steps to save as a recipe yet."));
         return;
-    }
-    if (leftOut > 0) {
-        QMessageBox question(QMessageBox::Question, tr("Save Recipe"), onSelection, QMessageBox::Cancel, this);
-        const QAbstractButton* without = question.addButton(tr("Save &Without"), QMessageBox::AcceptRole);
-        question.exec();
-        if (question.clickedButton() != without)
-            return;
     }
     QFileDialog dialog(this, tr("Save Recipe"), QFileInfo(m_Document.Path()).absolutePath(), RecipeFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -224,16 +214,8 @@ bool HBEditorWindow::ApplyRecipe(const QString& path)
         return false;
     }
     HBImage<> image;
-    const HBTarget target{m_Document.Image()};
-    const bool done = HBBusyDialog::RunCancellable(
-        tr("Applying %1").arg(QFileInfo(path).fileName()), this,
-        [&](HBJobControl* control) { image = HBApplyRecipe(target, recipe, &error, control); });
-    if (!done)
+    if (!Compute(m_Document.AllSteps() + recipe.steps, &image))
         return false;
-    if (image.IsEmpty()) {
-        m_pMessages->ShowError(path + ": " + error);
-        return false;
-    }
-    m_Document.Apply({QFileInfo(path).completeBaseName(), image, recipe.steps, true});
+    m_Document.Append(recipe.steps, QFileInfo(path).completeBaseName(), image);
     return true;
 }

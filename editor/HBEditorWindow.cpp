@@ -7,9 +7,11 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
+#include "HBPanelGestures.h"
 #include "HBPanelPlacement.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
+#include "HBStepList.h"
 
 #include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
@@ -75,6 +77,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
 
     BuildStatusBar();
+    BuildSteps();
     ConnectActions();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
@@ -84,6 +87,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
         if (m_pSession)
             m_pSession->Reject();
     });
+    connect(m_pPlacement, &HBPanelPlacement::Closed, this, &HBEditorWindow::MayLeavePanel);
     connect(m_pPlacement, &HBPanelPlacement::Confirmed, this, [this] {
         if (m_pSession)
             m_pSession->Accept();
@@ -110,9 +114,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.saveRecipe, &QAction::triggered, this, &HBEditorWindow::SaveRecipe);
     connect(a.applyRecipe, &QAction::triggered, this, &HBEditorWindow::ChooseRecipe);
     connect(a.quit, &QAction::triggered, this, &QWidget::close);
-    connect(a.undo, &QAction::triggered, &m_Document, &HBDocument::Undo);
-    connect(a.redo, &QAction::triggered, &m_Document, &HBDocument::Redo);
-    connect(a.history, &QMenu::aboutToShow, this, &HBEditorWindow::ShowHistory);
+    connect(a.undo, &QAction::triggered, this, &HBEditorWindow::Undo);
+    connect(a.redo, &QAction::triggered, this, &HBEditorWindow::Redo);
     connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
         m_pSelection->SetTool(HBSelectionTool::Tool(action->data().toInt()));
     });
@@ -179,8 +182,16 @@ void HBEditorWindow::WriteSettings() const
 
 bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
-    if (!m_Document.IsOpen() || !MayLeavePanel())
+    if (!m_Document.IsOpen() || !MayLeavePanel() || !Settle())
         return false;
+    m_PanelSource = m_Document.Image();
+    BeginPanel(entry);
+    return true;
+}
+
+/// On m_PanelSource.
+void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
+{
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
@@ -199,9 +210,12 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
             m_pMessages->ShowError(reason);
     });
     m_pPlacement->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
+    if (m_OpenedStep >= 0)
+        m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
+    m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
+    connect(m_pGestures, &HBPanelGestures::Changed, this, &HBEditorWindow::ShowSteps);
     ShowDocument();
     HandOverSource();
-    return true;
 }
 
 /// To a panel that is open; the selection may be another than before.
@@ -211,18 +225,10 @@ void HBEditorWindow::HandOverSource()
         return;
     try {
         const HBSelection selection = m_pSelection->Selection(m_Document.Original());
-        m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
+        m_pSession->SetTarget({m_PanelSource, selection.mask, selection.offset, selection.bounds});
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
     }
-}
-
-void HBEditorWindow::ApplyPanel(const HBImage<>& image)
-{
-    HBPanelSession* session = m_pSession;
-    const HBDocument::State state{session->Entry().Title(), image, {session->Step()}, !session->HasSelection()};
-    DropPanel();
-    m_Document.Apply(state);
 }
 
 /// Not at once: this may be one of the panel's own signals.
@@ -234,17 +240,22 @@ void HBEditorWindow::DropPanel()
     m_pSession->disconnect(m_pView);
     m_pSession->deleteLater();
     m_pSession = nullptr;
+    delete m_pGestures; // it looks at the selection
+    m_PanelSource = HBImage<>();
+    if (m_OpenedStep >= 0) {
+        m_OpenedStep = -1;
+        m_pSelection->SetShape(m_SelectionBefore);
+    }
     m_pView->SetOverrideCursor(QCursor());
     m_pPlacement->Close();
     ShowDocument();
     m_pView->setFocus();
 }
 
-/// Whether the open panel makes the view show another picture than the photo. Some panels do as they open.
-bool HBEditorWindow::IsPanelSeen()
+/// Whether the open panel has made another picture than that which it was given. Some panels do as they open.
+bool HBEditorWindow::IsPanelSeen(const HBImage<>& shown)
 {
-    const HBImage<> shown = m_pView->Picture();
-    const HBImage<> photo = m_Document.Image();
+    const HBImage<> photo = m_PanelSource;
     bool same = false;
     HBBusyDialog::Run(tr("Looking for changes"), this, [&] {
         try {
@@ -256,43 +267,70 @@ bool HBEditorWindow::IsPanelSeen()
     return !same;
 }
 
+/// Would anything be lost with the open panel?
+bool HBEditorWindow::HasPanelWork()
+{
+    if (!m_pSession || !m_pGestures)
+        return false;
+    // What a step that is opened does, it does already.
+    return IsPanelChanged() || (m_OpenedStep < 0 && IsPanelSeen(m_pView->Picture()));
+}
+
+/// As its OK, and waits for it. False if it goes on: the user stopped the wait, or it failed.
+bool HBEditorWindow::AcceptPanel()
+{
+    if (!m_pSession)
+        return true;
+    QEventLoop loop;
+    connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
+    connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
+    connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
+    connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
+    // Queued, so that an answer that comes at once finds the loop running.
+    QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
+    loop.exec();
+    return !m_pSession;
+}
+
 /// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
 bool HBEditorWindow::MayLeavePanel()
 {
-    if (m_pSession && !m_pSession->IsChanged() && !IsPanelSeen())
+    if (!HasPanelWork()) {
         DropPanel();
-    if (!m_pSession)
         return true;
+    }
     const auto answer = QMessageBox::question(
         this, tr("Panel Editor"), tr("Apply the changes of “%1”?").arg(m_pSession->Entry().Title()),
         QMessageBox::Apply | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Apply);
     if (answer == QMessageBox::Cancel)
         return false;
-    if (answer == QMessageBox::Apply && m_pSession) {
-        QEventLoop loop;
-        connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
-        connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
-        connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
-        connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
-        // Queued, so that an answer that comes at once finds the loop running.
-        QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
-        loop.exec();
-        return !m_pSession; // still there: the user stopped the wait, or it failed
-    }
+    if (answer == QMessageBox::Apply)
+        return AcceptPanel();
     DropPanel();
     return true;
 }
 
+/// One question at most, about the open panel and the photo at once.
 bool HBEditorWindow::MayLeavePhoto()
 {
-    if (!MayLeavePanel())
-        return false;
-    if (!m_Document.IsModified())
+    const bool panel = HasPanelWork();
+    if (!panel && !m_Document.IsModified()) {
+        DropPanel();
         return true;
-    const auto answer = QMessageBox::question(
-        this, tr("Panel Editor"), tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && Save());
+    }
+    const QString text =
+        panel ? tr("“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?")
+                    .arg(m_Document.FileName(), m_pSession->Entry().Title())
+              : tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName());
+    const auto answer =
+        QMessageBox::question(this, tr("Panel Editor"), text,
+                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Cancel)
+        return false;
+    if (answer == QMessageBox::Save)
+        return (!panel || AcceptPanel()) && Save();
+    DropPanel();
+    return true;
 }
 
 // ---- Showing the state ----
@@ -304,7 +342,7 @@ void HBEditorWindow::ShowDocument()
     if (!panel)
         m_pView->SetPicture(m_Document.Image());
     // With a panel "before" is without its adjustment, else the photo as it was opened.
-    m_pBeforeAfter->SetBefore(panel ? m_Document.Image() : m_Document.Original());
+    m_pBeforeAfter->SetBefore(panel ? m_PanelSource : m_Document.Original());
 
     m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
@@ -314,10 +352,8 @@ void HBEditorWindow::ShowDocument()
                                : QString());
     ShowZoom(m_pView->Zoom());
 
+    ShowSteps();
     const HBEditorActions& a = *m_pActions;
-    a.undo->setEnabled(m_Document.CanUndo() && !panel);
-    a.redo->setEnabled(m_Document.CanRedo() && !panel);
-    a.history->setEnabled(open && !panel);
     for (QAction* action : {a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing, a.invertSelection,
                             a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
         action->setEnabled(open);
@@ -326,19 +362,6 @@ void HBEditorWindow::ShowDocument()
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);
     a.showBefore->setEnabled(open);
-}
-
-void HBEditorWindow::ShowHistory()
-{
-    QMenu* menu = m_pActions->history;
-    menu->clear();
-    const QVector<HBDocument::State>& states = m_Document.States();
-    for (int i = 0; i < states.size(); ++i) {
-        QAction* action = menu->addAction(QString(states.at(i).title).replace('&', "&&"));
-        action->setCheckable(true);
-        action->setChecked(i == m_Document.Index());
-        connect(action, &QAction::triggered, this, [this, i] { m_Document.GoTo(i); });
-    }
 }
 
 void HBEditorWindow::ShowPixel(const QPoint& pixel)

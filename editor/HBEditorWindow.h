@@ -12,10 +12,16 @@
 class HBBeforeAfter;
 class HBEditorActions;
 class HBMessageBar;
+class HBPanelGestures;
 class HBPanelPlacement;
+class HBRecovery;
 class HBSelectionTool;
+class HBStepList;
+struct HBLostStack;
 class KMDocumentView;
+class QDockWidget;
 class QLabel;
+class QProgressBar;
 
 /// The editor: one photo, its view, and at most one open panel.
 class HBEditorWindow : public QMainWindow
@@ -34,6 +40,12 @@ public:
     /// Opens a panel on the photo, in place of one that is open.
     bool OpenPanel(const HBPanelEntry& entry);
     bool ApplyRecipe(const QString& path);
+    /// Opens the panel of a step of the stack, with its values and its selection, on the photo as the steps before
+    /// it have made it. OK changes that step.
+    bool OpenStep(int step);
+    /// Keeps unsaved steps in the folder from here on, and asks about those that an editor which did not come to its
+    /// end has left there.
+    void UseRecovery(const QString& folder);
 
     const HBDocument& Document() const { return m_Document; }
     HBPanelSession* Session() const { return m_pSession; }
@@ -41,6 +53,7 @@ public:
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
+    HBStepList* StepList() const { return m_pSteps; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -57,9 +70,23 @@ private:
 
     bool MayLeavePhoto();
     bool MayLeavePanel();
-    bool IsPanelSeen();
+    bool IsPanelSeen(const HBImage<>& shown);
+    bool IsPanelChanged() const;
+    bool HasPanelWork();
+    bool AcceptPanel();
     void DropPanel();
     void ApplyPanel(const HBImage<>& image);
+
+    void BuildSteps();
+    void ShowSteps();
+    void ShowProgress(int percent);
+    void BeginPanel(const HBPanelEntry& entry);
+    bool Compute(const QVector<HBRecipeStep>& steps, HBImage<>* image);
+    bool Settle();
+    void Undo();
+    void Redo();
+    void OfferLost();
+    void Restore(const HBLostStack& lost);
 
     void ChooseFile();
     bool Save();
@@ -69,7 +96,6 @@ private:
     void ChooseRecipe();
 
     void ShowDocument();
-    void ShowHistory();
     void ShowPixel(const QPoint& pixel);
     void ShowZoom(double zoom);
     void HandOverSource();
@@ -77,6 +103,14 @@ private:
     const bool m_Remember;
     HBDocument m_Document;
     QPointer<HBPanelSession> m_pSession;
+    QPointer<HBPanelGestures> m_pGestures; ///< of the session
+    HBImage<> m_PanelSource;               ///< what the open panel works on
+    int m_OpenedStep = -1;                 ///< that it changes; -1: it makes a new one
+    HBSelectionShape m_SelectionBefore;    ///< that of the opened step is shown in its place
+    HBStepList* m_pSteps = nullptr;
+    QDockWidget* m_pStepsDock = nullptr;
+    QProgressBar* m_pProgress = nullptr;
+    HBRecovery* m_pRecovery = nullptr;
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;
     HBSelectionTool* m_pSelection;

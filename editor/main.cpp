@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QTimer>
 
@@ -138,7 +139,10 @@ int main(int argc, char* argv[])
         return HBTakeScreenshot(&window, options.screenshot) ? 0 : 1;
     }
     window.show();
-    if (!options.photo.isEmpty())
-        QTimer::singleShot(0, &window, [&] { window.Open(options.photo); });
+    QTimer::singleShot(0, &window, [&] {
+        window.UseRecovery(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/unsaved");
+        if (!options.photo.isEmpty())
+            window.Open(options.photo);
+    });
     return QApplication::exec();
 }
