@@ -4,6 +4,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
+#include <HBParallel.h>
 #include <HBRecipe.h>
 
 #include <benchmark/benchmark.h>
@@ -47,7 +48,7 @@ double SecondsOf(HBAdjustmentWidget& panel, const HBImage<>& photo)
     panel.SetImage(photo, {}, {}, {});
     loop.exec();
     const double seconds = panel.HasJobFailed() ? -1 : double(elapsed) / 1e9;
-    QThreadPool::globalInstance()->waitForDone();
+    HBThreadPool().waitForDone();
     return seconds;
 }
 

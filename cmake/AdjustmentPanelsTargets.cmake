@@ -9,6 +9,10 @@ target_compile_options(adjustment_panels_settings INTERFACE
     $<$<BOOL:${ADJUSTMENT_PANELS_WERROR}>:-Werror>)
 target_compile_definitions(adjustment_panels_settings INTERFACE
     QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
+if(ADJUSTMENT_PANELS_QT EQUAL 6)
+    # What it calls outdated is what Qt 5.15 has, mostly: warnings from 6.0 on would ask for two sources.
+    target_compile_definitions(adjustment_panels_settings INTERFACE QT_DEPRECATED_WARNINGS_SINCE=0x050f00)
+endif()
 if(ADJUSTMENT_PANELS_SANITIZE)
     # Not "enum": QDataStream puts any byte of a hostile record into the enumeration of a QColor, whose inline copy
     # constructor then counts as ours. Our own enumerations that a stream can fill have a fixed type.
@@ -23,6 +27,22 @@ if(ADJUSTMENT_PANELS_FUZZER)
     target_link_options(adjustment_panels_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(ADJUSTMENT_PANELS_PRECOMPILE)
+    target_compile_options(adjustment_panels_settings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>) # ccache's wish
+endif()
+
+# adjustment_panels_precompile(<target> [WIDGETS])
+#
+# Qt's headers, and with WIDGETS those of its widgets, for a target of so many files that it pays.
+function(adjustment_panels_precompile target)
+    if(ADJUSTMENT_PANELS_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <QtGui>)
+        if(ARGV1 STREQUAL "WIDGETS")
+            target_precompile_headers(${target} PRIVATE <QtWidgets>)
+        endif()
+    endif()
+endfunction()
+
 # What is incompatible has another soname, by the package's rule (SameMinorVersion): every 0.x until 1.0.
 if(PROJECT_VERSION_MAJOR EQUAL 0)
     set(ADJUSTMENT_PANELS_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
@@ -35,8 +55,8 @@ endif()
 #                           [INCLUDE <folder>...] [FORMS <folder>] [OUTPUT_NAME <file name>]
 #                           [COMPONENT <component>])
 #
-# A library with the target AdjustmentPanels::<name>, the file name AdjustmentPanels<name>, its own export header (<name in
-# lower case>_export.h), moc, hidden visibility. HEADERS are installed and then included by their plain names.
+# A library with the target AdjustmentPanels::<name>, the file name ${ADJUSTMENT_PANELS_NAME}<name>, its own export header
+# (<name in lower case>_export.h), moc, hidden visibility. HEADERS are installed and then included by their plain names.
 # INCLUDE: folders besides its own whose headers are included by their plain names within this build.
 # FORMS: where the forms lie that its sources include; without it, uic is not run.
 # COMPONENT: the part of the installation that the shared library belongs to, core or panels (the default); all else of it
@@ -47,7 +67,7 @@ function(adjustment_panels_library name)
     cmake_parse_arguments(ARG "" "EXPORT_SET;FORMS;OUTPUT_NAME;COMPONENT" "SOURCES;HEADERS;PUBLIC;PRIVATE;INCLUDE" ${ARGN})
     set(target AdjustmentPanels${name})
     if(NOT ARG_OUTPUT_NAME)
-        set(ARG_OUTPUT_NAME ${target})
+        set(ARG_OUTPUT_NAME ${ADJUSTMENT_PANELS_NAME}${name})
     endif()
     if(NOT ARG_COMPONENT)
         set(ARG_COMPONENT panels)
@@ -79,7 +99,7 @@ function(adjustment_panels_library name)
     foreach(folder IN ITEMS ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR} ${ARG_INCLUDE})
         target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
     endforeach()
-    target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels>)
+    target_include_directories(${target} PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${ADJUSTMENT_PANELS_NAME}>)
     target_compile_features(${target} PUBLIC cxx_std_17)
     target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:adjustment_panels_settings>)
 
@@ -94,7 +114,7 @@ function(adjustment_panels_library name)
     else()
         # Who links the library needs none of what it links for itself, but finds our own packages and Qt's anyway.
         foreach(item IN LISTS ARG_PRIVATE)
-            if(NOT item MATCHES "^(AdjustmentPanels|Qt5)::")
+            if(NOT item MATCHES "^(AdjustmentPanels|${QT})::")
                 set(item $<BUILD_INTERFACE:${item}>)
             endif()
             target_link_libraries(${target} PRIVATE ${item})
@@ -114,7 +134,7 @@ function(adjustment_panels_library name)
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${ARG_COMPONENT} NAMELINK_COMPONENT dev
             RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT ${ARG_COMPONENT})
         install(FILES ${ARG_HEADERS} ${export_header}
-            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels COMPONENT dev)
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${ADJUSTMENT_PANELS_NAME} COMPONENT dev)
         adjustment_panels_pkgconfig(${ARG_OUTPUT_NAME}
             TYPE ${type} STATIC_DEFINE ${upper}_STATIC_DEFINE PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
     endif()
@@ -137,11 +157,14 @@ function(adjustment_panels_pkgconfig name)
     set(requires "")
     foreach(item IN LISTS ARG_PUBLIC)
         if(item STREQUAL "AdjustmentPanels::Panels")
-            list(APPEND requires AdjustmentPanels)
+            list(APPEND requires ${ADJUSTMENT_PANELS_NAME})
         elseif(item STREQUAL "hwy::hwy")
             list(APPEND requires libhwy)
+        elseif(item STREQUAL "LCMS2::LCMS2")
+            list(APPEND requires lcms2)
         else()
-            string(REPLACE "::" "" module ${item})
+            string(REPLACE "AdjustmentPanels::" ${ADJUSTMENT_PANELS_NAME} module ${item})
+            string(REPLACE "::" "" module ${module})
             list(APPEND requires ${module})
         endif()
     endforeach()
@@ -153,7 +176,7 @@ function(adjustment_panels_pkgconfig name)
     set(text "prefix=\${pcfiledir}/${prefix}\n\nName: ${name}\nDescription: ${PROJECT_DESCRIPTION}\n")
     string(APPEND text "Version: ${PROJECT_VERSION}\nRequires: ${requires}\n")
     if(ARG_TYPE)
-        string(APPEND text "Cflags: -I\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}/AdjustmentPanels -fPIC")
+        string(APPEND text "Cflags: -I\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}/${ADJUSTMENT_PANELS_NAME} -fPIC")
         if(static)
             string(APPEND text " -D${ARG_STATIC_DEFINE}")
         endif()
@@ -171,5 +194,6 @@ endfunction()
 # multiplication is fused with an addition.
 function(adjustment_panels_kernels)
     set_source_files_properties(${ARGN} PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON # it is compiled for one level of optimisation
         COMPILE_OPTIONS "$<$<CONFIG:Debug>:-O2>;$<$<NOT:$<CONFIG:Debug>>:-O3>;-ffp-contract=off")
 endfunction()

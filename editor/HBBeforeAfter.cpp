@@ -36,7 +36,7 @@ public:
     {
         const double half = GripRadius / m_pView->transform().m11();
         const QRectF photo = m_pView->PictureRect();
-        return {X() - half, photo.top(), 2 * half, photo.height()};
+        return {m_pOwner->LineAt() - half, photo.top(), 2 * half, photo.height()};
     }
 
     void paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) override
@@ -44,7 +44,7 @@ public:
         const QTransform toViewport = m_pView->viewportTransform();
         const QRectF photo = toViewport.mapRect(m_pView->PictureRect());
         const QRectF seen = photo & QRectF(m_pView->viewport()->rect());
-        const double x = toViewport.map(QPointF(X(), 0)).x();
+        const double x = toViewport.map(QPointF(m_pOwner->LineAt(), 0)).x();
         const QPointF grip(x, seen.center().y());
         painter->resetTransform();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -72,8 +72,6 @@ protected:
     }
 
 private:
-    double X() const { return m_pOwner->SplitAt() * m_pView->PictureRect().width(); }
-
     KMDocumentView* m_pView;
     HBBeforeAfter* m_pOwner;
 };
@@ -87,13 +85,40 @@ HBBeforeAfter::HBBeforeAfter(KMDocumentView* view, QObject* parent)
     m_pBefore->setZValue(1);
     view->scene()->addItem(m_pBefore);
     view->scene()->addItem(m_pLine);
-    connect(view, &KMDocumentView::ZoomChanged, this, &HBBeforeAfter::Update);
+    connect(view, &KMDocumentView::SightChanged, this, &HBBeforeAfter::Update);
     Update();
 }
 
 void HBBeforeAfter::SetBefore(const HBImage<>& image)
 {
     m_pBefore->SetImage(image);
+    Update();
+}
+
+const HBImage<>& HBBeforeAfter::Before() const
+{
+    return m_pBefore->Image();
+}
+
+double HBBeforeAfter::LineAt() const
+{
+    const double width = m_pBefore->boundingRect().width();
+    const double line = m_SplitAt * width;
+    const QRect seen = m_pView->SightArea();
+    if (!m_pView->isVisible() || seen.isEmpty() || seen.width() >= width)
+        return line;
+    const double margin = std::min(2 * GripRadius / m_pView->transform().m11(), seen.width() / 2.0);
+    return std::clamp(line, seen.left() + margin, seen.left() + seen.width() - margin);
+}
+
+void HBBeforeAfter::SetLook(const HBTileMips::Look& look)
+{
+    m_pBefore->SetLook(look);
+}
+
+void HBBeforeAfter::SetPreviewed(bool previewed)
+{
+    m_Previewed = previewed;
     Update();
 }
 
@@ -118,12 +143,13 @@ void HBBeforeAfter::SetSplitAt(double fraction)
 void HBBeforeAfter::Update()
 {
     const QRectF photo = m_pBefore->boundingRect();
+    const bool whole = m_Held || !m_Previewed;
     QRectF clip;
-    if (!m_Held)
-        clip = QRectF(0, 0, m_SplitAt * photo.width(), photo.height());
-    m_pBefore->setVisible(m_Held || (m_Split && !clip.isEmpty()));
+    if (!whole)
+        clip = QRectF(0, 0, LineAt(), photo.height());
+    m_pBefore->setVisible(whole || (m_Split && !clip.isEmpty()));
     m_pBefore->SetClip(clip);
-    m_pLine->setVisible(m_Split && !m_Held && !photo.isEmpty());
+    m_pLine->setVisible(m_Split && !whole && !photo.isEmpty());
     m_pLine->Move();
     m_pView->viewport()->update();
 }

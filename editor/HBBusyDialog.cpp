@@ -49,8 +49,8 @@ void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFl
         const std::lock_guard<std::mutex> there(order);
         work();
     };
-    const bool started =
-        HBTryStart(*QThreadPool::globalInstance(), [&] { watcher.setFuture(QtConcurrent::run(elsewhere)); });
+    QThreadPool& pool = HBThreadPool();
+    const bool started = HBTryStart(pool, [&] { watcher.setFuture(QtConcurrent::run(&pool, elsewhere)); });
     here.unlock();
     if (!started)
         return work(); // the system has no more threads: the window has to wait

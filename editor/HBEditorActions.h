@@ -41,9 +41,8 @@ public:
     QToolButton* showBefore; ///< while it is held down
     QAction* docked;
     QAction* dark;
-    QActionGroup* panels; ///< the data of each is its place in the catalog
-
     QMenu* ViewMenu() const { return m_pViewMenu; }
+    QActionGroup* panels; ///< the data of each is its place in the catalog
 
 private:
     QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint);

@@ -7,11 +7,14 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBMessageBar.h"
+#include "HBPanelFrame.h"
 #include "HBPanelGestures.h"
 #include "HBPanelPlacement.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
+#include "HBSideBySide.h"
 #include "HBStepList.h"
+#include "HBViewAids.h"
 
 #include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
@@ -70,8 +73,9 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_pMessages);
-    layout->addWidget(m_pView, 1);
+    m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
+    layout->addWidget(m_pAids->SideBySide(), 1);
+    m_pMessages->LieOver(central);
     setCentralWidget(central);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
@@ -81,7 +85,8 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     ConnectActions();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
-    connect(m_pView, &KMDocumentView::PixelHovered, this, &HBEditorWindow::ShowPixel);
+    connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
+    connect(m_pAids, &HBViewAids::Hinted, this, [this](const QString& text) { statusBar()->showMessage(text); });
     connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
     connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
         if (m_pSession)
@@ -132,8 +137,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pSession->Widget())
-            m_pPlacement->Show(m_pSession->Widget(), m_pSession->Entry().Title(), docked);
+        if (m_pSession && m_pAids->Frame())
+            m_pPlacement->Show(m_pAids->Frame(), m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -142,13 +147,11 @@ void HBEditorWindow::ConnectActions()
 
 void HBEditorWindow::BuildStatusBar()
 {
-    m_pPixelLabel = new QLabel(this);
     m_pSizeLabel = new QLabel(this);
     m_pZoomLabel = new QLabel(this);
-    m_pPixelLabel->setToolTip(tr("Pixel under the mouse: position and red, green, blue, alpha"));
     m_pSizeLabel->setToolTip(tr("Size of the photo in pixels"));
     m_pZoomLabel->setToolTip(tr("At 100 % each pixel of the photo is one of the screen"));
-    for (QLabel* label : {m_pPixelLabel, m_pSizeLabel, m_pZoomLabel}) {
+    for (QLabel* label : {m_pSizeLabel, m_pZoomLabel}) {
         label->setIndent(fontMetrics().averageCharWidth());
         statusBar()->addPermanentWidget(label);
     }
@@ -164,6 +167,7 @@ void HBEditorWindow::ReadSettings()
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
+    m_pAids->ReadSettings(settings);
     restoreGeometry(settings.value(GeometryKey).toByteArray());
 }
 
@@ -175,6 +179,7 @@ void HBEditorWindow::WriteSettings() const
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
     settings.setValue(QualityKey, m_Quality);
+    m_pAids->WriteSettings(&settings);
     settings.setValue(GeometryKey, saveGeometry());
 }
 
@@ -192,9 +197,13 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 /// On m_PanelSource.
 void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
 {
+    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
+    connect(m_pSession, &HBPanelSession::SightReady, m_pView, &KMDocumentView::ShowSight);
+    connect(m_pSession, &HBPanelSession::SightOver, m_pView, &KMDocumentView::EndSight);
+    connect(m_pView, &KMDocumentView::SightChanged, m_pSession, &HBPanelSession::SetSight);
     connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
     connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
     connect(m_pSession, &HBPanelSession::Resumed, this, [this](const QString& reason) {
@@ -209,12 +218,13 @@ void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
         else
             m_pMessages->ShowError(reason);
     });
-    m_pPlacement->Show(m_pSession->Widget(), entry.Title(), m_pActions->docked->isChecked());
+    m_pPlacement->Show(m_pAids->BeginPanel(m_pSession), entry.Title(), m_pActions->docked->isChecked());
     if (m_OpenedStep >= 0)
         m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
     m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
     connect(m_pGestures, &HBPanelGestures::Changed, this, &HBEditorWindow::ShowSteps);
     ShowDocument();
+    m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
 }
 
@@ -247,7 +257,9 @@ void HBEditorWindow::DropPanel()
         m_pSelection->SetShape(m_SelectionBefore);
     }
     m_pView->SetOverrideCursor(QCursor());
+    m_pView->EndSight();
     m_pPlacement->Close();
+    m_pAids->EndPanel();
     ShowDocument();
     m_pView->setFocus();
 }
@@ -341,8 +353,7 @@ void HBEditorWindow::ShowDocument()
     const bool panel = m_pSession;
     if (!panel)
         m_pView->SetPicture(m_Document.Image());
-    // With a panel "before" is without its adjustment, else the photo as it was opened.
-    m_pBeforeAfter->SetBefore(panel ? m_PanelSource : m_Document.Original());
+    m_pAids->ShowPhoto(panel ? m_PanelSource : m_Document.Image(), m_Document.Original(), panel);
 
     m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
@@ -362,26 +373,6 @@ void HBEditorWindow::ShowDocument()
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);
     a.showBefore->setEnabled(open);
-}
-
-void HBEditorWindow::ShowPixel(const QPoint& pixel)
-{
-    if (pixel.x() < 0) {
-        m_pPixelLabel->clear();
-        return;
-    }
-    try {
-        const HBRGBA32i color = m_pView->Picture().PixelAt(pixel.x(), pixel.y());
-        m_pPixelLabel->setText(tr("%1, %2:  %3  %4  %5  %6")
-                                   .arg(pixel.x())
-                                   .arg(pixel.y())
-                                   .arg(color.red)
-                                   .arg(color.green)
-                                   .arg(color.blue)
-                                   .arg(color.alpha));
-    } catch (const std::bad_alloc&) {
-        m_pPixelLabel->clear(); // the tile cannot be brought back into memory
-    }
 }
 
 void HBEditorWindow::ShowZoom(double zoom)

@@ -17,11 +17,12 @@ class HBPanelPlacement;
 class HBRecovery;
 class HBSelectionTool;
 class HBStepList;
-struct HBLostStack;
+class HBViewAids;
 class KMDocumentView;
 class QDockWidget;
 class QLabel;
 class QProgressBar;
+struct HBLostStack;
 
 /// The editor: one photo, its view, and at most one open panel.
 class HBEditorWindow : public QMainWindow
@@ -43,8 +44,8 @@ public:
     /// Opens the panel of a step of the stack, with its values and its selection, on the photo as the steps before
     /// it have made it. OK changes that step.
     bool OpenStep(int step);
-    /// Keeps unsaved steps in the folder from here on, and asks about those that an editor which did not come to its
-    /// end has left there.
+    /// Keeps unsaved steps in the folder from here on, and asks about those that an editor which did not come to
+    /// its end has left there.
     void UseRecovery(const QString& folder);
 
     const HBDocument& Document() const { return m_Document; }
@@ -54,6 +55,7 @@ public:
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
     HBStepList* StepList() const { return m_pSteps; }
+    HBViewAids* ViewAids() const { return m_pAids; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -96,7 +98,6 @@ private:
     void ChooseRecipe();
 
     void ShowDocument();
-    void ShowPixel(const QPoint& pixel);
     void ShowZoom(double zoom);
     void HandOverSource();
 
@@ -116,8 +117,8 @@ private:
     HBSelectionTool* m_pSelection;
     HBBeforeAfter* m_pBeforeAfter;
     HBEditorActions* m_pActions;
+    HBViewAids* m_pAids = nullptr;
     HBPanelPlacement* m_pPlacement;
-    QLabel* m_pPixelLabel = nullptr;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;  ///< what Save As offers

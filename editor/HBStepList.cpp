@@ -4,6 +4,7 @@
 
 #include "HBDocument.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -207,7 +208,10 @@ void HBStepList::ShowMenu(const QPoint& at)
         return;
     QMenu menu(this);
     const auto add = [&](const QString& text, const char* key, const auto& function) {
-        return menu.addAction(text, this, function, QKeySequence(key));
+        QAction* action = menu.addAction(text);
+        action->setShortcut(QKeySequence(key));
+        connect(action, &QAction::triggered, this, function);
+        return action;
     };
     add(tr("&Change…"), "Return", [=] { Q_EMIT OpenAsked(step); });
     const bool on = m_pDocument->StepAt(step).on;

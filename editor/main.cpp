@@ -116,8 +116,12 @@ int main(int argc, char* argv[])
 {
     Name();
     AnswerWithoutScreen(argc, argv);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // which does so anyway
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+    // As Qt 5 does by itself: a pixel of the photo is a whole number of the screen's.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     QApplication application(argc, argv);
     HBInstallTranslations();
     QApplication::setWindowIcon(Icon());

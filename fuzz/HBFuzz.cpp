@@ -4,8 +4,10 @@
 
 #include "HBTestImages.h"
 
+#include <QFile>
 #include <QImage>
 #include <QJsonDocument>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -51,4 +53,14 @@ bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result) {
 QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes) {
     if (adjustment.tag) return {{"record", QString::fromLatin1(bytes.toBase64())}};
     return {{"values", QJsonDocument::fromJson(bytes).object()}};
+}
+
+void HBFuzzWrite(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) HBFuzzFail(file.errorString());
+}
+
+QString HBFuzzFolder() {
+    static const QTemporaryDir folder;
+    return folder.path();
 }

@@ -50,3 +50,8 @@ bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result);
 
 /// The step as one that stores a record takes it, made of raw bytes; one of plain values takes the bytes as JSON.
 QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes);
+
+/// Ends the process if the file cannot be written.
+void HBFuzzWrite(const QString& path, const QByteArray& bytes);
+/// The process' own folder below TMPDIR, removed at its end.
+QString HBFuzzFolder();

@@ -7,7 +7,6 @@
 #include "HBTestRecords.h"
 
 #include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -52,11 +51,6 @@ QByteArray BytesOf(const HBAdjustment& adjustment, const std::any& record) {
                           : QJsonDocument(saved["values"].toObject()).toJson(QJsonDocument::Compact);
 }
 
-void Write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) HBFuzzFail(file.errorString());
-}
-
 void WriteSeeds(const QString& folder) {
     for (const char* target : {"record", "recipe", "gestures"}) QDir().mkpath(folder + '/' + target);
     QRandomGenerator random(1);
@@ -68,19 +62,19 @@ void WriteSeeds(const QString& folder) {
         for (int k = 0; k < 3; ++k) {
             const QByteArray head = Bytes({i, 4 + k, k});
             const QByteArray selection = k ? QByteArray("\x02\xfe\x03\x01\x70\x60\x80\x80", 8) : QByteArray();
-            Write(QString("%1/record/%2-%3").arg(folder, adjustment.className).arg(k),
-                  head + selection + BytesOf(adjustment, records[k]));
+            HBFuzzWrite(QString("%1/record/%2-%3").arg(folder, adjustment.className).arg(k),
+                        head + selection + BytesOf(adjustment, records[k]));
         }
         QByteArray gestures = Bytes({i, 1, 8, 0, 0, 4, 0});
         for (int k = 0; k < 12; ++k) gestures += Bytes({random.bounded(20), random.bounded(99), k * 20});
-        Write(QString("%1/gestures/%2").arg(folder, adjustment.className), gestures);
+        HBFuzzWrite(QString("%1/gestures/%2").arg(folder, adjustment.className), gestures);
         all.steps += HBStepOf(adjustment, records[1]);
-        Write(QString("%1/recipe/%2").arg(folder, adjustment.className),
-              QByteArray("\4\0", 2) + HBRecipe{{all.steps.last()}}.ToJson());
+        HBFuzzWrite(QString("%1/recipe/%2").arg(folder, adjustment.className),
+                    QByteArray("\4\0", 2) + HBRecipe{{all.steps.last()}}.ToJson());
     }
     all.steps.removeLast(); // the last two draw stamps and texts over everything
     all.steps.removeLast();
-    Write(folder + "/recipe/all", QByteArray("\3\0", 2) + all.ToJson());
+    HBFuzzWrite(folder + "/recipe/all", QByteArray("\3\0", 2) + all.ToJson());
 }
 
 } // namespace

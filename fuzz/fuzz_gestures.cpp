@@ -25,6 +25,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QThread>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -124,10 +125,9 @@ void ProcessEvents(int milliseconds) {
 
 bool Idle(const std::function<bool()>& reached) {
     QElapsedTimer time;
-    for (time.start(); !reached(); QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5)) {
-        if (time.elapsed() > 20000) return false;
-        QThreadPool::globalInstance()->waitForDone(1);
-        QTimer::singleShot(2, qApp, [] {});
+    for (time.start(); !reached(); QCoreApplication::processEvents(QEventLoop::AllEvents, 5)) {
+        if (time.elapsed() > 60000) return false;
+        QThread::msleep(1); // not the pool's waitForDone(): that loses a task that comes meanwhile
     }
     return true;
 }
@@ -151,10 +151,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::unique_ptr<HBAdjustmentWidget> panel(entry.create(input.Below(2), nullptr));
     panel->setAttribute(Qt::WA_DontShowOnScreen);
     HBTarget target;
-    bool waits = false;
-    int finished = 0;
+    int finished = 0, waited = 0;
     QObject::connect(panel.get(), &HBAdjustmentWidget::Finished, [&] { ++finished; });
-    int waited = 0;
     for (int gesture = 0; !input.IsAtEnd() && gesture < 60 && panel; ++gesture) {
         const int what = input.Byte(), which = input.Byte(), value = input.Byte();
         const QVector<QWidget*> controls = Controls(*panel);
@@ -180,11 +178,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             target = HBFuzzTarget(&input);
             panel->SetImage(target.source, target.selection, target.offset, target.bounds);
             break;
-        case 10: {
-            QString reason;
+        case 10:
             entry.set(*panel, HBHostileRecord(*entry.adjustment, value % HBHostileRecords));
             break;
-        }
         case 11:
             panel->OnReset();
             break;
@@ -195,7 +191,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             ProcessEvents(55);
             break;
         case 14:
-            if (!panel->WaitForProcessingFinished(value % 5 == 0)) waited += !waits, waits = true;
+            waited += !panel->WaitForProcessingFinished(value % 5 == 0);
             break;
         case 15:
             panel->SetCancelProcessing(value & 1);
@@ -217,21 +213,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 panel->setVisible(value & 1);
             break;
         }
-        if (waits && finished == waited) waits = false;
     }
     if (panel && !entry.draw) {
+        const auto rests = [&](const std::function<bool()>& reached) {
+            if (Idle(reached)) return;
+            HBFuzzFail(QString("%1 does not come to rest: processing %2, pending %3, finished %4 of %5, pool %6")
+                           .arg(entry.className)
+                           .arg(panel->IsProcessing())
+                           .arg(panel->HasPendingChange())
+                           .arg(finished)
+                           .arg(waited)
+                           .arg(QThreadPool::globalInstance()->activeThreadCount()));
+        };
+        rests([&] { return finished >= waited; }); // first: a wait whose dialog is rejected cancels
         panel->SetCancelProcessing(false);
-        if (panel->HasPendingChange()) panel->ProcessNow();
-        HBAdjustmentWidget* p = panel.get();
-        const auto done = [&] { return !p->IsProcessing() && !p->HasPendingChange() && finished >= waited; };
-        HBFuzzCheck(Idle(done),
-                    QString("%1 does not come to rest: processing %2, pending %3, finished %4 of %5, pool %6")
-                        .arg(entry.className)
-                        .arg(p->IsProcessing())
-                        .arg(p->HasPendingChange())
-                        .arg(finished)
-                        .arg(waited)
-                        .arg(QThreadPool::globalInstance()->activeThreadCount()));
+        panel->ProcessNow();
+        rests([&] { return !panel->IsProcessing() && !panel->HasPendingChange(); });
         const std::any record = entry.get(*panel);
         const HBOutcome core = HBRun(*entry.adjustment, record, target);
         if (!target.source.IsEmpty()) {

@@ -9,26 +9,10 @@
 #include <HBReplayJournal.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <sys/resource.h>
-
-namespace {
-
-void Write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) HBFuzzFail(file.errorString());
-}
-
-QString Folder() {
-    static const QTemporaryDir folder(QFile::exists("/dev/shm") ? "/dev/shm/fuzz-journal-XXXXXX" : QString());
-    return folder.path();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     new QCoreApplication(*argc, *argv);
@@ -39,10 +23,10 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     HBFuzzInput input(data, size);
     const bool continues = input.Below(2);
-    const QString folder = Folder();
-    Write(folder + "/.panel-replay.journal", input.Rest());
-    Write(folder + "/a.jpg", "photo");
-    Write(folder + "/a.jpg.abcdef", "mine"); // named as a left-over, and none
+    const QString folder = HBFuzzFolder();
+    HBFuzzWrite(folder + "/.panel-replay.journal", input.Rest());
+    HBFuzzWrite(folder + "/a.jpg", "photo");
+    HBFuzzWrite(folder + "/a.jpg.abcdef", "mine"); // named as a left-over, and none
     HBReplayJournal journal(folder, HBShard(), "job", continues);
     QString problem, output;
     HBFuzzCheck(journal.Read(&problem), problem);
@@ -63,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzCheck(!fitted, "a line got onto a full disk");
     problem.clear();
     HBFuzzCheck(journal.Note(folder + "/a.jpg", state, folder + "/b.jpg", true, "result", &problem), problem);
-    Write(folder + "/b.jpg", "result");
+    HBFuzzWrite(folder + "/b.jpg", "result");
     HBReplayJournal next(folder, HBShard(), "job", true);
     HBFuzzCheck(next.Read(&problem), problem);
     HBFuzzCheck(next.IsDone(folder + "/a.jpg", &output), "what was just noted is not done");

@@ -4,6 +4,7 @@
 // Stored bytes → record → prepare → operate on an awkward picture with a hostile selection → stored bytes.
 // Input: adjustment, target (HBFuzzTarget), bytes of the record.
 #include "HBFuzz.h"
+#include "HBTestRecords.h"
 
 #include <HBRecipe.h>
 
@@ -32,8 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzCheck(adjustment.restore(saved, &again, &reason), "what was stored cannot be read: " + reason);
     HBFuzzCheck(adjustment.save(again) == saved, "what was stored is read as something else");
 
-    const HBOutcome outcome =
-        HBRunStages(target, [&] { return adjustment.stages(record, target.bounds.isValid()); });
+    const HBOutcome outcome = HBRun(adjustment, record, target);
     HBFuzzCheck(outcome.status != HBOutcome::Cancelled, "nobody has cancelled");
     HBFuzzCheck(outcome.IsWhole() == HBFailureReason(outcome).isEmpty(), "a failure without a reason");
     QString error;

@@ -91,11 +91,16 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
 
 QString HBAskForRecipe()
 {
-    const QString path =
-        QFileDialog::getOpenFileName(nullptr, HBGimpText::tr("Apply Recipe"), KMApplication::GetPathOpen(),
-                                     HBGimpText::tr("Recipes (*.json);;All files (*)"));
-    if (!path.isEmpty())
-        KMApplication::SetPathOpen(QFileInfo(path).path());
+    QFileDialog dialog(nullptr, HBGimpText::tr("Apply Recipe"), KMApplication::GetPathOpen(),
+                       HBGimpText::tr("Recipes (*.json);;All files (*)"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.resize(800, 500); // its columns are cut off by default
+    PutBefore(&dialog);
+    EndWithGimp(&dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    const QString path = dialog.selectedFiles().value(0);
+    KMApplication::SetPathOpen(QFileInfo(path).path());
     return path;
 }
 

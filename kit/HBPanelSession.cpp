@@ -6,6 +6,7 @@
 #include "HBOverlayJob.h"
 #include "HBPanelSetupOnce.h"
 #include "HBPickSurface.h"
+#include "HBSightJob.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBChangedTiles.h>
@@ -15,6 +16,8 @@
 #include <KMDocumentView.h>
 
 #include <QApplication>
+
+#include <utility>
 
 namespace
 {
@@ -77,7 +80,8 @@ HBPanelSession::~HBPanelSession()
     if (m_pPanel)
         m_pPanel->disconnect(this);
     delete m_pOverlayJob; // it asks the panel
-    delete m_pPanel;      // while the view it picks from is still there
+    delete m_pSightJob;
+    delete m_pPanel; // while the view it picks from is still there
     delete m_pOverlayFrame;
 }
 
@@ -103,11 +107,35 @@ void HBPanelSession::SetTarget(const HBTarget& target)
     if (!m_pPanel || m_Over)
         return;
     m_Stopped = false;
+    m_SightOutdated = true;
+    if (m_pSightJob) {
+        m_pSightJob->SetTarget(m_Target);
+        m_pSightJob->SetSight(m_SightArea, m_SightZoom);
+        AdvanceSoon();
+    }
     if (IsOverlay())
         m_pOverlayJob->SetImage(target.source);
     else
         m_pPanel->SetImage(target.source, target.selection, target.offset, target.bounds);
     TellBusy();
+}
+
+void HBPanelSession::SetSight(const QRect& area, double zoom)
+{
+    if (m_Over || (area == m_SightArea && zoom == m_SightZoom))
+        return;
+    m_SightArea = area;
+    m_SightZoom = zoom;
+    if (IsOverlay())
+        return; // it leaves alone the tiles that it does not touch
+    if (!m_pSightJob) {
+        m_pSightJob = new HBSightJob(*m_Entry.adjustment, this);
+        connect(m_pSightJob, &HBSightJob::Ready, this, &HBPanelSession::OnSightReady);
+        m_pSightJob->SetTarget(m_Target);
+    }
+    m_pSightJob->SetSight(area, zoom);
+    m_SightOutdated = true;
+    AdvanceSoon();
 }
 
 // ---- Picking ----
@@ -206,6 +234,7 @@ void HBPanelSession::TakeNewValues()
 {
     m_Stopped = false;
     m_Outdated = true;
+    m_SightOutdated = true;
     m_Still.start();
     AdvanceSoon();
 }
@@ -269,10 +298,45 @@ void HBPanelSession::SetCancelProcessing(bool cancel)
 /// where a control moves slowly and jobs take long, none would come to its end.
 void HBPanelSession::OnStill()
 {
-    if (m_Over || !m_pPanel || !m_Outdated || m_GivenUpOne || !IsWorking())
+    if (m_FollowsSight)
+        AdvanceSoon();                                      // the whole has waited for this
+    const bool mayGiveUp = !m_GivenUpOne || m_FollowsSight; // what is in sight is shown meanwhile
+    if (m_Over || !m_pPanel || !m_Outdated || !mayGiveUp || !IsWorking())
         return;
     m_GivenUpOne = true;
     StartNow();
+}
+
+// ---- What is in sight ----
+
+/// Has it adjusted for the present values. Whether it can be.
+bool HBPanelSession::LookAtSight()
+{
+    if (!m_pSightJob || m_Finishing || !IsPending())
+        return false;
+    if (m_SightOutdated) {
+        m_SightOutdated = false;
+        m_FollowsSight = m_pSightJob->Ask(m_Entry.get(*m_pPanel));
+        if (!m_FollowsSight)
+            EndSight();
+    }
+    return m_FollowsSight;
+}
+
+void HBPanelSession::OnSightReady(const HBImage<>& sight, const QRect& area, int level)
+{
+    if (m_Over || !m_pPanel || !IsPending())
+        return; // the whole was quicker
+    m_SightShown = true;
+    Q_EMIT SightReady(sight, area, level);
+}
+
+void HBPanelSession::EndSight()
+{
+    if (m_pSightJob)
+        m_pSightJob->GiveUp();
+    if (std::exchange(m_SightShown, false))
+        Q_EMIT SightOver();
 }
 
 void HBPanelSession::AdvanceSoon()
@@ -291,7 +355,10 @@ void HBPanelSession::Advance()
     if (m_Over || !m_pPanel)
         return;
     const bool stopped = m_Stopped || (m_Finishing && m_WaitCancelled);
-    if (!IsWorking() && IsPending() && !stopped)
+    const bool follows = LookAtSight();
+    // While a hand moves, what it sees goes first.
+    const bool rests = !follows || !m_Still.isActive();
+    if (!IsWorking() && IsPending() && !stopped && rests)
         StartNow();
     if (m_Finishing && !IsWorking()) {
         if (IsPending())
@@ -328,6 +395,8 @@ void HBPanelSession::OnImageReady()
     const QRegion changed = HBChangedTiles(m_Preview, image);
     m_Preview = image;
     Q_EMIT PreviewReady(image, changed);
+    if (self && (failed || !IsPending()))
+        EndSight();
     if (self && m_Finishing && !IsPending())
         Finish();
 }
@@ -431,6 +500,8 @@ bool HBPanelSession::End()
 {
     m_Over = true;
     m_Finishing = false;
+    if (m_pSightJob)
+        m_pSightJob->GiveUp();
     m_Still.stop();
     EndWait();
     SetCancelProcessing(true);

@@ -18,6 +18,7 @@ class HBOperationProgressDlg;
 class HBOverlayFrame;
 class HBOverlayJob;
 class HBPickSurface;
+class HBSightJob;
 class KMDocumentView;
 class QGraphicsView;
 
@@ -67,6 +68,12 @@ public:
     /// left corner at (0, 0), or any surface; null: nowhere. A surface is the caller's.
     void SetView(QGraphicsView* view);
     void SetSurface(HBPickSurface* surface);
+    /// What is in sight of the picture: as long as the values change, that alone is adjusted at once, as small as
+    /// it is shown, and the whole once a control rests. Without it, or where an adjustment must see the whole,
+    /// each preview is of the whole. KMDocumentView tells it by a signal.
+    /// \param area in pixels of the picture; empty: nothing
+    /// \param zoom device pixels per pixel of the picture
+    void SetSight(const QRect& area, double zoom);
     /// Whether a panel is about to use the mouse on that view: the program's own tools wait meanwhile.
     bool IsPicking() const { return m_Picking; }
 
@@ -104,6 +111,10 @@ Q_SIGNALS:
     /// \param changed where it differs from the preview before, in whole tiles (HBChangedTiles); all of it for the
     ///        first of a picture
     void PreviewReady(const HBImage<>& image, const QRegion& changed);
+    /// What is in sight, for values that Preview() lacks yet. \see HBTileImageItem::ShowSight
+    void SightReady(const HBImage<>& sight, const QRect& area, int level);
+    /// The last preview is right for all of the picture again.
+    void SightOver();
     /// OK, and this is the final image: never one from before the last change. It shares the tiles that are as
     /// before with the picture.
     void Accepted(const HBImage<>& image);
@@ -139,6 +150,10 @@ private:
     void ListenToView(KMDocumentView* view);
     void TellPicking();
 
+    bool LookAtSight();
+    void OnSightReady(const HBImage<>& sight, const QRect& area, int level);
+    void EndSight();
+
     void AdvanceSoon();
     void Advance();
     void TellBusy();
@@ -156,6 +171,7 @@ private:
     QPointer<HBAdjustmentWidget> m_pPanel;
     QPointer<HBOverlayFrame> m_pOverlayFrame; ///< around the panel of an overlay
     HBOverlayJob* m_pOverlayJob = nullptr;    ///< of a panel without a job of its own
+    HBSightJob* m_pSightJob = nullptr;        ///< once something is in sight
     QPointer<HBPickSurface> m_pOwnSurface;
     QPointer<KMDocumentView> m_pView;
     HBTarget m_Target;
@@ -171,9 +187,14 @@ private:
     bool m_Busy = false;
     bool m_Picking = false;
     bool m_AdvanceSoon = false;
-    bool m_Outdated = false;   ///< the running job does not know the last change
-    bool m_GivenUpOne = false; ///< and the one before was given up for that
-    bool m_Stopped = false;    ///< no job before something changes: the last failed, or the user gave it up
+    bool m_Outdated = false;      ///< the running job does not know the last change
+    bool m_GivenUpOne = false;    ///< and the one before was given up for that
+    bool m_SightOutdated = false; ///< the sight's job does not know the last change
+    bool m_FollowsSight = false;  ///< the present record can be made of what is in sight alone
+    bool m_SightShown = false;
+    QRect m_SightArea;
+    double m_SightZoom = 1;
+    bool m_Stopped = false; ///< no job before something changes: the last failed, or the user gave it up
     bool m_Finishing = false;
     bool m_WaitCursor = false;
     bool m_WaitCancelled = false;

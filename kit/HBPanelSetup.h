@@ -11,10 +11,11 @@ class QWidget;
 /// Sets up what all panels need of the program around them: the pictures of their buttons, the scale of picking
 /// (a scene's unit is a pixel of the picture), the parent of their dialogs, the pool of their jobs. Once, behind
 /// QApplication and before the first panel is made; without it the first HBPanelSession does the same, with no
-/// window and the global pool. GUI thread.
+/// window and the default pool. GUI thread.
 /// \param mainWindow may be null, and may be destroyed
-/// \param pool where all jobs run; null: the global pool, where they wait behind the program's own tasks. Not
-///        owned; it must outlive every session, and all that HBAdjust and HBApplyRecipe do
+/// \param pool where all jobs run. Null: in Qt 5 the global pool, where they wait behind the program's own tasks;
+///        in Qt 6 one of the panels. Not owned; it must outlive every session, and all that HBAdjust and
+///        HBApplyRecipe do
 KIT_EXPORT void HBSetUpPanels(QWidget* mainWindow = nullptr, QThreadPool* pool = nullptr);
 
 /// The panels speak that language from here on, as far as they know it; those that are made already stay as they

@@ -52,8 +52,10 @@ public:
     {
         if (setjmp(errors.Jump()))
             return false;
-        // QRgb, opaque.
-        m_Codec.out_color_space = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRA : JCS_EXT_ARGB;
+        // QRgb, opaque; or four inks in its place.
+        m_Codec.out_color_space = m_Codec.num_components == 4       ? JCS_CMYK
+                                  : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRA
+                                                                    : JCS_EXT_ARGB;
         return jpeg_start_decompress(&m_Codec);
     }
 
@@ -97,6 +99,8 @@ bool ReadPixels(Decoder* decoder, HBStraightRead* read)
         const int count = qMin(HBUprightTiles::RowsAtOnce, size.height() - first);
         if (!read->IsWanted() || !decoder->ReadRows(rows.data(), count, size.width()))
             return false;
+        if (decoder->Codec().num_components == 4)
+            read->print->Convert(rows.data(), count * size.width());
         read->tiles.Put(first, count, rows.data(), size.width());
     }
     return decoder->Finish();
@@ -108,7 +112,11 @@ HBStraightRead::Outcome HBReadJpeg(const QByteArray& file, HBStraightRead* read)
 {
     Decoder decoder(read);
     const jpeg_decompress_struct& codec = decoder.Codec();
-    const bool known = decoder.ReadHead(file) && (codec.num_components == 1 || codec.num_components == 3);
+    const auto isForPrint = [&] {
+        return codec.num_components == 4 && read->print && read->print->Begin(codec.saw_Adobe_marker);
+    };
+    const bool known =
+        decoder.ReadHead(file) && (codec.num_components == 1 || codec.num_components == 3 || isForPrint());
     if (!known) {
         decoder.errors.ThrowIfOutOfMemory();
         return HBStraightRead::LeftToQt;

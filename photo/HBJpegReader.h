@@ -4,6 +4,6 @@
 
 #include "HBStraightRead.h"
 
-/// Reads a JPEG that is grey or has colours for screens; those for print are left to Qt. Any thread.
+/// Reads a JPEG that is grey, has colours for screens, or such for print and their profile. Any thread.
 /// \throws std::bad_alloc
 HBStraightRead::Outcome HBReadJpeg(const QByteArray& file, HBStraightRead* read);

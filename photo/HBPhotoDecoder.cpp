@@ -9,6 +9,8 @@
 #include "HBPngFile.h"
 #include "HBTiffFile.h"
 
+#include <HBColorTransform.h>
+#include <HBQtImage.h>
 #include <KMImageFileManager.h>
 
 #include <QBuffer>
@@ -18,7 +20,6 @@
 #include <QImageReader>
 
 #include <mutex>
-#include <new>
 #include <unistd.h>
 
 namespace
@@ -35,6 +36,14 @@ bool Fail(QString* reason, const QString& text)
     return false;
 }
 
+/// Qt 6 bounds the bytes of a picture by itself; HBStraightRead knows the machine.
+void LiftQtsBound()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QImageReader::setAllocationLimit(0);
+#endif
+}
+
 /// Collects what decoders remark while it lives, as about damaged data. Qt's and libtiff only log it, without the
 /// file's name: that of this thread comes here.
 class Remarks
@@ -46,6 +55,7 @@ public:
         std::call_once(once, [] {
             otherMessages = qInstallMessageHandler(Keep);
             HBLogTiffMessages();
+            LiftQtsBound();
         });
         kept = &m_Kept;
     }
@@ -67,7 +77,8 @@ public:
 private:
     static void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
-        if (!kept || type != QtWarningMsg)
+        const bool remark = type == QtWarningMsg || type == QtInfoMsg; // Qt 6's PNG decoder only informs
+        if (!kept || !remark)
             otherMessages(type, context, text);
         else if (!kept->contains(text))
             kept->append(text);
@@ -97,9 +108,7 @@ void PutRows(const QImage& image, HBUprightTiles* tiles)
         QImage piece(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());
         if (image.colorCount() > 0)
             piece.setColorTable(image.colorTable());
-        const QImage rows = piece.convertToFormat(QImage::Format_ARGB32);
-        if (rows.isNull())
-            throw std::bad_alloc();
+        const QImage rows = HBConverted(piece, QImage::Format_ARGB32);
         tiles->Put(first, count, reinterpret_cast<const QRgb*>(rows.constBits()), rows.bytesPerLine() / 4);
     }
 }
@@ -125,7 +134,7 @@ bool ReadByQt(QImageReader* reader, HBStraightRead* read, bool* isDeep)
 /// The profile if it fits the pixels, which always are red, green and blue: one for CMYK would spoil them.
 KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
 {
-    const QByteArray model = profile.Icc().mid(16, 4); // ICC.1:2022, 7.2.6
+    const QByteArray model = HBProfileModel(profile.Icc());
     if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
         return profile;
     warnings->append(Text::tr("its colour profile is not one for RGB and was left out"));
@@ -137,7 +146,12 @@ HBImage<> WithMetadata(const HBStraightRead& read, const HBPhotoMetadata& metada
     HBImage<> image = read.tiles.Image();
     for (const KMEXIFElement& element : metadata.elements)
         image.AddElement(new KMEXIFElement(element));
-    image.SetProfile(FittingProfile(metadata.profile, warnings));
+    if (read.print && read.print->HasBegun()) {
+        image.SetProfile(KMCMSProfile(HBSrgbProfile()));
+        warnings->append(Text::tr("its colours for print were converted to sRGB by its profile"));
+    } else {
+        image.SetProfile(FittingProfile(metadata.profile, warnings));
+    }
     const int otherwise = QImage(1, 1, QImage::Format_RGB32).dotsPerMeterX(); // what Qt takes for usual
     const auto dots = [&](int inFile) {
         return metadata.dotsPerMetre > 0 ? metadata.dotsPerMetre : inFile > 0 ? inFile : otherwise;
@@ -153,6 +167,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
 {
     if (!HBIsWholeFile(file))
         return Fail(reason, Text::tr("the file is cut short"));
+    HBCheckMemory();
     Remarks remarks; // also about the head, which is read more than once
     QByteArray same = file;
     QBuffer buffer(&same);
@@ -172,14 +187,16 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     QStringList aboutMetadata;
     const HBPhotoMetadata metadata = HBReadMetadata(file, &aboutMetadata);
 
+    HBPrintColors print(metadata.profile.Icc());
     HBStraightRead read;
+    read.print = &print;
     read.orientation = metadata.orientation;
     read.isWanted = isWanted;
     bool isDeep = false;
     const auto outcome = ReadStraight(file, format, &read);
     for (const QString& remark : qAsConst(read.remarks))
         remarks.Add(remark);
-    if (outcome == HBStraightRead::Read && !metadata.profile.IsEmpty())
+    if (outcome == HBStraightRead::Read && !metadata.profile.IsEmpty() && !print.HasBegun())
         QColorSpace::fromIccProfile(metadata.profile.Icc()); // which remarks what is wrong with it
     const bool isRead =
         outcome == HBStraightRead::LeftToQt ? ReadByQt(&reader, &read, &isDeep) : outcome == HBStraightRead::Read;
@@ -214,6 +231,7 @@ QSize HBSizeInHead(const QString& path)
         const QSize size(int(numbers.At(16, 4)), int(numbers.At(20, 4)));
         return size.isEmpty() ? QSize() : size;
     }
+    HBCheckMemory();
     const Remarks untold; // HBDecodePhoto() tells them
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBPhotoFile.h"
 
+#include "HBConvertToSrgb.h"
 #include "HBPhotoDecoder.h"
 #include "HBPhotoMetadata.h"
 #include "HBPictureRows.h"
@@ -9,6 +10,8 @@
 #include "HBStraightRead.h"
 #include "HBTiffFile.h"
 
+#include <HBColorTransform.h>
+#include <HBQtImage.h>
 #include <HBSaveFile.h>
 #include <KMImageFileManager.h>
 
@@ -39,7 +42,7 @@ bool Fail(QString* reason, const QString& text)
 /// Runs a step that reports its failure, or throws it.
 template <class Step>
 bool RunNamed(const QString& path, QString* error, Step step)
-{
+try {
     QString reason;
     try {
         if (step(&reason))
@@ -50,6 +53,9 @@ bool RunNamed(const QString& path, QString* error, Step step)
         reason = QString::fromLocal8Bit(problem.what());
     }
     *error = path + ": " + reason;
+    return false;
+} catch (const std::bad_alloc&) {
+    *error = QStringLiteral("there is not enough memory"); // takes none, not even for the name
     return false;
 }
 
@@ -99,11 +105,13 @@ bool Encode(HBPictureRows& rows, const QString& suffix, const HBPhotoOptions& op
         return HBWritePng(rows, bytes, reason);
     if (suffix == "tif" || suffix == "tiff")
         return HBWriteTiff(rows, bytes, reason);
+    const QImage whole = rows.Whole();
+    HBCheckMemory();
     QBuffer buffer(bytes);
     QImageWriter writer(&buffer, suffix.toLatin1());
     if (suffix == "webp")
         writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
-    return writer.write(rows.Whole()) || Fail(reason, writer.errorString());
+    return writer.write(whole) || Fail(reason, writer.errorString());
 }
 
 /// What the file shall hold besides the pixels; makes these grey where the profile is one for grey.
@@ -113,12 +121,13 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, HBPictureRows* rows, QString
     for (const KMEXIFElement* element : image.Elements())
         metadata.elements.append(*element);
     metadata.profile = image.Profile();
-    if (metadata.profile.Icc().mid(16, 4) == "GRAY") {
+    if (HBProfileModel(metadata.profile.Icc()) == "GRAY") {
         if (rows->IsGrey()) {
             rows->MakeGrey();
         } else {
-            metadata.profile = KMCMSProfile();
-            warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
+            metadata.profile = KMCMSProfile(HBRgbProfileOfGrey(metadata.profile.Icc()));
+            if (metadata.profile.IsEmpty())
+                warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
         }
     }
     return metadata;
@@ -139,14 +148,16 @@ bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error, const std:
 }
 
 QSize HBPhotoSize(const QString& path)
-{
+try {
     const QFileInfo info(path);
     if (!info.isFile() || info.size() == 0)
         return {};
     return HBSizeInHead(path);
+} catch (const std::bad_alloc&) {
+    return {}; // whoever reads it will be told why
 }
 
-bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
+bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOptions& options, QString* error,
                   QStringList* warnings, HBPhotoEncoding* written)
 {
     QStringList unheard;
@@ -155,8 +166,13 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         const QString suffix = QFileInfo(path).suffix().toLower();
         if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
             return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
-        if (image.IsEmpty())
+        if (picture.IsEmpty())
             return Fail(reason, Text::tr("there is no picture to write"));
+        QString unconverted;
+        const HBImage<> image =
+            options.convertToSrgb ? HBConvertToSrgb(picture, picture.Profile(), &unconverted) : picture;
+        if (!unconverted.isEmpty())
+            told->append(unconverted);
         const QSize size(image.Width(), image.Height());
         if (qMax(size.width(), size.height()) > LongestSide(suffix)) {
             return Fail(

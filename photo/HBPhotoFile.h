@@ -29,6 +29,8 @@ struct HBPhotoOptions
     /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality`
     /// says.
     HBPhotoEncoding encoding = {};
+    /// Whether colours are written as sRGB, whatever the picture's profile; see HBConvertToSrgb.
+    bool convertToSrgb = false;
     /// Asked when the picture is encoded and about to go to the disk, on the writing thread; false: it fails
     /// instead.
     /// \param file all its bytes

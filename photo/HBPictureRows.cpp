@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBPictureRows.h"
 
+#include <HBQtImage.h>
+
 #include <QPainter>
 
 #include <cstring>
@@ -99,7 +101,7 @@ const QImage& HBPictureRows::Strip(int first)
         QPainter(&m_Strip).drawImage(0, 0, m_Pixels);
     }
     if (m_Format == QImage::Format_Grayscale8)
-        m_Strip = Usable(m_Strip.convertToFormat(m_Format));
+        m_Strip = HBConverted(m_Strip, m_Format);
     m_First = first;
     return m_Strip;
 }

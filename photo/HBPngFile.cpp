@@ -214,7 +214,7 @@ bool WriteHead(png_structp png, png_infop info, const HBPictureRows& rows)
                        : rows.HasAlpha() ? PNG_COLOR_TYPE_RGB_ALPHA
                                          : PNG_COLOR_TYPE_RGB;
     const bool little = Q_BYTE_ORDER == Q_LITTLE_ENDIAN;
-    return Runs(png, [&rows, png, info, grey, colors, little] {
+    return Runs(png, [&rows, png, info, grey, colors] {
         png_set_IHDR(png, info, png_uint_32(rows.Width()), png_uint_32(rows.Height()), 8, colors,
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_pHYs(png, info, png_uint_32(rows.DotsPerMetreX()), png_uint_32(rows.DotsPerMetreY()),

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBPrintColors.h"
 #include "HBUprightTiles.h"
 
 #include <QByteArray>
@@ -18,6 +19,7 @@ struct HBStraightRead
 
     // From whoever asks for it.
     int orientation = 1;            ///< how the picture lies in the file, as EXIF numbers it, 1..8
+    HBPrintColors* print = nullptr; ///< by which CMYK is read; null: that is left to Qt
     std::function<bool()> isWanted; ///< asked now and then; false: the reading fails. May be null. Must not throw
 
     HBUprightTiles tiles;

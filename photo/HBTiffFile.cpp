@@ -86,19 +86,20 @@ struct Layout
     uint32_t width = 0;
     uint32_t height = 0;
     uint16_t samples = 1;
-    uint16_t colors = 1;     ///< 3, or 1 for grey; one sample more is alpha
+    uint16_t colors = 1;     ///< 3, 1 for grey, 4 for print; one sample more is alpha
     bool hasPlanes = false;  ///< one behind the other, a sample each
     uint32_t pieceWidth = 0; ///< of a tile or a strip
     uint32_t pieceHeight = 0;
 };
 
 /// Whether the picture is one to read here.
-bool GetLayout(TIFF* tiff, Layout* layout)
+bool GetLayout(TIFF* tiff, HBPrintColors* print, Layout* layout)
 {
     uint16_t bits = 0;
     uint16_t planes = 0;
     uint16_t compression = 0;
     uint16_t model = 0;
+    uint16_t inks = 0;
     uint16_t extraCount = 0;
     uint16_t* extra = nullptr;
     TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &layout->width);
@@ -107,11 +108,12 @@ bool GetLayout(TIFF* tiff, Layout* layout)
     TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &layout->samples);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &planes);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &compression);
+    TIFFGetFieldDefaulted(tiff, TIFFTAG_INKSET, &inks);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &extraCount, &extra);
     if (!TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &model) ||
-        (model != PHOTOMETRIC_RGB && model != PHOTOMETRIC_MINISBLACK))
+        (model != PHOTOMETRIC_RGB && model != PHOTOMETRIC_MINISBLACK && model != PHOTOMETRIC_SEPARATED))
         return false;
-    layout->colors = model == PHOTOMETRIC_RGB ? 3 : 1;
+    layout->colors = model == PHOTOMETRIC_RGB ? 3 : model == PHOTOMETRIC_SEPARATED ? 4 : 1;
     layout->hasPlanes = planes == PLANARCONFIG_SEPARATE && layout->samples > 1;
     layout->pieceWidth = layout->width;
     if (TIFFIsTiled(tiff)) {
@@ -129,14 +131,25 @@ bool GetLayout(TIFF* tiff, Layout* layout)
     constexpr uint32_t longest = 0x7fffff; // as a QImage
     return bits == 8 && compression != COMPRESSION_OJPEG && hasPieces &&
            layout->samples == layout->colors + hasAlpha && layout->width - 1 < longest &&
-           layout->height - 1 < longest;
+           layout->height - 1 < longest &&
+           (layout->colors != 4 || (!hasAlpha && inks == INKSET_CMYK && print && print->Begin(false)));
 }
 
 /// \param from the first row's samples
 /// \param plane from one channel of a pixel to the next; 1: side by side
-void ToQRgb(const Layout& layout, const uchar* from, size_t plane, uint32_t count, QRgb* to)
+void ToQRgb(const Layout& layout, const HBPrintColors* print, const uchar* from, size_t plane, uint32_t count,
+            QRgb* to)
 {
     const size_t step = layout.hasPlanes ? 1 : layout.samples;
+    if (layout.colors == 4) {
+        auto* inks = reinterpret_cast<uchar*>(to);
+        for (size_t x = 0; x < count; ++x) {
+            for (size_t ink = 0; ink < 4; ++ink)
+                *inks++ = from[ink * plane + x * step];
+        }
+        print->Convert(to, int(count));
+        return;
+    }
     const uchar* green = from + (layout.colors / 2) * plane;
     const uchar* blue = from + (layout.colors - 1u) * plane;
     const bool hasAlpha = layout.samples > layout.colors;
@@ -157,7 +170,7 @@ bool ReadRowByRow(TIFF* tiff, const Layout& layout, HBStraightRead* read)
         for (int y = 0; y < count; ++y) {
             if (TIFFReadScanline(tiff, samples.data(), uint32_t(first + y), 0) < 0)
                 return false;
-            ToQRgb(layout, samples.data(), 1, layout.width, rows.data() + qptrdiff(y) * width);
+            ToQRgb(layout, read->print, samples.data(), 1, layout.width, rows.data() + qptrdiff(y) * width);
         }
         if (!read->IsWanted())
             return false;
@@ -191,7 +204,7 @@ bool ReadPieceByPiece(TIFF* tiff, const Layout& layout, HBStraightRead* read)
                     return false;
             }
             for (uint32_t y = 0; y < count; ++y) {
-                ToQRgb(layout, samples.data() + y * stride, layout.hasPlanes ? bytes : 1,
+                ToQRgb(layout, read->print, samples.data() + y * stride, layout.hasPlanes ? bytes : 1,
                        qMin(layout.pieceWidth, layout.width - left),
                        rows.data() + size_t(y) * layout.width + left);
             }
@@ -282,7 +295,7 @@ HBStraightRead::Outcome HBReadTiff(const QByteArray& file, HBStraightRead* read)
         return HBStraightRead::LeftToQt;
     const auto close = qScopeGuard([tiff] { TIFFClose(tiff); });
     Layout layout;
-    if (!GetLayout(tiff, &layout))
+    if (!GetLayout(tiff, read->print, &layout))
         return HBStraightRead::LeftToQt;
     read->dotsPerMetreX = Dots(tiff, TIFFTAG_XRESOLUTION);
     read->dotsPerMetreY = Dots(tiff, TIFFTAG_YRESOLUTION);

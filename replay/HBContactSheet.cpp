@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBContactSheet.h"
 
+#include <HBScaled.h>
+
 #include <QPainter>
 #include <QtMath>
 
@@ -18,7 +20,7 @@ constexpr int labelSize = 15;
 
 QImage HBThumbnail(const QImage& image)
 {
-    return image.scaled(thumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return HBScaled(image, thumbnailSize, Qt::KeepAspectRatio);
 }
 
 QImage HBContactSheet(const QVector<HBContact>& contacts)

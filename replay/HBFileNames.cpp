@@ -2,16 +2,39 @@
 // SPDX-License-Identifier: MIT
 #include "HBFileNames.h"
 
+#include <QFile>
+
+#include <filesystem>
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
+#endif
 
 namespace
 {
 
 constexpr ushort FirstEscape = 0xdc80; // for the byte 0x80: ASCII is never invalid
 constexpr ushort LastEscape = 0xdcff;
-constexpr int MibOfUtf8 = 106;
 
 /// UTF-8 with escapes. Without a state: a character that is cut in two becomes escapes, which give the same bytes.
+QString Decoded(const char* bytes, int length)
+{
+    QString text;
+    for (int i = 0; i < length;) {
+        const uchar first = uchar(bytes[i]);
+        const int expected = first < 0x80 ? 1 : first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
+        const QByteArray character(bytes + i, qMin(expected, length - i));
+        const QString decoded = QString::fromUtf8(character);
+        const bool valid = decoded.toUtf8() == character;
+        text += valid ? decoded : QString(QChar(FirstEscape - 0x80 + first));
+        i += valid ? int(character.size()) : 1;
+    }
+    return text;
+}
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+
+constexpr int MibOfUtf8 = 106;
+
 class FileNameCodec : public QTextCodec
 {
 public:
@@ -21,17 +44,7 @@ public:
 protected:
     QString convertToUnicode(const char* bytes, int length, ConverterState*) const override
     {
-        QString text;
-        for (int i = 0; i < length;) {
-            const uchar first = uchar(bytes[i]);
-            const int expected = first < 0x80 ? 1 : first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
-            const QByteArray character(bytes + i, qMin(expected, length - i));
-            const QString decoded = QString::fromUtf8(character);
-            const bool valid = decoded.toUtf8() == character;
-            text += valid ? decoded : QString(QChar(FirstEscape - 0x80 + first));
-            i += valid ? character.size() : 1;
-        }
-        return text;
+        return Decoded(bytes, length);
     }
 
     QByteArray convertFromUnicode(const QChar* characters, int length, ConverterState*) const override
@@ -50,6 +63,8 @@ protected:
     }
 };
 
+#endif
+
 /// Not so what makes a name look like another one: marks that turn the direction of the text, among others.
 bool IsHarmless(QChar character)
 {
@@ -62,10 +77,52 @@ bool IsHarmless(QChar character)
 
 } // namespace
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+
 void HBKeepAllFileNames()
 {
     if (QTextCodec::codecForLocale()->mibEnum() == MibOfUtf8)
         QTextCodec::setCodecForLocale(new FileNameCodec); // Qt deletes it
+}
+
+QString HBDecodedFileName(const QByteArray& bytes)
+{
+    return QFile::decodeName(bytes);
+}
+
+QStringList HBNamesUnknownToQt(const QString&)
+{
+    return {};
+}
+
+#else
+
+void HBKeepAllFileNames() {}
+
+QString HBDecodedFileName(const QByteArray& bytes)
+{
+    return Decoded(bytes.constData(), int(bytes.size()));
+}
+
+QStringList HBNamesUnknownToQt(const QString& folder)
+{
+    QStringList names;
+    std::error_code problem;
+    std::filesystem::directory_iterator entry(QFile::encodeName(folder).constData(), problem);
+    for (; !problem && entry != std::filesystem::directory_iterator(); entry.increment(problem)) {
+        const QString name = HBDecodedFileName(QByteArray::fromStdString(entry->path().filename().string()));
+        std::error_code unknown;
+        if (!HBIsFileName(name))
+            names.append(entry->is_directory(unknown) ? name + '/' : name);
+    }
+    return names;
+}
+
+#endif
+
+bool HBIsFileName(const QString& path)
+{
+    return QFile::decodeName(QFile::encodeName(path)) == path;
 }
 
 QString HBShownOnTerminal(const QString& text)

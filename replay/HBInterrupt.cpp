@@ -38,7 +38,8 @@ std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler cannot take locks");
 sem_t arrived; ///< wakes the watching thread: all that a signal handler may do to that end
 
-std::atomic<bool> isTold[STDERR_FILENO + 1] = {}; ///< by file descriptor
+enum Telling { NotTold, BeingTold, Told };
+std::atomic<Telling> told[STDERR_FILENO + 1] = {}; ///< the last words, by file descriptor
 
 /// For ever: a signal may come while the process ends.
 struct Shared
@@ -69,6 +70,19 @@ void WriteIfTaken(int file, const QByteArray& bytes, int wait)
     }
 }
 
+/// By the thread that comes to it first, which may have to wait for its reader; the other one waits for it.
+template <class Words>
+void Tell(int file, const Words& words, int wait)
+{
+    Telling expected = NotTold;
+    if (told[file].compare_exchange_strong(expected, BeingTold)) {
+        WriteIfTaken(file, words(), wait);
+        told[file] = Told;
+    }
+    for (int waited = 0; told[file] != Told && (wait < 0 || waited < wait); ++waited)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
 [[noreturn]] void End(int wait)
 {
     std::function<HBLastWords()> words;
@@ -76,12 +90,13 @@ void WriteIfTaken(int file, const QByteArray& bytes, int wait)
         const std::lock_guard<std::mutex> lock(shared().mutex);
         words = shared().words;
     }
-    // Each by the thread that comes to it first: the other may wait for its reader.
-    if (!isTold[STDERR_FILENO].exchange(true)) {
-        WriteIfTaken(STDERR_FILENO, words ? words().message : HBLastErrorLine(Text::tr("interrupted")), wait);
-    }
-    if (words && !isTold[STDOUT_FILENO].exchange(true))
-        WriteIfTaken(STDOUT_FILENO, words().line, wait);
+    const auto last = [&words] {
+        return words ? words() : HBLastWords{HBLastErrorLine(Text::tr("interrupted")), QByteArray()};
+    };
+    Tell(
+        STDERR_FILENO, [&] { return last().message; }, wait);
+    Tell(
+        STDOUT_FILENO, [&] { return last().line; }, wait);
     std::_Exit(HBWasInterrupted);
 }
 

@@ -22,7 +22,7 @@ void HBWatchInterrupts();
 /// Whether one has come. Any thread.
 bool HBIsInterrupted();
 
-/// \param words gives what to say; called once or twice, by any thread. "interrupted" by default
+/// \param words gives what to say; called more than once, by any thread. "interrupted" by default
 void HBSetLastWords(std::function<HBLastWords()> words);
 
 /// Says the last words, as far as there is somebody who takes them, and ends the process with exit code 130,

@@ -7,6 +7,7 @@
 #include "HBReplayJournal.h"
 #include "HBReplayPipeline.h"
 
+#include <HBParallel.h>
 #include <KMImageFileManager.h>
 #include <KMTileManager64.h>
 
@@ -61,7 +62,7 @@ bool ReadBounds(const HBReplayOptions& options, HBReplayWork* work, QString* pro
         return false;
     if (options.IsSet("memory"))
         tiles.SetMemoryBudget(work->bounds.memory);
-    QThreadPool::globalInstance()->setMaxThreadCount(work->jobs);
+    HBThreadPool().setMaxThreadCount(work->jobs);
     return true;
 }
 

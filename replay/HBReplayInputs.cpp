@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayInputs.h"
 
+#include "HBFileNames.h"
 #include "HBInterrupt.h"
 
 #include <KMImageFileManager.h>
@@ -115,6 +116,12 @@ private:
                     folders.append(name + '/');
                 }
             }
+            for (const QString& name : HBNamesUnknownToQt(folder + '/' + inner)) {
+                const bool wanted = name.endsWith('/') ? m_Choice.recursive
+                                                       : m_Suffixes.contains(QFileInfo(name).suffix().toLower());
+                if (wanted)
+                    names.append(inner + name);
+            }
         }
         std::sort(names.begin(), names.end());
         const QString prefix = folder == "." ? QString() : folder.endsWith('/') ? folder : folder + '/';
@@ -162,7 +169,7 @@ bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QStri
         const int next = found < 0 ? bytes.size() : found;
         const bool isOfWindows = found > first && !endsWithNul && bytes[found - 1] == '\r';
         if (next - isOfWindows > first)
-            names->append(QFile::decodeName(bytes.mid(first, next - isOfWindows - first)));
+            names->append(HBDecodedFileName(bytes.mid(first, next - isOfWindows - first)));
         first = next + 1;
     }
     return true;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayPlan.h"
 
+#include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayJournal.h"
 
@@ -110,6 +111,8 @@ private:
             task->output = earlier;
             return Set(task, HBReplayTask::Skip, Text::tr("it was done in an earlier run"));
         }
+        if (!HBIsFileName(task->input))
+            return Set(task, HBReplayTask::Refuse, Text::tr("its name is not UTF-8, which Qt 6 needs"));
         const QFileInfo input(task->input);
         if (!input.exists())
             return Set(task, HBReplayTask::Refuse, Text::tr("there is no such file"));

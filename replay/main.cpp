@@ -128,7 +128,11 @@ int main(int argc, char* argv[])
 
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments.append(QFile::decodeName(argv[i]));
+        arguments.append(HBDecodedFileName(argv[i]));
+    for (const QString& argument : arguments) {
+        if (!HBIsFileName(argument))
+            return Refuse(Text::tr("%1 is not UTF-8, which Qt 6 needs").arg(argument));
+    }
     HBReplayOptions options;
     QString problem;
     if (!options.Parse(arguments, &problem))

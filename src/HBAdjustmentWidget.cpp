@@ -309,11 +309,19 @@ void HBAdjustmentWidget::PutButtonsLastInTabOrder()
     // The box hands the focus on to its first button on the screen. It goes right before that one: from anywhere
     // else the tab key would jump over what lies between.
     QWidget* const first = box->focusProxy();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    if (first) {
+        first->lower(); // Qt itself puts the box before the first of its children
+        box->setFocusProxy(nullptr);
+        box->setFocusProxy(first);
+    }
+#else
     box->setFocusProxy(nullptr);       // or Qt would move that button in place of the box,
     box->setFocusPolicy(Qt::TabFocus); // and without this nothing at all
     setTabOrder(buttons.value(buttons.indexOf(first) - 1, last), box);
     box->setFocusPolicy(Qt::NoFocus);
     box->setFocusProxy(first);
+#endif
 }
 
 QString HBAdjustmentWidget::GetWidgetName()

@@ -387,7 +387,8 @@ void HBCurveScene::MoveSelection(const QPoint& step)
     const int lowest = index > 0 ? points.at(index - 1).x() + Gap : 0;
     const int highest = index < points.size() - 1 ? points.at(index + 1).x() - Gap : Top;
     const QPoint wanted = points.at(index) + step;
-    const QPoint target(qBound(lowest, wanted.x(), highest), qBound(0, wanted.y(), Top));
+    // Between neighbours that leave no room there is no highest; qBound() of Qt 6 aborts then.
+    const QPoint target(qMax(lowest, qMin(wanted.x(), highest)), qBound(0, wanted.y(), Top));
     if (MovePoint(index, target))
         Q_EMIT PointTouched(target);
 }

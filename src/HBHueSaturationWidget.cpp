@@ -37,6 +37,25 @@ int ClampedLevel(int percent)
     return qBound(0, 127 + Percent(percent) * 255 / 200, 255);
 }
 
+/// QColor::fromHsl() in double precision, as Qt 5 has it: in Qt 6's single precision it is a level off at times.
+QColor FromHsl(int hue, int saturation, int lightness)
+{
+    const double s = saturation / 255.0;
+    const double l = lightness / 255.0;
+    const double high = l < 0.5 ? l * (1 + s) : l + s - l * s;
+    const double low = 2 * l - high;
+    const auto channel = [=](double turns) {
+        const double t = turns < 0 ? turns + 1 : turns > 1 ? turns - 1 : turns;
+        const double value = t * 6 < 1   ? low + (high - low) * (t * 6)
+                             : t * 2 < 1 ? high
+                             : t * 3 < 2 ? low + (high - low) * (2 / 3.0 - t) * 6
+                                         : low;
+        return (qRound(value * 65535) + 128) / 257; // by way of the 16 bits that QColor keeps
+    };
+    const double h = hue / 360.0;
+    return QColor(channel(h + 1 / 3.0), channel(h), channel(h - 1 / 3.0));
+}
+
 QBrush Stretched(QLinearGradient gradient)
 {
     gradient.setCoordinateMode(QGradient::StretchToDeviceMode);
@@ -144,8 +163,7 @@ QLinearGradient HBHueSaturationWidget::GetHue(int saturation, int lightness)
     double position = 0.0;
     for (int stop = 0; stop <= 20; ++stop) {
         // Twenty steps of 0.05 add up to a little more than 1, which a gradient refuses.
-        gradient.setColorAt(qMin(position, 1.0),
-                            QColor::fromHsl(18 * stop % 360, Level(saturation), Level(lightness), 255));
+        gradient.setColorAt(qMin(position, 1.0), FromHsl(18 * stop % 360, Level(saturation), Level(lightness)));
         position += 0.05;
     }
     return gradient;
@@ -154,8 +172,8 @@ QLinearGradient HBHueSaturationWidget::GetHue(int saturation, int lightness)
 QLinearGradient HBHueSaturationWidget::GetSaturation(int hue, int lightness)
 {
     QLinearGradient gradient(0, 0, 1, 0);
-    gradient.setColorAt(0.0, QColor::fromHsl(Degrees(hue), 0, Level(lightness), 255));
-    gradient.setColorAt(1.0, QColor::fromHsl(Degrees(hue), 255, Level(lightness), 255));
+    gradient.setColorAt(0.0, FromHsl(Degrees(hue), 0, Level(lightness)));
+    gradient.setColorAt(1.0, FromHsl(Degrees(hue), 255, Level(lightness)));
     return gradient;
 }
 
@@ -183,8 +201,8 @@ void HBHueSaturationWidget::UpdateColorLabels()
     QLinearGradient result(0, 0, 1, 0);
     for (int stop = 0; stop <= Last; ++stop) {
         const double position = stop / double(Last);
-        reference.setColorAt(position, QColor::fromHsl(60 * stop % 360, 255, 127, 255));
-        result.setColorAt(position, QColor::fromHsl((hue + step * stop) % 360, saturation, lightness, 255));
+        reference.setColorAt(position, FromHsl(60 * stop % 360, 255, 127));
+        result.setColorAt(position, FromHsl((hue + step * stop) % 360, saturation, lightness));
     }
     m_pUI->m_pPaletteLabel->SetBackgroundBrush(Stretched(reference));
     m_pUI->m_pColorizeLabel->SetBackgroundBrush(Stretched(result));

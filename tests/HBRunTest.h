@@ -25,8 +25,10 @@ inline int HBRunTest(QObject* test, QStringList arguments) {
     QFile file(log);
     if (!file.open(QIODevice::ReadOnly)) return failed; // options like -functions run nothing
     const QByteArray messages = file.readAll();
-    const int warnings = messages.count("type=\"qwarn\"") + messages.count("type=\"system\"") -
-                         messages.count("[This plugin does not support propagateSizeHints()]");
+    // Errors are called "system" by Qt 5 and "qcritical" by Qt 6.
+    const int warnings = int(messages.count("type=\"qwarn\"") + messages.count("type=\"system\"") +
+                             messages.count("type=\"qcritical\"") -
+                             messages.count("[This plugin does not support propagateSizeHints()]"));
     if (warnings > 0)
         std::fprintf(stderr, "FAIL!  : %d unannounced warnings or errors in the log above\n", warnings);
     return failed ? failed : qMin(warnings, 1);

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 # SPDX-License-Identifier: MIT
 
-# What the tests that build something share. They get WORK_DIR, which begins empty, GENERATOR, CXX_COMPILER and
+# What the tests that build something share. They get WORK_DIR, which begins empty, QT_VERSION, GENERATOR, CXX_COMPILER and
 # CXX_COMPILER_LAUNCHER.
 set(ENV{CMAKE_GENERATOR} ${GENERATOR})
 set(ENV{CXX} ${CXX_COMPILER})

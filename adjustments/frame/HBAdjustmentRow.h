@@ -5,6 +5,7 @@
 #include "HBAdjustment.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 // What makes a row of the table from a record type: of ours, or of one for HBRegisterAdjustment.
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBSelectionImage.h"
 
+#include <HBQtImage.h>
 #include <HBSelectionBlender.h>
 
 #include <QCoreApplication>
@@ -43,7 +44,7 @@ QImage Rows(const QImage& mask, int first, int count)
     if (rows.format() == QImage::Format_Alpha8)
         rows.reinterpretAsFormat(QImage::Format_Grayscale8); // converted it would be black
     else
-        rows = rows.convertToFormat(QImage::Format_Grayscale8);
+        rows = HBConverted(rows, QImage::Format_Grayscale8);
     if (rows.isNull())
         throw std::bad_alloc();
     return rows;

@@ -177,7 +177,7 @@ HBAdjustmentError::HBAdjustmentError(const QString& reason)
 HBAdjustmentError::~HBAdjustmentError() = default;
 
 QString HBFailureReason(const HBOutcome& outcome)
-{
+try {
     if (!outcome.exception)
         return {};
     try {
@@ -191,6 +191,8 @@ QString HBFailureReason(const HBOutcome& outcome)
     } catch (...) {
         return Text::tr("the adjustment failed");
     }
+} catch (const std::bad_alloc&) {
+    return QStringLiteral("there is not enough memory"); // takes none, not even for a translation
 }
 
 HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control,

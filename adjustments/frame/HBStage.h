@@ -26,6 +26,9 @@ struct HBStage
     std::shared_ptr<const HBImage<>> base;
     /// Works on the whole picture, whatever is selected, and reports no progress.
     bool ignoresSelection = false;
+    /// Each pixel's result depends on its own bytes alone, wherever it stands: a part of the picture can be made
+    /// without the rest.
+    bool isPixelByPixel = false;
     /// How many ranges of progress a listener is told: one for each pass that this stage stands for.
     int ranges = 1;
 
@@ -42,6 +45,7 @@ HBStage HBStageOf(const Transformation& transformation)
     stage.prepare = [operation = HBOperationOf(transformation)](const HBImage<>&, const HBJobControl*) {
         return operation;
     };
+    stage.isPixelByPixel = true; // a transformation is not told where its pixels are
     return stage;
 }
 

@@ -6,24 +6,18 @@
 #include "HBStage.h"
 #include "HBStampCache.h"
 
+#include <HBQtImage.h>
+#include <HBScaled.h>
+
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPixelFormat>
 
 #include <cstring>
-#include <new>
 #include <vector>
 
 namespace
 {
-
-/// Qt answers a want of memory with a null image.
-QImage Usable(const QImage& image)
-{
-    if (image.isNull())
-        throw std::bad_alloc();
-    return image;
-}
 
 [[noreturn]] void Fail(const QString& file, const QString& reason)
 {
@@ -55,6 +49,7 @@ void CheckSize(const QString& file, const QSize& size, qint64 bytes)
 
 QImage Decoded(const QString& file)
 {
+    HBCheckMemory();
     QImageReader reader(file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
@@ -65,7 +60,7 @@ QImage Decoded(const QString& file)
     if (image.isNull())
         Fail(file, reader.errorString());
     CheckSize(file, image.size(), image.sizeInBytes());
-    return Usable(std::move(image).convertToFormat(QImage::Format_ARGB32));
+    return HBConverted(std::move(image), QImage::Format_ARGB32);
 }
 
 } // namespace
@@ -98,10 +93,9 @@ HBStamp::HBStamp(QImage image, const QSize& size) : m_Size(size)
         return;
     }
     // Colours mix by their coverage. A large image that is nobody else's is converted where it is.
-    const QImage mixing = Usable(std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    const QImage mixing = HBConverted(std::move(image), QImage::Format_ARGB32_Premultiplied);
     if (size.width() <= mixing.width() && size.height() <= mixing.height()) {
-        m_Image = Usable(mixing.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                             .convertToFormat(QImage::Format_ARGB32));
+        m_Image = HBConverted(HBScaled(mixing, size), QImage::Format_ARGB32);
         return;
     }
     m_Image = mixing;

@@ -5,6 +5,8 @@
 #include "HBOverlayText.h"
 #include "HBStage.h"
 
+#include <HBQtImage.h>
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -85,6 +87,7 @@ HBTextOutlines HBTextOutlines::Make(const QString& text, const QFont& font)
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         throw HBAdjustmentError(
             HBOverlayText::tr("A text needs a program with a graphical application object (QGuiApplication)"));
+    HBCheckMemory();
     const QFont named = WithFewNames(font);
     if (!IsInstalled(named))
         throw HBAdjustmentError(HBOverlayText::tr("The font %1 is not installed").arg(named.family().left(100)));
@@ -130,6 +133,7 @@ void HBTextOutlines::Add(const QPainterPath& path)
 
 void HBTextOutlines::Fill(QPainter& painter, const QRectF& window) const
 {
+    HBCheckMemory();
     QPainterPath path;
     // Letters may overlap and then are not holes in each other.
     path.setFillRule(Qt::WindingFill);

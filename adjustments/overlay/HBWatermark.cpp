@@ -36,7 +36,24 @@ void ReadFont(QDataStream& stream, QFont& font)
         names.append(name);
     }
     if (HBIsOk(stream))
-        font.setFamilies(names);
+        font.setFamilies(names + font.families());
+}
+
+/// As Qt 5 writes a font, also with a stream of Qt 6, so that either reads what the other has written. Qt 5 keeps
+/// the name that is tried last apart from the others and writes it first; Qt 6 has one list.
+void WriteFont(QDataStream& stream, QFont font)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QStringList names = font.families();
+    if (names.isEmpty())
+        names.append(QString()); // Qt would write the first of none
+    names.prepend(names.takeLast());
+    font.setFamilies(names);
+#endif
+    const int version = stream.version();
+    stream.setVersion(qMin(version, int(QDataStream::Qt_5_15)));
+    stream << font;
+    stream.setVersion(version);
 }
 
 /// Turns coverage into pixels of a colour.
@@ -128,8 +145,11 @@ bool HBWatermarkParams::Read(QDataStream& stream)
 // 00 01. Not the order of the fields.
 bool HBWatermarkParams::Write(QDataStream& stream) const
 {
-    return HBWriteTag(stream, Tag) && HBIsOk(stream << angle << margins << text << font << color << blendingMode
-                                                    << opacity << horizontalTiles << verticalTiles);
+    if (!HBWriteTag(stream, Tag))
+        return false;
+    stream << angle << margins << text;
+    WriteFont(stream, font);
+    return HBIsOk(stream << color << blendingMode << opacity << horizontalTiles << verticalTiles);
 }
 
 HBStages HBStagesOf(const HBWatermarkParams& params)

@@ -15,7 +15,8 @@ namespace
 
 int ToInt(qint64 value)
 {
-    return int(qBound<qint64>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max()));
+    using Limits = std::numeric_limits<int>;
+    return int(std::clamp<qint64>(value, Limits::min(), Limits::max()));
 }
 
 } // namespace

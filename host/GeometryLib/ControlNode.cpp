@@ -60,13 +60,18 @@ void ControlNode::paint(QPainter* painter, const QStyleOptionGraphicsItem* optio
 {
     // The view may stretch the scene unevenly: only the place is taken through its transformation. ItemIgnores-
     // Transformations would do the same for the look, but make the hit area pixels as well.
-    const QPointF centre = painter->worldTransform().map(QPointF());
+    QPointF centre = painter->worldTransform().map(QPointF());
     painter->save();
     painter->resetTransform();
     painter->setRenderHint(QPainter::Antialiasing);
 
     const QPalette palette = widget ? widget->palette() : option->palette;
     const qreal radius = m_Sunken || m_Hovered ? SunkenRadius : Radius;
+    if (widget) { // the ends of a curve stand on the edge, and are seen whole
+        const qreal room = radius + 1.5;
+        centre.setX(qBound(room, centre.x(), qMax(room, widget->width() - room)));
+        centre.setY(qBound(room, centre.y(), qMax(room, widget->height() - room)));
+    }
     // Dark in light in whatever the histogram below is: one of the two rings always stands out.
     painter->setPen(Qt::NoPen);
     painter->setBrush(QColor(255, 255, 255, 200));

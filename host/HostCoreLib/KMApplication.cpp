@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "KMApplication.h"
 
-#include <HBUsableMemory.h>
 #include <KMTileManager64.h>
 
 #include <QDir>
@@ -58,7 +57,7 @@ void KMApplication::KeepPathOpen()
 
 void KMApplication::SetTileMemory(qint64 bytes)
 {
-    KMTileManager64::Instance().SetMemoryBudget(bytes > 0 ? bytes : HBUsableMemory() / 2);
+    KMTileManager64::Instance().SetMemoryBudget(bytes);
 }
 
 qint64 KMApplication::GetTileMemory()

@@ -21,8 +21,8 @@ public:
     /// to: those are the program's.
     static void KeepPathOpen();
 
-    /// Bytes of memory for image tiles; 0 restores the default, half of what the program may use
-    /// (HBUsableMemory). Tiles beyond it go to a scratch file.
+    /// Bytes of memory for image tiles; 0 restores the default, half of the memory that the
+    /// program may use. Tiles beyond it go to a scratch file.
     static void SetTileMemory(qint64 bytes);
     static qint64 GetTileMemory();
 };

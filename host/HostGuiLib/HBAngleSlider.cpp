@@ -140,16 +140,11 @@ void HBAngleSlider::keyPressEvent(QKeyEvent* event)
     }
 }
 
-void HBAngleSlider::enterEvent(QEvent* event)
+bool HBAngleSlider::event(QEvent* event)
 {
-    update();
-    QAbstractSlider::enterEvent(event);
-}
-
-void HBAngleSlider::leaveEvent(QEvent* event)
-{
-    update();
-    QAbstractSlider::leaveEvent(event);
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
+        update();
+    return QAbstractSlider::event(event);
 }
 
 // ---- Look ----

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hostguilib_export.h"
+
 #include <QtGlobal>
 
 #include <array>
 #include <vector>
 
 /// The outline of one channel's histogram: what is drawn, without a widget.
-struct HistogramShape
+struct HOSTGUILIB_EXPORT HistogramShape
 {
     using Levels = std::array<quint64, 256>;
 

@@ -78,7 +78,7 @@ void Fill(QPainter& painter, const QPolygonF& line, const Frame& frame)
 
 void MarkCut(QPainter& painter, int level, const Frame& frame)
 {
-    const double x = qBound(frame.area.left() + 1, frame.X(level), frame.area.right() - 1);
+    const double x = qMax(frame.area.left() + 1, qMin(frame.X(level), frame.area.right() - 1));
     const double top = frame.area.top() - Margin + 0.5;
     const QPointF mark[] = {{x, top}, {x + 3, top + 3}, {x - 3, top + 3}};
     painter.drawPolygon(mark, 3);
@@ -150,6 +150,10 @@ void HistogramWidget::Take(const Image& image)
         [image](const HBHistogrammCalculator::Abandoned& abandoned, const HBHistogrammCalculator::Done& done) {
             HBHistogrammCalculator::CountBehind(image, abandoned, done);
         }};
+    if (m_Counts.pixels == 0) { // it does not say any more that there is no picture
+        m_Drawn = {};
+        update();
+    }
     if (isVisible() || isSignalConnected(QMetaMethod::fromSignal(&HistogramWidget::HistogrammComplete)))
         Start();
     else
@@ -191,6 +195,11 @@ void HistogramWidget::connectNotify(const QMetaMethod& signal)
     QWidget::connectNotify(signal);
     if (signal == QMetaMethod::fromSignal(&HistogramWidget::HistogrammComplete))
         Start();
+}
+
+bool HistogramWidget::IsCounting() const
+{
+    return m_Waiting.has_value() || m_Watcher.isRunning();
 }
 
 void HistogramWidget::Abandon()
@@ -289,7 +298,7 @@ QImage HistogramWidget::Draw() const
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_Counts.pixels > 0)
         DrawChannels(painter);
-    else if (!layout()) { // a view laid over it would cross the text
+    else if (!layout() && !IsCounting()) { // a view laid over it would cross the text
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.setFont(font());
         painter.drawText(rect(), Qt::AlignCenter, tr("No image"));
@@ -317,7 +326,8 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
     for (const int channel : qAsConst(channels))
         ceiling = qMax(ceiling, HistogramShape::Ceiling(m_Counts.levels[channel]));
     const Frame frame{QRectF(rect()).adjusted(Inset, 1 + Margin, -Inset, -1)};
-    painter.setOpacity(isEnabled() ? 1.0 : 0.4);
+    // Behind a thin curve it is a background.
+    painter.setOpacity((isEnabled() ? 1.0 : 0.4) * (layout() ? 0.35 : 1.0));
 
     for (const int channel : qAsConst(channels)) {
         const Look look = LookOf(channel, alone, palette());

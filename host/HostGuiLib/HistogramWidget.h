@@ -84,6 +84,7 @@ private:
     void Take(const Image& image);
     void Start();
     const Counts& Current() const;
+    bool IsCounting() const;
     void Abandon();
     void Clear();
     void OnCounted();

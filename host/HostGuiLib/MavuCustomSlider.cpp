@@ -417,7 +417,7 @@ void MavuCustomSlider::keyPressEvent(QKeyEvent* event)
         return;
     }
     m_MovingKey = event->key();
-    Store(m_Current, int(qBound<qint64>(m_Minimum, value, m_Maximum)));
+    Store(m_Current, int(qBound(qint64(m_Minimum), value, qint64(m_Maximum))));
 }
 
 void MavuCustomSlider::keyReleaseEvent(QKeyEvent* event)

@@ -56,7 +56,7 @@ bool HBTranslatePanels(const QLocale& language)
         return true;
     const QString program = QCoreApplication::applicationDirPath();
     QStringList folders = {program + "/../translations", // in the build tree
-                           program + "/../share/adjustment-panels/translations"};
+                           program + "/../share/" DATA_FOLDER "/translations"};
     const QString own = OwnFolder();
     if (!own.isEmpty())
         folders << own + '/' + ADJUSTMENT_PANELS_TRANSLATIONS;

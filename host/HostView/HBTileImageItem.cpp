@@ -16,8 +16,11 @@ HBTileImageItem::HBTileImageItem(QGraphicsItem* parent) : QGraphicsItem(parent)
 
 void HBTileImageItem::SetImage(const HBImage<>& image)
 {
-    if (image.Width() != Image().Width() || image.Height() != Image().Height())
+    if (image.Width() != Image().Width() || image.Height() != Image().Height()) {
         prepareGeometryChange();
+        m_SightArea = QRect();
+        m_Sight.SetImage({});
+    }
     const QRegion changed = m_Painter.SetImage(image);
     if (!scene() || !isVisible())
         return;
@@ -27,6 +30,39 @@ void HBTileImageItem::SetImage(const HBImage<>& image)
         if (!seen.isEmpty()) // which would mean the whole scene
             scene()->update(mapRectToScene(seen));
     }
+}
+
+void HBTileImageItem::SetLook(const HBTileMips::Look& look)
+{
+    m_Painter.SetLook(look);
+    m_Sight.SetLook(look);
+    update();
+}
+
+void HBTileImageItem::ShowSight(const HBImage<>& sight, const QRect& area, int level)
+{
+    const bool moved = area != m_SightArea || level != m_SightLevel;
+    m_SightArea = area;
+    m_SightLevel = level;
+    m_SightEnds = false;
+    const QRegion changed = m_Sight.SetImage(sight);
+    if (!scene() || !isVisible())
+        return;
+    if (moved) {
+        update();
+        return;
+    }
+    const QTransform toImage = QTransform(1 << level, 0, 0, 1 << level, area.left(), area.top());
+    for (const QRect& rect : changed)
+        scene()->update(mapRectToScene(toImage.mapRect(QRectF(rect))));
+}
+
+void HBTileImageItem::EndSight()
+{
+    if (m_SightArea.isEmpty())
+        return;
+    m_SightEnds = true;
+    update();
 }
 
 void HBTileImageItem::SetClip(const QRectF& clip)
@@ -52,7 +88,8 @@ void HBTileImageItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* o
     painter->save();
     if (!m_Clip.isNull())
         painter->setClipRect(m_Clip, Qt::IntersectClip);
-    const bool whole = m_Painter.Paint(painter, exposed);
+    const bool whole =
+        m_SightArea.isEmpty() ? m_Painter.Paint(painter, exposed) : PaintWithSight(painter, exposed);
     painter->restore();
     if (whole)
         return;
@@ -61,4 +98,28 @@ void HBTileImageItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* o
         if (scene)
             scene->update();
     });
+}
+
+bool HBTileImageItem::PaintWithSight(QPainter* painter, const QRectF& exposed)
+{
+    const QRectF area = QRectF(m_SightArea) & boundingRect();
+    const bool covered = area.contains(exposed);
+    // What it covers is shrunken only when it is to be seen.
+    bool whole = true;
+    if (m_SightEnds || !covered)
+        whole = m_Painter.Paint(painter, exposed);
+    if (m_SightEnds && whole) {
+        m_SightArea = QRect();
+        m_Sight.SetImage({});
+        return true;
+    }
+    painter->save();
+    painter->setClipRect(area, Qt::IntersectClip);
+    painter->translate(m_SightArea.topLeft());
+    painter->scale(1 << m_SightLevel, 1 << m_SightLevel);
+    const QRectF part = (exposed & area).translated(-m_SightArea.topLeft());
+    whole &=
+        m_Sight.Paint(painter, QRectF(part.topLeft() / (1 << m_SightLevel), part.size() / (1 << m_SightLevel)));
+    painter->restore();
+    return whole;
 }

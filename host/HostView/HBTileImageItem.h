@@ -17,6 +17,17 @@ public:
     /// Cheap; only where the images differ is anything painted again.
     void SetImage(const HBImage<>& image);
 
+    /// See HBTilePainter.
+    void SetLook(const HBTileMips::Look& look);
+
+    /// Shows `sight` over a part of the image, until another is shown, or EndSight. What of the part lies beyond
+    /// the image is not shown.
+    /// \param area in pixels of the image; each pixel of `sight` is as many of them wide as 2^n, from its upper
+    ///        left corner on
+    void ShowSight(const HBImage<>& sight, const QRect& area, int level);
+    /// The image itself is right again: `sight` goes as soon as the image can be painted in its place.
+    void EndSight();
+
     /// Paints only what lies in this rectangle; QRectF(): all.
     void SetClip(const QRectF& clip);
 
@@ -27,6 +38,12 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
+    bool PaintWithSight(QPainter* painter, const QRectF& exposed);
+
     HBTilePainter m_Painter;
+    HBTilePainter m_Sight;
+    QRect m_SightArea; ///< empty: there is none
+    int m_SightLevel = 0;
+    bool m_SightEnds = false;
     QRectF m_Clip;
 };

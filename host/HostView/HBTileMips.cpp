@@ -5,6 +5,8 @@
 #include <HBParallel.h>
 
 #include <QElapsedTimer>
+#include <QtConcurrent>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <atomic>
@@ -68,7 +70,38 @@ bool CopyPadded(const QRgb* tile, const QSize& valid, QRgb* to)
     return all >= 0xff000000;
 }
 
+void MarkClipping(QRgb* pixels)
+{
+    constexpr QRgb Blown = 0xffff0000;
+    constexpr QRgb Black = 0xff0000ff;
+    for (int i = 0; i < TileSide * TileSide; ++i) {
+        const QRgb pixel = pixels[i];
+        if (qAlpha(pixel) == 0)
+            continue;
+        if (qRed(pixel) == 255 || qGreen(pixel) == 255 || qBlue(pixel) == 255)
+            pixels[i] = Blown;
+        else if ((pixel & 0x00ffffff) == 0)
+            pixels[i] = Black;
+    }
+}
+
+/// A thread that jobs do not take. Where the system starts none the caller does the work, as it waits for it.
+void RunAside(const std::function<void()>& work)
+{
+    static QThreadPool pool;
+    QtConcurrent::run(&pool, work).waitForFinished();
+}
+
 } // namespace
+
+void HBTileMips::SetLook(const Look& look)
+{
+    if (look == m_Look)
+        return;
+    m_Look = look;
+    for (Entry& entry : m_Entries)
+        entry = Entry();
+}
 
 void HBTileMips::SetImage(const HBImage<>& image)
 {
@@ -93,7 +126,7 @@ bool HBTileMips::Prepare(const QRect& tiles, int level, int milliseconds)
         for (int column = tiles.left(); column <= tiles.right(); ++column) {
             const int index = row * m_Image.Columns() + column;
             const Entry& entry = m_Entries[std::size_t(index)];
-            if (entry.stale || entry.level == 0 || entry.level > level)
+            if (entry.stale || entry.level < 0 || entry.level > level)
                 missing.push_back(index);
         }
     }
@@ -105,15 +138,21 @@ bool HBTileMips::Prepare(const QRect& tiles, int level, int milliseconds)
     const int count = int(missing.size());
     std::atomic<int> next{0};
     std::atomic<int> made{0};
-    HBRunLanes(HBLaneCount(count), [&] {
-        do {
-            const int i = next.fetch_add(1);
-            if (i >= count)
-                return;
-            Make(missing[std::size_t(i)], level);
-            ++made;
-        } while (time.elapsed() < milliseconds);
-    });
+    const auto work = [&] {
+        HBRunLanes(HBLaneCount(count), [&] {
+            do {
+                const int i = next.fetch_add(1);
+                if (i >= count)
+                    return;
+                Make(missing[std::size_t(i)], level);
+                ++made;
+            } while (time.elapsed() < milliseconds);
+        });
+    };
+    if (m_Look.IsPlain())
+        work();
+    else
+        RunAside(work);
     m_Made += made;
     Trim(tiles);
     return made == count;
@@ -132,23 +171,50 @@ void HBTileMips::Make(int index, int level)
         std::fill(std::begin(buffer), std::end(buffer), 0); // a tile that cannot be read shows as a hole
         entry.opaque = false;
     }
+    if (m_Look.marksClipping)
+        MarkClipping(buffer);
     if (!entry.opaque)
         std::transform(std::begin(buffer), std::end(buffer), std::begin(buffer),
                        [](QRgb pixel) { return qPremultiply(pixel); });
 
-    for (int l = 1; l < level; ++l)
+    for (int l = 1; l <= level; ++l)
         Halve(buffer, Side(l - 1), buffer);
+    // The fewest pixels that are enough; the coarser levels follow from them.
+    Convert(buffer, Side(level) * Side(level), entry.opaque);
     if (!entry.pixels || entry.level != level)
         entry.pixels.reset(new QRgb[std::size_t(PixelsOfLevels(level, LastLevel + 1))]);
-    QRgb* to = entry.pixels.get();
-    const QRgb* from = buffer;
-    for (int l = level; l <= LastLevel; ++l) {
+    QRgb* to = std::copy_n(buffer, Side(level) * Side(level), entry.pixels.get());
+    const QRgb* from = entry.pixels.get();
+    for (int l = level + 1; l <= LastLevel; ++l) {
         Halve(from, Side(l - 1), to);
         from = to;
         to += Side(l) * Side(l);
     }
     entry.level = level;
     entry.stale = false;
+}
+
+/// Premultiplied pixels.
+void HBTileMips::Convert(QRgb* pixels, int count, bool opaque) const
+{
+    if (!m_Look.colors)
+        return;
+    if (!opaque)
+        std::transform(pixels, pixels + count, pixels, [](QRgb pixel) { return qUnpremultiply(pixel); });
+    m_Look.colors->Apply(pixels, count);
+    if (!opaque)
+        std::transform(pixels, pixels + count, pixels, [](QRgb pixel) { return qPremultiply(pixel); });
+}
+
+QImage HBTileMips::TileImage(int index) const
+{
+    const Entry& entry = m_Entries[std::size_t(index)];
+    if (entry.level != 0)
+        return {};
+    const QSize size = m_Image.TileRect(index).size();
+    return QImage(reinterpret_cast<const uchar*>(entry.pixels.get()), size.width(), size.height(),
+                  TileSide * int(sizeof(QRgb)),
+                  entry.opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
 }
 
 QImage HBTileMips::Assemble(const QRect& tiles, int level) const
@@ -161,7 +227,7 @@ QImage HBTileMips::Assemble(const QRect& tiles, int level) const
     for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
         for (int column = tiles.left(); column <= tiles.right(); ++column) {
             const Entry& entry = m_Entries[std::size_t(row * m_Image.Columns() + column)];
-            const bool made = entry.level != 0 && entry.level <= level;
+            const bool made = entry.level >= 0 && entry.level <= level;
             opaque = opaque && made && entry.opaque;
             const QRgb* from = made ? entry.pixels.get() + PixelsOfLevels(entry.level, level) : nullptr;
             for (int y = 0; y < side; ++y) {
@@ -183,7 +249,7 @@ void HBTileMips::Trim(const QRect& wanted)
 {
     qint64 bytes = 0;
     for (const Entry& entry : m_Entries) {
-        if (entry.level != 0)
+        if (entry.level >= 0)
             bytes += PixelsOfLevels(entry.level, LastLevel + 1) * qint64(sizeof(QRgb));
     }
     if (bytes <= MaximumBytes)

@@ -97,7 +97,7 @@ bool HBTilePainter::Paint(QPainter* painter, const QRectF& exposed, int patience
     painter->setRenderHint(QPainter::SmoothPixmapTransform, scale < 2 && !qFuzzyCompare(scale, 1));
     bool whole = true;
     if (scale >= 0.5)
-        PaintTiles(painter, tiles, onChecker);
+        whole = PaintTiles(painter, tiles, patience, onChecker);
     else
         whole = PaintShrunken(painter, tiles, scale, patience, onChecker);
     painter->restore();
@@ -122,26 +122,42 @@ QImage HBTilePainter::ToImage(const QRect& area, double scale)
     return image;
 }
 
-void HBTilePainter::PaintTiles(QPainter* painter, const QRect& tiles, bool onChecker)
+bool HBTilePainter::PaintTiles(QPainter* painter, const QRect& tiles, int patience, bool onChecker)
 {
+    const bool plain = m_Mips.PresentLook().IsPlain();
+    const bool whole = plain || m_Mips.Prepare(tiles, 0, patience);
     for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
         for (int column = tiles.left(); column <= tiles.right(); ++column) {
             const int index = row * m_Image.Columns() + column;
-            const QRect area = m_Image.TileRect(index);
-            try {
-                const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
-                const bool opaque = IsOpaque(pin.Pixels(), area.size());
-                if (!opaque && onChecker)
-                    PaintChecker(painter, area);
-                const QImage tile(reinterpret_cast<const uchar*>(pin.Pixels()), area.width(), area.height(),
-                                  TileSide * int(sizeof(HBRGBA32i)),
-                                  opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32);
-                painter->drawImage(QRectF(area), tile);
-            } catch (const std::bad_alloc&) {
-                if (onChecker)
-                    PaintChecker(painter, area); // a tile that cannot be read shows as a hole
+            const QImage shown = plain ? QImage() : m_Mips.TileImage(index);
+            if (shown.isNull()) {
+                PaintTile(painter, index, onChecker); // as it is, until its look is made
+                continue;
             }
+            const QRect area = m_Image.TileRect(index);
+            if (shown.hasAlphaChannel() && onChecker)
+                PaintChecker(painter, area);
+            painter->drawImage(QRectF(area), shown);
         }
+    }
+    return whole;
+}
+
+void HBTilePainter::PaintTile(QPainter* painter, int index, bool onChecker) const
+{
+    const QRect area = m_Image.TileRect(index);
+    try {
+        const KMTilePin<HBRGBA32i> pin(m_Image.Tile(index), false);
+        const bool opaque = IsOpaque(pin.Pixels(), area.size());
+        if (!opaque && onChecker)
+            PaintChecker(painter, area);
+        const QImage tile(reinterpret_cast<const uchar*>(pin.Pixels()), area.width(), area.height(),
+                          TileSide * int(sizeof(HBRGBA32i)),
+                          opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32);
+        painter->drawImage(QRectF(area), tile);
+    } catch (const std::bad_alloc&) {
+        if (onChecker)
+            PaintChecker(painter, area); // a tile that cannot be read shows as a hole
     }
 }
 

@@ -33,6 +33,9 @@ public:
     /// Cheap; returns where it differs from the image before (HBChangedTiles), in its pixels.
     QRegion SetImage(const HBImage<>& image);
 
+    /// How it is shown, when not as it is: the monitor's colours, or clipping marked. All is to be painted again.
+    void SetLook(const HBTileMips::Look& look) { m_Mips.SetLook(look); }
+
     /// How long one paint may shrink tiles before it shows what it has; default 40.
     void SetPatience(int milliseconds) { m_Patience = milliseconds; }
     const HBTileMips& Mips() const { return m_Mips; }
@@ -48,7 +51,8 @@ public:
 private:
     QRect TilesUnder(const QRectF& area) const;
     bool Paint(QPainter* painter, const QRectF& exposed, int patience, bool onChecker);
-    void PaintTiles(QPainter* painter, const QRect& tiles, bool onChecker);
+    bool PaintTiles(QPainter* painter, const QRect& tiles, int patience, bool onChecker);
+    void PaintTile(QPainter* painter, int index, bool onChecker) const;
     bool PaintShrunken(QPainter* painter, const QRect& tiles, double scale, int patience, bool onChecker);
 
     HBImage<> m_Image;

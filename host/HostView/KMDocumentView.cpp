@@ -79,6 +79,7 @@ void KMDocumentView::SetPicture(const HBImage<>& picture)
     setSceneRect(m_pPicture->boundingRect());
     m_Fit = Fit::Shrink;
     FitNow();
+    TellSight();
     viewport()->update();
 }
 
@@ -90,6 +91,43 @@ const HBImage<>& KMDocumentView::Picture() const
 QRectF KMDocumentView::PictureRect() const
 {
     return m_pPicture->boundingRect();
+}
+
+void KMDocumentView::SetLook(const HBTileMips::Look& look)
+{
+    m_pPicture->SetLook(look);
+}
+
+void KMDocumentView::ShowSight(const HBImage<>& sight, const QRect& area, int level)
+{
+    m_pPicture->ShowSight(sight, area, level);
+}
+
+void KMDocumentView::EndSight()
+{
+    m_pPicture->EndSight();
+}
+
+QRect KMDocumentView::SightArea() const
+{
+    const QRectF seen = viewportTransform().inverted().mapRect(QRectF(viewport()->rect()));
+    return (seen & PictureRect()).toAlignedRect();
+}
+
+void KMDocumentView::TellSight()
+{
+    const QRect area = SightArea();
+    if (area == m_ToldArea && m_Zoom == m_ToldZoom)
+        return;
+    m_ToldArea = area;
+    m_ToldZoom = m_Zoom;
+    Q_EMIT SightChanged(area, m_Zoom);
+}
+
+void KMDocumentView::scrollContentsBy(int dx, int dy)
+{
+    QGraphicsView::scrollContentsBy(dx, dy);
+    TellSight();
 }
 
 void KMDocumentView::SetPlaceholder(const QString& text)
@@ -125,6 +163,7 @@ void KMDocumentView::ApplyZoom(double zoom, const QPointF& anchor)
     verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(moved.y()));
     if (m_Zoom != before)
         Q_EMIT ZoomChanged(m_Zoom);
+    TellSight();
 }
 
 void KMDocumentView::ZoomIn()
@@ -162,6 +201,7 @@ void KMDocumentView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
     FitNow();
+    TellSight();
 }
 
 void KMDocumentView::wheelEvent(QWheelEvent* event)

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBTileMips.h"
 #include "hostview_export.h"
-
-#include <HBImage.h>
 
 #include <QGraphicsView>
 
@@ -35,6 +34,10 @@ public:
     const HBImage<>& Picture() const;
     QRectF PictureRect() const;
     HBTileImageItem* PictureItem() const { return m_pPicture; }
+    /// How the photo is shown, when not as it is; see HBTilePainter.
+    void SetLook(const HBTileMips::Look& look);
+    /// The part of the photo that is in sight, in its pixels; empty without one.
+    QRect SightArea() const;
     /// Shown while there is no photo.
     void SetPlaceholder(const QString& text);
 
@@ -52,9 +55,14 @@ public Q_SLOTS:
     /// The whole photo as large as it goes, also after the window has changed its size.
     void ZoomToFit();
     void ZoomToActual() { SetZoom(1); }
+    /// See HBTileImageItem; the slots for HBPanelSession's signals of these names.
+    void ShowSight(const HBImage<>& sight, const QRect& area, int level);
+    void EndSight();
 
 Q_SIGNALS:
     void ZoomChanged(double zoom);
+    /// SightArea() or Zoom() is another.
+    void SightChanged(const QRect& area, double zoom);
     /// A panel has begun or ceased to pick, or picks with another cursor.
     void OverrideCursorChanged();
     /// The pixel of the photo under the mouse; (-1, -1) when there is none.
@@ -72,6 +80,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     // Files dropped on the photo are the window's business, not the scene's.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -88,6 +97,7 @@ private:
     void ApplyZoom(double zoom, const QPointF& anchor);
     void ShowCursor();
     void UseBackground();
+    void TellSight();
     QPoint PixelAt(const QPoint& viewportPosition) const;
 
     HBTileImageItem* m_pPicture;
@@ -95,6 +105,8 @@ private:
     double m_Zoom = 1;
     double m_Ratio = 1; ///< the screen's pixel ratio that m_Zoom was applied for
     Fit m_Fit = Fit::Shrink;
+    QRect m_ToldArea; ///< by SightChanged, with the zoom
+    double m_ToldZoom = 0;
     bool m_Overridden = false;
     QCursor m_OverrideCursor;
     QCursor m_ToolCursor;

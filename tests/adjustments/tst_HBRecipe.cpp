@@ -6,6 +6,7 @@
 #include "HBTestRecords.h"
 
 #include <HBBrightnessContrast.h>
+#include <HBParallel.h>
 #include <HBPictureCorrection.h>
 
 #include <QJsonArray>
@@ -216,7 +217,7 @@ private Q_SLOTS:
 
     void ImagesOfAnySize() {
         QString error;
-        QThreadPool* pool = QThreadPool::globalInstance();
+        QThreadPool* pool = &HBThreadPool();
         const int threads = pool->maxThreadCount();
         pool->setMaxThreadCount(1); // a job must not wait for another thread
         const auto restore = qScopeGuard([=] { pool->setMaxThreadCount(threads); });

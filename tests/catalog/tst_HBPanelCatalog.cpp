@@ -277,7 +277,7 @@ private Q_SLOTS:
         const QByteArray record = QByteArray::fromBase64(
             entry.adjustment->save(HBDemonstration(*entry.adjustment))["record"].toString().toLatin1());
         for (const char* pattern : {"00", "01", "7f", "80", "ff", "7fffffff", "80000000", "0fffffff"}) {
-            for (const int kept : {0, 4, 8, record.size() / 2 - int(qstrlen(entry.tag))}) {
+            for (const int kept : {0, 4, 8, int(record.size() / 2 - qstrlen(entry.tag))}) {
                 QByteArray bytes = record.left(int(qstrlen(entry.tag)) + qMax(0, kept));
                 while (bytes.size() < record.size()) bytes += QByteArray::fromHex(pattern);
                 const QString text = bytes.left(record.size()).toBase64();

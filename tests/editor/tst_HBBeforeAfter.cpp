@@ -60,6 +60,27 @@ private Q_SLOTS:
         mouse(QEvent::MouseMove, {100, 250}, Qt::NoButton);
         QCOMPARE(beforeAfter.SplitAt(), 0.75);
     }
+
+    /// Wherever the photo is moved; seen whole again, it is where it was.
+    void lineStaysInSight() {
+        KMDocumentView view;
+        view.resize(400, 300);
+        view.show();
+        view.SetPicture(HBImage<>(4000, 3000));
+        HBBeforeAfter beforeAfter(&view);
+        beforeAfter.SetBefore(view.Picture());
+        beforeAfter.SetSplit(true);
+        QCOMPARE(beforeAfter.LineAt(), 2000.0);
+        for (const QPointF& place : {QPointF(0, 0), QPointF(399, 299)}) {
+            view.SetZoom(1, place);
+            view.SetZoom(4, place);
+            const QRect seen = view.SightArea();
+            QVERIFY(!seen.contains(2000, seen.top()));
+            QVERIFY(beforeAfter.LineAt() > seen.left() && beforeAfter.LineAt() < seen.right());
+            view.ZoomToFit();
+        }
+        QCOMPARE(beforeAfter.LineAt(), 2000.0);
+    }
 };
 
 HB_TEST_MAIN(TestHBBeforeAfter)

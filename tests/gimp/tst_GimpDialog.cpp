@@ -25,6 +25,7 @@ const char storing[] = R"(
 (script-fu-menu-register "script-fu-store" "<Image>/Colors")
 )";
 const char keys[] = R"(
+(gtk_accel_path "<Actions>/plug-in/adjustment-panels-apply" "<Primary><Alt>r")
 (gtk_accel_path "<Actions>/plug-in/adjustment-panels-brightness-and-contrast" "<Primary><Alt>b")
 (gtk_accel_path "<Actions>/plug-in/script-fu-store" "<Primary><Alt>s")
 )";
@@ -81,13 +82,13 @@ private:
         }
         return reached();
     }
-    void OpenDialog() {
-        const bool opened = PressUntil("ctrl+alt+b", [&] { return !Window(title).isEmpty(); });
+    void OpenDialog(const QString& key = "ctrl+alt+b", const QString& name = title) {
+        const bool opened = PressUntil(key, [&] { return !Window(name).isEmpty(); });
         QVERIFY(opened);
         QTest::qWait(300); // the keyboard follows the window
     }
-    void WaitUntilClosed() {
-        const bool closed = QTest::qWaitFor([&] { return Window(title).isEmpty(); }, 20000);
+    void WaitUntilClosed(const QString& name = title) {
+        const bool closed = QTest::qWaitFor([&] { return Window(name).isEmpty(); }, 20000);
         QVERIFY(closed);
     }
 
@@ -121,6 +122,9 @@ private Q_SLOTS:
         HBBrightnessContrastParams params;
         params.brightness = 40;
         m_Adjusted = HBAdjust(params, {photo, mask, {}, QRect(40, 30, 200, 120)}).image.ToQImage();
+        const HBRecipe recipe{{HBStepOf(*HBFindAdjustment("HBBrightnessContrastWidget"), std::any(params))}};
+        QString error;
+        QVERIFY2(recipe.Save(m_Gimp.Path("recipe.json"), &error), qPrintable(error));
         QVERIFY(m_Photo.convertToFormat(QImage::Format_RGB32).save(m_Gimp.Path("photo.png")));
         QVERIFY(mask.ToQImage().save(m_Gimp.Path("mask.png")));
         QVERIFY(m_Gimp.Write("scripts/store.scm", storing) && m_Gimp.Write("home/menurc", keys) &&
@@ -159,6 +163,15 @@ private Q_SLOTS:
         OpenDialog();
         Press(title, {"Return"});
         WaitUntilClosed();
+        QCOMPARE(Layer(), m_Adjusted);
+    }
+
+    void RecipeOfAFile() {
+        Press("– GIMP", {"ctrl+z"});
+        OpenDialog("ctrl+alt+r", "Apply Recipe");
+        Xdotool({"type", "--delay", "60", m_Gimp.Path("recipe.json")});
+        Xdotool({"key", "Return"});
+        WaitUntilClosed("Apply Recipe");
         QCOMPARE(Layer(), m_Adjusted);
     }
 

@@ -34,6 +34,24 @@ struct Counted {
 class TestHistogramWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    /// While it is counted, it is not said that there is no picture.
+    void SaysNothingBeforeItHasCounted() {
+        HistogramWidget widget;
+        widget.resize(200, 100);
+        widget.show();
+        const QImage none = widget.grab().toImage();
+        HBSharedImage<QImage> shared;
+        HBPoolBlock block;
+        shared.Set(Grey(30, 300, 200));
+        widget.SetImage(&shared);
+        const QImage counting = widget.grab().toImage();
+        QVERIFY(counting != none);
+        block.Release();
+        QTRY_VERIFY(widget.grab().toImage() != counting);
+        widget.SetImage(static_cast<HBSharedImage<QImage>*>(nullptr));
+        QCOMPARE(widget.grab().toImage(), none);
+    }
+
     void CountsEitherKind() {
         QImage picture = Grey(30, 300, 200);
         picture.setPixel(5, 5, qRgb(10, 200, 255));
@@ -96,11 +114,11 @@ private Q_SLOTS:
         shared.Set(Grey(7));
         enum { Shown, Listened, Asked };
         for (const int way : {Shown, Listened, Asked}) {
-            QThreadPool::globalInstance()->waitForDone(); // for the thread of a count that has been delivered
+            HBThreadPool().waitForDone(); // for the thread of a count that has been delivered
             HistogramWidget widget;
             widget.SetImage(&shared);
             QCoreApplication::processEvents();
-            QCOMPARE(QThreadPool::globalInstance()->activeThreadCount(), 0);
+            QCOMPARE(HBThreadPool().activeThreadCount(), 0);
             if (way == Shown) widget.show();
             QSignalSpy complete(&widget, way == Asked ? SIGNAL(destroyed()) : SIGNAL(HistogrammComplete()));
             if (way != Asked) QVERIFY(complete.wait());

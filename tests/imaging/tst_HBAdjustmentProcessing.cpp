@@ -266,7 +266,7 @@ private Q_SLOTS:
 #else
         const QImage photo = HBTestRamp(300, 200).ToQImage();
         const HBImage<> source = HBImage<>::FromQImage(photo);
-        QThreadPool& pool = *QThreadPool::globalInstance();
+        QThreadPool& pool = HBThreadPool();
         pool.waitForDone();
         QFile sizes("/proc/self/statm");
         QVERIFY(sizes.open(QIODevice::ReadOnly));
@@ -305,7 +305,7 @@ private Q_SLOTS:
             const HBPoolSize pool(threads);
             QVector<QFuture<HBImage<>>> results;
             for (int i = 0; i < jobs; ++i) {
-                results << QtConcurrent::run([&] {
+                results << QtConcurrent::run(&HBThreadPool(), [&] {
                     Job<InvertTransformation> job{InvertTransformation(Invert())};
                     return job.processing.Process(source, mask, {}, bounds);
                 });

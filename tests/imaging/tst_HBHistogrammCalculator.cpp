@@ -58,18 +58,18 @@ private Q_SLOTS:
              {QRect(128, 127, 1, 1), QRect(100, 120, 130, 20), QRect(128, 128, 128, 128), QRect(-50, -50, 90, 900),
               QRect(-50, -50, 50, 50), QRect(300, 0, 50, 50), QRect(QPoint(50, 50), QPoint(10, 10))})
             rows.emplace_back(QSize(300, 290), rect);
-        const int threads = QThreadPool::globalInstance()->maxThreadCount();
+        const int threads = HBThreadPool().maxThreadCount();
         for (const auto& [size, rect] : rows) {
             const HBImage<> image = Ramp(size.width(), size.height());
             const Counts expected = PlainLoop(image, rect);
             for (const int lanes : {1, 4}) {
-                QThreadPool::globalInstance()->setMaxThreadCount(lanes);
+                HBThreadPool().setMaxThreadCount(lanes);
                 const Counts counts = HBHistogrammCalculator::Count(image, rect);
                 QCOMPARE(counts.pixels, expected.pixels);
                 QVERIFY(counts.levels == expected.levels);
             }
         }
-        QThreadPool::globalInstance()->setMaxThreadCount(threads);
+        HBThreadPool().setMaxThreadCount(threads);
     }
 
     void LumaIsRounded() {
@@ -145,10 +145,10 @@ private Q_SLOTS:
         int steps = 0;
         HBRunBehind([&] {
             order.append(steps);
-            if (steps == 0) QThreadPool::globalInstance()->start(QRunnable::create([&] { order.append(100); }));
+            if (steps == 0) HBThreadPool().start(QRunnable::create([&] { order.append(100); }));
             return ++steps < 3;
         });
-        QThreadPool::globalInstance()->waitForDone();
+        HBThreadPool().waitForDone();
         QCOMPARE(order, QVector<int>({0, 100, 1, 2}));
     }
 
@@ -169,7 +169,7 @@ private Q_SLOTS:
             HBHistogrammCalculator::CountBehind(image.ToQImage(), abandoned, into(plain));
             HBHistogrammCalculator::CountBehind(image, abandoned, into(tiled));
             HBHistogrammCalculator::CountBehind(image, std::make_shared<std::atomic<bool>>(true), into(none));
-            QThreadPool::globalInstance()->waitForDone();
+            HBThreadPool().waitForDone();
             QCOMPARE(calls.loadAcquire(), 3);
             QVERIFY(plain.levels == expected.levels && tiled.levels == expected.levels);
             QCOMPARE(none.pixels, quint64(0));

@@ -4,6 +4,8 @@
 #include "HBTestMain.h"
 
 #include <HBImage.h>
+#include <HBQtImage.h>
+#include <HBScaled.h>
 
 #include <limits>
 #include <new>
@@ -44,17 +46,23 @@ private Q_SLOTS:
     void TooLarge() { QVERIFY_EXCEPTION_THROWN(HBImage<>(Huge, Huge), std::bad_alloc); }
 
     void EveryQImageFormat() {
-        const QImage ramp = Ramp(259, 131);
+        const QImage ramp = Ramp(259, 300);
         int formats = 0;
         for (int format = QImage::Format_Invalid + 1; format < QImage::NImageFormats; ++format, ++formats) {
             const QImage image = ramp.convertToFormat(QImage::Format(format));
             const HBImage<> tiled = HBImage<>::FromQImage(image);
             const QImage expected = image.convertToFormat(QImage::Format_ARGB32);
             QVERIFY2(tiled.ToQImage() == expected, qPrintable(QStringLiteral("format %1").arg(format)));
+            QCOMPARE(HBConverted(image, QImage::Format_RGB888), image.convertToFormat(QImage::Format_RGB888));
+            QImage own = image;
+            const QImage premultiplied = HBConverted(std::move(own), QImage::Format_ARGB32_Premultiplied);
+            QCOMPARE(premultiplied, image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
             QCOMPARE(tiled.PixelAt(200, 130).ToRgba(), expected.pixel(200, 130));
         }
         QVERIFY(formats >= 27);
         QVERIFY(HBImage<>::FromQImage(QImage()).IsEmpty());
+        const QImage large = Ramp(500, 400);
+        QCOMPARE(HBScaled(large, {31, 17}), large.scaled(31, 17, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
 
     void WritingDetachesOneTile() {

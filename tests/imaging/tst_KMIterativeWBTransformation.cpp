@@ -4,6 +4,7 @@
 #include "HBTestLight.h"
 #include "HBTestMain.h"
 
+#include <HBParallel.h>
 #include <KMIterativeWBTransformation.h>
 
 #include <QScopeGuard>
@@ -157,7 +158,7 @@ private Q_SLOTS:
 
     void SameBytesEverywhere() {
         const auto reset = qScopeGuard([] { hwy::GetChosenTarget().Update(hwy::SupportedTargets()); });
-        auto& pool = *QThreadPool::globalInstance();
+        auto& pool = HBThreadPool();
         const int threads = pool.maxThreadCount();
         const HBImage<> scene = Scene(333, 417, {0.5, 0.3, 0.9});
         const WB expected[] = {WB(scene, Auto, 70), WB(scene, Over, 70), WB(scene, Under, 70)};

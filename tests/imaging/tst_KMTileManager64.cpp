@@ -277,6 +277,8 @@ private Q_SLOTS:
         }
         const qint64 machine = HBUsableMemory(root.filePath("none"));
         QVERIFY(machine > qint64(64) << 20 && HBUsableMemory() <= machine);
+        Manager().SetMemoryBudget(0);
+        QCOMPARE(Manager().MemoryBudget(), HBUsableMemory() / 2);
         QCOMPARE(HBUsableMemory(root.path()), megabytes ? qint64(megabytes) << 20 : machine);
     }
 

@@ -22,24 +22,45 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
-foreach(file man/man1/panel-replay.1 bash-completion/completions/panel-replay zsh/site-functions/_panel-replay
-        fish/vendor_completions.d/panel-replay.fish)
+foreach(file man/man1/panel-replay${SUFFIX}.1 bash-completion/completions/panel-replay${SUFFIX}
+        zsh/site-functions/_panel-replay${SUFFIX} fish/vendor_completions.d/panel-replay${SUFFIX}.fish)
     if(NOT EXISTS ${prefix}/share/${file})
         message(FATAL_ERROR "share/${file} is not installed")
     endif()
 endforeach()
 
+# Nor any that the packages for the other Qt have.
+file(GLOB_RECURSE files LIST_DIRECTORIES FALSE RELATIVE ${prefix} ${prefix}/*)
+set(shared ${files})
+list(FILTER shared EXCLUDE REGEX "AdjustmentPanelsQt6|-qt6(/|\\.|$)")
+if(QT_VERSION EQUAL 5)
+    list(REMOVE_ITEM files ${shared})
+    set(shared ${files})
+endif()
+if(shared)
+    message(FATAL_ERROR "Installed under names that may be the other Qt's: ${shared}")
+endif()
+
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
-run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D HEADERS=ON)
+run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME} -D HEADERS=ON)
 run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
+
+# With Qt 5, the test of the Debian packages builds the examples.
+if(QT_VERSION EQUAL 6)
+    foreach(example embed five-panels service)
+        set(build ${WORK_DIR}/examples/${example})
+        run("Configure ${example}" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/${example} -B ${build} -D PANELS=${NAME})
+        run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
+    endforeach()
+endif()
 
 # ---- Without CMake ----
 find_program(PKG_CONFIG pkg-config REQUIRED)
 file(GLOB folder ${prefix}/lib*/pkgconfig)
 set(ENV{PKG_CONFIG_PATH} ${folder})
-run("Ask for the flags" ${PKG_CONFIG} --cflags --libs AdjustmentPanelsKit AdjustmentPanelsAdjustments)
+run("Ask for the flags" ${PKG_CONFIG} --cflags --libs ${NAME}Kit ${NAME}Adjustments)
 separate_arguments(flags UNIX_COMMAND "${output}")
 cmake_path(GET folder PARENT_PATH lib)
 file(GLOB sources ${CMAKE_CURRENT_LIST_DIR}/consumer/*.cpp)
@@ -52,13 +73,13 @@ set(document ${SOURCE_DIR}/docs/host-boundary.md)
 boundary_headers(${document} ${WORK_DIR}/asked "Widgets and settings" "Image" "Kernels")
 file(GLOB headers RELATIVE ${WORK_DIR}/asked ${WORK_DIR}/asked/*.h)
 foreach(header IN LISTS headers)
-    if(NOT EXISTS ${prefix}/include/AdjustmentPanels/${header})
+    if(NOT EXISTS ${prefix}/include/${NAME}/${header})
         message(SEND_ERROR "The panels need ${header}, which is not installed")
     endif()
 endforeach()
 boundary_headers(${document} ${WORK_DIR}/widgets "Widgets and settings")
 boundary_package(${WORK_DIR} OwnWidgets "include(CMakeFindDependencyMacro)
-find_dependency(AdjustmentPanelsHost COMPONENTS ImagingLib)
+find_dependency(${NAME}Host COMPONENTS ImagingLib)
 add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/widgets\")")
 
@@ -69,8 +90,9 @@ if(GENERATOR STREQUAL "Ninja") # which has a target for each
         src/CMakeFiles/AdjustmentPanelsPanels.dir/HBLevelsWidget.cpp.o
         adjustments/CMakeFiles/AdjustmentPanelsAdjustments.dir/tonal/HBLevels.cpp.o)
 endif()
-foreach(host AdjustmentPanelsHost OwnWidgets)
+foreach(host ${NAME}Host OwnWidgets)
     run("Configure the panels for ${host}" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/for${host}
-        -D ADJUSTMENT_PANELS_HOST_PACKAGE=${host} -D OwnWidgets_DIR=${WORK_DIR} -D BUILD_SHARED_LIBS=OFF)
+        -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_HOST_PACKAGE=${host} -D OwnWidgets_DIR=${WORK_DIR}
+        -D BUILD_SHARED_LIBS=OFF)
     run("Compile some of them" ${CMAKE_COMMAND} --build ${WORK_DIR}/for${host} ${objects})
 endforeach()

@@ -55,7 +55,8 @@ file(REMOVE_RECURSE ${WORK_DIR}/whole)
 foreach(edge "panel-replay:libadjustmentpanels-core${SOVERSION} (= ${VERSION}-1)" "panel-replay:libqt5gui5"
         "panel-editor:libadjustmentpanels${SOVERSION} (= ${VERSION}-1)" "panel-editor:libexiv2"
         "libadjustmentpanels-dev:libadjustmentpanels${SOVERSION} (= ${VERSION}-1)" "libadjustmentpanels-dev:qtbase5-dev"
-        "libadjustmentpanels${SOVERSION}:libqt5widgets5" "libadjustmentpanels-core${SOVERSION}:libhwy1")
+        "libadjustmentpanels${SOVERSION}:libqt5widgets5" "libadjustmentpanels-core${SOVERSION}:libhwy1"
+        "libadjustmentpanels-core${SOVERSION}:liblcms2-2")
     string(REGEX MATCH "^([^:]+):(.*)$" _ "${edge}")
     string(FIND "${depends_${CMAKE_MATCH_1}}" "${CMAKE_MATCH_2}" at)
     if(at EQUAL -1)

@@ -8,7 +8,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
 set(whole ${WORK_DIR}/whole)
 run("Configure the whole" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${whole}
-    -D SUBPROJECT=${SOURCE_DIR} -D ADJUSTMENT_PANELS_INSTALL=ON
+    -D SUBPROJECT=${SOURCE_DIR} -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_INSTALL=ON
     -D CMAKE_BUILD_TYPE=Debug -D EXPECTED_CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=) # nobody debugs it
 run("Build it" ${CMAKE_COMMAND} --build ${whole})
 run("Run it" ${whole}/consumer)
@@ -20,6 +20,6 @@ endif()
 set(ENV{CMAKE_PREFIX_PATH} ${WORK_DIR}/prefix)
 run("Install" ${CMAKE_COMMAND} --install ${whole} --prefix ${WORK_DIR}/prefix)
 set(consumer ${WORK_DIR}/consumer)
-run("Configure the program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer})
+run("Configure the program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME})
 run("Build the program" ${CMAKE_COMMAND} --build ${consumer})
 run("Run the program" ${consumer}/consumer)

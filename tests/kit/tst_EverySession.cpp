@@ -4,6 +4,7 @@
 #include "HBSignalRecorder.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
+#include "HBTestPool.h"
 #include "HBTestRecords.h"
 
 #include <HBAdjustmentWidget.h>
@@ -86,6 +87,48 @@ class tst_EverySession : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         KMApplication::SetProgressTimeout(3600000); // whoever waited for it would wait too long
+    }
+
+    /// With the pool full: what is in sight comes first and is what the whole will be, but where the whole must be
+    /// seen.
+    void ShowsFirstWhatIsInSight_data() { Table(); }
+    void ShowsFirstWhatIsInSight() {
+        QFETCH(QString, name);
+        const QStringList waiting{"HBWBWidget", "HBColorEnhancerWidget", "HBReplaceColorWidget", "HBSignWidget",
+                                  "HBWatermarkWidget"};
+        for (const bool selected : {false, true}) {
+            for (const int level : {0, 2}) {
+                Fixture f(name);
+                QVector<HBImage<>> sights;
+                QRect place;
+                bool over = false;
+                connect(f.session, &HBPanelSession::SightReady, this,
+                        [&](const HBImage<>& sight, const QRect& area, int shrunken) {
+                            sights << sight;
+                            place = area;
+                            QCOMPARE(shrunken, level);
+                        });
+                connect(f.session, &HBPanelSession::SightOver, this, [&] { over = true; });
+                QVERIFY(f.session->SetStep(HBStepOf(*f.entry.adjustment, HBDemonstration(*f.entry.adjustment))));
+                HBPoolBlock block;
+                f.session->SetSight(QRect(130, 10, 100, 120), 1.0 / (1 << level));
+                f.session->SetTarget(HBTestTarget(QSize(257, 140), selected));
+                if (!waiting.contains(name)) {
+                    QVERIFY(Until([&] { return !sights.isEmpty(); }));
+                    QVERIFY(f.previews.isEmpty());
+                    QCOMPARE(place, QRect(128, 0, 128, 140));
+                    if (level == 0)
+                        QCOMPARE(sights.last().ToQImage(), f.Expected().copy(place));
+                    else
+                        QCOMPARE(sights.last().ToQImage().size(), QSize(32, 35));
+                }
+                block.Release();
+                QVERIFY(Until([&] { return f.session->IsUpToDate(); }));
+                QCOMPARE(over, !sights.isEmpty());
+                QCOMPARE(sights.isEmpty(), waiting.contains(name));
+                QCOMPARE(f.previews.last().ToQImage(), f.Expected());
+            }
+        }
     }
 
     /// OK takes exactly what the controls say, wherever that came from and however little time there was.

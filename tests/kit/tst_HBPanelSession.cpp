@@ -212,6 +212,45 @@ private Q_SLOTS:
         }
     }
 
+    /// While a control moves over 24 megapixels, pictures come about as fast as jobs could give them, or faster.
+    void aDragIsFollowed() {
+        QImage grey(6000, 4000, QImage::Format_RGB32);
+        grey.fill(qRgb(100, 100, 100));
+        const HBImage<> photo = HBImage<>::FromQImage(grey);
+        grey = QImage();
+        HBPanelSession session(*HBFindPanel("HBBrightnessContrastWidget"));
+        HBImage<> preview;
+        int pictures = 0;
+        connect(&session, &HBPanelSession::SightReady, this, [&] { ++pictures; });
+        connect(&session, &HBPanelSession::PreviewReady, this, [&](const HBImage<>& image) {
+            ++pictures;
+            preview = image;
+        });
+        session.SetSight(QRect(0, 0, 6000, 4000), 0.2);
+        session.SetTarget({photo});
+        QTRY_VERIFY_WITH_TIMEOUT(session.IsUpToDate(), 60000);
+        auto* box = session.Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
+        QElapsedTimer time;
+        const auto job = [&] {
+            time.start();
+            return HBAdjust(HBBrightnessContrastParams{50, 0}, {photo}).IsWhole() ? time.elapsed() : 0;
+        };
+        const qint64 before = job();
+        QVERIFY(before > 0);
+        pictures = 0;
+        time.start();
+        for (int moved = 1; time.elapsed() < 20 * before; ++moved) {
+            box->setValue(moved % 100);
+            QTest::qWait(8);
+        }
+        const double dragged = double(time.elapsed());
+        const double jobs = dragged / qMax(before, job()); // others may use the machine, too
+        QVERIFY2(pictures >= jobs / 2, qPrintable(QString("%1 in the time of %2 jobs").arg(pictures).arg(jobs)));
+        box->setValue(20);
+        QTRY_VERIFY_WITH_TIMEOUT(session.IsUpToDate(), 60000);
+        QCOMPARE(preview.PixelAt(5999, 3999).ToRgba(), qRgb(120, 120, 120));
+    }
+
     void previewsEachChange() {
         Fixture f;
         f.Open();

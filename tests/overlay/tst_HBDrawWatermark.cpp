@@ -258,7 +258,7 @@ private Q_SLOTS:
         params.font.setFamilies(names);
         HBDrawWatermark(picture, params, &error);
         QCOMPARE(error, QString());
-        params.font.setFamilies(QStringList("No Such Font") + names);
+        params.font.setFamilies(QStringList("No Such Font %2") + names);
         HBDrawWatermark(picture, params, &error);
         QCOMPARE(error, QString("The font No Such Font %2 is not installed"));
 

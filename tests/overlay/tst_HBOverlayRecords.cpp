@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBOverlayTests.h"
 #include "HBTestMain.h"
+#include "HBTestRecords.h"
 
 #include <HBAdjustment.h>
 #include <HBSign.h>
@@ -59,6 +60,38 @@ private Q_SLOTS:
                  QString("A text needs a program with a graphical application object (QGuiApplication)"));
         params.text = " ";
         QVERIFY(HBAdjust(params, target).IsWhole());
+    }
+
+    /// Two records that Qt 5 has written, one with names that are tried before the family. Qt 5 and Qt 6 read them
+    /// alike and write the same bytes, whatever the version of the stream.
+    void FontOfEitherQt() {
+        const struct {
+            const char* further;
+            QStringList names;
+        } rows[] = {{"00000000", {"DejaVu Sans"}},
+                    {"00000002000000020041000000020042", {"A", "B", "DejaVu Sans"}}};
+        for (const auto& row : rows) {
+            const QByteArray record =
+                "KMWatermark 1.00000" +
+                QByteArray::fromHex("0000000000000005000000050000000500000005000000020048"
+                                    "0000001600440065006a006100560075002000530061006e0073ffffffff"
+                                    "403e000000000000ffffffff050001004b1100000100000000000000000000") +
+                QByteArray::fromHex(row.further) +
+                QByteArray::fromHex("01ffffffffffffffff000000000000000000640000000100000001");
+            const auto params = HBLoad<HBWatermarkParams>(record);
+            QStringList names = params.font.families();
+            if (!names.contains(params.font.family())) names += params.font.family();
+            QCOMPARE(names, row.names);
+            QVERIFY(params.font.bold() && params.font.italic() && params.font.pointSizeF() == 30);
+            QCOMPARE(HBStore(params).toHex(), record.toHex());
+            const HBAdjustment& watermark = *HBFindAdjustment("HBWatermarkWidget");
+            QCOMPARE(QByteArray::fromBase64(watermark.save(params)["record"].toString().toLatin1()), record);
+        }
+        HBWatermarkParams made;
+        made.font = QFont("DejaVu Sans", 30, QFont::Bold, true);
+        QVERIFY(HBStore(made).contains(QByteArray::fromHex("403e000000000000ffffffff050001004b1100000100")));
+        made.font = QFont();
+        QCOMPARE(HBStore(HBLoad<HBWatermarkParams>(HBStore(made))), HBStore(made));
     }
 
     void Fields() {

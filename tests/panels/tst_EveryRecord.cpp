@@ -89,7 +89,7 @@ struct Streams {
             QCOMPARE(HBStore(second), HBStore(HBLoad<Params>(HBStore(Params()))));
             QCOMPARE(HBStore(third), stored);
             for (const QDataStream* stream : {&writer, &reader}) {
-                QCOMPARE(stream->version(), int(own ? QDataStream::Qt_5_0 : QDataStream::Qt_5_15));
+                QCOMPARE(stream->version(), own ? int(QDataStream::Qt_5_0) : QDataStream().version());
                 QCOMPARE(stream->byteOrder(), own ? QDataStream::LittleEndian : QDataStream::BigEndian);
             }
         }

@@ -8,6 +8,7 @@
 
 #include <HBMdiArea.h>
 #include <HBOperationProgressDlg.h>
+#include <HBParallel.h>
 #include <KMApplication.h>
 
 #include <QElapsedTimer>
@@ -57,7 +58,7 @@ private Q_SLOTS:
     void init() { KMApplication::SetProgressTimeout(500); }
 
     void cleanup() {
-        QThreadPool::globalInstance()->waitForDone();
+        HBThreadPool().waitForDone();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         HBMdiArea::SetMainWindow(nullptr);
         QVERIFY(!QApplication::overrideCursor());

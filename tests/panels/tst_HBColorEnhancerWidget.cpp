@@ -8,6 +8,7 @@
 #include <HBColorEnhancerTransformation.h>
 #include <HBColorEnhancerWidget.h>
 #include <HBIterativeAdjustmentTransformation.h>
+#include <HBParallel.h>
 #include <KMTileManager64.h>
 
 #include <QThreadPool>
@@ -132,8 +133,7 @@ private Q_SLOTS:
     void newSourceStartsBeforeItIsTold() {
         Fixture f;
         QVERIFY(QObject::disconnect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged())));
-        QObject::connect(&f.panel, &HBAdjustmentWidget::SourceChanged,
-                         [] { QThreadPool::globalInstance()->waitForDone(); });
+        QObject::connect(&f.panel, &HBAdjustmentWidget::SourceChanged, [] { HBThreadPool().waitForDone(); });
         QObject::connect(&f.panel, SIGNAL(SourceChanged()), &f.panel, SLOT(OnSourceChanged()));
         for (const bool first : {true, false, true}) {
             const HBImage<>& photo = first ? PhotoA() : PhotoB();
@@ -185,7 +185,7 @@ private Q_SLOTS:
         HBPoolBlock block;
         Fixture(false).panel.SetImage(photo, {}, {}, {});
         block.Release();
-        QThreadPool::globalInstance()->waitForDone();
+        HBThreadPool().waitForDone();
         QCOMPARE(log.Take().size(), 0);
     }
 };

@@ -212,6 +212,19 @@ private Q_SLOTS:
     /// Bytes that are no UTF-8, in names and folders, come out as they went in. Two such names are two. What a
     /// terminal would obey is not printed.
     void NamesOfAnyBytes() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        // Qt 6 cannot open them. Each is told; the others go on.
+        const Outcome refused = Shell(
+            "mkdir -p 'd/\xfc' && ln a.png d/ok.png && ln a.png 'd/\xff.png' || exit 9\n" PANEL_REPLAY
+            " apply " SAMPLE_RECIPES "/HBGammaCorrectionWidget.json -o out --recursive d; code=$?\n" PANEL_REPLAY
+            " apply " SAMPLE_RECIPES "/HBGammaCorrectionWidget.json -o 'o\xfc' a.png; test $? = 2 || exit 8\n"
+            "rm -r d; exit $code");
+        QCOMPARE(refused.code, 1);
+        for (const char* line : {"d/\\xff.png: its name is not UTF-8", "d/\\xfc/: its name is not UTF-8",
+                                 "o\\xfc is not UTF-8, which Qt 6 needs"})
+            QVERIFY2(refused.err.contains(line), qPrintable(refused.err));
+        QCOMPARE(Results("out"), QStringList("ok.png"));
+#else
         const Outcome outcome =
             Shell("set -- '\xff.png' '\xe4\xc3\xa4\xfe.png' '\xed\xa0\x80.png' '\xf0\x9f\x98\x80\xf0.png' "
                   "'\x1b[31m\nred\xe2\x80\xae.png'\n"
@@ -227,6 +240,7 @@ private Q_SLOTS:
                      qPrintable(outcome.err));
         // As Python's os.fsencode() wants it.
         QVERIFY2(outcome.out.contains("\"output\":\"o\\udcfc/\\udce4ä\\udcfe.png\""), qPrintable(outcome.out));
+#endif
     }
 
     /// A file over the limit on sizes fails by itself.

@@ -3,6 +3,7 @@
 #include "HBSignalRecorder.h"
 
 #include <HBAdjustmentWidget.h>
+#include <HBParallel.h>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -15,7 +16,7 @@ HBSignalRecorder::HBSignalRecorder(HBAdjustmentWidget* panel) {
         const QMetaMethod method = meta->method(index);
         if (method.methodType() != QMetaMethod::Signal) continue;
         // Slots that no moc knows: their ids follow those of QObject and arrive in qt_metacall().
-        QMetaObject::connect(panel, index, this, QObject::staticMetaObject.methodCount() + m_Signals.size(),
+        QMetaObject::connect(panel, index, this, QObject::staticMetaObject.methodCount() + int(m_Signals.size()),
                              Qt::DirectConnection);
         m_Signals.append(method);
     }
@@ -26,8 +27,13 @@ int HBSignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** argumen
     if (id < 0 || call != QMetaObject::InvokeMetaMethod) return id;
     const QMetaMethod& method = m_Signals.at(id);
     QStringList values;
-    for (int i = 0; i < method.parameterCount(); ++i)
+    for (int i = 0; i < method.parameterCount(); ++i) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        values += QVariant(method.parameterMetaType(i), arguments[i + 1]).toString();
+#else
         values += QVariant(method.parameterType(i), arguments[i + 1]).toString();
+#endif
+    }
     Note(QString("%1(%2)").arg(QString::fromLatin1(method.name()), values.join(',')));
     return -1;
 }
@@ -55,7 +61,7 @@ bool HBSignalRecorder::WaitFor(const QString& name, int count) const {
 
 void HBSettle() {
     for (int i = 0; i < 4; ++i) {
-        QThreadPool::globalInstance()->waitForDone(20000);
+        HBThreadPool().waitForDone(20000);
         QCoreApplication::sendPostedEvents();
     }
 }
@@ -66,5 +72,5 @@ int HBTimerCount(const HBAdjustmentWidget& panel) {
 
 bool HBIsIdle(const HBAdjustmentWidget& panel) {
     // A pool thread ends a little after the job that it ran.
-    return QThreadPool::globalInstance()->waitForDone(1000) && HBTimerCount(panel) == 0;
+    return HBThreadPool().waitForDone(1000) && HBTimerCount(panel) == 0;
 }

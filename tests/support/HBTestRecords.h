@@ -5,6 +5,7 @@
 #include <HBAdjustment.h>
 #include <HBRecipe.h>
 
+#include <QIODevice>
 #include <QRandomGenerator>
 
 // Records of any adjustment, made from what the table says of it.

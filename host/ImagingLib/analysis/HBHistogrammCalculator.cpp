@@ -3,6 +3,7 @@
 #include "HBHistogrammCalculator.h"
 
 #include "HBParallel.h"
+#include "HBQtImage.h"
 
 #include <algorithm>
 #include <limits>
@@ -248,7 +249,7 @@ Pieces PiecesOf(const QImage& image)
                 const int rows = qMin(StripRows, height - top);
                 QImage strip = image;
                 if (image.format() != QImage::Format_RGB32 && image.format() != QImage::Format_ARGB32)
-                    strip = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
+                    strip = HBConverted(image.copy(0, top, image.width(), rows), QImage::Format_ARGB32);
                 if (strip.isNull())
                     throw std::bad_alloc();
                 const int first = strip.height() == height ? top : 0;

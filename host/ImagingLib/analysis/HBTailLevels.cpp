@@ -74,7 +74,7 @@ template <class D>
 HWY_INLINE hn::Vec<D> MultiplyPairs(D di, hn::Vec<D> a, std::int32_t pair)
 {
     const auto b = hn::Set(di, pair);
-#if HWY_ARCH_X86
+#if HWY_ARCH_X86 && HWY_TARGET != HWY_EMU128
     using V = hn::Vec<D>;
     if constexpr (sizeof(V) == 64)
         return V{_mm512_madd_epi16(a.raw, b.raw)};

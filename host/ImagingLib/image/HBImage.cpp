@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBImage.h"
 
+#include "HBQtImage.h"
+
 #include <cstring>
 #include <limits>
 #include <new>
@@ -21,10 +23,7 @@ QImage Strip(const QImage& image, int first, int count)
     QImage rows(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format());
     if (image.colorCount() > 0)
         rows.setColorTable(image.colorTable());
-    QImage strip = rows.convertToFormat(QImage::Format_ARGB32);
-    if (strip.isNull())
-        throw std::bad_alloc();
-    return strip;
+    return HBConverted(rows, QImage::Format_ARGB32);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 
 #include <QImage>
 #include <QList>
+#include <QMetaType>
 #include <QRect>
 #include <QVector>
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "HBParallel.h"
 
+#include "HBQtImage.h"
+
+#include <QCoreApplication>
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -10,6 +13,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 
@@ -60,6 +64,22 @@ struct Lanes
 
 std::atomic<QThreadPool*> ownPool{nullptr};
 
+/// Where the program has set none.
+QThreadPool& DefaultPool()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return *QThreadPool::globalInstance();
+#else
+    // Qt 6 itself draws and converts on the global pool, and has the window wait: not behind our jobs. As that
+    // one, it is waited for when the application ends. Never deleted: what it would use may be gone by then.
+    static QThreadPool* const pool = [] {
+        qAddPostRoutine([] { DefaultPool().waitForDone(); });
+        return new QThreadPool;
+    }();
+    return *pool;
+#endif
+}
+
 class Helper : public QRunnable
 {
 public:
@@ -104,7 +124,7 @@ private:
 QThreadPool& HBThreadPool()
 {
     QThreadPool* pool = ownPool;
-    return pool ? *pool : *QThreadPool::globalInstance();
+    return pool ? *pool : DefaultPool();
 }
 
 void HBSetThreadPool(QThreadPool* pool)
@@ -122,14 +142,10 @@ void HBRunLanes(int lanes, const std::function<void()>& lane)
     const auto shared = std::make_shared<Lanes>();
     shared->lane = &lane;
     shared->Begin();
-    try {
-        QThreadPool& pool = HBThreadPool();
-        bool started = true;
-        for (int helper = 1; helper < lanes && started; ++helper)
-            started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
-    } catch (const std::bad_alloc&) {
-        // Fewer lanes do the same work.
-    }
+    QThreadPool& pool = HBThreadPool();
+    bool started = true; // fewer lanes do the same work
+    for (int helper = 1; helper < lanes && started; ++helper)
+        started = HBTryStart(pool, [&] { pool.start(new Helper(shared)); });
     shared->Run();
     shared->WaitForEnd();
     if (shared->first)
@@ -150,13 +166,16 @@ bool HBTryStart(QThreadPool& pool, const std::function<void()>& start)
     // take it.
     static std::mutex mutex;
     const std::lock_guard<std::mutex> lock(mutex);
-    if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
-        try {
+    try {
+        if (pool.activeThreadCount() < pool.maxThreadCount()) { // else a thread that exists will come
+            HBCheckMemory();                                    // Qt ends the process if its thread gets none
             std::thread([] {}).join();
-        } catch (const std::system_error&) {
-            return false;
         }
+        start();
+    } catch (const std::system_error&) {
+        return false;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
-    start();
     return true;
 }

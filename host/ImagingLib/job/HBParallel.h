@@ -8,9 +8,9 @@
 
 class QThreadPool;
 
-/// The pool that all jobs and lanes run in: the global one, or what the program has set. Below, "the pool".
+/// "The pool" of all jobs and lanes: the program's, or the default one: Qt 5's global pool, with Qt 6 one of ours.
 IMAGINGLIB_EXPORT QThreadPool& HBThreadPool();
-/// For a program that fills the global pool with tasks of its own. Null: the global pool. Not owned; it must
+/// For a program that fills the global pool with tasks of its own. Null: the default pool. Not owned; it must
 /// outlive all work, and is set while none is done.
 IMAGINGLIB_EXPORT void HBSetThreadPool(QThreadPool* pool);
 
@@ -32,7 +32,8 @@ IMAGINGLIB_EXPORT void HBRunLanes(int lanes, const std::function<void()>& lane);
 /// returns.
 IMAGINGLIB_EXPORT void HBRunBehind(const std::function<bool()>& step);
 
-/// Calls `start`, which hands one task to the pool, if the pool will have a thread for it. False, without the
-/// call, where the system starts no more threads (too little memory, too many processes): Qt's pool would lose the
-/// task, and wait for its end for ever when the program ends. Every task of ours goes through here. Any thread.
+/// Calls `start`, which hands one task to the pool, if the pool will have a thread for it. False, and nothing is
+/// handed over, with too little memory, and where the system starts no more threads: Qt's pool would lose the
+/// task, and wait for its end for ever when the program ends, or end the process itself. Every task of ours goes
+/// through here. Any thread.
 IMAGINGLIB_EXPORT bool HBTryStart(QThreadPool& pool, const std::function<void()>& start);

@@ -4,10 +4,13 @@
 
 #include "HBParallel.h"
 
+#include <QByteArray>
 #include <QFutureInterface>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 #include <QThreadPool>
+
+#include <memory>
 
 /// Runs a job on the pool (HBThreadPool) and hands its future to the watcher; where the system starts no more
 /// threads, at once. The job must not throw. The watcher's thread.
@@ -15,12 +18,20 @@ template <class Result, class Job>
 void HBWatchInPool(QFutureWatcher<Result>* watcher, const Job& job)
 {
     QThreadPool& pool = HBThreadPool();
-    if (HBTryStart(pool, [&] { watcher->setFuture(QtConcurrent::run(&pool, job)); }))
+    const auto start = [&] {
+        // A job that has used up the memory leaves some to Qt, which ends the process if it cannot tell the end.
+        const auto room = std::make_shared<QByteArray>(1 << 18, Qt::Uninitialized);
+        watcher->setFuture(QtConcurrent::run(&pool, [job, room] {
+            Result result = job();
+            room->clear();
+            return result;
+        }));
+    };
+    if (HBTryStart(pool, start))
         return;
-    Job own = job;
     QFutureInterface<Result> done;
     done.reportStarted();
-    done.reportResult(own());
+    done.reportResult(job());
     done.reportFinished();
     watcher->setFuture(done.future());
 }

@@ -386,7 +386,7 @@ void KMTileManager64::FreeMemory(KMTile* tile)
 
 void KMTileManager64::SetMemoryBudget(qint64 bytes)
 {
-    d->SetBudget(bytes);
+    d->SetBudget(bytes > 0 ? bytes : DefaultBudget());
 }
 
 qint64 KMTileManager64::MemoryBudget() const

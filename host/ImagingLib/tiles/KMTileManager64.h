@@ -43,8 +43,8 @@ public:
     /// Gives back what one GetMemory returned.
     void FreeMemory(KMTile* tile);
 
-    /// Bytes that tiles may hold in memory before they move to the scratch file; default: half of
-    /// HBUsableMemory(). Tiles that are pinned stay, so the budget may be exceeded by as much as is in use at
+    /// Bytes that tiles may hold in memory before they move to the scratch file; 0, the default: half
+    /// of HBUsableMemory(). Tiles that are pinned stay, so the budget may be exceeded by as much as is in use at
     /// once. A smaller budget takes effect when the next tile needs memory. Beyond the budget, 64 MiB or a
     /// sixteenth of it, whichever is more, may be kept from the system for the next job.
     void SetMemoryBudget(qint64 bytes);
