@@ -39,10 +39,13 @@ void HBEditorWindow::BuildSteps()
     addDockWidget(Qt::RightDockWidgetArea, m_pStepsDock);
     if (auto* panels = findChild<QDockWidget*>("PanelDock"))
         tabifyDockWidget(m_pStepsDock, panels);
-    QAction* show = m_pStepsDock->toggleViewAction();
-    show->setText(tr("S&teps"));
-    show->setStatusTip(tr("Show the list of what was done to the photo"));
-    m_pActions->ViewMenu()->addAction(show);
+    m_pStepsDock->toggleViewAction()->setVisible(false); // there is no list without steps
+    m_pStepsDock->hide();
+    m_pShowSteps = m_pActions->ViewMenu()->addAction(tr("S&teps"));
+    m_pShowSteps->setStatusTip(tr("List what was done to the photo"));
+    m_pShowSteps->setCheckable(true);
+    m_pShowSteps->setChecked(true);
+    connect(m_pShowSteps, &QAction::toggled, this, &HBEditorWindow::ShowSteps);
     connect(m_pSteps, &HBStepList::OpenAsked, this, &HBEditorWindow::OpenStep);
 
     m_pProgress = new QProgressBar(this);
@@ -62,6 +65,9 @@ void HBEditorWindow::ShowSteps()
     a.undo->setEnabled(m_pGestures ? m_pGestures->CanUndo() : !m_pSession && history.canUndo());
     a.redo->setEnabled(m_pGestures ? m_pGestures->CanRedo() : !m_pSession && history.canRedo());
     m_pSteps->SetOpened(m_pSession, m_OpenedStep);
+    const bool isListed = m_pShowSteps->isChecked() && m_Document.StepCount() > 0;
+    if (isListed != !m_pStepsDock->isHidden())
+        m_pStepsDock->setVisible(isListed);
 }
 
 void HBEditorWindow::ShowProgress(int percent)

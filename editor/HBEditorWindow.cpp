@@ -24,6 +24,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
@@ -48,6 +49,7 @@ namespace
 constexpr char GeometryKey[] = "window/geometry";
 constexpr char DockedKey[] = "view/docked";
 constexpr char DarkKey[] = "view/dark";
+constexpr char StepsKey[] = "view/steps";
 constexpr char QualityKey[] = "files/quality";
 
 /// Does this widget take letters?
@@ -166,6 +168,7 @@ void HBEditorWindow::ReadSettings()
     const QSettings settings;
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
+    m_pShowSteps->setChecked(settings.value(StepsKey, true).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
     m_pAids->ReadSettings(settings);
     restoreGeometry(settings.value(GeometryKey).toByteArray());
@@ -178,6 +181,7 @@ void HBEditorWindow::WriteSettings() const
     QSettings settings;
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
+    settings.setValue(StepsKey, m_pShowSteps->isChecked());
     settings.setValue(QualityKey, m_Quality);
     m_pAids->WriteSettings(&settings);
     settings.setValue(GeometryKey, saveGeometry());
@@ -423,6 +427,8 @@ void HBEditorWindow::keyPressEvent(QKeyEvent* event)
 bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
+    if (watched == m_pStepsDock && type == QEvent::Close)
+        m_pShowSteps->setChecked(false); // by its cross
     if (type == QEvent::ApplicationDeactivate && m_pBeforeAfter->IsHeld())
         m_pBeforeAfter->SetHeld(false); // the key's release will go elsewhere
     if ((type == QEvent::KeyPress || type == QEvent::KeyRelease) && watched->isWidgetType()) {

@@ -19,6 +19,7 @@ class HBSelectionTool;
 class HBStepList;
 class HBViewAids;
 class KMDocumentView;
+class QAction;
 class QDockWidget;
 class QLabel;
 class QProgressBar;
@@ -110,6 +111,7 @@ private:
     HBSelectionShape m_SelectionBefore;    ///< that of the opened step is shown in its place
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
+    QAction* m_pShowSteps = nullptr;
     QProgressBar* m_pProgress = nullptr;
     HBRecovery* m_pRecovery = nullptr;
     KMDocumentView* m_pView;

@@ -31,10 +31,10 @@ struct HBStackWork
     Done Run(HBJobControl* control) const;
 };
 
-/// The result of a stack of steps on a photo, made by the core in one pass from the nearest state that is kept. Kept
-/// are the states that are likely to be needed next, of which all together have no more tiles of their own than
-/// the photo has: a stack of twenty steps takes the memory of the photo, its result, and one picture more. GUI
-/// thread; the work is done by the pool.
+/// The result of a stack of steps on a photo, made by the core in one pass from the nearest state that is kept.
+/// Kept are the states that are likely to be needed next, of which all together have no more tiles of their own
+/// than the photo has: a stack of twenty steps takes the memory of the photo, its result, and one picture more.
+/// GUI thread; the work is done by the pool.
 class HBStackResult : public QObject
 {
     Q_OBJECT
@@ -48,8 +48,8 @@ public:
     void SetPhoto(const HBImage<>& photo);
     const HBImage<>& Photo() const { return m_Photo; }
 
-    /// Asks for another stack's result; Ready follows, at once if it is known. What is being made for a stack that is
-    /// no longer wanted is given up.
+    /// Asks for another stack's result; Ready follows, at once if it is known. What is being made for a stack that
+    /// is no longer wanted is given up.
     void Want(const Steps& steps);
     /// The result of such a stack, which someone else has made.
     void Know(const Steps& steps, const HBImage<>& image);

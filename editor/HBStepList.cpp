@@ -38,7 +38,6 @@ HBStepList::HBStepList(HBDocument* document, QWidget* parent)
     , m_pAmountRow(new QWidget(this))
     , m_pSlider(new QSlider(Qt::Horizontal, m_pAmountRow))
     , m_pSpin(new QSpinBox(m_pAmountRow))
-    , m_pHint(new QLabel(tr("What you apply to the photo is listed here, and can be changed later."), this))
 {
     m_pList->setObjectName("StepList");
     m_pList->setAccessibleName(tr("Steps, from the first to the last"));
@@ -48,11 +47,8 @@ HBStepList::HBStepList(HBDocument* document, QWidget* parent)
     m_pList->setDragDropMode(QAbstractItemView::InternalMove);
     m_pList->setContextMenuPolicy(Qt::CustomContextMenu);
     m_pList->setMinimumHeight(80);
+    m_pList->setSpacing(2);
     m_pList->installEventFilter(this);
-    m_pHint->setWordWrap(true);
-    m_pHint->setEnabled(false);
-    m_pHint->setMargin(8);
-    m_pHint->setAlignment(Qt::AlignTop);
 
     m_pSlider->setRange(0, HBRecipeStep::MaximumAmount);
     m_pSlider->setPageStep(10);
@@ -70,7 +66,6 @@ HBStepList::HBStepList(HBDocument* document, QWidget* parent)
     amount->addWidget(m_pSpin);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_pHint, 1);
     layout->addWidget(m_pList, 1);
     layout->addWidget(m_pAmountRow);
 
@@ -133,8 +128,6 @@ void HBStepList::Show()
     }
     const int last = m_pList->count() - 1;
     m_pList->setCurrentRow(atEnd ? last : qMin(current, last));
-    m_pList->setVisible(last >= 0);
-    m_pHint->setVisible(last < 0);
     m_pList->setEnabled(!m_Opened);
     ShowAmount();
 }
@@ -144,7 +137,6 @@ void HBStepList::ShowAmount()
     const QScopedValueRollback<bool> showing(m_Showing, true);
     const int step = Current();
     const bool has = step >= 0 && step < m_pDocument->StepCount();
-    m_pAmountRow->setVisible(m_pList->count() > 0);
     m_pAmountRow->setEnabled(has && !m_Opened);
     const int amount = has ? m_pDocument->StepAt(step).amount : HBRecipeStep::MaximumAmount;
     m_pSlider->setValue(amount);

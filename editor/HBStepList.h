@@ -5,13 +5,12 @@
 #include <QWidget>
 
 class HBDocument;
-class QLabel;
 class QListWidget;
 class QSlider;
 class QSpinBox;
 
-/// The steps of a document, first to last: each can be switched off, moved by drag or Alt+Up and Alt+Down, given an
-/// amount, duplicated, deleted, and opened again.
+/// The steps of a document, first to last: each can be switched off, moved by drag or Alt+Up and Alt+Down, given
+/// an amount, duplicated, deleted, and opened again.
 class HBStepList : public QWidget
 {
     Q_OBJECT
@@ -43,7 +42,6 @@ private:
     QWidget* m_pAmountRow;
     QSlider* m_pSlider;
     QSpinBox* m_pSpin;
-    QLabel* m_pHint;
     bool m_Opened = false;
     int m_OpenedStep = -1;
     bool m_Showing = false; ///< what is heard from the controls is no change
