@@ -30,9 +30,10 @@ private:
     std::shared_ptr<QLockFile> lock; ///< no other editor offers it meanwhile
 };
 
-/// Keeps a document's unsaved steps in a file, a recipe with the photo's name, whole or not at all, so that they can
-/// be offered after a crash. Each change is written at once, but for the amounts of one gesture: once a second. A
-/// document without unsaved steps has no such file. Each editor has its own, and a lock that ends with its process.
+/// Keeps a document's unsaved steps in a file, a recipe with the photo's name, whole or not at all, so that they
+/// can be offered after a crash. Each change is written at once, but for the amounts of one gesture: once a
+/// second. A document without unsaved steps has no such file. Each editor has its own, and a lock that ends with
+/// its process.
 class HBRecovery : public QObject
 {
     Q_OBJECT
