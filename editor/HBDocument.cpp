@@ -2,13 +2,71 @@
 // SPDX-License-Identifier: MIT
 #include "HBDocument.h"
 
+#include <HBAdjustment.h>
+
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 namespace
 {
 
-const HBImage<> nothing;
+constexpr int GestureMilliseconds = 1000;
 
+}
+
+/// From one stack to another.
+class HBDocument::Change : public QUndoCommand
+{
+public:
+    Change(HBDocument* document, const Steps& after, const QString& title, int gesture)
+        : QUndoCommand(title)
+        , m_pDocument(document)
+        , m_Before(document->m_Steps)
+        , m_After(after)
+        , m_Gesture(gesture)
+    {
+        m_Since.start();
+    }
+
+    void undo() override { Set(m_Before); }
+    void redo() override { Set(m_After); }
+    int id() const override { return m_Gesture; }
+    bool mergeWith(const QUndoCommand* other) override
+    {
+        const auto* next = static_cast<const Change*>(other);
+        if (m_Since.elapsed() > GestureMilliseconds)
+            return false;
+        m_Since.start();
+        m_After = next->m_After;
+        return true;
+    }
+
+private:
+    void Set(const Steps& steps)
+    {
+        m_pDocument->m_Steps = steps;
+        m_pDocument->m_Result.Want(steps);
+        Q_EMIT m_pDocument->StepsChanged();
+    }
+
+    HBDocument* m_pDocument;
+    const Steps m_Before;
+    Steps m_After;
+    const int m_Gesture;
+    QElapsedTimer m_Since; ///< since the last amount of the gesture
+};
+
+HBDocument::HBDocument(QObject* parent) : QObject(parent)
+{
+    connect(&m_Result, &HBStackResult::Ready, this, &HBDocument::Changed);
+    connect(&m_Result, &HBStackResult::Failed, this, &HBDocument::Failed);
+    connect(&m_History, &QUndoStack::indexChanged, this, &HBDocument::Changed);
+    connect(&m_History, &QUndoStack::cleanChanged, this, &HBDocument::Changed);
+}
+
+HBDocument::~HBDocument()
+{
+    m_History.disconnect(this); // it tells that it ends
 }
 
 QString HBDocument::FileName() const
@@ -16,64 +74,135 @@ QString HBDocument::FileName() const
     return QFileInfo(m_Path).fileName();
 }
 
-const HBImage<>& HBDocument::Image() const
-{
-    return IsOpen() ? m_States.at(m_Index).image : nothing;
-}
-
-const HBImage<>& HBDocument::Original() const
-{
-    return IsOpen() ? m_States.first().image : nothing;
-}
-
 void HBDocument::SetPhoto(const QString& path, const HBPhoto& photo)
 {
     m_Path = path;
     m_Encoding = photo.encoding;
-    m_States = {{tr("Open"), photo.image, {}, true}};
-    m_Index = m_SavedIndex = 0;
+    ReadFileState();
+    m_Steps.clear();
+    m_SavedSteps.clear();
+    m_Result.SetPhoto(photo.image);
+    {
+        const QSignalBlocker quiet(m_History); // one word for all of it
+        m_History.clear();
+    }
+    Q_EMIT StepsChanged();
     Q_EMIT Changed();
 }
 
-void HBDocument::Apply(const State& state)
+QString HBDocument::TitleOf(const HBRecipeStep& step)
 {
-    if (!IsOpen())
-        return;
-    m_States.resize(m_Index + 1);
-    if (m_SavedIndex > m_Index)
-        m_SavedIndex = -2;
-    m_States.append(state);
-    ++m_Index;
-    Q_EMIT Changed();
+    const HBAdjustment* adjustment = HBFindAdjustment(step.panel);
+    return adjustment ? adjustment->Title() : step.panel;
 }
 
-void HBDocument::GoTo(int index)
+// ---- Changing the stack ----
+
+void HBDocument::Push(const Steps& steps, const QString& title, int gesture)
 {
-    if (index < 0 || index >= m_States.size() || index == m_Index)
-        return;
-    m_Index = index;
-    Q_EMIT Changed();
+    if (IsOpen() && steps != m_Steps)
+        m_History.push(new Change(this, steps, title, gesture));
 }
+
+void HBDocument::SetSteps(const Steps& steps, const QString& title)
+{
+    Push(steps, title);
+}
+
+void HBDocument::Append(const Steps& steps, const QString& title, const HBImage<>& image)
+{
+    if (!IsOpen() || steps.isEmpty())
+        return;
+    const Steps all = m_Steps + steps;
+    if (!image.IsEmpty())
+        m_Result.Know(all, image);
+    Push(all, title);
+}
+
+void HBDocument::Replace(int index, const HBRecipeStep& step, const HBImage<>& image)
+{
+    if (!Has(index))
+        return;
+    Steps steps = m_Steps;
+    steps[index] = step;
+    if (!image.IsEmpty())
+        m_Result.Know(steps.mid(0, index + 1), image);
+    Push(steps, TitleOf(step));
+}
+
+void HBDocument::SetOn(int index, bool on)
+{
+    if (!Has(index))
+        return;
+    Steps steps = m_Steps;
+    steps[index].on = on;
+    Push(steps, (on ? tr("Switch On %1") : tr("Switch Off %1")).arg(TitleOf(steps.at(index))));
+}
+
+void HBDocument::SetAmount(int index, int amount)
+{
+    if (!Has(index))
+        return;
+    Steps steps = m_Steps;
+    steps[index].amount = qBound(0, amount, HBRecipeStep::MaximumAmount);
+    Push(steps, tr("Amount of %1").arg(TitleOf(steps.at(index))), index);
+}
+
+void HBDocument::Move(int from, int to)
+{
+    if (!Has(from) || !Has(to))
+        return;
+    Steps steps = m_Steps;
+    steps.move(from, to);
+    Push(steps, tr("Move %1").arg(TitleOf(steps.at(to))));
+}
+
+void HBDocument::Duplicate(int index)
+{
+    if (!Has(index))
+        return;
+    Steps steps = m_Steps;
+    steps.insert(index + 1, m_Steps.at(index));
+    Push(steps, tr("Duplicate %1").arg(TitleOf(steps.at(index))));
+}
+
+void HBDocument::Remove(int index)
+{
+    if (!Has(index))
+        return;
+    Steps steps = m_Steps;
+    steps.remove(index);
+    Push(steps, tr("Delete %1").arg(TitleOf(m_Steps.at(index))));
+}
+
+// ---- The file ----
 
 void HBDocument::SetSaved(const QString& path, const HBPhotoEncoding& encoding)
 {
     m_Path = path;
     m_Encoding = encoding;
-    m_SavedIndex = m_Index;
+    m_SavedSteps = m_Steps;
+    ReadFileState();
+    {
+        const QSignalBlocker quiet(m_History);
+        m_History.setClean();
+    }
     Q_EMIT Changed();
 }
 
-HBRecipe HBDocument::Recipe(int* leftOut) const
+void HBDocument::ReadFileState()
+{
+    const QFileInfo info(m_Path);
+    m_FileSize = info.size();
+    m_FileTime = info.lastModified();
+}
+
+HBRecipe HBDocument::Recipe() const
 {
     HBRecipe recipe;
-    int without = 0;
-    for (int i = 1; i <= m_Index; ++i) {
-        if (m_States.at(i).wholeImage)
-            recipe.steps += m_States.at(i).steps;
-        else
-            ++without;
+    for (const HBRecipeStep& step : m_Steps) {
+        if (step.on)
+            recipe.steps.append(step);
     }
-    if (leftOut)
-        *leftOut = without;
     return recipe;
 }

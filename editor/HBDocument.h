@@ -2,71 +2,92 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <HBImage.h>
+#include "HBStackResult.h"
+
 #include <HBPhotoFile.h>
-#include <HBRecipe.h>
 
-#include <QObject>
-#include <QVector>
+#include <QDateTime>
+#include <QUndoStack>
 
-/// One photo with the history of what was done to it. The states share the tiles that a step did not change, so
-/// keeping them is cheap; what does not fit in memory goes to the scratch file with all other tiles.
+/// One photo as it was opened, and the stack of steps that are applied to it, from the first to the last. Every
+/// change of the stack can be undone; the result follows as soon as it is made.
 class HBDocument : public QObject
 {
     Q_OBJECT
 public:
-    struct State
-    {
-        QString title; ///< of the step that led here
-        HBImage<> image;
-        QVector<HBRecipeStep> steps; ///< what led here from the state before; empty for the photo as it was opened
-        bool wholeImage = true;      ///< false: the step was made on a selection, which no recipe can tell
-    };
+    using Steps = HBStackResult::Steps;
 
-    using QObject::QObject;
+    explicit HBDocument(QObject* parent = nullptr);
+    ~HBDocument() override;
 
-    bool IsOpen() const { return !m_States.isEmpty(); }
+    bool IsOpen() const { return !m_Result.Photo().IsEmpty(); }
     QString Path() const { return m_Path; }
     QString FileName() const;
     /// Of the file at Path(), for a save over it.
     const HBPhotoEncoding& Encoding() const { return m_Encoding; }
-    /// Empty if nothing is open.
-    const HBImage<>& Image() const;
-    /// As it was opened.
-    const HBImage<>& Original() const;
+    /// Of that file when it was read or written.
+    qint64 FileSize() const { return m_FileSize; }
+    QDateTime FileTime() const { return m_FileTime; }
+
+    /// The photo as it was opened; empty if nothing is open.
+    const HBImage<>& Original() const { return m_Result.Photo(); }
+    /// The result of the steps, or of an earlier stack while it is being made.
+    const HBImage<>& Image() const { return m_Result.Image(); }
+    HBStackResult& Result() { return m_Result; }
+    const HBStackResult& Result() const { return m_Result; }
 
     /// Starts anew with a photo that was just read.
     void SetPhoto(const QString& path, const HBPhoto& photo);
-    /// Adds a state after the present one; what could be redone is dropped.
-    void Apply(const State& state);
 
-    const QVector<State>& States() const { return m_States; }
-    int Index() const { return m_Index; }
-    /// Undoes or redoes up to that state; an index that there is none for is ignored.
-    void GoTo(int index);
-    bool CanUndo() const { return m_Index > 0; }
-    bool CanRedo() const { return m_Index + 1 < m_States.size(); }
+    const Steps& AllSteps() const { return m_Steps; }
+    int StepCount() const { return m_Steps.size(); }
+    const HBRecipeStep& StepAt(int index) const { return m_Steps.at(index); }
+    static QString TitleOf(const HBRecipeStep& step);
 
-    bool IsModified() const { return m_Index != m_SavedIndex; }
-    /// The present state is what the file holds.
+    /// Each of these is one entry of undo. An index that there is none for is ignored.
+    /// \param title of what is done
+    void SetSteps(const Steps& steps, const QString& title);
+    /// \param image their result, if it is known
+    void Append(const Steps& steps, const QString& title, const HBImage<>& image = {});
+    /// \param image the result of the step and those before it, if it is known
+    void Replace(int index, const HBRecipeStep& step, const HBImage<>& image = {});
+    void SetOn(int index, bool on);
+    /// Amounts that follow each other soon are one entry.
+    void SetAmount(int index, int amount);
+    void Move(int from, int to);
+    void Duplicate(int index);
+    void Remove(int index);
+
+    QUndoStack& History() { return m_History; }
+    const QUndoStack& History() const { return m_History; }
+    bool IsModified() const { return !m_History.isClean(); }
+    /// The file holds what the present steps make of the photo.
     void SetSaved(const QString& path, const HBPhotoEncoding& encoding = {});
+    /// The steps that the file holds the result of.
+    const Steps& SavedSteps() const { return m_SavedSteps; }
 
-    /// The steps up to the present state that were made on the whole image.
-    /// \param leftOut how many were not; may be null
-    HBRecipe Recipe(int* leftOut) const;
-
-public Q_SLOTS:
-    void Undo() { GoTo(m_Index - 1); }
-    void Redo() { GoTo(m_Index + 1); }
+    /// The steps that are on.
+    HBRecipe Recipe() const;
 
 Q_SIGNALS:
-    /// Image(), the history or the modified state is another.
+    /// Image(), the steps or the modified state is another.
     void Changed();
+    void StepsChanged();
+    /// The steps have no result.
+    void Failed(const QString& reason);
 
 private:
+    class Change;
+    void Push(const Steps& steps, const QString& title, int gesture = -1);
+    void ReadFileState();
+    bool Has(int index) const { return index >= 0 && index < m_Steps.size(); }
+
     QString m_Path;
     HBPhotoEncoding m_Encoding;
-    QVector<State> m_States;
-    int m_Index = -1;
-    int m_SavedIndex = -1; ///< -2: the saved state can no longer be reached
+    qint64 m_FileSize = 0;
+    QDateTime m_FileTime;
+    Steps m_Steps;
+    Steps m_SavedSteps;
+    HBStackResult m_Result;
+    QUndoStack m_History;
 };

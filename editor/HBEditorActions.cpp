@@ -125,15 +125,14 @@ void HBEditorActions::AddFile()
 void HBEditorActions::AddEdit()
 {
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Edit"));
-    undo = Add(menu, tr("&Undo"), QKeySequence::Undo, tr("Take the last step back"));
+    undo = Add(menu, tr("&Undo"), QKeySequence::Undo, tr("Take the last change back"));
     undo->setIcon(HBMakeIcon(HBEditorIcon::Undo));
-    redo = Add(menu, tr("&Redo"), QKeySequence::Redo, tr("Do the step again that was taken back"));
+    redo = Add(menu, tr("&Redo"), QKeySequence::Redo, tr("Do the change again that was taken back"));
     redo->setIcon(HBMakeIcon(HBEditorIcon::Redo));
     redo->setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
     // A spin box undoes its own text by the same keys.
     undo->setShortcutContext(Qt::WindowShortcut);
     redo->setShortcutContext(Qt::WindowShortcut);
-    history = menu->addMenu(tr("&History"));
     menu->addSeparator();
     copySteps = Add(menu, tr("&Copy Steps"), QKeySequence("Ctrl+Shift+C"),
                     tr("Remember the steps of this photo for another one"));

@@ -34,7 +34,6 @@ public:
     QAction* quit;
     QAction* undo;
     QAction* redo;
-    QMenu* history;
     QAction* copySteps;
     QAction* pasteSteps;
     QAction* repeatLast;

@@ -172,6 +172,8 @@ bool HBEditorWindow::SaveAs()
 
 bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
 {
+    if (!Settle())
+        return false;
     const QScopedValueRollback<bool> busy(m_Busy, true);
     const HBImage<> image = m_Document.Image();
     QString error;
@@ -198,7 +200,7 @@ bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
 /// The document stays what it is: neither saved nor under another name.
 bool HBEditorWindow::Export()
 {
-    if (!MayLeavePanel())
+    if (!MayLeavePanel() || !Settle())
         return false;
     const HBImage<> image = m_Document.Image();
     HBExportDialog dialog(image, m_Document.Path(), &m_Folders, m_Remember, this);
@@ -229,22 +231,10 @@ void HBEditorWindow::SaveRecipe()
 {
     if (!MayLeavePanel())
         return;
-    int leftOut = 0;
-    const HBRecipe recipe = m_Document.Recipe(&leftOut);
-    const QString onSelection =
-        tr("Steps that were made on a selection (here: %1) cannot be part of a recipe, which is applied to whole "
-           "photos.")
-            .arg(leftOut);
+    const HBRecipe recipe = m_Document.Recipe();
     if (recipe.steps.isEmpty()) {
-        m_pMessages->ShowNote(leftOut > 0 ? onSelection : tr("There are no steps to save as a recipe yet."));
+        m_pMessages->ShowNote(tr("There are no steps to save as a recipe yet."));
         return;
-    }
-    if (leftOut > 0) {
-        QMessageBox question(QMessageBox::Question, tr("Save Recipe"), onSelection, QMessageBox::Cancel, this);
-        const QAbstractButton* without = question.addButton(tr("Save &Without"), QMessageBox::AcceptRole);
-        question.exec();
-        if (question.clickedButton() != without)
-            return;
     }
     QFileDialog dialog(this, tr("Save Recipe"), m_Folders.Folder(HBFolders::Recipes, m_Document.Path()),
                        RecipeFilter());
@@ -293,18 +283,9 @@ bool HBEditorWindow::ApplyRecipe(const QString& title, const HBRecipe& recipe)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    QString error;
     HBImage<> image;
-    const HBTarget target{m_Document.Image()};
-    const bool done = HBBusyDialog::RunCancellable(tr("Applying %1").arg(title), this, [&](HBJobControl* control) {
-        image = HBApplyRecipe(target, recipe, &error, control);
-    });
-    if (!done)
+    if (!Compute(m_Document.AllSteps() + recipe.steps, &image))
         return false;
-    if (image.IsEmpty()) {
-        m_pMessages->ShowError(title + ": " + error);
-        return false;
-    }
-    m_Document.Apply({title, image, recipe.steps, true});
+    m_Document.Append(recipe.steps, title, image);
     return true;
 }

@@ -11,6 +11,7 @@
 #include "HBOverlayBox.h"
 #include "HBPanelFinder.h"
 #include "HBPanelFrame.h"
+#include "HBPanelGestures.h"
 #include "HBPanelPlacement.h"
 #include "HBPhotoFrame.h"
 #include "HBPresetStrip.h"
@@ -18,6 +19,7 @@
 #include "HBSelectionTool.h"
 #include "HBShortcutSheet.h"
 #include "HBSideBySide.h"
+#include "HBStepList.h"
 #include "HBViewAids.h"
 
 #include <HBAdjustmentWidget.h>
@@ -28,6 +30,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
@@ -56,6 +59,7 @@ constexpr char DockedKey[] = "view/docked";
 constexpr char StripKey[] = "view/filmStrip";
 constexpr char DarkKey[] = "view/dark";
 constexpr char DockWidthKey[] = "view/dockWidth";
+constexpr char StepsKey[] = "view/steps";
 constexpr char QualityKey[] = "files/quality";
 
 /// Does this widget take letters?
@@ -90,6 +94,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
 
     BuildStatusBar();
+    BuildSteps();
     ConnectActions();
     ConnectPhotos();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
@@ -101,6 +106,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
         if (m_pSession)
             m_pSession->Reject();
     });
+    connect(m_pPlacement, &HBPanelPlacement::Closed, this, &HBEditorWindow::MayLeavePanel);
     connect(m_pPlacement, &HBPanelPlacement::Confirmed, this, [this] {
         if (m_pSession)
             m_pSession->Accept();
@@ -128,9 +134,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.saveRecipe, &QAction::triggered, this, &HBEditorWindow::SaveRecipe);
     connect(a.applyRecipe, &QAction::triggered, this, &HBEditorWindow::ChooseRecipe);
     connect(a.quit, &QAction::triggered, this, &QWidget::close);
-    connect(a.undo, &QAction::triggered, &m_Document, &HBDocument::Undo);
-    connect(a.redo, &QAction::triggered, &m_Document, &HBDocument::Redo);
-    connect(a.history, &QMenu::aboutToShow, this, &HBEditorWindow::ShowHistory);
+    connect(a.undo, &QAction::triggered, this, &HBEditorWindow::Undo);
+    connect(a.redo, &QAction::triggered, this, &HBEditorWindow::Redo);
     connect(a.repeatLast, &QAction::triggered, this, &HBEditorWindow::RepeatLast);
     connect(a.findPanel, &QAction::triggered, this, &HBEditorWindow::FindPanel);
     connect(a.fullScreen, &QAction::triggered, this,
@@ -184,6 +189,7 @@ void HBEditorWindow::ReadSettings()
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
     m_pActions->filmStrip->setChecked(settings.value(StripKey, false).toBool());
+    m_pShowSteps->setChecked(settings.value(StepsKey, true).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
     m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
     m_pAids->ReadSettings(settings);
@@ -198,6 +204,7 @@ void HBEditorWindow::WriteSettings() const
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
     settings.setValue(StripKey, m_pActions->filmStrip->isChecked());
+    settings.setValue(StepsKey, m_pShowSteps->isChecked());
     settings.setValue(QualityKey, m_Quality);
     settings.setValue(DockWidthKey, m_pPlacement->Width());
     m_pAids->WriteSettings(&settings);
@@ -208,8 +215,16 @@ void HBEditorWindow::WriteSettings() const
 
 bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
-    if (!m_Document.IsOpen() || !MayLeavePanel())
+    if (!m_Document.IsOpen() || !MayLeavePanel() || !Settle())
         return false;
+    m_PanelSource = m_Document.Image();
+    BeginPanel(entry);
+    return true;
+}
+
+/// On m_PanelSource.
+void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
+{
     m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
@@ -232,15 +247,19 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
             m_pMessages->ShowError(reason);
     });
     if (HBOverlayBox::IsFor(entry)) {
-        HBOverlayBox::SetFirstSize(m_pSession);
+        if (m_OpenedStep < 0)
+            HBOverlayBox::SetFirstSize(m_pSession);
         new HBOverlayBox(m_pSession, m_pView);
     }
     MakePanelBox();
     m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
+    if (m_OpenedStep >= 0)
+        m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
+    m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
+    connect(m_pGestures, &HBPanelGestures::Changed, this, &HBEditorWindow::ShowSteps);
     ShowDocument();
     m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
-    return true;
 }
 
 HBPresetStrip* HBEditorWindow::Presets() const
@@ -272,23 +291,11 @@ void HBEditorWindow::HandOverSource()
         return;
     try {
         const HBSelection selection = m_pSelection->Selection(m_Document.Original());
-        m_pSession->SetTarget({m_Document.Image(), selection.mask, selection.offset, selection.bounds});
+        m_pSession->SetTarget({m_PanelSource, selection.mask, selection.offset, selection.bounds});
         m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
     }
-}
-
-void HBEditorWindow::ApplyPanel(const HBImage<>& image)
-{
-    HBPanelSession* session = m_pSession;
-    const HBDocument::State state{session->Entry().Title(), image, {session->Step()}, !session->HasSelection()};
-    m_LastStep = session->Step();
-    QString ignored; // the step counts, not that it is remembered
-    if (m_pPresets)
-        m_pPresets->Presets().SetLast(m_LastStep.values, &ignored);
-    DropPanel();
-    m_Document.Apply(state);
 }
 
 /// By a panel that is opened and confirmed, so that it is a step like any other.
@@ -318,6 +325,12 @@ void HBEditorWindow::DropPanel()
     m_pSession->disconnect(m_pView);
     m_pSession->deleteLater();
     m_pSession = nullptr;
+    delete m_pGestures; // it looks at the selection
+    m_PanelSource = HBImage<>();
+    if (m_OpenedStep >= 0) {
+        m_OpenedStep = -1;
+        m_pSelection->SetShape(m_SelectionBefore);
+    }
     m_pView->SetOverrideCursor(QCursor());
     m_pView->EndSight();
     m_pPlacement->Close();
@@ -326,11 +339,10 @@ void HBEditorWindow::DropPanel()
     m_pView->setFocus();
 }
 
-/// Whether the open panel makes the view show another picture than the photo. Some panels do as they open.
-bool HBEditorWindow::IsPanelSeen()
+/// Whether the open panel has made another picture than that which it was given. Some panels do as they open.
+bool HBEditorWindow::IsPanelSeen(const HBImage<>& shown)
 {
-    const HBImage<> shown = m_pView->Picture();
-    const HBImage<> photo = m_Document.Image();
+    const HBImage<> photo = m_PanelSource;
     bool same = false;
     HBBusyDialog::Run(tr("Looking for changes"), this, [&] {
         try {
@@ -342,43 +354,70 @@ bool HBEditorWindow::IsPanelSeen()
     return !same;
 }
 
+/// Would anything be lost with the open panel?
+bool HBEditorWindow::HasPanelWork()
+{
+    if (!m_pSession || !m_pGestures)
+        return false;
+    // What a step that is opened does, it does already.
+    return IsPanelChanged() || (m_OpenedStep < 0 && IsPanelSeen(m_pView->Picture()));
+}
+
+/// As its OK, and waits for it. False if it goes on: the user stopped the wait, or it failed.
+bool HBEditorWindow::AcceptPanel()
+{
+    if (!m_pSession)
+        return true;
+    QEventLoop loop;
+    connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
+    connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
+    connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
+    connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
+    // Queued, so that an answer that comes at once finds the loop running.
+    QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
+    loop.exec();
+    return !m_pSession;
+}
+
 /// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
 bool HBEditorWindow::MayLeavePanel()
 {
-    if (m_pSession && !m_pSession->IsChanged() && !IsPanelSeen())
+    if (!HasPanelWork()) {
         DropPanel();
-    if (!m_pSession)
         return true;
+    }
     const auto answer = QMessageBox::question(
         this, tr("Panel Editor"), tr("Apply the changes of “%1”?").arg(m_pSession->Entry().Title()),
         QMessageBox::Apply | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Apply);
     if (answer == QMessageBox::Cancel)
         return false;
-    if (answer == QMessageBox::Apply && m_pSession) {
-        QEventLoop loop;
-        connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
-        connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
-        connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
-        connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
-        // Queued, so that an answer that comes at once finds the loop running.
-        QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
-        loop.exec();
-        return !m_pSession; // still there: the user stopped the wait, or it failed
-    }
+    if (answer == QMessageBox::Apply)
+        return AcceptPanel();
     DropPanel();
     return true;
 }
 
+/// One question at most, about the open panel and the photo at once.
 bool HBEditorWindow::MayLeavePhoto()
 {
-    if (!MayLeavePanel())
-        return false;
-    if (!m_Document.IsModified())
+    const bool panel = HasPanelWork();
+    if (!panel && !m_Document.IsModified()) {
+        DropPanel();
         return true;
-    const auto answer = QMessageBox::question(
-        this, tr("Panel Editor"), tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && Save());
+    }
+    const QString text =
+        panel ? tr("“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?")
+                    .arg(m_Document.FileName(), m_pSession->Entry().Title())
+              : tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName());
+    const auto answer =
+        QMessageBox::question(this, tr("Panel Editor"), text,
+                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Cancel)
+        return false;
+    if (answer == QMessageBox::Save)
+        return (!panel || AcceptPanel()) && Save();
+    DropPanel();
+    return true;
 }
 
 // ---- Showing the state ----
@@ -389,7 +428,7 @@ void HBEditorWindow::ShowDocument()
     const bool panel = m_pSession;
     if (!panel)
         m_pView->SetPicture(m_Document.Image());
-    m_pAids->ShowPhoto(m_Document.Image(), m_Document.Original(), panel);
+    m_pAids->ShowPhoto(panel ? m_PanelSource : m_Document.Image(), m_Document.Original(), panel);
 
     m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
@@ -399,10 +438,8 @@ void HBEditorWindow::ShowDocument()
                                : QString());
     ShowZoom(m_pView->Zoom());
 
+    ShowSteps();
     const HBEditorActions& a = *m_pActions;
-    a.undo->setEnabled(m_Document.CanUndo() && !panel);
-    a.redo->setEnabled(m_Document.CanRedo() && !panel);
-    a.history->setEnabled(open && !panel);
     for (QAction* action :
          {a.saveAs, a.exportCopy, a.saveRecipe, a.copySteps, a.pasteSteps, a.applyToMarked, a.applyRecipe,
           a.selectAll, a.selectNothing, a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
@@ -416,19 +453,6 @@ void HBEditorWindow::ShowDocument()
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);
     a.showBefore->setEnabled(open);
-}
-
-void HBEditorWindow::ShowHistory()
-{
-    QMenu* menu = m_pActions->history;
-    menu->clear();
-    const QVector<HBDocument::State>& states = m_Document.States();
-    for (int i = 0; i < states.size(); ++i) {
-        QAction* action = menu->addAction(QString(states.at(i).title).replace('&', "&&"));
-        action->setCheckable(true);
-        action->setChecked(i == m_Document.Index());
-        connect(action, &QAction::triggered, this, [this, i] { m_Document.GoTo(i); });
-    }
 }
 
 void HBEditorWindow::ShowZoom(double zoom)
@@ -485,6 +509,8 @@ void HBEditorWindow::keyPressEvent(QKeyEvent* event)
 bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
+    if (watched == m_pStepsDock && type == QEvent::Close)
+        m_pShowSteps->setChecked(false); // by its cross
     if (type == QEvent::ApplicationDeactivate && m_pBeforeAfter->IsHeld())
         m_pBeforeAfter->SetHeld(false); // the key's release will go elsewhere
     if ((type == QEvent::KeyPress || type == QEvent::KeyRelease) && watched->isWidgetType()) {

@@ -20,11 +20,18 @@ class HBFilmStrip;
 class HBPresetStrip;
 class HBRecipeMenu;
 class HBMessageBar;
+class HBPanelGestures;
 class HBPanelPlacement;
+class HBRecovery;
 class HBSelectionTool;
+class HBStepList;
 class HBViewAids;
 class KMDocumentView;
+class QAction;
+class QDockWidget;
 class QLabel;
+class QProgressBar;
+struct HBLostStack;
 
 /// The editor: one photo, its view, and at most one open panel.
 class HBEditorWindow : public QMainWindow
@@ -46,6 +53,12 @@ public:
     bool ApplyRecipe(const QString& title, const HBRecipe& recipe);
     /// Several make a film strip of their own, and the first is opened; a single one is opened in its folder.
     bool OpenAll(const QStringList& paths);
+    /// Opens the panel of a step of the stack, with its values and its selection, on the photo as the steps before
+    /// it have made it. OK changes that step.
+    bool OpenStep(int step);
+    /// Keeps unsaved steps in the folder from here on, and asks about those that an editor which did not come to
+    /// its end has left there.
+    void UseRecovery(const QString& folder);
 
     const HBDocument& Document() const { return m_Document; }
     HBPanelSession* Session() const { return m_pSession; }
@@ -56,6 +69,7 @@ public:
     HBFilmStrip* FilmStrip() const { return m_pStrip; }
     /// Null while no panel is open.
     HBPresetStrip* Presets() const;
+    HBStepList* StepList() const { return m_pSteps; }
     HBViewAids* ViewAids() const { return m_pAids; }
 
 protected:
@@ -73,9 +87,23 @@ private:
 
     bool MayLeavePhoto();
     bool MayLeavePanel();
-    bool IsPanelSeen();
+    bool IsPanelSeen(const HBImage<>& shown);
+    bool IsPanelChanged() const;
+    bool HasPanelWork();
+    bool AcceptPanel();
     void DropPanel();
     void ApplyPanel(const HBImage<>& image);
+
+    void BuildSteps();
+    void ShowSteps();
+    void ShowProgress(int percent);
+    void BeginPanel(const HBPanelEntry& entry);
+    bool Compute(const QVector<HBRecipeStep>& steps, HBImage<>* image);
+    bool Settle();
+    void Undo();
+    void Redo();
+    void OfferLost();
+    void Restore(const HBLostStack& lost);
 
     void ChooseFile();
     bool Save();
@@ -98,7 +126,6 @@ private:
     void FindPanel();
 
     void ShowDocument();
-    void ShowHistory();
     void ShowZoom(double zoom);
     void HandOverSource();
 
@@ -110,6 +137,15 @@ private:
     QPointer<HBPresetStrip> m_pPresets;
     std::unique_ptr<QTemporaryDir> m_pNotRemembered; ///< where presets go when nothing is remembered
     HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
+    QPointer<HBPanelGestures> m_pGestures;           ///< of the session
+    HBImage<> m_PanelSource;                         ///< what the open panel works on
+    int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
+    HBSelectionShape m_SelectionBefore;              ///< that of the opened step is shown in its place
+    HBStepList* m_pSteps = nullptr;
+    QDockWidget* m_pStepsDock = nullptr;
+    QAction* m_pShowSteps = nullptr;
+    QProgressBar* m_pProgress = nullptr;
+    HBRecovery* m_pRecovery = nullptr;
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;
     HBSelectionTool* m_pSelection;

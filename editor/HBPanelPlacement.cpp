@@ -91,6 +91,7 @@ void HBPanelPlacement::Show(QWidget* panel, const QString& title, bool docked)
         m_pDock->setWidget(Column(panel));
         MakeOkDefault(panel);
         m_pDock->show();
+        m_pDock->raise(); // before the list of steps
         m_pWindow->resizeDocks({m_pDock}, {qMax(m_Width, m_pDock->minimumSizeHint().width())}, Qt::Horizontal);
     } else {
         m_pDialog = new QDialog(m_pWindow);
@@ -101,6 +102,7 @@ void HBPanelPlacement::Show(QWidget* panel, const QString& title, bool docked)
         layout->addWidget(panel);
         MakeOkDefault(panel);
         connect(m_pDialog, &QDialog::rejected, this, &HBPanelPlacement::Dismissed);
+        m_pDialog->installEventFilter(this);
         m_pDialog->resize(m_pDialog->sizeHint().expandedTo(QSize(380, 0)));
         m_pDialog->setMinimumHeight(qMin(m_pDialog->height(), m_pWindow->screen()->availableSize().height() / 2));
         // In a corner of the window, not over the middle of the photo.
@@ -149,9 +151,12 @@ bool HBPanelPlacement::TakeKey(const QKeyEvent* key)
 
 bool HBPanelPlacement::eventFilter(QObject* watched, QEvent* event)
 {
-    // Only the user closes the dock; the editor hides it.
-    if (watched == m_pDock && event->type() == QEvent::Close)
-        Q_EMIT Dismissed();
+    // Only the user closes it; the editor hides it.
+    if (event->type() == QEvent::Close && (watched == m_pDock || watched == m_pDialog)) {
+        event->ignore();
+        Q_EMIT Closed();
+        return true;
+    }
     // What reaches the dock is what the control that has the focus had no use for.
     if (watched == m_pDock && event->type() == QEvent::KeyPress && TakeKey(static_cast<QKeyEvent*>(event)))
         return true;

@@ -31,8 +31,10 @@ public:
 Q_SIGNALS:
     /// Return was pressed in the side bar, and no button had the focus that it would press.
     void Confirmed();
-    /// The user has closed the dialog or the side bar, or pressed Escape in it.
+    /// Escape was pressed in it.
     void Dismissed();
+    /// The user wants to close the dialog or the side bar by its cross, which stays until Close().
+    void Closed();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

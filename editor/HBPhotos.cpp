@@ -79,17 +79,13 @@ void HBEditorWindow::OpenNeighbour(int step)
 
 // ---- Steps from one photo to others ----
 
-/// Those that no recipe can tell are left out, and that is said.
 bool HBEditorWindow::TakeRecipe(HBRecipe* recipe)
 {
     if (!MayLeavePanel())
         return false;
-    int leftOut = 0;
-    *recipe = m_Document.Recipe(&leftOut);
+    *recipe = m_Document.Recipe();
     if (recipe->steps.isEmpty())
         m_pMessages->ShowNote(tr("There are no steps yet that could be applied to other photos."));
-    else if (leftOut > 0)
-        m_pMessages->ShowNote(tr("Left out are steps that were made on a selection: %1").arg(leftOut));
     return !recipe->steps.isEmpty();
 }
 

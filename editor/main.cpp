@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QTimer>
 
@@ -145,7 +146,10 @@ int main(int argc, char* argv[])
         return HBTakeScreenshot(&window, options.screenshot) ? 0 : 1;
     }
     window.show();
-    if (!options.photos.isEmpty())
-        QTimer::singleShot(0, &window, [&] { window.OpenAll(options.photos); });
+    QTimer::singleShot(0, &window, [&] {
+        window.UseRecovery(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/unsaved");
+        if (!options.photos.isEmpty())
+            window.OpenAll(options.photos);
+    });
     return QApplication::exec();
 }

@@ -17,8 +17,8 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(HBRecipe)
 };
 
-/// The steps that are on with their records, in legs: each is done in a run of its own, because what it works on is
-/// another.
+/// The steps that are on with their records, in legs: each is done in a run of its own, because what it works on
+/// is another.
 class Plan
 {
 public:

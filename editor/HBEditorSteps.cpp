@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+
+// What the editor does with the stack of steps.
+
+#include "HBBusyDialog.h"
+#include "HBEditorActions.h"
+#include "HBEditorWindow.h"
+#include "HBMessageBar.h"
+#include "HBPanelGestures.h"
+#include "HBPresetStrip.h"
+#include "HBRecovery.h"
+#include "HBSelectionTool.h"
+#include "HBStepList.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+
+namespace
+{
+
+// Less than a second on any machine: no need for a dialog with a button.
+constexpr qint64 QuickPixels = 20000000;
+
+} // namespace
+
+void HBEditorWindow::BuildSteps()
+{
+    m_pSteps = new HBStepList(&m_Document, this);
+    m_pStepsDock = new QDockWidget(tr("Steps"), this);
+    m_pStepsDock->setObjectName("StepsDock");
+    m_pStepsDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    m_pStepsDock->setWidget(m_pSteps);
+    addDockWidget(Qt::RightDockWidgetArea, m_pStepsDock);
+    if (auto* panels = findChild<QDockWidget*>("PanelDock"))
+        tabifyDockWidget(m_pStepsDock, panels);
+    m_pStepsDock->toggleViewAction()->setVisible(false); // there is no list without steps
+    m_pStepsDock->hide();
+    m_pShowSteps = m_pActions->ViewMenu()->addAction(tr("S&teps"));
+    m_pShowSteps->setStatusTip(tr("List what was done to the photo"));
+    m_pShowSteps->setCheckable(true);
+    m_pShowSteps->setChecked(true);
+    connect(m_pShowSteps, &QAction::toggled, this, &HBEditorWindow::ShowSteps);
+    connect(m_pSteps, &HBStepList::OpenAsked, this, &HBEditorWindow::OpenStep);
+
+    m_pProgress = new QProgressBar(this);
+    m_pProgress->setMaximumWidth(120);
+    m_pProgress->setToolTip(tr("The photo is being made from its steps"));
+    m_pProgress->hide();
+    statusBar()->addPermanentWidget(m_pProgress);
+    connect(&m_Document.Result(), &HBStackResult::Progress, this, &HBEditorWindow::ShowProgress);
+    connect(&m_Document, &HBDocument::Failed, m_pMessages, &HBMessageBar::ShowError);
+    connect(&m_Document, &HBDocument::StepsChanged, m_pMessages, &QWidget::hide);
+}
+
+void HBEditorWindow::ShowSteps()
+{
+    const HBEditorActions& a = *m_pActions;
+    const QUndoStack& history = m_Document.History();
+    a.undo->setEnabled(m_pGestures ? m_pGestures->CanUndo() : !m_pSession && history.canUndo());
+    a.redo->setEnabled(m_pGestures ? m_pGestures->CanRedo() : !m_pSession && history.canRedo());
+    m_pSteps->SetOpened(m_pSession, m_OpenedStep);
+    const bool isListed = m_pShowSteps->isChecked() && m_Document.StepCount() > 0;
+    if (isListed != !m_pStepsDock->isHidden())
+        m_pStepsDock->setVisible(isListed);
+}
+
+void HBEditorWindow::ShowProgress(int percent)
+{
+    m_pProgress->setVisible(percent >= 0);
+    m_pProgress->setValue(qMax(0, percent));
+}
+
+void HBEditorWindow::Undo()
+{
+    if (m_pGestures)
+        m_pGestures->Undo();
+    else
+        m_Document.History().undo();
+}
+
+void HBEditorWindow::Redo()
+{
+    if (m_pGestures)
+        m_pGestures->Redo();
+    else
+        m_Document.History().redo();
+}
+
+// ---- Results ----
+
+/// Waits for the result of steps on the photo. False if that was cancelled, or failed, which is said.
+bool HBEditorWindow::Compute(const QVector<HBRecipeStep>& steps, HBImage<>* image)
+{
+    const HBStackWork work = m_Document.Result().WorkFor(steps);
+    HBStackWork::Done done;
+    const auto run = [&](HBJobControl* control) { done = work.Run(control); };
+    const qint64 pixels = qint64(work.photo.Width()) * work.photo.Height() * work.rest.steps.size();
+    const QString text = tr("Applying the steps");
+    if (pixels <= QuickPixels)
+        HBBusyDialog::Run(text, this, [&] { run(nullptr); });
+    else if (!HBBusyDialog::RunCancellable(text, this, run))
+        return false;
+    if (done.image.IsEmpty()) {
+        m_pMessages->ShowError(done.error);
+        return false;
+    }
+    m_Document.Result().Know(steps, done.image);
+    *image = done.image;
+    return true;
+}
+
+/// Waits until the document's image is that of its steps.
+bool HBEditorWindow::Settle()
+{
+    HBImage<> image;
+    return m_Document.Result().IsUpToDate() || Compute(m_Document.AllSteps(), &image);
+}
+
+// ---- The panel of a step ----
+
+/// By the user. To a new step a selection alone is nothing.
+bool HBEditorWindow::IsPanelChanged() const
+{
+    return m_pGestures &&
+           (m_pGestures->AreValuesChanged() || (m_OpenedStep >= 0 && m_pGestures->IsSelectionChanged()));
+}
+
+bool HBEditorWindow::OpenStep(int step)
+{
+    if (step < 0 || step >= m_Document.StepCount() || !MayLeavePanel())
+        return false;
+    const HBRecipeStep stored = m_Document.StepAt(step);
+    const HBPanelEntry* entry = HBFindPanel(stored.panel);
+    HBImage<> source;
+    if (!entry || !Compute(m_Document.AllSteps().mid(0, step), &source))
+        return false;
+    m_PanelSource = source;
+    m_OpenedStep = step;
+    m_SelectionBefore = m_pSelection->Shape();
+    m_pSelection->SetShape(stored.selection);
+    BeginPanel(*entry);
+    return true;
+}
+
+void HBEditorWindow::ApplyPanel(const HBImage<>& image)
+{
+    const int opened = m_OpenedStep;
+    HBRecipeStep step = m_pSession->Step();
+    // A panel that acts by the values it opens with does something though nobody has touched it.
+    const bool isStep = IsPanelChanged() || (opened < 0 && IsPanelSeen(image));
+    if (m_pSession->HasSelection()) // overlays have none
+        step.selection = m_pSelection->Shape();
+    m_LastStep = step;
+    QString ignored; // the step counts, not that it is remembered
+    if (m_pPresets)
+        m_pPresets->Presets().SetLast(step.values, &ignored);
+    DropPanel();
+    if (!isStep)
+        return;
+    if (opened < 0) {
+        m_Document.Append({step}, HBDocument::TitleOf(step), image);
+        return;
+    }
+    step.on = true;
+    step.amount = m_Document.StepAt(opened).amount;
+    m_Document.Replace(opened, step, step.amount == HBRecipeStep::MaximumAmount ? image : HBImage<>());
+    m_pSteps->SetCurrent(opened);
+}
+
+// ---- What a crash has left ----
+
+void HBEditorWindow::UseRecovery(const QString& folder)
+{
+    m_pRecovery = new HBRecovery(folder, &m_Document, this);
+    connect(m_pRecovery, &HBRecovery::Failed, this, [this](const QString& reason) {
+        m_pMessages->ShowNote(tr("Unsaved steps cannot be kept for the case of a crash: %1").arg(reason));
+    });
+    OfferLost();
+}
+
+void HBEditorWindow::OfferLost()
+{
+    for (const HBLostStack& lost : m_pRecovery->FindLost()) {
+        QMessageBox question(
+            QMessageBox::Question, tr("Panel Editor"),
+            tr("The editor did not come to its end while “%1” had steps that were not saved (%2). Restore them?")
+                .arg(QFileInfo(lost.photo).fileName())
+                .arg(lost.steps.size()),
+            QMessageBox::NoButton, this);
+        question.setInformativeText(lost.photo);
+        QPushButton* restore = question.addButton(tr("&Restore"), QMessageBox::AcceptRole);
+        const QPushButton* discard = question.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+        question.addButton(tr("&Later"), QMessageBox::RejectRole);
+        question.setDefaultButton(restore);
+        question.exec();
+        if (question.clickedButton() == discard)
+            HBRecovery::Forget(lost);
+        if (question.clickedButton() == restore) {
+            Restore(lost);
+            return; // any others next time: there is one photo
+        }
+    }
+}
+
+void HBEditorWindow::Restore(const HBLostStack& lost)
+{
+    if (!Open(lost.photo))
+        return; // it is said why, and the steps are kept
+    const bool isSame = lost.IsSamePhoto();
+    const HBDocument::Steps steps = lost.StepsForFile();
+    m_Document.SetSteps(steps, tr("Restored Steps"));
+    HBRecovery::Forget(lost); // this editor's own file has them now
+    const bool isOff = steps.size() == lost.steps.size() && !lost.saved.isEmpty();
+    if (isOff)
+        m_pMessages->ShowNote(
+            tr("The photo was saved with other steps. Those that were restored are switched off."));
+    else if (!isSame)
+        m_pMessages->ShowNote(tr("“%1” has changed since the steps were made.").arg(m_Document.FileName()));
+}

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBRecovery.h"
+
+#include <HBSaveFile.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QUuid>
+
+namespace
+{
+
+constexpr int PauseMilliseconds = 1000;
+constexpr qint64 MaximumBytes = 64 << 20;
+
+QString LockOf(const QString& file)
+{
+    return QFileInfo(file).path() + '/' + QFileInfo(file).completeBaseName() + ".lock";
+}
+
+QJsonObject JsonOf(const HBDocument::Steps& steps)
+{
+    return QJsonDocument::fromJson(HBRecipe{steps}.ToJson()).object();
+}
+
+/// None, if it is no recipe.
+HBDocument::Steps StepsOf(const QJsonValue& json)
+{
+    HBRecipe recipe;
+    QString error;
+    HBRecipe::FromJson(QJsonDocument(json.toObject()).toJson(), &recipe, &error);
+    return recipe.steps;
+}
+
+bool Read(const QString& path, HBLostStack* lost)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > MaximumBytes)
+        return false;
+    const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    lost->file = path;
+    lost->photo = json.value("photo").toString();
+    lost->size = qint64(json.value("size").toDouble());
+    lost->time = QDateTime::fromMSecsSinceEpoch(qint64(json.value("time").toDouble()));
+    lost->steps = StepsOf(json.value("recipe"));
+    lost->saved = StepsOf(json.value("saved"));
+    return !lost->photo.isEmpty() && !(lost->steps.isEmpty() && lost->saved.isEmpty());
+}
+
+} // namespace
+
+bool HBLostStack::IsSamePhoto() const
+{
+    const QFileInfo info(photo);
+    return info.size() == size && info.lastModified() == time;
+}
+
+HBDocument::Steps HBLostStack::StepsForFile() const
+{
+    if (steps.mid(0, saved.size()) == saved)
+        return steps.mid(saved.size());
+    HBDocument::Steps off = steps;
+    for (HBRecipeStep& step : off)
+        step.on = false;
+    return off;
+}
+
+HBRecovery::HBRecovery(const QString& folder, HBDocument* document, QObject* parent)
+    : QObject(parent)
+    , m_Folder(folder)
+    , m_File(folder + '/' + QUuid::createUuid().toString(QUuid::WithoutBraces) + ".json")
+    , m_pDocument(document)
+{
+    m_Soon.setSingleShot(true);
+    connect(&m_Soon, &QTimer::timeout, this, &HBRecovery::Write);
+    connect(document, &HBDocument::Changed, this, &HBRecovery::OnChanged);
+}
+
+HBRecovery::~HBRecovery()
+{
+    Remove();
+}
+
+void HBRecovery::OnChanged()
+{
+    if (!m_pDocument->IsModified()) {
+        m_Soon.stop();
+        Remove();
+        return;
+    }
+    if (m_Soon.isActive() || (m_IsThere && m_Written == m_pDocument->AllSteps()))
+        return;
+    // Only while an amount is dragged there are more changes than a disk should hear of.
+    const int index = m_pDocument->History().index();
+    const QUndoCommand* last = index > 0 ? m_pDocument->History().command(index - 1) : nullptr;
+    const bool isGesture = last && last->id() >= 0;
+    if (!isGesture || !m_SinceWrite.isValid() || m_SinceWrite.elapsed() >= PauseMilliseconds)
+        Write();
+    else
+        m_Soon.start(PauseMilliseconds - int(m_SinceWrite.elapsed()));
+}
+
+void HBRecovery::Write()
+{
+    m_SinceWrite.start();
+    QString reason;
+    if (!m_pLock) {
+        QDir().mkpath(m_Folder);
+        m_pLock = std::make_unique<QLockFile>(LockOf(m_File));
+        m_pLock->setStaleLockTime(0); // it lasts as long as the process
+        m_pLock->tryLock(0);
+    }
+    const QJsonObject json{
+        {"format", "panel-editor-recovery"},         {"photo", m_pDocument->Path()},
+        {"size", double(m_pDocument->FileSize())},   {"time", double(m_pDocument->FileTime().toMSecsSinceEpoch())},
+        {"recipe", JsonOf(m_pDocument->AllSteps())}, {"saved", JsonOf(m_pDocument->SavedSteps())}};
+    if (HBSaveFile(m_File, QJsonDocument(json).toJson(), &reason)) {
+        m_Written = m_pDocument->AllSteps();
+        m_IsThere = true;
+        m_HasFailed = false;
+    } else if (!m_HasFailed) {
+        m_HasFailed = true; // said once
+        Q_EMIT Failed(reason);
+    }
+}
+
+void HBRecovery::Remove()
+{
+    if (m_IsThere)
+        QFile::remove(m_File);
+    m_IsThere = false;
+    m_pLock.reset(); // which deletes its file
+}
+
+QVector<HBLostStack> HBRecovery::FindLost() const
+{
+    QVector<HBLostStack> all;
+    const QDir folder(m_Folder);
+    for (const QFileInfo& info : folder.entryInfoList({"*.json"}, QDir::Files, QDir::Time)) {
+        const auto lock = std::make_shared<QLockFile>(LockOf(info.filePath()));
+        lock->setStaleLockTime(0);
+        if (info.filePath() == m_File || !lock->tryLock(0))
+            continue; // of an editor that lives
+        HBLostStack lost;
+        lost.lock = lock;
+        if (Read(info.filePath(), &lost))
+            all.append(lost);
+    }
+    return all;
+}
+
+void HBRecovery::Forget(const HBLostStack& lost)
+{
+    // And what was being written when its editor ended.
+    const QFileInfo file(lost.file);
+    for (const QString& name : file.dir().entryList({file.fileName() + '*'}, QDir::Files))
+        QFile::remove(file.dir().filePath(name));
+    lost.lock->unlock();
+}

@@ -1,0 +1,225 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBStackResult.h"
+
+#include <HBPoolJob.h>
+
+#include <QElapsedTimer>
+#include <QSet>
+
+#include <algorithm>
+
+namespace
+{
+
+using Steps = HBStackResult::Steps;
+
+constexpr int PatienceMilliseconds = 400;
+constexpr int GlanceMilliseconds = 100;
+
+/// Those that change anything.
+Steps Acting(const Steps& all)
+{
+    Steps acting;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(acting),
+                 [](const HBRecipeStep& step) { return step.on && step.amount > 0; });
+    return acting;
+}
+
+int CommonCount(const Steps& one, const Steps& other)
+{
+    const int least = qMin(one.size(), other.size());
+    return int(std::mismatch(one.begin(), one.begin() + least, other.begin()).first - one.begin());
+}
+
+} // namespace
+
+/// Keeps the progress for whoever looks.
+class HBStackResult::Control : public HBJobControl
+{
+public:
+    Control() { m_Since.start(); }
+    void SetProgress(int value) override { m_Progress = value; }
+    int Percent() const { return m_Progress / 10; }
+    bool TakesLong() const { return m_Since.elapsed() > PatienceMilliseconds; }
+
+private:
+    std::atomic<int> m_Progress{0};
+    QElapsedTimer m_Since;
+};
+
+HBStackWork::Done HBStackWork::Run(HBJobControl* control) const
+{
+    Done done;
+    HBImage<> image = from;
+    if (!first.steps.isEmpty()) {
+        image = HBApplyRecipe(HBTarget{image}, first, &done.error, control, photo);
+        if (image.IsEmpty())
+            return done;
+        done.checkpoint = image;
+    }
+    done.image = rest.steps.isEmpty() ? image : HBApplyRecipe(HBTarget{image}, rest, &done.error, control, photo);
+    return done;
+}
+
+HBStackResult::HBStackResult(QObject* parent) : QObject(parent)
+{
+    connect(&m_Watcher, &QFutureWatcherBase::finished, this, &HBStackResult::Finish);
+    connect(&m_Glance, &QTimer::timeout, this, &HBStackResult::TellProgress);
+    m_Glance.setInterval(GlanceMilliseconds);
+}
+
+HBStackResult::~HBStackResult()
+{
+    if (m_pControl)
+        m_pControl->Cancel();
+    m_Watcher.disconnect(this);
+    m_Watcher.waitForFinished();
+}
+
+void HBStackResult::SetPhoto(const HBImage<>& photo)
+{
+    if (m_pControl)
+        m_pControl->Cancel();
+    m_Kept.clear();
+    m_Present.clear();
+    m_Wanted.clear();
+    m_Trouble.clear();
+    m_Shared = 0;
+    m_Photo = m_Image = photo;
+}
+
+void HBStackResult::Want(const Steps& steps)
+{
+    const Steps acting = Acting(steps);
+    if (acting == m_Wanted && m_Trouble.isEmpty())
+        return;
+    m_Trouble.clear();
+    m_Shared = CommonCount(m_Wanted, acting);
+    m_Wanted = acting;
+    if (m_pControl && m_Making != acting)
+        m_pControl->Cancel();
+    if (acting == m_Present)
+        return Show(acting, HBImage<>(m_Image));
+    const HBStackWork work = WorkTo(acting, 0);
+    if (work.first.steps.isEmpty() && work.rest.steps.isEmpty())
+        Show(acting, work.from);
+    else
+        Start();
+}
+
+void HBStackResult::Know(const Steps& steps, const HBImage<>& image)
+{
+    const Steps acting = Acting(steps);
+    Keep(acting, image);
+    if (acting != m_Wanted || acting == m_Present)
+        return;
+    if (m_pControl)
+        m_pControl->Cancel();
+    m_Trouble.clear();
+    Show(acting, image);
+}
+
+HBStackWork HBStackResult::WorkFor(const Steps& steps) const
+{
+    return WorkTo(Acting(steps), 0);
+}
+
+/// From the longest state that the stack begins with.
+/// \param shared after so many steps a state is worth keeping: what comes behind is being changed
+HBStackWork HBStackResult::WorkTo(const Steps& acting, int shared) const
+{
+    HBStackWork work{m_Photo, m_Photo, {}, {}, 0};
+    const auto offer = [&](const Steps& steps, const HBImage<>& image) {
+        if (steps.size() >= work.before && steps.size() <= acting.size() &&
+            CommonCount(steps, acting) == steps.size()) {
+            work.from = image;
+            work.before = steps.size();
+        }
+    };
+    offer(m_Present, m_Image);
+    for (const State& state : m_Kept)
+        offer(state.steps, state.image);
+    const int checkpoint = shared < acting.size() ? qMax(shared, work.before) : work.before;
+    work.first.steps = acting.mid(work.before, checkpoint - work.before);
+    work.rest.steps = acting.mid(checkpoint);
+    return work;
+}
+
+void HBStackResult::Keep(const Steps& acting, const HBImage<>& image)
+{
+    if (acting.isEmpty() || image.IsEmpty())
+        return;
+    m_Kept.erase(
+        std::remove_if(m_Kept.begin(), m_Kept.end(), [&](const State& state) { return state.steps == acting; }),
+        m_Kept.end());
+    m_Kept.prepend({acting, image});
+    Trim();
+}
+
+void HBStackResult::Show(const Steps& acting, const HBImage<>& image)
+{
+    const State before{m_Present, m_Image};
+    m_Present = acting;
+    m_Image = image;
+    Keep(before.steps, before.image); // whoever undoes wants it back
+    Q_EMIT Ready();
+}
+
+/// Drops what was not used for longest, until what is kept has no more tiles of its own than the photo.
+void HBStackResult::Trim()
+{
+    QSet<const KMTile*> known;
+    const auto add = [&](const HBImage<>& image) {
+        for (const KMTileRef& tile : image.Tiles())
+            known.insert(tile.Get());
+    };
+    add(m_Photo);
+    add(m_Image);
+    const int most = known.size() + m_Photo.Tiles().size();
+    for (int i = 0; i < m_Kept.size(); ++i) {
+        add(m_Kept.at(i).image);
+        if (known.size() > most)
+            m_Kept.resize(i);
+    }
+}
+
+void HBStackResult::Start()
+{
+    if (m_pControl)
+        return; // it was cancelled, and Finish comes here
+    m_Making = m_Wanted;
+    m_Work = WorkTo(m_Wanted, m_Shared);
+    m_pControl = std::make_shared<Control>();
+    m_Glance.start();
+    HBWatchInPool(&m_Watcher, [work = m_Work, control = m_pControl] { return work.Run(control.get()); });
+    m_Work.photo = m_Work.from = HBImage<>(); // the job has them
+}
+
+void HBStackResult::Finish()
+{
+    if (!m_pControl)
+        return; // of the empty future below
+    const HBStackWork::Done done = m_Watcher.result();
+    m_Watcher.setFuture({}); // its result would keep the tiles
+    const bool wanted = !m_pControl->IsCancelled() && m_Making == m_Wanted;
+    m_pControl.reset();
+    m_Glance.stop();
+    Q_EMIT Progress(-1);
+    if (!wanted) {
+        if (!IsUpToDate() && m_Trouble.isEmpty())
+            Start();
+        return;
+    }
+    Keep(m_Making.mid(0, m_Work.before + m_Work.first.steps.size()), done.checkpoint);
+    if (!done.image.IsEmpty())
+        return Show(m_Making, done.image);
+    m_Trouble = done.error;
+    Q_EMIT Failed(m_Trouble);
+}
+
+void HBStackResult::TellProgress()
+{
+    if (m_pControl && m_pControl->TakesLong())
+        Q_EMIT Progress(m_pControl->Percent());
+}
