@@ -192,7 +192,7 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
 {
     return RunNamed(path, error, [&](QString* reason) {
         QByteArray bytes;
-        if (!EncodeWhole(path, picture, options, &bytes, warnings, reason))
+        if (!EncodeWhole(path, image, options, &bytes, warnings, reason))
             return false;
         if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
