@@ -76,8 +76,8 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
+    layout->addWidget(m_pMessages);
     layout->addWidget(m_pAids->SideBySide(), 1);
-    m_pMessages->LieOver(central);
     setCentralWidget(central);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
@@ -201,7 +201,6 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 /// On m_PanelSource.
 void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
 {
-    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);

@@ -3,7 +3,6 @@
 #include "HBMessageBar.h"
 
 #include <QAccessible>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
@@ -30,31 +29,6 @@ HBMessageBar::HBMessageBar(QWidget* parent) : QFrame(parent), m_pIcon(new QLabel
     hide();
 }
 
-void HBMessageBar::LieOver(QWidget* area)
-{
-    const bool shown = !isHidden();
-    setParent(area); // which hides it
-    setVisible(shown);
-    area->installEventFilter(this);
-    Place();
-}
-
-bool HBMessageBar::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == parent() && event->type() == QEvent::Resize)
-        Place();
-    return QFrame::eventFilter(watched, event);
-}
-
-void HBMessageBar::Place()
-{
-    if (!parentWidget())
-        return;
-    const int width = parentWidget()->width();
-    setGeometry(0, 0, width, hasHeightForWidth() ? heightForWidth(width) : sizeHint().height());
-    raise();
-}
-
 QString HBMessageBar::Text() const
 {
     return isHidden() ? QString() : m_pText->text();
@@ -69,7 +43,6 @@ void HBMessageBar::ShowText(const QString& text, bool error)
     m_pIcon->setPixmap(style()->standardIcon(icon).pixmap(18, 18));
     m_pText->setText(text);
     setAccessibleName(text);
-    Place();
     show();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
