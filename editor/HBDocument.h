@@ -58,6 +58,7 @@ public:
     void Duplicate(int index);
     void Remove(int index);
 
+    /// Silent while a photo is opened.
     QUndoStack& History() { return m_History; }
     const QUndoStack& History() const { return m_History; }
     bool IsModified() const { return !m_History.isClean(); }

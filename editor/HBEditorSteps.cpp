@@ -56,7 +56,7 @@ void HBEditorWindow::BuildSteps()
     statusBar()->addPermanentWidget(m_pProgress);
     connect(&m_Document.Result(), &HBStackResult::Progress, this, &HBEditorWindow::ShowProgress);
     connect(&m_Document, &HBDocument::Failed, m_pMessages, &HBMessageBar::ShowError);
-    connect(&m_Document, &HBDocument::StepsChanged, m_pMessages, &QWidget::hide);
+    connect(&m_Document.History(), &QUndoStack::indexChanged, m_pMessages, &QWidget::hide); // what it told is over
 }
 
 void HBEditorWindow::ShowSteps()

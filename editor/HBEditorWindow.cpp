@@ -225,7 +225,6 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 /// On m_PanelSource.
 void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
 {
-    m_pMessages->hide(); // what it told of is over
     m_pSession = new HBPanelSession(entry, this);
     m_pSession->SetView(m_pView);
     connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);

@@ -12,8 +12,8 @@
 class HBPanelSession;
 class HBSelectionTool;
 
-/// Undo and redo while a panel is open: what one gesture changes, a drag to its release, a typed number, a button, or
-/// a new selection, is one entry. Ends with the panel.
+/// Undo and redo while a panel is open: what one gesture changes, a drag to its release, a typed number, a button,
+/// or a new selection, is one entry. Ends with the panel.
 class HBPanelGestures : public QObject
 {
     Q_OBJECT

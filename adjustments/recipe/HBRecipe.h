@@ -57,10 +57,11 @@ struct ADJUSTMENTS_EXPORT HBRecipe
     bool Save(const QString& path, QString* error) const;
 };
 
-/// Applies the steps that are on to the whole image, or to what each selects of it, and returns the result: the same bytes as panel after panel gives, but
-/// made in as few passes as the steps allow: those on a selection are passes of their own. The image is returned empty, with `error` set, if a step cannot be
-/// applied; with `error` empty, if `progress` gave up. Any thread, which takes part in the work; no application
-/// object, unless a step draws a text. Also for steps that were not read by HBRecipe::FromJson. Throws nothing.
+/// Applies the steps that are on to the whole image, or to what each selects of it, and returns the result: the
+/// same bytes as panel after panel gives, but made in as few passes as the steps allow; one on a selection is a
+/// pass of its own. The image is returned empty, with `error` set, if a step cannot be applied; with `error`
+/// empty, if `progress` gave up. Any thread, which takes part in the work; no application object, unless a step
+/// draws a text. Also for steps that were not read by HBRecipe::FromJson. Throws nothing.
 /// \param progress told the work done in 1/1000 of the whole, on the calling thread, every few milliseconds; never
 ///        falls. False gives up. May be null
 ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
