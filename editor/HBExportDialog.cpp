@@ -6,6 +6,7 @@
 
 #include <KMImageFileManager.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -29,6 +30,7 @@ namespace
 constexpr char SuffixKey[] = "export/format";
 constexpr char QualityKey[] = "export/quality";
 constexpr char ChromaKey[] = "export/chroma";
+constexpr char SrgbKey[] = "export/srgb";
 
 bool HasQuality(const QString& suffix)
 {
@@ -53,6 +55,7 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     , m_Estimate(image)
     , m_pFormat(new QComboBox)
     , m_pChroma(new QComboBox)
+    , m_pSrgb(new QCheckBox(tr("Con&vert to sRGB")))
     , m_pSize(new QLabel)
     , m_pPath(new QLineEdit)
     , m_pProblem(new QLabel)
@@ -61,6 +64,10 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_pFormat->setObjectName("format");
     m_pChroma->setObjectName("chroma");
+    m_pSrgb->setObjectName("srgb");
+    m_pSrgb->setToolTip(
+        tr("For programs and pages that do not look at colour profiles. A photo without a profile is "
+           "taken for sRGB already."));
     m_pSize->setObjectName("size");
     m_pPath->setObjectName("path");
     ListFormats();
@@ -82,6 +89,7 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     form->addRow(tr("&Quality:"), quality);
     qobject_cast<QLabel*>(form->labelForField(quality))->setBuddy(m_pQuality);
     form->addRow(tr("&Colours:"), m_pChroma);
+    form->addRow(QString(), m_pSrgb);
     form->addRow(tr("Size:"), m_pSize);
     form->addRow(tr("F&ile:"), where);
     qobject_cast<QLabel*>(form->labelForField(where))->setBuddy(m_pPath);
@@ -106,6 +114,7 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     connect(m_pFormat, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &HBExportDialog::OnFormat);
     connect(m_pQuality, &QSlider::valueChanged, this, &HBExportDialog::Update);
     connect(m_pChroma, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &HBExportDialog::Update);
+    connect(m_pSrgb, &QCheckBox::toggled, this, &HBExportDialog::Update);
     connect(m_pPath, &QLineEdit::textChanged, this, &HBExportDialog::OnPath);
     connect(browse, &QPushButton::clicked, this, &HBExportDialog::Browse);
     connect(buttons, &QDialogButtonBox::accepted, this, &HBExportDialog::accept);
@@ -156,6 +165,7 @@ void HBExportDialog::ReadSettings()
     m_pQuality->setValue(value(QualityKey, HBPhotoOptions().quality).toInt());
     m_pQualityBox->setValue(m_pQuality->value());
     m_pChroma->setCurrentIndex(qMax(0, m_pChroma->findData(value(ChromaKey, int(HBChroma::ByQuality)).toInt())));
+    m_pSrgb->setChecked(value(SrgbKey, false).toBool());
 }
 
 void HBExportDialog::WriteSettings() const
@@ -166,6 +176,7 @@ void HBExportDialog::WriteSettings() const
     settings.setValue(SuffixKey, Suffix());
     settings.setValue(QualityKey, m_pQuality->value());
     settings.setValue(ChromaKey, m_pChroma->currentData());
+    settings.setValue(SrgbKey, m_pSrgb->isChecked());
 }
 
 QString HBExportDialog::Suffix() const
@@ -187,6 +198,7 @@ HBPhotoOptions HBExportDialog::Options() const
     HBPhotoOptions options;
     options.quality = m_pQuality->value();
     options.chroma = HBChroma(m_pChroma->currentData().toInt());
+    options.convertToSrgb = m_pSrgb->isChecked();
     return options;
 }
 

@@ -7,6 +7,7 @@
 #include <QDialog>
 
 class HBFolders;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -52,6 +53,7 @@ private:
     QSlider* m_pQuality;
     QSpinBox* m_pQualityBox;
     QComboBox* m_pChroma;
+    QCheckBox* m_pSrgb;
     QLabel* m_pSize;
     QLineEdit* m_pPath;
     QLabel* m_pProblem;
