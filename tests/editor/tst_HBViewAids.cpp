@@ -43,7 +43,7 @@ class TestHBViewAids : public QObject {
     }
 
 private Q_SLOTS:
-    void coloursAreConverted() {
+    void colorsAreConverted() {
         HBEditorWindow window(false);
         window.show();
         QVERIFY(window.Open(Photo(qRgb(200, 100, 50), HBWideProfile())));
