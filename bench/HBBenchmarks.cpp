@@ -216,16 +216,16 @@ void GrayThereAndBack(const cv::Mat& photo, cv::Mat& gray, cv::Mat& result)
 }
 
 /// Every channel a weighted sum of the channels: what OpenCV has for a change of colours as a whole.
-void MatrixOfColours(const cv::Mat& photo, cv::Mat&, cv::Mat& result)
+void MatrixOfColors(const cv::Mat& photo, cv::Mat&, cv::Mat& result)
 {
     const cv::Mat matrix = (cv::Mat_<float>(4, 4) << 0.8, 0.1, 0.1, 0, 0.1, 0.9, 0, 0, 0, 0.2, 0.7, 0, 0, 0, 0, 1);
     cv::transform(photo, result, matrix);
 }
 
-void MixWithColour(const cv::Mat& photo, cv::Mat&, cv::Mat& result)
+void MixWithColor(const cv::Mat& photo, cv::Mat&, cv::Mat& result)
 {
-    static const cv::Mat colour(Height, Width, CV_8UC4, cv::Scalar(90, 200, 1, 255));
-    cv::addWeighted(photo, 0.5, colour, 0.5, 0.0, result);
+    static const cv::Mat color(Height, Width, CV_8UC4, cv::Scalar(90, 200, 1, 255));
+    cv::addWeighted(photo, 0.5, color, 0.5, 0.0, result);
 }
 
 /// Works in place, so the picture is made plain again each time: our flood leaves its source alone, too.
@@ -303,14 +303,14 @@ void RegisterOverlays()
     overlay("Watermark", &HBDrawWatermark, watermark);
 }
 
-void RegisterColour()
+void RegisterColor()
 {
     const HBRGBA32i orange(236, 138, 0);
     const HBRGBA32i pale(170, 209, 255);
     RegisterPeer("OpenCV_HlsAndBack", HlsThereAndBack);
     RegisterPeer("OpenCV_GreyAndBack", GrayThereAndBack);
-    RegisterPeer("OpenCV_ColourMatrix", MatrixOfColours);
-    RegisterPeer("OpenCV_WeightedSum", MixWithColour);
+    RegisterPeer("OpenCV_ColorMatrix", MatrixOfColors);
+    RegisterPeer("OpenCV_WeightedSum", MixWithColor);
     RegisterPeer("OpenCV_FloodFill", FloodWhite);
 
     HBTemperatureCorrection temperature;
@@ -354,7 +354,7 @@ void RegisterAll()
     RegisterJob("Curves", Curves());
     using Threshold = HBThresholdRGB32<30, 59, 11>;
     RegisterJob("Threshold", HBIterativeAdjustmentTransformation<Threshold>(Threshold{128}));
-    RegisterColour();
+    RegisterColor();
     RegisterOverlays();
 }
 
@@ -362,7 +362,7 @@ void RegisterAll()
 std::vector<HBBenchmarkRow> Rows()
 {
     const char* const lut = "OpenCV_LookUpTable";
-    const char* const matrix = "OpenCV_ColourMatrix";
+    const char* const matrix = "OpenCV_ColorMatrix";
     // panel, job, peer; aims: job, end to end, peer
     std::vector<HBBenchmarkRow> rows = {
         {"HBBrightnessContrastWidget", "BrightnessContrast", lut, 2.0, 2.0, 2.2},

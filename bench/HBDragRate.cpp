@@ -4,13 +4,14 @@
 // How well the picture follows the hand: a control of a panel is moved every 8 ms over a photo of 24 and of 300
 // megapixels, fitted into the view and at 100 %. Prints how many pictures a second were painted meanwhile, how
 // long one change takes to be painted, and how long until the whole picture is there; with what is in sight first,
-// and without. Argument: the megapixels, in place of those two sizes.
+// and without; and through a colour profile. Argument: the megapixels, in place of those two sizes.
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelSession.h>
 #include <KMDocumentView.h>
 
 #include <QApplication>
+#include <QColorSpace>
 #include <QElapsedTimer>
 #include <QSpinBox>
 #include <QTimer>
@@ -67,7 +68,7 @@ protected:
     }
 };
 
-void Measure(const HBImage<>& photo, bool fitted, bool follows)
+void Measure(const HBImage<>& photo, bool fitted, bool follows, bool converts)
 {
     KMDocumentView view;
     view.resize(1100, 760);
@@ -75,6 +76,11 @@ void Measure(const HBImage<>& photo, bool fitted, bool follows)
     view.SetPicture(photo);
     if (!fitted)
         view.ZoomToActual();
+    if (converts) {
+        HBTileMips::Look look;
+        look.colors = HBColorTransform::Make(QColorSpace(QColorSpace::AdobeRgb).iccProfile(), {});
+        view.SetLook(look);
+    }
     Paints paints(view.viewport());
     HBPanelSession session(*HBFindPanel("HBHueSaturationWidget"));
     const auto noted = [&] { paints.isNew = true; };
@@ -116,8 +122,11 @@ void Measure(const HBImage<>& photo, bool fitted, bool follows)
     const double rate = (paints.count - before) * 1000.0 / DragMilliseconds;
     std::printf("%4d MP  %-7s  %-12s  %6.1f pictures/s  first %4lld ms (at most %4lld)  whole %5lld ms\n",
                 int(double(photo.Width()) * photo.Height() / 1e6 + 0.5), fitted ? "fitted" : "100 %",
-                follows ? "sight first" : "whole only", rate, static_cast<long long>(first[2]),
-                static_cast<long long>(first[4]), static_cast<long long>(whole[2]));
+                converts  ? "with profile"
+                : follows ? "sight first"
+                          : "whole only",
+                rate, static_cast<long long>(first[2]), static_cast<long long>(first[4]),
+                static_cast<long long>(whole[2]));
     std::fflush(stdout);
 }
 
@@ -134,8 +143,9 @@ int main(int argc, char* argv[])
     for (const int megapixels : sizes) {
         const HBImage<> photo = MakePhoto(megapixels);
         for (const bool fitted : {true, false}) {
-            for (const bool follows : {false, true})
-                Measure(photo, fitted, follows);
+            Measure(photo, fitted, false, false);
+            Measure(photo, fitted, true, false);
+            Measure(photo, fitted, true, true);
         }
     }
     return 0;

@@ -21,13 +21,11 @@ public:
     void SetBefore(const HBImage<>& image);
     const HBImage<>& Before() const;
     bool IsHeld() const { return m_Held; }
-    bool IsSplit() const { return m_Split; }
     /// 0 is the left edge of the photo, 1 the right one.
     double SplitAt() const { return m_SplitAt; }
     void SetSplitAt(double fraction);
     /// Where the line is drawn, in pixels of the photo.
     double LineAt() const;
-    HBTileImageItem* BeforeItem() const { return m_pBefore; }
 
 public Q_SLOTS:
     void SetHeld(bool held);

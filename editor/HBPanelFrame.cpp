@@ -153,6 +153,7 @@ void HBPanelFrame::EndPick()
         return;
     m_PickButtons.at(m_Picking)->setChecked(false);
     m_Picking = -1;
+    Q_EMIT Noted({});
     if (!m_pView)
         return;
     m_pView->viewport()->removeEventFilter(this);

@@ -28,7 +28,7 @@ public:
 
 Q_SIGNALS:
     void PreviewToggled(bool previewed);
-    /// To be told to the user.
+    /// To be told to the user; empty: no more.
     void Noted(const QString& text);
 
 protected:

@@ -37,6 +37,8 @@ QPainterPath Outline(const HistogramShape& shape, const QRectF& area)
 
 HBResultHistogram::HBResultHistogram(QWidget* parent) : QWidget(parent)
 {
+    constexpr int MaximumHeight = 150; // it leaves the side bar to the panel
+    setMaximumHeight(MaximumHeight);
     setAccessibleName(tr("Histogram of the result over that of the photo before"));
     setToolTip(tr("Lines: the photo as it is shown. Grey: as it was before."));
     for (Counted* counted : {&m_Source, &m_Result}) {

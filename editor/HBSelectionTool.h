@@ -24,7 +24,6 @@ public:
 
     /// Tool::None: the mouse does not select.
     void SetTool(Tool tool);
-    Tool PresentTool() const { return m_Tool; }
     /// Pixels, for the present selection and later ones.
     void SetFeather(int feather);
 

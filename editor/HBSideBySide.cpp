@@ -40,8 +40,6 @@ void HBSideBySide::SetShown(bool shown)
     }
     setSizes({1, 1});
     SetBefore(m_Image);
-    if (m_pAfter->IsFitted())
-        m_pAfter->ZoomToFit(); // in half the room
     Follow(m_pAfter, m_pBefore);
 }
 

@@ -16,7 +16,6 @@ class HBSideBySide : public QSplitter
 public:
     explicit HBSideBySide(KMDocumentView* after, QWidget* parent = nullptr);
 
-    bool IsShown() const { return m_Shown; }
     void SetBefore(const HBImage<>& image);
     KMDocumentView* BeforeView() const { return m_pBefore; }
 

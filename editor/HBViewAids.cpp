@@ -51,7 +51,7 @@ HBViewAids::HBViewAids(QMainWindow* window, KMDocumentView* view, HBBeforeAfter*
     menu->addSeparator();
     m_pBeside = AddToggle(menu, tr("Before and After &Side by Side"), "Ctrl+Alt+B",
                           tr("Show the photo as it was beside it, the same part as large"));
-    m_pCompareOpened = AddToggle(menu, tr("Compare with the Photo as &Opened"), {},
+    m_pCompareOpened = AddToggle(menu, tr("Compare with the Photo as Op&ened"), {},
                                  tr("Or else, in a panel, with the photo without this one step"));
     m_pClipping = AddToggle(menu, tr("Mark &Clipping"), "C",
                             tr("Paint pixels red that are too bright in a channel, and blue that are black"));
@@ -103,7 +103,10 @@ QWidget* HBViewAids::BeginPanel(HBPanelSession* session)
     m_pFrame = new HBPanelFrame(session, m_pView);
     connect(m_pFrame, &HBPanelFrame::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
     connect(m_pFrame, &HBPanelFrame::Noted, this, &HBViewAids::Hinted);
-    connect(session, &HBPanelSession::PreviewReady, m_pHistogram, &HBResultHistogram::SetResult);
+    connect(session, &HBPanelSession::PreviewReady, m_pFrame, [this](const HBImage<>& image) {
+        if (m_pFrame) // not behind EndPanel
+            m_pHistogram->SetResult(image);
+    });
     return m_pFrame;
 }
 

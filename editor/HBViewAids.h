@@ -32,7 +32,6 @@ public:
     /// What stands in place of the view in the window.
     HBSideBySide* SideBySide() const { return m_pSideBySide; }
     HBViewColors* Colors() const { return m_pColors; }
-    QAction* ClippingAction() const { return m_pClipping; }
     QAction* SideBySideAction() const { return m_pBeside; }
     QAction* CompareOpenedAction() const { return m_pCompareOpened; }
     HBResultHistogram* Histogram() const { return m_pHistogram; }

@@ -34,7 +34,7 @@ public:
                                             : m_Grey                       ? "Y'A u8"
                                                                            : "R'G'B'A u8",
                                             m_Native))
-        , m_Colour(babl_format_with_space("R'G'B'A u8", m_Native))
+        , m_Color(babl_format_with_space("R'G'B'A u8", m_Native))
         , m_Size(babl_format_get_bytes_per_pixel(m_EightBit))
         , m_NativeSize(babl_format_get_bytes_per_pixel(m_Native))
     {
@@ -61,17 +61,17 @@ public:
     /// One row of pixels to the layer's own form.
     void ToNative(const HBRGBA32i* pixels, int count, std::uint8_t* native)
     {
-        m_Colours.resize(std::size_t(count) * 4);
+        m_Colors.resize(std::size_t(count) * 4);
         for (int x = 0; x < count; ++x) {
             const std::uint8_t rgba[] = {pixels[x].red, pixels[x].green, pixels[x].blue, pixels[x].alpha};
-            std::memcpy(&m_Colours[std::size_t(x) * 4], rgba, 4);
+            std::memcpy(&m_Colors[std::size_t(x) * 4], rgba, 4);
         }
         if (!m_Grey) {
-            babl_process(babl_fish(m_Colour, m_Native), m_Colours.data(), native, count);
+            babl_process(babl_fish(m_Color, m_Native), m_Colors.data(), native, count);
             return;
         }
         m_Greys.resize(std::size_t(count) * Size());
-        babl_process(babl_fish(m_Colour, m_EightBit), m_Colours.data(), m_Greys.data(), count);
+        babl_process(babl_fish(m_Color, m_EightBit), m_Colors.data(), m_Greys.data(), count);
         for (int x = 0; x < count; ++x) {
             // The same number, whatever the way over the luminance makes of it.
             if (pixels[x].red == pixels[x].green && pixels[x].green == pixels[x].blue)
@@ -84,10 +84,10 @@ private:
     const Babl* m_Native;
     bool m_Grey;
     const Babl* m_EightBit;
-    const Babl* m_Colour;
+    const Babl* m_Color;
     int m_Size;
     int m_NativeSize;
-    Bytes m_Colours;
+    Bytes m_Colors;
     Bytes m_Greys;
 };
 
@@ -161,7 +161,7 @@ struct Changes
 {
     std::vector<bool> tiles;
     QRect area; ///< around all changed tiles
-    bool coloured = false;
+    bool colored = false;
 };
 
 Changes Compare(const HBImage<>& source, const HBImage<>& adjusted)
@@ -182,7 +182,7 @@ Changes Compare(const HBImage<>& source, const HBImage<>& adjusted)
             if (before.Pixels()[i] == pixel)
                 continue;
             changed = true;
-            changes.coloured |= pixel.red != pixel.green || pixel.green != pixel.blue;
+            changes.colored |= pixel.red != pixel.green || pixel.green != pixel.blue;
         }
         changes.tiles[std::size_t(index)] = changed;
         if (changed)
@@ -364,7 +364,7 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
         return true;
 
     const UndoGroup group(gimp_item_get_image(m_Drawable));
-    if (changes.coloured && gimp_drawable_is_gray(m_Drawable))
+    if (changes.colored && gimp_drawable_is_gray(m_Drawable))
         written->notes +=
             HBGimpText::tr("The image is gray: colors were stored as shades of gray. To keep them, convert "
                            "it first: Image > Mode > RGB.");

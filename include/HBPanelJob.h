@@ -62,8 +62,8 @@ struct HBJobData : HBTarget
     std::shared_ptr<HBPanelJobControl> control; ///< null: nobody listens
 };
 
-/// Runs a job on the global pool, or at once where the system starts no more threads, and hands its future to the
-/// watcher.
+/// Runs a job on the pool (HBThreadPool), or at once where the system starts no more threads, and hands its future
+/// to the watcher.
 PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job);
 
 /// Runs process(job) for the watcher. What it throws ends here, with the image unchanged: from a future it would

@@ -29,9 +29,9 @@ void Print(const QString& text)
 QString ErrorLine(const QString& text)
 {
     // no-color.org: any value that is not empty
-    static const bool coloured = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
-                                 qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
-    return (coloured ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n';
+    static const bool colored = isatty(STDERR_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+                                qgetenv("TERM") != "dumb" && !qEnvironmentVariableIsEmpty("TERM");
+    return (colored ? "\x1b[31mpanel-replay:\x1b[m " : "panel-replay: ") + HBShownOnTerminal(text) + '\n';
 }
 
 } // namespace

@@ -36,8 +36,8 @@ struct HBReplayWork
 };
 
 /// Adjusts many photos, several at once: each is read, adjusted and written on one thread, which shares the
-/// adjusting with the global pool. While one goes to the disk, which takes no core, another one begins. No more
-/// photos are in memory at once than fit into half of the tiles' memory budget, but for one.
+/// adjusting with the pool (HBThreadPool). While one goes to the disk, which takes no core, another one begins. No
+/// more photos are in memory at once than fit into half of the tiles' memory budget, but for one.
 class HBReplayPipeline
 {
 public:
@@ -93,5 +93,5 @@ private:
     qint64 m_Bytes = 0; ///< what the photos at work take
     bool m_HasFailure = false;
 
-    QThreadPool m_Pool; ///< last, so that its threads end first; not the global pool, which the adjustments need
+    QThreadPool m_Pool; ///< last, so that its threads end first; not HBThreadPool, which the adjustments need
 };

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// 17 × 17 × 17 colours, black and white among them, with every alpha. Their number is odd.
-inline std::vector<HBRGBA32i> HBDenseColours() {
+inline std::vector<HBRGBA32i> HBDenseColors() {
     const auto level = [](int step) { return std::uint8_t(qMin(255, step * 16)); };
     std::vector<HBRGBA32i> pixels;
     for (int i = 0; i < 17 * 17 * 17; ++i)
@@ -23,22 +23,22 @@ inline std::vector<HBRGBA32i> HBDenseColours() {
 template <class Operation>
 bool HBRunFormEqualsScalarForm(const Operation& operation) {
     const auto reset = qScopeGuard([] { hwy::GetChosenTarget().Update(hwy::SupportedTargets()); });
-    const std::vector<HBRGBA32i> colours = HBDenseColours();
-    std::vector<HBRGBA32i> mapped = colours;
+    const std::vector<HBRGBA32i> colors = HBDenseColors();
+    std::vector<HBRGBA32i> mapped = colors;
     for (HBRGBA32i& pixel : mapped) operation(pixel);
 
     for (qint64 left = hwy::SupportedTargets(); left; left &= left - 1) {
         hwy::GetChosenTarget().Update(left & -left);
-        std::vector<HBRGBA32i> whole = colours;
+        std::vector<HBRGBA32i> whole = colors;
         operation(whole.data(), int(whole.size()));
         if (whole != mapped) return false;
         for (std::size_t count = 0; count <= 70; ++count) {
             const std::size_t first = 2000 + count % 7;
-            std::vector<HBRGBA32i> pixels = colours;
+            std::vector<HBRGBA32i> pixels = colors;
             operation(pixels.data() + first, int(count));
             for (std::size_t i = 0; i < pixels.size(); ++i) {
                 const bool inside = i >= first && i < first + count;
-                if (pixels[i] != (inside ? mapped : colours)[i]) return false;
+                if (pixels[i] != (inside ? mapped : colors)[i]) return false;
             }
         }
     }

@@ -33,8 +33,8 @@ HBStages HBMakeStages(const Record& record, bool selected)
 }
 
 /// Adjusts a picture, or what is selected of it: the same bytes as the panel gives. Any thread; the work is shared
-/// with the global pool. Only a whole outcome is a result (HBOutcome::IsWhole); HBFailureReason says why it is
-/// not.
+/// with the pool (HBThreadPool). Only a whole outcome is a result (HBOutcome::IsWhole); HBFailureReason says why
+/// it is not.
 ///
 ///     HBLevelsParams params;
 ///     params.gamma[0] = 1.2;

@@ -72,9 +72,9 @@ struct HBStageSpan
     bool IsEmpty() const { return last < first; }
 };
 
-/// Runs the stages over the target, on the calling thread and those of the global pool. Consecutive stages that
-/// need not look at the whole picture between them run tile by tile in one pass, unless there is a selection: then
-/// each is blended by it in turn. Any thread; throws nothing but what the control throws.
+/// Runs the stages over the target, on the calling thread and those of the pool (HBThreadPool). Consecutive stages
+/// that need not look at the whole picture between them run tile by tile in one pass, unless there is a selection:
+/// then each is blended by it in turn. Any thread; throws nothing but what the control throws.
 /// \param stages makes them; may throw what HBStage::prepare may
 /// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
 ///        null

@@ -32,8 +32,6 @@ public:
 
     /// Range of the groove; 0..255 at first. A maximum below the minimum is taken as the minimum.
     void SetRange(int minimum, int maximum);
-    int RangeMinimum() const { return m_Minimum; }
-    int RangeMaximum() const { return m_Maximum; }
 
     /// Adds a handle and returns its index. Emits nothing.
     uint AddControl(int value, int minimum, int maximum, const QBrush& brush);

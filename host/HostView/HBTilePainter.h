@@ -38,7 +38,6 @@ public:
 
     /// How long one paint may shrink tiles before it shows what it has; default 40.
     void SetPatience(int milliseconds) { m_Patience = milliseconds; }
-    const HBTileMips& Mips() const { return m_Mips; }
 
     /// Paints what of the picture lies in `exposed`, a unit of the painter a pixel, over a checkerboard where it
     /// is transparent. False: the time was up, and some of it is shown as it was before; paint again.

@@ -51,7 +51,7 @@ private Q_SLOTS:
     }
 
     void NothingOfItIsIdentity() {
-        for (HBRGBA32i pixel : HBDenseColours()) {
+        for (HBRGBA32i pixel : HBDenseColors()) {
             const HBRGBA32i before = pixel;
             Ntsc(LightTone, DarkTone, 0)(pixel);
             Ntsc(LightTone, DarkTone, INT_MIN)(pixel);
@@ -62,7 +62,7 @@ private Q_SLOTS:
 
     void ThresholdValues() {
         const struct {
-            HBRGBA32i colour;
+            HBRGBA32i color;
             int luminance;
         } rows[] = {{Black, 0},         {{127, 127, 127}, 127}, {{128, 128, 128}, 128}, {{255, 0, 0}, 76}, // 76.5
                     {{0, 255, 0}, 150}, // 150.45
@@ -72,7 +72,7 @@ private Q_SLOTS:
         for (const auto& row : rows) {
             for (int level : {INT_MIN, -1, 0, row.luminance, row.luminance + 1, 256, INT_MAX}) {
                 const int expected = row.luminance < level ? 0 : 255;
-                QCOMPARE(Apply(Threshold{level}, row.colour), Pixel(expected, expected, expected));
+                QCOMPARE(Apply(Threshold{level}, row.color), Pixel(expected, expected, expected));
             }
         }
     }

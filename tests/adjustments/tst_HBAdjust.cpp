@@ -111,7 +111,7 @@ void AddTonal() {
     Add("curves", curves, HBIterativeCurvesTransformation(curves.points, 100));
 }
 
-void AddColour() {
+void AddColor() {
     const int temperatures[][6] = {{6500, 0, 100, 6500, 0, 100},        {3000, 20, 80, 3000, 20, 80},
                                    {20000, -60, 30, 20000, -60, 30},    {Least, Least, Most, 1000, -100, 100},
                                    {Most, Most, Most, 40000, 100, 100}, {0, 0, 100, 1000, 0, 100}};
@@ -219,7 +219,7 @@ class tst_HBAdjust : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         AddTonal();
-        AddColour();
+        AddColor();
     }
 
     void Results_data() {

@@ -243,9 +243,9 @@ private Q_SLOTS:
         QFETCH(QString, name);
         const HBPanelEntry& entry = *HBFindPanel(name);
         const bool paints = name == "HBReplaceColorWidget" || name == "KMFillColorWidget";
-        const auto plain = [](int width, int height, QRgb colour) {
+        const auto plain = [](int width, int height, QRgb color) {
             QImage image(width, height, QImage::Format_ARGB32);
-            image.fill(colour);
+            image.fill(color);
             return HBImage<>::FromQImage(image);
         };
         const Panel panel(entry.create(true, nullptr));

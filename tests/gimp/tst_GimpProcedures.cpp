@@ -62,21 +62,21 @@ HBImage<> Grey() {
     });
 }
 
-QRgb OpaqueColour(int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); }
+QRgb OpaqueColor(int x, int y) { return x < 30 ? qRgb(9, 9, 9) : qRgb(x, 2 * y % 256, 99); }
 
-HBImage<> Opaque() { return HBTestPicture(Width, Height, OpaqueColour); }
+HBImage<> Opaque() { return HBTestPicture(Width, Height, OpaqueColor); }
 
 /// The opaque picture with 16 bits, of which the lower do not change how it rounds.
 QImage Deep() {
     QImage image(Width, Height, QImage::Format_RGBA64);
     for (int y = 0; y < Height; ++y) {
         for (int x = 0; x < Width; ++x) {
-            const QRgb colour = OpaqueColour(x, y);
+            const QRgb color = OpaqueColor(x, y);
             const auto deep = [&](int v) {
                 return quint16(qBound(0, v * 257 + (x * 7 + y * 3) % 201 - 100, 65535));
             };
             reinterpret_cast<QRgba64*>(image.scanLine(y))[x] =
-                qRgba64(deep(qRed(colour)), deep(qGreen(colour)), deep(qBlue(colour)), 65535);
+                qRgba64(deep(qRed(color)), deep(qGreen(color)), deep(qBlue(color)), 65535);
         }
     }
     return image;
@@ -199,8 +199,8 @@ private:
                          " (gimp-layer-remove-mask adjusted MASK-APPLY))",
                      HBTestPicture(Width, Height,
                                    [&](int x, int y) {
-                                       const QRgb colour = OpaqueColour(x, y);
-                                       return qRgba(qRed(colour), qGreen(colour), qBlue(colour),
+                                       const QRgb color = OpaqueColor(x, y);
+                                       return qRgba(qRed(color), qGreen(color), qBlue(color),
                                                     mask.PixelAt(x, y).red);
                                    }),
                      ""});

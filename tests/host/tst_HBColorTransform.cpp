@@ -29,7 +29,7 @@ private Q_SLOTS:
     void theViewConverts() {
         QFETCH(QByteArray, photo);
         QFETCH(QByteArray, monitor);
-        const HBImage<> image = HBTestColourCube(15);
+        const HBImage<> image = HBTestColorCube(15);
         const QImage bytes = image.ToQImage();
         HBTileMips::Look look;
         look.colors = HBColorTransform::Make(photo, monitor);
@@ -49,15 +49,15 @@ private Q_SLOTS:
         for (int i = 0; i < expected.size(); ++i)
             QCOMPARE(shown.pixel(i % shown.width(), i / shown.width()), expected.at(i));
         // Smaller: the means are converted, and nothing is converted twice.
-        HBTileMips plain, coloured;
+        HBTileMips plain, colored;
         plain.SetImage(image);
-        coloured.SetImage(image);
-        coloured.SetLook(look);
+        colored.SetImage(image);
+        colored.SetLook(look);
         const QRect tile(0, 0, 1, 1);
         QVERIFY(plain.Prepare(tile, 2, std::numeric_limits<int>::max()));
-        QVERIFY(coloured.Prepare(tile, 2, std::numeric_limits<int>::max()));
+        QVERIFY(colored.Prepare(tile, 2, std::numeric_limits<int>::max()));
         const QVector<quint32> means = converted(plain.Assemble(tile, 2));
-        const QImage small = coloured.Assemble(tile, 2);
+        const QImage small = colored.Assemble(tile, 2);
         for (int i = 0; i < means.size(); ++i)
             QCOMPARE(small.pixel(i % small.width(), i / small.width()), means.at(i));
         QCOMPARE(image.ToQImage(), bytes);

@@ -36,10 +36,10 @@ private Q_SLOTS:
         }
     }
 
-    void TranslucentColoursShowChecks() {
+    void TranslucentColorsShowChecks() {
         HBColorWidget widget;
         widget.resize(40, 20);
-        const auto colours = [&widget] {
+        const auto colors = [&widget] {
             const QImage image = widget.grab().toImage();
             QSet<QRgb> seen;
             for (int y = 0; y < 20; ++y) // to the edges: there is no frame
@@ -47,9 +47,9 @@ private Q_SLOTS:
             return seen.size();
         };
         widget.SetBackgroundBrush(QColor(200, 30, 30));
-        QCOMPARE(colours(), 1);
+        QCOMPARE(colors(), 1);
         widget.SetBackgroundBrush(QColor(200, 30, 30, 100));
-        QCOMPARE(colours(), 2);
+        QCOMPARE(colors(), 2);
     }
 
     void wheelChoosesOnlyWithTheFocus() {

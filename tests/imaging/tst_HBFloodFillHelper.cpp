@@ -23,12 +23,12 @@ HBRGBA32i Tolerance(int level) {
     return {byte, byte, byte, byte};
 }
 
-QImage Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour) {
-    return HBTestPicture(width, height, [&](int x, int y) { return colour(x, y).ToRgba(); }).ToQImage();
+QImage Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& color) {
+    return HBTestPicture(width, height, [&](int x, int y) { return color(x, y).ToRgba(); }).ToQImage();
 }
 
-QImage Uniform(int width, int height, HBRGBA32i colour) {
-    return Generate(width, height, [=](int, int) { return colour; });
+QImage Uniform(int width, int height, HBRGBA32i color) {
+    return Generate(width, height, [=](int, int) { return color; });
 }
 
 bool IsLike(QRgb a, QRgb b, HBRGBA32i tolerance) {

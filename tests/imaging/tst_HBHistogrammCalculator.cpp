@@ -88,12 +88,11 @@ private Q_SLOTS:
     }
 
     // The fast counters are 16 bits wide: far more pixels than that of one level.
-    void OneColourOfManyPixels() {
-        QImage colour(1500, 1000, QImage::Format_RGB32);
-        colour.fill(QColor(1, 128, 255));
-        for (const Counts& counts :
-             {HBHistogrammCalculator::Count(colour),
-              HBHistogrammCalculator::Count(HBImage<>::FromQImage(colour), colour.rect())}) {
+    void OneColorOfManyPixels() {
+        QImage color(1500, 1000, QImage::Format_RGB32);
+        color.fill(QColor(1, 128, 255));
+        for (const Counts& counts : {HBHistogrammCalculator::Count(color),
+                                     HBHistogrammCalculator::Count(HBImage<>::FromQImage(color), color.rect())}) {
             QCOMPARE(counts.pixels, quint64(1500000));
             QCOMPARE(counts.levels[0][1], quint64(1500000));
             QCOMPARE(counts.levels[1][128], quint64(1500000));

@@ -24,7 +24,7 @@ double Decode(double level) { return HBDecode(level); }
 int Encode(double light) { return int(std::lround(HBEncode(light))); }
 
 /// Every pixel, padding included, from the function of its place; padding is what no image has.
-HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& colour, HBRGBA32i padding) {
+HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& color, HBRGBA32i padding) {
     HBImage<> image(width, height);
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect area = image.TileRect(index);
@@ -32,16 +32,16 @@ HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int
         for (int y = 0; y < 128; ++y) {
             for (int x = 0; x < 128; ++x) {
                 const bool inside = x < area.width() && y < area.height();
-                pin.Pixels()[y * 128 + x] = inside ? colour(area.left() + x, area.top() + y) : padding;
+                pin.Pixels()[y * 128 + x] = inside ? color(area.left() + x, area.top() + y) : padding;
             }
         }
     }
     return image;
 }
 
-HBImage<> Uniform(int width, int height, HBRGBA32i colour, HBRGBA32i padding = {}) {
+HBImage<> Uniform(int width, int height, HBRGBA32i color, HBRGBA32i padding = {}) {
     return Generate(
-        width, height, [=](int, int) { return colour; }, padding);
+        width, height, [=](int, int) { return color; }, padding);
 }
 
 /// Surfaces of all colours, some of them white, under a light of the given colour.

@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(f.Record(), Values({400, 500, -10, 0}));
     }
 
-    void colours() {
+    void colors() {
         Fixture f, docked(false);
         for (const HBColorWidget* strip : {f.result, f.palette})
             QCOMPARE(strip->BackgroundBrush().gradient()->coordinateMode(), QGradient::StretchToDeviceMode);

@@ -30,7 +30,7 @@ class tst_HBTemperatureWidget : public QObject {
 private Q_SLOTS:
     /// On purpose: the strength of a loaded record counts, but its control keeps what it showed.
     void strengthIsNotShown() {
-        const HBImage<> photo = HBTestColourCube(51);
+        const HBImage<> photo = HBTestColorCube(51);
         Fixture f;
         f.panel.SetImage(photo, {}, {}, {});
         QVERIFY(f.Finish());

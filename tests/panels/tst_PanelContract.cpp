@@ -99,8 +99,8 @@ QString Shown(const QWidget& widget) {
                         .arg(handles->Value(i))
                         .arg(handles->LowestValue(i))
                         .arg(handles->HighestValue(i));
-    } else if (auto* colour = qobject_cast<const HBColorWidget*>(&widget)) {
-        text += Hash(colour->BackgroundBrush());
+    } else if (auto* color = qobject_cast<const HBColorWidget*>(&widget)) {
+        text += Hash(color->BackgroundBrush());
     } else if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         text += button->isChecked() ? "on" : "off";
         if (!button->icon().isNull() && !button->isCheckable())
@@ -492,7 +492,7 @@ struct Recording {
         const QVector<QPair<QString, HBImage<>>> pictures = {
             {"1x1", HBTestMask(1, 1, 90)},     {"127x3", HBTestRamp(127, 3)},
             {"128x128", HBTestRamp(128, 128)}, {"129x130", HBTestRamp(129, 130)},
-            {"257x140", HBTestRamp(257, 140)}, {"cube", HBTestColourCube(8)}};
+            {"257x140", HBTestRamp(257, 140)}, {"cube", HBTestColorCube(8)}};
         struct Selection {
             HBImage<> mask;
             QPoint offset;

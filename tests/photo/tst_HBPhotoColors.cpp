@@ -83,7 +83,7 @@ private Q_SLOTS:
     void init() { Path = std::make_unique<HBTestFolder>(); }
 
     /// By their profile, as Little CMS alone does it; without one as before.
-    void printColours() {
+    void printColors() {
         const QByteArray icc = HBTableProfile(cmsSigCmykData);
         const QVector<quint32> expected = HBThroughProfiles(Inks(), TYPE_CMYK_8, icc, {});
         WriteTiff((*Path)("rows.tif"), icc, false);

@@ -138,7 +138,7 @@ private Q_SLOTS:
         QVERIFY(HBReadJpegCoding(Jpeg({{1, 1, 1}}).left(100)).IsEmpty());
     }
 
-    void fullColoursFromNinetyOn() {
+    void fullColorsFromNinetyOn() {
         for (const int quality : {89, 90, 100}) {
             const HBJpegCoding coding = HBReadJpegCoding(Jpeg({}, quality));
             QCOMPARE(coding.components.at(0).horizontal, quality < 90 ? 2 : 1);

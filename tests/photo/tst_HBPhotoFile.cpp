@@ -67,8 +67,8 @@ struct TiffLayout {
 bool WriteTiff(const QString& path, const QImage& image, const TiffLayout& layout) {
     TIFF* tiff = TIFFOpen(qUtf8Printable(path), layout.mode);
     const std::uint16_t alpha = EXTRASAMPLE_UNASSALPHA;
-    const int colours = layout.grey ? 1 : 3;
-    const int samples = colours + layout.alpha;
+    const int colors = layout.grey ? 1 : 3;
+    const int samples = colors + layout.alpha;
     TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, image.width());
     TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, image.height());
     TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, layout.bits);
@@ -95,7 +95,7 @@ bool WriteTiff(const QString& path, const QImage& image, const TiffLayout& layou
                     const int values[] = {qRed(pixel), qGreen(pixel), qBlue(pixel), qAlpha(pixel)};
                     for (int sample = 0; sample < samples; ++sample) {
                         if (!layout.planes || sample == plane)
-                            piece.append(layout.bits / 8, char(values[sample == colours ? 3 : sample]));
+                            piece.append(layout.bits / 8, char(values[sample == colors ? 3 : sample]));
                     }
                 }
                 good = good && (layout.tileSide ? TIFFWriteTile(tiff, piece.data(), left, top, 0, plane) > 0

@@ -44,7 +44,7 @@ namespace {
 
 constexpr QSize pictureSize(180, 150); // several tiles, and no whole one
 
-QRgb ColourAt(int x, int y) { return qRgb(x, 250 - y, 100); }
+QRgb ColorAt(int x, int y) { return qRgb(x, 250 - y, 100); }
 
 /// Where the file has the upright pixel (x, y) if it says this orientation. From the definition, by row and column
 /// 0: 1 top left, 2 top right, 3 bottom right, 4 bottom left, 5 left top, 6 right top, 7 right bottom, 8 left
@@ -60,7 +60,7 @@ QPoint InFile(int orientation, int x, int y) {
 QImage Picture(int orientation) {
     QImage image(orientation < 5 ? pictureSize : pictureSize.transposed(), QImage::Format_RGB32);
     for (int y = 0; y < pictureSize.height(); ++y) {
-        for (int x = 0; x < pictureSize.width(); ++x) image.setPixel(InFile(orientation, x, y), ColourAt(x, y));
+        for (int x = 0; x < pictureSize.width(); ++x) image.setPixel(InFile(orientation, x, y), ColorAt(x, y));
     }
     return image;
 }
@@ -381,7 +381,7 @@ private:
         for (int y = 0; y < pictureSize.height(); y += 5) {
             for (int x = 0; x < pictureSize.width(); x += 5) {
                 const QRgb found = image.PixelAt(x, y).ToRgba();
-                const QRgb expected = ColourAt(x, y);
+                const QRgb expected = ColorAt(x, y);
                 const int difference =
                     qMax(qAbs(qRed(found) - qRed(expected)), qAbs(qGreen(found) - qGreen(expected)));
                 if (difference > 8) QCOMPARE(QColor(found), QColor(expected));

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBTestImages.h"
 
-HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& colour) {
+HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& color) {
     QImage image(width, height, QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, colour(x, y));
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, color(x, y));
     }
     return HBImage<>::FromQImage(image);
 }
@@ -16,14 +16,14 @@ HBImage<> HBTestRamp(int width, int height) {
     });
 }
 
-HBImage<> HBTestColourCube(int step) {
+HBImage<> HBTestColorCube(int step) {
     const int levels = (254 + step) / step + 1;
-    const int colours = levels * levels * levels;
+    const int colors = levels * levels * levels;
     int side = 1;
-    while (side * side < colours) ++side;
+    while (side * side < colors) ++side;
     auto level = [=](int index) { return qMin(255, index % levels * step); };
     return HBTestPicture(side, side, [=](int x, int y) {
-        const int index = (y * side + x) % colours;
+        const int index = (y * side + x) % colors;
         return qRgb(level(index), level(index / levels), level(index / levels / levels));
     });
 }

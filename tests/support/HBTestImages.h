@@ -11,13 +11,13 @@
 // Generated test pictures: every value is known, nothing is random.
 
 /// Each pixel of its place.
-HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& colour);
+HBImage<> HBTestPicture(int width, int height, const std::function<QRgb(int, int)>& color);
 
 /// All channels vary, alpha included, differently along x and y, so that a displaced or repeated tile shows.
 HBImage<> HBTestRamp(int width, int height);
 
 /// Every colour whose channels are 0, step, 2 × step … and 255, opaque, in one square picture.
-HBImage<> HBTestColourCube(int step);
+HBImage<> HBTestColorCube(int step);
 
 /// A selection image: coverages 0..255, among them long runs of the extremes, in all four bytes.
 HBImage<> HBTestMask(int width, int height);

@@ -58,7 +58,7 @@ struct HBOutcome
     bool IsWhole() const { return status == Whole; }
 };
 
-/// Runs `transform` over the tiles of the target, on the calling thread and those of the global pool
+/// Runs `transform` over the tiles of the target, on the calling thread and those of the pool
 /// (HBParallel.h), and returns the image, which shares every tile that was not touched with the source. Any
 /// thread.
 ///

@@ -32,16 +32,16 @@ Triple TripleOf(HBRGBA32i pixel) { return {double(pixel.red), double(pixel.green
 
 /// Whether the operation is within `tolerance` levels of a formula over all dense colours, and keeps alpha.
 bool IsFormula(const Operation& operation, const std::function<Triple(const Triple&)>& formula, double tolerance) {
-    for (const HBRGBA32i colour : HBDenseColours()) {
-        HBRGBA32i pixel = colour;
+    for (const HBRGBA32i color : HBDenseColors()) {
+        HBRGBA32i pixel = color;
         operation(pixel);
-        const Triple expected = formula(TripleOf(colour));
+        const Triple expected = formula(TripleOf(color));
         const Triple found = TripleOf(pixel);
         for (std::size_t i = 0; i < 3; ++i) {
-            if (std::abs(found[i] - qBound(0.0, expected[i], 255.0)) <= tolerance && pixel.alpha == colour.alpha)
+            if (std::abs(found[i] - qBound(0.0, expected[i], 255.0)) <= tolerance && pixel.alpha == color.alpha)
                 continue;
-            qWarning("(%d %d %d %d) channel %d: %g instead of %g", colour.red, colour.green, colour.blue,
-                     colour.alpha, int(i), found[i], expected[i]);
+            qWarning("(%d %d %d %d) channel %d: %g instead of %g", color.red, color.green, color.blue, color.alpha,
+                     int(i), found[i], expected[i]);
             return false;
         }
     }
@@ -53,11 +53,11 @@ constexpr double Rounded = 0.5 + 1e-3;
 
 bool IsIdentity(const Operation& operation) {
     return IsFormula(
-        operation, [](const Triple& colour) { return colour; }, 0.0);
+        operation, [](const Triple& color) { return color; }, 0.0);
 }
 
 bool AreEqual(const Operation& a, const Operation& b) {
-    for (HBRGBA32i pixel : HBDenseColours()) {
+    for (HBRGBA32i pixel : HBDenseColors()) {
         HBRGBA32i other = pixel;
         a(pixel);
         b(other);
@@ -78,12 +78,12 @@ HBColorBalance Balance(std::array<int, 3> red, std::array<int, 3> green, std::ar
     return HBIterativeColorBalanceTransformation(red.data(), green.data(), blue.data()).Operation();
 }
 
-HBPhotoFilter Filter(HBRGBA32i colour, int density) {
-    return HBIterativePhotoFilterTransformation(colour, density).Operation();
+HBPhotoFilter Filter(HBRGBA32i color, int density) {
+    return HBIterativePhotoFilterTransformation(color, density).Operation();
 }
 
-HBColorize Colorize(HBRGBA32i colour, int amount) {
-    return HBIterativeColorizeTransformation(colour, amount).Operation();
+HBColorize Colorize(HBRGBA32i color, int amount) {
+    return HBIterativeColorizeTransformation(color, amount).Operation();
 }
 
 HBBlackAndWhite BlackAndWhite(bool cie, float red, float green, float blue) {
@@ -96,9 +96,9 @@ HBTemperatureCorrection Temperature(int kelvin, int strength, int tint) {
     return correction;
 }
 
-KMFillTransformation Fill(HBRGBA32i colour) {
+KMFillTransformation Fill(HBRGBA32i color) {
     KMFillTransformation fill;
-    fill.SetData(colour);
+    fill.SetData(color);
     return fill;
 }
 
@@ -140,8 +140,8 @@ Triple Mix(const Triple& from, const Triple& to, int percent) {
     return result;
 }
 
-Triple QtHsl(const Triple& colour, int hue, int saturation, int lightness, bool colorize) {
-    const auto c = QColor::fromRgb(int(colour[0]), int(colour[1]), int(colour[2]));
+Triple QtHsl(const Triple& color, int hue, int saturation, int lightness, bool colorize) {
+    const auto c = QColor::fromRgb(int(color[0]), int(color[1]), int(color[2]));
     const double turned = qMax(0.0, double(c.hslHueF())) + hue / 360.0;
     const double h = colorize ? hue / 360.0 : turned - std::floor(turned);
     const double s = colorize ? (100 + saturation) / 200.0 : c.hslSaturationF() * (1.0 + saturation / 100.0);
@@ -168,7 +168,7 @@ Triple ShownChromaticity(double u, double v) {
 
 } // namespace
 
-class tst_ColourTransformations : public QObject {
+class tst_ColorTransformations : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void RunFormEqualsScalarForm() {
@@ -210,19 +210,19 @@ private Q_SLOTS:
 
     /// Out of range is as the nearest in range.
     void ArgumentsAreClamped() {
-        const HBRGBA32i colour(250, 100, 20);
+        const HBRGBA32i color(250, 100, 20);
         QVERIFY(AreEqual(HBHueSaturationTransformation(INT_MAX, INT_MAX, INT_MIN, false),
                          HBHueSaturationTransformation(359, 100, -100, false)));
         QVERIFY(AreEqual(HBHueSaturationTransformation(INT_MIN, INT_MIN, INT_MAX, true),
                          HBHueSaturationTransformation(0, -100, 100, true)));
         QVERIFY(AreEqual(Balance({INT_MAX, INT_MIN, 101}, {INT_MIN, -101, 0}, {0, INT_MAX, INT_MAX}),
                          Balance({100, -100, 100}, {-100, -100, 0}, {0, 100, 100})));
-        QVERIFY(AreEqual(Filter(colour, INT_MAX), Filter(colour, 100)));
-        QVERIFY(IsIdentity(Filter(colour, INT_MIN)));
-        QVERIFY(AreEqual(Colorize(colour, INT_MAX), Colorize(colour, 100)));
-        QVERIFY(IsIdentity(Colorize(colour, INT_MIN)));
-        QVERIFY(AreEqual(HBTintRGB32(colour, colour, INT_MAX), HBTintRGB32(colour, colour, 100)));
-        QVERIFY(IsIdentity(HBTintRGB32(colour, colour, INT_MIN)));
+        QVERIFY(AreEqual(Filter(color, INT_MAX), Filter(color, 100)));
+        QVERIFY(IsIdentity(Filter(color, INT_MIN)));
+        QVERIFY(AreEqual(Colorize(color, INT_MAX), Colorize(color, 100)));
+        QVERIFY(IsIdentity(Colorize(color, INT_MIN)));
+        QVERIFY(AreEqual(HBTintRGB32(color, color, INT_MAX), HBTintRGB32(color, color, 100)));
+        QVERIFY(IsIdentity(HBTintRGB32(color, color, INT_MIN)));
         QVERIFY(AreEqual(Enhancer(INT_MAX), Enhancer(100)));
         QVERIFY(IsIdentity(Enhancer(INT_MIN)));
         QVERIFY(AreEqual(Temperature(INT_MIN, INT_MAX, INT_MAX), Temperature(1000, 100, 100)));
@@ -264,7 +264,7 @@ private Q_SLOTS:
     }
 
     void BlendModes_data() {
-        HBColumns<QColor, int>("colour", "percent");
+        HBColumns<QColor, int>("color", "percent");
         QTest::newRow("orange") << QColor(236, 138, 0) << 25;
         QTest::newRow("pale") << QColor(255, 210, 255) << 60;
         QTest::newRow("blue") << QColor(0, 0, 255) << 100;
@@ -274,9 +274,9 @@ private Q_SLOTS:
         QTest::newRow("green, transparent") << QColor(0, 255, 0, 0) << 80;
     }
     void BlendModes() {
-        QFETCH(QColor, colour);
+        QFETCH(QColor, color);
         QFETCH(int, percent);
-        const HBRGBA32i pixel = HBRGBA32i::FromRgba(colour.rgba());
+        const HBRGBA32i pixel = HBRGBA32i::FromRgba(color.rgba());
         const Triple c = TripleOf(pixel);
         const auto filter = [=](const Triple& p) {
             const Triple multiplied = {p[0] * c[0] / 255.0, p[1] * c[1] / 255.0, p[2] * c[2] / 255.0};
@@ -296,7 +296,7 @@ private Q_SLOTS:
     /// The chromaticities of the Planckian locus as published by Robertson, "Computation of correlated color
     /// temperature and distribution temperature", J. Opt. Soc. Am. 58 (1968); the last from Wyszecki & Stiles,
     /// Color Science, 2nd ed., (x, y) = (0.6528, 0.3444).
-    void TemperatureColour() {
+    void TemperatureColor() {
         const struct {
             double mired, u, v;
         } rows[] = {
@@ -310,12 +310,12 @@ private Q_SLOTS:
             {600, 0.33724, 0.36051},
             {1000, 4 * 0.6528 / (-2 * 0.6528 + 12 * 0.3444 + 3), 6 * 0.3444 / (-2 * 0.6528 + 12 * 0.3444 + 3)}};
         for (const auto& row : rows) {
-            const auto colour = HBTemperatureCorrection::GetTemperatureColor(qRound(1e6 / row.mired));
+            const auto color = HBTemperatureCorrection::GetTemperatureColor(qRound(1e6 / row.mired));
             const Triple expected = ShownChromaticity(row.u, row.v);
-            const Triple found = TripleOf(colour);
+            const Triple found = TripleOf(color);
             for (std::size_t i = 0; i < 3; ++i)
                 QVERIFY2(std::abs(found[i] - expected[i]) <= 2.0, qPrintable(QString::number(row.mired)));
-            QCOMPARE(int(colour.alpha), 255);
+            QCOMPARE(int(color.alpha), 255);
         }
     }
 
@@ -399,14 +399,14 @@ private Q_SLOTS:
     void FillIsSourceOver() {
         // On opaque pixels, where QPainter's premultiplied arithmetic loses nothing.
         QImage image(17, 289, QImage::Format_ARGB32);
-        std::vector<HBRGBA32i> pixels = HBDenseColours();
+        std::vector<HBRGBA32i> pixels = HBDenseColors();
         for (std::size_t i = 0; i < pixels.size(); ++i) {
             pixels[i].alpha = 255;
             image.setPixel(int(i % 17), int(i / 17), pixels[i].ToRgba());
         }
-        const HBRGBA32i colour(200, 10, 90, 101);
-        QPainter(&image).fillRect(image.rect(), QColor::fromRgba(colour.ToRgba()));
-        Fill(colour)(pixels.data(), int(pixels.size()));
+        const HBRGBA32i color(200, 10, 90, 101);
+        QPainter(&image).fillRect(image.rect(), QColor::fromRgba(color.ToRgba()));
+        Fill(color)(pixels.data(), int(pixels.size()));
         for (std::size_t i = 0; i < pixels.size(); ++i) {
             const QRgb painted = image.pixel(int(i % 17), int(i / 17));
             QVERIFY(std::abs(qRed(painted) - pixels[i].red) <= 1 &&
@@ -437,5 +437,5 @@ private Q_SLOTS:
     }
 };
 
-HB_TEST_MAIN(tst_ColourTransformations)
-#include "tst_ColourTransformations.moc"
+HB_TEST_MAIN(tst_ColorTransformations)
+#include "tst_ColorTransformations.moc"
