@@ -217,6 +217,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel() || !Settle())
         return false;
+    m_pMessages->hide(); // it was about another step
     m_PanelSource = m_Document.Image();
     BeginPanel(entry);
     return true;
