@@ -96,7 +96,7 @@ public:
     {
         const QString text = Take(key, true).toString();
         bool good = false;
-        const uint color = text.midRef(1).toUInt(&good, 16);
+        const uint color = text.mid(1).toUInt(&good, 16);
         if (!good || text.size() != 7 || text.at(0) != '#' || text.at(1) == '+')
             Wrong(key);
         return 0xff000000u | color;
