@@ -46,7 +46,7 @@ void FocusFirst(QWidget* panel)
          widget = widget->nextInFocusChain()) {
         const bool passed = qobject_cast<QDialogButtonBox*>(widget->parentWidget()) ||
                             widget->parentWidget()->inherits("HBPresetStrip") ||
-                            widget->parentWidget()->inherits("HBPanelFrame");
+                            widget->parentWidget()->inherits("HBPanelHead");
         if ((widget->focusPolicy() & Qt::TabFocus) && !passed) {
             widget->setFocus(Qt::OtherFocusReason);
             return;

@@ -22,6 +22,8 @@ constexpr qint64 MostPixels = 400'000'000; // of a format that can only be read 
 constexpr char UriKey[] = "Thumb::URI";
 constexpr char TimeKey[] = "Thumb::MTime";
 constexpr char SizeKey[] = "Thumb::Size";
+constexpr char SoftwareKey[] = "Software";
+constexpr char OurName[] = "Panel Editor";
 
 QString Root()
 {
@@ -79,7 +81,7 @@ void Keep(const QString& photo, QImage thumbnail)
     thumbnail.setText(UriKey, QString::fromLatin1(UriOf(photo)));
     thumbnail.setText(TimeKey, TimeOf(photo));
     thumbnail.setText(SizeKey, QString::number(QFileInfo(photo).size()));
-    thumbnail.setText("Software", "Panel Editor");
+    thumbnail.setText(SoftwareKey, OurName);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QString ignored;

@@ -3,7 +3,7 @@
 #include "HBViewAids.h"
 
 #include "HBBeforeAfter.h"
-#include "HBPanelFrame.h"
+#include "HBPanelHead.h"
 #include "HBResultHistogram.h"
 #include "HBSideBySide.h"
 #include "HBViewColors.h"
@@ -100,9 +100,9 @@ QAction* HBViewAids::AddToggle(QMenu* menu, const QString& text, const QString& 
 
 QWidget* HBViewAids::BeginPanel(HBPanelSession* session)
 {
-    m_pFrame = new HBPanelFrame(session, m_pView);
-    connect(m_pFrame, &HBPanelFrame::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
-    connect(m_pFrame, &HBPanelFrame::Noted, this, &HBViewAids::Hinted);
+    m_pFrame = new HBPanelHead(session, m_pView);
+    connect(m_pFrame, &HBPanelHead::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
+    connect(m_pFrame, &HBPanelHead::Noted, this, &HBViewAids::Hinted);
     connect(session, &HBPanelSession::PreviewReady, m_pFrame, [this](const HBImage<>& image) {
         if (m_pFrame) // not behind EndPanel
             m_pHistogram->SetResult(image);

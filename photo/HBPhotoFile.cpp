@@ -39,6 +39,12 @@ bool Fail(QString* reason, const QString& text)
     return false;
 }
 
+/// Takes no memory: neither a translation nor the name of the file.
+QString OutOfMemory()
+{
+    return QStringLiteral("there is not enough memory");
+}
+
 /// Runs a step that reports its failure, or throws it.
 template <class Step>
 bool RunNamed(const QString& path, QString* error, Step step)
@@ -55,7 +61,7 @@ try {
     *error = path + ": " + reason;
     return false;
 } catch (const std::bad_alloc&) {
-    *error = QStringLiteral("there is not enough memory"); // takes none, not even for the name
+    *error = OutOfMemory();
     return false;
 }
 

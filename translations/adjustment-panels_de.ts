@@ -545,6 +545,85 @@
     </message>
 </context>
 <context>
+    <name>HBBatchDialog</name>
+    <message>
+        <source>Apply to Marked Photos</source>
+        <translation>Auf markierte Fotos anwenden</translation>
+    </message>
+    <message>
+        <source>adjusted</source>
+        <translation>angepasst</translation>
+    </message>
+    <message>
+        <source>Keep both, with a number</source>
+        <translation>Beide behalten, mit einer Nummer</translation>
+    </message>
+    <message>
+        <source>Leave out the photo</source>
+        <translation>Das Foto auslassen</translation>
+    </message>
+    <message>
+        <source>Replace the file</source>
+        <translation>Die Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>Photos: %1, steps: %2</source>
+        <translation>Fotos: %1, Schritte: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Into the folder:</source>
+        <translation>&amp;In den Ordner:</translation>
+    </message>
+    <message>
+        <source>A file is there &amp;already:</source>
+        <translation>Eine Datei ist &amp;schon da:</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>Folder of the Results</source>
+        <translation>Ordner der Ergebnisse</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>This needs the program panel-replay, which is not installed.</source>
+        <translation>Das braucht das Programm panel-replay, das nicht installiert ist.</translation>
+    </message>
+    <message>
+        <source>Applying…</source>
+        <translation>Wird angewendet …</translation>
+    </message>
+    <message>
+        <source>Stopped. Written: %1</source>
+        <translation>Angehalten. Geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>Written: %1, failed: %2</source>
+        <translation>Geschrieben: %1, gescheitert: %2</translation>
+    </message>
+    <message>
+        <source>It could not be done. %1</source>
+        <translation>Das ging nicht. %1</translation>
+    </message>
+</context>
+<context>
     <name>HBBlendingModes</name>
     <message>
         <source>Normal</source>
@@ -611,6 +690,13 @@
     </message>
 </context>
 <context>
+    <name>HBColorTransform</name>
+    <message>
+        <source>the colour profile cannot be used</source>
+        <translation>das Farbprofil ist nicht brauchbar</translation>
+    </message>
+</context>
+<context>
     <name>HBColorizeWidget</name>
     <message>
         <source>Select a color</source>
@@ -639,8 +725,28 @@
 <context>
     <name>HBDocument</name>
     <message>
-        <source>Open</source>
-        <translation>Öffnen</translation>
+        <source>Switch On %1</source>
+        <translation>%1 einschalten</translation>
+    </message>
+    <message>
+        <source>Switch Off %1</source>
+        <translation>%1 ausschalten</translation>
+    </message>
+    <message>
+        <source>Amount of %1</source>
+        <translation>Stärke von %1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
+    <message>
+        <source>Duplicate %1</source>
+        <translation>%1 verdoppeln</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
     </message>
 </context>
 <context>
@@ -706,20 +812,8 @@
         <translation>&amp;Rückgängig</translation>
     </message>
     <message>
-        <source>Take the last step back</source>
-        <translation>Den letzten Schritt zurücknehmen</translation>
-    </message>
-    <message>
         <source>&amp;Redo</source>
         <translation>&amp;Wiederholen</translation>
-    </message>
-    <message>
-        <source>Do the step again that was taken back</source>
-        <translation>Den zurückgenommenen Schritt wieder ausführen</translation>
-    </message>
-    <message>
-        <source>&amp;History</source>
-        <translation>&amp;Verlauf</translation>
     </message>
     <message>
         <source>&amp;Select</source>
@@ -728,10 +822,6 @@
     <message>
         <source>&amp;No Tool</source>
         <translation>&amp;Kein Werkzeug</translation>
-    </message>
-    <message>
-        <source>The mouse selects nothing</source>
-        <translation>Die Maus wählt nichts aus</translation>
     </message>
     <message>
         <source>&amp;Rectangle</source>
@@ -877,6 +967,114 @@
         <source>Show the photo as it was before, while held</source>
         <translation>Solange gehalten, das Foto zeigen, wie es vorher war</translation>
     </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Next Photo</source>
+        <translation>&amp;Nächstes Foto</translation>
+    </message>
+    <message>
+        <source>Open the next photo of the film strip</source>
+        <translation>Das nächste Foto des Filmstreifens öffnen</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Photo</source>
+        <translation>&amp;Voriges Foto</translation>
+    </message>
+    <message>
+        <source>Open the photo before this one</source>
+        <translation>Das Foto vor diesem öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>Write a copy of the photo, in any format, quality and folder</source>
+        <translation>Eine Kopie des Fotos schreiben, in beliebigem Format, beliebiger Qualität und beliebigem Ordner</translation>
+    </message>
+    <message>
+        <source>Re&amp;cipes</source>
+        <translation>Re&amp;zepte</translation>
+    </message>
+    <message>
+        <source>Apply to &amp;Marked Photos…</source>
+        <translation>Auf &amp;markierte Fotos anwenden …</translation>
+    </message>
+    <message>
+        <source>Apply the steps done so far to the photos that are marked in the film strip</source>
+        <translation>Die bisherigen Schritte auf die Fotos anwenden, die im Filmstreifen markiert sind</translation>
+    </message>
+    <message>
+        <source>Take the last change back</source>
+        <translation>Die letzte Änderung zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Do the change again that was taken back</source>
+        <translation>Die zurückgenommene Änderung wieder machen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Steps</source>
+        <translation>Schritte &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Remember the steps of this photo for another one</source>
+        <translation>Die Schritte dieses Fotos für ein anderes merken</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Steps</source>
+        <translation>Schritte &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>Apply the steps that were copied from another photo</source>
+        <translation>Die Schritte anwenden, die von einem anderen Foto kopiert wurden</translation>
+    </message>
+    <message>
+        <source>Repeat &amp;Last</source>
+        <translation>&amp;Letzte wiederholen</translation>
+    </message>
+    <message>
+        <source>Apply the last adjustment once more, with the same values</source>
+        <translation>Die letzte Anpassung noch einmal anwenden, mit denselben Werten</translation>
+    </message>
+    <message>
+        <source>&amp;Find Panel…</source>
+        <translation>Panel &amp;suchen …</translation>
+    </message>
+    <message>
+        <source>Open a panel by typing its name</source>
+        <translation>Ein Panel öffnen, indem man seinen Namen tippt</translation>
+    </message>
+    <message>
+        <source>Drag to move the photo</source>
+        <translation>Ziehen verschiebt das Foto</translation>
+    </message>
+    <message>
+        <source>Film &amp;Strip</source>
+        <translation>&amp;Filmstreifen</translation>
+    </message>
+    <message>
+        <source>Show the photos of the folder in a row</source>
+        <translation>Die Fotos des Ordners in einer Reihe zeigen</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>Give the whole screen to this window</source>
+        <translation>Diesem Fenster den ganzen Bildschirm geben</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>All keys, and what the mouse does</source>
+        <translation>Alle Tasten, und was die Maus tut</translation>
+    </message>
 </context>
 <context>
     <name>HBEditorWindow</name>
@@ -913,20 +1111,12 @@
         <translation>%1 ist gespeichert</translation>
     </message>
     <message>
-        <source>Steps that were made on a selection (here: %1) cannot be part of a recipe, which is applied to whole photos.</source>
-        <translation>Schritte an einer Auswahl (hier: %1) können nicht Teil eines Rezepts sein, denn das wird auf ganze Fotos angewandt.</translation>
-    </message>
-    <message>
         <source>There are no steps to save as a recipe yet.</source>
         <translation>Es gibt noch keine Schritte für ein Rezept.</translation>
     </message>
     <message>
         <source>Save Recipe</source>
         <translation>Rezept speichern</translation>
-    </message>
-    <message>
-        <source>Save &amp;Without</source>
-        <translation>&amp;Ohne sie speichern</translation>
     </message>
     <message>
         <source>Recipe saved. Steps: %1</source>
@@ -937,16 +1127,8 @@
         <translation>Rezept anwenden</translation>
     </message>
     <message>
-        <source>Applying %1</source>
-        <translation>%1 wird angewandt</translation>
-    </message>
-    <message>
         <source>Open a photo with Ctrl+O, or drop one here.</source>
         <translation>Öffnen Sie ein Foto mit Strg+O oder ziehen Sie eines hierher.</translation>
-    </message>
-    <message>
-        <source>Pixel under the mouse: position and red, green, blue, alpha</source>
-        <translation>Pixel unter der Maus: Lage und Rot, Grün, Blau, Alpha</translation>
     </message>
     <message>
         <source>Size of the photo in pixels</source>
@@ -983,10 +1165,6 @@
     <message>
         <source>%1 × %2</source>
         <translation>%1 × %2</translation>
-    </message>
-    <message>
-        <source>%1, %2:  %3  %4  %5  %6</source>
-        <translation>%1, %2:  %3  %4  %5  %6</translation>
     </message>
     <message>
         <source>%1 %</source>
@@ -1039,6 +1217,216 @@
     <message>
         <source>Looking for changes</source>
         <translation>Änderungen werden gesucht</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>%1 wird exportiert</translation>
+    </message>
+    <message>
+        <source>Exported %1</source>
+        <translation>%1 exportiert</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>S&amp;teps</source>
+        <translation>Sch&amp;ritte</translation>
+    </message>
+    <message>
+        <source>List what was done to the photo</source>
+        <translation>Auflisten, was mit dem Foto gemacht wurde</translation>
+    </message>
+    <message>
+        <source>The photo is being made from its steps</source>
+        <translation>Das Foto entsteht aus seinen Schritten</translation>
+    </message>
+    <message>
+        <source>Applying the steps</source>
+        <translation>Die Schritte werden angewendet</translation>
+    </message>
+    <message>
+        <source>Unsaved steps cannot be kept for the case of a crash: %1</source>
+        <translation>Nicht gespeicherte Schritte können für den Fall eines Absturzes nicht aufbewahrt werden: %1</translation>
+    </message>
+    <message>
+        <source>The editor did not come to its end while “%1” had steps that were not saved (%2). Restore them?</source>
+        <translation>Der Editor kam nicht zu seinem Ende, während „%1“ nicht gespeicherte Schritte hatte (%2). Sollen sie wiederhergestellt werden?</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Restored Steps</source>
+        <translation>Wiederhergestellte Schritte</translation>
+    </message>
+    <message>
+        <source>The photo was saved with other steps. Those that were restored are switched off.</source>
+        <translation>Das Foto wurde mit anderen Schritten gespeichert. Die wiederhergestellten sind ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since the steps were made.</source>
+        <translation>„%1“ hat sich geändert, seit die Schritte gemacht wurden.</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?</source>
+        <translation>„%1“ hat Änderungen, die nicht gespeichert sind, darunter die des offenen Panels „%2“. Alle speichern?</translation>
+    </message>
+    <message>
+        <source>There are no steps yet that could be applied to other photos.</source>
+        <translation>Es gibt noch keine Schritte, die auf andere Fotos angewendet werden könnten.</translation>
+    </message>
+    <message>
+        <source>Steps copied: %1</source>
+        <translation>Kopierte Schritte: %1</translation>
+    </message>
+    <message>
+        <source>No steps have been copied.</source>
+        <translation>Es wurden keine Schritte kopiert.</translation>
+    </message>
+    <message>
+        <source>Pasted Steps</source>
+        <translation>Eingefügte Schritte</translation>
+    </message>
+    <message>
+        <source>Keep Recipe</source>
+        <translation>Rezept behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Replace the recipe “%1”?</source>
+        <translation>Das Rezept „%1“ ersetzen?</translation>
+    </message>
+    <message>
+        <source>Open a photo first, which the recipe is to be applied to.</source>
+        <translation>Öffnen Sie zuerst ein Foto, auf das das Rezept angewendet werden soll.</translation>
+    </message>
+</context>
+<context>
+    <name>HBExportDialog</name>
+    <message>
+        <source>Convert colours to &amp;sRGB</source>
+        <translation>Farben in &amp;sRGB umrechnen</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>By the quality: full from 90 on</source>
+        <translation>Nach der Qualität: ab 90 voll</translation>
+    </message>
+    <message>
+        <source>Full (4:4:4)</source>
+        <translation>Voll (4:4:4)</translation>
+    </message>
+    <message>
+        <source>Half (4:2:2)</source>
+        <translation>Halb (4:2:2)</translation>
+    </message>
+    <message>
+        <source>Quarter (4:2:0)</source>
+        <translation>Ein Viertel (4:2:0)</translation>
+    </message>
+    <message>
+        <source>How fine colours are stored. Thin coloured lines and texts need them full.</source>
+        <translation>Wie fein Farben gespeichert werden. Dünne farbige Linien und Schrift brauchen sie voll.</translation>
+    </message>
+    <message>
+        <source>&amp;Browse…</source>
+        <translation>&amp;Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>&amp;Quality:</source>
+        <translation>&amp;Qualität:</translation>
+    </message>
+    <message>
+        <source>&amp;Colours:</source>
+        <translation>&amp;Farben:</translation>
+    </message>
+    <message>
+        <source>For programs and pages that do not look at colour profiles</source>
+        <translation>Für Programme und Seiten, die Farbprofile nicht beachten</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message>
+        <source>F&amp;ile:</source>
+        <translation>Date&amp;i:</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <translation>&amp;Exportieren</translation>
+    </message>
+    <message>
+        <source>-export</source>
+        <translation>-export</translation>
+    </message>
+    <message>
+        <source>0 smallest, 100 best. A WebP of 100 loses nothing at all.</source>
+        <translation>0 am kleinsten, 100 am besten. Ein WebP von 100 verliert gar nichts.</translation>
+    </message>
+    <message>
+        <source>Export As</source>
+        <translation>Exportieren als</translation>
+    </message>
+    <message>
+        <source>This is the photo itself: choose another name, or Save instead of Export.</source>
+        <translation>Das ist das Foto selbst: Wählen Sie einen anderen Namen, oder Speichern statt Exportieren.</translation>
+    </message>
+    <message>
+        <source>There is no such folder.</source>
+        <translation>Diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The name does not end in a format that can be written.</source>
+        <translation>Der Name endet nicht auf ein Format, das geschrieben werden kann.</translation>
+    </message>
+    <message>
+        <source>…</source>
+        <translation>…</translation>
+    </message>
+    <message>
+        <source>cannot be written in this format</source>
+        <translation>kann in diesem Format nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Replace %1?</source>
+        <translation>%1 ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>HBFilmStrip</name>
+    <message>
+        <source>Film Strip</source>
+        <translation>Filmstreifen</translation>
+    </message>
+    <message>
+        <source>Photos of the folder</source>
+        <translation>Fotos des Ordners</translation>
+    </message>
+    <message>
+        <source>Double click or Return opens a photo; Ctrl and Shift mark several</source>
+        <translation>Doppelklick oder Eingabetaste öffnet ein Foto; Strg und Umschalt markieren mehrere</translation>
     </message>
 </context>
 <context>
@@ -1197,6 +1585,36 @@
     </message>
 </context>
 <context>
+    <name>HBPanelFinder</name>
+    <message>
+        <source>Find Panel</source>
+        <translation>Panel suchen</translation>
+    </message>
+    <message>
+        <source>Name of a panel</source>
+        <translation>Name eines Panels</translation>
+    </message>
+</context>
+<context>
+    <name>HBPanelHead</name>
+    <message>
+        <source>Pre&amp;view</source>
+        <translation>&amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>Red, green or blue is changed on its own, too.</source>
+        <translation>Rot, Grün oder Blau ist auch einzeln geändert.</translation>
+    </message>
+    <message>
+        <source>Show the photo with this adjustment</source>
+        <translation>Das Foto mit dieser Anpassung zeigen</translation>
+    </message>
+    <message>
+        <source>No value of this panel makes that place so. Try another.</source>
+        <translation>Kein Wert dieses Panels macht diese Stelle so. Versuchen Sie eine andere.</translation>
+    </message>
+</context>
+<context>
     <name>HBPanelSession</name>
     <message>
         <source>The photo could not be adjusted for want of memory.</source>
@@ -1236,6 +1654,10 @@
     <message>
         <source>what is appended to the picture, such as a video</source>
         <translation>was an das Bild angehängt ist, etwa ein Video</translation>
+    </message>
+    <message>
+        <source>what other programs may still find of the part that is missing here</source>
+        <translation>was andere Programme von dem Teil, der hier fehlt, vielleicht noch finden</translation>
     </message>
 </context>
 <context>
@@ -1332,6 +1754,18 @@
         <source>it was given up</source>
         <translation>das wurde abgebrochen</translation>
     </message>
+    <message>
+        <source>its colours for print were converted to sRGB by its profile</source>
+        <translation>seine Druckfarben wurden nach seinem Profil in sRGB umgerechnet</translation>
+    </message>
+    <message>
+        <source>the file is cut short, and a part of the picture is missing</source>
+        <translation>die Datei ist abgeschnitten, und ein Teil des Bildes fehlt</translation>
+    </message>
+    <message>
+        <source>the file is cut short behind the picture</source>
+        <translation>die Datei ist hinter dem Bild abgeschnitten</translation>
+    </message>
 </context>
 <context>
     <name>HBPhotoFilterWidget</name>
@@ -1425,6 +1859,138 @@
     </message>
 </context>
 <context>
+    <name>HBPhotoPicks</name>
+    <message>
+        <source>&amp;Neutral…</source>
+        <translation>&amp;Neutral …</translation>
+    </message>
+    <message>
+        <source>Click a place of the photo that should be grey</source>
+        <translation>Auf eine Stelle des Fotos klicken, die grau sein soll</translation>
+    </message>
+    <message>
+        <source>&amp;Black…</source>
+        <translation>&amp;Schwarz …</translation>
+    </message>
+    <message>
+        <source>Click a place of the photo that should be black</source>
+        <translation>Auf eine Stelle des Fotos klicken, die schwarz sein soll</translation>
+    </message>
+    <message>
+        <source>&amp;Grey…</source>
+        <translation>&amp;Grau …</translation>
+    </message>
+    <message>
+        <source>&amp;White…</source>
+        <translation>&amp;Weiß …</translation>
+    </message>
+    <message>
+        <source>Click a place of the photo that should be white</source>
+        <translation>Auf eine Stelle des Fotos klicken, die weiß sein soll</translation>
+    </message>
+    <message>
+        <source>&amp;Pick Colour…</source>
+        <translation>Farbe &amp;aufnehmen …</translation>
+    </message>
+    <message>
+        <source>Click a place of the photo that has the new colour</source>
+        <translation>Auf eine Stelle des Fotos klicken, die die neue Farbe hat</translation>
+    </message>
+</context>
+<context>
+    <name>HBPresetStrip</name>
+    <message>
+        <source>Presets and recipes</source>
+        <translation>Voreinstellungen und Rezepte</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Voreinstellungen</translation>
+    </message>
+    <message>
+        <source>Last used</source>
+        <translation>Zuletzt benutzt</translation>
+    </message>
+    <message>
+        <source>Save, rename, delete, import and export presets</source>
+        <translation>Voreinstellungen speichern, umbenennen, löschen, importieren und exportieren</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Save These Values…</source>
+        <translation>Diese Werte &amp;speichern …</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren …</translation>
+    </message>
+    <message>
+        <source>Import Preset</source>
+        <translation>Voreinstellung importieren</translation>
+    </message>
+    <message>
+        <source>&amp;Rename “%1”…</source>
+        <translation>„%1“ &amp;umbenennen …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete “%1”</source>
+        <translation>„%1“ &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Export “%1”…</source>
+        <translation>„%1“ &amp;exportieren …</translation>
+    </message>
+    <message>
+        <source>Export Preset</source>
+        <translation>Voreinstellung exportieren</translation>
+    </message>
+    <message>
+        <source>Save Preset</source>
+        <translation>Voreinstellung speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Replace the preset “%1”?</source>
+        <translation>Die Voreinstellung „%1“ ersetzen?</translation>
+    </message>
+    <message>
+        <source>Rename Preset</source>
+        <translation>Voreinstellung umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete Preset</source>
+        <translation>Voreinstellung löschen</translation>
+    </message>
+    <message>
+        <source>Delete the preset “%1”?</source>
+        <translation>Die Voreinstellung „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>%1: there is no step of this panel.</source>
+        <translation>%1: darin ist kein Schritt dieses Panels.</translation>
+    </message>
+</context>
+<context>
+    <name>HBPresets</name>
+    <message>
+        <source>There is a preset of this name already.</source>
+        <translation>Es gibt schon eine Voreinstellung dieses Namens.</translation>
+    </message>
+</context>
+<context>
+    <name>HBRecentFiles</name>
+    <message>
+        <source>No photos yet</source>
+        <translation>Noch keine Fotos</translation>
+    </message>
+</context>
+<context>
     <name>HBRecipe</name>
     <message>
         <source>Step %1: %2</source>
@@ -1490,6 +2056,52 @@
         <source>Steps %1 (%2) to %3 (%4): %5</source>
         <translation>Schritte %1 (%2) bis %3 (%4): %5</translation>
     </message>
+    <message>
+        <source>whether it is on is neither true nor false</source>
+        <translation>ob er eingeschaltet ist, ist weder true noch false</translation>
+    </message>
+    <message>
+        <source>its amount is not a whole number from 0 to 100</source>
+        <translation>seine Stärke ist keine ganze Zahl von 0 bis 100</translation>
+    </message>
+</context>
+<context>
+    <name>HBRecipeDialog</name>
+    <message>
+        <source>Apply Recipe</source>
+        <translation>Rezept anwenden</translation>
+    </message>
+    <message>
+        <source>The photo as it is</source>
+        <translation>Das Foto, wie es ist</translation>
+    </message>
+    <message>
+        <source>The photo with the recipe</source>
+        <translation>Das Foto mit dem Rezept</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>It cannot be applied to this photo.</source>
+        <translation>Es kann auf dieses Foto nicht angewendet werden.</translation>
+    </message>
+</context>
+<context>
+    <name>HBRecipeMenu</name>
+    <message>
+        <source>No recipes yet</source>
+        <translation>Noch keine Rezepte</translation>
+    </message>
+    <message>
+        <source>&amp;Keep These Steps…</source>
+        <translation>Diese Schritte &amp;behalten …</translation>
+    </message>
+    <message>
+        <source>&amp;Open the Folder</source>
+        <translation>Den Ordner &amp;öffnen</translation>
+    </message>
 </context>
 <context>
     <name>HBReplaceColorWidget</name>
@@ -1515,10 +2127,25 @@
     </message>
 </context>
 <context>
+    <name>HBResultHistogram</name>
+    <message>
+        <source>Histogram of the result over that of the photo before</source>
+        <translation>Histogramm des Ergebnisses über dem des Fotos vorher</translation>
+    </message>
+    <message>
+        <source>Lines: the photo as it is shown. Grey: as it was before.</source>
+        <translation>Linien: das Foto, wie es gezeigt wird. Grau: wie es vorher war.</translation>
+    </message>
+</context>
+<context>
     <name>HBSaveFile</name>
     <message>
         <source>the disk is full</source>
         <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the file is write-protected</source>
+        <translation>die Datei ist schreibgeschützt</translation>
     </message>
 </context>
 <context>
@@ -1537,10 +2164,202 @@
     </message>
 </context>
 <context>
+    <name>HBSelectionShape</name>
+    <message>
+        <source>its selection has a shape without &quot;%1&quot;</source>
+        <translation>seine Auswahl hat eine Form ohne „%1“</translation>
+    </message>
+    <message>
+        <source>its selection has a wrong &quot;%1&quot;</source>
+        <translation>seine Auswahl hat ein falsches „%1“</translation>
+    </message>
+    <message>
+        <source>its selection has too many points</source>
+        <translation>seine Auswahl hat zu viele Punkte</translation>
+    </message>
+    <message>
+        <source>its selection has an unknown &quot;%1&quot;</source>
+        <translation>seine Auswahl hat ein unbekanntes „%1“</translation>
+    </message>
+    <message>
+        <source>its selection is not a list of shapes</source>
+        <translation>seine Auswahl ist keine Liste von Formen</translation>
+    </message>
+    <message>
+        <source>its selection has too many shapes</source>
+        <translation>seine Auswahl hat zu viele Formen</translation>
+    </message>
+    <message>
+        <source>its selection begins with a shape that is to be combined with others</source>
+        <translation>seine Auswahl beginnt mit einer Form, die mit anderen zu verknüpfen ist</translation>
+    </message>
+</context>
+<context>
+    <name>HBShortcutSheet</name>
+    <message>
+        <source>Keys and Mouse</source>
+        <translation>Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Drag</source>
+        <translation>Ziehen</translation>
+    </message>
+    <message>
+        <source>Move the photo, or draw with the chosen tool</source>
+        <translation>Das Foto verschieben, oder mit dem gewählten Werkzeug zeichnen</translation>
+    </message>
+    <message>
+        <source>Middle button, Space and drag</source>
+        <translation>Mittlere Taste, Leertaste und Ziehen</translation>
+    </message>
+    <message>
+        <source>Move the photo with any tool</source>
+        <translation>Das Foto mit jedem Werkzeug verschieben</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>Mausrad</translation>
+    </message>
+    <message>
+        <source>Zoom to the mouse</source>
+        <translation>Zur Maus hin zoomen</translation>
+    </message>
+    <message>
+        <source>Shift and wheel</source>
+        <translation>Umschalt und Mausrad</translation>
+    </message>
+    <message>
+        <source>Move the photo</source>
+        <translation>Das Foto verschieben</translation>
+    </message>
+    <message>
+        <source>B, \ (held)</source>
+        <translation>B, \ (gehalten)</translation>
+    </message>
+    <message>
+        <source>The photo as it was before</source>
+        <translation>Das Foto, wie es vorher war</translation>
+    </message>
+    <message>
+        <source>Controls of a panel</source>
+        <translation>Bedienelemente eines Panels</translation>
+    </message>
+    <message>
+        <source>Double click on a handle or a name</source>
+        <translation>Doppelklick auf einen Griff oder Namen</translation>
+    </message>
+    <message>
+        <source>Set the default</source>
+        <translation>Die Vorgabe setzen</translation>
+    </message>
+    <message>
+        <source>Arrows, Page Up, Page Down</source>
+        <translation>Pfeile, Bild auf, Bild ab</translation>
+    </message>
+    <message>
+        <source>A small step, a large step</source>
+        <translation>Ein kleiner Schritt, ein großer Schritt</translation>
+    </message>
+    <message>
+        <source>Changes the control that has the focus</source>
+        <translation>Ändert das Bedienelement, das den Fokus hat</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Escape</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>HBSideBySide</name>
+    <message>
+        <source>Photo as it was before</source>
+        <translation>Foto, wie es vorher war</translation>
+    </message>
+</context>
+<context>
     <name>HBSignWidget</name>
     <message>
         <source>Select an image</source>
         <translation>Bild auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>HBStepList</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Steps, from the first to the last</source>
+        <translation>Schritte, vom ersten zum letzten</translation>
+    </message>
+    <message>
+        <source>Double click or Return: change a step · Space: on or off · Alt+Up, Alt+Down: move it · Ctrl+D: duplicate · Del: delete</source>
+        <translation>Doppelklick oder Eingabe: Schritt ändern · Leertaste: ein oder aus · Alt+Auf, Alt+Ab: verschieben · Strg+D: verdoppeln · Entf: löschen</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>How much of what the step does</source>
+        <translation>Wie viel von dem, was der Schritt tut</translation>
+    </message>
+    <message>
+        <source>Amount of the step in per cent</source>
+        <translation>Stärke des Schritts in Prozent</translation>
+    </message>
+    <message>
+        <source>Amount:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>&amp;Change…</source>
+        <translation>Ä&amp;ndern …</translation>
+    </message>
+    <message>
+        <source>Switch &amp;Off</source>
+        <translation>&amp;Ausschalten</translation>
+    </message>
+    <message>
+        <source>Switch &amp;On</source>
+        <translation>&amp;Einschalten</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move Do&amp;wn</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>&amp;Verdoppeln</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
     </message>
 </context>
 <context>
@@ -1575,6 +2394,116 @@
     <message>
         <source>Select a white tone</source>
         <translation>Weißton auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>HBViewAids</name>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>Before and After &amp;Side by Side</source>
+        <translation>Vorher und Nachher &amp;nebeneinander</translation>
+    </message>
+    <message>
+        <source>Show the photo as it was beside it, the same part as large</source>
+        <translation>Das Foto, wie es war, daneben zeigen, denselben Teil gleich groß</translation>
+    </message>
+    <message>
+        <source>Compare with the Photo as Op&amp;ened</source>
+        <translation>Mit dem Foto vergleichen, wie es ge&amp;öffnet wurde</translation>
+    </message>
+    <message>
+        <source>Or else, in a panel, with the photo without this one step</source>
+        <translation>Sonst, in einem Panel, mit dem Foto ohne diesen einen Schritt</translation>
+    </message>
+    <message>
+        <source>Mark &amp;Clipping</source>
+        <translation>&amp;Über- und Unterlauf markieren</translation>
+    </message>
+    <message>
+        <source>Paint pixels red that are too bright in a channel, and blue that are black</source>
+        <translation>Pixel rot malen, die in einem Kanal zu hell sind, und blau, die schwarz sind</translation>
+    </message>
+    <message>
+        <source>&amp;Histogram</source>
+        <translation>&amp;Histogramm</translation>
+    </message>
+    <message>
+        <source>Show how often each level occurs, now and before</source>
+        <translation>Zeigen, wie oft jede Stufe vorkommt, jetzt und vorher</translation>
+    </message>
+    <message>
+        <source>Pixel under the mouse: its place, and red, green, blue and, unless opaque, alpha before → after</source>
+        <translation>Pixel unter der Maus: sein Ort, und Rot, Grün, Blau und, wenn nicht deckend, Alpha vorher → nachher</translation>
+    </message>
+    <message>
+        <source>Colour profile of the photo. It is shown by that of the monitor: %1</source>
+        <translation>Farbprofil des Fotos. Gezeigt wird es nach dem des Monitors: %1</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>%1, %2:  %3</source>
+        <translation>%1, %2:  %3</translation>
+    </message>
+</context>
+<context>
+    <name>HBViewColors</name>
+    <message>
+        <source>sRGB (assumed)</source>
+        <translation>sRGB (angenommen)</translation>
+    </message>
+    <message>
+        <source>Unknown profile (shown as sRGB)</source>
+        <translation>Unbekanntes Profil (gezeigt als sRGB)</translation>
+    </message>
+    <message>
+        <source>%1: this is not a colour profile of a monitor</source>
+        <translation>%1: das ist kein Farbprofil eines Monitors</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor Profile</source>
+        <translation>&amp;Monitorprofil</translation>
+    </message>
+    <message>
+        <source>Show colours by the profile that the desktop has for this monitor</source>
+        <translation>Farben nach dem Profil zeigen, das der Desktop für diesen Monitor hat</translation>
+    </message>
+    <message>
+        <source>Show colours by a profile from a file (ICC)</source>
+        <translation>Farben nach einem Profil aus einer Datei zeigen (ICC)</translation>
+    </message>
+    <message>
+        <source>The &amp;Desktop’s</source>
+        <translation>Das des &amp;Desktops</translation>
+    </message>
+    <message>
+        <source>The &amp;Desktop’s (%1)</source>
+        <translation>Das des &amp;Desktops (%1)</translation>
+    </message>
+    <message>
+        <source>From a &amp;File (%1)…</source>
+        <translation>Aus einer &amp;Datei (%1) …</translation>
+    </message>
+    <message>
+        <source>From a &amp;File…</source>
+        <translation>Aus einer &amp;Datei …</translation>
+    </message>
+    <message>
+        <source>Monitor Profile</source>
+        <translation>Monitorprofil</translation>
+    </message>
+    <message>
+        <source>Colour profiles</source>
+        <translation>Farbprofile</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
     </message>
 </context>
 <context>
@@ -1752,10 +2681,6 @@
         <translation>Korrigiert Fotos mit den Adjustment Panels.</translation>
     </message>
     <message>
-        <source>The photo to open.</source>
-        <translation>Das zu öffnende Foto.</translation>
-    </message>
-    <message>
         <source>Use dark window colours.</source>
         <translation>Dunkle Fensterfarben verwenden.</translation>
     </message>
@@ -1775,13 +2700,13 @@
         <source>For --screenshot: the size of the window, 1200x800 by default.</source>
         <translation>Für --screenshot: die Größe des Fensters, sonst 1200x800.</translation>
     </message>
+    <message>
+        <source>The photos to open: the first, and all of them in a film strip.</source>
+        <translation>Die Fotos, die geöffnet werden: das erste, und alle in einem Filmstreifen.</translation>
+    </message>
 </context>
 <context>
     <name>PanelReplay</name>
-    <message>
-        <source>interrupted; %1 of %2 photos were written</source>
-        <translation>abgebrochen; %1 von %2 Fotos wurden geschrieben</translation>
-    </message>
     <message>
         <source>there is not enough memory</source>
         <translation>der Speicher reicht nicht</translation>
@@ -2115,10 +3040,6 @@
         <translation>So viele Kerne nutzen; sonst alle.</translation>
     </message>
     <message>
-        <source>Memory for pictures, as 800M or 4G; default: half of the machine&apos;s. A photo that needs more is refused.</source>
-        <translation>Speicher für Bilder, etwa 800M oder 4G; sonst die Hälfte des Speichers dieses Rechners. Ein Foto, das mehr braucht, wird abgelehnt.</translation>
-    </message>
-    <message>
         <source>Give a file up that takes longer, or by the recipe&apos;s estimate would; default: 300.</source>
         <translation>Eine Datei aufgeben, die länger braucht oder nach Schätzung des Rezepts bräuchte; sonst 300.</translation>
     </message>
@@ -2247,10 +3168,6 @@
         <translation>das Array hat %1 Aufgaben, nicht %2</translation>
     </message>
     <message>
-        <source>task %1 is none of %2</source>
-        <translation>Aufgabe %1 gehört nicht zu den %2</translation>
-    </message>
-    <message>
         <source>this is no task of a job array; name the share with --shard I/N</source>
         <translation>das ist keine Aufgabe eines Job-Arrays; nennen Sie den Anteil mit --shard I/N</translation>
     </message>
@@ -2341,6 +3258,86 @@
     <message>
         <source>the folder cannot be read</source>
         <translation>der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>unterbrochen</translation>
+    </message>
+    <message>
+        <source>rectangle from %1 to %2</source>
+        <translation>Rechteck von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>ellipse from %1 to %2</source>
+        <translation>Ellipse von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>polygon of %1 corners</source>
+        <translation>Vieleck mit %1 Ecken</translation>
+    </message>
+    <message>
+        <source>gradient from %1 to %2</source>
+        <translation>Verlauf von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>colour %1, tolerance %2</source>
+        <translation>Farbe %1, Toleranz %2</translation>
+    </message>
+    <message>
+        <source>all but the %1</source>
+        <translation>alles außer: %1</translation>
+    </message>
+    <message>
+        <source>, feather %1 % of the shorter side</source>
+        <translation>, weiche Kante %1 % der kürzeren Seite</translation>
+    </message>
+    <message>
+        <source>without the %1</source>
+        <translation>ohne: %1</translation>
+    </message>
+    <message>
+        <source>only in the %1</source>
+        <translation>nur in: %1</translation>
+    </message>
+    <message>
+        <source>switched off</source>
+        <translation>ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>amount: %1 %</source>
+        <translation>Stärke: %1 %</translation>
+    </message>
+    <message>
+        <source>selection: %1</source>
+        <translation>Auswahl: %1</translation>
+    </message>
+    <message>
+        <source>%1: this is the report of a dry run, which does nothing</source>
+        <translation>%1: das ist der Bericht eines Probelaufs, der nichts tut</translation>
+    </message>
+    <message>
+        <source>missing: no report but a dry run&apos;s names it</source>
+        <translation>fehlt: nur der Bericht eines Probelaufs nennt sie</translation>
+    </message>
+    <message>
+        <source>Memory for pictures, as 800M or 4G; default: half of what the machine has, or the container. A photo that needs more is refused.</source>
+        <translation>Speicher für Bilder, als 800M oder 4G; sonst die Hälfte von dem, was der Rechner oder der Container hat. Ein Foto, das mehr braucht, wird abgelehnt.</translation>
+    </message>
+    <message>
+        <source>its name is not UTF-8, which Qt 6 needs</source>
+        <translation>ihr Name ist nicht UTF-8, was Qt 6 braucht</translation>
+    </message>
+    <message>
+        <source>interrupted; %1</source>
+        <translation>unterbrochen; %1</translation>
+    </message>
+    <message>
+        <source>task %1 is none of %2 that are numbered without gaps; name the share with --shard I/N</source>
+        <translation>Aufgabe %1 ist keine von %2, die lückenlos nummeriert sind; nennen Sie den Anteil mit --shard I/N</translation>
+    </message>
+    <message>
+        <source>%1 is not UTF-8, which Qt 6 needs</source>
+        <translation>%1 ist nicht UTF-8, was Qt 6 braucht</translation>
     </message>
 </context>
 <context>

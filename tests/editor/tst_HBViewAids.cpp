@@ -8,7 +8,7 @@
 #include <HBColorTransform.h>
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
-#include <HBPanelFrame.h>
+#include <HBPanelHead.h>
 #include <HBPhotoPicks.h>
 #include <HBSideBySide.h>
 #include <HBTemperature.h>

@@ -16,12 +16,12 @@ class QToolButton;
 
 /// What the editor adds to any panel, above it: whether the photo shows its adjustment, values picked from the
 /// photo, and what the panel does not show at the moment. The panel stays the session's.
-class HBPanelFrame : public QWidget
+class HBPanelHead : public QWidget
 {
     Q_OBJECT
 public:
-    HBPanelFrame(HBPanelSession* session, KMDocumentView* view);
-    ~HBPanelFrame() override;
+    HBPanelHead(HBPanelSession* session, KMDocumentView* view);
+    ~HBPanelHead() override;
 
     QCheckBox* PreviewBox() const { return m_pPreview; }
     const QVector<QToolButton*>& PickButtons() const { return m_PickButtons; }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBPanelFrame.h"
+#include "HBPanelHead.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBCurves.h>
@@ -55,7 +55,7 @@ bool HidesChannels(const std::any& record)
 
 } // namespace
 
-HBPanelFrame::HBPanelFrame(HBPanelSession* session, KMDocumentView* view)
+HBPanelHead::HBPanelHead(HBPanelSession* session, KMDocumentView* view)
     : m_pSession(session)
     , m_pView(view)
     , m_pPreview(new QCheckBox(tr("Pre&view"), this))
@@ -66,10 +66,10 @@ HBPanelFrame::HBPanelFrame(HBPanelSession* session, KMDocumentView* view)
     m_pPreview->setToolTip(tr("Show the photo with this adjustment"));
     m_pHint->setWordWrap(true);
     m_pHint->hide();
-    connect(m_pPreview, &QCheckBox::toggled, this, &HBPanelFrame::PreviewToggled);
-    connect(session->Panel(), &HBAdjustmentWidget::DataChanged, this, &HBPanelFrame::ShowHint);
+    connect(m_pPreview, &QCheckBox::toggled, this, &HBPanelHead::PreviewToggled);
+    connect(session->Panel(), &HBAdjustmentWidget::DataChanged, this, &HBPanelHead::ShowHint);
     // Another channel is shown without a word.
-    connect(session, &HBPanelSession::PreviewReady, this, &HBPanelFrame::ShowHint);
+    connect(session, &HBPanelSession::PreviewReady, this, &HBPanelHead::ShowHint);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -87,12 +87,12 @@ HBPanelFrame::HBPanelFrame(HBPanelSession* session, KMDocumentView* view)
     layout->addWidget(session->Widget(), 1);
 }
 
-HBPanelFrame::~HBPanelFrame()
+HBPanelHead::~HBPanelHead()
 {
     EndPick();
 }
 
-void HBPanelFrame::AddPicks(QHBoxLayout* row)
+void HBPanelHead::AddPicks(QHBoxLayout* row)
 {
     for (int i = 0; i < m_Picks.size(); ++i) {
         auto* button = new QToolButton(this);
@@ -111,7 +111,7 @@ void HBPanelFrame::AddPicks(QHBoxLayout* row)
 }
 
 /// The panel's controls come first by the tab key. It has put its own in order by now.
-void HBPanelFrame::showEvent(QShowEvent* event)
+void HBPanelHead::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     QWidget* const panel = m_pSession ? m_pSession->Widget() : nullptr;
@@ -134,7 +134,7 @@ void HBPanelFrame::showEvent(QShowEvent* event)
 
 // ---- Picking from the photo ----
 
-void HBPanelFrame::BeginPick(int index)
+void HBPanelHead::BeginPick(int index)
 {
     if (!m_pView || m_pView->HasOverrideCursor()) // a picker of the panel's own is on
         return m_PickButtons.at(index)->setChecked(false);
@@ -147,7 +147,7 @@ void HBPanelFrame::BeginPick(int index)
     Q_EMIT Noted(m_Picks.at(index).hint);
 }
 
-void HBPanelFrame::EndPick()
+void HBPanelHead::EndPick()
 {
     if (m_Picking < 0)
         return;
@@ -161,7 +161,7 @@ void HBPanelFrame::EndPick()
     m_pView->SetOverrideCursor(QCursor());
 }
 
-bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
+bool HBPanelHead::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_Picking < 0 || !m_pView)
         return QWidget::eventFilter(watched, event);
@@ -181,7 +181,7 @@ bool HBPanelFrame::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-void HBPanelFrame::PickAt(const QPoint& position)
+void HBPanelHead::PickAt(const QPoint& position)
 {
     const HBPhotoPick pick = m_Picks.at(m_Picking);
     EndPick();
@@ -206,7 +206,7 @@ void HBPanelFrame::PickAt(const QPoint& position)
     }
 }
 
-void HBPanelFrame::ShowHint()
+void HBPanelHead::ShowHint()
 {
     if (m_pSession && m_pSession->Panel())
         m_pHint->setVisible(HidesChannels(m_pSession->Entry().get(*m_pSession->Panel())));
