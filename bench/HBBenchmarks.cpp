@@ -450,6 +450,8 @@ int main(int argc, char* argv[])
                     "times.\n",
                     reporter.Median(ReadName), reporter.Median("Histogram") / reporter.Median(ReadName),
                     reporter.Median("WhiteBalance_Cast") / reporter.Median(ReadName));
+        std::printf("A change in the colour enhancer takes %.1f times the copy.\n",
+                    reporter.Median(HBChangeBenchmark("HBColorEnhancerWidget")) / reporter.Median(CopyName));
         HBPrintRecipes(reporter, CopyName);
         return 0;
     }

@@ -12,8 +12,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QSpinBox>
 #include <QThreadPool>
 
+#include <functional>
 #include <memory>
 
 namespace
@@ -34,8 +36,8 @@ std::unique_ptr<HBAdjustmentWidget> MakePanel(const QString& name, QString* erro
     return panel;
 }
 
-/// Seconds from SetImage to ImageReady; below 0 if the job failed.
-double SecondsOf(HBAdjustmentWidget& panel, const HBImage<>& photo)
+/// Seconds from `start` to ImageReady; below 0 if the job failed.
+double SecondsOf(HBAdjustmentWidget& panel, const std::function<void()>& start)
 {
     QEventLoop loop;
     qint64 elapsed = 0;
@@ -45,14 +47,21 @@ double SecondsOf(HBAdjustmentWidget& panel, const HBImage<>& photo)
         loop.quit();
     });
     timer.start();
-    panel.SetImage(photo, {}, {}, {});
+    start();
     loop.exec();
     const double seconds = panel.HasJobFailed() ? -1 : double(elapsed) / 1e9;
     HBThreadPool().waitForDone();
     return seconds;
 }
 
-void Run(benchmark::State& state, const std::string& className, const HBImage<>& photo)
+/// Has the panel work in one step of its first control.
+void Change(HBAdjustmentWidget& panel)
+{
+    panel.findChild<QSpinBox*>()->stepUp();
+    panel.ProcessNow();
+}
+
+void Run(benchmark::State& state, const std::string& className, const HBImage<>& photo, bool changed)
 {
     QString error;
     for (auto _ : state) {
@@ -61,7 +70,9 @@ void Run(benchmark::State& state, const std::string& className, const HBImage<>&
             state.SkipWithError(qPrintable(error));
             return;
         }
-        const double seconds = SecondsOf(*panel, photo);
+        double seconds = SecondsOf(*panel, [&] { panel->SetImage(photo, {}, {}, {}); });
+        if (changed && seconds >= 0)
+            seconds = SecondsOf(*panel, [&] { Change(*panel); });
         if (seconds < 0) {
             state.SkipWithError("The job failed");
             return;
@@ -77,10 +88,20 @@ std::string HBPanelBenchmark(const std::string& className)
     return "EndToEnd_" + className;
 }
 
+std::string HBChangeBenchmark(const std::string& className)
+{
+    return "Change_" + className;
+}
+
 void HBRegisterPanel(const std::string& className, const HBImage<>& (*photo)())
 {
-    benchmark::RegisterBenchmark(HBPanelBenchmark(className).c_str(),
-                                 [=](benchmark::State& state) { Run(state, className, photo()); })
-        ->Unit(benchmark::kMillisecond)
-        ->UseManualTime();
+    for (const bool changed : {false, true}) {
+        const std::string name = changed ? HBChangeBenchmark(className) : HBPanelBenchmark(className);
+        if (changed && className != "HBColorEnhancerWidget")
+            continue; // those that remember nothing of a picture take as long
+        benchmark::RegisterBenchmark(name.c_str(),
+                                     [=](benchmark::State& state) { Run(state, className, photo(), changed); })
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime();
+    }
 }

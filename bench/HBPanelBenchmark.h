@@ -8,6 +8,8 @@
 
 /// The name of a panel's benchmark.
 std::string HBPanelBenchmark(const std::string& className);
+/// That of a step of the first control afterwards, for a panel that remembers what it has found out about it.
+std::string HBChangeBenchmark(const std::string& className);
 
 /// Registers a benchmark of what a user waits for: from SetImage of a panel on the screen, with the setting of its
 /// demonstration, until ImageReady. A panel sees each picture for the first time; what it still works on after

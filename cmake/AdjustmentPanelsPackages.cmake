@@ -46,11 +46,12 @@ configure_file(CHANGELOG.md ${debian}/changelog COPYONLY)
 execute_process(COMMAND ${GZIP} -9nkf changelog changelog.Debian WORKING_DIRECTORY ${debian} COMMAND_ERROR_IS_FATAL ANY)
 
 # adjustment_panels_debian(<component> PACKAGE <name> SECTION <section> DESCRIPTION <text> [ALL]
-#                          [DEPENDS <component>...] [REQUIRES <Debian package>...] [RECOMMENDS <Debian package>...])
+#                          [DEPENDS <component>...] [REQUIRES <Debian package>...] [RECOMMENDS <Debian package>...]
+#                          [SUGGESTS <Debian package>...])
 #
 # The first line of the text is the synopsis; no semicolons. ALL: the same on every architecture. DEPENDS: of the same version.
 function(adjustment_panels_debian component)
-    cmake_parse_arguments(ARG "ALL" "PACKAGE;SECTION;DESCRIPTION" "DEPENDS;REQUIRES;RECOMMENDS" ${ARGN})
+    cmake_parse_arguments(ARG "ALL" "PACKAGE;SECTION;DESCRIPTION" "DEPENDS;REQUIRES;RECOMMENDS;SUGGESTS" ${ARGN})
     get_cmake_property(components COMPONENTS)
     if(NOT component IN_LIST components)
         return()
@@ -64,6 +65,8 @@ function(adjustment_panels_debian component)
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "${requires}" PARENT_SCOPE)
     list(JOIN ARG_RECOMMENDS ", " recommends)
     set(CPACK_DEBIAN_${upper}_PACKAGE_RECOMMENDS "${recommends}" PARENT_SCOPE)
+    list(JOIN ARG_SUGGESTS ", " suggests)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_SUGGESTS "${suggests}" PARENT_SCOPE)
     set(CPACK_COMPONENT_${upper}_DEPENDS "${ARG_DEPENDS}" PARENT_SCOPE)
     if(ARG_ALL)
         set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all PARENT_SCOPE)
@@ -79,11 +82,13 @@ if(qt6)
     set(qt_dev "qt6-base-dev (>= 6.4)")
     set(qt_formats qt6-image-formats-plugins)
     set(qt_texts qt6-translations-l10n)
+    set(more_formats "")
 else()
     set(qt6_dash "")
     set(qt_dev "qtbase5-dev (>= 5.15)")
     set(qt_formats qt5-image-formats-plugins)
     set(qt_texts qttranslations5-l10n)
+    set(more_formats kimageformat-plugins) # HEIC, AVIF, JPEG XL
 endif()
 adjustment_panels_debian(core
     PACKAGE libadjustmentpanels${qt6}-core${soname_version} SECTION libs DEPENDS data
@@ -117,14 +122,14 @@ Translations of the panels and their programs, and the type of recipes
 with its icon.")
 adjustment_panels_debian(editor
     PACKAGE panel-editor${qt6} SECTION graphics DEPENDS panels core data
-    RECOMMENDS ${qt_formats} ${qt_texts} panel-replay${qt6}
+    RECOMMENDS ${qt_formats} ${qt_texts} panel-replay${qt6} SUGGESTS ${more_formats}
     DESCRIPTION "adjusts tone and colour of photos
 Opens photos, adjusts them with twenty panels, whole or within a
 selection, compares before with after, and saves them with their metadata
 and colour profile, or what was done as a recipe for other photos.")
 adjustment_panels_debian(replay
     PACKAGE panel-replay${qt6} SECTION graphics DEPENDS core data
-    RECOMMENDS ${qt_formats}
+    RECOMMENDS ${qt_formats} SUGGESTS ${more_formats}
     DESCRIPTION "applies stored adjustments to any number of photos
 A command for recipes, as panel-editor saves them: to photos, folders and
 lists, on one machine or many, with a journal, reports and bounds of time

@@ -21,7 +21,6 @@
 namespace
 {
 
-constexpr int PatienceMilliseconds = 400;
 constexpr int GlanceMilliseconds = 50;
 
 /// Keeps the progress for whoever looks.
@@ -35,12 +34,18 @@ private:
     std::atomic<int> m_Progress{0};
 };
 
-/// On another thread; returns when it is done.
-void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFlags events)
+/// On another thread; returns when it is done. If that takes longer than `patience` milliseconds, `show` is called
+/// and the loop goes on with `events`, until then without the user's.
+void RunElsewhere(const std::function<void()>& work, int patience, const std::function<void()>& show,
+                  QEventLoop::ProcessEventsFlags events)
 {
     QEventLoop loop;
     QFutureWatcher<void> watcher;
-    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    bool done = false;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, [&] {
+        done = true;
+        loop.quit();
+    });
     // What was written before a step is read after it; Qt sees to that too, but out of sight of a thread
     // sanitizer.
     std::mutex order;
@@ -54,7 +59,14 @@ void RunElsewhere(const std::function<void()>& work, QEventLoop::ProcessEventsFl
     here.unlock();
     if (!started)
         return work(); // the system has no more threads: the window has to wait
-    loop.exec(events);
+    if (patience > 0) {
+        QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (!done) {
+        show();
+        loop.exec(events);
+    }
     here.lock();
 }
 
@@ -100,21 +112,23 @@ void HBBusyDialog::closeEvent(QCloseEvent* event)
 void HBBusyDialog::Run(const QString& text, QWidget* parent, const std::function<void()>& work)
 {
     HBBusyDialog dialog(text, parent);
-    QTimer::singleShot(PatienceMilliseconds, &dialog, &QWidget::show);
-    RunElsewhere(work, QEventLoop::ExcludeUserInputEvents);
+    RunElsewhere(
+        work, Patience, [&] { dialog.show(); }, QEventLoop::ExcludeUserInputEvents);
 }
 
 bool HBBusyDialog::RunCancellable(const QString& text, QWidget* parent,
-                                  const std::function<void(HBJobControl*)>& work)
+                                  const std::function<void(HBJobControl*)>& work, int patience)
 {
     Control control;
     HBBusyDialog dialog(text, parent);
     dialog.AllowCancel(&control);
-    dialog.m_pBar->setRange(0, 1000);
     QTimer glance;
-    connect(&glance, &QTimer::timeout, dialog.m_pBar, [&] { dialog.m_pBar->setValue(control.Progress()); });
+    connect(&glance, &QTimer::timeout, dialog.m_pBar, [&] {
+        if (control.Progress() > 0)
+            dialog.m_pBar->setRange(0, 1000);
+        dialog.m_pBar->setValue(control.Progress());
+    });
     glance.start(GlanceMilliseconds);
-    dialog.show();
-    RunElsewhere([&] { work(&control); }, QEventLoop::AllEvents);
+    RunElsewhere([&] { work(&control); }, patience, [&] { dialog.show(); }, QEventLoop::AllEvents);
     return !control.IsCancelled();
 }

@@ -24,10 +24,13 @@ public:
     /// input; the dialog comes if it takes long. `work` must not throw.
     static void Run(const QString& text, QWidget* parent, const std::function<void()>& work);
 
-    /// The same for work that can be cancelled, by a button, and tells how far it is as 0 .. 1000. The dialog
-    /// comes at once. False if it was cancelled.
+    static constexpr int Patience = 400; ///< milliseconds until Run() shows the dialog
+
+    /// The same for work that can be cancelled, by a button, and may tell how far it is as 0 .. 1000. False if it
+    /// was cancelled.
+    /// \param patience milliseconds until the dialog comes; before that the window takes no input
     static bool RunCancellable(const QString& text, QWidget* parent,
-                               const std::function<void(HBJobControl*)>& work);
+                               const std::function<void(HBJobControl*)>& work, int patience = 0);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -18,6 +18,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <utility>
+
 namespace
 {
 
@@ -29,14 +31,29 @@ QString Plain(QString text)
     return text.replace('&', "&&");
 }
 
-/// The text with the first of its letters that no other menu has as its mnemonic.
-QString WithMnemonic(const QMenuBar* bar, const QString& text)
+/// The keys that the field has for some panels.
+QKeySequence KeyOf(const QByteArray& panel)
+{
+    constexpr std::pair<const char*, const char*> keys[] = {{"HBLevelsWidget", "Ctrl+L"},
+                                                            {"HBCurvesWidget", "Ctrl+M"},
+                                                            {"HBHueSaturationWidget", "Ctrl+U"},
+                                                            {"HBColorBalanceWidget", "Ctrl+B"}};
+    for (const auto& entry : keys) {
+        if (panel == entry.first)
+            return QKeySequence(entry.second);
+    }
+    return {};
+}
+
+/// The text with the first of its letters that no other entry of the menu has as its mnemonic.
+QString WithMnemonic(const QWidget* menu, const QString& text)
 {
     QString taken;
-    for (const QAction* menu : bar->actions()) {
-        const int mark = menu->text().indexOf('&');
+    for (const QAction* entry : menu->actions()) {
+        const QString other = QString(entry->text()).remove("&&");
+        const int mark = other.indexOf('&');
         if (mark >= 0)
-            taken += menu->text().mid(mark + 1, 1).toLower();
+            taken += other.mid(mark + 1, 1).toLower();
     }
     for (int i = 0; i < text.size(); ++i) {
         if (text.at(i).isLetter() && !taken.contains(text.at(i).toLower()))
@@ -65,10 +82,16 @@ QAction* HBEditorActions::Add(QMenu* menu, const QString& text, const QKeySequen
     // Also while the dialog of a panel is the active window.
     action->setShortcutContext(Qt::ApplicationShortcut);
     action->setStatusTip(hint);
-    const QString name = QString(text).remove('&').remove(QChar(0x2026));
-    const QString keys = key.toString(QKeySequence::NativeText);
-    action->setToolTip(keys.isEmpty() ? name : QString("%1 (%2)").arg(name, keys));
+    Describe(action);
     return action;
+}
+
+/// The tool tip: the name, and the key if there is one.
+void HBEditorActions::Describe(QAction* action)
+{
+    const QString name = QString(action->text()).remove('&').remove(QChar(0x2026));
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    action->setToolTip(keys.isEmpty() ? name : QString("%1 (%2)").arg(name, keys));
 }
 
 void HBEditorActions::AddFile()
@@ -76,14 +99,24 @@ void HBEditorActions::AddFile()
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&File"));
     open = Add(menu, tr("&Open…"), QKeySequence::Open, tr("Open a photo"));
     open->setIcon(HBMakeIcon(HBEditorIcon::Open));
+    recent = menu->addMenu(tr("Open &Recent"));
+    nextPhoto =
+        Add(menu, tr("&Next Photo"), QKeySequence("Alt+Right"), tr("Open the next photo of the film strip"));
+    previousPhoto =
+        Add(menu, tr("Pre&vious Photo"), QKeySequence("Alt+Left"), tr("Open the photo before this one"));
     menu->addSeparator();
     save = Add(menu, tr("&Save"), QKeySequence::Save, tr("Write the photo to its file"));
     save->setIcon(HBMakeIcon(HBEditorIcon::Save));
     saveAs = Add(menu, tr("Save &As…"), QKeySequence("Ctrl+Shift+S"), tr("Write the photo to another file"));
+    exportCopy = Add(menu, tr("&Export…"), QKeySequence("Ctrl+Shift+E"),
+                     tr("Write a copy of the photo, in any format, quality and folder"));
     menu->addSeparator();
     saveRecipe =
         Add(menu, tr("Save &Recipe…"), {}, tr("Store the steps done so far, to apply them to other photos"));
     applyRecipe = Add(menu, tr("A&pply Recipe…"), {}, tr("Apply stored steps to the whole photo"));
+    recipes = menu->addMenu(tr("Re&cipes"));
+    applyToMarked = Add(menu, tr("Apply to &Marked Photos…"), QKeySequence("Ctrl+Shift+P"),
+                        tr("Apply the steps done so far to the photos that are marked in the film strip"));
     menu->addSeparator();
     quit = Add(menu, tr("&Quit"), QKeySequence("Ctrl+Q"), tr("Leave the editor"));
     quit->setMenuRole(QAction::QuitRole);
@@ -96,6 +129,18 @@ void HBEditorActions::AddEdit()
     undo->setIcon(HBMakeIcon(HBEditorIcon::Undo));
     redo = Add(menu, tr("&Redo"), QKeySequence::Redo, tr("Do the change again that was taken back"));
     redo->setIcon(HBMakeIcon(HBEditorIcon::Redo));
+    redo->setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
+    // A spin box undoes its own text by the same keys.
+    undo->setShortcutContext(Qt::WindowShortcut);
+    redo->setShortcutContext(Qt::WindowShortcut);
+    menu->addSeparator();
+    copySteps = Add(menu, tr("&Copy Steps"), QKeySequence("Ctrl+Shift+C"),
+                    tr("Remember the steps of this photo for another one"));
+    pasteSteps = Add(menu, tr("&Paste Steps"), QKeySequence("Ctrl+Shift+V"),
+                     tr("Apply the steps that were copied from another photo"));
+    repeatLast = Add(menu, tr("Repeat &Last"), QKeySequence("Ctrl+F"),
+                     tr("Apply the last adjustment once more, with the same values"));
+    findPanel = Add(menu, tr("&Find Panel…"), QKeySequence("Ctrl+K"), tr("Open a panel by typing its name"));
 }
 
 void HBEditorActions::AddSelect()
@@ -112,7 +157,7 @@ void HBEditorActions::AddSelect()
         tools->addAction(action);
         return action;
     };
-    tool(tr("&No Tool"), "V", tr("The mouse selects nothing"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
+    tool(tr("&No Tool"), "V", tr("Drag to move the photo"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
     tool(tr("&Rectangle"), "R", tr("Drag a rectangle; hold Shift for a square"), HBEditorIcon::Rectangle,
          Kind::Rectangle);
     tool(tr("&Ellipse"), "E", tr("Drag an ellipse; hold Shift for a circle"), HBEditorIcon::Ellipse,
@@ -122,7 +167,7 @@ void HBEditorActions::AddSelect()
     selectAll->setShortcutContext(Qt::WindowShortcut); // text fields have it too
     selectNothing = Add(menu, tr("Select N&othing"), QKeySequence("Ctrl+Shift+A"), tr("Work on the whole photo"));
     invertSelection =
-        Add(menu, tr("&Invert Selection"), QKeySequence("Ctrl+I"), tr("Select what is not selected now"));
+        Add(menu, tr("&Invert Selection"), QKeySequence("Ctrl+Shift+I"), tr("Select what is not selected now"));
 }
 
 void HBEditorActions::AddPanels()
@@ -136,7 +181,9 @@ void HBEditorActions::AddPanels()
         QMenu*& menu = menus[group];
         if (!menu)
             menu = AddPanelMenu(group);
-        QAction* action = menu->addAction(Plain(catalog.at(i).Title()) + QChar(0x2026));
+        QAction* action = menu->addAction(WithMnemonic(menu, catalog.at(i).Title()) + QChar(0x2026));
+        action->setShortcut(KeyOf(catalog.at(i).className));
+        action->setShortcutContext(Qt::ApplicationShortcut);
         action->setData(i);
         panels->addAction(action);
     }
@@ -167,11 +214,16 @@ void HBEditorActions::AddView()
         Add(menu, tr("&100 %"), QKeySequence("Ctrl+1"), tr("Show each pixel of the photo on one of the screen"));
     zoomActual->setIcon(HBMakeIcon(HBEditorIcon::Actual));
     menu->addSeparator();
-    split = Add(menu, tr("&Before and After"), QKeySequence("Ctrl+B"),
+    split = Add(menu, tr("&Before and After"), QKeySequence("Shift+B"),
                 tr("Show the photo as it was left of a line that can be dragged"));
+    split->setShortcutContext(Qt::WindowShortcut); // a letter that is typed in other windows
     split->setIcon(HBMakeIcon(HBEditorIcon::Split));
     split->setCheckable(true);
     menu->addSeparator();
+    filmStrip = Add(menu, tr("Film &Strip"), QKeySequence("F6"), tr("Show the photos of the folder in a row"));
+    filmStrip->setCheckable(true);
+    fullScreen = Add(menu, tr("F&ull Screen"), QKeySequence("F11"), tr("Give the whole screen to this window"));
+    fullScreen->setCheckable(true);
     docked = Add(menu, tr("Show &Panels in the Side Bar"), {}, tr("Or else each in a window of its own"));
     docked->setCheckable(true);
     dark = Add(menu, tr("&Dark"), {}, tr("Dark window colours instead of the system's"));
@@ -181,6 +233,8 @@ void HBEditorActions::AddView()
 void HBEditorActions::AddHelp()
 {
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Help"));
+    shortcuts = Add(menu, tr("&Keys and Mouse"), QKeySequence("F1"), tr("All keys, and what the mouse does"));
+    shortcuts->setShortcuts({QKeySequence("F1"), QKeySequence("Ctrl+/")});
     QAction* about = Add(menu, tr("&About Panel Editor"), {}, {});
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, [this] {

@@ -21,13 +21,23 @@ public:
     explicit HBEditorActions(QMainWindow* window);
 
     QAction* open;
+    QMenu* recent;
+    QAction* nextPhoto;
+    QAction* previousPhoto;
     QAction* save;
     QAction* saveAs;
+    QAction* exportCopy;
     QAction* saveRecipe;
     QAction* applyRecipe;
+    QMenu* recipes;
+    QAction* applyToMarked;
     QAction* quit;
     QAction* undo;
     QAction* redo;
+    QAction* copySteps;
+    QAction* pasteSteps;
+    QAction* repeatLast;
+    QAction* findPanel;
     QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
     QAction* selectAll;
     QAction* selectNothing;
@@ -39,13 +49,17 @@ public:
     QAction* zoomActual;
     QAction* split;
     QToolButton* showBefore; ///< while it is held down
+    QAction* filmStrip;
+    QAction* fullScreen;
     QAction* docked;
     QAction* dark;
     QMenu* ViewMenu() const { return m_pViewMenu; }
     QActionGroup* panels; ///< the data of each is its place in the catalog
+    QAction* shortcuts;
 
 private:
     QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, const QString& hint);
+    static void Describe(QAction* action);
     void AddFile();
     void AddEdit();
     void AddSelect();

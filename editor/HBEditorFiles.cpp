@@ -6,10 +6,12 @@
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
 #include "HBEditorWindow.h"
+#include "HBExportDialog.h"
+#include "HBFilmStrip.h"
 #include "HBMessageBar.h"
 #include "HBSelectionTool.h"
 
-#include <KMApplication.h>
+#include <KMDocumentView.h>
 #include <KMImageFileManager.h>
 
 #include <QFileDialog>
@@ -41,17 +43,34 @@ bool HasQuality(const QString& path)
     return suffix == "jpg" || suffix == "jpeg" || suffix == "webp";
 }
 
+/// A format that is chosen from the dialog's list becomes that of the name.
+void FollowChosenFormat(QFileDialog* dialog)
+{
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        const QStringList suffixes = filter.section('(', -1).remove(')').remove("*.").split(' ');
+        if (suffixes.size() > 2 || suffixes.first() == "*")
+            return; // all formats, all files
+        const QFileInfo chosen(dialog->selectedFiles().value(0));
+        if (suffixes.contains(chosen.suffix().toLower()))
+            return;
+        dialog->setDefaultSuffix(suffixes.first());
+        const QString name = CanBeWritten(chosen.filePath()) ? chosen.completeBaseName() : chosen.fileName();
+        dialog->selectFile(name + '.' + suffixes.first());
+    });
+}
+
 } // namespace
 
 // ---- Open ----
 
 void HBEditorWindow::ChooseFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Photo"), KMApplication::GetPathOpen(),
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Photo"),
+                                                      m_Folders.Folder(HBFolders::Photos, m_Document.Path()),
                                                       KMImageFileManager::GetFilterForRead());
     if (path.isEmpty())
         return;
-    KMApplication::SetPathOpen(QFileInfo(path).absolutePath());
+    m_Folders.SetUsed(HBFolders::Photos, path);
     Open(path);
 }
 
@@ -63,8 +82,15 @@ bool HBEditorWindow::Open(const QString& path)
     HBPhoto photo;
     QString error;
     bool read = false;
-    HBBusyDialog::Run(tr("Opening %1").arg(QFileInfo(path).fileName()), this,
-                      [&] { read = HBReadPhoto(path, &photo, &error); });
+    const bool wanted = HBBusyDialog::RunCancellable(
+        tr("Opening %1").arg(QFileInfo(path).fileName()), this,
+        [&](const HBJobControl* control) {
+            const auto isWanted = [control] { return !control->IsCancelled(); };
+            read = HBReadPhoto(path, &photo, &error, isWanted, HBCutShort::Read);
+        },
+        HBBusyDialog::Patience);
+    if (!wanted)
+        return false;
     if (!read) {
         m_pMessages->ShowError(error);
         return false;
@@ -73,7 +99,11 @@ bool HBEditorWindow::Open(const QString& path)
     if (!photo.warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join("; "));
     m_pSelection->SelectNothing();
-    m_Document.SetPhoto(QFileInfo(path).absoluteFilePath(), photo);
+    const QString full = QFileInfo(path).absoluteFilePath();
+    m_pStrip->SetOpen(full);
+    m_Recent.Add(full);
+    m_Document.SetPhoto(full, photo);
+    m_pView->setFocus();
     return true;
 }
 
@@ -120,6 +150,7 @@ bool HBEditorWindow::SaveAs()
         return false;
     QFileDialog dialog(this, tr("Save Photo As"), m_Document.Path(), KMImageFileManager::GetFilterForWrite());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    FollowChosenFormat(&dialog);
     const QFileInfo present(m_Document.Path());
     const QString suffix = CanBeWritten(m_Document.Path()) ? present.suffix() : QString("png");
     dialog.setDefaultSuffix(suffix);
@@ -155,11 +186,42 @@ bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
         m_pMessages->ShowError(error);
         return false;
     }
+    m_pStrip->SetOpen(path);
+    m_pStrip->Refresh(path);
+    m_Recent.Add(path);
     m_Document.SetSaved(path, encoding);
     m_pMessages->hide();
     if (!warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join("; "));
     statusBar()->showMessage(tr("Saved %1").arg(path), StatusMilliseconds);
+    return true;
+}
+
+/// The document stays what it is: neither saved nor under another name.
+bool HBEditorWindow::Export()
+{
+    if (!MayLeavePanel() || !Settle())
+        return false;
+    const HBImage<> image = m_Document.Image();
+    HBExportDialog dialog(image, m_Document.Path(), &m_Folders, m_Remember, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    const QScopedValueRollback<bool> busy(m_Busy, true);
+    const QString path = dialog.Path();
+    const HBPhotoOptions options = dialog.Options();
+    QString error;
+    QStringList warnings;
+    bool written = false;
+    HBBusyDialog::Run(tr("Exporting %1").arg(QFileInfo(path).fileName()), this,
+                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings); });
+    if (!written) {
+        m_pMessages->ShowError(error);
+        return false;
+    }
+    m_pMessages->hide();
+    if (!warnings.isEmpty())
+        m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join("; "));
+    statusBar()->showMessage(tr("Exported %1").arg(path), StatusMilliseconds);
     return true;
 }
 
@@ -174,7 +236,8 @@ void HBEditorWindow::SaveRecipe()
         m_pMessages->ShowNote(tr("There are no steps to save as a recipe yet."));
         return;
     }
-    QFileDialog dialog(this, tr("Save Recipe"), QFileInfo(m_Document.Path()).absolutePath(), RecipeFilter());
+    QFileDialog dialog(this, tr("Save Recipe"), m_Folders.Folder(HBFolders::Recipes, m_Document.Path()),
+                       RecipeFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("json");
     if (dialog.exec() != QDialog::Accepted)
@@ -189,6 +252,7 @@ void HBEditorWindow::SaveRecipe()
             return;
         }
     }
+    m_Folders.SetUsed(HBFolders::Recipes, path);
     if (recipe.Save(path, &error))
         statusBar()->showMessage(tr("Recipe saved. Steps: %1").arg(recipe.steps.size()), StatusMilliseconds);
     else
@@ -197,25 +261,31 @@ void HBEditorWindow::SaveRecipe()
 
 void HBEditorWindow::ChooseRecipe()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Apply Recipe"),
-                                                      QFileInfo(m_Document.Path()).absolutePath(), RecipeFilter());
-    if (!path.isEmpty())
-        ApplyRecipe(path);
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Apply Recipe"), m_Folders.Folder(HBFolders::Recipes, m_Document.Path()), RecipeFilter());
+    if (path.isEmpty())
+        return;
+    m_Folders.SetUsed(HBFolders::Recipes, path);
+    ApplyRecipe(path);
 }
 
 bool HBEditorWindow::ApplyRecipe(const QString& path)
 {
-    if (!m_Document.IsOpen() || !MayLeavePanel())
-        return false;
     HBRecipe recipe;
     QString error;
-    if (!HBRecipe::Load(path, &recipe, &error)) {
-        m_pMessages->ShowError(error);
+    if (HBRecipe::Load(path, &recipe, &error))
+        return ApplyRecipe(QFileInfo(path).completeBaseName(), recipe);
+    m_pMessages->ShowError(error);
+    return false;
+}
+
+bool HBEditorWindow::ApplyRecipe(const QString& title, const HBRecipe& recipe)
+{
+    if (!m_Document.IsOpen() || !MayLeavePanel())
         return false;
-    }
     HBImage<> image;
     if (!Compute(m_Document.AllSteps() + recipe.steps, &image))
         return false;
-    m_Document.Append(recipe.steps, QFileInfo(path).completeBaseName(), image);
+    m_Document.Append(recipe.steps, title, image);
     return true;
 }

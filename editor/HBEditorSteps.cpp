@@ -8,6 +8,7 @@
 #include "HBEditorWindow.h"
 #include "HBMessageBar.h"
 #include "HBPanelGestures.h"
+#include "HBPresetStrip.h"
 #include "HBRecovery.h"
 #include "HBSelectionTool.h"
 #include "HBStepList.h"
@@ -156,6 +157,10 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
     const bool isStep = IsPanelChanged() || (opened < 0 && IsPanelSeen(image));
     if (m_pSession->HasSelection()) // overlays have none
         step.selection = m_pSelection->Shape();
+    m_LastStep = step;
+    QString ignored; // the step counts, not that it is remembered
+    if (m_pPresets)
+        m_pPresets->Presets().SetLast(step.values, &ignored);
     DropPanel();
     if (!isStep)
         return;

@@ -6,12 +6,18 @@
 #include "HBBeforeAfter.h"
 #include "HBBusyDialog.h"
 #include "HBEditorActions.h"
+#include "HBFilmStrip.h"
 #include "HBMessageBar.h"
+#include "HBOverlayBox.h"
+#include "HBPanelFinder.h"
 #include "HBPanelFrame.h"
 #include "HBPanelGestures.h"
 #include "HBPanelPlacement.h"
+#include "HBPhotoFrame.h"
+#include "HBPresetStrip.h"
 #include "HBSamePixels.h"
 #include "HBSelectionTool.h"
+#include "HBShortcutSheet.h"
 #include "HBSideBySide.h"
 #include "HBStepList.h"
 #include "HBViewAids.h"
@@ -29,12 +35,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QSettings>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTextEdit>
 #include <QTimer>
@@ -48,7 +56,9 @@ namespace
 
 constexpr char GeometryKey[] = "window/geometry";
 constexpr char DockedKey[] = "view/docked";
+constexpr char StripKey[] = "view/filmStrip";
 constexpr char DarkKey[] = "view/dark";
+constexpr char DockWidthKey[] = "view/dockWidth";
 constexpr char StepsKey[] = "view/steps";
 constexpr char QualityKey[] = "files/quality";
 
@@ -64,27 +74,29 @@ bool IsTyping(const QWidget* widget)
 HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     : QMainWindow(parent)
     , m_Remember(remember)
+    , m_Folders(remember)
     , m_pView(new KMDocumentView(this))
     , m_pMessages(new HBMessageBar(this))
     , m_pSelection(new HBSelectionTool(m_pView, this))
     , m_pBeforeAfter(new HBBeforeAfter(m_pView, this))
     , m_pActions(new HBEditorActions(this))
     , m_pPlacement(new HBPanelPlacement(this))
+    , m_pStrip(new HBFilmStrip(this))
+    , m_Recent(remember, m_pActions->recent)
 {
-    auto* central = new QWidget(this);
-    auto* layout = new QVBoxLayout(central);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
     m_pAids = new HBViewAids(this, m_pView, m_pBeforeAfter, m_pActions->ViewMenu());
-    layout->addWidget(m_pMessages);
-    layout->addWidget(m_pAids->SideBySide(), 1);
-    setCentralWidget(central);
+    auto* photo = new HBPhotoFrame(m_pAids->SideBySide(), this);
+    setCentralWidget(photo);
+    m_pMessages->LieOver(photo);
+    m_pView->SetWheelZooms(true);
+    m_pView->SetHandDrags(true);
     setAcceptDrops(true);
     m_pView->SetPlaceholder(tr("Open a photo with Ctrl+O, or drop one here."));
 
     BuildStatusBar();
     BuildSteps();
     ConnectActions();
+    ConnectPhotos();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
     connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
@@ -118,13 +130,21 @@ void HBEditorWindow::ConnectActions()
     connect(a.open, &QAction::triggered, this, &HBEditorWindow::ChooseFile);
     connect(a.save, &QAction::triggered, this, &HBEditorWindow::Save);
     connect(a.saveAs, &QAction::triggered, this, &HBEditorWindow::SaveAs);
+    connect(a.exportCopy, &QAction::triggered, this, &HBEditorWindow::Export);
     connect(a.saveRecipe, &QAction::triggered, this, &HBEditorWindow::SaveRecipe);
     connect(a.applyRecipe, &QAction::triggered, this, &HBEditorWindow::ChooseRecipe);
     connect(a.quit, &QAction::triggered, this, &QWidget::close);
     connect(a.undo, &QAction::triggered, this, &HBEditorWindow::Undo);
     connect(a.redo, &QAction::triggered, this, &HBEditorWindow::Redo);
+    connect(a.repeatLast, &QAction::triggered, this, &HBEditorWindow::RepeatLast);
+    connect(a.findPanel, &QAction::triggered, this, &HBEditorWindow::FindPanel);
+    connect(a.fullScreen, &QAction::triggered, this,
+            [this](bool full) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, full)); });
+    connect(a.shortcuts, &QAction::triggered, this, [this] { HBShortcutSheet(menuBar(), this).exec(); });
     connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
-        m_pSelection->SetTool(HBSelectionTool::Tool(action->data().toInt()));
+        const auto tool = HBSelectionTool::Tool(action->data().toInt());
+        m_pSelection->SetTool(tool);
+        m_pView->SetHandDrags(tool == HBSelectionTool::Tool::None);
     });
     connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
     connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
@@ -139,8 +159,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pAids->Frame())
-            m_pPlacement->Show(m_pAids->Frame(), m_pSession->Entry().Title(), docked);
+        if (m_pSession && m_pPanelBox)
+            m_pPlacement->Show(m_pPanelBox, m_pSession->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -168,8 +188,10 @@ void HBEditorWindow::ReadSettings()
     const QSettings settings;
     m_pActions->docked->setChecked(settings.value(DockedKey, true).toBool());
     m_pActions->dark->setChecked(settings.value(DarkKey, false).toBool());
+    m_pActions->filmStrip->setChecked(settings.value(StripKey, false).toBool());
     m_pShowSteps->setChecked(settings.value(StepsKey, true).toBool());
     m_Quality = qBound(0, settings.value(QualityKey, m_Quality).toInt(), 100);
+    m_pPlacement->SetWidth(qBound(0, settings.value(DockWidthKey, m_pPlacement->Width()).toInt(), 2000));
     m_pAids->ReadSettings(settings);
     restoreGeometry(settings.value(GeometryKey).toByteArray());
 }
@@ -181,8 +203,10 @@ void HBEditorWindow::WriteSettings() const
     QSettings settings;
     settings.setValue(DockedKey, m_pActions->docked->isChecked());
     settings.setValue(DarkKey, m_pActions->dark->isChecked());
+    settings.setValue(StripKey, m_pActions->filmStrip->isChecked());
     settings.setValue(StepsKey, m_pShowSteps->isChecked());
     settings.setValue(QualityKey, m_Quality);
+    settings.setValue(DockWidthKey, m_pPlacement->Width());
     m_pAids->WriteSettings(&settings);
     settings.setValue(GeometryKey, saveGeometry());
 }
@@ -193,6 +217,7 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
 {
     if (!m_Document.IsOpen() || !MayLeavePanel() || !Settle())
         return false;
+    m_pMessages->hide(); // it was about another step
     m_PanelSource = m_Document.Image();
     BeginPanel(entry);
     return true;
@@ -221,7 +246,13 @@ void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
         else
             m_pMessages->ShowError(reason);
     });
-    m_pPlacement->Show(m_pAids->BeginPanel(m_pSession), entry.Title(), m_pActions->docked->isChecked());
+    if (HBOverlayBox::IsFor(entry)) {
+        if (m_OpenedStep < 0)
+            HBOverlayBox::SetFirstSize(m_pSession);
+        new HBOverlayBox(m_pSession, m_pView);
+    }
+    MakePanelBox();
+    m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
     if (m_OpenedStep >= 0)
         m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
     m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
@@ -229,6 +260,28 @@ void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
     ShowDocument();
     m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
+}
+
+HBPresetStrip* HBEditorWindow::Presets() const
+{
+    return m_pPresets;
+}
+
+void HBEditorWindow::MakePanelBox()
+{
+    if (!m_Remember && !m_pNotRemembered)
+        m_pNotRemembered = std::make_unique<QTemporaryDir>();
+    const QString folder = m_Remember
+                               ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/presets"
+                               : m_pNotRemembered->path();
+    m_pPanelBox = new QWidget;
+    m_pPresets = new HBPresetStrip(folder, m_pSession, &m_Folders);
+    auto* layout = new QVBoxLayout(m_pPanelBox);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_pPresets);
+    layout->addWidget(m_pAids->BeginPanel(m_pSession));
+    connect(m_pPresets, &HBPresetStrip::Failed, m_pMessages, &HBMessageBar::ShowError);
 }
 
 /// To a panel that is open; the selection may be another than before.
@@ -239,9 +292,28 @@ void HBEditorWindow::HandOverSource()
     try {
         const HBSelection selection = m_pSelection->Selection(m_Document.Original());
         m_pSession->SetTarget({m_PanelSource, selection.mask, selection.offset, selection.bounds});
+        m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
     }
+}
+
+/// By a panel that is opened and confirmed, so that it is a step like any other.
+void HBEditorWindow::RepeatLast()
+{
+    const HBPanelEntry* entry = HBFindPanel(m_LastStep.panel);
+    const HBRecipeStep step = m_LastStep;
+    if (!entry || !OpenPanel(*entry))
+        return;
+    m_pSession->SetStep(step);
+    m_pSession->Accept();
+}
+
+void HBEditorWindow::FindPanel()
+{
+    HBPanelFinder finder(this);
+    if (finder.exec() == QDialog::Accepted && finder.Chosen())
+        OpenPanel(*finder.Chosen());
 }
 
 /// Not at once: this may be one of the panel's own signals.
@@ -368,10 +440,15 @@ void HBEditorWindow::ShowDocument()
 
     ShowSteps();
     const HBEditorActions& a = *m_pActions;
-    for (QAction* action : {a.saveAs, a.saveRecipe, a.applyRecipe, a.selectAll, a.selectNothing, a.invertSelection,
-                            a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
+    for (QAction* action :
+         {a.saveAs, a.exportCopy, a.saveRecipe, a.copySteps, a.pasteSteps, a.applyToMarked, a.applyRecipe,
+          a.selectAll, a.selectNothing, a.invertSelection, a.zoomIn, a.zoomOut, a.zoomFit, a.zoomActual, a.split})
         action->setEnabled(open);
     a.save->setEnabled(m_Document.IsModified() || panel);
+    a.nextPhoto->setEnabled(!m_pStrip->Neighbour(1).isEmpty());
+    a.previousPhoto->setEnabled(!m_pStrip->Neighbour(-1).isEmpty());
+    a.repeatLast->setEnabled(open && !m_LastStep.panel.isEmpty());
+    a.findPanel->setEnabled(open);
     a.panels->setEnabled(open);
     a.tools->setEnabled(open);
     a.feather->setEnabled(open);
@@ -406,12 +483,18 @@ void HBEditorWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void HBEditorWindow::dropEvent(QDropEvent* event)
 {
-    const QString path = event->mimeData()->urls().value(0).toLocalFile();
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
     event->acceptProposedAction();
     // Later: the program that the file comes from waits for the end of this event.
-    QTimer::singleShot(0, this, [this, path] {
-        if (!path.isEmpty())
-            Open(path);
+    QTimer::singleShot(0, this, [this, paths] {
+        if (paths.value(0).endsWith(".json", Qt::CaseInsensitive))
+            PreviewRecipe(paths.first());
+        else if (!paths.isEmpty())
+            OpenAll(paths);
     });
 }
 

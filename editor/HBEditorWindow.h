@@ -3,14 +3,22 @@
 #pragma once
 
 #include "HBDocument.h"
+#include "HBFolders.h"
+#include "HBRecentFiles.h"
 
 #include <HBPanelSession.h>
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTemporaryDir>
+
+#include <memory>
 
 class HBBeforeAfter;
 class HBEditorActions;
+class HBFilmStrip;
+class HBPresetStrip;
+class HBRecipeMenu;
 class HBMessageBar;
 class HBPanelGestures;
 class HBPanelPlacement;
@@ -42,6 +50,9 @@ public:
     /// Opens a panel on the photo, in place of one that is open.
     bool OpenPanel(const HBPanelEntry& entry);
     bool ApplyRecipe(const QString& path);
+    bool ApplyRecipe(const QString& title, const HBRecipe& recipe);
+    /// Several make a film strip of their own, and the first is opened; a single one is opened in its folder.
+    bool OpenAll(const QStringList& paths);
     /// Opens the panel of a step of the stack, with its values and its selection, on the photo as the steps before
     /// it have made it. OK changes that step.
     bool OpenStep(int step);
@@ -55,6 +66,9 @@ public:
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
     HBEditorActions* Actions() const { return m_pActions; }
+    HBFilmStrip* FilmStrip() const { return m_pStrip; }
+    /// Null while no panel is open.
+    HBPresetStrip* Presets() const;
     HBStepList* StepList() const { return m_pSteps; }
     HBViewAids* ViewAids() const { return m_pAids; }
 
@@ -95,20 +109,38 @@ private:
     bool Save();
     bool SaveAs();
     bool SaveOver();
+    bool Export();
     void SaveRecipe();
     void ChooseRecipe();
+    bool TakeRecipe(HBRecipe* recipe);
+    void KeepRecipe(const HBRecipeMenu* recipes);
+    void PreviewRecipe(const QString& path);
+    void CopySteps();
+    void PasteSteps();
+    void ApplyToMarked();
+    void ConnectPhotos();
+    void OpenNeighbour(int step);
+
+    void MakePanelBox();
+    void RepeatLast();
+    void FindPanel();
 
     void ShowDocument();
     void ShowZoom(double zoom);
     void HandOverSource();
 
     const bool m_Remember;
+    HBFolders m_Folders;
     HBDocument m_Document;
     QPointer<HBPanelSession> m_pSession;
-    QPointer<HBPanelGestures> m_pGestures; ///< of the session
-    HBImage<> m_PanelSource;               ///< what the open panel works on
-    int m_OpenedStep = -1;                 ///< that it changes; -1: it makes a new one
-    HBSelectionShape m_SelectionBefore;    ///< that of the opened step is shown in its place
+    QPointer<QWidget> m_pPanelBox; ///< the open panel below its presets
+    QPointer<HBPresetStrip> m_pPresets;
+    std::unique_ptr<QTemporaryDir> m_pNotRemembered; ///< where presets go when nothing is remembered
+    HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
+    QPointer<HBPanelGestures> m_pGestures;           ///< of the session
+    HBImage<> m_PanelSource;                         ///< what the open panel works on
+    int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
+    HBSelectionShape m_SelectionBefore;              ///< that of the opened step is shown in its place
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
     QAction* m_pShowSteps = nullptr;
@@ -121,6 +153,8 @@ private:
     HBEditorActions* m_pActions;
     HBViewAids* m_pAids = nullptr;
     HBPanelPlacement* m_pPlacement;
+    HBFilmStrip* m_pStrip;
+    HBRecentFiles m_Recent;
     QLabel* m_pSizeLabel = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     int m_Quality = 92;  ///< what Save As offers

@@ -3,6 +3,7 @@
 #include "HBMessageBar.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
@@ -27,6 +28,35 @@ HBMessageBar::HBMessageBar(QWidget* parent) : QFrame(parent), m_pIcon(new QLabel
     layout->addWidget(close, 0, Qt::AlignTop);
     setAutoFillBackground(true);
     hide();
+    connect(&m_Time, &QTimer::timeout, this, [this] {
+        if (!underMouse())
+            hide();
+    });
+}
+
+void HBMessageBar::LieOver(QWidget* area)
+{
+    const bool shown = !isHidden();
+    setParent(area); // which hides it
+    setVisible(shown);
+    area->installEventFilter(this);
+    Place();
+}
+
+bool HBMessageBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parent() && event->type() == QEvent::Resize)
+        Place();
+    return QFrame::eventFilter(watched, event);
+}
+
+void HBMessageBar::Place()
+{
+    if (!parentWidget())
+        return;
+    const int width = parentWidget()->width();
+    setGeometry(0, 0, width, hasHeightForWidth() ? heightForWidth(width) : sizeHint().height());
+    raise();
 }
 
 QString HBMessageBar::Text() const
@@ -43,6 +73,8 @@ void HBMessageBar::ShowText(const QString& text, bool error)
     m_pIcon->setPixmap(style()->standardIcon(icon).pixmap(18, 18));
     m_pText->setText(text);
     setAccessibleName(text);
+    Place();
+    m_Time.start(error ? ErrorMilliseconds : NoteMilliseconds);
     show();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

@@ -38,12 +38,16 @@ QWidget* Column(QWidget* panel)
     return area;
 }
 
-/// The first control that the tab key reaches; not the buttons, which are older than the controls.
+/// The first control that the tab key reaches; not the buttons, which are older than the controls, nor what stands
+/// above the panel.
 void FocusFirst(QWidget* panel)
 {
     for (QWidget* widget = panel->nextInFocusChain(); panel->isAncestorOf(widget);
          widget = widget->nextInFocusChain()) {
-        if ((widget->focusPolicy() & Qt::TabFocus) && !qobject_cast<QDialogButtonBox*>(widget->parentWidget())) {
+        const bool passed = qobject_cast<QDialogButtonBox*>(widget->parentWidget()) ||
+                            widget->parentWidget()->inherits("HBPresetStrip") ||
+                            widget->parentWidget()->inherits("HBPanelFrame");
+        if ((widget->focusPolicy() & Qt::TabFocus) && !passed) {
             widget->setFocus(Qt::OtherFocusReason);
             return;
         }
@@ -88,7 +92,7 @@ void HBPanelPlacement::Show(QWidget* panel, const QString& title, bool docked)
         MakeOkDefault(panel);
         m_pDock->show();
         m_pDock->raise(); // before the list of steps
-        m_pWindow->resizeDocks({m_pDock}, {qMax(320, m_pDock->sizeHint().width())}, Qt::Horizontal);
+        m_pWindow->resizeDocks({m_pDock}, {qMax(m_Width, m_pDock->minimumSizeHint().width())}, Qt::Horizontal);
     } else {
         m_pDialog = new QDialog(m_pWindow);
         m_pDialog->setWindowTitle(title);
@@ -119,6 +123,8 @@ void HBPanelPlacement::Close()
         m_pDialog->deleteLater();
         m_pDialog = nullptr;
     }
+    if (m_pDock->isVisible() && !m_pDock->isFloating())
+        m_Width = m_pDock->width(); // else the photo would change its scale with every panel
     m_pDock->hide();
     if (QWidget* column = m_pDock->widget()) {
         m_pDock->setWidget(nullptr);

@@ -21,6 +21,10 @@ public:
     void Show(QWidget* panel, const QString& title, bool docked);
     void Close();
 
+    /// Of the side bar, for whichever panel opens next; as narrow as the panel allows if that is wider.
+    int Width() const { return m_Width; }
+    void SetWidth(int width) { m_Width = width; }
+
     /// What Return and Escape mean in a dialog, for the side bar, which is none. False for any other key.
     bool TakeKey(const QKeyEvent* key);
 
@@ -39,4 +43,5 @@ private:
     QMainWindow* m_pWindow;
     QDockWidget* m_pDock;
     QPointer<QDialog> m_pDialog;
+    int m_Width = 380;
 };

@@ -3,13 +3,16 @@
 #include "HBScreenshot.h"
 
 #include "HBEditorWindow.h"
+#include "HBFilmStrip.h"
 #include "HBMessageBar.h"
+#include "HBPresetStrip.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBTileImageItem.h>
 #include <KMDocumentView.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QPixmap>
 #include <QTimer>
@@ -87,7 +90,15 @@ bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options
         return Fail(window->MessageBar()->Text());
     if (!ShowPanel(window, options))
         return false;
-    QApplication::processEvents(); // let the layout settle
+    const auto isComplete = [window] {
+        return window->FilmStrip()->IsComplete() && (!window->Presets() || window->Presets()->IsComplete());
+    };
+    QElapsedTimer since;
+    since.start();
+    do
+        QApplication::processEvents(QEventLoop::AllEvents, 20); // also the layout
+    while (!isComplete() && since.elapsed() < PatienceMilliseconds);
+    QApplication::processEvents();
     if (!window->grab().save(options.file, "PNG"))
         return Fail(HBEditorWindow::tr("%1 cannot be written.").arg(options.file));
     return true;

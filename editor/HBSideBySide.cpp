@@ -12,6 +12,7 @@ HBSideBySide::HBSideBySide(KMDocumentView* after, QWidget* parent)
     , m_pAfter(after)
     , m_pBefore(new KMDocumentView(this))
 {
+    setFocusProxy(after);
     m_pBefore->setAccessibleName(tr("Photo as it was before"));
     addWidget(m_pBefore);
     addWidget(after);

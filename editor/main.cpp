@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBEditorActions.h"
+#include "HBEditorStyle.h"
 #include "HBEditorWindow.h"
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
@@ -24,7 +25,7 @@ namespace
 
 struct Options
 {
-    QString photo;
+    QStringList photos;
     bool dark = false;
     HBScreenshotOptions screenshot;
 };
@@ -37,7 +38,8 @@ struct Text
 void Describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(Text::tr("Adjusts photos with the adjustment panels."));
-    parser.addPositionalArgument("photo", Text::tr("The photo to open."), "[PHOTO]");
+    parser.addPositionalArgument(
+        "photo", Text::tr("The photos to open: the first, and all of them in a film strip."), "[PHOTO...]");
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
@@ -64,14 +66,14 @@ bool Parse(const QStringList& arguments, Options* options)
     QCommandLineParser parser;
     Describe(parser);
     parser.process(arguments); // ends the program at --help, --version and what it does not know
-    options->photo = parser.positionalArguments().value(0);
+    options->photos = parser.positionalArguments();
     options->dark = parser.isSet("dark");
     options->screenshot.file = parser.value("screenshot");
     options->screenshot.panel = parser.value("panel");
     options->screenshot.recipe = parser.value("values");
     if (parser.isSet("size"))
         options->screenshot.size = ParseSize(parser.value("size"));
-    if (parser.positionalArguments().size() <= 1 && options->screenshot.size.isValid())
+    if (options->screenshot.size.isValid())
         return true;
     std::fprintf(stderr, "%s\n", qPrintable(parser.helpText()));
     return false;
@@ -123,6 +125,7 @@ int main(int argc, char* argv[])
     // As Qt 5 does by itself: a pixel of the photo is a whole number of the screen's.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     QApplication application(argc, argv);
+    QApplication::setStyle(new HBEditorStyle);
     HBInstallTranslations();
     QApplication::setWindowIcon(Icon());
     Options options;
@@ -138,15 +141,15 @@ int main(int argc, char* argv[])
         window.Actions()->dark->setChecked(true);
     HBSetUpPanels(&window);
     if (screenshot) {
-        if (!options.photo.isEmpty())
-            window.Open(options.photo);
+        if (!options.photos.isEmpty())
+            window.OpenAll(options.photos);
         return HBTakeScreenshot(&window, options.screenshot) ? 0 : 1;
     }
     window.show();
     QTimer::singleShot(0, &window, [&] {
         window.UseRecovery(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/unsaved");
-        if (!options.photo.isEmpty())
-            window.Open(options.photo);
+        if (!options.photos.isEmpty())
+            window.OpenAll(options.photos);
     });
     return QApplication::exec();
 }

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "HBFuzz.h"
 
+#include "HBTestFiles.h"
 #include "HBTestImages.h"
 
-#include <QFile>
 #include <QImage>
 #include <QJsonDocument>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -56,8 +55,7 @@ QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes) 
 }
 
 void HBFuzzWrite(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) HBFuzzFail(file.errorString());
+    if (!HBWriteBytes(path, bytes)) HBFuzzFail(path + " cannot be written");
 }
 
 QString HBFuzzFolder() {

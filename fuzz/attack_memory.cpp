@@ -237,7 +237,7 @@ Result RunPanel(const HBPanelEntry& entry, const HBTarget& target) {
     QElapsedTimer time;
     for (time.start(); panel->IsProcessing();) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
-        if (time.elapsed() > 20000) HBFuzzFail(QString("%1 does not come to rest").arg(entry.className));
+        if (time.elapsed() > 100000) HBFuzzFail(QString("%1 does not come to rest").arg(entry.className));
     }
     where = Nowhere;
     return {panel->AdjustedImage().ToQImage(), panel->HasJobFailed() ? "failed" : QString()};

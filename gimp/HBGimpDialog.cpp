@@ -33,7 +33,7 @@ void FocusFirst(QWidget* panel)
 } // namespace
 
 HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, const QString& layerName,
-                           const QString& warning, HBGimpPresets* presets)
+                           const QString& warning, HBPresets* presets)
     : m_Session(entry)
     , m_pPresets(presets)
     , m_Source(target.source)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBGimpPresets.h"
+#include <HBPresets.h>
 
 #include <HBPanelSession.h>
 
@@ -24,7 +24,7 @@ public:
     /// \param warning shown below the view; empty: none
     /// \param presets must outlive the dialog
     HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, const QString& layerName,
-                 const QString& warning, HBGimpPresets* presets);
+                 const QString& warning, HBPresets* presets);
 
     /// What OK has made, and the values it was made with.
     const HBImage<>& Adjusted() const { return m_Adjusted; }
@@ -49,7 +49,7 @@ private:
     void Say(const QString& text);
 
     HBPanelSession m_Session;
-    HBGimpPresets* m_pPresets;
+    HBPresets* m_pPresets;
     HBImage<> m_Source;
     HBImage<> m_Adjusted;
     KMDocumentView* m_pView;

@@ -66,7 +66,7 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
     const Owned name(gimp_item_get_name(call.drawable), &g_free);
     HBTarget target;
     layer.Read(&target);
-    HBGimpPresets presets(HBGimpFolder(), adjustment);
+    HBPresets presets(HBGimpFolder(), adjustment);
     HBGimpDialog dialog(*HBFindPanel(QString::fromLatin1(adjustment.className)), target,
                         QString::fromUtf8(name.get()), layer.Warning(), &presets);
     QSettings windows(HBGimpFolder() + "/windows.ini", QSettings::IniFormat);

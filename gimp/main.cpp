@@ -4,9 +4,9 @@
 #include "HBGimpArguments.h"
 #include "HBGimpCall.h"
 #include "HBGimpOpen.h"
-#include "HBGimpPresets.h"
 #include "HBGimpProcedures.h"
 #include "HBGimpText.h"
+#include <HBPresets.h>
 
 #include <HBPanelSetup.h>
 #include <HBTranslation.h>
@@ -44,7 +44,7 @@ bool ReadCall(const gchar* procedure, int count, const GimpParam* parameters, HB
 /// The values of the last dialog; if there was none, or they cannot be read, those that a panel opens with.
 HBRecipeStep LastStep(const HBAdjustment& adjustment)
 {
-    const QJsonObject last = HBGimpPresets(HBGimpFolder(), adjustment).Last();
+    const QJsonObject last = HBPresets(HBGimpFolder(), adjustment).Last();
     std::any record;
     QString reason;
     return {QString::fromLatin1(adjustment.className),

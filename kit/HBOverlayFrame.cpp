@@ -5,6 +5,7 @@
 #include <HBAdjustmentWidget.h>
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,7 +19,11 @@ HBOverlayFrame::HBOverlayFrame(HBAdjustmentWidget* panel)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
-    layout->addWidget(buttons);
+    // The panel has margins of its own, the buttons have none.
+    auto* row = new QHBoxLayout;
+    row->addWidget(buttons);
+    row->setContentsMargins(9, 0, 9, 9);
+    layout->addLayout(row);
     // In the order in which they stand, or the tab key would miss some: the box hands the focus on to the first.
     QWidget* last = nullptr;
     for (int i = 0; i < buttons->layout()->count(); ++i) {

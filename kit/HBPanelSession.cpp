@@ -4,6 +4,7 @@
 
 #include "HBOverlayFrame.h"
 #include "HBOverlayJob.h"
+#include "HBPanelManners.h"
 #include "HBPanelSetupOnce.h"
 #include "HBPickSurface.h"
 #include "HBSightJob.h"
@@ -41,6 +42,7 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, QObject* parent, HBPan
 
     // Some panels listen to their controls only once they have been given values.
     entry.set(*m_pPanel, entry.get(*m_pPanel));
+    new HBPanelManners(entry, m_pPanel);
     if (entry.draw) {
         m_pOverlayJob = new HBOverlayJob(
             *entry.adjustment, [this] { return m_pPanel ? m_Entry.get(*m_pPanel) : std::any(); }, this);

@@ -21,6 +21,8 @@ public:
     const char* Error() const { return m_State.error; }
     /// What the library only remarks, the first time; empty if nothing.
     const char* Remark() const { return m_State.remark; }
+    /// Whether the file ended, or another part of it began, in the midst of pixels: what is missing is grey.
+    bool LacksPixels() const { return m_State.lacksPixels; }
     /// After a failure. \throws std::bad_alloc if it was that there is no memory
     void ThrowIfOutOfMemory() const;
 
@@ -31,9 +33,11 @@ private:
         std::jmp_buf jump;
         char error[JMSG_LENGTH_MAX];
         char remark[JMSG_LENGTH_MAX];
+        bool lacksPixels;
     };
     [[noreturn]] static void OnError(j_common_ptr codec);
     static void OnMessage(j_common_ptr codec);
+    static void OnRemark(j_common_ptr codec, int level);
 
     State m_State;
 };

@@ -127,6 +127,7 @@ HBStraightRead::Outcome HBReadJpeg(const QByteArray& file, HBStraightRead* read)
         read->dotsPerMetreY = int(100. * codec.Y_density / unit);
     }
     const bool whole = ReadPixels(&decoder, read);
+    read->lacksPixels = decoder.errors.LacksPixels();
     if (decoder.errors.Remark()[0])
         read->remarks.append(QString::fromLatin1(decoder.errors.Remark()));
     if (whole)

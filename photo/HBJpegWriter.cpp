@@ -39,13 +39,15 @@ void SetCoding(jpeg_compress_struct* codec, const HBJpegCoding& coding)
         jpeg_simple_progression(codec);
 }
 
-void SetQuality(jpeg_compress_struct* codec, int quality)
+/// Light has the factors that say how many pixels share a colour; colours have 1.
+void SetQuality(jpeg_compress_struct* codec, const HBJpegOptions& options)
 {
-    jpeg_set_quality(codec, quality, TRUE);
-    if (quality >= FullColorQuality) {
-        codec->comp_info[0].h_samp_factor = 1;
-        codec->comp_info[0].v_samp_factor = 1;
-    }
+    jpeg_set_quality(codec, options.quality, TRUE);
+    const bool isFull = options.chroma == HBChroma::Full ||
+                        (options.chroma == HBChroma::ByQuality && options.quality >= FullColorQuality);
+    const bool single = isFull || codec->num_components == 1;
+    codec->comp_info[0].h_samp_factor = single ? 1 : 2;
+    codec->comp_info[0].v_samp_factor = single || options.chroma == HBChroma::Half ? 1 : 2;
 }
 
 /// Where the encoder's bytes go. Not jpeg_mem_dest(): after an error in the midst that leaves a pointer to what it
@@ -108,7 +110,7 @@ public:
     ~Encoder() { jpeg_destroy_compress(&m_Codec); }
     Q_DISABLE_COPY(Encoder)
 
-    bool Start(const HBPictureRows& rows, const HBJpegCoding& coding, int quality)
+    bool Start(const HBPictureRows& rows, const HBJpegCoding& coding, const HBJpegOptions& options)
     {
         if (setjmp(errors.Jump()))
             return false;
@@ -127,7 +129,7 @@ public:
                 jpeg_set_colorspace(&m_Codec, coding.isRgb ? JCS_RGB : JCS_YCbCr);
             SetCoding(&m_Codec, coding);
         } else {
-            SetQuality(&m_Codec, quality);
+            SetQuality(&m_Codec, options);
         }
         constexpr double metresPerInch = 0.0254;
         m_Codec.density_unit = 1; // per inch
@@ -162,11 +164,13 @@ private:
     Destination m_Destination;
 };
 
-bool WriteAll(Encoder* encoder, HBPictureRows& rows, const HBJpegCoding& coding, int quality)
+bool WriteAll(Encoder* encoder, HBPictureRows& rows, const HBJpegCoding& coding, const HBJpegOptions& options)
 {
-    if (!encoder->Start(rows, coding, quality))
+    if (!encoder->Start(rows, coding, options))
         return false;
     for (int y = 0; y < rows.Height(); ++y) {
+        if (y % 64 == 0 && options.isWanted && !options.isWanted())
+            return false;
         if (!encoder->WriteRow(rows.Row(y)))
             return false;
     }
@@ -243,13 +247,14 @@ HBJpegCoding HBReadJpegCoding(const QByteArray& file)
     return coding;
 }
 
-bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, int quality, QByteArray* bytes, QString* reason)
+bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, const HBJpegOptions& options, QByteArray* bytes,
+                 QString* reason)
 {
     if (coding.components.size() == 1 && rows.IsGrey())
         rows.MakeGrey();
     bytes->clear();
     Encoder encoder(bytes);
-    if (WriteAll(&encoder, rows, coding, quality))
+    if (WriteAll(&encoder, rows, coding, options))
         return true;
     if (encoder.IsTooLarge()) {
         *reason = QCoreApplication::translate("HBPhotoFile", "the file is too large");

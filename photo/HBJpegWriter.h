@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <array>
+#include <functional>
 
 class HBPictureRows;
 
@@ -32,12 +33,27 @@ struct HBJpegCoding
     bool CanBeWritten() const { return components.size() == 1 || components.size() == 3; }
 };
 
+/// How fine colours are stored beside light.
+enum class HBChroma {
+    ByQuality, ///< Full from a quality of 90 on, else Quarter
+    Full,      ///< 4:4:4, each pixel's
+    Half,      ///< 4:2:2, one for two pixels beside each other
+    Quarter    ///< 4:2:0, one for four pixels
+};
+
+struct HBJpegOptions
+{
+    int quality = 92; ///< 0..100 as libjpeg counts
+    HBChroma chroma = HBChroma::ByQuality;
+    std::function<bool()> isWanted = {}; ///< asked now and then; false: the writing fails. May be null
+};
+
 // Any thread. Nothing is thrown but std::bad_alloc.
 
 HBJpegCoding HBReadJpegCoding(const QByteArray& file);
 
 /// Writes the pixels, which must have no alpha, and their resolution; no metadata.
-/// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, `quality`
-///        holds
-/// \param quality 0..100 as libjpeg counts; from 90 on, colours are stored in full size
-bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, int quality, QByteArray* bytes, QString* reason);
+/// \param coding of the file that is saved over, to be as good as that was; if it cannot be written, the quality
+///        and chroma of `options` hold
+bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, const HBJpegOptions& options, QByteArray* bytes,
+                 QString* reason);

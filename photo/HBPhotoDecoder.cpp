@@ -163,9 +163,11 @@ HBImage<> WithMetadata(const HBStraightRead& read, const HBPhotoMetadata& metada
 
 } // namespace
 
-bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted, HBPhoto* photo, QString* reason)
+bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted, HBCutShort cutShort,
+                   HBPhoto* photo, QString* reason)
 {
-    if (!HBIsWholeFile(file))
+    const bool isWhole = HBIsWholeFile(file);
+    if (!isWhole && cutShort == HBCutShort::Refused)
         return Fail(reason, Text::tr("the file is cut short"));
     HBCheckMemory();
     Remarks remarks; // also about the head, which is read more than once
@@ -192,8 +194,13 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     read.print = &print;
     read.orientation = metadata.orientation;
     read.isWanted = isWanted;
+    read.isCutShort = !isWhole;
     bool isDeep = false;
-    const auto outcome = ReadStraight(file, format, &read);
+    auto outcome = ReadStraight(file, format, &read);
+    if (outcome == HBStraightRead::Failed && !isWhole && read.tiles.HasRows() && read.IsWanted()) {
+        outcome = HBStraightRead::Read;
+        read.lacksPixels = true;
+    }
     for (const QString& remark : qAsConst(read.remarks))
         remarks.Add(remark);
     if (outcome == HBStraightRead::Read && !metadata.profile.IsEmpty() && !print.HasBegun())
@@ -208,7 +215,15 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
         const QString problem = read.reason.isEmpty() ? remarks.Last() : read.reason;
         return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(problem));
     }
-    remarks.AddTo(&photo->warnings);
+    if (isWhole) {
+        remarks.AddTo(&photo->warnings);
+    } else {
+        const bool lacksPixels = read.lacksPixels || outcome == HBStraightRead::LeftToQt;
+        photo->warnings.append(lacksPixels
+                                   ? Text::tr("the file is cut short, and a part of the picture is missing")
+                                   : Text::tr("the file is cut short behind the picture"));
+        photo->encoding.lacksPixels = lacksPixels;
+    }
     if (photo->encoding.pages > 1)
         photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
     if (isDeep) {

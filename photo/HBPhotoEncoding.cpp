@@ -25,7 +25,8 @@ void ReadJpeg(const QByteArray& file, HBPhotoEncoding* encoding)
     encoding->jpeg = HBReadJpegCoding(file);
     encoding->isForPrint = encoding->jpeg.components.size() == 4;
     constexpr int padding = 1024; // some cameras fill up the last block
-    encoding->hasAppendix = file.size() - HBJpegEnd(file) > padding;
+    const int end = HBJpegEnd(file);
+    encoding->hasAppendix = end >= 0 && file.size() - end > padding;
 }
 
 void ReadPng(const QByteArray& file, HBPhotoEncoding* encoding)
@@ -222,6 +223,8 @@ QStringList HBLossesOfSave(const HBPhotoEncoding& encoding, const QString& path)
         losses.append(Text::tr("its further pages (%1)").arg(encoding.pages - 1));
     if (encoding.hasLayers)
         losses.append(Text::tr("its layers"));
+    if (encoding.lacksPixels)
+        losses.append(Text::tr("what other programs may still find of the part that is missing here"));
     if (encoding.hasAppendix)
         losses.append(Text::tr("what is appended to the picture, such as a video"));
     return losses;

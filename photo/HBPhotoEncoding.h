@@ -19,6 +19,7 @@ struct HBPhotoEncoding
     bool isAnimated = false;
     bool isForPrint = false; ///< CMYK or Lab
     bool hasLayers = false;
+    bool lacksPixels = false; ///< a part of the picture is missing: the file was cut short
     bool hasAppendix = false; ///< a video or further pictures behind the end of the picture
 };
 

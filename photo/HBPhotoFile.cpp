@@ -99,8 +99,8 @@ bool Encode(HBPictureRows& rows, const QString& suffix, const HBPhotoOptions& op
 {
     const bool overSame = options.encoding.format == HBFormatOfName("." + suffix);
     if (suffix == "jpg" || suffix == "jpeg")
-        return HBWriteJpeg(rows, overSame ? options.encoding.jpeg : HBJpegCoding(), options.quality, bytes,
-                           reason);
+        return HBWriteJpeg(rows, overSame ? options.encoding.jpeg : HBJpegCoding(),
+                           {options.quality, options.chroma, options.isWanted}, bytes, reason);
     if (suffix == "png")
         return HBWritePng(rows, bytes, reason);
     if (suffix == "tif" || suffix == "tiff")
@@ -133,14 +133,44 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, HBPictureRows* rows, QString
     return metadata;
 }
 
+/// With the metadata put in.
+bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOptions& options, QByteArray* bytes,
+                 QStringList* warnings, QString* reason)
+{
+    QStringList unheard;
+    QStringList* told = warnings ? warnings : &unheard;
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
+        return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
+    if (picture.IsEmpty())
+        return Fail(reason, Text::tr("there is no picture to write"));
+    QString unconverted;
+    const HBImage<> image =
+        options.convertToSrgb ? HBConvertToSrgb(picture, picture.Profile(), &unconverted) : picture;
+    if (!unconverted.isEmpty())
+        told->append(unconverted);
+    const QSize size(image.Width(), image.Height());
+    if (qMax(size.width(), size.height()) > LongestSide(suffix)) {
+        return Fail(reason,
+                    Text::tr("%1 x %2 pixels are too many for this format").arg(size.width()).arg(size.height()));
+    }
+    HBPictureRows rows(image, HasTransparency(suffix));
+    const HBPhotoMetadata metadata = MetadataFor(image, &rows, told);
+    if (!Encode(rows, suffix, options, bytes, reason))
+        return false;
+    *bytes = HBEmbedMetadata(std::move(*bytes), metadata, size, told);
+    return true;
+}
+
 } // namespace
 
-bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error, const std::function<bool()>& isWanted)
+bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error, const std::function<bool()>& isWanted,
+                 HBCutShort cutShort)
 {
     return RunNamed(path, error, [&](QString* reason) {
         QByteArray bytes;
         HBPhoto read;
-        if (!ReadBytes(path, &bytes, reason) || !HBDecodePhoto(bytes, isWanted, &read, reason))
+        if (!ReadBytes(path, &bytes, reason) || !HBDecodePhoto(bytes, isWanted, cutShort, &read, reason))
             return false;
         *photo = read;
         return true;
@@ -157,34 +187,13 @@ try {
     return {}; // whoever reads it will be told why
 }
 
-bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOptions& options, QString* error,
+bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
                   QStringList* warnings, HBPhotoEncoding* written)
 {
-    QStringList unheard;
-    QStringList* told = warnings ? warnings : &unheard;
     return RunNamed(path, error, [&](QString* reason) {
-        const QString suffix = QFileInfo(path).suffix().toLower();
-        if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
-            return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
-        if (picture.IsEmpty())
-            return Fail(reason, Text::tr("there is no picture to write"));
-        QString unconverted;
-        const HBImage<> image =
-            options.convertToSrgb ? HBConvertToSrgb(picture, picture.Profile(), &unconverted) : picture;
-        if (!unconverted.isEmpty())
-            told->append(unconverted);
-        const QSize size(image.Width(), image.Height());
-        if (qMax(size.width(), size.height()) > LongestSide(suffix)) {
-            return Fail(
-                reason,
-                Text::tr("%1 x %2 pixels are too many for this format").arg(size.width()).arg(size.height()));
-        }
-        HBPictureRows rows(image, HasTransparency(suffix));
-        const HBPhotoMetadata metadata = MetadataFor(image, &rows, told);
         QByteArray bytes;
-        if (!Encode(rows, suffix, options, &bytes, reason))
+        if (!EncodeWhole(path, image, options, &bytes, warnings, reason))
             return false;
-        bytes = HBEmbedMetadata(std::move(bytes), metadata, size, told);
         if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
         if (!HBSaveFile(path, bytes, reason))
@@ -193,4 +202,11 @@ bool HBWritePhoto(const QString& path, const HBImage<>& picture, const HBPhotoOp
             *written = HBReadEncoding(bytes, HBFormatOfName(path));
         return true;
     });
+}
+
+bool HBEncodePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QByteArray* file,
+                   QString* error, QStringList* warnings)
+{
+    return RunNamed(path, error,
+                    [&](QString* reason) { return EncodeWhole(path, image, options, file, warnings, reason); });
 }

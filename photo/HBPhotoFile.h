@@ -22,10 +22,15 @@ struct HBPhoto
     QStringList warnings; ///< what could not be read, though the picture could; to be shown after the file's name
 };
 
+/// What becomes of a file that was cut short, as by a broken transfer.
+enum class HBCutShort {
+    Refused,
+    Read ///< what there is of it, with a warning; the rest is grey or transparent
+};
+
 struct HBPhotoOptions
 {
-    int quality =
-        92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless; a JPEG from 90 on keeps full colours
+    int quality = 92; ///< of JPEG and WebP, 0..100; a WebP of 100 is lossless
     /// Of the file that is saved over: what is written in the same format is as good as that, whatever `quality`
     /// says.
     HBPhotoEncoding encoding = {};
@@ -35,17 +40,20 @@ struct HBPhotoOptions
     /// instead.
     /// \param file all its bytes
     std::function<bool(const QByteArray& file)> mayWrite = {};
+    /// Asked now and then, on the writing thread, while a JPEG is encoded; false: it fails. May be null.
+    std::function<bool()> isWanted = {};
+    HBChroma chroma = HBChroma::ByQuality; ///< of JPEG
 };
 
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
-/// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is cut short, and what is
-/// too large for this machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF
-/// of the usual kinds are decoded straight into the image's tiles; others are in memory twice while that is done.
+/// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is too large for this
+/// machine before memory is taken for it. On failure `photo` is left alone. JPEG, PNG and TIFF of the usual kinds
+/// are decoded straight into the image's tiles; others are in memory twice while that is done.
 /// \param isWanted asked now and then, on this thread, while the usual kinds are decoded; false: the reading
 ///        fails. May be null. Must not throw
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error,
-                 const std::function<bool()>& isWanted = nullptr);
+                 const std::function<bool()>& isWanted = nullptr, HBCutShort cutShort = HBCutShort::Refused);
 
 /// The size that the file's head tells, before it is turned upright; not valid if it tells none.
 QSize HBPhotoSize(const QString& path);
@@ -56,3 +64,7 @@ QSize HBPhotoSize(const QString& path);
 /// \param written how the file is encoded that was written; may be null
 bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QString* error,
                   QStringList* warnings = nullptr, HBPhotoEncoding* written = nullptr);
+
+/// What HBWritePhoto would write there, without looking at the disk.
+bool HBEncodePhoto(const QString& path, const HBImage<>& image, const HBPhotoOptions& options, QByteArray* file,
+                   QString* error, QStringList* warnings = nullptr);

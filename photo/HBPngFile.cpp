@@ -169,8 +169,9 @@ bool ReadPixels(png_structp png, png_infop info, const Head& head, HBStraightRea
         return false;
     std::vector<QRgb> rows(size_t(size.width()) * HBUprightTiles::RowsAtOnce);
     std::vector<png_byte> numbers(head.HasNumbers() ? rows.size() : 0);
-    for (int first = 0; first < size.height(); first += HBUprightTiles::RowsAtOnce) {
-        const int count = qMin(HBUprightTiles::RowsAtOnce, size.height() - first);
+    const int rowsAtOnce = read->isCutShort ? 1 : HBUprightTiles::RowsAtOnce; // up to the last one that is there
+    for (int first = 0; first < size.height(); first += rowsAtOnce) {
+        const int count = qMin(rowsAtOnce, size.height() - first);
         if (!read->IsWanted())
             return false;
         if (head.HasNumbers()) {
@@ -258,6 +259,9 @@ HBStraightRead::Outcome HBReadPng(const QByteArray& file, HBStraightRead* read)
     png_set_option(png, PNG_MAXIMUM_INFLATE_WINDOW, PNG_OPTION_ON);
     Source source{file};
     png_set_read_fn(png, &source, Source::Read);
+    // What is cut off in the midst of a piece is lost with the whole of it.
+    if (read->isCutShort && png_get_compression_buffer_size(png) > 64)
+        png_set_compression_buffer_size(png, 64);
     Head head;
     const bool known = ReadHead(png, info, &head);
     if (known && (head.bits > 8 || head.interlace != PNG_INTERLACE_NONE))

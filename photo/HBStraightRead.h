@@ -22,12 +22,15 @@ struct HBStraightRead
     HBPrintColors* print = nullptr; ///< by which CMYK is read; null: that is left to Qt
     std::function<bool()> isWanted; ///< asked now and then; false: the reading fails. May be null. Must not throw
 
+    bool isCutShort = false; ///< the end of the file is missing; what there is shall be read
+
     HBUprightTiles tiles;
     int dotsPerMetreX = 0; ///< 0: the file does not say
     int dotsPerMetreY = 0;
-    QStringList remarks; ///< the decoder's, as about damaged data
-    QString refusal;     ///< why the picture is not read at all; else empty
-    QString reason;      ///< of another failure; may be empty
+    bool lacksPixels = false; ///< of a file that was cut short: some of them are not in it
+    QStringList remarks;      ///< the decoder's, as about damaged data
+    QString refusal;          ///< why the picture is not read at all; else empty
+    QString reason;           ///< of another failure; may be empty
 
     bool IsWanted() const { return !isWanted || isWanted(); }
     /// Makes the tiles; false, with the refusal, if there cannot be so many.

@@ -16,6 +16,7 @@ HBUprightTiles::HBUprightTiles(const QSize& lying, int orientation)
 
 void HBUprightTiles::Put(int first, int count, const QRgb* rows, qptrdiff stride)
 {
+    m_HasRows = true;
     constexpr int side = HBImage<>::TileSide;
     const int along = m_FlipsY ? m_Lying.height() - first - count : first;
     const QRect piece =

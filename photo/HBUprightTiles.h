@@ -27,10 +27,13 @@ public:
     /// \throws std::bad_alloc
     void Put(int first, int count, const QRgb* rows, qptrdiff stride);
 
+    /// Whether any rows were put.
+    bool HasRows() const { return m_HasRows; }
     const HBImage<>& Image() const { return m_Image; }
 
 private:
     QSize m_Lying;
+    bool m_HasRows = false;
     bool m_Swaps = false; ///< rows become columns
     bool m_FlipsX = false;
     bool m_FlipsY = false;

@@ -3,6 +3,7 @@
 #include "HBSaveFile.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
@@ -10,6 +11,11 @@
 
 bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason)
 {
+    const QFileInfo present(path);
+    if (present.exists() && !present.isDir() && !present.isWritable()) { // Qt says so in English
+        *reason = QCoreApplication::translate("HBSaveFile", "the file is write-protected");
+        return false;
+    }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         *reason = file.errorString();

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "HBFontDialog.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 
 namespace
 {
@@ -26,12 +29,35 @@ QFont Sized(const QFont& font)
     return shown;
 }
 
+/// What the family calls the style of the font: without a name of its list the dialog takes the first, which may
+/// be an oblique one.
+QString StyleName(const QFont& font)
+{
+    const QFontDatabase fonts;
+    const QStringList names = fonts.styles(font.family());
+    if (names.contains(font.styleName()))
+        return font.styleName();
+    QString best;
+    int least = std::numeric_limits<int>::max();
+    for (const QString& name : names) {
+        const QFont style = fonts.font(font.family(), name, 12);
+        const int distance =
+            std::abs(style.weight() - font.weight()) + (style.italic() != font.italic() ? 1000 : 0);
+        if (distance < least) {
+            least = distance;
+            best = name;
+        }
+    }
+    return best;
+}
+
 /// What stands in for the font if it is not there: a dialog with no family of its list selected selects the first
 /// one by itself, as soon as it has the focus.
 QFont Shown(const QFont& font)
 {
     QFont shown = Sized(font);
     shown.setFamily(QFontInfo(shown).family());
+    shown.setStyleName(StyleName(shown));
     return shown;
 }
 

@@ -206,7 +206,8 @@ void KMDocumentView::resizeEvent(QResizeEvent* event)
 
 void KMDocumentView::wheelEvent(QWheelEvent* event)
 {
-    if (!(event->modifiers() & Qt::ControlModifier)) {
+    const bool plain = event->modifiers() == Qt::NoModifier && event->pixelDelta().isNull();
+    if (!(event->modifiers() & Qt::ControlModifier) && !(m_WheelZooms && plain)) {
         QGraphicsView::wheelEvent(event);
         return;
     }
@@ -222,9 +223,21 @@ void KMDocumentView::wheelEvent(QWheelEvent* event)
 
 // ---- Moving the photo ----
 
+bool KMDocumentView::MayDrag(const QMouseEvent& event) const
+{
+    if (event.button() == Qt::MiddleButton || (event.button() == Qt::LeftButton && m_SpaceHeld))
+        return true;
+    if (event.button() != Qt::LeftButton || !m_HandDrags || m_Overridden)
+        return false;
+    const QList<QGraphicsItem*> there = items(event.pos());
+    return std::none_of(there.begin(), there.end(), [](const QGraphicsItem* item) {
+        return item->isVisible() && (item->acceptedMouseButtons() & Qt::LeftButton);
+    });
+}
+
 void KMDocumentView::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && m_SpaceHeld)) {
+    if (MayDrag(*event)) {
         m_Panning = true;
         m_PanFrom = event->pos();
         ShowCursor();

@@ -11,8 +11,9 @@ class HBTileImageItem;
 
 /// The view that shows the document (the photo). Scene coordinates are pixels of the photo.
 ///
-/// Ctrl and the wheel zoom to the cursor, the wheel alone and the scroll bars move the photo, and so does dragging
-/// with the middle button or with the space key held. GUI thread only.
+/// Ctrl and the wheel zoom to the cursor, the wheel alone (see SetWheelZooms) and the scroll bars move the photo,
+/// and so does dragging with the middle button, with the space key held, or with no tool (SetHandDrags). GUI
+/// thread only.
 class HOSTVIEW_EXPORT KMDocumentView : public QGraphicsView
 {
     Q_OBJECT
@@ -28,6 +29,13 @@ public:
     bool HasOverrideCursor() const { return m_Overridden; }
     /// The view's own cursor, that of the present tool.
     void SetToolCursor(const QCursor& cursor);
+
+    /// Whether the left button drags the photo, where nothing in the scene takes it and no panel picks; at first
+    /// not.
+    void SetHandDrags(bool drags) { m_HandDrags = drags; }
+    /// Whether the wheel zooms without Ctrl too, as in programs for photos; at first not. Two fingers on a pad
+    /// move the photo.
+    void SetWheelZooms(bool zooms) { m_WheelZooms = zooms; }
 
     /// The photo to show. One of the same size as the last keeps zoom and position, any other is fitted in.
     void SetPicture(const HBImage<>& picture);
@@ -99,6 +107,7 @@ private:
     void UseBackground();
     void TellSight();
     QPoint PixelAt(const QPoint& viewportPosition) const;
+    bool MayDrag(const QMouseEvent& event) const;
 
     HBTileImageItem* m_pPicture;
     QString m_Placeholder;
@@ -112,5 +121,7 @@ private:
     QCursor m_ToolCursor;
     bool m_SpaceHeld = false;
     bool m_Panning = false;
+    bool m_HandDrags = false;
+    bool m_WheelZooms = false;
     QPoint m_PanFrom;
 };

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBGimpArguments.h"
-#include "HBGimpPresets.h"
 #include "HBTestMain.h"
 #include "HBTestRecords.h"
+#include <HBPresets.h>
 
 #include <QFile>
 #include <QJsonDocument>
@@ -152,7 +152,7 @@ private Q_SLOTS:
             return QJsonObject{{"values", QJsonObject{{"exposure", exposure}, {"offset", 0}}}};
         };
         QString reason;
-        HBGimpPresets presets(folder.filePath("a/b"), adjustment);
+        HBPresets presets(folder.filePath("a/b"), adjustment);
         QVERIFY(presets.Last().isEmpty() && presets.Names().isEmpty());
         for (int i = 1; i <= 3; ++i)
             QVERIFY2(presets.Keep(QString("P%1").arg(i), values(i), &reason), qPrintable(reason));
@@ -162,7 +162,9 @@ private Q_SLOTS:
         QVERIFY(presets.Keep("P2", values(7), &reason));
         QVERIFY(presets.Remove("P3", &reason));
         QVERIFY(presets.SetUsed("P3", &reason)); // another GIMP may have deleted it
-        const HBGimpPresets again(folder.filePath("a/b"), adjustment);
+        QVERIFY(!presets.Rename("P1", "P2", &reason) && !reason.isEmpty());
+        QVERIFY(presets.Rename("P1", "P4", &reason) && presets.Rename("P4", "P1", &reason));
+        const HBPresets again(folder.filePath("a/b"), adjustment);
         QCOMPARE(again.Names(), (QStringList{"P2", "P1"}));
         QCOMPARE(again.Values("P2"), values(7));
         QCOMPARE(again.Last(), values(9));
@@ -176,7 +178,7 @@ private Q_SLOTS:
             QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         };
-        HBGimpPresets presets(folder.path(), adjustment);
+        HBPresets presets(folder.path(), adjustment);
         QString reason;
         for (const char* foreign : {"nonsense", R"({"format": "adjustment-presets", "version": 2})"}) {
             write(foreign);
@@ -194,7 +196,7 @@ private Q_SLOTS:
         QCOMPARE(presets.Names(), QStringList{"Mine"});
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().contains("\"New\""));
-        HBGimpPresets nowhere("/proc/none", adjustment);
+        HBPresets nowhere("/proc/none", adjustment);
         QVERIFY(!nowhere.SetLast(HBDemonstrationStep(adjustment), &reason) && reason.contains("/proc/none"));
     }
 };

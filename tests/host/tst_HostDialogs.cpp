@@ -124,6 +124,7 @@ private Q_SLOTS:
         QTest::newRow("huge pixels") << font;
         font.setFamily("No Such Font");
         QTest::newRow("missing") << font;
+        QTest::newRow("upright") << QFont("DejaVu Sans", 17);
     }
 
     void FontIsKeptExactly() {
@@ -136,6 +137,7 @@ private Q_SLOTS:
             QCOMPARE(dialog.GetSelectedFont().letterSpacing(), font.letterSpacing());
         }
         QVERIFY(dialog.currentFont().pointSizeF() <= HBFontDialog::MaximumPoints);
+        QCOMPARE(dialog.currentFont().style() == QFont::StyleNormal, font.style() == QFont::StyleNormal);
     }
 
     void FontFollowsTheUser() {

@@ -38,7 +38,7 @@ QByteArray Jpeg(const HBJpegCoding& coding, int quality) {
     HBPictureRows rows(image, false);
     QByteArray bytes;
     QString reason;
-    HBWriteJpeg(rows, coding, quality, &bytes, &reason);
+    HBWriteJpeg(rows, coding, {quality}, &bytes, &reason);
     return bytes;
 }
 

@@ -337,6 +337,19 @@ private Q_SLOTS:
             QVERIFY2(error.startsWith(path + ": "), qPrintable(error));
             QCOMPARE(photo.encoding.format, QByteArray("untouched"));
         }
+        // What there is of it, for those who ask.
+        if (suffix != "jpg" && suffix != "png") return;
+        for (const int left : {whole.size() - 2, whole.size() * 4 / 5}) {
+            QVERIFY(HBWriteBytes(path, whole.left(left)));
+            QVERIFY2(HBReadPhoto(path, &photo, &error, nullptr, HBCutShort::Read), qPrintable(error));
+            QCOMPARE(QSize(photo.image.Width(), photo.image.Height()), QSize(67, 45));
+            QVERIFY2(photo.warnings.value(0).contains("cut short"), qPrintable(photo.warnings.join(';')));
+            const bool lacks = photo.encoding.lacksPixels;
+            QVERIFY(suffix == "jpg" ? lacks == (left != whole.size() - 2) : true);
+            QCOMPARE(HBLossesOfSave(photo.encoding, path).isEmpty(), !lacks);
+        }
+        QVERIFY(HBWriteBytes(path, whole.left(30)));
+        QVERIFY(!HBReadPhoto(path, &photo, &error, nullptr, HBCutShort::Read));
     }
 
     void NotAPhoto() {

@@ -26,7 +26,7 @@ make_photos() {
 RECIPE
     sed 's/0\.7/0.9/' warm.json >warmer.json
     panel-replay apply warm.json raw --recursive -o photos --format jpg
-    touch last-run
+    touch -d yesterday last-run
     rm -r raw
 }
 

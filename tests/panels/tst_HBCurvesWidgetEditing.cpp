@@ -15,7 +15,7 @@ const HBPoints Bent = {{0, 0}, {100, 120}, {255, 255}};
 
 } // namespace
 
-class tst_HBCurveEditor : public QObject {
+class tst_HBCurvesWidgetEditing : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() { KMTheme::Install(); }
@@ -219,5 +219,5 @@ private Q_SLOTS:
     }
 };
 
-HB_TEST_MAIN(tst_HBCurveEditor)
-#include "tst_HBCurveEditor.moc"
+HB_TEST_MAIN(tst_HBCurvesWidgetEditing)
+#include "tst_HBCurvesWidgetEditing.moc"

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HBGimpPresets.h"
+#include "HBPresets.h"
 
 #include <HBSaveFile.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -27,13 +28,13 @@ auto Find(Presets& presets, const QString& name)
 
 } // namespace
 
-HBGimpPresets::HBGimpPresets(const QString& folder, const HBAdjustment& adjustment)
+HBPresets::HBPresets(const QString& folder, const HBAdjustment& adjustment)
     : m_Path(folder + '/' + adjustment.className + ".json")
     , m_Adjustment(adjustment)
 {
 }
 
-HBGimpPresets::Contents HBGimpPresets::Read() const
+HBPresets::Contents HBPresets::Read() const
 {
     Contents contents;
     QFile file(m_Path);
@@ -53,7 +54,7 @@ HBGimpPresets::Contents HBGimpPresets::Read() const
     return contents;
 }
 
-bool HBGimpPresets::Write(const Contents& contents, QString* reason) const
+bool HBPresets::Write(const Contents& contents, QString* reason) const
 {
     QDir().mkpath(QFileInfo(m_Path).path());
     // The new file must not take the place of one whose meaning we do not know.
@@ -74,14 +75,14 @@ bool HBGimpPresets::Write(const Contents& contents, QString* reason) const
     return false;
 }
 
-bool HBGimpPresets::IsReadable(const QJsonObject& values) const
+bool HBPresets::IsReadable(const QJsonObject& values) const
 {
     std::any record;
     QString reason;
     return m_Adjustment.restore(values, &record, &reason);
 }
 
-QStringList HBGimpPresets::Names() const
+QStringList HBPresets::Names() const
 {
     QStringList names;
     for (const Preset& preset : Read().presets) {
@@ -91,21 +92,21 @@ QStringList HBGimpPresets::Names() const
     return names;
 }
 
-QJsonObject HBGimpPresets::Values(const QString& name) const
+QJsonObject HBPresets::Values(const QString& name) const
 {
     const Contents contents = Read();
     const auto found = Find(contents.presets, name);
     return found != contents.presets.end() && IsReadable(found->values) ? found->values : QJsonObject();
 }
 
-bool HBGimpPresets::SetLast(const QJsonObject& values, QString* reason)
+bool HBPresets::SetLast(const QJsonObject& values, QString* reason)
 {
     Contents contents = Read();
     contents.last = values;
     return Write(contents, reason);
 }
 
-bool HBGimpPresets::Keep(const QString& name, const QJsonObject& values, QString* reason)
+bool HBPresets::Keep(const QString& name, const QJsonObject& values, QString* reason)
 {
     Contents contents = Read();
     const auto found = Find(contents.presets, name);
@@ -115,18 +116,32 @@ bool HBGimpPresets::Keep(const QString& name, const QJsonObject& values, QString
     return Write(contents, reason);
 }
 
-bool HBGimpPresets::SetUsed(const QString& name, QString* reason)
+bool HBPresets::SetUsed(const QString& name, QString* reason)
 {
     const QJsonObject values = Values(name);
     return values.isEmpty() || Keep(name, values, reason);
 }
 
-bool HBGimpPresets::Remove(const QString& name, QString* reason)
+bool HBPresets::Remove(const QString& name, QString* reason)
 {
     Contents contents = Read();
     const auto found = Find(contents.presets, name);
     if (found == contents.presets.end())
         return true;
     contents.presets.erase(found);
+    return Write(contents, reason);
+}
+
+bool HBPresets::Rename(const QString& name, const QString& newName, QString* reason)
+{
+    Contents contents = Read();
+    const auto found = Find(contents.presets, name);
+    if (found == contents.presets.end() || name == newName)
+        return true;
+    if (Find(contents.presets, newName) != contents.presets.end()) {
+        *reason = QCoreApplication::translate("HBPresets", "There is a preset of this name already.");
+        return false;
+    }
+    found->name = newName;
     return Write(contents, reason);
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adjustments_export.h"
+
 #include <HBAdjustment.h>
 
 #include <QJsonObject>
@@ -9,15 +11,15 @@
 #include <QVector>
 
 /// What the user keeps of one adjustment: the values of its last use, and named presets, the last used first. Each
-/// adjustment has a file of its own, which is read before every change, because several GIMPs may share it.
+/// adjustment has a file of its own, which is read before every change, because several programs may share it.
 ///
 /// Values are those that HBAdjustment::save returned. Entries that cannot be read are not shown, but stay in the
 /// file; a file that is none of this kind is put aside under another name when something is to be kept.
-class HBGimpPresets
+class ADJUSTMENTS_EXPORT HBPresets
 {
 public:
     /// \param folder made when it is needed
-    HBGimpPresets(const QString& folder, const HBAdjustment& adjustment);
+    HBPresets(const QString& folder, const HBAdjustment& adjustment);
 
     /// Empty if there is none.
     QJsonObject Last() const { return Read().last; }
@@ -32,6 +34,8 @@ public:
     /// It becomes the first.
     bool SetUsed(const QString& name, QString* reason);
     bool Remove(const QString& name, QString* reason);
+    /// Not to the name of another.
+    bool Rename(const QString& name, const QString& newName, QString* reason);
 
 private:
     struct Preset

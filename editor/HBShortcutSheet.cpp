@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
+// SPDX-License-Identifier: MIT
+#include "HBShortcutSheet.h"
+
+#include <QAction>
+#include <QDialogButtonBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+namespace
+{
+
+QString Row(const QString& keys, const QString& does)
+{
+    return QString("<tr><td style='padding-right: 16px'><b>%1</b></td><td>%2</td></tr>")
+        .arg(keys.toHtmlEscaped(), does.toHtmlEscaped());
+}
+
+QString Plain(const QString& text)
+{
+    return QString(text).replace("&&", "\n").remove('&').replace('\n', '&').remove(QChar(0x2026));
+}
+
+/// Also those of the menus within it.
+QString Rows(const QMenu* menu)
+{
+    QString rows;
+    for (const QAction* action : menu->actions()) {
+        if (action->menu()) {
+            rows += Rows(action->menu());
+            continue;
+        }
+        QStringList keys;
+        for (const QKeySequence& key : action->shortcuts())
+            keys.append(key.toString(QKeySequence::NativeText));
+        if (!keys.isEmpty())
+            rows += Row(keys.join(", "), Plain(action->text()));
+    }
+    return rows;
+}
+
+} // namespace
+
+HBShortcutSheet::HBShortcutSheet(const QMenuBar* menus, QWidget* parent) : QDialog(parent)
+{
+    setWindowTitle(tr("Keys and Mouse"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    QString html;
+    const auto section = [&](const QString& title, const QString& rows) {
+        if (!rows.isEmpty())
+            html += QString("<h3>%1</h3><table>%2</table>").arg(title.toHtmlEscaped(), rows);
+    };
+    section(tr("Photo"), Row(tr("Drag"), tr("Move the photo, or draw with the chosen tool")) +
+                             Row(tr("Middle button, Space and drag"), tr("Move the photo with any tool")) +
+                             Row(tr("Wheel"), tr("Zoom to the mouse")) +
+                             Row(tr("Shift and wheel"), tr("Move the photo")) +
+                             Row(tr("B, \\ (held)"), tr("The photo as it was before")));
+    section(tr("Controls of a panel"),
+            Row(tr("Double click on a handle or a name"), tr("Set the default")) +
+                Row(tr("Arrows, Page Up, Page Down"), tr("A small step, a large step")) +
+                Row(tr("Wheel"), tr("Changes the control that has the focus")) + Row(tr("Return"), tr("OK")) +
+                Row(tr("Escape"), tr("Cancel")));
+    for (const QAction* menu : menus->actions()) {
+        if (menu->menu())
+            section(Plain(menu->text()), Rows(menu->menu()));
+    }
+    auto* text = new QTextBrowser;
+    text->setHtml(html);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(text);
+    layout->addWidget(buttons);
+    resize(560, 640);
+}
