@@ -5,6 +5,7 @@
 #include "HBSilentControl.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 namespace
@@ -100,7 +101,7 @@ HBOutcome HBBlendAmount(const HBImage<>& before, int amount, const HBImage<>& af
         [&](HBTileAccess& tile) {
             const KMTilePin<HBRGBA32i> old(before.Tile(tile.Index()), false);
             const KMTilePin<HBRGBA32i> present(after.Tile(tile.Index()), false);
-            if (!std::equal(old.Pixels(), old.Pixels() + HBImage<>::TilePixels, present.Pixels()))
+            if (std::memcmp(old.Pixels(), present.Pixels(), HBImage<>::TilePixels * sizeof(HBRGBA32i)) != 0)
                 Blend{amount}(old.Pixels(), tile.Pixels());
         },
         control);
