@@ -137,7 +137,7 @@ private Q_SLOTS:
         QVERIFY(window.Document().Image().PixelAt(1, 1) == HBRGBA32i(30, 130, 30));
         QApplication::clipboard()->setText("no recipe");
         window.Actions()->pasteSteps->trigger();
-        QCOMPARE(window.Document().States().size(), 2);
+        QCOMPARE(window.Document().StepCount(), 1);
     }
 
     void BatchByTheReplayer() {
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QFile file(broken);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no photo") > 0);
         file.close();
-        HBBatchDialog dialog(window.Document().Recipe(nullptr), {m_B, broken, m_C});
+        HBBatchDialog dialog(window.Document().Recipe(), {m_B, broken, m_C});
         QVERIFY(!HBBatchDialog::Program().isEmpty());
         const QString results = m_Folder.filePath("results");
         dialog.findChild<QLineEdit*>("folder")->setText(results);
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QVERIFY(window.Open(m_A));
         Brighten(&window, 30);
         QString error;
-        QVERIFY(window.Document().Recipe(nullptr).Save(path, &error));
+        QVERIFY(window.Document().Recipe().Save(path, &error));
         const auto answer = [](QDialog* dialog) {
             QVERIFY(qobject_cast<HBRecipeDialog*>(dialog));
             const auto color = [&](const char* label) {
