@@ -57,7 +57,7 @@ struct Holdings {
             std::fclose(file);
         }
         return {resident * (sysconf(_SC_PAGESIZE) / 1024), EntriesOf("/proc/self/fd"),
-                EntriesOf("/proc/self/task"), QApplication::allWidgets().size(), Timers()};
+                EntriesOf("/proc/self/task"), int(QApplication::allWidgets().size()), Timers()};
     }
     void Print(int recipes, int panels) const {
         std::printf("%d recipes, %d panels: %ld kB, %d descriptors, %d threads, %d widgets, %d timers\n", recipes,
