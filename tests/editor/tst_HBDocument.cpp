@@ -244,7 +244,7 @@ private Q_SLOTS:
         lost.steps = Steps(all);
         lost.saved = saved < 0 ? HBDocument::Steps{Step("HBExposureWidget")} : Steps(saved);
         const HBDocument::Steps left = lost.StepsForFile();
-        QTEST(left.size(), "left");
+        QTEST(int(left.size()), "left");
         QTEST(left.first().on, "on");
     }
 
