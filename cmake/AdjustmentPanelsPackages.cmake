@@ -83,12 +83,14 @@ if(qt6)
     set(qt_formats qt6-image-formats-plugins)
     set(qt_texts qt6-translations-l10n)
     set(more_formats "")
+    set(type_of_recipes adjustment-panels-data)
 else()
     set(qt6_dash "")
     set(qt_dev "qtbase5-dev (>= 5.15)")
     set(qt_formats qt5-image-formats-plugins)
     set(qt_texts qttranslations5-l10n)
     set(more_formats kimageformat-plugins) # HEIC, AVIF, JPEG XL
+    set(type_of_recipes "") # is there: the data depended on
 endif()
 adjustment_panels_debian(core
     PACKAGE libadjustmentpanels${qt6}-core${soname_version} SECTION libs DEPENDS data
@@ -122,7 +124,7 @@ Translations of the panels and their programs, and the type of recipes
 with its icon.")
 adjustment_panels_debian(editor
     PACKAGE panel-editor${qt6} SECTION graphics DEPENDS panels core data
-    RECOMMENDS ${qt_formats} ${qt_texts} panel-replay${qt6} SUGGESTS ${more_formats}
+    RECOMMENDS ${qt_formats} ${qt_texts} ${type_of_recipes} panel-replay${qt6} SUGGESTS ${more_formats}
     DESCRIPTION "adjusts tone and colour of photos
 Opens photos, adjusts them with twenty panels, whole or within a
 selection, compares before with after, and saves them with their metadata
