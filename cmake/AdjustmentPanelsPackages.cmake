@@ -73,9 +73,13 @@ function(adjustment_panels_debian component)
     endif()
     install(FILES packaging/debian/copyright ${debian}/changelog.gz ${debian}/changelog.Debian.gz
         DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${ARG_PACKAGE} COMPONENT ${component} EXCLUDE_FROM_ALL)
+    if(EXISTS ${PROJECT_SOURCE_DIR}/packaging/debian/${component}.lintian-overrides)
+        install(FILES packaging/debian/${component}.lintian-overrides RENAME ${ARG_PACKAGE}
+            DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT ${component} EXCLUDE_FROM_ALL)
+    endif()
 endfunction()
 
-# Those for Qt 6 stand beside those for Qt 5; documents, and what desktops read, come with the latter alone.
+# Those for Qt 6 stand beside those for Qt 5; documents and the type of recipes come with the latter alone.
 set(qt6 "${ADJUSTMENT_PANELS_SUFFIX}")
 if(qt6)
     set(qt6_dash -)
@@ -83,12 +87,19 @@ if(qt6)
     set(qt_formats qt6-image-formats-plugins)
     set(qt_texts qt6-translations-l10n)
     set(more_formats "")
+    set(type_of_recipes adjustment-panels-data)
+    set(data "texts
+Translations of the panels and their programs.")
 else()
     set(qt6_dash "")
     set(qt_dev "qtbase5-dev (>= 5.15)")
     set(qt_formats qt5-image-formats-plugins)
     set(qt_texts qttranslations5-l10n)
     set(more_formats kimageformat-plugins) # HEIC, AVIF, JPEG XL
+    set(type_of_recipes "") # is there: the data depended on
+    set(data "texts and file type
+Translations of the panels and their programs, and the type of recipes
+with its icon.")
 endif()
 adjustment_panels_debian(core
     PACKAGE libadjustmentpanels${qt6}-core${soname_version} SECTION libs DEPENDS data
@@ -117,12 +128,10 @@ How to embed the panels, what each of them does, and example programs
 that build as they are.")
 adjustment_panels_debian(data
     PACKAGE adjustment-panels${qt6}-data SECTION graphics ALL
-    DESCRIPTION "photo-adjustment panels for Qt - texts and file type
-Translations of the panels and their programs, and the type of recipes
-with its icon.")
+    DESCRIPTION "photo-adjustment panels for Qt - ${data}")
 adjustment_panels_debian(editor
     PACKAGE panel-editor${qt6} SECTION graphics DEPENDS panels core data
-    RECOMMENDS ${qt_formats} ${qt_texts} panel-replay${qt6} SUGGESTS ${more_formats}
+    RECOMMENDS ${qt_formats} ${qt_texts} ${type_of_recipes} panel-replay${qt6} SUGGESTS ${more_formats}
     DESCRIPTION "adjusts tone and colour of photos
 Opens photos, adjusts them with twenty panels, whole or within a
 selection, compares before with after, and saves them with their metadata
@@ -145,8 +154,5 @@ scripts.")
 # The system's list of libraries is brought up to date once, behind all packages.
 set(CPACK_DEBIAN_CORE_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 set(CPACK_DEBIAN_PANELS_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
-configure_file(packaging/debian/dev.lintian-overrides.in ${debian}/dev.lintian-overrides @ONLY)
-install(FILES ${debian}/dev.lintian-overrides RENAME libadjustmentpanels${qt6}-dev
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT dev EXCLUDE_FROM_ALL)
 
 include(CPack)

@@ -94,8 +94,8 @@ QString HBBatchDialog::Program()
 {
     const QString own = QCoreApplication::applicationDirPath();
     // Installed side by side; in the build tree each has a folder.
-    const QString beside = QStandardPaths::findExecutable("panel-replay", {own, own + "/../replay"});
-    return beside.isEmpty() ? QStandardPaths::findExecutable("panel-replay") : beside;
+    const QString beside = QStandardPaths::findExecutable(PANEL_REPLAY_PROGRAM, {own, own + "/../replay"});
+    return beside.isEmpty() ? QStandardPaths::findExecutable(PANEL_REPLAY_PROGRAM) : beside;
 }
 
 void HBBatchDialog::Browse()
@@ -125,7 +125,7 @@ void HBBatchDialog::Start()
     const QString recipe = m_Work.filePath("steps.adjustment-recipe.json");
     QString error;
     if (Program().isEmpty()) {
-        m_pResult->setText(tr("This needs the program panel-replay, which is not installed."));
+        m_pResult->setText(tr("This needs the program %1, which is not installed.").arg(PANEL_REPLAY_PROGRAM));
         return;
     }
     if (!m_Recipe.Save(recipe, &error)) {

@@ -84,7 +84,7 @@ void Name()
     QCoreApplication::setOrganizationName("AdjustmentPanels");
     QCoreApplication::setApplicationName("panel-editor");
     QCoreApplication::setApplicationVersion(PANEL_EDITOR_VERSION);
-    QGuiApplication::setDesktopFileName("org.adjustmentpanels.editor"); // by which Wayland finds the icon
+    QGuiApplication::setDesktopFileName(PANEL_EDITOR_DESKTOP_ID); // by which Wayland finds the icon
 }
 
 QIcon Icon()

@@ -603,8 +603,8 @@
         <translation>S&amp;chließen</translation>
     </message>
     <message>
-        <source>This needs the program panel-replay, which is not installed.</source>
-        <translation>Das braucht das Programm panel-replay, das nicht installiert ist.</translation>
+        <source>This needs the program %1, which is not installed.</source>
+        <translation>Das braucht das Programm %1, das nicht installiert ist.</translation>
     </message>
     <message>
         <source>Applying…</source>

@@ -22,9 +22,10 @@ if(libraries)
     message(FATAL_ERROR "Installed under names that may be others': ${libraries}")
 endif()
 
-foreach(file man/man1/panel-replay${SUFFIX}.1 bash-completion/completions/panel-replay${SUFFIX}
+foreach(file man/man1/panel-replay${SUFFIX}.1 man/man1/panel-editor${SUFFIX}.1
+        applications/org.adjustmentpanels.editor${SUFFIX}.desktop bash-completion/completions/panel-replay${SUFFIX}
         zsh/site-functions/_panel-replay${SUFFIX} fish/vendor_completions.d/panel-replay${SUFFIX}.fish)
-    if(NOT EXISTS ${prefix}/share/${file})
+    if(NOT EXISTS ${prefix}/share/${file} AND NOT EXISTS ${prefix}/share/${file}.gz)
         message(FATAL_ERROR "share/${file} is not installed")
     endif()
 endforeach()
