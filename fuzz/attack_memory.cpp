@@ -13,7 +13,9 @@
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
 #include <HBPhotoFile.h>
+#include <HBQtImage.h>
 #include <HBRecipe.h>
+#include <HBScaled.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -289,6 +291,13 @@ int main(int argc, char** argv) {
             works.append({QString("panel ") + entry.className, OutsideMainThread,
                           [&entry, whole] { return RunPanel(entry, whole); }});
     }
+    const QImage large = HBTestRamp(700, 400).ToQImage();
+    works.append(
+        {"image", Everywhere, [large] {
+             try {
+                 return Result{HBScaled(HBConverted(large, QImage::Format_ARGB32_Premultiplied), {60, 30}), {}};
+             } catch (const std::exception&) { return Result{{}, "failed"}; }
+         }});
     const QTemporaryDir folder;
     for (const char* format : {"png", "jpg", "tif", "webp", "bmp"}) {
         const QString path = folder.filePath(QString("photo.") + format);
