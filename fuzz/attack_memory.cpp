@@ -12,6 +12,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
+#include <HBParallel.h>
 #include <HBPhotoFile.h>
 #include <HBQtImage.h>
 #include <HBRecipe.h>
@@ -25,6 +26,7 @@
 #include <QThread>
 #include <QThreadPool>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -170,19 +172,23 @@ void HangsNow(int) {
     std::abort();
 }
 
+/// The jobs' and the one in which Qt converts and scales, which with Qt 5 are the same.
+std::array<QThreadPool*, 2> Pools() { return {&HBThreadPool(), QThreadPool::globalInstance()}; }
+
 /// Qt ends the process if one of its threads gets no memory in its first steps: these stay.
 void StartThreads() {
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    pool.setExpiryTimeout(-1);
     static QSemaphore begun, end; // a thread may still be about to leave its
-    for (int i = 0; i < Threads; ++i) {
-        pool.start(QRunnable::create([] {
-            begun.release();
-            end.acquire();
-        }));
+    for (QThreadPool* pool : Pools()) {
+        pool->setExpiryTimeout(-1);
+        for (int i = 0; i < Threads; ++i) {
+            pool->start(QRunnable::create([] {
+                begun.release();
+                end.acquire();
+            }));
+        }
+        begun.acquire(Threads);
+        end.release(Threads);
     }
-    begun.acquire(Threads);
-    end.release(Threads);
 }
 
 void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
@@ -197,7 +203,7 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
         const auto attempt = [&](long moment) {
             if (kind == What::Threads) {
                 // A thread that is idle is used again: none would be created.
-                QThreadPool::globalInstance()->setExpiryTimeout(0);
+                for (QThreadPool* pool : Pools()) pool->setExpiryTimeout(0);
                 QThread::msleep(3);
             }
             std::snprintf(now, sizeof now, "%s, call %ld, kind %d\n", qPrintable(work.name), moment, int(kind));
@@ -259,7 +265,7 @@ int main(int argc, char** argv) {
     const int seconds = argc > 1 ? std::atoi(argv[1]) : 60;
     QRandomGenerator random(argc > 2 ? quint32(std::atoi(argv[2])) : 1);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    QThreadPool::globalInstance()->setMaxThreadCount(Threads);
+    for (QThreadPool* pool : Pools()) pool->setMaxThreadCount(Threads);
     QVector<Work> works;
     for (const HBAdjustment& adjustment : HBAdjustments()) {
         const std::any record = HBDemonstration(adjustment);

@@ -9,6 +9,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
+#include <HBParallel.h>
 #include <KMApplication.h>
 #include <KMDocumentView.h>
 #include <MavuCustomSlider.h>
@@ -123,6 +124,12 @@ void ProcessEvents(int milliseconds) {
     while (time.elapsed() < milliseconds);
 }
 
+/// In the jobs' pool and in Qt's, which with Qt 6 is another one.
+int WorkingThreads() {
+    QThreadPool *const global = QThreadPool::globalInstance(), &own = HBThreadPool();
+    return global->activeThreadCount() + (&own == global ? 0 : own.activeThreadCount());
+}
+
 bool Idle(const std::function<bool()>& reached) {
     QElapsedTimer time;
     for (time.start(); !reached(); QCoreApplication::processEvents(QEventLoop::AllEvents, 5)) {
@@ -223,7 +230,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                            .arg(panel->HasPendingChange())
                            .arg(finished)
                            .arg(waited)
-                           .arg(QThreadPool::globalInstance()->activeThreadCount()));
+                           .arg(WorkingThreads()));
         };
         rests([&] { return finished >= waited; }); // first: a wait whose dialog is rejected cancels
         panel->SetCancelProcessing(false);
@@ -239,7 +246,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     panel.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    HBFuzzCheck(Idle([] { return QThreadPool::globalInstance()->activeThreadCount() == 0; }), "a thread works on");
+    HBFuzzCheck(Idle([] { return WorkingThreads() == 0; }), "a thread works on");
     HBFuzzCheck(!QApplication::overrideCursor(), "the override cursor is left");
     for (const KMDocumentView& view : views) HBFuzzCheck(!view.HasOverrideCursor(), "a picker's cursor is left");
     HBFuzzCheck(!QApplication::activeModalWidget(), "a dialog is left");
