@@ -26,7 +26,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QThread>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -130,15 +129,6 @@ int WorkingThreads() {
     return global->activeThreadCount() + (&own == global ? 0 : own.activeThreadCount());
 }
 
-bool Idle(const std::function<bool()>& reached) {
-    QElapsedTimer time;
-    for (time.start(); !reached(); QCoreApplication::processEvents(QEventLoop::AllEvents, 5)) {
-        if (time.elapsed() > 60000) return false;
-        QThread::msleep(1); // not the pool's waitForDone(): that loses a task that comes meanwhile
-    }
-    return true;
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
@@ -223,7 +213,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (panel && !entry.draw) {
         const auto rests = [&](const std::function<bool()>& reached) {
-            if (Idle(reached)) return;
+            if (HBComesTrue(reached)) return;
             HBFuzzFail(QString("%1 does not come to rest: processing %2, pending %3, finished %4 of %5, pool %6")
                            .arg(entry.className)
                            .arg(panel->IsProcessing())
@@ -246,7 +236,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     panel.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    HBFuzzCheck(Idle([] { return WorkingThreads() == 0; }), "a thread works on");
+    HBFuzzCheck(HBComesTrue([] { return WorkingThreads() == 0; }), "a thread works on");
     HBFuzzCheck(!QApplication::overrideCursor(), "the override cursor is left");
     for (const KMDocumentView& view : views) HBFuzzCheck(!view.HasOverrideCursor(), "a picker's cursor is left");
     HBFuzzCheck(!QApplication::activeModalWidget(), "a dialog is left");
