@@ -5,8 +5,10 @@
 #include "HBTestFiles.h"
 #include "HBTestImages.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QJsonDocument>
+#include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
@@ -52,6 +54,16 @@ bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result) {
 QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes) {
     if (adjustment.tag) return {{"record", QString::fromLatin1(bytes.toBase64())}};
     return {{"values", QJsonDocument::fromJson(bytes).object()}};
+}
+
+bool HBComesTrue(const std::function<bool()>& isSo) {
+    constexpr int Turns = 40000; // of a millisecond or more
+    for (int turn = 0; turn < Turns; ++turn) {
+        if (isSo()) return true;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QThread::msleep(1); // not the pool's waitForDone(): that loses a task that comes meanwhile
+    }
+    return false;
 }
 
 void HBFuzzWrite(const QString& path, const QByteArray& bytes) {

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 // What the fuzz targets share. Each target is one program: with Clang's -fsanitize=fuzzer it looks for new inputs,
 // otherwise it runs the files that it is given (HBRunCorpus.cpp).
@@ -50,6 +51,10 @@ bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result);
 
 /// The step as one that stores a record takes it, made of raw bytes; one of plain values takes the bytes as JSON.
 QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes);
+
+/// Works events off until it is so; false if that never comes. Patience is counted in turns, not in seconds: on a
+/// busy machine what is waited for takes as much longer as they do.
+bool HBComesTrue(const std::function<bool()>& isSo);
 
 /// Ends the process if the file cannot be written.
 void HBFuzzWrite(const QString& path, const QByteArray& bytes);

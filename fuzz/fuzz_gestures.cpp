@@ -9,6 +9,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBPanelCatalog.h>
+#include <HBParallel.h>
 #include <KMApplication.h>
 #include <KMDocumentView.h>
 #include <MavuCustomSlider.h>
@@ -25,7 +26,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QThread>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -123,13 +123,10 @@ void ProcessEvents(int milliseconds) {
     while (time.elapsed() < milliseconds);
 }
 
-bool Idle(const std::function<bool()>& reached) {
-    QElapsedTimer time;
-    for (time.start(); !reached(); QCoreApplication::processEvents(QEventLoop::AllEvents, 5)) {
-        if (time.elapsed() > 60000) return false;
-        QThread::msleep(1); // not the pool's waitForDone(): that loses a task that comes meanwhile
-    }
-    return true;
+/// In the jobs' pool and in Qt's, which with Qt 6 is another one.
+int WorkingThreads() {
+    QThreadPool *const global = QThreadPool::globalInstance(), &own = HBThreadPool();
+    return global->activeThreadCount() + (&own == global ? 0 : own.activeThreadCount());
 }
 
 } // namespace
@@ -216,14 +213,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (panel && !entry.draw) {
         const auto rests = [&](const std::function<bool()>& reached) {
-            if (Idle(reached)) return;
+            if (HBComesTrue(reached)) return;
             HBFuzzFail(QString("%1 does not come to rest: processing %2, pending %3, finished %4 of %5, pool %6")
                            .arg(entry.className)
                            .arg(panel->IsProcessing())
                            .arg(panel->HasPendingChange())
                            .arg(finished)
                            .arg(waited)
-                           .arg(QThreadPool::globalInstance()->activeThreadCount()));
+                           .arg(WorkingThreads()));
         };
         rests([&] { return finished >= waited; }); // first: a wait whose dialog is rejected cancels
         panel->SetCancelProcessing(false);
@@ -239,7 +236,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     panel.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    HBFuzzCheck(Idle([] { return QThreadPool::globalInstance()->activeThreadCount() == 0; }), "a thread works on");
+    HBFuzzCheck(HBComesTrue([] { return WorkingThreads() == 0; }), "a thread works on");
     HBFuzzCheck(!QApplication::overrideCursor(), "the override cursor is left");
     for (const KMDocumentView& view : views) HBFuzzCheck(!view.HasOverrideCursor(), "a picker's cursor is left");
     HBFuzzCheck(!QApplication::activeModalWidget(), "a dialog is left");

@@ -14,8 +14,6 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QThread>
 
 #include <cstdio>
 #include <malloc.h>
@@ -91,11 +89,8 @@ void RunPanel(const HBPanelEntry& entry, QRandomGenerator& random) {
     entry.set(*panel, HBRandomRecord(*entry.adjustment, random));
     panel->ProcessNow();
     if (random.bounded(4) == 0) return; // in the middle of the job
-    QElapsedTimer time;
-    for (time.start(); panel->IsProcessing(); QThread::msleep(1)) {
-        QCoreApplication::processEvents();
-        HBFuzzCheck(time.elapsed() < 60000, QString("%1 does not come to rest").arg(entry.className));
-    }
+    HBFuzzCheck(HBComesTrue([&] { return !panel->IsProcessing(); }),
+                QString("%1 does not come to rest").arg(entry.className));
 }
 
 } // namespace

@@ -24,9 +24,10 @@ constexpr int Version = 2; // steps may be off, or in part, or on a selection
 constexpr int MaximumBytes = 16 << 20;
 constexpr int MaximumSteps = 1000;
 
-constexpr QLatin1String OnKey("on");
-constexpr QLatin1String AmountKey("amount");
-constexpr QLatin1String SelectionKey("selection");
+// Not constexpr: Clang does not know their length in time.
+const QLatin1String OnKey("on");
+const QLatin1String AmountKey("amount");
+const QLatin1String SelectionKey("selection");
 
 struct Text
 {

@@ -4,6 +4,8 @@
 
 #include "HistogramShape.h"
 
+#include <HBWarn.h>
+
 #include <QEvent>
 #include <QLayout>
 #include <QMetaMethod>
@@ -143,7 +145,7 @@ void HistogramWidget::Take(const Image& image)
             try {
                 return CountNow(image);
             } catch (const std::exception& error) {
-                qWarning("The histogram could not be counted: %s", error.what());
+                HBWarn("The histogram could not be counted: ", error.what());
                 return {};
             }
         },

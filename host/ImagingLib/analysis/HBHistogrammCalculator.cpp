@@ -4,6 +4,7 @@
 
 #include "HBParallel.h"
 #include "HBQtImage.h"
+#include "HBWarn.h"
 
 #include <algorithm>
 #include <limits>
@@ -182,7 +183,7 @@ struct BehindCount
             return true;
         } catch (const std::exception& error) {
             if (!failed.exchange(true))
-                qWarning("The histogram could not be counted: %s", error.what());
+                HBWarn("The histogram could not be counted: ", error.what());
             End(lane);
             return false;
         }

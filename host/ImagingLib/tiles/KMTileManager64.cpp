@@ -3,6 +3,7 @@
 #include "KMTileManager64.h"
 
 #include "HBUsableMemory.h"
+#include "HBWarn.h"
 #include "KMTileScratch.h"
 #include "KMTileSlabs.h"
 
@@ -304,7 +305,7 @@ void KMTileManager64::Private::WarnOnce()
             return;
         handler = troubleHandler;
     }
-    qWarning("Image data cannot be moved to the scratch file (is the disk full?): it stays in memory");
+    HBWarn("Image data cannot be moved to the scratch file (is the disk full?): it stays in memory");
     if (handler)
         handler();
 }
