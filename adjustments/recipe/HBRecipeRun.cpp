@@ -98,12 +98,12 @@ public:
             NameFailure(first, reason, error);
         else
             *error = Text::tr("Steps %1 (%2) to %3 (%4): %5")
-                         .arg(QString::number(StepAt(first).index + 1), NameOf(first),
-                              QString::number(StepAt(last).index + 1), NameOf(last), reason);
+                         .arg(QString::number(StepAt(first).index + 1), StepAt(first).adjustment->Title(),
+                              QString::number(StepAt(last).index + 1), StepAt(last).adjustment->Title(), reason);
     }
     void NameFailure(int step, const QString& reason, QString* error) const
     {
-        HBFailStep(error, StepAt(step).index, NameOf(step), reason);
+        HBFailStep(error, StepAt(step).index, StepAt(step).stored->panel, reason);
     }
 
 private:
@@ -128,7 +128,6 @@ private:
         }
     }
     const Step& StepAt(int index) const { return m_Steps[std::size_t(index)]; }
-    QString NameOf(int step) const { return QString::fromLatin1(StepAt(step).adjustment->className); }
 
     std::vector<Step> m_Steps;
     std::vector<Leg> m_Legs;
