@@ -185,15 +185,20 @@ bool Run(Plan& plan, const Plan::Leg& leg, const HBImage<>& photo, HBTarget* tar
          QString* error)
 try {
     control->Begin(leg);
-    const HBTarget part =
+    HBTarget part =
         plan.SelectionOf(leg).IsNone() ? *target : HBSelectIn(*target, plan.SelectionOf(leg), photo, control);
     if (HBIsCancelled(control))
         return false;
+    // What is not needed behind is changed where it is.
+    const bool selected = part.bounds.isValid();
+    const bool isInPart = plan.AmountOf(leg) < HBRecipeStep::MaximumAmount;
+    const HBImage<> before = isInPart ? target->source : HBImage<>();
+    target->source = HBImage<>();
     HBStageSpan failed;
     HBOutcome outcome = HBRunStages(
-        part, [&] { return plan.MakeStages(leg, part.bounds.isValid()); }, control, &failed);
-    if (outcome.IsWhole() && plan.AmountOf(leg) < HBRecipeStep::MaximumAmount)
-        outcome = HBBlendAmount(target->source, plan.AmountOf(leg), outcome.image, control);
+        std::move(part), [&] { return plan.MakeStages(leg, selected); }, control, &failed);
+    if (isInPart)
+        outcome = HBBlendAmount(before, plan.AmountOf(leg), std::move(outcome), control);
     if (outcome.status == HBOutcome::Failed)
         plan.NameFailure(failed, HBFailureReason(outcome), error);
     target->source = outcome.image;
@@ -245,7 +250,7 @@ try {
     if (HBIsCancelled(control))
         return {};
     const HBImage<> looked = photo.IsEmpty() ? target.source : photo;
-    HBTarget present = target;
+    HBTarget present = target; // whose tiles the caller holds, too
     for (const Plan::Leg& leg : plan.Legs()) {
         if (!Run(plan, leg, looked, &present, &thousandths, error))
             return {};
