@@ -58,6 +58,9 @@ private:
 
 HBDocument::HBDocument(QObject* parent) : QObject(parent)
 {
+    connect(&m_Result, &HBStackResult::Ready, this, &HBDocument::NoteResult);
+    connect(&m_History, &QUndoStack::indexChanged, this,
+            &HBDocument::NoteResult); // a change is pushed behind Ready
     connect(&m_Result, &HBStackResult::Ready, this, &HBDocument::Changed);
     connect(&m_Result, &HBStackResult::Failed, this, &HBDocument::Failed);
     connect(&m_History, &QUndoStack::indexChanged, this, &HBDocument::Changed);
@@ -86,6 +89,7 @@ void HBDocument::SetPhoto(const QString& path, const HBPhoto& photo)
         const QSignalBlocker quiet(m_History); // one word for all of it
         m_History.clear();
     }
+    NoteResult();
     Q_EMIT StepsChanged();
     Q_EMIT Changed();
 }
@@ -173,6 +177,20 @@ void HBDocument::Remove(int index)
     Steps steps = m_Steps;
     steps.remove(index);
     Push(steps, tr("Delete %1").arg(TitleOf(m_Steps.at(index))));
+}
+
+void HBDocument::NoteResult()
+{
+    if (m_Result.IsUpToDate())
+        m_ReadyAt = m_History.index();
+}
+
+void HBDocument::GiveUp()
+{
+    if (!m_Result.IsUpToDate() && m_ReadyAt <= m_History.count())
+        m_History.setIndex(m_ReadyAt);
+    if (!m_Result.IsUpToDate()) // amounts of one gesture, or what is no longer in the history
+        m_History.undo();
 }
 
 // ---- The file ----

@@ -58,6 +58,9 @@ public:
     void Duplicate(int index);
     void Remove(int index);
 
+    /// Takes back what has changed since there was a result, instead of making one.
+    void GiveUp();
+
     /// Silent while a photo is opened.
     QUndoStack& History() { return m_History; }
     const QUndoStack& History() const { return m_History; }
@@ -81,6 +84,7 @@ private:
     class Change;
     void Push(const Steps& steps, const QString& title, int gesture = -1);
     void ReadFileState();
+    void NoteResult();
     bool Has(int index) const { return index >= 0 && index < m_Steps.size(); }
 
     QString m_Path;
@@ -91,4 +95,5 @@ private:
     Steps m_SavedSteps;
     HBStackResult m_Result;
     QUndoStack m_History;
+    int m_ReadyAt = 0; ///< where in the history there was a result last
 };

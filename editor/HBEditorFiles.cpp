@@ -170,22 +170,35 @@ bool HBEditorWindow::SaveAs()
     return SaveTo(path, options);
 }
 
+/// False if that fails, which is said, or was cancelled: then the file is as it was.
+bool HBEditorWindow::Write(const QString& text, const QString& path, const HBImage<>& image,
+                           const HBPhotoOptions& options, QStringList* warnings, HBPhotoEncoding* encoding)
+{
+    QString error;
+    bool written = false;
+    const bool wanted = HBBusyDialog::RunCancellable(
+        text.arg(QFileInfo(path).fileName()), this,
+        [&](const HBJobControl* control) {
+            HBPhotoOptions asking = options;
+            asking.isWanted = [control] { return !control->IsCancelled(); };
+            written = HBWritePhoto(path, image, asking, &error, warnings, encoding);
+        },
+        HBBusyDialog::Patience);
+    if (!written && wanted)
+        m_pMessages->ShowError(error);
+    return written;
+}
+
 bool HBEditorWindow::SaveTo(const QString& path, const HBPhotoOptions& options)
 {
     if (!Settle())
         return false;
     const QScopedValueRollback<bool> busy(m_Busy, true);
     const HBImage<> image = m_Document.Image();
-    QString error;
     QStringList warnings;
     HBPhotoEncoding encoding;
-    bool written = false;
-    HBBusyDialog::Run(tr("Saving %1").arg(QFileInfo(path).fileName()), this,
-                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings, &encoding); });
-    if (!written) {
-        m_pMessages->ShowError(error);
+    if (!Write(tr("Saving %1"), path, image, options, &warnings, &encoding))
         return false;
-    }
     m_pStrip->SetOpen(path);
     m_pStrip->Refresh(path);
     m_Recent.Add(path);
@@ -208,16 +221,9 @@ bool HBEditorWindow::Export()
         return false;
     const QScopedValueRollback<bool> busy(m_Busy, true);
     const QString path = dialog.Path();
-    const HBPhotoOptions options = dialog.Options();
-    QString error;
     QStringList warnings;
-    bool written = false;
-    HBBusyDialog::Run(tr("Exporting %1").arg(QFileInfo(path).fileName()), this,
-                      [&] { written = HBWritePhoto(path, image, options, &error, &warnings); });
-    if (!written) {
-        m_pMessages->ShowError(error);
+    if (!Write(tr("Exporting %1"), path, image, dialog.Options(), &warnings))
         return false;
-    }
     m_pMessages->hide();
     if (!warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + warnings.join("; "));

@@ -16,11 +16,14 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStatusBar>
+#include <QToolButton>
 
 namespace
 {
@@ -49,11 +52,21 @@ void HBEditorWindow::BuildSteps()
     connect(m_pShowSteps, &QAction::toggled, this, &HBEditorWindow::ShowSteps);
     connect(m_pSteps, &HBStepList::OpenAsked, this, &HBEditorWindow::OpenStep);
 
-    m_pProgress = new QProgressBar(this);
+    m_pProgressBox = new QWidget(this);
+    m_pProgress = new QProgressBar(m_pProgressBox);
     m_pProgress->setMaximumWidth(120);
     m_pProgress->setToolTip(tr("The photo is being made from its steps"));
-    m_pProgress->hide();
-    statusBar()->addPermanentWidget(m_pProgress);
+    auto* giveUp = new QToolButton(m_pProgressBox);
+    giveUp->setText(tr("Cancel"));
+    giveUp->setAutoRaise(true);
+    giveUp->setToolTip(tr("Take back the change of the steps that takes so long"));
+    connect(giveUp, &QToolButton::clicked, &m_Document, &HBDocument::GiveUp);
+    auto* progress = new QHBoxLayout(m_pProgressBox);
+    progress->setContentsMargins(0, 0, 0, 0);
+    progress->addWidget(m_pProgress);
+    progress->addWidget(giveUp);
+    m_pProgressBox->hide();
+    statusBar()->addPermanentWidget(m_pProgressBox);
     connect(&m_Document.Result(), &HBStackResult::Progress, this, &HBEditorWindow::ShowProgress);
     connect(&m_Document, &HBDocument::Failed, m_pMessages, &HBMessageBar::ShowError);
     connect(&m_Document.History(), &QUndoStack::indexChanged, m_pMessages, &QWidget::hide); // what it told is over
@@ -73,7 +86,7 @@ void HBEditorWindow::ShowSteps()
 
 void HBEditorWindow::ShowProgress(int percent)
 {
-    m_pProgress->setVisible(percent >= 0);
+    m_pProgressBox->setVisible(percent >= 0);
     m_pProgress->setValue(qMax(0, percent));
 }
 
@@ -98,7 +111,11 @@ void HBEditorWindow::Redo()
 /// Waits for the result of steps on the photo. False if that was cancelled, or failed, which is said.
 bool HBEditorWindow::Compute(const QVector<HBRecipeStep>& steps, HBImage<>* image)
 {
-    const HBStackWork work = m_Document.Result().WorkFor(steps);
+    // What is made behind would take half of the processor, and as much memory.
+    HBStackResult& result = m_Document.Result();
+    result.SetHeld(true);
+    const auto release = qScopeGuard([&result] { result.SetHeld(false); });
+    const HBStackWork work = result.WorkFor(steps);
     HBStackWork::Done done;
     const auto run = [&](HBJobControl* control) { done = work.Run(control); };
     const qint64 pixels = qint64(work.photo.Width()) * work.photo.Height() * work.rest.steps.size();
@@ -111,7 +128,7 @@ bool HBEditorWindow::Compute(const QVector<HBRecipeStep>& steps, HBImage<>* imag
         m_pMessages->ShowError(done.error);
         return false;
     }
-    m_Document.Result().Know(steps, done.image);
+    result.Know(steps, done.image);
     *image = done.image;
     return true;
 }
@@ -149,14 +166,32 @@ bool HBEditorWindow::OpenStep(int step)
     return true;
 }
 
+/// What its OK makes of the stack.
+HBRecipeStep HBEditorWindow::PanelStep() const
+{
+    HBRecipeStep step = m_pSession->Step();
+    if (m_pSession->HasSelection()) // overlays have none
+        step.selection = m_pSelection->Shape();
+    if (m_OpenedStep >= 0)
+        step.amount = m_Document.StepAt(m_OpenedStep).amount;
+    return step;
+}
+
+/// For the case of a crash.
+void HBEditorWindow::KeepPanel()
+{
+    if (!m_pRecovery)
+        return;
+    const bool acts = m_pSession && (IsPanelChanged() || m_ActsUntouched);
+    m_pRecovery->SetPanel(acts ? PanelStep() : HBRecipeStep(), m_OpenedStep);
+}
+
 void HBEditorWindow::ApplyPanel(const HBImage<>& image)
 {
     const int opened = m_OpenedStep;
-    HBRecipeStep step = m_pSession->Step();
+    const HBRecipeStep step = PanelStep();
     // A panel that acts by the values it opens with does something though nobody has touched it.
     const bool isStep = IsPanelChanged() || (opened < 0 && IsPanelSeen(image));
-    if (m_pSession->HasSelection()) // overlays have none
-        step.selection = m_pSelection->Shape();
     m_LastStep = step;
     QString ignored; // the step counts, not that it is remembered
     if (m_pPresets)
@@ -168,9 +203,7 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
         m_Document.Append({step}, HBDocument::TitleOf(step), image);
         return;
     }
-    step.on = true;
-    step.amount = m_Document.StepAt(opened).amount;
-    m_Document.Replace(opened, step, step.amount == HBRecipeStep::MaximumAmount ? image : HBImage<>());
+    m_Document.Replace(opened, step, image);
     m_pSteps->SetCurrent(opened);
 }
 
@@ -192,7 +225,7 @@ void HBEditorWindow::OfferLost()
             QMessageBox::Question, tr("Panel Editor"),
             tr("The editor did not come to its end while “%1” had steps that were not saved (%2). Restore them?")
                 .arg(QFileInfo(lost.photo).fileName())
-                .arg(lost.steps.size()),
+                .arg(lost.steps.size() + (lost.HasPanel() && lost.opened < 0 ? 1 : 0)),
             QMessageBox::NoButton, this);
         question.setInformativeText(lost.photo);
         QPushButton* restore = question.addButton(tr("&Restore"), QMessageBox::AcceptRole);
@@ -216,6 +249,8 @@ void HBEditorWindow::Restore(const HBLostStack& lost)
     const bool isSame = lost.IsSamePhoto();
     const HBDocument::Steps steps = lost.StepsForFile();
     m_Document.SetSteps(steps, tr("Restored Steps"));
+    if (lost.HasPanel()) // undone by itself, as an OK is
+        m_Document.SetSteps(lost.StepsWithPanel(), HBDocument::TitleOf(lost.panel));
     HBRecovery::Forget(lost); // this editor's own file has them now
     const bool isOff = steps.size() == lost.steps.size() && !lost.saved.isEmpty();
     if (isOff)
@@ -223,4 +258,8 @@ void HBEditorWindow::Restore(const HBLostStack& lost)
             tr("The photo was saved with other steps. Those that were restored are switched off."));
     else if (!isSame)
         m_pMessages->ShowNote(tr("“%1” has changed since the steps were made.").arg(m_Document.FileName()));
+    else if (lost.HasPanel())
+        m_pMessages->ShowNote(
+            tr("“%1” had not been applied yet. It is restored as if it had been; Undo takes it back.")
+                .arg(HBDocument::TitleOf(lost.panel)));
 }

@@ -253,10 +253,19 @@ void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
     }
     MakePanelBox();
     m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
-    if (m_OpenedStep >= 0)
+    if (m_OpenedStep >= 0) {
+        m_pSession->SetAmount(m_Document.StepAt(m_OpenedStep).amount);
         m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
+    }
     m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
     connect(m_pGestures, &HBPanelGestures::Changed, this, &HBEditorWindow::ShowSteps);
+    connect(m_pGestures, &HBPanelGestures::Done, this, &HBEditorWindow::KeepPanel);
+    connect(m_pSession, &HBPanelSession::PreviewReady, this, [this](const HBImage<>& image) {
+        if (!m_pRecovery || m_OpenedStep >= 0 || !m_pGestures || m_pGestures->AreValuesChanged())
+            return;
+        m_ActsUntouched = !HBHaveSamePixels(image, m_PanelSource);
+        KeepPanel();
+    });
     ShowDocument();
     m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
     HandOverSource();
@@ -327,6 +336,8 @@ void HBEditorWindow::DropPanel()
     m_pSession = nullptr;
     delete m_pGestures; // it looks at the selection
     m_PanelSource = HBImage<>();
+    m_ActsUntouched = false;
+    KeepPanel();
     if (m_OpenedStep >= 0) {
         m_OpenedStep = -1;
         m_pSelection->SetShape(m_SelectionBefore);
@@ -511,6 +522,8 @@ bool HBEditorWindow::eventFilter(QObject* watched, QEvent* event)
     const QEvent::Type type = event->type();
     if (watched == m_pStepsDock && type == QEvent::Close)
         m_pShowSteps->setChecked(false); // by its cross
+    if (watched == this && type == QEvent::WindowStateChange)
+        m_pActions->fullScreen->setChecked(isFullScreen()); // the desktop can end it, too
     if (type == QEvent::ApplicationDeactivate && m_pBeforeAfter->IsHeld())
         m_pBeforeAfter->SetHeld(false); // the key's release will go elsewhere
     if ((type == QEvent::KeyPress || type == QEvent::KeyRelease) && watched->isWidgetType()) {

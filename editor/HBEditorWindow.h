@@ -89,6 +89,8 @@ private:
     bool MayLeavePanel();
     bool IsPanelSeen(const HBImage<>& shown);
     bool IsPanelChanged() const;
+    HBRecipeStep PanelStep() const;
+    void KeepPanel();
     bool HasPanelWork();
     bool AcceptPanel();
     void DropPanel();
@@ -109,6 +111,8 @@ private:
     bool Save();
     bool SaveAs();
     bool SaveOver();
+    bool Write(const QString& text, const QString& path, const HBImage<>& image, const HBPhotoOptions& options,
+               QStringList* warnings, HBPhotoEncoding* encoding = nullptr);
     bool Export();
     void SaveRecipe();
     void ChooseRecipe();
@@ -140,10 +144,12 @@ private:
     QPointer<HBPanelGestures> m_pGestures;           ///< of the session
     HBImage<> m_PanelSource;                         ///< what the open panel works on
     int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
+    bool m_ActsUntouched = false;                    ///< it does something by the values that it opened with
     HBSelectionShape m_SelectionBefore;              ///< that of the opened step is shown in its place
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
     QAction* m_pShowSteps = nullptr;
+    QWidget* m_pProgressBox = nullptr;
     QProgressBar* m_pProgress = nullptr;
     HBRecovery* m_pRecovery = nullptr;
     KMDocumentView* m_pView;

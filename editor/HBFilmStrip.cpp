@@ -138,6 +138,7 @@ void HBFilmStrip::List()
         auto* item = new QListWidgetItem(m_Icons.value(photo, grey), QFileInfo(photo).fileName(), m_pList);
         item->setData(Qt::UserRole, photo);
         item->setToolTip(QDir::toNativeSeparators(photo));
+        item->setSizeHint(m_pList->gridSize() - QSize(4, 0)); // else names are as wide as the picture
     }
     QTimer::singleShot(0, this, &HBFilmStrip::WantSeen); // when they have their places
 }

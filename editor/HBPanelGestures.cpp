@@ -36,6 +36,11 @@ HBPanelGestures::HBPanelGestures(HBPanelSession* session, HBSelectionTool* selec
     connect(session->Panel(), &HBAdjustmentWidget::DataChanged, this, begin);
     connect(session->Panel(), &HBAdjustmentWidget::AboutUserParamsChanged, this, begin);
     connect(selection, &HBSelectionTool::Changed, this, [this] { m_Rest.start(0); });
+    // A preset and a pick set the values without a word.
+    connect(session, &HBPanelSession::PreviewReady, this, [this] {
+        if (!m_Rest.isActive() && !IsPresent(m_States.at(m_Index)))
+            m_Rest.start(0);
+    });
     qApp->installEventFilter(this);
 }
 
@@ -87,6 +92,7 @@ void HBPanelGestures::Note()
     m_States.append(Present());
     ++m_Index;
     Q_EMIT Changed();
+    Q_EMIT Done();
 }
 
 void HBPanelGestures::GoTo(int index)
@@ -98,6 +104,7 @@ void HBPanelGestures::GoTo(int index)
     m_Rest.stop(); // that was no gesture
     m_States[index] = Present();
     Q_EMIT Changed();
+    Q_EMIT Done();
 }
 
 void HBPanelGestures::Undo()

@@ -34,6 +34,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void Changed();
+    /// A gesture has come to its end, or was undone or redone.
+    void Done();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

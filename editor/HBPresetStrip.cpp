@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
@@ -59,6 +60,7 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pList->setFixedHeight(m_pList->gridSize().height() + 2 * m_pList->frameWidth());
     m_pList->viewport()->installEventFilter(this);
+    m_pList->installEventFilter(this);
     m_pList->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* more = new QToolButton;
     more->setText(QStringLiteral("…"));
@@ -69,8 +71,6 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     layout->addWidget(m_pList, 1);
     layout->addWidget(more, 0, Qt::AlignTop);
     connect(m_pList, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { Apply(m_pList->row(item)); });
-    connect(m_pList, &QListWidget::itemActivated, this,
             [this](QListWidgetItem* item) { Apply(m_pList->row(item)); });
     connect(m_pList, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { ShowMenu(m_pList->viewport()->mapToGlobal(at)); });
@@ -91,6 +91,14 @@ bool HBPresetStrip::eventFilter(QObject* watched, QEvent* event)
         QScrollBar* bar = m_pList->horizontalScrollBar();
         bar->setValue(bar->value() - (delta.x() ? delta.x() : delta.y()));
         return true;
+    }
+    // Not by itemActivated, which in some styles comes behind each click, too.
+    if (watched == m_pList && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
+            Apply(m_pList->currentRow());
+        if (key == Qt::Key_Space)
+            return true; // Return is OK behind it, as everywhere in a panel
     }
     return QWidget::eventFilter(watched, event);
 }

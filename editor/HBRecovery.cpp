@@ -26,7 +26,7 @@ QJsonObject JsonOf(const HBDocument::Steps& steps)
     return QJsonDocument::fromJson(HBRecipe{steps}.ToJson()).object();
 }
 
-/// None, if it is no recipe.
+/// None, if it is no recipe, or has none.
 HBDocument::Steps StepsOf(const QJsonValue& json)
 {
     HBRecipe recipe;
@@ -47,7 +47,11 @@ bool Read(const QString& path, HBLostStack* lost)
     lost->time = QDateTime::fromMSecsSinceEpoch(qint64(json.value("time").toDouble()));
     lost->steps = StepsOf(json.value("recipe"));
     lost->saved = StepsOf(json.value("saved"));
-    return !lost->photo.isEmpty() && !(lost->steps.isEmpty() && lost->saved.isEmpty());
+    lost->panel = StepsOf(json.value("panel")).value(0);
+    lost->opened = json.value("opened").toInt(-1);
+    if (lost->opened < 0 || lost->opened >= lost->steps.size())
+        lost->opened = -1;
+    return !lost->photo.isEmpty() && !(lost->steps.isEmpty() && lost->saved.isEmpty() && !lost->HasPanel());
 }
 
 } // namespace
@@ -68,6 +72,22 @@ HBDocument::Steps HBLostStack::StepsForFile() const
     return off;
 }
 
+HBDocument::Steps HBLostStack::StepsWithPanel() const
+{
+    HBDocument::Steps all = StepsForFile();
+    if (!HasPanel())
+        return all;
+    const bool isOff = !saved.isEmpty() && all.size() == steps.size(); // as all of them
+    const int index = opened - (steps.size() - all.size());
+    const bool isThere = opened >= 0 && index >= 0;
+    if (!isThere)
+        all.append(panel);
+    HBRecipeStep& step = isThere ? all[index] : all.last();
+    step = panel;
+    step.on = !isOff && (isThere || opened < 0);
+    return all;
+}
+
 HBRecovery::HBRecovery(const QString& folder, HBDocument* document, QObject* parent)
     : QObject(parent)
     , m_Folder(folder)
@@ -75,7 +95,7 @@ HBRecovery::HBRecovery(const QString& folder, HBDocument* document, QObject* par
     , m_pDocument(document)
 {
     m_Soon.setSingleShot(true);
-    connect(&m_Soon, &QTimer::timeout, this, &HBRecovery::Write);
+    connect(&m_Soon, &QTimer::timeout, this, &HBRecovery::Update);
     connect(document, &HBDocument::Changed, this, &HBRecovery::OnChanged);
 }
 
@@ -84,22 +104,48 @@ HBRecovery::~HBRecovery()
     Remove();
 }
 
+HBRecovery::State HBRecovery::Present() const
+{
+    return {m_pDocument->AllSteps(), m_Panel, m_Opened};
+}
+
+bool HBRecovery::IsWritten() const
+{
+    return m_IsThere && m_Written.steps == m_pDocument->AllSteps() && m_Written.panel == m_Panel &&
+           m_Written.opened == m_Opened;
+}
+
+void HBRecovery::SetPanel(const HBRecipeStep& step, int opened)
+{
+    m_Panel = step;
+    m_Opened = step.panel.isEmpty() ? -1 : opened;
+    if (!step.panel.isEmpty())
+        Update();
+    else if (m_IsThere && !m_Soon.isActive())
+        m_Soon.start(0);
+}
+
+/// Makes the file as it is to be.
+void HBRecovery::Update()
+{
+    m_Soon.stop();
+    if (!IsNeeded())
+        Remove();
+    else if (!IsWritten())
+        Write();
+}
+
 void HBRecovery::OnChanged()
 {
-    if (!m_pDocument->IsModified()) {
-        m_Soon.stop();
-        Remove();
-        return;
-    }
-    if (m_Soon.isActive() || (m_IsThere && m_Written == m_pDocument->AllSteps()))
-        return;
+    if (!IsNeeded() || IsWritten())
+        return Update();
     // Only while an amount is dragged there are more changes than a disk should hear of.
     const int index = m_pDocument->History().index();
     const QUndoCommand* last = index > 0 ? m_pDocument->History().command(index - 1) : nullptr;
     const bool isGesture = last && last->id() >= 0;
     if (!isGesture || !m_SinceWrite.isValid() || m_SinceWrite.elapsed() >= PauseMilliseconds)
-        Write();
-    else
+        Update();
+    else if (!m_Soon.isActive())
         m_Soon.start(PauseMilliseconds - int(m_SinceWrite.elapsed()));
 }
 
@@ -113,12 +159,17 @@ void HBRecovery::Write()
         m_pLock->setStaleLockTime(0); // it lasts as long as the process
         m_pLock->tryLock(0);
     }
-    const QJsonObject json{
-        {"format", "panel-editor-recovery"},         {"photo", m_pDocument->Path()},
-        {"size", double(m_pDocument->FileSize())},   {"time", double(m_pDocument->FileTime().toMSecsSinceEpoch())},
-        {"recipe", JsonOf(m_pDocument->AllSteps())}, {"saved", JsonOf(m_pDocument->SavedSteps())}};
+    const State state = Present();
+    QJsonObject json{
+        {"format", "panel-editor-recovery"},       {"photo", m_pDocument->Path()},
+        {"size", double(m_pDocument->FileSize())}, {"time", double(m_pDocument->FileTime().toMSecsSinceEpoch())},
+        {"recipe", JsonOf(state.steps)},           {"saved", JsonOf(m_pDocument->SavedSteps())}};
+    if (!state.panel.panel.isEmpty()) {
+        json.insert("panel", JsonOf({state.panel}));
+        json.insert("opened", state.opened);
+    }
     if (HBSaveFile(m_File, QJsonDocument(json).toJson(), &reason)) {
-        m_Written = m_pDocument->AllSteps();
+        m_Written = state;
         m_IsThere = true;
         m_HasFailed = false;
     } else if (!m_HasFailed) {

@@ -120,6 +120,15 @@ void HBStackResult::Know(const Steps& steps, const HBImage<>& image)
     Show(acting, image);
 }
 
+void HBStackResult::SetHeld(bool held)
+{
+    m_Held = held;
+    if (held && m_pControl)
+        m_pControl->Cancel();
+    if (!held && !IsUpToDate() && m_Trouble.isEmpty())
+        Start();
+}
+
 HBStackWork HBStackResult::WorkFor(const Steps& steps) const
 {
     return WorkTo(Acting(steps), 0);
@@ -186,10 +195,14 @@ void HBStackResult::Trim()
 
 void HBStackResult::Start()
 {
-    if (m_pControl)
-        return; // it was cancelled, and Finish comes here
+    if (m_pControl || m_Held)
+        return; // it was cancelled, and Finish comes here; or SetHeld does
     m_Making = m_Wanted;
     m_Work = WorkTo(m_Wanted, m_Shared);
+    // A result that comes takes the place of what is kept now, but for what it is made from.
+    m_Kept.erase(std::remove_if(m_Kept.begin(), m_Kept.end(),
+                                [this](const State& state) { return !state.image.IsSameAs(m_Work.from); }),
+                 m_Kept.end());
     m_pControl = std::make_shared<Control>();
     m_Glance.start();
     HBWatchInPool(&m_Watcher, [work = m_Work, control = m_pControl] { return work.Run(control.get()); });
@@ -211,11 +224,19 @@ void HBStackResult::Finish()
             Start();
         return;
     }
-    Keep(m_Making.mid(0, m_Work.before + m_Work.first.steps.size()), done.checkpoint);
-    if (!done.image.IsEmpty())
-        return Show(m_Making, done.image);
-    m_Trouble = done.error;
-    Q_EMIT Failed(m_Trouble);
+    // What it was made from is the first to stay: what is behind that is being changed.
+    State base{m_Making.mid(0, m_Work.before + m_Work.first.steps.size()), done.checkpoint};
+    for (const State& state : qAsConst(m_Kept)) {
+        if (state.steps == base.steps)
+            base.image = state.image;
+    }
+    if (done.image.IsEmpty()) {
+        m_Trouble = done.error;
+        Q_EMIT Failed(m_Trouble);
+    } else {
+        Show(m_Making, done.image);
+    }
+    Keep(base.steps, base.image);
 }
 
 void HBStackResult::TellProgress()

@@ -54,6 +54,9 @@ public:
     /// The result of such a stack, which someone else has made.
     void Know(const Steps& steps, const HBImage<>& image);
 
+    /// While it is held, nothing is worked for the wanted stack: someone waits for the same, or for more.
+    void SetHeld(bool held);
+
     /// The last result that was ready; not that of the wanted stack unless IsUpToDate.
     const HBImage<>& Image() const { return m_Image; }
     bool IsUpToDate() const { return m_Present == m_Wanted; }
@@ -90,6 +93,7 @@ private:
     Steps m_Present; ///< only those that are on, as all that follow
     Steps m_Wanted;
     int m_Shared = 0; ///< so many steps the wanted stack has in common with the one before
+    bool m_Held = false;
     QString m_Trouble;
     QVector<State> m_Kept; ///< the last used first
     QFutureWatcher<HBStackWork::Done> m_Watcher;

@@ -3,6 +3,7 @@
 #include "HBOverlayJob.h"
 
 #include <HBPoolJob.h>
+#include <HBStepManner.h>
 
 #include <QPointer>
 
@@ -68,11 +69,12 @@ void HBOverlayJob::Start()
     m_pControl = std::make_shared<HBPanelJobControl>();
     connect(m_pControl.get(), &HBPanelJobControl::ProgressTold, this, &HBOverlayJob::TellProgress,
             Qt::QueuedConnection);
-    HBWatchInPool(&m_Watcher,
-                  [source = m_Source, stages = m_Adjustment.stages, record = m_Record(), control = m_pControl] {
-                      return HBRunStages(
-                          {source}, [&] { return stages(record, false); }, control.get());
-                  });
+    HBWatchInPool(&m_Watcher, [source = m_Source, stages = m_Adjustment.stages, record = m_Record(),
+                               control = m_pControl, amount = m_Amount] {
+        HBOutcome outcome = HBRunStages(
+            {source}, [&] { return stages(record, false); }, control.get());
+        return HBBlendAmount(source, amount, std::move(outcome), control.get());
+    });
 }
 
 void HBOverlayJob::TellProgress()

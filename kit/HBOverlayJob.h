@@ -21,6 +21,8 @@ public:
     ~HBOverlayJob() override;
 
     void SetImage(const HBImage<>& source);
+    /// As HBRecipeStep::amount; before the first image.
+    void SetAmount(int amount) { m_Amount = amount; }
     bool IsProcessing() const { return m_pControl != nullptr; }
     /// Also if the record has changed without a word.
     bool HasPendingChange() const;
@@ -51,7 +53,8 @@ private:
     HBImage<> m_Source;
     HBImage<> m_Adjusted;
     QString m_FailureReason;
-    QJsonObject m_Begun;      ///< the record that the last job knows
+    QJsonObject m_Begun; ///< the record that the last job knows
+    int m_Amount = 100;
     bool m_NewSource = false; ///< and it does not know the source
     bool m_Done = false;      ///< it is in the adjusted image
     bool m_Cancel = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBPanelSession.h"
 
+#include "HBAmountJob.h"
 #include "HBOverlayFrame.h"
 #include "HBOverlayJob.h"
 #include "HBPanelManners.h"
@@ -82,6 +83,7 @@ HBPanelSession::~HBPanelSession()
     if (m_pPanel)
         m_pPanel->disconnect(this);
     delete m_pOverlayJob; // it asks the panel
+    delete m_pAmountJob;
     delete m_pSightJob;
     delete m_pPanel; // while the view it picks from is still there
     delete m_pOverlayFrame;
@@ -109,6 +111,9 @@ void HBPanelSession::SetTarget(const HBTarget& target)
     if (!m_pPanel || m_Over)
         return;
     m_Stopped = false;
+    m_Unblended = false;
+    if (m_pAmountJob)
+        m_pAmountJob->GiveUp();
     m_SightOutdated = true;
     if (m_pSightJob) {
         m_pSightJob->SetTarget(m_Target);
@@ -120,6 +125,19 @@ void HBPanelSession::SetTarget(const HBTarget& target)
     else
         m_pPanel->SetImage(target.source, target.selection, target.offset, target.bounds);
     TellBusy();
+}
+
+void HBPanelSession::SetAmount(int amount)
+{
+    m_Amount = qBound(0, amount, HBRecipeStep::MaximumAmount);
+    if (m_pSightJob)
+        m_pSightJob->SetAmount(m_Amount);
+    if (IsOverlay()) {
+        m_pOverlayJob->SetAmount(m_Amount);
+    } else if (!m_pAmountJob && m_Amount < HBRecipeStep::MaximumAmount) {
+        m_pAmountJob = new HBAmountJob(this);
+        connect(m_pAmountJob, &HBAmountJob::Ended, this, &HBPanelSession::OnBlended);
+    }
 }
 
 void HBPanelSession::SetSight(const QRect& area, double zoom)
@@ -134,6 +152,7 @@ void HBPanelSession::SetSight(const QRect& area, double zoom)
         m_pSightJob = new HBSightJob(*m_Entry.adjustment, this);
         connect(m_pSightJob, &HBSightJob::Ready, this, &HBPanelSession::OnSightReady);
         m_pSightJob->SetTarget(m_Target);
+        m_pSightJob->SetAmount(m_Amount);
     }
     m_pSightJob->SetSight(area, zoom);
     m_SightOutdated = true;
@@ -257,12 +276,14 @@ void HBPanelSession::OnChanged()
 
 bool HBPanelSession::IsWorking() const
 {
-    return m_pOverlayJob ? m_pOverlayJob->IsProcessing() : m_pPanel && m_pPanel->IsProcessing();
+    return m_pOverlayJob ? m_pOverlayJob->IsProcessing()
+                         : (m_pPanel && m_pPanel->IsProcessing()) || (m_pAmountJob && m_pAmountJob->IsWorking());
 }
 
 bool HBPanelSession::IsPending() const
 {
-    return m_pOverlayJob ? m_pOverlayJob->HasPendingChange() : m_pPanel && m_pPanel->HasPendingChange();
+    return m_pOverlayJob ? m_pOverlayJob->HasPendingChange()
+                         : m_Unblended || (m_pPanel && m_pPanel->HasPendingChange());
 }
 
 bool HBPanelSession::IsUpToDate() const
@@ -284,8 +305,10 @@ void HBPanelSession::StartNow()
     }
     if (m_pOverlayJob)
         m_pOverlayJob->ProcessNow();
-    else
+    else if (m_pPanel->HasPendingChange())
         m_pPanel->ProcessNow();
+    else if (m_Unblended && !m_pAmountJob->IsWorking())
+        BlendAdjusted();
 }
 
 void HBPanelSession::SetCancelProcessing(bool cancel)
@@ -294,6 +317,8 @@ void HBPanelSession::SetCancelProcessing(bool cancel)
         m_pOverlayJob->SetCancelProcessing(cancel);
     else if (m_pPanel)
         m_pPanel->SetCancelProcessing(cancel);
+    if (cancel && m_pAmountJob)
+        m_pAmountJob->GiveUp();
 }
 
 /// A control rests. A job that runs for older values is given up for the present ones, but never two in a row:
@@ -376,6 +401,8 @@ QString HBPanelSession::FailureReason() const
 {
     if (m_pOverlayJob)
         return m_pOverlayJob->FailureReason();
+    if (!m_AmountFailure.isEmpty())
+        return m_AmountFailure;
     return m_pPanel && m_pPanel->HasJobFailed() ? tr("The photo could not be adjusted for want of memory.")
                                                 : QString();
 }
@@ -385,7 +412,35 @@ void HBPanelSession::OnImageReady()
     if (m_Over || !m_pPanel || m_Target.source.IsEmpty())
         return;
     m_GivenUpOne = false;
+    m_AmountFailure.clear();
     const QString reason = FailureReason();
+    if (reason.isEmpty() && m_pAmountJob)
+        BlendAdjusted();
+    else
+        ShowAdjusted(Adjusted(), reason);
+}
+
+void HBPanelSession::BlendAdjusted()
+{
+    m_Unblended = true;
+    m_pAmountJob->Ask(m_Target.source, Adjusted(), m_Amount);
+}
+
+void HBPanelSession::OnBlended(const HBOutcome& outcome)
+{
+    const QPointer<HBPanelSession> self(this);
+    if (!m_Over && m_pPanel && outcome.status != HBOutcome::Cancelled) {
+        m_Unblended = false;
+        m_AmountFailure = HBFailureReason(outcome);
+        ShowAdjusted(outcome.image, m_AmountFailure);
+    }
+    if (self)
+        OnJobEnded();
+}
+
+/// \param reason why it is not whole; empty: it is
+void HBPanelSession::ShowAdjusted(const HBImage<>& adjusted, const QString& reason)
+{
     const bool failed = !reason.isEmpty();
     m_Stopped = failed;
     const QPointer<HBPanelSession> self(this);
@@ -393,7 +448,7 @@ void HBPanelSession::OnImageReady()
         Trouble(reason);
     if (!self || m_Over || !m_pPanel)
         return;
-    const HBImage<> image = failed ? m_Target.source : Adjusted();
+    const HBImage<> image = failed ? m_Target.source : adjusted;
     const QRegion changed = HBChangedTiles(m_Preview, image);
     m_Preview = image;
     Q_EMIT PreviewReady(image, changed);
@@ -489,7 +544,7 @@ void HBPanelSession::Resume(const QString& reason)
 
 void HBPanelSession::Finish()
 {
-    const HBImage<> adjusted = Adjusted();
+    const HBImage<> adjusted = m_pAmountJob ? m_Preview : Adjusted();
     const HBImage<> source = m_Target.source;
     const bool fits = adjusted.Width() == source.Width() && adjusted.Height() == source.Height();
     const HBImage<> image = fits && !adjusted.IsEmpty() ? adjusted : source;

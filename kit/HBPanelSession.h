@@ -14,6 +14,7 @@
 #include <QTimer>
 
 class HBAdjustmentWidget;
+class HBAmountJob;
 class HBOperationProgressDlg;
 class HBOverlayFrame;
 class HBOverlayJob;
@@ -63,6 +64,10 @@ public:
     void SetTarget(const HBTarget& target);
     const HBTarget& Target() const { return m_Target; }
     bool HasSelection() const { return m_Target.bounds.isValid(); }
+
+    /// Previews and the final image have so many per cent of what the values do, as HBRecipeStep::amount: for a
+    /// step that is opened again. Before the first target.
+    void SetAmount(int amount);
 
     /// Where panels pick colours from. Either a view whose scene counts in pixels of the picture, with its upper
     /// left corner at (0, 0), or any surface; null: nowhere. A surface is the caller's.
@@ -142,6 +147,9 @@ private:
 
     void OnChanged();
     void OnImageReady();
+    void ShowAdjusted(const HBImage<>& adjusted, const QString& reason);
+    void BlendAdjusted();
+    void OnBlended(const HBOutcome& outcome);
     void OnJobEnded();
     void OnProgressRange(int minimum, int maximum);
     void OnProgressValue(int value);
@@ -171,6 +179,7 @@ private:
     QPointer<HBAdjustmentWidget> m_pPanel;
     QPointer<HBOverlayFrame> m_pOverlayFrame; ///< around the panel of an overlay
     HBOverlayJob* m_pOverlayJob = nullptr;    ///< of a panel without a job of its own
+    HBAmountJob* m_pAmountJob = nullptr;      ///< if not all of what the panel does is left
     HBSightJob* m_pSightJob = nullptr;        ///< once something is in sight
     QPointer<HBPickSurface> m_pOwnSurface;
     QPointer<KMDocumentView> m_pView;
@@ -183,6 +192,9 @@ private:
     int m_ProgressMinimum = 0;
     int m_ProgressMaximum = 100;
     int m_ProgressValue = 0;
+    int m_Amount = HBRecipeStep::MaximumAmount;
+    QString m_AmountFailure;  ///< of the last blending
+    bool m_Unblended = false; ///< the panel's image is newer than the preview
     bool m_Changed = false;
     bool m_Busy = false;
     bool m_Picking = false;

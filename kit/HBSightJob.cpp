@@ -3,6 +3,7 @@
 #include "HBSightJob.h"
 
 #include <HBParallel.h>
+#include <HBStepManner.h>
 
 #include <QtConcurrent>
 
@@ -176,7 +177,7 @@ void HBSightJob::Start()
     m_Asked = false;
     m_BegunPlace = m_Place;
     const auto control = std::make_shared<HBJobControl>();
-    const auto work = [adjustment = &m_Adjustment, record = m_Record, place = m_Place, control,
+    const auto work = [adjustment = &m_Adjustment, record = m_Record, amount = m_Amount, place = m_Place, control,
                        known = IsPartOf(m_Place) ? m_pPart : nullptr,
                        mips = m_pPart ? m_pPart->mips : nullptr]() -> Result {
         try {
@@ -189,8 +190,9 @@ void HBSightJob::Start()
                 result.image = target.source; // nothing of it is in sight
                 return result;
             }
-            const HBOutcome outcome = HBRunStages(
+            HBOutcome outcome = HBRunStages(
                 target, [&] { return adjustment->stages(record, selected); }, control.get());
+            outcome = HBBlendAmount(target.source, amount, std::move(outcome), control.get());
             if (outcome.IsWhole())
                 result.image = outcome.image;
             return result;

@@ -23,6 +23,8 @@ public:
     ~HBSightJob() override;
 
     void SetTarget(const HBTarget& target);
+    /// As HBRecipeStep::amount; before the first record.
+    void SetAmount(int amount) { m_Amount = amount; }
     /// \param area in pixels of the picture
     /// \param zoom device pixels per pixel
     void SetSight(const QRect& area, double zoom);
@@ -74,5 +76,6 @@ private:
     Place m_PartPlace;                   ///< what it is of
     Place m_BegunPlace;
     std::any m_Record;
+    int m_Amount = 100;
     bool m_Asked = false; ///< and not begun
 };

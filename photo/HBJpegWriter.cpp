@@ -169,9 +169,7 @@ bool WriteAll(Encoder* encoder, HBPictureRows& rows, const HBJpegCoding& coding,
     if (!encoder->Start(rows, coding, options))
         return false;
     for (int y = 0; y < rows.Height(); ++y) {
-        if (y % 64 == 0 && options.isWanted && !options.isWanted())
-            return false;
-        if (!encoder->WriteRow(rows.Row(y)))
+        if (!rows.IsWanted(y) || !encoder->WriteRow(rows.Row(y)))
             return false;
     }
     return encoder->Finish();

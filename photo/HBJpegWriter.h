@@ -45,7 +45,6 @@ struct HBJpegOptions
 {
     int quality = 92; ///< 0..100 as libjpeg counts
     HBChroma chroma = HBChroma::ByQuality;
-    std::function<bool()> isWanted = {}; ///< asked now and then; false: the writing fails. May be null
 };
 
 // Any thread. Nothing is thrown but std::bad_alloc.

@@ -106,7 +106,7 @@ bool Encode(HBPictureRows& rows, const QString& suffix, const HBPhotoOptions& op
     const bool overSame = options.encoding.format == HBFormatOfName("." + suffix);
     if (suffix == "jpg" || suffix == "jpeg")
         return HBWriteJpeg(rows, overSame ? options.encoding.jpeg : HBJpegCoding(),
-                           {options.quality, options.chroma, options.isWanted}, bytes, reason);
+                           {options.quality, options.chroma}, bytes, reason);
     if (suffix == "png")
         return HBWritePng(rows, bytes, reason);
     if (suffix == "tif" || suffix == "tiff")
@@ -160,9 +160,12 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
         return Fail(reason,
                     Text::tr("%1 x %2 pixels are too many for this format").arg(size.width()).arg(size.height()));
     }
-    HBPictureRows rows(image, HasTransparency(suffix));
+    HBPictureRows rows(image, HasTransparency(suffix), options.isWanted);
     const HBPhotoMetadata metadata = MetadataFor(image, &rows, told);
-    if (!Encode(rows, suffix, options, bytes, reason))
+    const bool done = Encode(rows, suffix, options, bytes, reason);
+    if (options.isWanted && !options.isWanted())
+        return Fail(reason, Text::tr("it was given up"));
+    if (!done)
         return false;
     *bytes = HBEmbedMetadata(std::move(*bytes), metadata, size, told);
     return true;

@@ -40,7 +40,8 @@ struct HBPhotoOptions
     /// instead.
     /// \param file all its bytes
     std::function<bool(const QByteArray& file)> mayWrite = {};
-    /// Asked now and then, on the writing thread, while a JPEG is encoded; false: it fails. May be null.
+    /// Asked now and then, on the writing thread, while a JPEG, PNG or TIFF is encoded, and before the picture
+    /// goes to the disk; false: it fails. May be null.
     std::function<bool()> isWanted = {};
     HBChroma chroma = HBChroma::ByQuality; ///< of JPEG
 };

@@ -48,9 +48,10 @@ bool IsOpaque(const HBImage<>& image)
 
 } // namespace
 
-HBPictureRows::HBPictureRows(const HBImage<>& image, bool keepsAlpha)
+HBPictureRows::HBPictureRows(const HBImage<>& image, bool keepsAlpha, std::function<bool()> isWanted)
     : m_Image(image)
     , m_Format(keepsAlpha && !IsOpaque(image) ? QImage::Format_ARGB32 : QImage::Format_RGB32)
+    , m_IsWanted(std::move(isWanted))
 {
 }
 

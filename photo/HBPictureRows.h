@@ -6,6 +6,8 @@
 
 #include <QImage>
 
+#include <functional>
+
 /// The rows of a picture as a file stores them, made of its tiles as they are asked for: a few of them are in
 /// memory at a time. One thread.
 ///
@@ -15,8 +17,9 @@ class HBPictureRows
 public:
     /// \param image not empty; must outlive this
     /// \param keepsAlpha whether the file can store it; else the picture is put on white
+    /// \param isWanted see IsWanted; may be null
     /// \throws std::bad_alloc
-    HBPictureRows(const HBImage<>& image, bool keepsAlpha);
+    HBPictureRows(const HBImage<>& image, bool keepsAlpha, std::function<bool()> isWanted = {});
 
     int Width() const { return m_Image.Width(); }
     int Height() const { return m_Image.Height(); }
@@ -32,6 +35,8 @@ public:
     /// From now on rows are grey, which the picture must be.
     void MakeGrey();
 
+    /// Asked before each row; false: whoever writes them gives up.
+    bool IsWanted(int y) const { return y % 64 != 0 || !m_IsWanted || m_IsWanted(); }
     /// Valid until the next call. Quick from top to bottom.
     /// \throws std::bad_alloc
     const uchar* Row(int y);
@@ -47,4 +52,5 @@ private:
     QImage m_Pixels; ///< of the strip, a part of a row of tiles, as they are in the tiles
     QImage m_Strip;  ///< as they are to be; shares the above where that is the same
     int m_First = -1;
+    const std::function<bool()> m_IsWanted;
 };

@@ -237,6 +237,8 @@ bool WriteAll(png_structp png, png_infop info, HBPictureRows& rows)
     if (!WriteHead(png, info, rows))
         return false;
     for (int y = 0; y < rows.Height(); ++y) {
+        if (!rows.IsWanted(y))
+            return false;
         const uchar* row = rows.Row(y);
         if (!Runs(png, [=] { png_write_row(png, row); }))
             return false;

@@ -263,6 +263,8 @@ bool WriteRows(TIFF* tiff, HBPictureRows& rows)
 {
     std::vector<uchar> samples(size_t(rows.Width()) * 4);
     for (int y = 0; y < rows.Height(); ++y) {
+        if (!rows.IsWanted(y))
+            return false;
         const uchar* row = rows.Row(y);
         if (rows.Format() == QImage::Format_Grayscale8) {
             std::memcpy(samples.data(), row, size_t(rows.Width()));

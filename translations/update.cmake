@@ -19,6 +19,8 @@ foreach(folder IN LISTS folders)
 endforeach()
 
 file(GLOB languages ${TS}/*.ts)
+# English has only what reads otherwise than it is spelt in the sources, on purpose.
+list(FILTER languages EXCLUDE REGEX "_en\\.ts$")
 execute_process(
     COMMAND ${LUPDATE} -silent -locations none -no-obsolete ${sources} -ts ${languages}
     WORKING_DIRECTORY ${ROOT}

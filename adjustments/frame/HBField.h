@@ -61,7 +61,7 @@ struct HBNumberField
     Value Record::*member;
     HBRange range;
 };
-/// For the table of fields, as HBNumbers, HBChoice and HBPlain.
+/// For the table of fields, as HBNumbers, HBChoice, HBPlain and HBFile.
 template <class Record, class Value>
 constexpr HBNumberField<Record, Value> HBNumber(const char* key, Value Record::*member, HBRange range)
 {
@@ -119,6 +119,20 @@ struct HBPlainField
 /// See HBPlainField.
 template <class Record, class Value>
 constexpr HBPlainField<Record, Value> HBPlain(const char* key, Value Record::*member)
+{
+    return {key, member};
+}
+
+/// A text that names a file; empty: none. Recipes keep names of files that lie with them as seen from there.
+template <class Record>
+struct HBFileField
+{
+    const char* key;
+    QString Record::*member;
+};
+/// See HBFileField.
+template <class Record>
+constexpr HBFileField<Record> HBFile(const char* key, QString Record::*member)
 {
     return {key, member};
 }
@@ -190,6 +204,7 @@ struct HBFieldInfo
     Type type = Other;
     HBRange range{0, 0};         ///< of a number
     std::vector<QString> values; ///< keys of the values 0, 1, 2, … of a choice; null for one that is none
+    bool isFile = false;         ///< it names a file
     /// The value in a record, and back; what `set` cannot convert it ignores.
     std::function<QVariant(const void* record)> get;
     std::function<void(void* record, const QVariant& value)> set;
@@ -274,6 +289,14 @@ void HBDescribe(const HBPlainField<Record, Value>& field, HBFieldInfos& infos)
 {
     infos.push_back(HBDescribeValue<Record>(field.key, HBFieldInfo::Other,
                                             [field](Record& r) -> Value& { return r.*field.member; }));
+}
+
+template <class Record>
+void HBDescribe(const HBFileField<Record>& field, HBFieldInfos& infos)
+{
+    infos.push_back(HBDescribeValue<Record>(field.key, HBFieldInfo::Other,
+                                            [field](Record& r) -> QString& { return r.*field.member; }));
+    infos.back().isFile = true;
 }
 
 /// All fields of a record, in their order.

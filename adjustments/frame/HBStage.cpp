@@ -67,9 +67,12 @@ struct Pass
 class Run
 {
 public:
-    Run(const HBTarget& target, HBJobControl* control) : m_Target(target), m_pControl(control) {}
-
-    void Begin() { m_Outcome.image = m_Target.source; }
+    Run(HBTarget&& target, HBJobControl* control)
+        : m_Target(std::move(target))
+        , m_pControl(control)
+        , m_Outcome{std::exchange(m_Target.source, {}), HBOutcome::Whole, nullptr}
+    {
+    }
 
     /// \param index of the stage in the run
     void Add(const HBStage& stage, int index)
@@ -108,7 +111,7 @@ public:
         const Pass pass = std::exchange(m_Pass, {});
         m_AtWork = pass.stages;
         HBTarget target = m_Target;
-        target.source = pass.base ? *pass.base : m_Outcome.image;
+        target.source = pass.base ? *pass.base : std::exchange(m_Outcome.image, {}); // as nobody needs it behind
         if (pass.ignoresSelection)
             target.bounds = {};
         // Blended rows come after the tiles, so that a look would see tiles that are not done.
@@ -121,7 +124,7 @@ public:
         HBSilentControl silent(m_pControl);
         HBJobControl* const control = pass.ignoresSelection ? static_cast<HBJobControl*>(&silent) : &ranges;
         m_Outcome = HBWalkTiles(
-            target,
+            std::move(target),
             [function, lanes = HBLookLanes(hot ? looks : HBPictureLooks())](HBTileAccess& tile) mutable {
                 if (function)
                     function(tile);
@@ -159,7 +162,7 @@ private:
             m_Outcome.status = HBOutcome::Cancelled;
     }
 
-    const HBTarget& m_Target;
+    HBTarget m_Target; ///< its source is in the outcome
     HBJobControl* m_pControl;
     HBOutcome m_Outcome;
     Pass m_Pass;          ///< prepared, and not yet run
@@ -195,12 +198,11 @@ try {
     return QStringLiteral("there is not enough memory"); // takes none, not even for a translation
 }
 
-HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control,
+HBOutcome HBRunStages(HBTarget target, const std::function<HBStages()>& stages, HBJobControl* control,
                       HBStageSpan* failed)
 {
-    Run run(target, control);
+    Run run(std::move(target), control);
     try {
-        run.Begin();
         HBStages all = stages();
         for (int index = 0; index < int(all.size()) && run.IsWhole(); ++index) {
             // What a stage keeps, whole pictures even, goes with it.

@@ -74,9 +74,10 @@ struct HBStageSpan
 
 /// Runs the stages over the target, on the calling thread and those of the pool (HBThreadPool). Consecutive stages
 /// that need not look at the whole picture between them run tile by tile in one pass, unless there is a selection:
-/// then each is blended by it in turn. Any thread; throws nothing but what the control throws.
+/// then each is blended by it in turn. Tiles of a target that is moved in, and that nobody else holds, are changed
+/// where they are. Any thread; throws nothing but what the control throws.
 /// \param stages makes them; may throw what HBStage::prepare may
 /// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
 ///        null
-ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
+ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget target, const std::function<HBStages()>& stages,
                                          HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

@@ -29,7 +29,7 @@ struct ADJUSTMENTS_EXPORT HBSignParams
     static constexpr auto Fields()
     {
         using P = HBSignParams;
-        return std::make_tuple(HBPlain("alignment", &P::alignment), HBPlain("file", &P::fileName),
+        return std::make_tuple(HBPlain("alignment", &P::alignment), HBFile("file", &P::fileName),
                                HBMarginCross("margins", &P::margins),
                                HBChoice("blending", &P::blendingMode, HBBlendingKeys),
                                HBNumber("opacity", &P::opacity, {0, 100, 0, HBUnit::Percent}));

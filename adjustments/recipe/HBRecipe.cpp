@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecipe.h"
 
+#include "HBRecipeFiles.h"
 #include "HBRecipeSteps.h"
 
 #include <HBSaveFile.h>
@@ -183,11 +184,16 @@ bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
     if (json.size() > MaximumBytes)
         return fail(Text::tr("The file is too large to be a recipe."));
     QString reason;
-    return FromJson(json, recipe, &reason) || fail(reason);
+    HBRecipe read;
+    if (!FromJson(json, &read, &reason))
+        return fail(reason);
+    *recipe = HBWithFilesOf(read, info.absolutePath());
+    return true;
 }
 
 bool HBRecipe::Save(const QString& path, QString* error) const
 {
     QString reason;
-    return HBSaveFile(path, ToJson(), &reason) || Fail(error, path + ": " + reason);
+    const HBRecipe kept = HBWithNamesFrom(*this, QFileInfo(path).absolutePath());
+    return HBSaveFile(path, kept.ToJson(), &reason) || Fail(error, path + ": " + reason);
 }

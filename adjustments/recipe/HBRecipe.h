@@ -51,9 +51,11 @@ struct ADJUSTMENTS_EXPORT HBRecipe
     static bool FromJson(const QByteArray& json, HBRecipe* recipe, QString* error);
     QByteArray ToJson() const;
 
-    /// As FromJson; the error names the file too.
+    /// As FromJson; the error names the file too. Files that steps name, stamps, are looked for from the recipe's
+    /// folder first; the steps have their whole paths then.
     static bool Load(const QString& path, HBRecipe* recipe, QString* error);
-    /// Writes the file whole or not at all.
+    /// Writes the file whole or not at all. Names of files that lie in its folder or below begin there, so that
+    /// they can be passed on together.
     bool Save(const QString& path, QString* error) const;
 };
 

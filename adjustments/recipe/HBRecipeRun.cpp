@@ -98,12 +98,12 @@ public:
             NameFailure(first, reason, error);
         else
             *error = Text::tr("Steps %1 (%2) to %3 (%4): %5")
-                         .arg(QString::number(StepAt(first).index + 1), NameOf(first),
-                              QString::number(StepAt(last).index + 1), NameOf(last), reason);
+                         .arg(QString::number(StepAt(first).index + 1), StepAt(first).adjustment->Title(),
+                              QString::number(StepAt(last).index + 1), StepAt(last).adjustment->Title(), reason);
     }
     void NameFailure(int step, const QString& reason, QString* error) const
     {
-        HBFailStep(error, StepAt(step).index, NameOf(step), reason);
+        HBFailStep(error, StepAt(step).index, StepAt(step).stored->panel, reason);
     }
 
 private:
@@ -128,7 +128,6 @@ private:
         }
     }
     const Step& StepAt(int index) const { return m_Steps[std::size_t(index)]; }
-    QString NameOf(int step) const { return QString::fromLatin1(StepAt(step).adjustment->className); }
 
     std::vector<Step> m_Steps;
     std::vector<Leg> m_Legs;
@@ -186,15 +185,20 @@ bool Run(Plan& plan, const Plan::Leg& leg, const HBImage<>& photo, HBTarget* tar
          QString* error)
 try {
     control->Begin(leg);
-    const HBTarget part =
+    HBTarget part =
         plan.SelectionOf(leg).IsNone() ? *target : HBSelectIn(*target, plan.SelectionOf(leg), photo, control);
     if (HBIsCancelled(control))
         return false;
+    // What is not needed behind is changed where it is.
+    const bool selected = part.bounds.isValid();
+    const bool isInPart = plan.AmountOf(leg) < HBRecipeStep::MaximumAmount;
+    const HBImage<> before = isInPart ? target->source : HBImage<>();
+    target->source = HBImage<>();
     HBStageSpan failed;
     HBOutcome outcome = HBRunStages(
-        part, [&] { return plan.MakeStages(leg, part.bounds.isValid()); }, control, &failed);
-    if (outcome.IsWhole() && plan.AmountOf(leg) < HBRecipeStep::MaximumAmount)
-        outcome = HBBlendAmount(target->source, plan.AmountOf(leg), outcome.image, control);
+        std::move(part), [&] { return plan.MakeStages(leg, selected); }, control, &failed);
+    if (isInPart)
+        outcome = HBBlendAmount(before, plan.AmountOf(leg), std::move(outcome), control);
     if (outcome.status == HBOutcome::Failed)
         plan.NameFailure(failed, HBFailureReason(outcome), error);
     target->source = outcome.image;
@@ -246,7 +250,7 @@ try {
     if (HBIsCancelled(control))
         return {};
     const HBImage<> looked = photo.IsEmpty() ? target.source : photo;
-    HBTarget present = target;
+    HBTarget present = target; // whose tiles the caller holds, too
     for (const Plan::Leg& leg : plan.Legs()) {
         if (!Run(plan, leg, looked, &present, &thousandths, error))
             return {};

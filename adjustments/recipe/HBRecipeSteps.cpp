@@ -12,10 +12,12 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(HBRecipe)
 };
 
-/// Names from a file are shown short and on one line.
-QString Shown(const QString& name)
+/// The title of a panel; what else a file calls so, short and on one line.
+QString Shown(const QString& panel)
 {
-    const QString line = name.simplified();
+    if (const HBAdjustment* adjustment = HBFindAdjustment(panel))
+        return adjustment->Title();
+    const QString line = panel.simplified();
     return line.size() > 60 ? line.left(60) + QChar(0x2026) : line;
 }
 

@@ -5,8 +5,9 @@
 #include "HBSilentControl.h"
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -94,15 +95,24 @@ HBStage HBAmountOf(HBStages&& stages, int amount)
     return one;
 }
 
-HBOutcome HBBlendAmount(const HBImage<>& before, int amount, const HBImage<>& after, HBJobControl* control)
+HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after, HBJobControl* control)
 {
+    if (!after.IsWhole() || amount >= HBRecipeStep::MaximumAmount)
+        return after;
+    std::vector<bool> shared;
+    try {
+        for (int i = 0; i < after.image.Tiles().size(); ++i)
+            shared.push_back(before.Tile(i) == after.image.Tile(i));
+    } catch (const std::bad_alloc&) {
+        return {after.image, HBOutcome::Failed, std::current_exception()};
+    }
     return HBWalkTiles(
-        {after},
+        {std::exchange(after.image, {})},
         [&](HBTileAccess& tile) {
+            if (shared[std::size_t(tile.Index())])
+                return;
             const KMTilePin<HBRGBA32i> old(before.Tile(tile.Index()), false);
-            const KMTilePin<HBRGBA32i> present(after.Tile(tile.Index()), false);
-            if (std::memcmp(old.Pixels(), present.Pixels(), HBImage<>::TilePixels * sizeof(HBRGBA32i)) != 0)
-                Blend{amount}(old.Pixels(), tile.Pixels());
+            Blend{amount}(old.Pixels(), tile.Pixels());
         },
         control);
 }

@@ -12,9 +12,10 @@ bool HBCanBecomeOne(const HBStages& stages);
 /// All of them as one, of which the amount remains, in per cent.
 HBStage HBAmountOf(HBStages&& stages, int amount);
 
-/// Leaves so many per cent of the difference between two states of a picture, rounded to nearest in each channel;
-/// tiles in which they are the same stay shared.
-HBOutcome HBBlendAmount(const HBImage<>& before, int amount, const HBImage<>& after, HBJobControl* control);
+/// Leaves so many per cent of what an outcome has changed, if it is whole, rounded to nearest in each channel;
+/// shared tiles stay shared, and those that nobody else holds are changed where they are. Throws nothing.
+ADJUSTMENTS_EXPORT HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after,
+                                           HBJobControl* control);
 
 /// The target with only that selected of what is selected in it. Covers nothing rather than be "no selection".
 /// \param photo whose colours count \throws std::bad_alloc

@@ -52,14 +52,18 @@ bool HBTranslatePanels(const QLocale& language)
 {
     static QPointer<QTranslator> installed;
     delete installed; // which takes it from the application
-    if (language.language() == QLocale::English || language.language() == QLocale::C)
-        return true;
     const QString program = QCoreApplication::applicationDirPath();
     QStringList folders = {program + "/../translations", // in the build tree
                            program + "/../share/" DATA_FOLDER "/translations"};
     const QString own = OwnFolder();
     if (!own.isEmpty())
         folders << own + '/' + ADJUSTMENT_PANELS_TRANSLATIONS;
-    installed = Load(language, "adjustment-panels", folders);
-    return Install(installed);
+    const QLocale english(QLocale::English); // some texts of the sources are spelt otherwise, on purpose
+    const bool isEnglish = language.language() == english.language() || language.language() == QLocale::C;
+    installed = isEnglish ? nullptr : Load(language, "adjustment-panels", folders);
+    const bool found = isEnglish || installed;
+    if (!installed)
+        installed = Load(english, "adjustment-panels", folders);
+    Install(installed);
+    return found;
 }

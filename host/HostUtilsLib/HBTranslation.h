@@ -11,6 +11,6 @@ class QLocale;
 HOSTUTILSLIB_EXPORT void HBInstallTranslations();
 
 /// Our texts in that language from here on; what is shown already stays. Translations are looked for beside the
-/// program, just built or installed, and where they were installed with this library. False if there are none;
-/// the texts are English then. Main thread; needs a QCoreApplication.
+/// program, just built or installed, and where they were installed with this library. False if there are none
+/// for that language; the texts are English then. Main thread; needs a QCoreApplication.
 HOSTUTILSLIB_EXPORT bool HBTranslatePanels(const QLocale& language);

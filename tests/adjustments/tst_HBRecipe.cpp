@@ -8,10 +8,14 @@
 #include <HBBrightnessContrast.h>
 #include <HBParallel.h>
 #include <HBPictureCorrection.h>
+#include <HBSign.h>
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QThreadPool>
 
 #include <thread>
@@ -112,6 +116,62 @@ private Q_SLOTS:
         QCOMPARE(loaded.steps.size(), 3);
     }
 
+    /// Names of stamps that lie with a recipe begin there, in either version; of all others not a byte is changed.
+    void FilesBesideARecipe_data() {
+        HBColumns<QString, QString>("stamp", "stored"); // both below the folder; / is the folder's own path
+        QTest::newRow("beside") << "/logo.png"
+                                << "logo.png";
+        QTest::newRow("below") << "/logos/one.png"
+                               << "logos/one.png";
+        QTest::newRow("above") << "/../logo.png"
+                               << "/../logo.png";
+        QTest::newRow("name like the folder's") << "/../ab/logo.png"
+                                                << "/../ab/logo.png";
+        QTest::newRow("of the process's folder") << "nowhere.png"
+                                                 << "nowhere.png";
+        QTest::newRow("a resource") << ":/logo.png"
+                                    << ":/logo.png";
+        QTest::newRow("none") << ""
+                              << "";
+    }
+    void FilesBesideARecipe() {
+        QFETCH(QString, stamp);
+        QFETCH(QString, stored);
+        const QTemporaryDir root;
+        const auto whole = [&](const QString& name) {
+            return name.startsWith('/') ? QDir::cleanPath(root.filePath("a") + name) : name;
+        };
+        QString error;
+        for (const char* place : {"a/logos", "ab"}) QVERIFY(QDir(root.path()).mkpath(place));
+        for (const char* file : {"a/logo.png", "a/logos/one.png", "logo.png", "ab/logo.png"})
+            QVERIFY(QFile(root.filePath(file)).open(QIODevice::WriteOnly));
+        const HBAdjustment& sign = *HBFindAdjustment("HBSignWidget");
+        HBSignParams params;
+        params.fileName = whole(stamp);
+        const auto nameIn = [&](const HBRecipe& recipe) {
+            std::any record;
+            QString reason;
+            if (!sign.restore(recipe.steps.last().values, &record, &reason)) return reason;
+            return std::any_cast<HBSignParams>(record).fileName;
+        };
+        for (const int amount : {100, 50}) {
+            HBRecipe recipe{{Step(1, 2), HBStepOf(sign, params)}};
+            recipe.steps.last().amount = amount;
+            QVERIFY2(recipe.Save(root.filePath("a/r.json"), &error), qPrintable(error));
+            QFile file(root.filePath("a/r.json"));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            HBRecipe read;
+            QVERIFY2(HBRecipe::FromJson(file.readAll(), &read, &error), qPrintable(error));
+            QCOMPARE(nameIn(read), whole(stored));
+            QVERIFY2(HBRecipe::Load(file.fileName(), &read, &error), qPrintable(error));
+            QCOMPARE(read.ToJson(), recipe.ToJson());
+        }
+        QVERIFY(QDir(root.path()).rename("a", "moved"));
+        HBRecipe moved;
+        QVERIFY2(HBRecipe::Load(root.filePath("moved/r.json"), &moved, &error), qPrintable(error));
+        QCOMPARE(nameIn(moved), QString(whole(stamp)).replace("/a/", "/moved/"));
+    }
+
     void BadInput_data() {
         const QJsonObject good = QJsonDocument::fromJson(frozen).object()["steps"].toArray()[0].toObject();
         auto with = [&](const char* key, const QJsonValue& value) {
@@ -135,7 +195,7 @@ private Q_SLOTS:
                                        << "Step 2 (HBFoo Bar): there is no such panel";
         QTest::newRow("panel long") << with("panel", QString(100000, 'x')) << "there is no such panel";
         QTest::newRow("record missing")
-            << with("record", QJsonValue()) << "Step 2 (HBBrightnessContrastWidget): it has no record";
+            << with("record", QJsonValue()) << "Step 2 (Brightness and Contrast): it has no record";
         QTest::newRow("record foreign") << with("record", "Zm9v") << "its record is not one of this panel";
         const QJsonObject head2 = QJsonDocument::fromJson(frozen2).object();
         auto with2 = [&](const char* key, const QJsonValue& value) {
@@ -148,7 +208,7 @@ private Q_SLOTS:
             return with2("selection", QJsonDocument::fromJson('[' + Quoted(json) + ']').array());
         };
         QTest::newRow("on") << with2("on", 1)
-                            << "Step 1 (HBBrightnessContrastWidget): whether it is on is neither true nor false";
+                            << "Step 1 (Brightness and Contrast): whether it is on is neither true nor false";
         for (const QJsonValue& amount :
              {QJsonValue(-1), QJsonValue(101), QJsonValue(50.5), QJsonValue("50"), QJsonValue()})
             QTest::newRow("amount") << with2("amount", amount) << "its amount is not a whole number from 0 to 100";
@@ -256,13 +316,13 @@ private Q_SLOTS:
         const HBImage<> image = HBTestRamp(600, 600);
         QVERIFY(HBLoseTiles());
         QVERIFY(HBApplyRecipe(image, recipe, &error).IsEmpty());
-        QCOMPARE(error, QString("Steps 1 (HBBrightnessContrastWidget) to 2 (HBBrightnessContrastWidget): there is "
+        QCOMPARE(error, QString("Steps 1 (Brightness and Contrast) to 2 (Brightness and Contrast): there is "
                                 "not enough memory"));
         // Which looks at the picture first.
         const HBAdjustment& correction = *HBFindAdjustment("HBWBWidget");
         recipe.steps = {HBStepOf(correction, HBPictureCorrectionParams())};
         QVERIFY(HBApplyRecipe(image, recipe, &error).IsEmpty());
-        QCOMPARE(error, QString("Step 1 (HBWBWidget): there is not enough memory"));
+        QCOMPARE(error, QString("Step 1 (Picture Correction): there is not enough memory"));
     }
 
     void OfASelection() {

@@ -46,9 +46,13 @@ QImage ByCore(const HBDocument& document) {
     QTRY_VERIFY((document).Result().IsUpToDate());                                                                \
     QCOMPARE((document).Image().ToQImage(), ByCore(document))
 
-/// A change of the stack, the same for the same numbers.
-void ChangeAtRandom(HBDocument* document, QRandomGenerator& random) {
+/// A change of the stack, or in an open panel, the same for the same numbers.
+/// \param panel as HBRecovery::SetPanel
+void ChangeAtRandom(HBDocument* document, const std::function<void(const HBRecipeStep&, int)>& panel,
+                    QRandomGenerator& random) {
     const int count = document->StepCount();
+    if (random.bounded(3) == 0) return panel(Steps(4).at(random.bounded(4)), random.bounded(count + 1) - 1);
+    panel({}, -1);
     switch (count < 3 ? 0 : random.bounded(5)) {
     case 0:
         return document->Append({Steps(4).at(random.bounded(4))}, "append");
@@ -66,13 +70,14 @@ void ChangeAtRandom(HBDocument* document, QRandomGenerator& random) {
 /// Changes a stack again and again, and says so after each, until it is killed.
 int Victim(const QString& folder, const QString& photo, quint32 seed) {
     HBDocument document;
-    const HBRecovery recovery(folder, &document);
+    HBRecovery recovery(folder, &document);
     Open(&document, photo, {16, 16});
     for (QRandomGenerator random(seed);;) {
-        ChangeAtRandom(&document, random);
+        ChangeAtRandom(
+            &document, [&](const HBRecipeStep& step, int opened) { recovery.SetPanel(step, opened); }, random);
+        QCoreApplication::processEvents();
         std::putchar('.');
         std::fflush(stdout);
-        QCoreApplication::processEvents();
     }
 }
 
@@ -232,23 +237,36 @@ private Q_SLOTS:
 
     /// What of a lost stack fits the photo's file.
     void savedInBetween_data() {
-        HBColumns<int, int, int, bool>("saved", "all", "left", "on");
-        QTest::newRow("nothing") << 0 << 3 << 3 << true;
-        QTest::newRow("the first") << 1 << 3 << 2 << true;
-        QTest::newRow("others") << -1 << 3 << 3 << false;
+        // opened: the step that a panel had opened; withPanel: which step of how many that becomes, and whether on
+        HBColumns<int, int, int, bool, int, QVector<int>>("saved", "all", "left", "on", "opened", "withPanel");
+        QTest::newRow("nothing") << 0 << 3 << 3 << true << -1 << QVector<int>{3, 4, 1};
+        QTest::newRow("the first") << 1 << 3 << 2 << true << 2 << QVector<int>{1, 2, 1};
+        QTest::newRow("the first, opened") << 1 << 3 << 2 << true << 0 << QVector<int>{2, 3, 0};
+        QTest::newRow("others") << -1 << 3 << 3 << false << -1 << QVector<int>{3, 4, 0};
+        QTest::newRow("others, opened") << -1 << 3 << 3 << false << 1 << QVector<int>{1, 3, 0};
     }
     void savedInBetween() {
         QFETCH(int, saved);
         QFETCH(int, all);
+        QFETCH(QVector<int>, withPanel);
         HBLostStack lost;
         lost.steps = Steps(all);
         lost.saved = saved < 0 ? HBDocument::Steps{Step("HBExposureWidget")} : Steps(saved);
         const HBDocument::Steps left = lost.StepsForFile();
         QTEST(int(left.size()), "left");
         QTEST(left.first().on, "on");
+        QCOMPARE(lost.StepsWithPanel(), left);
+        lost.panel = Step("HBTemperatureWidget");
+        QFETCH(int, opened);
+        lost.opened = opened;
+        const HBDocument::Steps more = lost.StepsWithPanel();
+        QCOMPARE(int(more.size()), withPanel[1]);
+        QCOMPARE(more.at(withPanel[0]).panel, lost.panel.panel);
+        QCOMPARE(more.at(withPanel[0]).on, withPanel[2] != 0);
     }
 
-    /// Killed a hundred times, at any moment: each time there is the stack before the last change, or after it.
+    /// Killed a hundred times, at any moment: each time there is the stack, and what an open panel had changed,
+    /// before the last change, or after it.
     void killed() {
         const QTemporaryDir folder;
         const QString photo = folder.filePath("a.png");
@@ -266,7 +284,7 @@ private Q_SLOTS:
                 const QStringList arguments{"--victim", recovery.Folder(), photo, QString::number(kill + i)};
                 victims.back()->start(QCoreApplication::applicationFilePath(), arguments);
             }
-            QVector<HBDocument::Steps> possible;
+            QVector<HBLostStack> possible;
             for (quint32 i = 0; i < AtOnce; ++i) {
                 QProcess& victim = *victims[i];
                 QVERIFY(victim.waitForReadyRead(30000));
@@ -277,9 +295,17 @@ private Q_SLOTS:
                 HBDocument same;
                 Open(&same, photo, {16, 16});
                 QRandomGenerator random(kill + i);
+                HBLostStack state;
                 for (int change = 0; change <= said; ++change) { // and one that was not said any more
-                    ChangeAtRandom(&same, random);
-                    if (change + 1 >= said) possible.append(same.AllSteps());
+                    ChangeAtRandom(
+                        &same,
+                        [&](const HBRecipeStep& step, int opened) {
+                            state.panel = step;
+                            state.opened = opened;
+                        },
+                        random);
+                    state.steps = same.AllSteps();
+                    if (change + 1 >= said) possible.append(state);
                 }
             }
             const QVector<HBLostStack> all = recovery.FindLost();
@@ -287,7 +313,9 @@ private Q_SLOTS:
             for (const HBLostStack& lost : all) {
                 QCOMPARE(lost.photo, photo);
                 QVERIFY(lost.IsSamePhoto());
-                QVERIFY(possible.contains(lost.steps));
+                QVERIFY(std::any_of(possible.begin(), possible.end(), [&](const HBLostStack& state) {
+                    return state.steps == lost.steps && state.panel == lost.panel && state.opened == lost.opened;
+                }));
                 HBRecovery::Forget(lost);
             }
             QVERIFY(QDir(recovery.Folder()).isEmpty());

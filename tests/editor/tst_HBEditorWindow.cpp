@@ -8,6 +8,7 @@
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
 #include <HBHueSaturation.h>
+#include <HBLevels.h>
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
 #include <HBRecovery.h>
@@ -178,7 +179,9 @@ private Q_SLOTS:
         Q_EMIT window.Session()->Panel()->Ok(); // as it was
         QTRY_VERIFY(!window.Session());
         QCOMPARE(window.Document().History().count(), 2);
+        window.StepList()->findChild<QSlider*>()->setValue(50); // which counts while it is open, too
         QVERIFY(window.OpenStep(0));
+        QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(25, 25, 125));
         Apply(window, 80);
         QCOMPARE(window.Document().StepCount(), 2);
         QVERIFY(window.SelectionTool()->Shape().IsNone());
@@ -238,6 +241,12 @@ private Q_SLOTS:
         QTest::keyClick(low, Qt::Key_Z, Qt::ControlModifier); // of the panel, not of the box's text
         QCOMPARE(low->value(), 0);
         window.Actions()->redo->trigger();
+        // Presets and picks set values without a word.
+        window.Session()->SetStep(HBStepOf(*HBFindAdjustment("HBLevelsWidget"), HBLevelsParams()));
+        QTRY_VERIFY(window.Session()->IsUpToDate());
+        pause();
+        undo->trigger();
+        QCOMPARE(low->value(), 20);
         Q_EMIT window.Session()->Panel()->Ok();
         QTRY_VERIFY(!window.Session());
         QCOMPARE(window.Document().History().count(), 1); // all of it is one
@@ -318,6 +327,45 @@ private Q_SLOTS:
             QCOMPARE(QFile::exists(folder + "/lost.json"), answer == QByteArray("Later"));
             QFile::remove(folder + "/lost.json");
         }
+    }
+
+    /// What an open panel has changed is kept with the steps; nothing of one that was only looked at.
+    void openPanelIsKept() {
+        const QString folder = m_Folder.filePath("open");
+        const auto kept = [&] {
+            QCoreApplication::processEvents(); // what is over is taken away behind it
+            return QDir(folder).entryInfoList({"*.json"}).value(0).filePath();
+        };
+        const auto isKept = [&] { return !kept().isEmpty(); };
+        {
+            HBEditorWindow window(false);
+            window.UseRecovery(folder);
+            OpenWithPanel(&window);
+            QTRY_VERIFY(window.Session()->IsUpToDate());
+            QVERIFY(!isKept());
+            window.OpenPanel(*HBFindPanel("HBBlackAndWhiteWidget"));
+            QTRY_VERIFY(isKept()); // it acts as it opens
+            Q_EMIT window.Session()->Panel()->Cancel();
+            QVERIFY(!isKept());
+            window.OpenPanel(Entry());
+            Brightness(window)->setValue(40);
+            QTRY_VERIFY(isKept());
+            Q_EMIT window.Session()->Panel()->Ok();
+            QTRY_VERIFY(!window.Session());
+            QVERIFY(window.OpenStep(0));
+            Brightness(window)->setValue(70);
+            QTest::qWait(350); // a gesture's end
+            QVERIFY(QFile::copy(kept(), m_Folder.filePath("open.json")));
+        }
+        QVERIFY(QFile::rename(m_Folder.filePath("open.json"), folder + "/lost.json"));
+        HBEditorWindow window(false);
+        window.show();
+        const Answers given({Answers::Press("Restore")});
+        window.UseRecovery(folder);
+        QCOMPARE(window.Document().StepCount(), 1);
+        QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(70, 70, 170));
+        window.Actions()->undo->trigger();
+        QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(40, 40, 140));
     }
 
     void badFilesLeaveThePhotoAlone() {
@@ -595,6 +643,34 @@ private Q_SLOTS:
         QVERIFY(!window.ApplyRecipe(recipe));
         QVERIFY(!window.Document().IsModified());
         QCOMPARE(window.MessageBar()->Text(), QString());
+    }
+
+    /// What a change of the stack makes behind can be given up, and nothing that waits for it is written then.
+    void aChangeOfTheStackCanBeStopped() {
+        HBEditorWindow window(false);
+        window.Open(Photo("large.png", 3000, 2000));
+        const HBAdjustment& hue = *HBFindAdjustment("HBHueSaturationWidget");
+        HBRecipe steps;
+        steps.steps.fill(HBStepOf(hue, HBHueSaturationParams{100, 20, 0, false}), 3);
+        QVERIFY(window.ApplyRecipe("three", steps));
+        auto& document = const_cast<HBDocument&>(window.Document());
+        const auto before = document.AllSteps();
+        for (const bool isLong : {true, false}) {
+            const int index = document.History().index();
+            isLong ? document.SetSteps(before + QVector<HBRecipeStep>(60, before.first()), "sixty more")
+                   : document.SetAmount(0, 50);
+            QVERIFY(!document.Result().IsUpToDate());
+            if (isLong) {
+                QTimer::singleShot(0, qApp,
+                                   [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+                QVERIFY(!window.SaveTo(m_Folder.filePath("stopped.png")));
+                QVERIFY(!QFile::exists(m_Folder.filePath("stopped.png")));
+            }
+            document.GiveUp();
+            QVERIFY(document.Result().IsUpToDate());
+            QCOMPARE(document.AllSteps(), before);
+            QCOMPARE(document.History().index(), index);
+        }
     }
 
     void destroyedWithAPanelAtWork() {

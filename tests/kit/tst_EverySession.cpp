@@ -39,6 +39,7 @@ struct Fixture {
     QRegion changed; ///< all of it, since it was last emptied
     int rejected = 0;
     QStringList resumed;
+    int amount = 100;
 
     explicit Fixture(const QString& name, HBPanelButtons buttons = HBPanelButtons::Panel)
         : entry(*HBFindPanel(name))
@@ -57,8 +58,13 @@ struct Fixture {
 
     /// What exactly the controls say, by the core.
     QImage Expected() const {
-        return HBRun(*entry.adjustment, entry.get(panel), session->Target()).image.ToQImage();
+        if (amount == 100) return HBRun(*entry.adjustment, entry.get(panel), session->Target()).image.ToQImage();
+        HBRecipeStep step = HBStepOf(*entry.adjustment, entry.get(panel));
+        step.amount = amount;
+        QString error;
+        return HBApplyRecipe(session->Target(), {{step}}, &error, nullptr).ToQImage();
     }
+    void SetAmount(int percent) { session->SetAmount(amount = percent); }
     QImage Final() {
         session->Accept();
         if (!Until([&] { return !accepted.isEmpty(); })) return {};
@@ -110,6 +116,7 @@ private Q_SLOTS:
                         });
                 connect(f.session, &HBPanelSession::SightOver, this, [&] { over = true; });
                 QVERIFY(f.session->SetStep(HBStepOf(*f.entry.adjustment, HBDemonstration(*f.entry.adjustment))));
+                f.SetAmount(selected == (level == 0) ? 40 : 100);
                 HBPoolBlock block;
                 f.session->SetSight(QRect(130, 10, 100, 120), 1.0 / (1 << level));
                 f.session->SetTarget(HBTestTarget(QSize(257, 140), selected));
@@ -154,6 +161,7 @@ private Q_SLOTS:
                 }
                 { // behind its first preview, as bytes, which come back; shown first
                     Fixture f(name, buttons);
+                    f.SetAmount(buttons == HBPanelButtons::Host ? 40 : 100);
                     f.session->SetTarget(target);
                     QVERIFY(Until([&] { return f.session->IsUpToDate(); }));
                     QCOMPARE(f.changed, QRegion(0, 0, 257, 140));
@@ -168,6 +176,7 @@ private Q_SLOTS:
                 }
                 { // from the user's hand, as the first thing at all, and at once
                     Fixture f(name, buttons);
+                    f.SetAmount(buttons == HBPanelButtons::Host ? 40 : 100);
                     f.session->SetTarget(target);
                     QVERIFY(Until([&] { return f.session->IsUpToDate(); }));
                     const bool moved = f.MoveControl();

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <mutex>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -130,12 +131,15 @@ HBRGBA32i* HBTileAccess::Pixels()
     return m_Pin->Pixels();
 }
 
-HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform, HBJobControl* control)
+HBOutcome HBWalkTiles(HBTarget target, const HBTileFunction& transform, HBJobControl* control)
 {
+    const bool selected = target.bounds.isValid();
+    const HBSelectionArea area(target.source, target.selection, target.offset, target.bounds);
+    const TileList tiles(target.source, selected ? &area : nullptr);
     HBOutcome outcome;
     HBImage<>& result = outcome.image;
     try {
-        result = target.source;
+        result = selected ? target.source : std::exchange(target.source, {});
         result.DetachList();
     } catch (const std::bad_alloc&) {
         outcome.status = HBOutcome::Failed;
@@ -143,9 +147,6 @@ HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform, H
         return outcome;
     }
 
-    const bool selected = target.bounds.isValid();
-    const HBSelectionArea area(target.source, target.selection, target.offset, target.bounds);
-    const TileList tiles(target.source, selected ? &area : nullptr);
     const int rows = selected ? area.RowCount() : 0;
     if (control)
         control->SetRange(0, tiles.Count() + rows);
