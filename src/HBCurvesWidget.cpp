@@ -19,7 +19,7 @@ namespace
 {
 
 /// In the order in which a rectangle goes to them, should a host have two checked.
-enum Picker { Gray, Black, White };
+enum Picker { GrayPicker, BlackPicker, WhitePicker };
 
 int Level(const HBRGBA32i& color, int channel)
 {
@@ -213,17 +213,17 @@ bool HBCurvesWidget::eventFilter(QObject* watched, QEvent* event)
 
 void HBCurvesWidget::OnBlack(bool checked)
 {
-    m_pPick->Toggle(Black, checked);
+    m_pPick->Toggle(BlackPicker, checked);
 }
 
 void HBCurvesWidget::OnGray(bool checked)
 {
-    m_pPick->Toggle(Gray, checked);
+    m_pPick->Toggle(GrayPicker, checked);
 }
 
 void HBCurvesWidget::OnWhite(bool checked)
 {
-    m_pPick->Toggle(White, checked);
+    m_pPick->Toggle(WhitePicker, checked);
 }
 
 /// Puts a picked colour into the curves of the three colours, unless the pick was cancelled.
@@ -245,7 +245,7 @@ void HBCurvesWidget::FinishPick(int picker, void (*apply)(QVector<QPoint>& point
 
 void HBCurvesWidget::OnBlackFinished()
 {
-    FinishPick(Black, [](QVector<QPoint>& points, int average) {
+    FinishPick(BlackPicker, [](QVector<QPoint>& points, int average) {
         QPoint& lower = points.first().y() <= points.last().y() ? points.first() : points.last();
         lower = QPoint(average, 0);
     });
@@ -253,14 +253,14 @@ void HBCurvesWidget::OnBlackFinished()
 
 void HBCurvesWidget::OnGrayFinished()
 {
-    FinishPick(Gray, [](QVector<QPoint>& points, int average) {
+    FinishPick(GrayPicker, [](QVector<QPoint>& points, int average) {
         points = {points.first(), QPoint(average, 128), points.last()};
     });
 }
 
 void HBCurvesWidget::OnWhiteFinished()
 {
-    FinishPick(White, [](QVector<QPoint>& points, int average) {
+    FinishPick(WhitePicker, [](QVector<QPoint>& points, int average) {
         QPoint& higher = points.first().y() > points.last().y() ? points.first() : points.last();
         higher = QPoint(average, 255);
     });

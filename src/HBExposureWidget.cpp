@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr double Scale = 10000.0;
+constexpr double ExposureScale = 10000.0;
 
 }
 
@@ -46,7 +46,7 @@ void HBExposureWidget::SetExposure(double exposure)
     // connections behind, none of them unique.
     connect(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));
     m_pUI->m_pExposureSpin->setValue(exposure);
-    m_pUI->m_pExposureSlider->setValue(HBSliderPosition(exposure, Scale));
+    m_pUI->m_pExposureSlider->setValue(HBSliderPosition(exposure, ExposureScale));
     connect(m_pUI->m_pExposureSpin, SIGNAL(valueChanged(double)), SLOT(OnExposureChanged(double)));
 }
 
@@ -57,7 +57,7 @@ void HBExposureWidget::SetOffset(double offset)
     const Mute mute(this, m_pUI->m_pOffsetSpin);
     m_pUI->m_pOffsetSpin->setValue(offset);
     // The slider is still heard, on purpose, and writes its own position back: -0.25 becomes -0.2499.
-    m_pUI->m_pOffsetSlider->setValue(HBSliderPosition(offset, Scale));
+    m_pUI->m_pOffsetSlider->setValue(HBSliderPosition(offset, ExposureScale));
 }
 
 void HBExposureWidget::Reset()
@@ -70,7 +70,7 @@ void HBExposureWidget::Reset()
 void HBExposureWidget::ShowOnSlider(QSlider* slider, double value)
 {
     const Mute mute(this, slider);
-    slider->setValue(HBSliderPosition(value, Scale));
+    slider->setValue(HBSliderPosition(value, ExposureScale));
 }
 
 void HBExposureWidget::OnExposureChanged(double exposure)
@@ -81,7 +81,7 @@ void HBExposureWidget::OnExposureChanged(double exposure)
 
 void HBExposureWidget::OnExposureSlider(int position)
 {
-    m_pUI->m_pExposureSpin->setValue(position / Scale);
+    m_pUI->m_pExposureSpin->setValue(position / ExposureScale);
 }
 
 void HBExposureWidget::OnOffsetChanged(double offset)
@@ -92,7 +92,7 @@ void HBExposureWidget::OnOffsetChanged(double offset)
 
 void HBExposureWidget::OnOffsetSlider(int position)
 {
-    m_pUI->m_pOffsetSpin->setValue(position / Scale);
+    m_pUI->m_pOffsetSpin->setValue(position / ExposureScale);
 }
 
 struct HBExposureWidget::ExposureData : HBJobData

@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr double Scale = 100.0;
+constexpr double GammaScale = 100.0;
 
 }
 
@@ -38,7 +38,7 @@ void HBGammaCorrectionWidget::SetGamma(double gamma)
     const Mute mute(this, m_pUI->m_pGammaSpin);
     m_pUI->m_pGammaSpin->setValue(gamma);
     // The slider is still heard, on purpose, and writes its own position back: 1.239 becomes 1.24, then 1.23.
-    m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, Scale));
+    m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, GammaScale));
 }
 
 void HBGammaCorrectionWidget::Reset()
@@ -50,14 +50,14 @@ void HBGammaCorrectionWidget::OnGammaChanged(double gamma)
 {
     {
         const Mute mute(this, m_pUI->m_pGammaSlider);
-        m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, Scale));
+        m_pUI->m_pGammaSlider->setValue(HBSliderPosition(gamma, GammaScale));
     }
     NotifyChanged(&HBGammaCorrectionWidget::GammaChanged);
 }
 
 void HBGammaCorrectionWidget::OnGammaSlider(int position)
 {
-    m_pUI->m_pGammaSpin->setValue(position / Scale);
+    m_pUI->m_pGammaSpin->setValue(position / GammaScale);
 }
 
 struct HBGammaCorrectionWidget::GammaData : HBJobData

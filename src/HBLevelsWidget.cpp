@@ -10,7 +10,7 @@ namespace
 {
 
 /// Handles of the two sliders, in the order they are added; those of the output count as its record does.
-enum InputHandle : uint { Black, Gamma, White };
+enum InputHandle : uint { InputBlack, InputGamma, InputWhite };
 enum OutputHandle : uint { OutputBlack, OutputWhite };
 
 /// A record may hold any int; the controls, and the arithmetic of their limits, stay inside the levels.
@@ -35,9 +35,9 @@ HBLevelsWidget::HBLevelsWidget(bool dialog, QWidget* parent, Qt::WindowFlags fla
     m_pUI->m_pOutputSlider->SetRange(0, 255);
     m_pUI->m_pOutputSlider->AddControl(0, 0, 255, QBrush(Qt::black));
     m_pUI->m_pOutputSlider->AddControl(255, 0, 255, QBrush(Qt::white));
-    m_pUI->m_pInputSlider->SetControlName(Black, tr("Black point"));
-    m_pUI->m_pInputSlider->SetControlName(Gamma, tr("Gamma"));
-    m_pUI->m_pInputSlider->SetControlName(White, tr("White point"));
+    m_pUI->m_pInputSlider->SetControlName(InputBlack, tr("Black point"));
+    m_pUI->m_pInputSlider->SetControlName(InputGamma, tr("Gamma"));
+    m_pUI->m_pInputSlider->SetControlName(InputWhite, tr("White point"));
     m_pUI->m_pOutputSlider->SetControlName(OutputBlack, tr("Output black point"));
     m_pUI->m_pOutputSlider->SetControlName(OutputWhite, tr("Output white point"));
 
@@ -83,15 +83,15 @@ void HBLevelsWidget::SetChannel(int channel)
 
     const int low = Shown(m_Params.input[c][0]);
     const int high = Shown(m_Params.input[c][1]);
-    m_pUI->m_pInputSlider->SetMaximum(Black, high - 2);
-    m_pUI->m_pInputSlider->SetMinimum(White, low + 2);
-    m_pUI->m_pInputSlider->SetMinimum(Gamma, low);
-    m_pUI->m_pInputSlider->SetMaximum(Gamma, high);
+    m_pUI->m_pInputSlider->SetMaximum(InputBlack, high - 2);
+    m_pUI->m_pInputSlider->SetMinimum(InputWhite, low + 2);
+    m_pUI->m_pInputSlider->SetMinimum(InputGamma, low);
+    m_pUI->m_pInputSlider->SetMaximum(InputGamma, high);
     m_pUI->m_pLowInput->setRange(0, high - 2);
     m_pUI->m_pHighInput->setRange(low + 2, 255);
-    m_pUI->m_pInputSlider->SetValue(Black, low);
-    m_pUI->m_pInputSlider->SetValue(Gamma, Shown(m_Params.middle[c]));
-    m_pUI->m_pInputSlider->SetValue(White, high);
+    m_pUI->m_pInputSlider->SetValue(InputBlack, low);
+    m_pUI->m_pInputSlider->SetValue(InputGamma, Shown(m_Params.middle[c]));
+    m_pUI->m_pInputSlider->SetValue(InputWhite, high);
     m_pUI->m_pLowInput->setValue(low);
     const double gamma = m_Params.gamma[c];
     m_pUI->m_pMiddleInput->setValue(qIsNaN(gamma) ? 1.0 : gamma); // the box would show its maximum
@@ -119,11 +119,11 @@ void HBLevelsWidget::OnChannelChanged(int channel)
 
 void HBLevelsWidget::OnInputChanged(uint control, int value)
 {
-    if (control == Black)
+    if (control == InputBlack)
         m_pUI->m_pLowInput->setValue(value);
-    else if (control == White)
+    else if (control == InputWhite)
         m_pUI->m_pHighInput->setValue(value);
-    else if (control == Gamma)
+    else if (control == InputGamma)
         m_pUI->m_pMiddleInput->setValue(
             ToneValue(m_pUI->m_pLowInput->value(), m_pUI->m_pHighInput->value(), value));
 }
@@ -136,7 +136,7 @@ void HBLevelsWidget::MoveInputHandles(int low, int high, double gamma, const std
     {
         const Mute mute(this, m_pUI->m_pInputSlider);
         moveEnd();
-        m_pUI->m_pInputSlider->SetValue(Gamma, m_Params.middle[c]);
+        m_pUI->m_pInputSlider->SetValue(InputGamma, m_Params.middle[c]);
     }
     NotifyChanged(&HBLevelsWidget::ValueChanged);
 }
@@ -146,9 +146,9 @@ void HBLevelsWidget::OnLowInputChanged(int value)
 {
     m_Params.input[m_Params.channel][0] = value;
     MoveInputHandles(value, m_pUI->m_pHighInput->value(), m_pUI->m_pMiddleInput->value(), [&] {
-        m_pUI->m_pInputSlider->SetMinimum(White, value + 2);
-        m_pUI->m_pInputSlider->SetValue(Black, value);
-        m_pUI->m_pInputSlider->SetMinimum(Gamma, value);
+        m_pUI->m_pInputSlider->SetMinimum(InputWhite, value + 2);
+        m_pUI->m_pInputSlider->SetValue(InputBlack, value);
+        m_pUI->m_pInputSlider->SetMinimum(InputGamma, value);
     });
 }
 
@@ -156,9 +156,9 @@ void HBLevelsWidget::OnHighInputChanged(int value)
 {
     m_Params.input[m_Params.channel][1] = value;
     MoveInputHandles(m_pUI->m_pLowInput->value(), value, m_pUI->m_pMiddleInput->value(), [&] {
-        m_pUI->m_pInputSlider->SetMaximum(Black, value - 2);
-        m_pUI->m_pInputSlider->SetMaximum(Gamma, value);
-        m_pUI->m_pInputSlider->SetValue(White, value);
+        m_pUI->m_pInputSlider->SetMaximum(InputBlack, value - 2);
+        m_pUI->m_pInputSlider->SetMaximum(InputGamma, value);
+        m_pUI->m_pInputSlider->SetValue(InputWhite, value);
     });
 }
 

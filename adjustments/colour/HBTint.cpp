@@ -32,6 +32,7 @@ HBStages HBStagesOf(const HBTintParams& params)
     const int percent = HBClamped(params, &P::amount);
     const int amount = percent * 2550; // of HBAverageTintRGB32's 255000
     switch (params.type) {
+    // NOLINTNEXTLINE(bugprone-branch-clone): other weights
     case P::Average:
         return {HBStageOf(HBAverageTintRGB32<333, 334, 333>(black, white, amount))};
     case P::NTSC:

@@ -46,7 +46,8 @@ HBPresets::Contents HBPresets::Read() const
         return contents;
     }
     contents.last = read.value("last").toObject();
-    for (const QJsonValue& entry : read.value("presets").toArray()) {
+    const QJsonArray presets = read.value("presets").toArray();
+    for (const QJsonValue& entry : presets) {
         QJsonObject values = entry.toObject();
         const QString name = values.take("name").toString();
         contents.presets.append({name, values});

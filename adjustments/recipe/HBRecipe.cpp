@@ -25,10 +25,9 @@ constexpr int Version = 2; // steps may be off, or in part, or on a selection
 constexpr int MaximumBytes = 16 << 20;
 constexpr int MaximumSteps = 1000;
 
-// Not constexpr: Clang does not know their length in time.
-const QLatin1String OnKey("on");
-const QLatin1String AmountKey("amount");
-const QLatin1String SelectionKey("selection");
+constexpr char OnKey[] = "on";
+constexpr char AmountKey[] = "amount";
+constexpr char SelectionKey[] = "selection";
 
 struct Text
 {
@@ -61,7 +60,7 @@ QJsonObject JsonOf(const HBRecipeStep& step, int version)
 {
     QJsonObject object = step.values;
     if (version > FirstVersion) {
-        for (const QLatin1String& key : {OnKey, AmountKey, SelectionKey})
+        for (const char* key : {OnKey, AmountKey, SelectionKey})
             object.remove(key); // read in version 1 it meant nothing
         const QJsonObject manner = step.Manner();
         for (auto member = manner.begin(); member != manner.end(); ++member)

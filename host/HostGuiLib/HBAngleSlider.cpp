@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBAngleSlider.h"
 
+#include "HBMixedColor.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,12 +26,6 @@ QPointF PointAt(int degrees, qreal distance)
 {
     const qreal radians = qDegreesToRadians(qreal(degrees));
     return {distance * std::cos(radians), -distance * std::sin(radians)};
-}
-
-QColor Mixed(const QColor& a, const QColor& b, qreal share)
-{
-    auto mix = [share](qreal x, qreal y) { return x + (y - x) * share; };
-    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
 } // namespace
@@ -167,11 +163,11 @@ void HBAngleSlider::paintEvent(QPaintEvent*)
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(QPointF(), radius + 2, radius + 2);
     }
-    painter.setPen(QPen(Mixed(base, text, hot ? 0.6 : 0.4), 1));
+    painter.setPen(QPen(HBMixedColor(base, text, hot ? 0.6 : 0.4), 1));
     painter.setBrush(base);
     painter.drawEllipse(QPointF(), radius, radius);
 
-    painter.setPen(QPen(Mixed(base, text, 0.35), 1));
+    painter.setPen(QPen(HBMixedColor(base, text, 0.35), 1));
     for (int quarter = 0; quarter < 360; quarter += 90)
         painter.drawLine(PointAt(quarter, radius - 3), PointAt(quarter, radius - 1));
 

@@ -18,8 +18,8 @@ namespace
 {
 
 constexpr int AllColors = 7;
-constexpr int Inset = 2;  ///< as QGraphicsView::fitInView keeps, so that a curve laid over it fits
-constexpr int Margin = 4; ///< above the highest column; the marks of cut ones stand in it
+constexpr int SideInset = 2; ///< as QGraphicsView::fitInView keeps, so that a curve laid over it fits
+constexpr int Margin = 4;    ///< above the highest column; the marks of cut ones stand in it
 
 struct Look
 {
@@ -327,7 +327,7 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
     double ceiling = 1;
     for (const int channel : qAsConst(channels))
         ceiling = qMax(ceiling, HistogramShape::Ceiling(m_Counts.levels[channel]));
-    const Frame frame{QRectF(rect()).adjusted(Inset, 1 + Margin, -Inset, -1)};
+    const Frame frame{QRectF(rect()).adjusted(SideInset, 1 + Margin, -SideInset, -1)};
     // Behind a thin curve it is a background.
     painter.setOpacity((isEnabled() ? 1.0 : 0.4) * (layout() ? 0.35 : 1.0));
 

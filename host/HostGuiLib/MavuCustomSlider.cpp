@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "MavuCustomSlider.h"
 
+#include "HBMixedColor.h"
 #include "MavuSliderAccessible.h"
 
 #include <QKeyEvent>
@@ -20,12 +21,6 @@ constexpr double HandleWidth = 10;
 constexpr int HandleHeight = 12;
 constexpr double TipHeight = 5;
 constexpr int WheelStep = 120; ///< eighths of a degree of one notch
-
-QColor Mixed(const QColor& a, const QColor& b, double share)
-{
-    const auto mix = [share](int from, int to) { return qRound(from + (to - from) * share); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
 
 } // namespace
 
@@ -207,7 +202,7 @@ void MavuCustomSlider::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     const QColor groove =
-        Mixed(palette().color(group, QPalette::Window), palette().color(group, QPalette::WindowText), 0.45);
+        HBMixedColor(palette().color(group, QPalette::Window), palette().color(group, QPalette::WindowText), 0.45);
     painter.fillRect(QRectF(Inset, 0, width() - 2 * Inset, 1), groove);
 
     for (int i = 0; i < m_Controls.size(); ++i)
@@ -230,7 +225,7 @@ void MavuCustomSlider::DrawControl(QPainter& painter, int control) const
     const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     const QColor window = palette().color(group, QPalette::Window);
     const QColor text = palette().color(group, QPalette::WindowText);
-    const QColor outline = lively ? palette().color(group, QPalette::Highlight) : Mixed(window, text, 0.75);
+    const QColor outline = lively ? palette().color(group, QPalette::Highlight) : HBMixedColor(window, text, 0.75);
 
     // The brush as it is would look alive in a disabled slider.
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
