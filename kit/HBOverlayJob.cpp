@@ -68,10 +68,11 @@ void HBOverlayJob::Start()
     m_pControl = std::make_shared<HBPanelJobControl>();
     connect(m_pControl.get(), &HBPanelJobControl::ProgressTold, this, &HBOverlayJob::TellProgress,
             Qt::QueuedConnection);
+    const HBTarget whole{m_Source}; // not in the job, which must not throw: a copy of the source may
     HBWatchInPool(&m_Watcher,
-                  [source = m_Source, stages = m_Adjustment.stages, record = m_Record(), control = m_pControl] {
+                  [target = whole, stages = m_Adjustment.stages, record = m_Record(), control = m_pControl] {
                       return HBRunStages(
-                          {source}, [&] { return stages(record, false); }, control.get());
+                          target, [&] { return stages(record, false); }, control.get());
                   });
 }
 
