@@ -3,11 +3,13 @@
 #include "HBStackResult.h"
 
 #include <HBPoolJob.h>
+#include <HBStage.h>
 
 #include <QElapsedTimer>
 #include <QSet>
 
 #include <algorithm>
+#include <exception>
 
 namespace
 {
@@ -49,9 +51,9 @@ private:
 };
 
 HBStackWork::Done HBStackWork::Run(HBJobControl* control) const
-{
+try {
     Done done;
-    HBImage<> image = from;
+    HBImage<> image = from; // with its metadata: a copy takes memory
     if (!first.steps.isEmpty()) {
         image = HBApplyRecipe(HBTarget{image}, first, &done.error, control, photo);
         if (image.IsEmpty())
@@ -60,6 +62,8 @@ HBStackWork::Done HBStackWork::Run(HBJobControl* control) const
     }
     done.image = rest.steps.isEmpty() ? image : HBApplyRecipe(HBTarget{image}, rest, &done.error, control, photo);
     return done;
+} catch (...) {
+    return {{}, {}, HBFailureReason({{}, HBOutcome::Failed, std::current_exception()})};
 }
 
 HBStackResult::HBStackResult(QObject* parent) : QObject(parent)

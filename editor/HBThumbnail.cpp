@@ -3,7 +3,9 @@
 #include "HBThumbnail.h"
 
 #include <HBPhotoFile.h>
+#include <HBQtImage.h>
 #include <HBSaveFile.h>
+#include <HBScaled.h>
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -14,6 +16,8 @@
 #include <QImageReader>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <exception>
 
 namespace
 {
@@ -65,7 +69,7 @@ QImage Made(const QString& photo)
     const QImage read = reader.read();
     if (read.isNull() || qMax(read.width(), read.height()) <= HBThumbnailSide)
         return read;
-    return read.scaled(HBThumbnailSide, HBThumbnailSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return HBScaled(read, {HBThumbnailSide, HBThumbnailSide}, Qt::KeepAspectRatio);
 }
 
 /// What cannot be kept is made again another time.
@@ -82,6 +86,7 @@ void Keep(const QString& photo, QImage thumbnail)
     thumbnail.setText(TimeKey, TimeOf(photo));
     thumbnail.setText(SizeKey, QString::number(QFileInfo(photo).size()));
     thumbnail.setText(SoftwareKey, OurName);
+    HBCheckMemory();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QString ignored;
@@ -98,7 +103,8 @@ QString HBThumbnailPath(const QString& photo)
 }
 
 QImage HBThumbnail(const QString& photo)
-{
+try {
+    HBCheckMemory();
     QImage thumbnail = Cached(photo);
     if (!thumbnail.isNull())
         return thumbnail;
@@ -109,4 +115,6 @@ QImage HBThumbnail(const QString& photo)
     if (!thumbnail.isNull() && lasts)
         Keep(photo, thumbnail);
     return thumbnail;
+} catch (const std::exception&) { // no memory, or no more threads
+    return {};
 }

@@ -14,5 +14,5 @@ constexpr int HBThumbnailSide = 256; ///< of the cache's "large" ones, the longe
 QString HBThumbnailPath(const QString& photo);
 
 /// From the cache, if what is there was made of the file as it is now; else made of the photo, and put there. Null
-/// if it is no photo that can be read.
+/// if it is no photo that can be read, or there is not enough memory.
 QImage HBThumbnail(const QString& photo);

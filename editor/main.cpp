@@ -18,6 +18,7 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdio>
 
 namespace
@@ -117,6 +118,7 @@ void AnswerWithoutScreen(int argc, char* argv[])
 int main(int argc, char* argv[])
 {
     Name();
+    std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit cannot be saved, which is said; the steps stay
     AnswerWithoutScreen(argc, argv);
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // which does so anyway
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

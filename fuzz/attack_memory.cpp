@@ -11,12 +11,15 @@
 #include "HBTestRecords.h"
 
 #include <HBAdjustmentWidget.h>
+#include <HBDocument.h>
 #include <HBPanelCatalog.h>
 #include <HBParallel.h>
 #include <HBPhotoFile.h>
 #include <HBQtImage.h>
 #include <HBRecipe.h>
 #include <HBScaled.h>
+#include <HBThumbnail.h>
+#include <HBTilePainter.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -162,7 +165,8 @@ struct Work {
     QString name;
     Where place;
     std::function<Result()> run;
-    bool isMemoryOurs = true; ///< Qt's painter of text ends the process in which it gets none
+    bool isMemoryOurs =
+        true; ///< Qt's painter of text and its writer of PNG end the process in which they get none
 };
 
 constexpr int Threads = 3;
@@ -270,6 +274,21 @@ Result RunPanel(const HBPanelEntry& entry, const HBTarget& target) {
     return {panel->AdjustedImage().ToQImage(), panel->HasJobFailed() ? "failed" : QString()};
 }
 
+/// The photo of the editor and its steps: both must be there whatever becomes of the result.
+Result RunDocument(const HBPhoto& photo, const QVector<HBRecipeStep>& steps) {
+    QString error;
+    HBDocument document;
+    QObject::connect(&document, &HBDocument::Failed, [&](const QString& reason) { error = reason; });
+    document.SetPhoto("photo.png", photo);
+    document.SetSteps(steps, "Steps");
+    if (!HBComesTrue([&] { return document.Result().IsUpToDate() || !error.isEmpty(); }))
+        HBFuzzFail("The editor does not come to rest");
+    where = Nowhere;
+    HBFuzzCheck(document.AllSteps() == steps && document.Original().IsSameAs(photo.image),
+                "The editor has lost the photo or its steps");
+    return {document.Image().ToQImage(), error};
+}
+
 bool IsOneOf(const HBAdjustment& adjustment, const QStringList& names) {
     return names.contains(adjustment.className);
 }
@@ -287,11 +306,17 @@ int main(int argc, char** argv) {
     QRandomGenerator random(argc > 2 ? quint32(std::atoi(argv[2])) : 1);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     for (QThreadPool* pool : Pools()) pool->setMaxThreadCount(Threads);
+    const auto testTarget = [](bool selected) {
+        HBTarget target = HBTestTarget({300, 200}, selected);
+        target.source.AddElement(
+            new KMEXIFElement{"Exif.Image.Make", 2, QByteArray("Maker", 6)}); // copies take memory
+        return target;
+    };
     QVector<Work> works;
     for (const HBAdjustment& adjustment : HBAdjustments()) {
         const std::any record = HBDemonstration(adjustment);
         for (const bool selected : {false, true}) {
-            const HBTarget target = HBTestTarget({300, 200}, selected);
+            const HBTarget target = testTarget(selected);
             works.append({QString("core %1 %2").arg(adjustment.className).arg(selected), Everywhere,
                           [=] {
                               const HBOutcome outcome = HBRun(adjustment, record, target);
@@ -306,7 +331,7 @@ int main(int argc, char** argv) {
         if (!IsOneOf(adjustment, {"HBSignWidget", "HBWatermarkWidget"}))
             steps += HBStepOf(adjustment, HBDemonstration(adjustment));
     }
-    const HBTarget whole = HBTestTarget({300, 200}, false);
+    const HBTarget whole = testTarget(false);
     works.append({"recipe", Everywhere, [=] {
                       QString error;
                       const HBImage<> image = HBApplyRecipe(whole, {steps}, &error, nullptr);
@@ -318,6 +343,12 @@ int main(int argc, char** argv) {
             works.append({QString("panel ") + entry.className, OutsideMainThread,
                           [&entry, whole] { return RunPanel(entry, whole); }});
     }
+    HBPhoto opened;
+    opened.image = whole.source;
+    QVector<HBRecipeStep> inPart = steps;
+    inPart[0].amount = 50;
+    inPart[1].selection.shapes = {HBShape::OfPixels(HBShape::Kind::Ellipse, {20, 30, 200, 100}, 5, {300, 200})};
+    works.append({"document", OutsideMainThread, [=] { return RunDocument(opened, inPart); }});
     const QImage large = HBTestRamp(700, 400).ToQImage();
     works.append(
         {"image", Everywhere, [large] {
@@ -326,19 +357,40 @@ int main(int argc, char** argv) {
              } catch (const std::exception&) { return Result{{}, "failed"}; }
          }});
     const QTemporaryDir folder;
+    qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
+    const QString largeFile = folder.filePath("large.png");
+    large.save(largeFile);
+    works.append({"thumbnail", Everywhere,
+                  [largeFile] {
+                      QFile::remove(HBThumbnailPath(largeFile));
+                      const QImage thumbnail = HBThumbnail(largeFile);
+                      return Result{thumbnail, thumbnail.isNull() ? "none" : QString()};
+                  },
+                  false});
+    works.append({"view", OutsideMainThread,
+                  [large] {
+                      HBTilePainter painter;
+                      painter.SetImage(HBImage<>::FromQImage(large));
+                      painter.SetLook({nullptr, true});
+                      return Result{painter.ToImage(large.rect(), 0.3), {}};
+                  },
+                  false}); // without memory a view has holes
     for (const char* format : {"png", "jpg", "tif", "webp", "bmp"}) {
         const QString path = folder.filePath(QString("photo.") + format);
+        const bool holdsMetadata = qstrcmp(format, "bmp") != 0;
+        const HBImage<> source = holdsMetadata ? whole.source : HBTestTarget({300, 200}, false).source;
         works.append({QString("photo ") + format, Everywhere, [=] {
                           QString error;
                           HBPhoto photo;
                           HBPhotoOptions options;
                           options.quality = 100;
                           QStringList warnings;
-                          if (!HBWritePhoto(path, whole.source, options, &error, &warnings))
-                              return Result{{}, error};
+                          if (!HBWritePhoto(path, source, options, &error, &warnings)) return Result{{}, error};
                           if (!HBReadPhoto(path, &photo, &error)) return Result{{}, error};
                           const Calm calm;
-                          return Result{photo.image.ToQImage(), photo.warnings.join(' ') + warnings.join(' ')};
+                          const QString told = photo.warnings.join(' ') + warnings.join(' ');
+                          if (photo.image.Elements().isEmpty() == holdsMetadata) return Result{{}, told};
+                          return Result{photo.image.ToQImage(), told};
                       }});
     }
     for (const Work& work : works) Attack(work, seconds * 1000LL / works.size(), random);

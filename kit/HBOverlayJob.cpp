@@ -69,11 +69,12 @@ void HBOverlayJob::Start()
     m_pControl = std::make_shared<HBPanelJobControl>();
     connect(m_pControl.get(), &HBPanelJobControl::ProgressTold, this, &HBOverlayJob::TellProgress,
             Qt::QueuedConnection);
-    HBWatchInPool(&m_Watcher, [source = m_Source, stages = m_Adjustment.stages, record = m_Record(),
+    const HBTarget whole{m_Source}; // not in the job, which must not throw: a copy of the source may
+    HBWatchInPool(&m_Watcher, [target = whole, stages = m_Adjustment.stages, record = m_Record(),
                                control = m_pControl, amount = m_Amount] {
         HBOutcome outcome = HBRunStages(
-            {source}, [&] { return stages(record, false); }, control.get());
-        return HBBlendAmount(source, amount, std::move(outcome), control.get());
+            target, [&] { return stages(record, false); }, control.get());
+        return HBBlendAmount(target.source, amount, std::move(outcome), control.get());
     });
 }
 

@@ -171,7 +171,10 @@ void HistogramWidget::Start()
     QFutureInterface<Counts> counted;
     counted.reportStarted();
     m_Watcher.setFuture(counted.future());
-    (*std::exchange(m_Waiting, std::nullopt)).behind(m_pAbandoned, [counted](const Counts& counts) mutable {
+    // Where the memory was used up some is left for Qt, which ends the process if it cannot tell the result.
+    const auto room = std::make_shared<QByteArray>(1 << 18, Qt::Uninitialized);
+    (*std::exchange(m_Waiting, std::nullopt)).behind(m_pAbandoned, [counted, room](const Counts& counts) mutable {
+        room->clear();
         counted.reportResult(counts);
         counted.reportFinished();
     });

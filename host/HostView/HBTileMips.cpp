@@ -5,12 +5,15 @@
 #include <HBParallel.h>
 
 #include <QElapsedTimer>
-#include <QtConcurrent>
+#include <QRunnable>
 #include <QThreadPool>
 
 #include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <functional>
+#include <future>
+#include <memory>
 #include <new>
 
 namespace
@@ -85,11 +88,14 @@ void MarkClipping(QRgb* pixels)
     }
 }
 
-/// A thread that jobs do not take. Where the system starts none the caller does the work, as it waits for it.
+/// On a thread that jobs do not take. Where the system starts none the caller, who waits for it, does the work.
 void RunAside(const std::function<void()>& work)
 {
     static QThreadPool pool;
-    QtConcurrent::run(&pool, work).waitForFinished();
+    const auto task = std::make_shared<std::packaged_task<void()>>(work);
+    if (!HBTryStart(pool, [&] { pool.start(QRunnable::create([task] { (*task)(); })); }))
+        (*task)();
+    task->get_future().get(); // throws what the work has thrown
 }
 
 } // namespace
