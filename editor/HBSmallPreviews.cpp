@@ -45,8 +45,9 @@ HBImage<> HBSmallPreviews::Shrunk(const HBImage<>& picture, int side)
         for (int x = 0; x < small.width(); ++x) {
             int red = 0, green = 0, blue = 0, alpha = 0;
             for (int i = 0; i < Samples * Samples; ++i) {
-                const HBRGBA32i pixel = picture.PixelAt(int((x * Samples + i % Samples + 0.5) * stepX),
-                                                        int((y * Samples + i / Samples + 0.5) * stepY));
+                const QPoint sample(x * Samples + i % Samples, y * Samples + i / Samples);
+                const HBRGBA32i pixel =
+                    picture.PixelAt(int((sample.x() + 0.5) * stepX), int((sample.y() + 0.5) * stepY));
                 red += pixel.red * pixel.alpha;
                 green += pixel.green * pixel.alpha;
                 blue += pixel.blue * pixel.alpha;

@@ -135,6 +135,7 @@ void* mmap(void* address, std::size_t size, int protection, int flags, int file,
         errno = ENOMEM;
         return MAP_FAILED;
     }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how the kernel gives an address
     return reinterpret_cast<void*>(syscall(SYS_mmap, address, size, protection, flags, file, offset));
 }
 void free(void* memory) {
