@@ -81,6 +81,8 @@ protected:
 
 private:
     void ConnectActions();
+    void ConnectSelection();
+    void NoteSelection(int gesture = -1);
     void BuildStatusBar();
     void ReadSettings();
     void WriteSettings() const;
@@ -91,6 +93,7 @@ private:
     bool IsPanelChanged() const;
     bool HasPanelWork();
     bool AcceptPanel();
+    void ClosePanel();
     void DropPanel();
     void ApplyPanel(const HBImage<>& image);
 
@@ -140,7 +143,6 @@ private:
     QPointer<HBPanelGestures> m_pGestures;           ///< of the session
     HBImage<> m_PanelSource;                         ///< what the open panel works on
     int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
-    HBSelectionShape m_SelectionBefore;              ///< that of the opened step is shown in its place
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
     QAction* m_pShowSteps = nullptr;

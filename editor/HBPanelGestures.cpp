@@ -35,7 +35,10 @@ HBPanelGestures::HBPanelGestures(HBPanelSession* session, HBSelectionTool* selec
     };
     connect(session->Panel(), &HBAdjustmentWidget::DataChanged, this, begin);
     connect(session->Panel(), &HBAdjustmentWidget::AboutUserParamsChanged, this, begin);
-    connect(selection, &HBSelectionTool::Changed, this, [this] { m_Rest.start(0); });
+    connect(selection, &HBSelectionTool::Changed, this, [this](int gesture) {
+        m_Rest.start(gesture < 0 ? 0 : RestMilliseconds);
+        Q_EMIT Changed();
+    });
     qApp->installEventFilter(this);
 }
 
