@@ -11,18 +11,20 @@ namespace
 {
 
 constexpr int GestureMilliseconds = 1000;
+constexpr int SelectionGestures = 1 << 20; // behind those of the steps' amounts
 
-}
+} // namespace
 
-/// From one stack to another.
+/// From one stack, or selection, to another.
 class HBDocument::Change : public QUndoCommand
 {
 public:
-    Change(HBDocument* document, const Steps& after, const QString& title, int gesture)
+    Change(HBDocument* document, const Steps& steps, const HBSelectionShape& selection, const QString& title,
+           int gesture)
         : QUndoCommand(title)
         , m_pDocument(document)
-        , m_Before(document->m_Steps)
-        , m_After(after)
+        , m_Before{document->m_Steps, document->m_Selection}
+        , m_After{steps, selection}
         , m_Gesture(gesture)
     {
         m_Since.start();
@@ -42,16 +44,28 @@ public:
     }
 
 private:
-    void Set(const Steps& steps)
+    struct State
     {
-        m_pDocument->m_Steps = steps;
-        m_pDocument->m_Result.Want(steps);
+        Steps steps;
+        HBSelectionShape selection;
+    };
+    void Set(const State& state)
+    {
+        const bool isOther = state.steps != m_pDocument->m_Steps;
+        const bool isElsewhere = state.selection != m_pDocument->m_Selection;
+        m_pDocument->m_Steps = state.steps;
+        m_pDocument->m_Selection = state.selection;
+        if (isElsewhere)
+            Q_EMIT m_pDocument->SelectionChanged();
+        if (!isOther)
+            return;
+        m_pDocument->m_Result.Want(state.steps);
         Q_EMIT m_pDocument->StepsChanged();
     }
 
     HBDocument* m_pDocument;
-    const Steps m_Before;
-    Steps m_After;
+    const State m_Before;
+    State m_After;
     const int m_Gesture;
     QElapsedTimer m_Since; ///< since the last amount of the gesture
 };
@@ -84,12 +98,14 @@ void HBDocument::SetPhoto(const QString& path, const HBPhoto& photo)
     ReadFileState();
     m_Steps.clear();
     m_SavedSteps.clear();
+    m_Selection = {};
     m_Result.SetPhoto(photo.image);
     {
         const QSignalBlocker quiet(m_History); // one word for all of it
         m_History.clear();
     }
     NoteResult();
+    Q_EMIT SelectionChanged();
     Q_EMIT StepsChanged();
     Q_EMIT Changed();
 }
@@ -102,10 +118,10 @@ QString HBDocument::TitleOf(const HBRecipeStep& step)
 
 // ---- Changing the stack ----
 
-void HBDocument::Push(const Steps& steps, const QString& title, int gesture)
+void HBDocument::Push(const Steps& steps, const HBSelectionShape& selection, const QString& title, int gesture)
 {
-    if (IsOpen() && steps != m_Steps)
-        m_History.push(new Change(this, steps, title, gesture));
+    if (IsOpen() && (steps != m_Steps || selection != m_Selection))
+        m_History.push(new Change(this, steps, selection, title, gesture));
 }
 
 void HBDocument::SetSteps(const Steps& steps, const QString& title)
@@ -113,14 +129,15 @@ void HBDocument::SetSteps(const Steps& steps, const QString& title)
     Push(steps, title);
 }
 
-void HBDocument::Append(const Steps& steps, const QString& title, const HBImage<>& image)
+void HBDocument::Append(const Steps& steps, const QString& title, const HBImage<>& image,
+                        const std::optional<HBSelectionShape>& selection)
 {
     if (!IsOpen() || steps.isEmpty())
         return;
     const Steps all = m_Steps + steps;
     if (!image.IsEmpty())
         m_Result.Know(all, image);
-    Push(all, title);
+    Push(all, selection.value_or(m_Selection), title);
 }
 
 void HBDocument::Replace(int index, const HBRecipeStep& step, const HBImage<>& image)
@@ -191,6 +208,11 @@ void HBDocument::GiveUp()
         m_History.setIndex(m_ReadyAt);
     if (!m_Result.IsUpToDate()) // amounts of one gesture, or what is no longer in the history
         m_History.undo();
+}
+
+void HBDocument::SetSelection(const HBSelectionShape& selection, int gesture)
+{
+    Push(m_Steps, selection, tr("Selection"), gesture < 0 ? -1 : SelectionGestures + gesture);
 }
 
 // ---- The file ----

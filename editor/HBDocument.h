@@ -9,8 +9,10 @@
 #include <QDateTime>
 #include <QUndoStack>
 
-/// One photo as it was opened, and the stack of steps that are applied to it, from the first to the last. Every
-/// change of the stack can be undone; the result follows as soon as it is made.
+#include <optional>
+
+/// One photo as it was opened, the stack of steps that are applied to it, from the first to the last, and what is
+/// selected for the next one. Every change of these can be undone; the result follows as soon as it is made.
 class HBDocument : public QObject
 {
     Q_OBJECT
@@ -48,7 +50,9 @@ public:
     /// \param title of what is done
     void SetSteps(const Steps& steps, const QString& title);
     /// \param image their result, if it is known
-    void Append(const Steps& steps, const QString& title, const HBImage<>& image = {});
+    /// \param selection what is selected from now on
+    void Append(const Steps& steps, const QString& title, const HBImage<>& image = {},
+                const std::optional<HBSelectionShape>& selection = std::nullopt);
     /// \param image the result of the step and those before it, if it is known
     void Replace(int index, const HBRecipeStep& step, const HBImage<>& image = {});
     void SetOn(int index, bool on);
@@ -57,6 +61,10 @@ public:
     void Move(int from, int to);
     void Duplicate(int index);
     void Remove(int index);
+    /// No change of the photo.
+    /// \param gesture those that follow each other soon with the same number are one entry; -1: with none
+    void SetSelection(const HBSelectionShape& selection, int gesture = -1);
+    const HBSelectionShape& Selection() const { return m_Selection; }
 
     /// Takes back what has changed since there was a result, instead of making one.
     void GiveUp();
@@ -64,7 +72,7 @@ public:
     /// Silent while a photo is opened.
     QUndoStack& History() { return m_History; }
     const QUndoStack& History() const { return m_History; }
-    bool IsModified() const { return !m_History.isClean(); }
+    bool IsModified() const { return m_Steps != m_SavedSteps; }
     /// The file holds what the present steps make of the photo.
     void SetSaved(const QString& path, const HBPhotoEncoding& encoding = {});
     /// The steps that the file holds the result of.
@@ -77,12 +85,18 @@ Q_SIGNALS:
     /// Image(), the steps or the modified state is another.
     void Changed();
     void StepsChanged();
+    /// By undo, redo, or another photo.
+    void SelectionChanged();
     /// The steps have no result.
     void Failed(const QString& reason);
 
 private:
     class Change;
-    void Push(const Steps& steps, const QString& title, int gesture = -1);
+    void Push(const Steps& steps, const HBSelectionShape& selection, const QString& title, int gesture = -1);
+    void Push(const Steps& steps, const QString& title, int gesture = -1)
+    {
+        Push(steps, m_Selection, title, gesture);
+    }
     void ReadFileState();
     void NoteResult();
     bool Has(int index) const { return index >= 0 && index < m_Steps.size(); }
@@ -93,6 +107,7 @@ private:
     QDateTime m_FileTime;
     Steps m_Steps;
     Steps m_SavedSteps;
+    HBSelectionShape m_Selection;
     HBStackResult m_Result;
     QUndoStack m_History;
     int m_ReadyAt = 0; ///< where in the history there was a result last

@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QHash>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -146,22 +147,48 @@ void HBEditorActions::AddEdit()
 void HBEditorActions::AddSelect()
 {
     using Kind = HBSelectionTool::Tool;
+    using Mode = HBSelectionTool::Mode;
     QMenu* menu = m_pWindow->menuBar()->addMenu(tr("&Select"));
-    tools = new QActionGroup(this);
-    auto tool = [&](const QString& text, const QString& key, const QString& hint, HBEditorIcon icon, Kind kind) {
-        QAction* action = Add(menu, text, QKeySequence(key), hint);
+    const auto choice = [&](QActionGroup* group, const QString& text, const char* key, const QString& hint,
+                            HBEditorIcon icon, int data) {
+        QAction* action = Add(menu, text, QKeySequence(QString(key)), hint);
         action->setShortcutContext(Qt::WindowShortcut); // plain letters are for typing in other windows
         action->setIcon(HBMakeIcon(icon));
         action->setCheckable(true);
-        action->setData(int(kind));
-        tools->addAction(action);
-        return action;
+        action->setData(data);
+        group->addAction(action);
     };
-    tool(tr("&No Tool"), "V", tr("Drag to move the photo"), HBEditorIcon::Hand, Kind::None)->setChecked(true);
+    tools = new QActionGroup(this);
+    const auto tool = [&](const QString& text, const char* key, const QString& hint, HBEditorIcon icon,
+                          Kind kind) { choice(tools, text, key, hint, icon, int(kind)); };
+    tool(tr("&No Tool"), "V", tr("Drag to move the photo"), HBEditorIcon::Hand, Kind::None);
     tool(tr("&Rectangle"), "R", tr("Drag a rectangle; hold Shift for a square"), HBEditorIcon::Rectangle,
          Kind::Rectangle);
     tool(tr("&Ellipse"), "E", tr("Drag an ellipse; hold Shift for a circle"), HBEditorIcon::Ellipse,
          Kind::Ellipse);
+    tool(tr("&Lasso"), "L", tr("Draw round it, or click corner by corner; a double click closes"),
+         HBEditorIcon::Lasso, Kind::Lasso);
+    tool(tr("&Gradient"), "G", tr("Drag from where all is selected to where nothing is"), HBEditorIcon::Gradient,
+         Kind::Gradient);
+    tool(tr("&Colour"), "W", tr("Click a colour: all that is like it, by the tolerance"), HBEditorIcon::Color,
+         Kind::Color);
+    tool(tr("&Move"), "M", tr("Drag the selection, or move it with the arrow keys"), HBEditorIcon::Move,
+         Kind::Move);
+    tools->actions().first()->setChecked(true);
+    menu->addSeparator();
+    modes = new QActionGroup(this);
+    const auto mode = [&](const QString& text, const QString& hint, HBEditorIcon icon, Mode kind) {
+        choice(modes, text, "", hint, icon, int(kind));
+    };
+    mode(tr("Ne&w Selection"), tr("What is drawn takes the place of the selection"), HBEditorIcon::NewSelection,
+         Mode::New);
+    mode(tr("A&dd to Selection"), tr("What is drawn is selected, too; or hold Shift"), HBEditorIcon::Add,
+         Mode::Add);
+    mode(tr("&Subtract from Selection"), tr("What is drawn is selected no more; or hold Ctrl or Alt"),
+         HBEditorIcon::Subtract, Mode::Subtract);
+    mode(tr("In&tersect with Selection"), tr("Only what is drawn stays selected; or hold Shift with Ctrl or Alt"),
+         HBEditorIcon::Intersect, Mode::Intersect);
+    modes->actions().first()->setChecked(true);
     menu->addSeparator();
     selectAll = Add(menu, tr("Select &All"), QKeySequence::SelectAll, tr("Select the whole photo"));
     selectAll->setShortcutContext(Qt::WindowShortcut); // text fields have it too
@@ -255,16 +282,19 @@ void HBEditorActions::AddToolBar()
     bar->addActions({undo, redo});
     bar->addSeparator();
     bar->addActions(tools->actions());
-
-    auto* label = new QLabel(tr(" Feather:") + ' ', bar);
-    feather = new QSpinBox(bar);
-    feather->setRange(0, MaximumFeather);
+    bar->addSeparator();
+    bar->addActions(modes->actions());
+    QAction* featherShown = nullptr;
+    feather = AddNumber(bar, tr("Feather:"), MaximumFeather,
+                        tr("Width of the soft edge of a selection, to either side"), &featherShown);
     feather->setSuffix(tr(" px"));
     feather->setAccessibleName(tr("Feather of the selection in pixels"));
-    feather->setToolTip(tr("Width of the soft edge of a selection, to either side"));
-    feather->setKeyboardTracking(false); // each value makes the selection anew
-    bar->addWidget(label);
-    bar->addWidget(feather);
+    tolerance =
+        AddNumber(bar, tr("Tolerance:"), 255,
+                  tr("How far a channel may differ from the colour that was clicked, in levels"), &toleranceShown);
+    tolerance->setAccessibleName(tr("Tolerance of the selection by colour in levels"));
+    tolerance->setValue(HBSelectionTool::FirstTolerance);
+    toleranceShown->setVisible(false);
     bar->addSeparator();
 
     bar->addActions({zoomFit, zoomActual});
@@ -276,4 +306,21 @@ void HBEditorActions::AddToolBar()
     showBefore->setToolTip(tr("Hold to see the photo as it was before (key B or \\)"));
     showBefore->setAccessibleName(tr("Show the photo as it was before, while held"));
     bar->addWidget(showBefore);
+}
+
+/// A number with its name, which are shown or hidden together.
+QSpinBox* HBEditorActions::AddNumber(QToolBar* bar, const QString& label, int most, const QString& hint,
+                                     QAction** shown)
+{
+    auto* box = new QWidget(bar);
+    auto* layout = new QHBoxLayout(box);
+    layout->setContentsMargins(box->fontMetrics().averageCharWidth(), 0, 0, 0);
+    auto* number = new QSpinBox(box);
+    number->setRange(0, most);
+    number->setToolTip(hint);
+    number->setKeyboardTracking(false); // each value makes the selection anew
+    layout->addWidget(new QLabel(label, box));
+    layout->addWidget(number);
+    *shown = bar->addWidget(box);
+    return number;
 }

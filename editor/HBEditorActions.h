@@ -10,6 +10,7 @@ class QKeySequence;
 class QMainWindow;
 class QMenu;
 class QSpinBox;
+class QToolBar;
 class QToolButton;
 
 /// The editor's commands with their names, keys and hints, and the menus and the tool bar that show them. What
@@ -39,10 +40,13 @@ public:
     QAction* repeatLast;
     QAction* findPanel;
     QActionGroup* tools; ///< the data of each is its HBSelectionTool::Tool
+    QActionGroup* modes; ///< the data of each is its HBSelectionTool::Mode
     QAction* selectAll;
     QAction* selectNothing;
     QAction* invertSelection;
     QSpinBox* feather;
+    QSpinBox* tolerance;
+    QAction* toleranceShown; ///< in the tool bar
     QAction* zoomIn;
     QAction* zoomOut;
     QAction* zoomFit;
@@ -68,6 +72,7 @@ private:
     void AddView();
     void AddHelp();
     void AddToolBar();
+    QSpinBox* AddNumber(QToolBar* bar, const QString& label, int most, const QString& hint, QAction** shown);
 
     QMainWindow* m_pWindow;
     QMenu* m_pViewMenu = nullptr;

@@ -98,7 +98,6 @@ bool HBEditorWindow::Open(const QString& path)
     m_pMessages->hide();
     if (!photo.warnings.isEmpty())
         m_pMessages->ShowNote(QFileInfo(path).fileName() + ": " + photo.warnings.join("; "));
-    m_pSelection->SelectNothing();
     const QString full = QFileInfo(path).absoluteFilePath();
     m_pStrip->SetOpen(full);
     m_Recent.Add(full);

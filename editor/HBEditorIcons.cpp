@@ -43,6 +43,30 @@ QPainterPath Corners()
     return path;
 }
 
+QPainterPath Square(double at)
+{
+    QPainterPath path;
+    path.addRect(at, at, 8, 8);
+    return path;
+}
+
+/// What the modes of selections leave of two squares.
+QPainterPath Filled(HBEditorIcon icon)
+{
+    switch (icon) {
+    case HBEditorIcon::NewSelection:
+        return Square(4);
+    case HBEditorIcon::Add:
+        return Square(2).united(Square(6));
+    case HBEditorIcon::Subtract:
+        return Square(2).subtracted(Square(6));
+    case HBEditorIcon::Intersect:
+        return Square(2).intersected(Square(6));
+    default:
+        return {};
+    }
+}
+
 QPainterPath Shape(HBEditorIcon icon)
 {
     QPainterPath path;
@@ -76,6 +100,39 @@ QPainterPath Shape(HBEditorIcon icon)
         return path;
     case HBEditorIcon::Ellipse:
         path.addEllipse(QRectF(1.8, 3, 12.4, 10));
+        return path;
+    case HBEditorIcon::Lasso:
+        path.addEllipse(QRectF(1.8, 1.8, 12.4, 8.4));
+        path.moveTo(5, 9.8);
+        path.cubicTo(2.5, 11, 6.5, 12, 4.5, 14.5);
+        return path;
+    case HBEditorIcon::Gradient:
+        path.addRect(2.5, 2.5, 11, 11);
+        for (const double y : {4.2, 5.6, 7.4, 9.8})
+            path.addPath(Polyline({{4.2, y}, {11.8, y}}));
+        return path;
+    case HBEditorIcon::Color: // a wand
+        path = Polyline({{2.5, 13.5}, {9, 7}});
+        for (const QPointF d : {QPointF(1, 0), QPointF(0, 1), QPointF(0.7, 0.7), QPointF(0.7, -0.7)}) {
+            path.addPath(Polyline({QPointF(10.5, 5.5) - 4 * d, QPointF(10.5, 5.5) - 1.8 * d}));
+            path.addPath(Polyline({QPointF(10.5, 5.5) + 4 * d, QPointF(10.5, 5.5) + 1.8 * d}));
+        }
+        return path;
+    case HBEditorIcon::Move:
+        path = Polyline({{8, 1.5}, {8, 14.5}});
+        path.addPath(Polyline({{1.5, 8}, {14.5, 8}}));
+        for (const double d : {-1.0, 1.0}) {
+            path.addPath(Polyline({{6, 8 + 4.5 * d}, {8, 8 + 6.5 * d}, {10, 8 + 4.5 * d}}));
+            path.addPath(Polyline({{8 + 4.5 * d, 6}, {8 + 6.5 * d, 8}, {8 + 4.5 * d, 10}}));
+        }
+        return path;
+    case HBEditorIcon::NewSelection:
+        return Square(4);
+    case HBEditorIcon::Add:
+    case HBEditorIcon::Subtract:
+    case HBEditorIcon::Intersect:
+        path = Square(2);
+        path.addPath(Square(6));
         return path;
     case HBEditorIcon::Split:
         path.addRect(2, 3, 12, 10);
@@ -115,8 +172,9 @@ public:
         painter->translate(rect.topLeft());
         painter->scale(rect.width() / 16.0, rect.height() / 16.0);
         QPen pen(color, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-        if (m_Icon == HBEditorIcon::Rectangle || m_Icon == HBEditorIcon::Ellipse)
+        if (m_Icon == HBEditorIcon::Rectangle || m_Icon == HBEditorIcon::Ellipse || m_Icon == HBEditorIcon::Lasso)
             pen.setDashPattern({2, 1.8});
+        painter->fillPath(Filled(m_Icon), QColor(color.red(), color.green(), color.blue(), 130));
         painter->setPen(pen);
         painter->drawPath(Shape(m_Icon));
         painter->restore();

@@ -160,7 +160,6 @@ bool HBEditorWindow::OpenStep(int step)
         return false;
     m_PanelSource = source;
     m_OpenedStep = step;
-    m_SelectionBefore = m_pSelection->Shape();
     m_pSelection->SetShape(stored.selection);
     BeginPanel(*entry);
     return true;
@@ -196,11 +195,13 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
     QString ignored; // the step counts, not that it is remembered
     if (m_pPresets)
         m_pPresets->Presets().SetLast(step.values, &ignored);
-    DropPanel();
-    if (!isStep)
+    ClosePanel();
+    if (!isStep) {
+        NoteSelection();
         return;
+    }
     if (opened < 0) {
-        m_Document.Append({step}, HBDocument::TitleOf(step), image);
+        m_Document.Append({step}, HBDocument::TitleOf(step), image, m_pSelection->Shape());
         return;
     }
     m_Document.Replace(opened, step, image);

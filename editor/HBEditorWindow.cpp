@@ -96,12 +96,12 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     BuildStatusBar();
     BuildSteps();
     ConnectActions();
+    ConnectSelection();
     ConnectPhotos();
     connect(&m_Document, &HBDocument::Changed, this, &HBEditorWindow::ShowDocument);
     connect(m_pView, &KMDocumentView::ZoomChanged, this, &HBEditorWindow::ShowZoom);
     connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
     connect(m_pAids, &HBViewAids::Hinted, this, [this](const QString& text) { statusBar()->showMessage(text); });
-    connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
     connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
         if (m_pSession)
             m_pSession->Reject();
@@ -141,15 +141,6 @@ void HBEditorWindow::ConnectActions()
     connect(a.fullScreen, &QAction::triggered, this,
             [this](bool full) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, full)); });
     connect(a.shortcuts, &QAction::triggered, this, [this] { HBShortcutSheet(menuBar(), this).exec(); });
-    connect(a.tools, &QActionGroup::triggered, this, [this](const QAction* action) {
-        const auto tool = HBSelectionTool::Tool(action->data().toInt());
-        m_pSelection->SetTool(tool);
-        m_pView->SetHandDrags(tool == HBSelectionTool::Tool::None);
-    });
-    connect(a.selectAll, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectAll);
-    connect(a.selectNothing, &QAction::triggered, m_pSelection, &HBSelectionTool::SelectNothing);
-    connect(a.invertSelection, &QAction::triggered, m_pSelection, &HBSelectionTool::Invert);
-    connect(a.feather, QOverload<int>::of(&QSpinBox::valueChanged), m_pSelection, &HBSelectionTool::SetFeather);
     connect(a.zoomIn, &QAction::triggered, m_pView, &KMDocumentView::ZoomIn);
     connect(a.zoomOut, &QAction::triggered, m_pView, &KMDocumentView::ZoomOut);
     connect(a.zoomFit, &QAction::triggered, m_pView, &KMDocumentView::ZoomToFit);
@@ -325,8 +316,14 @@ void HBEditorWindow::FindPanel()
         OpenPanel(*finder.Chosen());
 }
 
-/// Not at once: this may be one of the panel's own signals.
 void HBEditorWindow::DropPanel()
+{
+    ClosePanel();
+    NoteSelection();
+}
+
+/// Not at once: this may be one of the panel's own signals.
+void HBEditorWindow::ClosePanel()
 {
     if (!m_pSession)
         return;
@@ -340,7 +337,7 @@ void HBEditorWindow::DropPanel()
     KeepPanel();
     if (m_OpenedStep >= 0) {
         m_OpenedStep = -1;
-        m_pSelection->SetShape(m_SelectionBefore);
+        m_pSelection->SetShape(m_Document.Selection());
     }
     m_pView->SetOverrideCursor(QCursor());
     m_pView->EndSight();
@@ -461,7 +458,8 @@ void HBEditorWindow::ShowDocument()
     a.repeatLast->setEnabled(open && !m_LastStep.panel.isEmpty());
     a.findPanel->setEnabled(open);
     a.panels->setEnabled(open);
-    a.tools->setEnabled(open);
+    for (QActionGroup* group : {a.tools, a.modes})
+        group->setEnabled(open);
     a.feather->setEnabled(open);
     a.showBefore->setEnabled(open);
 }

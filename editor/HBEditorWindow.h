@@ -81,6 +81,8 @@ protected:
 
 private:
     void ConnectActions();
+    void ConnectSelection();
+    void NoteSelection(int gesture = -1);
     void BuildStatusBar();
     void ReadSettings();
     void WriteSettings() const;
@@ -93,6 +95,7 @@ private:
     void KeepPanel();
     bool HasPanelWork();
     bool AcceptPanel();
+    void ClosePanel();
     void DropPanel();
     void ApplyPanel(const HBImage<>& image);
 
@@ -145,7 +148,6 @@ private:
     HBImage<> m_PanelSource;                         ///< what the open panel works on
     int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
     bool m_ActsUntouched = false;                    ///< it does something by the values that it opened with
-    HBSelectionShape m_SelectionBefore;              ///< that of the opened step is shown in its place
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
     QAction* m_pShowSteps = nullptr;

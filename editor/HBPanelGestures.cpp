@@ -35,7 +35,10 @@ HBPanelGestures::HBPanelGestures(HBPanelSession* session, HBSelectionTool* selec
     };
     connect(session->Panel(), &HBAdjustmentWidget::DataChanged, this, begin);
     connect(session->Panel(), &HBAdjustmentWidget::AboutUserParamsChanged, this, begin);
-    connect(selection, &HBSelectionTool::Changed, this, [this] { m_Rest.start(0); });
+    connect(selection, &HBSelectionTool::Changed, this, [this](int gesture) {
+        m_Rest.start(gesture < 0 ? 0 : RestMilliseconds);
+        Q_EMIT Changed();
+    });
     // A preset and a pick set the values without a word.
     connect(session, &HBPanelSession::PreviewReady, this, [this] {
         if (!m_Rest.isActive() && !IsPresent(m_States.at(m_Index)))

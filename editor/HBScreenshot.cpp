@@ -6,6 +6,7 @@
 #include "HBFilmStrip.h"
 #include "HBMessageBar.h"
 #include "HBPresetStrip.h"
+#include "HBSelectionTool.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBTileImageItem.h>
@@ -74,6 +75,7 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
             continue;
         if (!session->SetStep(step, &error))
             return Fail(options.recipe + ": " + error);
+        window->SelectionTool()->SetShape(step.selection);
         break;
     }
     return WaitForPreview(session) || Fail(HBEditorWindow::tr("The panel gives no result."));

@@ -57,6 +57,15 @@ HBShortcutSheet::HBShortcutSheet(const QMenuBar* menus, QWidget* parent) : QDial
                              Row(tr("Wheel"), tr("Zoom to the mouse")) +
                              Row(tr("Shift and wheel"), tr("Move the photo")) +
                              Row(tr("B, \\ (held)"), tr("The photo as it was before")));
+    section(tr("Selections"),
+            Row(tr("Shift, Ctrl or Alt, both"), tr("As a drag begins: add, subtract, intersect")) +
+                Row(tr("Shift"), tr("During a drag: a square, a circle, a multiple of 45°")) +
+                Row(tr("Drag within the selection"), tr("Move it")) +
+                Row(tr("Click, double click"), tr("Lasso: a corner, the last corner")) +
+                Row(tr("Arrows"), tr("Move the crosshair, or with Move the selection; with Shift ten steps")) +
+                Row(tr("Return, Space"), tr("At the crosshair: begin, set a corner, pick a colour; Return ends")) +
+                Row(tr("Backspace"), tr("Lasso: take the last corner back")) +
+                Row(tr("Escape"), tr("Give up what is being drawn, else drop the selection")));
     section(tr("Controls of a panel"),
             Row(tr("Double click on a handle or a name"), tr("Set the default")) +
                 Row(tr("Arrows, Page Up, Page Down"), tr("A small step, a large step")) +

@@ -300,7 +300,8 @@ QJsonObject StepSchema(const HBAdjustment& adjustment)
         {"panel", QJsonObject{{"const", adjustment.className}}},
         {"on", QJsonObject{{"type", "boolean"}, {"default", true}}},
         {"amount", QJsonObject{{"type", "integer"}, {"minimum", 0}, {"maximum", 100}, {"default", 100}}},
-        {"selection", QJsonObject{{"$ref", "#/$defs/selection"}}}};
+        {"selection", adjustment.IgnoresSelection() ? QJsonValue(false) // none is good
+                                                    : QJsonObject{{"$ref", "#/$defs/selection"}}}};
     if (adjustment.tag) {
         properties.insert("record", QJsonObject{{"type", "string"},
                                                 {"contentEncoding", "base64"},

@@ -73,6 +73,8 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
 
     QString Group() const;
     QString Title() const;
+    /// Whether it works on the whole picture, whatever is selected, as overlays do. Any thread.
+    bool IgnoresSelection() const;
 };
 
 /// Our adjustments, in the order of the menus.

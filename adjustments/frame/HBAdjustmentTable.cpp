@@ -24,6 +24,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -81,4 +83,11 @@ QString HBAdjustment::Group() const
 QString HBAdjustment::Title() const
 {
     return QCoreApplication::translate("HBAdjustment", title);
+}
+
+bool HBAdjustment::IgnoresSelection() const
+{
+    const HBStages made = stages(defaults(), true);
+    return !made.empty() &&
+           std::all_of(made.begin(), made.end(), [](const HBStage& stage) { return stage.ignoresSelection; });
 }

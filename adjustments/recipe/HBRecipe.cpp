@@ -83,7 +83,11 @@ bool ReadStep(const QJsonValue& value, int version, int index, HBRecipeStep* ste
     if (version > FirstVersion && !TakeManner(step, &reason))
         return HBFailStep(error, index, step->panel, reason);
     std::any record;
-    return HBReadStep(*step, index, &record, error) != nullptr;
+    const HBAdjustment* adjustment = HBReadStep(*step, index, &record, error);
+    if (adjustment && !step->selection.IsNone() && adjustment->IgnoresSelection())
+        return HBFailStep(error, index, step->panel,
+                          Text::tr("it is drawn on all of the photo, and has no selection"));
+    return adjustment;
 }
 
 bool CheckHead(const QJsonObject& head, QString* error)
@@ -110,7 +114,8 @@ QJsonObject HBRecipeStep::Manner() const
         manner.insert(OnKey, false);
     if (amount != MaximumAmount)
         manner.insert(AmountKey, amount);
-    if (!selection.IsNone())
+    const HBAdjustment* adjustment = selection.IsNone() ? nullptr : HBFindAdjustment(panel);
+    if (!selection.IsNone() && !(adjustment && adjustment->IgnoresSelection())) // it would not be read again
         manner.insert(SelectionKey, selection.ToJson());
     return manner;
 }

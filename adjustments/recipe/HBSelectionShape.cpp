@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace
 {
@@ -200,60 +199,6 @@ QJsonObject JsonOf(const HBShape& shape)
     return object;
 }
 
-QPainterPath FramePath(const QSize& photo)
-{
-    QPainterPath path;
-    path.addRect(QRect(QPoint(0, 0), photo));
-    return path;
-}
-
-/// The side of a gradient that is covered by half or more.
-QPainterPath GradientPath(const HBShape& shape, const QSize& photo)
-{
-    const QPointF from(shape.points.value(0).x() * photo.width(), shape.points.value(0).y() * photo.height());
-    const QPointF to(shape.points.value(1).x() * photo.width(), shape.points.value(1).y() * photo.height());
-    const QPointF along = from - to;
-    const double length = std::hypot(along.x(), along.y());
-    if (length <= 0)
-        return {};
-    // Beyond every corner of the photo, wherever the gradient lies.
-    const double far = 2 * (photo.width() + photo.height() + std::abs(to.x()) + std::abs(to.y()) + length);
-    const QPointF deep = along * (far / length);
-    const QPointF wide(-deep.y(), deep.x());
-    const QPointF middle = (from + to) / 2;
-    QPainterPath path;
-    path.addPolygon(QPolygonF({middle - wide, middle + wide, middle + wide + deep, middle - wide + deep}));
-    path.closeSubpath();
-    return path.intersected(FramePath(photo));
-}
-
-std::optional<QPainterPath> PathOf(const HBShape& shape, const QSize& photo)
-{
-    QPainterPath path;
-    switch (shape.kind) {
-    case HBShape::Kind::Rectangle:
-        path.addRect(shape.PixelRect(photo));
-        break;
-    case HBShape::Kind::Ellipse:
-        path.addEllipse(shape.PixelRect(photo));
-        break;
-    case HBShape::Kind::Polygon: {
-        QPolygonF polygon;
-        for (const QPointF& point : shape.points)
-            polygon.append({point.x() * photo.width(), point.y() * photo.height()});
-        path.addPolygon(polygon);
-        path.closeSubpath();
-        break;
-    }
-    case HBShape::Kind::Gradient:
-        path = GradientPath(shape, photo);
-        break;
-    case HBShape::Kind::Color:
-        return std::nullopt;
-    }
-    return path;
-}
-
 } // namespace
 
 // ---- One shape ----
@@ -329,32 +274,6 @@ void HBSelectionShape::SetPixelFeather(int feather, const QSize& photo)
 {
     for (HBShape& shape : shapes)
         shape.SetPixelFeather(feather, photo);
-}
-
-QPainterPath HBSelectionShape::Outline(const QSize& photo) const
-{
-    QPainterPath all;
-    bool first = true;
-    for (const HBShape& shape : shapes) {
-        std::optional<QPainterPath> path = PathOf(shape, photo);
-        if (!path)
-            continue;
-        if (shape.inverted) {
-            // Also where the shape reaches beyond the photo its own line is shown, and the photo's round it.
-            path->addRect(QRect(QPoint(0, 0), photo));
-        }
-        // A single shape is drawn as it is, which costs nothing.
-        if (first)
-            all = *path;
-        else if (shape.combination == HBShape::Combination::Add)
-            all = all.united(*path);
-        else if (shape.combination == HBShape::Combination::Subtract)
-            all = all.subtracted(*path);
-        else
-            all = all.intersected(*path);
-        first = false;
-    }
-    return all;
 }
 
 QJsonArray HBSelectionShape::ToJson() const

@@ -8,7 +8,6 @@
 #include <HBJobControl.h>
 
 #include <QJsonArray>
-#include <QPainterPath>
 #include <QPointF>
 #include <QRect>
 #include <QSize>
@@ -82,8 +81,6 @@ struct ADJUSTMENTS_EXPORT HBSelectionShape
     /// memory is that of its edges; of a selection by colour, of all the photo. \throws std::bad_alloc
     /// \param control its cancelling makes the mask any; may be null
     HBSelection Rasterize(const HBImage<>& photo, HBJobControl* control = nullptr) const;
-    /// The line around what is selected, in pixels of the photo; where it is by colour there is none.
-    QPainterPath Outline(const QSize& photo) const;
 
     /// As a step of a recipe stores it.
     QJsonArray ToJson() const;

@@ -52,6 +52,11 @@ HBRecipeStep Step(int brightness, int contrast) {
                     HBBrightnessContrastParams{brightness, contrast});
 }
 
+HBRecipeStep Sign() {
+    const HBAdjustment& sign = *HBFindAdjustment("HBSignWidget");
+    return HBStepOf(sign, sign.defaults());
+}
+
 HBImage<> ByHand(const HBImage<>& image, int brightness, int contrast) {
     return HBAdjust(HBBrightnessContrastParams{brightness, contrast}, {image, {}, {}, {}}).image;
 }
@@ -93,6 +98,10 @@ private Q_SLOTS:
         recipe.steps.append(first);
         QVERIFY2(HBRecipe::FromJson(recipe.ToJson(), &recipe, &error), qPrintable(error));
         QCOMPARE(recipe.steps[0].amount, 100);
+        // That of an overlay, which would not be read.
+        recipe.steps = {Sign()};
+        recipe.steps[0].selection = first.selection;
+        QVERIFY(!recipe.ToJson().contains("selection"));
     }
 
     void SaveAndLoad() {
@@ -204,6 +213,13 @@ private Q_SLOTS:
             head["steps"] = QJsonArray{step};
             return QJsonDocument(head).toJson();
         };
+        QJsonObject sign = head2;
+        QJsonObject overlay = head2["steps"].toArray()[0].toObject();
+        overlay["panel"] = "HBSignWidget";
+        overlay["record"] = Sign().values["record"];
+        sign["steps"] = QJsonArray{good, overlay};
+        QTest::newRow("selection of an overlay")
+            << QJsonDocument(sign).toJson() << "Step 2 (HBSignWidget): it is drawn on all of the photo";
         auto shape = [&](const QByteArray& json) {
             return with2("selection", QJsonDocument::fromJson('[' + Quoted(json) + ']').array());
         };

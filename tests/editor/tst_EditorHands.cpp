@@ -14,6 +14,7 @@
 #include <HBOverlayBox.h>
 #include <HBPanelCatalog.h>
 #include <HBPanelFinder.h>
+#include <HBSelectionTool.h>
 #include <HBShortcutSheet.h>
 #include <HBSign.h>
 #include <HBWatermark.h>
@@ -190,7 +191,7 @@ private Q_SLOTS:
         QVERIFY2(window.MessageBar()->Text().contains("cut short"), qPrintable(window.MessageBar()->Text()));
     }
 
-    /// Open a photo, find the curves, bend one, save: no mouse.
+    /// Open a photo, draw a selection, find the curves, bend one, save: no mouse.
     void KeyboardAlone() {
         const QString path = Photo("keys.png");
         HBEditorWindow window(false);
@@ -200,6 +201,19 @@ private Q_SLOTS:
             QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
         }
         QCOMPARE(window.Document().Path(), path);
+        const auto press = [&](int key, int times, Qt::KeyboardModifiers modifiers = {}) {
+            for (int i = 0; i < times; ++i) QTest::keyClick(window.focusWidget(), Qt::Key(key), modifiers);
+        };
+        QVERIFY(Activate(&window));
+        press(Qt::Key_R, 1);
+        press(Qt::Key_Left, 12, Qt::ShiftModifier); // from the middle
+        press(Qt::Key_Up, 15, Qt::ShiftModifier);
+        press(Qt::Key_Return, 1);
+        press(Qt::Key_Right, 20, Qt::ShiftModifier);
+        press(Qt::Key_Down, 5, Qt::ShiftModifier);
+        press(Qt::Key_Return, 1);
+        QVERIFY(!window.SelectionTool()->Shape().IsNone());
+        QCOMPARE(window.SelectionTool()->Shape().shapes.first().PixelRect({300, 200}), QRect(29, 0, 200, 50));
         const auto type = [](QDialog* dialog) {
             auto* line = dialog->findChild<QLineEdit*>();
             QTest::keyClicks(line, "cur");
@@ -223,6 +237,7 @@ private Q_SLOTS:
         QVERIFY(window.Document().IsModified());
         const QImage bent = window.Document().Image().ToQImage();
         QVERIFY(qRed(bent.pixel(128, 0)) > 132);
+        QCOMPARE(bent.copy(0, 50, 300, 150), Ramp(300, 200).copy(0, 50, 300, 150).convertToFormat(bent.format()));
         QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!window.Document().IsModified());
         QCOMPARE(QImage(path).pixel(128, 0), bent.pixel(128, 0));

@@ -178,7 +178,7 @@ private Q_SLOTS:
         QVERIFY(!list->isEnabled());
         Q_EMIT window.Session()->Panel()->Ok(); // as it was
         QTRY_VERIFY(!window.Session());
-        QCOMPARE(window.Document().History().count(), 2);
+        QCOMPARE(window.Document().History().count(), 3); // with the selection between them
         window.StepList()->findChild<QSlider*>()->setValue(50); // which counts while it is open, too
         QVERIFY(window.OpenStep(0));
         QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(25, 25, 125));
@@ -252,6 +252,58 @@ private Q_SLOTS:
         QCOMPARE(window.Document().History().count(), 1); // all of it is one
         undo->trigger();
         QVERIFY(!window.Document().IsModified());
+    }
+
+    /// Without a panel, and with the step that has one.
+    void selectionsAreUndone() {
+        HBEditorWindow window(false);
+        window.show();
+        QVERIFY(window.Open(Photo("a.png")));
+        const HBSelectionShape& shape = window.SelectionTool()->Shape();
+        const QUndoStack& history = window.Document().History();
+        const auto undo = window.Actions()->undo;
+        window.SelectionTool()->SetShape(Corner());
+        window.SelectionTool()->SetTool(HBSelectionTool::Tool::Move);
+        for (int i = 0; i < 5; ++i) QTest::keyClick(window.View(), Qt::Key_Right);
+        window.Actions()->feather->setValue(4);
+        window.SelectionTool()->SelectNothing();
+        QCOMPARE(history.count(), 4); // the keys are one
+        QVERIFY(!window.isWindowModified());
+        undo->trigger();
+        QCOMPARE(shape.shapes.first().PixelFeather({300, 200}), 4);
+        undo->trigger();
+        QCOMPARE(window.Actions()->feather->value(), 0);
+        QCOMPARE(shape.shapes.first().PixelRect({300, 200}), QRect(5, 0, 10, 10));
+        undo->trigger();
+        QVERIFY(shape == Corner());
+        // What a panel that is cancelled leaves behind, and one that is not.
+        for (const bool ok : {false, true}) {
+            QVERIFY(window.OpenPanel(Entry()));
+            Brightness(window)->setValue(50);
+            window.SelectionTool()->Invert();
+            const int count = history.index();
+            if (ok)
+                Q_EMIT window.Session()->Panel()->Ok();
+            else
+                Q_EMIT window.Session()->Panel()->Cancel();
+            QTRY_VERIFY(!window.Session());
+            QCOMPARE(history.index(), count + 1);
+            QVERIFY(shape == Corner().Inverted());
+            QCOMPARE(window.Document().StepCount(), int(ok));
+            undo->trigger();
+            QVERIFY(shape == Corner());
+            QCOMPARE(window.Document().StepCount(), 0);
+        }
+        window.Actions()->redo->trigger();
+        QVERIFY(window.OpenStep(0) && shape == Corner().Inverted());
+        window.SelectionTool()->SelectAll();
+        QTRY_VERIFY(undo->isEnabled());
+        undo->trigger();
+        QVERIFY(shape == Corner().Inverted());
+        Q_EMIT window.Session()->Panel()->Cancel();
+        undo->trigger();
+        QVERIFY(!window.isWindowModified() && window.Open(Photo("b.png")));
+        QVERIFY(shape.IsNone() && !undo->isEnabled());
     }
 
     void okOfANeutralPanelIsNoStep_data() {

@@ -321,6 +321,12 @@ private Q_SLOTS:
         const QJsonObject schema = QJsonDocument::fromJson(Replay({"schema"}).out.toUtf8()).object();
         const QJsonObject definitions = schema["$defs"].toObject();
         QCOMPARE(definitions.size(), HBAdjustments().size() + 1); // and the selection
+        QStringList everywhere;
+        for (const QJsonValue& step : schema["properties"]["steps"]["items"]["oneOf"].toArray()) {
+            if (step["properties"]["selection"] == QJsonValue(false))
+                everywhere.append(step["properties"]["panel"]["const"].toString());
+        }
+        QCOMPARE(everywhere, QStringList({"HBSignWidget", "HBWatermarkWidget"}));
         for (const HBAdjustment& adjustment : HBAdjustments()) {
             const QString path = QString(SAMPLE_RECIPES "/%1.json").arg(adjustment.className);
             const QJsonObject step = Replay({"explain", path, "--json"}).Json().first();
