@@ -178,7 +178,7 @@ private Q_SLOTS:
         QVERIFY(!list->isEnabled());
         Q_EMIT window.Session()->Panel()->Ok(); // as it was
         QTRY_VERIFY(!window.Session());
-        QCOMPARE(window.Document().History().count(), 3); // with the selection between them
+        QCOMPARE(window.Document().History().count(), 3);       // with the selection between them
         window.StepList()->findChild<QSlider*>()->setValue(50); // which counts while it is open, too
         QVERIFY(window.OpenStep(0));
         QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(25, 25, 125));
