@@ -748,6 +748,10 @@
         <source>Delete %1</source>
         <translation>%1 löschen</translation>
     </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
 </context>
 <context>
     <name>HBEditorActions</name>
@@ -944,10 +948,6 @@
         <translation>Werkzeuge</translation>
     </message>
     <message>
-        <source> Feather:</source>
-        <translation> Weiche Kante:</translation>
-    </message>
-    <message>
         <source> px</source>
         <translation> px</translation>
     </message>
@@ -1074,6 +1074,86 @@
     <message>
         <source>All keys, and what the mouse does</source>
         <translation>Alle Tasten, und was die Maus tut</translation>
+    </message>
+    <message>
+        <source>&amp;Lasso</source>
+        <translation>&amp;Lasso</translation>
+    </message>
+    <message>
+        <source>Draw round it, or click corner by corner; a double click closes</source>
+        <translation>Umfahren oder Ecke für Ecke klicken; ein Doppelklick schließt</translation>
+    </message>
+    <message>
+        <source>&amp;Gradient</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>Drag from where all is selected to where nothing is</source>
+        <translation>Von wo alles ausgewählt ist dorthin ziehen, wo nichts ist</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Click a colour: all that is like it, by the tolerance</source>
+        <translation>Eine Farbe anklicken: alles, was ihr nach der Toleranz gleicht</translation>
+    </message>
+    <message>
+        <source>&amp;Move</source>
+        <translation>Ver&amp;schieben</translation>
+    </message>
+    <message>
+        <source>Drag the selection, or move it with the arrow keys</source>
+        <translation>Die Auswahl ziehen oder mit den Pfeiltasten verschieben</translation>
+    </message>
+    <message>
+        <source>Ne&amp;w Selection</source>
+        <translation>Neue Aus&amp;wahl</translation>
+    </message>
+    <message>
+        <source>What is drawn takes the place of the selection</source>
+        <translation>Was gezeichnet wird, ersetzt die Auswahl</translation>
+    </message>
+    <message>
+        <source>A&amp;dd to Selection</source>
+        <translation>Zur Auswahl &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>What is drawn is selected, too; or hold Shift</source>
+        <translation>Was gezeichnet wird, kommt hinzu; oder Umschalt halten</translation>
+    </message>
+    <message>
+        <source>&amp;Subtract from Selection</source>
+        <translation>Von der Auswahl abz&amp;iehen</translation>
+    </message>
+    <message>
+        <source>What is drawn is selected no more; or hold Ctrl or Alt</source>
+        <translation>Was gezeichnet wird, ist nicht mehr ausgewählt; oder Strg oder Alt halten</translation>
+    </message>
+    <message>
+        <source>In&amp;tersect with Selection</source>
+        <translation>Mit der Auswahl s&amp;chneiden</translation>
+    </message>
+    <message>
+        <source>Only what is drawn stays selected; or hold Shift with Ctrl or Alt</source>
+        <translation>Nur was gezeichnet wird, bleibt ausgewählt; oder Umschalt mit Strg oder Alt halten</translation>
+    </message>
+    <message>
+        <source>Feather:</source>
+        <translation>Weiche Kante:</translation>
+    </message>
+    <message>
+        <source>Tolerance:</source>
+        <translation>Toleranz:</translation>
+    </message>
+    <message>
+        <source>How far a channel may differ from the colour that was clicked, in levels</source>
+        <translation>Wie weit ein Kanal von der angeklickten Farbe abweichen darf, in Stufen</translation>
+    </message>
+    <message>
+        <source>Tolerance of the selection by colour in levels</source>
+        <translation>Toleranz der Auswahl nach Farbe in Stufen</translation>
     </message>
 </context>
 <context>
@@ -1313,6 +1393,18 @@
     <message>
         <source>Open a photo first, which the recipe is to be applied to.</source>
         <translation>Öffnen Sie zuerst ein Foto, auf das das Rezept angewendet werden soll.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Take back the change of the steps that takes so long</source>
+        <translation>Die Änderung der Schritte, die so lange dauert, zurücknehmen</translation>
+    </message>
+    <message>
+        <source>“%1” had not been applied yet. It is restored as if it had been; Undo takes it back.</source>
+        <translation>„%1“ war noch nicht angewendet. Es ist wiederhergestellt, als wäre es das gewesen; Rückgängig nimmt es zurück.</translation>
     </message>
 </context>
 <context>
@@ -2064,6 +2156,10 @@
         <source>its amount is not a whole number from 0 to 100</source>
         <translation>seine Stärke ist keine ganze Zahl von 0 bis 100</translation>
     </message>
+    <message>
+        <source>it is drawn on all of the photo, and has no selection</source>
+        <translation>es wird auf das ganze Foto gezeichnet und hat keine Auswahl</translation>
+    </message>
 </context>
 <context>
     <name>HBRecipeDialog</name>
@@ -2149,6 +2245,25 @@
     </message>
 </context>
 <context>
+    <name>HBSelectionGesture</name>
+    <message>
+        <source>%1 × %2 px</source>
+        <translation>%1 × %2 px</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>Colour %1, %2, %3</source>
+        <translation>Farbe %1, %2, %3</translation>
+    </message>
+    <message>
+        <source>Moved by %1, %2 px</source>
+        <translation>Um %1, %2 px verschoben</translation>
+    </message>
+</context>
+<context>
     <name>HBSelectionImage</name>
     <message>
         <source>the rectangle does not lie on the picture</source>
@@ -2192,6 +2307,33 @@
     <message>
         <source>its selection begins with a shape that is to be combined with others</source>
         <translation>seine Auswahl beginnt mit einer Form, die mit anderen zu verknüpfen ist</translation>
+    </message>
+</context>
+<context>
+    <name>HBSelectionTool</name>
+    <message>
+        <source>A selection has at most %1 shapes.</source>
+        <translation>Eine Auswahl hat höchstens %1 Formen.</translation>
+    </message>
+    <message>
+        <source>The selection has too many corners for one more shape.</source>
+        <translation>Die Auswahl hat für noch eine Form zu viele Ecken.</translation>
+    </message>
+    <message>
+        <source>There is no selection to be moved.</source>
+        <translation>Es gibt keine Auswahl, die sich verschieben ließe.</translation>
+    </message>
+    <message>
+        <source>A selection by colour lies where the colour is.</source>
+        <translation>Eine Auswahl nach Farbe liegt, wo die Farbe ist.</translation>
+    </message>
+    <message>
+        <source>Nothing of the selection would be left.</source>
+        <translation>Von der Auswahl bliebe nichts übrig.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this selection.</source>
+        <translation>Für diese Auswahl reicht der Speicher nicht.</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2425,70 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Selections</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Shift, Ctrl or Alt, both</source>
+        <translation>Umschalt, Strg oder Alt, beide</translation>
+    </message>
+    <message>
+        <source>As a drag begins: add, subtract, intersect</source>
+        <translation>Beim Beginn des Ziehens: hinzufügen, abziehen, schneiden</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>During a drag: a square, a circle, a multiple of 45°</source>
+        <translation>Beim Ziehen: Quadrat, Kreis, Vielfaches von 45°</translation>
+    </message>
+    <message>
+        <source>Drag within the selection</source>
+        <translation>In der Auswahl ziehen</translation>
+    </message>
+    <message>
+        <source>Move it</source>
+        <translation>Sie verschieben</translation>
+    </message>
+    <message>
+        <source>Click, double click</source>
+        <translation>Klick, Doppelklick</translation>
+    </message>
+    <message>
+        <source>Lasso: a corner, the last corner</source>
+        <translation>Lasso: eine Ecke, die letzte Ecke</translation>
+    </message>
+    <message>
+        <source>Arrows</source>
+        <translation>Pfeile</translation>
+    </message>
+    <message>
+        <source>Move the crosshair, or with Move the selection; with Shift ten steps</source>
+        <translation>Das Fadenkreuz bewegen oder mit Verschieben die Auswahl; mit Umschalt zehn Schritte</translation>
+    </message>
+    <message>
+        <source>Return, Space</source>
+        <translation>Eingabe, Leertaste</translation>
+    </message>
+    <message>
+        <source>At the crosshair: begin, set a corner, pick a colour; Return ends</source>
+        <translation>Am Fadenkreuz: beginnen, eine Ecke setzen, eine Farbe nehmen; Eingabe beendet</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Lasso: take the last corner back</source>
+        <translation>Lasso: die letzte Ecke zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Give up what is being drawn, else drop the selection</source>
+        <translation>Was gezeichnet wird, aufgeben, sonst die Auswahl aufheben</translation>
     </message>
 </context>
 <context>
