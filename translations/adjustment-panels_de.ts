@@ -757,7 +757,7 @@
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation>Ö&amp;ffnen…</translation>
+        <translation>Ö&amp;ffnen …</translation>
     </message>
     <message>
         <source>Open a photo</source>
@@ -773,7 +773,7 @@
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation>Speichern &amp;unter…</translation>
+        <translation>Speichern &amp;unter …</translation>
     </message>
     <message>
         <source>Write the photo to another file</source>
@@ -781,7 +781,7 @@
     </message>
     <message>
         <source>Save &amp;Recipe…</source>
-        <translation>&amp;Rezept speichern…</translation>
+        <translation>&amp;Rezept speichern …</translation>
     </message>
     <message>
         <source>Store the steps done so far, to apply them to other photos</source>
@@ -789,7 +789,7 @@
     </message>
     <message>
         <source>A&amp;pply Recipe…</source>
-        <translation>Rezept an&amp;wenden…</translation>
+        <translation>Rezept an&amp;wenden …</translation>
     </message>
     <message>
         <source>Apply stored steps to the whole photo</source>
@@ -909,7 +909,7 @@
     </message>
     <message>
         <source>Show &amp;Panels in the Side Bar</source>
-        <translation>&amp;Werkzeuge in der Seitenleiste zeigen</translation>
+        <translation>&amp;Panels in der Seitenleiste zeigen</translation>
     </message>
     <message>
         <source>Or else each in a window of its own</source>
@@ -1208,7 +1208,7 @@
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation>Speichern &amp;unter…</translation>
+        <translation>Speichern &amp;unter …</translation>
     </message>
     <message>
         <source>Save &amp;Over It</source>
@@ -2404,7 +2404,7 @@
     </message>
     <message>
         <source>Before and After &amp;Side by Side</source>
-        <translation>Vorher und Nachher &amp;nebeneinander</translation>
+        <translation>Vorher und nachher &amp;nebeneinander</translation>
     </message>
     <message>
         <source>Show the photo as it was beside it, the same part as large</source>
