@@ -58,13 +58,13 @@ HBBatchDialog::HBBatchDialog(const HBRecipe& recipe, const QStringList& photos, 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     m_pClose = buttons->button(QDialogButtonBox::Close);
     m_pStart = buttons->addButton(tr("&Apply"), QDialogButtonBox::ActionRole);
-    m_pStart->setDefault(true);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(m_pBar);
     layout->addWidget(m_pResult);
     layout->addWidget(m_pProblems, 1);
     layout->addWidget(buttons);
+    m_pStart->setDefault(true); // not before it knows its dialog, for which Close would be it
     connect(m_pStart, &QPushButton::clicked, this, &HBBatchDialog::Start);
     connect(buttons, &QDialogButtonBox::rejected, this, &HBBatchDialog::reject);
     connect(m_pFolder, &QLineEdit::textChanged, this, &HBBatchDialog::Update);

@@ -115,7 +115,7 @@ bool HBEditorWindow::Compute(const QVector<HBRecipeStep>& steps, HBImage<>* imag
     HBStackResult& result = m_Document.Result();
     result.SetHeld(true);
     const auto release = qScopeGuard([&result] { result.SetHeld(false); });
-    const HBStackWork work = result.WorkFor(steps);
+    HBStackWork work = result.WorkFor(steps);
     HBStackWork::Done done;
     const auto run = [&](HBJobControl* control) { done = work.Run(control); };
     const qint64 pixels = qint64(work.photo.Width()) * work.photo.Height() * work.rest.steps.size();

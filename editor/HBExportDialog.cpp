@@ -95,11 +95,11 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     form->addRow(QString(), m_pProblem);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_pExport = buttons->addButton(tr("&Export"), QDialogButtonBox::AcceptRole);
-    m_pExport->setDefault(true);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
     layout->addWidget(buttons);
+    m_pExport->setDefault(true); // not before it knows its dialog, for which Cancel would be it
 
     ReadSettings();
     const QString name = QFileInfo(photo).completeBaseName() + '.' + Suffix();

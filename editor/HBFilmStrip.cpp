@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QListWidget>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTimer>
 #include <QWheelEvent>
@@ -54,11 +55,19 @@ QStringList PhotosIn(const QString& folder)
     return photos;
 }
 
-QIcon Grey()
+/// In the middle of a square, so that all names stand in one line.
+QIcon Framed(const QImage& thumbnail, qreal ratio)
 {
-    QPixmap pixmap(Side, Side);
-    pixmap.fill(Qt::transparent);
-    return QIcon(pixmap);
+    const int side = qRound(Side * ratio);
+    QPixmap square(side, side);
+    square.fill(Qt::transparent);
+    if (!thumbnail.isNull()) {
+        const QSize size = thumbnail.size().scaled(side, side, Qt::KeepAspectRatio).boundedTo(thumbnail.size());
+        const QImage fitted = thumbnail.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        QPainter(&square).drawImage((side - fitted.width()) / 2, (side - fitted.height()) / 2, fitted);
+    }
+    square.setDevicePixelRatio(ratio);
+    return QIcon(square);
 }
 
 } // namespace
@@ -133,9 +142,9 @@ void HBFilmStrip::Refresh(const QString& photo)
 void HBFilmStrip::List()
 {
     m_pList->clear();
-    static const QIcon grey = Grey();
+    const QIcon empty = Framed({}, devicePixelRatioF());
     for (const QString& photo : qAsConst(m_Photos)) {
-        auto* item = new QListWidgetItem(m_Icons.value(photo, grey), QFileInfo(photo).fileName(), m_pList);
+        auto* item = new QListWidgetItem(m_Icons.value(photo, empty), QFileInfo(photo).fileName(), m_pList);
         item->setData(Qt::UserRole, photo);
         item->setToolTip(QDir::toNativeSeparators(photo));
         item->setSizeHint(m_pList->gridSize() - QSize(4, 0)); // else names are as wide as the picture
@@ -211,7 +220,7 @@ void HBFilmStrip::ShowThumbnail(const QString& photo, const QImage& thumbnail)
 {
     if (m_Icons.size() >= MostKept)
         m_Icons.clear();
-    const QIcon icon = thumbnail.isNull() ? Grey() : QIcon(QPixmap::fromImage(thumbnail));
+    const QIcon icon = Framed(thumbnail, devicePixelRatioF());
     m_Icons.insert(photo, icon);
     const int row = m_Photos.indexOf(photo);
     if (row >= 0 && row < m_pList->count())

@@ -16,7 +16,7 @@ HBMessageBar::HBMessageBar(QWidget* parent) : QFrame(parent), m_pIcon(new QLabel
     m_pText->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* close = new QToolButton(this);
     close->setAutoRaise(true);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setText(QStringLiteral("×")); // the style's picture is dark
     close->setToolTip(tr("Close this message"));
     close->setAccessibleName(tr("Close this message"));
     connect(close, &QToolButton::clicked, this, &QWidget::hide);
@@ -67,8 +67,8 @@ QString HBMessageBar::Text() const
 void HBMessageBar::ShowText(const QString& text, bool error)
 {
     // Fixed colours with enough contrast in a light and in a dark window.
-    setStyleSheet(error ? "HBMessageBar { background: #8f1d1d; } QLabel { color: #ffffff; }"
-                        : "HBMessageBar { background: #1d4f8f; } QLabel { color: #ffffff; }");
+    setStyleSheet(error ? "HBMessageBar { background: #8f1d1d; } QLabel, QToolButton { color: #ffffff; }"
+                        : "HBMessageBar { background: #1d4f8f; } QLabel, QToolButton { color: #ffffff; }");
     const QStyle::StandardPixmap icon = error ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
     m_pIcon->setPixmap(style()->standardIcon(icon).pixmap(18, 18));
     m_pText->setText(text);

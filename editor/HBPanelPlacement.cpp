@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -34,7 +35,8 @@ QWidget* Column(QWidget* panel)
     // The panel could be squeezed further, down to a curve of a finger's height: scroll instead.
     column->setMinimumHeight(panel->sizeHint().height());
     // Room for the controls without scrolling sideways.
-    area->setMinimumWidth(panel->minimumSizeHint().width() + 2 * area->frameWidth());
+    area->setMinimumWidth(panel->minimumSizeHint().width() + 2 * area->frameWidth() +
+                          area->verticalScrollBar()->sizeHint().width());
     return area;
 }
 

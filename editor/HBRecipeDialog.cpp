@@ -53,7 +53,6 @@ HBRecipeDialog::HBRecipeDialog(const HBImage<>& photo, const QString& name, cons
     bold.setBold(true);
     title->setFont(bold);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Apply | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Apply)->setDefault(true);
     connect(buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
@@ -62,6 +61,7 @@ HBRecipeDialog::HBRecipeDialog(const HBImage<>& photo, const QString& name, cons
     layout->addWidget(list);
     layout->addStretch();
     layout->addWidget(buttons);
+    buttons->button(QDialogButtonBox::Apply)->setDefault(true); // not before it knows its dialog
 
     const double ratio = devicePixelRatioF();
     connect(&m_Previews, &HBSmallPreviews::Ready, this, [this, ratio](const QVector<QImage>& previews) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace
 {
@@ -50,10 +51,10 @@ private:
     QElapsedTimer m_Since;
 };
 
-HBStackWork::Done HBStackWork::Run(HBJobControl* control) const
+HBStackWork::Done HBStackWork::Run(HBJobControl* control)
 try {
     Done done;
-    HBImage<> image = from; // with its metadata: a copy takes memory
+    HBImage<> image = std::exchange(from, {});
     if (!first.steps.isEmpty()) {
         image = HBApplyRecipe(HBTarget{image}, first, &done.error, control, photo);
         if (image.IsEmpty())
@@ -203,13 +204,17 @@ void HBStackResult::Start()
         return; // it was cancelled, and Finish comes here; or SetHeld does
     m_Making = m_Wanted;
     m_Work = WorkTo(m_Wanted, m_Shared);
-    // A result that comes takes the place of what is kept now, but for what it is made from.
-    m_Kept.erase(std::remove_if(m_Kept.begin(), m_Kept.end(),
-                                [this](const State& state) { return !state.image.IsSameAs(m_Work.from); }),
-                 m_Kept.end());
+    // What comes takes the place of what is kept now, but for what it is made from if that is no new one.
+    const bool isNewBase = !m_Work.first.steps.isEmpty();
+    m_Kept.erase(
+        std::remove_if(m_Kept.begin(), m_Kept.end(),
+                       [&](const State& state) { return isNewBase || !state.image.IsSameAs(m_Work.from); }),
+        m_Kept.end());
     m_pControl = std::make_shared<Control>();
     m_Glance.start();
-    HBWatchInPool(&m_Watcher, [work = m_Work, control = m_pControl] { return work.Run(control.get()); });
+    HBWatchInPool(&m_Watcher, [work = std::make_shared<HBStackWork>(m_Work), control = m_pControl] {
+        return work->Run(control.get());
+    });
     m_Work.photo = m_Work.from = HBImage<>(); // the job has them
 }
 

@@ -28,7 +28,8 @@ struct HBStackWork
     HBRecipe rest;
     int before = 0; ///< how many steps are in `from`
 
-    Done Run(HBJobControl* control) const;
+    /// Once: it lets go of `from` when it can.
+    Done Run(HBJobControl* control);
 };
 
 /// The result of a stack of steps on a photo, made by the core in one pass from the nearest state that is kept.

@@ -48,6 +48,9 @@ HBStepList::HBStepList(HBDocument* document, QWidget* parent)
     m_pList->setContextMenuPolicy(Qt::CustomContextMenu);
     m_pList->setMinimumHeight(80);
     m_pList->setSpacing(2);
+    m_pList->setWordWrap(true);
+    m_pList->setResizeMode(QListView::Adjust);
+    m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pList->installEventFilter(this);
 
     m_pSlider->setRange(0, HBRecipeStep::MaximumAmount);

@@ -761,7 +761,7 @@
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation>Ö&amp;ffnen…</translation>
+        <translation>Ö&amp;ffnen …</translation>
     </message>
     <message>
         <source>Open a photo</source>
@@ -777,7 +777,7 @@
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation>Speichern &amp;unter…</translation>
+        <translation>Speichern &amp;unter …</translation>
     </message>
     <message>
         <source>Write the photo to another file</source>
@@ -785,7 +785,7 @@
     </message>
     <message>
         <source>Save &amp;Recipe…</source>
-        <translation>&amp;Rezept speichern…</translation>
+        <translation>&amp;Rezept speichern …</translation>
     </message>
     <message>
         <source>Store the steps done so far, to apply them to other photos</source>
@@ -793,7 +793,7 @@
     </message>
     <message>
         <source>A&amp;pply Recipe…</source>
-        <translation>Rezept an&amp;wenden…</translation>
+        <translation>Rezept an&amp;wenden …</translation>
     </message>
     <message>
         <source>Apply stored steps to the whole photo</source>
@@ -913,7 +913,7 @@
     </message>
     <message>
         <source>Show &amp;Panels in the Side Bar</source>
-        <translation>&amp;Werkzeuge in der Seitenleiste zeigen</translation>
+        <translation>&amp;Panels in der Seitenleiste zeigen</translation>
     </message>
     <message>
         <source>Or else each in a window of its own</source>
@@ -1288,7 +1288,7 @@
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation>Speichern &amp;unter…</translation>
+        <translation>Speichern &amp;unter …</translation>
     </message>
     <message>
         <source>Save &amp;Over It</source>
@@ -2610,7 +2610,7 @@
     </message>
     <message>
         <source>Before and After &amp;Side by Side</source>
-        <translation>Vorher und Nachher &amp;nebeneinander</translation>
+        <translation>Vorher und nachher &amp;nebeneinander</translation>
     </message>
     <message>
         <source>Show the photo as it was beside it, the same part as large</source>

@@ -4,8 +4,8 @@
 
 #include "HBRecipe.h"
 
-// The files that a recipe's steps name (HBFieldInfo::isFile), seen from the folder that the recipe lies in: both can
-// be moved or passed on together.
+// The files that a recipe's steps name (HBFieldInfo::isFile), seen from the folder that the recipe lies in: both
+// can be moved or passed on together.
 
 /// For a recipe that is written to the folder: files at it or below it get names that begin there.
 HBRecipe HBWithNamesFrom(const HBRecipe& recipe, const QString& folder);

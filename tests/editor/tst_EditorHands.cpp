@@ -129,7 +129,7 @@ private Q_SLOTS:
             QString error;
             QVERIFY(HBEncodePhoto(web, window.Document().Image(), options, &file, &error));
             QTRY_COMPARE(dialog->findChild<QLabel*>("size")->text(), QLocale().formattedDataSize(file.size()));
-            shown->accept();
+            QTest::keyClick(path, Qt::Key_Return);
         };
         {
             const Answers given({answer});
