@@ -9,7 +9,7 @@
 #include <QReadWriteLock>
 
 /// A walk over the tiles of an image (HBTileWalk.h) that tells its progress by signals and is stopped by a flag
-/// under a lock.
+/// under a lock. For a host's own jobs: the panels and the adjustments walk by themselves.
 ///
 /// Lives on the thread that runs the job. Signals are emitted on that and on the pool's threads, one at a time,
 /// with values that never go backwards: connect them with Qt::QueuedConnection.
