@@ -154,7 +154,7 @@ void HBEditorWindow::ApplyPanel(const HBImage<>& image)
     HBRecipeStep step = m_pSession->Step();
     // A panel that acts by the values it opens with does something though nobody has touched it.
     const bool isStep = IsPanelChanged() || (opened < 0 && IsPanelSeen(image));
-    if (m_pSession->HasSelection()) // overlays have none
+    if (m_pSession->HasSelection() && !m_pSession->Entry().adjustment->IgnoresSelection())
         step.selection = m_pSelection->Shape();
     m_LastStep = step;
     QString ignored; // the step counts, not that it is remembered

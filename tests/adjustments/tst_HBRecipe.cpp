@@ -159,7 +159,7 @@ private Q_SLOTS:
         overlay["record"] = Sign().values["record"];
         sign["steps"] = QJsonArray{good, overlay};
         QTest::newRow("selection of an overlay")
-            << QJsonDocument(sign).toJson() << "Step 2 (HBSignWidget): it is drawn on all of the photo";
+            << QJsonDocument(sign).toJson() << "Step 2 (HBSignWidget): it works on all of the photo";
         auto shape = [&](const QByteArray& json) {
             return with2("selection", QJsonDocument::fromJson('[' + Quoted(json) + ']').array());
         };

@@ -326,7 +326,7 @@ private Q_SLOTS:
             if (step["properties"]["selection"] == QJsonValue(false))
                 everywhere.append(step["properties"]["panel"]["const"].toString());
         }
-        QCOMPARE(everywhere, QStringList({"HBSignWidget", "HBWatermarkWidget"}));
+        QCOMPARE(everywhere, QStringList({"HBReplaceColorWidget", "HBSignWidget", "HBWatermarkWidget"}));
         for (const HBAdjustment& adjustment : HBAdjustments()) {
             const QString path = QString(SAMPLE_RECIPES "/%1.json").arg(adjustment.className);
             const QJsonObject step = Replay({"explain", path, "--json"}).Json().first();
