@@ -169,7 +169,7 @@ bool HBEditorWindow::OpenStep(int step)
 HBRecipeStep HBEditorWindow::PanelStep() const
 {
     HBRecipeStep step = m_pSession->Step();
-    if (m_pSession->HasSelection()) // overlays have none
+    if (m_pSession->HasSelection() && !m_pSession->Entry().adjustment->IgnoresSelection()) // overlays have none
         step.selection = m_pSelection->Shape();
     if (m_OpenedStep >= 0)
         step.amount = m_Document.StepAt(m_OpenedStep).amount;

@@ -432,7 +432,8 @@ bool HBSelectionTool::OnPoint(const QKeyEvent& key)
 {
     const bool last = key.key() != Qt::Key_Space;
     if (!m_HasCrosshair) { // clicks have set corners
-        if (last && m_pGesture->Set(m_pGesture->Line().isEmpty() ? m_PressedAt : m_pGesture->Line().last(), true))
+        const QPolygonF line = m_pGesture->Line();
+        if (last && m_pGesture->Set(line.at(std::max(0, int(line.size()) - 2)), true)) // behind it is the mouse
             End();
         return last;
     }

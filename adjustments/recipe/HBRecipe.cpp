@@ -86,7 +86,7 @@ bool ReadStep(const QJsonValue& value, int version, int index, HBRecipeStep* ste
     const HBAdjustment* adjustment = HBReadStep(*step, index, &record, error);
     if (adjustment && !step->selection.IsNone() && adjustment->IgnoresSelection())
         return HBFailStep(error, index, step->panel,
-                          Text::tr("it works on all of the photo, and has no selection"));
+                          Text::tr("it works on all of the photo, and can have no selection"));
     return adjustment;
 }
 

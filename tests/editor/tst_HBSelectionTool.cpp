@@ -26,6 +26,7 @@ using Mode = HBSelectionTool::Mode;
 namespace {
 
 constexpr QSize PhotoSize(400, 300);
+constexpr int Shift = int(Qt::ShiftModifier); // of a key
 
 /// Null: nothing is selected.
 QRect RectOf(const HBSelectionTool& tool) {
@@ -77,8 +78,7 @@ class TestHBSelectionTool : public QObject {
             return event.isAccepted();
         }
         void Keys(const QVector<int>& keys) {
-            for (const int key : keys)
-                Key(key & ~int(Qt::KeyboardModifierMask), Qt::KeyboardModifiers(key & Qt::SHIFT));
+            for (const int key : keys) Key(key & ~Shift, key & Shift ? Qt::ShiftModifier : Qt::NoModifier);
         }
         int At(int x, int y) const { return tool.Shape().CoverageAt(view.Picture(), x, y); }
     };
@@ -150,11 +150,10 @@ private Q_SLOTS:
             f.tool.SetMode(mode);
             if (byKeys) {
                 f.view.SetZoom(1);
-                for (int i = 0; i < 40; ++i)
-                    f.Keys({Qt::Key_Left | Qt::SHIFT, Qt::Key_Up | Qt::SHIFT}); // a corner
-                for (int i = 0; i < 25; ++i) f.Keys({Qt::Key_Right | Qt::SHIFT, Qt::Key_Down | Qt::SHIFT});
+                for (int i = 0; i < 40; ++i) f.Keys({Qt::Key_Left | Shift, Qt::Key_Up | Shift}); // a corner
+                for (int i = 0; i < 25; ++i) f.Keys({Qt::Key_Right | Shift, Qt::Key_Down | Shift});
                 f.Key(Qt::Key_Return, modifiers);
-                for (int i = 0; i < 10; ++i) f.Keys({Qt::Key_Left | Qt::SHIFT, Qt::Key_Up | Qt::SHIFT});
+                for (int i = 0; i < 10; ++i) f.Keys({Qt::Key_Left | Shift, Qt::Key_Up | Shift});
                 f.Key(Qt::Key_Return);
             } else {
                 f.Drag({250, 250}, {150, 150}, modifiers, modifiers);
@@ -198,7 +197,7 @@ private Q_SLOTS:
         f.Drag({10, 10}, {0, 20});
         QCOMPARE(RectOf(f.tool), QRect(110, 100, 100, 100));
         QSignalSpy changed(&f.tool, &HBSelectionTool::Changed);
-        f.Keys({Qt::Key_Left, Qt::Key_Left, Qt::Key_Down | Qt::SHIFT});
+        f.Keys({Qt::Key_Left, Qt::Key_Left, Qt::Key_Down | Shift});
         QCOMPARE(RectOf(f.tool), QRect(108, 110, 100, 100));
         QCOMPARE(changed.count(), 3);
         QVERIFY(changed.at(0).first().toInt() >= 0); // one gesture
@@ -229,8 +228,8 @@ private Q_SLOTS:
         HBSelectionShape read;
         QString reason;
         QVERIFY2(HBSelectionShape::FromJson(f.tool.Shape().ToJson(), &read, &reason), qPrintable(reason));
-        // Corner by corner, of which one is taken back, and one more by keys; until a double click or the first.
-        for (const bool isDouble : {true, false}) {
+        // Corner by corner, of which one is taken back; until a double click, the first again, or Return.
+        for (const int end : {0, 1, 2}) {
             f.tool.SelectNothing();
             for (const QPointF& at : {QPointF(10, 10), QPointF(100, 10), QPointF(300, 290)}) {
                 f.Click(at);
@@ -238,14 +237,14 @@ private Q_SLOTS:
             }
             f.Key(Qt::Key_Backspace);
             f.Click({100, 100});
-            if (isDouble) {
-                f.Click({10, 100});
+            f.Click({10, 100});
+            if (end == 0)
                 f.Mouse(QEvent::GraphicsSceneMouseDoubleClick, {10, 100});
-                f.Mouse(QEvent::GraphicsSceneMouseRelease, {10, 100});
-            } else {
-                f.Click({10, 100});
+            else if (end == 1)
                 f.Click({12, 11});
-            }
+            else if (f.Mouse(QEvent::GraphicsSceneMouseMove, {300, 290})) // no corner
+                f.Key(Qt::Key_Return);
+            f.Mouse(QEvent::GraphicsSceneMouseRelease, {10, 100});
             QCOMPARE(f.tool.Shape().shapes.size(), 1);
             QCOMPARE(f.tool.Shape().shapes.first().points.size(), 4);
             QVERIFY(f.At(50, 50) == 255 && f.At(150, 150) == 0);
@@ -254,7 +253,7 @@ private Q_SLOTS:
 
     void keys_data() {
         HBColumns<Kind, QVector<int>, QString>("kind", "keys", "shape");
-        const int right = Qt::Key_Right | Qt::SHIFT, down = Qt::Key_Down | Qt::SHIFT, enter = Qt::Key_Return;
+        const int right = Qt::Key_Right | Shift, down = Qt::Key_Down | Shift, enter = Qt::Key_Return;
         QTest::newRow("rectangle") << Kind::Rectangle << QVector<int>{right, enter, right, right, down, enter}
                                    << "rectangle 20x10";
         QTest::newRow("by Space") << Kind::Ellipse
