@@ -85,7 +85,7 @@ HBFilmStrip::HBFilmStrip(QWidget* parent) : QDockWidget(tr("Film Strip"), parent
     m_pList->setUniformItemSizes(true);
     m_pList->setTextElideMode(Qt::ElideMiddle);
     m_pList->setIconSize(QSize(Side, Side));
-    m_pList->setGridSize(QSize(Side + 32, Side + fontMetrics().height() + 12));
+    m_pList->setGridSize(QSize(Side + 48, Side + fontMetrics().height() + 12));
     m_pList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pList->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -22,7 +22,7 @@ QString RowText(const HBRecipeStep& step)
 {
     QStringList notes;
     if (step.amount < HBRecipeStep::MaximumAmount)
-        notes.append(HBStepList::tr("%1 %").arg(step.amount));
+        notes.append(HBStepList::tr("%1 %").arg(step.amount).replace(' ', QChar(QChar::Nbsp)));
     if (!step.selection.IsNone())
         notes.append(HBStepList::tr("selection"));
     const QString title = HBDocument::TitleOf(step);

@@ -236,7 +236,8 @@ private Q_SLOTS:
                     QString error;
                     const HBImage<> byRecipe =
                         HBApplyRecipe(target, {{HBStepOf(adjustment, records[i])}}, &error, nullptr);
-                    QCOMPARE(error, reason.isEmpty() ? QString() : "Step 1 (" + adjustment.Title() + "): " + reason);
+                    QCOMPARE(error,
+                             reason.isEmpty() ? QString() : "Step 1 (" + adjustment.Title() + "): " + reason);
                     if (outcome.IsWhole()) QCOMPARE(byRecipe.ToQImage(), outcome.image.ToQImage());
                 }
             }
