@@ -43,8 +43,9 @@ bool Read(const QString& path, HBLostStack* lost)
     const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
     lost->file = path;
     lost->photo = json.value("photo").toString();
-    lost->size = qint64(json.value("size").toDouble());
-    lost->time = QDateTime::fromMSecsSinceEpoch(qint64(json.value("time").toDouble()));
+    const auto whole = [&json](const char* key) { return qint64(qBound(-1.0, json[key].toDouble(), 9e15)); };
+    lost->size = whole("size");
+    lost->time = QDateTime::fromMSecsSinceEpoch(whole("time"));
     lost->steps = StepsOf(json.value("recipe"));
     lost->saved = StepsOf(json.value("saved"));
     lost->panel = StepsOf(json.value("panel")).value(0);

@@ -12,6 +12,7 @@
 #include <HBParallel.h>
 #include <KMApplication.h>
 #include <KMDocumentView.h>
+#include <KMTheme.h>
 #include <MavuCustomSlider.h>
 
 #include <QAbstractButton>
@@ -137,6 +138,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     application->installEventFilter(&Ender());
     QApplication::setQuitOnLastWindowClosed(false);
     KMApplication::SetProgressTimeout(20);
+    KMTheme::Install(); // without its picture the pickers' cursor is the usual one
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     return 0;
 }

@@ -16,7 +16,6 @@
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     new QCoreApplication(*argc, *argv);
-    std::signal(SIGXFSZ, SIG_IGN);
     return 0;
 }
 
@@ -38,6 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzCheck(QFile::exists(folder + "/a.jpg.abcdef"), "a stranger's file is gone");
     const HBFileState state = HBStateOf(folder + "/a.jpg");
     // The disk is full for a moment, in the middle of a line: that must not spoil the next one.
+    std::signal(SIGXFSZ, SIG_IGN); // here, because Clang's fuzzer has taken it since LLVMFuzzerInitialize
     rlimit usual;
     getrlimit(RLIMIT_FSIZE, &usual);
     const rlimit full{rlim_t(HBStateOf(folder + "/.panel-replay.journal").size + 20), usual.rlim_max};

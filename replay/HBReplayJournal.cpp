@@ -110,9 +110,12 @@ bool HBReplayJournal::Read(QString* problem)
             const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
             if (line.value("job").toString().toLatin1() != m_Job)
                 continue;
+            const auto bytes = [&line](const char* key) {
+                return qint64(qBound(-1.0, line[key].toDouble(), 9e15));
+            };
             m_Lines.insert(line.value("input").toString(),
-                           {qint64(line.value("size").toDouble()), line.value("modified").toString().toLongLong(),
-                            line.value("output").toString(), qint64(line.value("bytes").toDouble()),
+                           {bytes("size"), line.value("modified").toString().toLongLong(),
+                            line.value("output").toString(), bytes("bytes"),
                             line.value("result").toString().toLatin1()});
         }
     }

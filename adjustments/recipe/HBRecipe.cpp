@@ -100,7 +100,7 @@ bool CheckHead(const QJsonObject& head, QString* error)
                                .arg(version)
                                .arg(Version));
     }
-    if (version != int(version) || version < FirstVersion)
+    if (version < FirstVersion || version != int(version))
         return Fail(error, Text::tr("The recipe has no valid version."));
     return true;
 }
