@@ -2157,8 +2157,8 @@
         <translation>seine Stärke ist keine ganze Zahl von 0 bis 100</translation>
     </message>
     <message>
-        <source>it works on all of the photo, and has no selection</source>
-        <translation>es wirkt auf das ganze Foto und hat keine Auswahl</translation>
+        <source>it works on all of the photo, and can have no selection</source>
+        <translation>es wirkt auf das ganze Foto und kann keine Auswahl haben</translation>
     </message>
 </context>
 <context>
