@@ -22,8 +22,8 @@ struct ADJUSTMENTS_EXPORT HBRecipeStep
     QJsonObject values;
     bool on = true;   ///< false: it is kept, but not applied
     int amount = 100; ///< per cent of what it does; 0: nothing
-    /// Where; none: on the whole photo. What works on all of it (HBAdjustment::IgnoresSelection) has none: one that
-    /// is set is not stored, and one in a file is an error.
+    /// Where; none: on the whole photo. What works on all of it (HBAdjustment::IgnoresSelection) has none: one
+    /// that is set is not stored, and one in a file is an error.
     HBSelectionShape selection{};
 
     /// What of "on", "amount" and "selection" is not as it is at first, as a recipe of version 2 stores it.
