@@ -207,8 +207,8 @@ void UseThreads(QThreadPool* pool, int count) {
     while (pool->activeThreadCount() > 0) QThread::usleep(50);
 }
 
-/// Qt ends the process if one of its threads gets no memory in its first steps: these stay. Nor may the list of those
-/// at rest, which by one coming and going after the other becomes as long as it ever will.
+/// Qt ends the process if one of its threads gets no memory in its first steps: these stay. Nor may the list of
+/// those at rest, which by one coming and going after the other becomes as long as it ever will.
 void StartThreads() {
     for (QThreadPool* pool : Pools()) {
         pool->setExpiryTimeout(-1);

@@ -4,6 +4,6 @@
 
 #include "imaginglib_export.h"
 
-/// As qWarning("%s%s"), but where Qt cannot write it for want of memory it goes to stderr as it is: what is warned of
-/// is often just that. Any thread.
+/// As qWarning("%s%s"), but where Qt cannot write it for want of memory it goes to stderr as it is: what is warned
+/// of is often just that. Any thread.
 IMAGINGLIB_EXPORT void HBWarn(const char* text, const char* reason = "") noexcept;
