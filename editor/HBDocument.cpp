@@ -120,7 +120,9 @@ QString HBDocument::TitleOf(const HBRecipeStep& step)
 
 void HBDocument::Push(const Steps& steps, const HBSelectionShape& selection, const QString& title, int gesture)
 {
-    if (IsOpen() && (steps != m_Steps || selection != m_Selection))
+    if (steps.size() > HBRecipe::MaximumSteps) // which nothing could read again
+        Q_EMIT Failed(tr("A photo has at most %1 steps.").arg(HBRecipe::MaximumSteps));
+    else if (IsOpen() && (steps != m_Steps || selection != m_Selection))
         m_History.push(new Change(this, steps, selection, title, gesture));
 }
 

@@ -56,15 +56,15 @@ void HBEditorWindow::BuildSteps()
     m_pProgress = new QProgressBar(m_pProgressBox);
     m_pProgress->setMaximumWidth(120);
     m_pProgress->setToolTip(tr("The photo is being made from its steps"));
-    auto* giveUp = new QToolButton(m_pProgressBox);
-    giveUp->setText(tr("Cancel"));
-    giveUp->setAutoRaise(true);
-    giveUp->setToolTip(tr("Take back the change of the steps that takes so long"));
-    connect(giveUp, &QToolButton::clicked, &m_Document, &HBDocument::GiveUp);
+    m_pGiveUp = new QToolButton(m_pProgressBox);
+    m_pGiveUp->setText(tr("Cancel"));
+    m_pGiveUp->setAutoRaise(true);
+    m_pGiveUp->setToolTip(tr("Take back the change of the steps that takes so long"));
+    connect(m_pGiveUp, &QToolButton::clicked, &m_Document, &HBDocument::GiveUp);
     auto* progress = new QHBoxLayout(m_pProgressBox);
     progress->setContentsMargins(0, 0, 0, 0);
     progress->addWidget(m_pProgress);
-    progress->addWidget(giveUp);
+    progress->addWidget(m_pGiveUp);
     m_pProgressBox->hide();
     statusBar()->addPermanentWidget(m_pProgressBox);
     connect(&m_Document.Result(), &HBStackResult::Progress, this, &HBEditorWindow::ShowProgress);
@@ -78,6 +78,7 @@ void HBEditorWindow::ShowSteps()
     const QUndoStack& history = m_Document.History();
     a.undo->setEnabled(m_pGestures ? m_pGestures->CanUndo() : !m_pSession && history.canUndo());
     a.redo->setEnabled(m_pGestures ? m_pGestures->CanRedo() : !m_pSession && history.canRedo());
+    m_pGiveUp->setEnabled(!m_pSession); // its step would be another, or none
     m_pSteps->SetOpened(m_pSession, m_OpenedStep);
     const bool isListed = m_pShowSteps->isChecked() && m_Document.StepCount() > 0;
     if (isListed != !m_pStepsDock->isHidden())
@@ -252,7 +253,8 @@ void HBEditorWindow::Restore(const HBLostStack& lost)
     m_Document.SetSteps(steps, tr("Restored Steps"));
     if (lost.HasPanel()) // undone by itself, as an OK is
         m_Document.SetSteps(lost.StepsWithPanel(), HBDocument::TitleOf(lost.panel));
-    HBRecovery::Forget(lost); // this editor's own file has them now
+    if (m_pRecovery->Keep()) // this editor's own file has them now
+        HBRecovery::Forget(lost);
     const bool isOff = steps.size() == lost.steps.size() && !lost.saved.isEmpty();
     if (isOff)
         m_pMessages->ShowNote(

@@ -254,7 +254,11 @@ void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
     connect(m_pSession, &HBPanelSession::PreviewReady, this, [this](const HBImage<>& image) {
         if (!m_pRecovery || m_OpenedStep >= 0 || !m_pGestures || m_pGestures->AreValuesChanged())
             return;
-        m_ActsUntouched = !HBHaveSamePixels(image, m_PanelSource);
+        try {
+            m_ActsUntouched = !HBHaveSamePixels(image, m_PanelSource);
+        } catch (const std::bad_alloc&) {
+            m_ActsUntouched = true; // rather a step too many than one that is lost
+        }
         KeepPanel();
     });
     ShowDocument();
@@ -292,9 +296,13 @@ void HBEditorWindow::HandOverSource()
     try {
         const HBSelection selection = m_pSelection->Selection(m_Document.Original());
         m_pSession->SetTarget({m_PanelSource, selection.mask, selection.offset, selection.bounds});
+        m_HandedOver = m_pSelection->Shape();
         m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {
         m_pMessages->ShowError(tr("There is not enough memory for this selection."));
+        // What is shown is what the panel works on.
+        if (m_pSelection->Shape() != m_HandedOver)
+            m_pSelection->SetShape(m_HandedOver);
     }
 }
 
@@ -333,6 +341,7 @@ void HBEditorWindow::ClosePanel()
     m_pSession = nullptr;
     delete m_pGestures; // it looks at the selection
     m_PanelSource = HBImage<>();
+    m_HandedOver = {};
     m_ActsUntouched = false;
     KeepPanel();
     if (m_OpenedStep >= 0) {

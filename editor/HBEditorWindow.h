@@ -31,6 +31,7 @@ class QAction;
 class QDockWidget;
 class QLabel;
 class QProgressBar;
+class QToolButton;
 struct HBLostStack;
 
 /// The editor: one photo, its view, and at most one open panel.
@@ -146,6 +147,7 @@ private:
     HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
     QPointer<HBPanelGestures> m_pGestures;           ///< of the session
     HBImage<> m_PanelSource;                         ///< what the open panel works on
+    HBSelectionShape m_HandedOver;                   ///< the selection that it works on
     int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
     bool m_ActsUntouched = false;                    ///< it does something by the values that it opened with
     HBStepList* m_pSteps = nullptr;
@@ -153,6 +155,7 @@ private:
     QAction* m_pShowSteps = nullptr;
     QWidget* m_pProgressBox = nullptr;
     QProgressBar* m_pProgress = nullptr;
+    QToolButton* m_pGiveUp = nullptr; ///< beside it
     HBRecovery* m_pRecovery = nullptr;
     KMDocumentView* m_pView;
     HBMessageBar* m_pMessages;

@@ -136,6 +136,12 @@ void HBRecovery::Update()
         Write();
 }
 
+bool HBRecovery::Keep()
+{
+    Update();
+    return !IsNeeded() || IsWritten();
+}
+
 void HBRecovery::OnChanged()
 {
     if (!IsNeeded() || IsWritten())

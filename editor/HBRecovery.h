@@ -56,6 +56,8 @@ public:
     void SetPanel(const HBRecipeStep& step, int opened);
 
     QString Folder() const { return m_Folder; }
+    /// At once. Whether all that is to be kept is on the disk.
+    bool Keep();
     /// What editors that are no more have left in the folder, the last first.
     QVector<HBLostStack> FindLost() const;
     /// Deletes it.

@@ -88,7 +88,7 @@ bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options
     window->View()->PictureItem()->SetPatience(std::numeric_limits<int>::max());
     window->resize(options.size);
     window->show();
-    if (!window->MessageBar()->Text().isEmpty())
+    if (!window->Document().IsOpen())
         return Fail(window->MessageBar()->Text());
     if (!ShowPanel(window, options))
         return false;

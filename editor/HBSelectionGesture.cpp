@@ -294,7 +294,9 @@ public:
                 point += by;
             const QRectF place = shape.points.isEmpty() ? shape.rect : QPolygonF(shape.points).boundingRect();
             const bool isEverywhere = shape.kind == Kind::Gradient || shape.inverted;
-            isSeen |= (isEverywhere ? Farthest : QRectF(0, 0, 1, 1)).intersects(place);
+            // A straight gradient has no width, and would meet nothing.
+            isSeen |= (isEverywhere ? Farthest : QRectF(0, 0, 1, 1))
+                          .intersects(place.adjusted(-1e-9, -1e-9, 1e-9, 1e-9));
         }
         return isSeen ? moved : m_Start.before;
     }

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -94,6 +95,8 @@ void HBSelectionTool::SetPhoto(const HBImage<>& photo)
 void HBSelectionTool::SetFeather(int feather)
 {
     m_Feather = std::max(0, feather);
+    if (m_HasNewOptions = m_pGesture != nullptr; m_HasNewOptions)
+        return; // when it has ended
     HBSelectionShape shape = m_Shape;
     shape.SetPixelFeather(m_Feather, PhotoSize());
     if (shape != m_Shape)
@@ -103,6 +106,8 @@ void HBSelectionTool::SetFeather(int feather)
 void HBSelectionTool::SetTolerance(int tolerance)
 {
     m_Tolerance = std::clamp(tolerance, 0, 255);
+    if (m_HasNewOptions = m_pGesture != nullptr; m_HasNewOptions)
+        return;
     HBSelectionShape shape = m_Shape;
     if (shape.IsNone() || shape.shapes.last().kind != HBShape::Kind::Color)
         return;
@@ -111,10 +116,19 @@ void HBSelectionTool::SetTolerance(int tolerance)
         Put(shape, OfTolerance);
 }
 
+/// What was chosen during a gesture.
+void HBSelectionTool::TakeOptions()
+{
+    if (!std::exchange(m_HasNewOptions, false))
+        return;
+    SetTolerance(m_Tolerance);
+    SetFeather(m_Feather);
+}
+
 void HBSelectionTool::SetShape(const HBSelectionShape& shape)
 {
     m_pGesture.reset();
-    m_Pressed = false;
+    m_Pressed = m_HasNewOptions = false;
     if (!shape.IsNone()) {
         const HBShape& last = shape.shapes.last();
         if (last.kind == HBShape::Kind::Color)
@@ -149,7 +163,7 @@ void HBSelectionTool::SelectAll()
 {
     if (PhotoSize().isEmpty())
         return;
-    m_pGesture.reset();
+    GiveUp();
     Put({{HBShape::OfPixels(HBShape::Kind::Rectangle, QRect(QPoint(0, 0), PhotoSize()), 0, PhotoSize())}});
 }
 
@@ -164,7 +178,7 @@ bool HBSelectionTool::IsAll() const
 
 void HBSelectionTool::Invert()
 {
-    m_pGesture.reset();
+    GiveUp();
     if (m_Shape.IsNone())
         SelectAll();
     else
@@ -220,7 +234,10 @@ bool HBSelectionTool::Begin(Tool tool, const QPointF& at, Qt::KeyboardModifiers 
     int points = 0;
     for (const HBShape& shape : m_Shape.shapes)
         points += int(shape.points.size());
-    if (mode != Mode::New && tool == Tool::Lasso && points > HBSelectionShape::MaximumPoints - 3) {
+    const int needed = tool == Tool::Lasso      ? 4
+                       : tool == Tool::Gradient ? 2
+                                                : 0; // four: a lasso keeps three quarters
+    if (mode != Mode::New && needed > 0 && points + needed > HBSelectionShape::MaximumPoints) {
         Q_EMIT Told(tr("The selection has too many corners for one more shape."));
         return false;
     }
@@ -270,6 +287,7 @@ bool HBSelectionTool::End()
         Put(drawn);
     else
         ShowOutline();
+    TakeOptions();
     Q_EMIT Told(trouble);
     return true;
 }
@@ -282,6 +300,7 @@ bool HBSelectionTool::GiveUp()
     m_pGesture.reset();
     m_Pressed = false;
     ShowOutline();
+    TakeOptions();
     Q_EMIT Told({});
     return true;
 }
@@ -369,9 +388,9 @@ bool HBSelectionTool::OnRelease(QGraphicsSceneMouseEvent* event)
     if (!m_Pressed || event->button() != Qt::LeftButton)
         return false;
     OnMove(event);
+    m_Pressed = false;
     if (!m_pGesture)
         return true;
-    m_Pressed = false;
     if (!m_Moved && !m_pGesture->TakesClicks())
         GiveUp();
     else if (m_pGesture->Set(PlaceOf(*event), m_Began && m_Moved))

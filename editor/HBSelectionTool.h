@@ -89,6 +89,7 @@ private:
     void MoveTo(const QPointF& at, bool held, bool regular);
     bool End();
     bool GiveUp();
+    void TakeOptions();
     void Put(const HBSelectionShape& shape, Gesture gesture = Single);
 
     QPointF PlaceOf(const QGraphicsSceneMouseEvent& event) const;
@@ -119,9 +120,10 @@ private:
     std::unique_ptr<HBSelectionGesture> m_pGesture; ///< while something is being drawn
     QPointF m_PressedAt;
     bool m_Pressed = false;
-    bool m_Began = false; ///< by this press
-    bool m_Moved = false; ///< since the press
-    bool m_Adds = false;  ///< the Shift of the press is still held
+    bool m_HasNewOptions = false; ///< feather or tolerance, since the gesture began
+    bool m_Began = false;         ///< by this press
+    bool m_Moved = false;         ///< since the press
+    bool m_Adds = false;          ///< the Shift of the press is still held
     QPointF m_Crosshair;
     bool m_HasCrosshair = false;
 };

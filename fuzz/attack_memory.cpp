@@ -56,7 +56,9 @@ std::atomic<What> what{What::Once};
 std::atomic<long> calls{0};
 std::atomic<long> failing{-1}; ///< number of the call that fails
 thread_local bool isMainThread = false;
+std::atomic<int> attempts{0};
 thread_local int room = 0;       ///< calls that go well after much has been freed
+thread_local int roomOf = 0;     ///< the attempt that freed it
 thread_local void* failedAt[30]; ///< the calls that led to the last failure
 thread_local int failedDepth = 0;
 
@@ -65,7 +67,7 @@ bool Fails(bool thread = false) {
     if (place == Nowhere || (place == OutsideMainThread && isMainThread && !thread)) return false;
     const What kind = what;
     if (thread != (kind == What::Threads)) return false;
-    if (!thread && room > 0) return --room, false;
+    if (!thread && room > 0 && roomOf == attempts) return --room, false;
     const long call = calls++;
     const long first = failing;
     if (first < 0 || (kind == What::Once ? call != first : call < first)) return false;
@@ -139,7 +141,10 @@ void* mmap(void* address, std::size_t size, int protection, int flags, int file,
     return reinterpret_cast<void*>(syscall(SYS_mmap, address, size, protection, flags, file, offset));
 }
 void free(void* memory) {
-    if (memory && malloc_usable_size(memory) >= 1 << 18) room = 200;
+    if (memory && malloc_usable_size(memory) >= 1 << 18) {
+        room = 200;
+        roomOf = attempts;
+    }
     __libc_free(memory);
 }
 int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*run)(void*), void* argument) {
@@ -238,6 +243,7 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
             what = kind;
             failing = moment;
             calls = 0;
+            ++attempts;
             where = work.place;
             const Result result = work.run();
             where = Nowhere;

@@ -5,6 +5,9 @@
 #include <HBPoolJob.h>
 #include <HBStepManner.h>
 
+#include <exception>
+#include <new>
+
 HBAmountJob::HBAmountJob(QObject* parent) : QObject(parent)
 {
     connect(&m_Watcher, &QFutureWatcherBase::finished, this, &HBAmountJob::Finish);
@@ -39,7 +42,11 @@ void HBAmountJob::Start()
     m_pControl = std::make_shared<HBJobControl>();
     HBWatchInPool(&m_Watcher, [before = std::exchange(m_Before, {}), after = std::exchange(m_After, {}),
                                amount = m_Amount, control = m_pControl] {
-        return HBBlendAmount(before, amount, {after, HBOutcome::Whole, nullptr}, control.get());
+        try {
+            return HBBlendAmount(before, amount, {after, HBOutcome::Whole, nullptr}, control.get());
+        } catch (const std::bad_alloc&) { // of the copy
+            return HBOutcome{{}, HBOutcome::Failed, std::current_exception()};
+        }
     });
 }
 

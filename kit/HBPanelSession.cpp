@@ -430,7 +430,7 @@ void HBPanelSession::OnBlended(const HBOutcome& outcome)
 {
     const QPointer<HBPanelSession> self(this);
     if (!m_Over && m_pPanel && outcome.status != HBOutcome::Cancelled) {
-        m_Unblended = false;
+        m_Unblended = !outcome.IsWhole();
         m_AmountFailure = HBFailureReason(outcome);
         ShowAdjusted(outcome.image, m_AmountFailure);
     }

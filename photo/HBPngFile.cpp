@@ -271,8 +271,11 @@ HBStraightRead::Outcome HBReadPng(const QByteArray& file, HBStraightRead* read)
     read->dotsPerMetreX = int(head.dotsX);
     read->dotsPerMetreY = int(head.dotsY);
     const bool whole = known && ReadPixels(png, info, head, read);
-    for (int i = 0; i < reports.remarkCount; ++i)
-        read->remarks.append("libpng warning: " + QString::fromLatin1(reports.remarks[i]));
+    for (int i = 0; i < reports.remarkCount; ++i) {
+        const QString remark = QString::fromLatin1(reports.remarks[i]);
+        if (remark != QLatin1String("iCCP: known incorrect sRGB profile")) // of many programs; it is good enough
+            read->remarks.append("libpng warning: " + remark);
+    }
     if (whole)
         return HBStraightRead::Read;
     if (reports.hasNoMemory)

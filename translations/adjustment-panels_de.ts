@@ -752,6 +752,10 @@
         <source>Selection</source>
         <translation>Auswahl</translation>
     </message>
+    <message>
+        <source>A photo has at most %1 steps.</source>
+        <translation>Ein Foto hat höchstens %1 Schritte.</translation>
+    </message>
 </context>
 <context>
     <name>HBEditorActions</name>

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <new>
+#include <optional>
 
 namespace
 {
@@ -198,7 +199,7 @@ try {
     return QStringLiteral("there is not enough memory"); // takes none, not even for a translation
 }
 
-HBOutcome HBRunStages(HBTarget target, const std::function<HBStages()>& stages, HBJobControl* control,
+HBOutcome HBRunStages(HBTarget&& target, const std::function<HBStages()>& stages, HBJobControl* control,
                       HBStageSpan* failed)
 {
     Run run(std::move(target), control);
@@ -216,4 +217,18 @@ HBOutcome HBRunStages(HBTarget target, const std::function<HBStages()>& stages, 
     if (failed)
         *failed = run.AtWork();
     return run.TakeOutcome();
+}
+
+HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages, HBJobControl* control,
+                      HBStageSpan* failed)
+{
+    if (failed)
+        *failed = {};
+    std::optional<HBTarget> own;
+    try {
+        own = target; // with its metadata, which takes memory
+    } catch (const std::bad_alloc&) {
+        return {{}, HBOutcome::Failed, std::current_exception()};
+    }
+    return HBRunStages(std::move(*own), stages, control, failed);
 }

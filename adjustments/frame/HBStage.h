@@ -79,5 +79,7 @@ struct HBStageSpan
 /// \param stages makes them; may throw what HBStage::prepare may
 /// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
 ///        null
-ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget target, const std::function<HBStages()>& stages,
+ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget&& target, const std::function<HBStages()>& stages,
+                                         HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);
+ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
                                          HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

@@ -23,7 +23,6 @@ constexpr int FirstVersion = 1;
 constexpr int Version = 2; // steps may be off, or in part, or on a selection
 // A recipe may be anybody's file: no recipe made by hand comes near these.
 constexpr int MaximumBytes = 16 << 20;
-constexpr int MaximumSteps = 1000;
 
 constexpr char OnKey[] = "on";
 constexpr char AmountKey[] = "amount";

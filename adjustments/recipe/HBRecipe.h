@@ -45,6 +45,8 @@ struct ADJUSTMENTS_EXPORT HBRecipeStep
 /// written file means never changes: a new meaning takes a new version. Any thread; no application object.
 struct ADJUSTMENTS_EXPORT HBRecipe
 {
+    static constexpr int MaximumSteps = 1000; ///< of a recipe that is read
+
     QVector<HBRecipeStep> steps;
 
     /// Reads a recipe and the record of every step. On failure returns false, leaves `recipe` alone and names the

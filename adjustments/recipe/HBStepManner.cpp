@@ -104,7 +104,7 @@ HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after, HB
         for (int i = 0; i < after.image.Tiles().size(); ++i)
             shared.push_back(before.Tile(i) == after.image.Tile(i));
     } catch (const std::bad_alloc&) {
-        return {after.image, HBOutcome::Failed, std::current_exception()};
+        return {std::move(after.image), HBOutcome::Failed, std::current_exception()};
     }
     return HBWalkTiles(
         {std::exchange(after.image, {})},

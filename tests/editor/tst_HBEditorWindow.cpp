@@ -37,7 +37,9 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTimer>
+#include <QToolButton>
 
 #include <algorithm>
 #include <functional>
@@ -723,6 +725,11 @@ private Q_SLOTS:
             QCOMPARE(document.AllSteps(), before);
             QCOMPARE(document.History().index(), index);
         }
+        // Not the step of an open panel, which would then change another.
+        document.Remove(0);
+        QVERIFY(window.OpenStep(1));
+        for (const QToolButton* button : window.statusBar()->findChildren<QToolButton*>())
+            QVERIFY(!button->isEnabled());
     }
 
     void destroyedWithAPanelAtWork() {

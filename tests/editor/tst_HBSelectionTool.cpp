@@ -204,6 +204,12 @@ private Q_SLOTS:
         QCOMPARE(changed.at(0), changed.at(2));
         f.Drag({10, 10}, {500, 10}); // out of sight
         QCOMPARE(RectOf(f.tool), QRect(108, 110, 100, 100));
+        f.tool.SetTool(Kind::Gradient);
+        f.Drag({50, 20}, {50, 120}); // straight down
+        const QPointF start = f.tool.Shape().shapes.first().points.first();
+        f.tool.SetTool(Kind::Move);
+        f.Keys({Qt::Key_Right});
+        QVERIFY(f.tool.Shape().shapes.first().points.first().x() > start.x());
         f.tool.SelectNothing();
         QSignalSpy told(&f.tool, &HBSelectionTool::Told);
         f.Drag({10, 10}, {50, 10});

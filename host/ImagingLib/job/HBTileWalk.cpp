@@ -8,6 +8,7 @@
 #include <atomic>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <utility>
 
 namespace
@@ -131,7 +132,7 @@ HBRGBA32i* HBTileAccess::Pixels()
     return m_Pin->Pixels();
 }
 
-HBOutcome HBWalkTiles(HBTarget target, const HBTileFunction& transform, HBJobControl* control)
+HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform, HBJobControl* control)
 {
     const bool selected = target.bounds.isValid();
     const HBSelectionArea area(target.source, target.selection, target.offset, target.bounds);
@@ -179,4 +180,15 @@ HBOutcome HBWalkTiles(HBTarget target, const HBTileFunction& transform, HBJobCon
     else if (tileClaims.IsCancelled() || rowClaims.IsCancelled())
         outcome.status = HBOutcome::Cancelled;
     return outcome;
+}
+
+HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform, HBJobControl* control)
+{
+    std::optional<HBTarget> own;
+    try {
+        own = target; // with its metadata, which takes memory
+    } catch (const std::bad_alloc&) {
+        return {{}, HBOutcome::Failed, std::current_exception()};
+    }
+    return HBWalkTiles(std::move(*own), transform, control);
 }

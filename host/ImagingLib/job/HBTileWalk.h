@@ -60,12 +60,14 @@ struct HBOutcome
 
 /// Runs `transform` over the tiles of the target, on the calling thread and those of the pool
 /// (HBParallel.h), and returns the image, which shares every tile that was not touched with the source. Without
-/// a selection, tiles that nobody else holds are changed where they are: move the target in to save their memory.
-/// Any thread.
+/// a selection, tiles that nobody else holds are changed where they are: move the target in to save their memory,
+/// and that of a copy. Any thread.
 ///
 /// Without a selection (bounds not valid) the range of the progress is 0 .. tiles and every tile is transformed.
 /// With one, only the tiles under the bounds are, then the rows that the selection image covers are blended, and
 /// the range is 0 .. tiles + rows; pixels outside keep their bytes, also when the work fails. Throws nothing but
 /// what the control throws.
-IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(HBTarget target, const HBTileFunction& transform,
+IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform,
+                                        HBJobControl* control = nullptr);
+IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform,
                                         HBJobControl* control = nullptr);
