@@ -49,7 +49,7 @@
 namespace {
 
 enum Where { Nowhere, Everywhere, OutsideMainThread };
-enum class What { Once, Ever, Threads };
+enum class What { Once, Again, Ever, Threads }; ///< Again: that call, as many later, and so on
 
 std::atomic<int> where{Nowhere};
 std::atomic<What> what{What::Once};
@@ -70,7 +70,9 @@ bool Fails(bool thread = false) {
     if (!thread && room > 0 && roomOf == attempts) return --room, false;
     const long call = calls++;
     const long first = failing;
-    if (first < 0 || (kind == What::Once ? call != first : call < first)) return false;
+    if (first < 0) return false;
+    if (kind == What::Once ? call != first : kind == What::Again ? (call + 1) % (first + 1) != 0 : call < first)
+        return false;
     failedDepth = backtrace(failedAt, int(std::size(failedAt)));
     return true;
 }
@@ -227,7 +229,7 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
     where = Nowhere;
     const Result right = work.run();
     if (!right.error.isEmpty()) HBFuzzFail(work.name + ": " + right.error);
-    for (const What kind : {What::Once, What::Ever, What::Threads}) {
+    for (const What kind : {What::Once, What::Again, What::Ever, What::Threads}) {
         if (kind != What::Threads) {
             if (!work.isMemoryOurs) continue;
             StartThreads();
@@ -255,7 +257,7 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
         QElapsedTimer time;
         time.start();
         // All moments if they are few, otherwise as many as there is time for.
-        for (long i = 0; i < count && (i < 3 || time.elapsed() < milliseconds / 3); ++i, ++tried) {
+        for (long i = 0; i < count && (i < 3 || time.elapsed() < milliseconds / 4); ++i, ++tried) {
             const long moment = count < 20 ? i : random.bounded(int(count));
             const Result result = attempt(moment);
             failed += !result.error.isEmpty();

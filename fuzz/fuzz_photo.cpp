@@ -5,6 +5,7 @@
 // Input: the format to write, the file.
 #include "HBFuzz.h"
 
+#include <HBPhotoCheck.h>
 #include <HBPhotoFile.h>
 
 #include <QCoreApplication>
@@ -29,6 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzWrite(path, input.Rest());
     HBPhoto photo, again;
     QString error;
+    HBIsWholeFile(input.Rest()); // also of one that claims too much below
     const QSize told = HBPhotoSize(path);
     if (qint64(told.width()) * told.height() > 20000000) return 0; // all the machine's memory is not the fuzzer's
     if (!HBReadPhoto(path, &photo, &error)) {
