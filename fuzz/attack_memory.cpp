@@ -363,7 +363,10 @@ int main(int argc, char** argv) {
         {"image", Everywhere, [large] {
              try {
                  return Result{HBScaled(HBConverted(large, QImage::Format_ARGB32_Premultiplied), {60, 30}), {}};
-             } catch (const std::exception&) { return Result{{}, "failed"}; }
+             } catch (const std::exception&) {
+                 const Calm calm;
+                 return Result{{}, "failed"};
+             }
          }});
     const QTemporaryDir folder;
     qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
@@ -371,8 +374,12 @@ int main(int argc, char** argv) {
     large.save(largeFile);
     works.append({"thumbnail", Everywhere,
                   [largeFile] {
-                      QFile::remove(HBThumbnailPath(largeFile));
+                      {
+                          const Calm calm;
+                          QFile::remove(HBThumbnailPath(largeFile));
+                      }
                       const QImage thumbnail = HBThumbnail(largeFile);
+                      const Calm calm;
                       return Result{thumbnail, thumbnail.isNull() ? "none" : QString()};
                   },
                   false});

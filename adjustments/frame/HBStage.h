@@ -81,5 +81,6 @@ struct HBStageSpan
 ///        null
 ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget&& target, const std::function<HBStages()>& stages,
                                          HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);
+/// The same, with a copy of the target.
 ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
                                          HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

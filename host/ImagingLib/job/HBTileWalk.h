@@ -69,5 +69,6 @@ struct HBOutcome
 /// what the control throws.
 IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform,
                                         HBJobControl* control = nullptr);
+/// The same, with a copy of the target.
 IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform,
                                         HBJobControl* control = nullptr);
