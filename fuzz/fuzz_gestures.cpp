@@ -241,6 +241,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HBFuzzCheck(HBComesTrue([] { return WorkingThreads() == 0; }), "a thread works on");
     HBFuzzCheck(!QApplication::overrideCursor(), "the override cursor is left");
     for (const KMDocumentView& view : views) HBFuzzCheck(!view.HasOverrideCursor(), "a picker's cursor is left");
-    HBFuzzCheck(!QApplication::activeModalWidget(), "a dialog is left");
+    for (QWidget* window : QApplication::topLevelWidgets())
+        HBFuzzCheck(!qobject_cast<QDialog*>(window),
+                    QString("a %1 is left").arg(window->metaObject()->className()));
     return 0;
 }
