@@ -4,6 +4,8 @@
 
 #include "HBPhotoProfile.h"
 
+#include <HBQtImage.h>
+
 #include <QCoreApplication>
 #include <QMutex>
 
@@ -253,6 +255,7 @@ void SetProfile(Exiv2::Image& image, const QByteArray& icc)
 /// \param file that the image was opened with; goes as soon as it is not needed
 QByteArray WrittenFile(Exiv2::Image& image, QByteArray* file)
 {
+    HBCheckMemory(); // the library writes through streams, which keep to themselves that they got none
     image.writeMetadata();
     Exiv2::BasicIo& io = image.io();
     if (io.open() != 0)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBTiffFile.h"
 
+#include <HBQtImage.h>
+
 #include <QCoreApplication>
 #include <QScopeGuard>
 
@@ -65,6 +67,7 @@ struct Memory
 
     TIFF* Open(const char* mode)
     {
+        HBCheckMemory(); // libtiff crashes where it gets none for the first directory
         return TIFFClientOpen("", mode, this, Read, Write, Seek, Close, Size, nullptr, nullptr);
     }
 };
@@ -110,6 +113,8 @@ bool GetLayout(TIFF* tiff, HBPrintColors* print, Layout* layout)
     TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &compression);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_INKSET, &inks);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &extraCount, &extra);
+    if (extraCount > 0 && !extra) // libtiff has counted them, but had no memory to keep them
+        throw std::bad_alloc();
     if (!TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &model) ||
         (model != PHOTOMETRIC_RGB && model != PHOTOMETRIC_MINISBLACK && model != PHOTOMETRIC_SEPARATED))
         return false;
