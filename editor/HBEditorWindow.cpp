@@ -294,8 +294,7 @@ void HBEditorWindow::HandOverSource()
     if (!m_pSession)
         return;
     try {
-        const HBSelection selection = m_pSelection->Selection(m_Document.Original());
-        m_pSession->SetTarget({m_PanelSource, selection.mask, selection.offset, selection.bounds});
+        m_pSession->SetTarget(m_pSelection->SelectIn(m_PanelSource, m_Document.Original()));
         m_HandedOver = m_pSelection->Shape();
         m_pPresets->ShowPreviews();
     } catch (const std::bad_alloc&) {

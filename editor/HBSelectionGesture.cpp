@@ -152,10 +152,8 @@ public:
         , m_Points(QVector<QPointF>{at})
         , m_At(at)
     {
-        if (start.mode != HBSelectionMode::New) {
-            for (const HBShape& shape : start.before.shapes)
-                m_Most -= shape.points.size();
-        }
+        if (start.mode != HBSelectionMode::New)
+            m_Most -= HBPointCount(start.before);
     }
 
     bool TakesClicks() const override { return true; }
@@ -337,6 +335,14 @@ std::unique_ptr<HBSelectionGesture> HBSelectionGesture::Begin(Tool tool, const H
 }
 
 /// Keeps, again and again, the point of a stretch that is furthest from the line between its ends.
+int HBPointCount(const HBSelectionShape& selection)
+{
+    int count = 0;
+    for (const HBShape& shape : selection.shapes)
+        count += int(shape.points.size());
+    return count;
+}
+
 QPolygonF HBSimplified(const QPolygonF& points, double tolerance, int most)
 {
     struct Stretch

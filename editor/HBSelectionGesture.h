@@ -56,6 +56,9 @@ public:
     virtual QString Measure() const = 0;
 };
 
+/// Of all shapes, as HBSelectionShape::MaximumPoints counts them.
+int HBPointCount(const HBSelectionShape& selection);
+
 /// The points without those that a straight line between others comes nearer than that, and so many at most; the
 /// first and the last stay. At least 2 are wanted.
 QPolygonF HBSimplified(const QPolygonF& points, double tolerance, int most);

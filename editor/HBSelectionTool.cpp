@@ -5,6 +5,7 @@
 #include "HBSelectionOutline.h"
 #include "HBSightCoverage.h"
 
+#include <HBStepManner.h>
 #include <KMDocumentView.h>
 
 #include <QGraphicsItem>
@@ -149,14 +150,9 @@ void HBSelectionTool::Put(const HBSelectionShape& shape, Gesture gesture)
         Q_EMIT Changed(gesture);
 }
 
-HBSelection HBSelectionTool::Selection(const HBImage<>& photo) const
+HBTarget HBSelectionTool::SelectIn(const HBImage<>& picture, const HBImage<>& photo) const
 {
-    HBSelection selection = m_Shape.Rasterize(photo);
-    if (!m_Shape.IsNone() && !selection.bounds.isValid()) {
-        selection.mask = HBImage<>(1, 1);
-        selection.bounds = QRect(0, 0, 1, 1);
-    }
-    return selection;
+    return m_Shape.IsNone() ? HBTarget{picture} : HBSelectIn({picture}, m_Shape, photo, nullptr);
 }
 
 void HBSelectionTool::SelectAll()
@@ -231,13 +227,10 @@ bool HBSelectionTool::Begin(Tool tool, const QPointF& at, Qt::KeyboardModifiers 
         Q_EMIT Told(tr("A selection has at most %1 shapes.").arg(HBSelectionShape::MaximumShapes));
         return false;
     }
-    int points = 0;
-    for (const HBShape& shape : m_Shape.shapes)
-        points += int(shape.points.size());
     const int needed = tool == Tool::Lasso      ? 4
                        : tool == Tool::Gradient ? 2
                                                 : 0; // four: a lasso keeps three quarters
-    if (mode != Mode::New && needed > 0 && points + needed > HBSelectionShape::MaximumPoints) {
+    if (mode != Mode::New && needed > 0 && HBPointCount(m_Shape) + needed > HBSelectionShape::MaximumPoints) {
         Q_EMIT Told(tr("The selection has too many corners for one more shape."));
         return false;
     }

@@ -4,6 +4,8 @@
 
 #include "HBSelectionGesture.h"
 
+#include <HBTileWalk.h>
+
 #include <QObject>
 
 #include <memory>
@@ -53,9 +55,9 @@ public:
     const HBSelectionShape& Shape() const { return m_Shape; }
     /// Gives up what is being drawn. Feather and tolerance become those of the selection.
     void SetShape(const HBSelectionShape& shape);
-    /// For the panels; one that covers no pixel is not the same as none. Throws std::bad_alloc.
+    /// For the panels: what of a picture is selected. Throws std::bad_alloc.
     /// \param photo as it was opened, for selections by colour
-    HBSelection Selection(const HBImage<>& photo) const;
+    HBTarget SelectIn(const HBImage<>& picture, const HBImage<>& photo) const;
     HBSelectionOutline* Outline() const { return m_pOutline; }
 
 public Q_SLOTS:

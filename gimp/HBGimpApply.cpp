@@ -34,28 +34,22 @@ private:
     mutable std::atomic<int> m_Shown{0};
 };
 
-} // namespace
-
-bool HBIgnoresSelection(const HBRecipe& recipe)
+bool IgnoresSelection(const HBRecipe& recipe)
 {
     return std::all_of(recipe.steps.begin(), recipe.steps.end(), [](const HBRecipeStep& step) {
         const HBAdjustment* adjustment = HBFindAdjustment(step.panel);
-        std::any record;
-        QString reason;
-        if (!adjustment || !adjustment->restore(step.values, &record, &reason))
-            return false;
-        const HBStages stages = adjustment->stages(record, true);
-        return std::all_of(stages.begin(), stages.end(),
-                           [](const HBStage& stage) { return stage.ignoresSelection; });
+        return adjustment && adjustment->IgnoresSelection();
     });
 }
+
+} // namespace
 
 bool HBApplyToLayer(const HBGimpLayer& layer, const HBRecipe& recipe, const QString& title, QStringList* notes,
                     QString* reason)
 try {
     if (!layer.Check(reason))
         return false;
-    if (layer.IsSelectionElsewhere() && !HBIgnoresSelection(recipe)) {
+    if (layer.IsSelectionElsewhere() && !IgnoresSelection(recipe)) {
         *reason = HBGimpText::tr("Nothing of the layer is selected.");
         return false;
     }

@@ -8,9 +8,6 @@
 
 // Changing a layer without a dialog. The thread of main() only.
 
-/// What does not care for a selection: overlays, for example.
-bool HBIgnoresSelection(const HBRecipe& recipe);
-
 /// Applies the steps to what is selected of the layer, as one step that can be undone; GIMP shows the progress.
 /// False with a reason, and the layer left alone, if that cannot be done; then nothing is written to `notes`.
 /// \param title of the progress

@@ -58,8 +58,7 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
     const HBGimpLayer layer(call.drawable);
     if (!layer.Check(reason))
         return HBGimpAnswer::Failed;
-    const HBRecipeStep defaults{QString::fromLatin1(adjustment.className), adjustment.save(adjustment.defaults())};
-    if (layer.IsSelectionElsewhere() && !HBIgnoresSelection({{defaults}})) {
+    if (layer.IsSelectionElsewhere() && !adjustment.IgnoresSelection()) {
         *reason = HBGimpText::tr("Nothing of the layer is selected.");
         return HBGimpAnswer::Failed;
     }

@@ -19,5 +19,5 @@ ADJUSTMENTS_EXPORT HBOutcome HBBlendAmount(const HBImage<>& before, int amount, 
 
 /// The target with only that selected of what is selected in it. Covers nothing rather than be "no selection".
 /// \param photo whose colours count \throws std::bad_alloc
-HBTarget HBSelectIn(const HBTarget& target, const HBSelectionShape& selection, const HBImage<>& photo,
-                    const HBJobControl* control);
+ADJUSTMENTS_EXPORT HBTarget HBSelectIn(const HBTarget& target, const HBSelectionShape& selection,
+                                       const HBImage<>& photo, const HBJobControl* control);

@@ -184,7 +184,7 @@ private Q_SLOTS:
         QVERIFY(f.tool.Shape() == many);
         // What lies beside the photo is no reason to work on all of it.
         f.tool.SetShape(Rectangle({-100, 0, 50, 50}));
-        QVERIFY(f.tool.Selection(f.view.Picture()).bounds.isValid());
+        QVERIFY(f.tool.SelectIn(f.view.Picture(), f.view.Picture()).bounds.isValid());
     }
 
     void moves() {
@@ -358,9 +358,9 @@ private Q_SLOTS:
         QVERIFY(f.tool.Shape().IsNone());
         f.tool.SetShape({{HBShape::OfPixels(HBShape::Kind::Ellipse, {10, 10, 50, 50}, 0, PhotoSize)}});
         f.tool.Invert();
-        QCOMPARE(f.tool.Selection(f.view.Picture()).bounds, QRect(0, 0, 400, 300));
+        QCOMPARE(f.tool.SelectIn(f.view.Picture(), f.view.Picture()).bounds, QRect(0, 0, 400, 300));
         f.tool.Invert();
-        QCOMPARE(f.tool.Selection(f.view.Picture()).bounds, QRect(0, 0, 50, 50));
+        QCOMPARE(f.tool.SelectIn(f.view.Picture(), f.view.Picture()).bounds, QRect(0, 0, 50, 50));
     }
 
     /// On the edge and on both ends of the soft edge, at any zoom; moving while it can be seen.
