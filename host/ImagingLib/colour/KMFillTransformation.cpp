@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "KMFillTransformation.h"
 
-#include <algorithm>
-
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "KMFillTransformation.cpp"
 #include <hwy/foreach_target.h>
@@ -79,11 +77,17 @@ HWY_INLINE void FillVector(D d, HBRGBA32i color, std::uint32_t* words)
 int FillVectors(HBRGBA32i color, HBRGBA32i* pixels, int count)
 {
     const hn::ScalableTag<float> d;
+    const hn::RebindToUnsigned<decltype(d)> du;
     const int lanes = int(hn::Lanes(d));
     auto* words = reinterpret_cast<std::uint32_t*>(pixels);
     int i = 0;
-    for (; i + lanes <= count; i += lanes)
-        FillVector(d, color, words + i);
+    if (color.alpha == 255) {
+        for (; i + lanes <= count; i += lanes)
+            hn::StoreU(hn::Set(du, color.ToRgba()), du, words + i);
+    } else {
+        for (; i + lanes <= count; i += lanes)
+            FillVector(d, color, words + i);
+    }
     return i;
 }
 
@@ -102,10 +106,6 @@ void KMFillTransformation::operator()(HBRGBA32i* pixels, int count) const
 {
     if (m_Color.alpha == 0)
         return;
-    if (m_Color.alpha == 255) {
-        std::fill_n(pixels, count, m_Color);
-        return;
-    }
     for (int i = HWY_DYNAMIC_DISPATCH(FillVectors)(m_Color, pixels, count); i < count; ++i)
         (*this)(pixels[i]);
 }
