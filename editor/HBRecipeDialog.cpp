@@ -15,7 +15,7 @@
 namespace
 {
 
-constexpr int Side = 320;
+constexpr int PreviewSide = 320;
 
 }
 
@@ -29,7 +29,7 @@ HBRecipeDialog::HBRecipeDialog(const HBImage<>& photo, const QString& name, cons
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* pictures = new QHBoxLayout;
     for (QLabel* label : {m_pBefore, m_pAfter}) {
-        label->setMinimumSize(Side, Side * 3 / 4);
+        label->setMinimumSize(PreviewSide, PreviewSide * 3 / 4);
         label->setAlignment(Qt::AlignCenter);
         pictures->addWidget(label);
     }
@@ -74,5 +74,5 @@ HBRecipeDialog::HBRecipeDialog(const HBImage<>& photo, const QString& name, cons
                 labels[i]->setText(tr("It cannot be applied to this photo."));
         }
     });
-    m_Previews.Ask(photo, {HBRecipe(), recipe}, int(std::ceil(Side * ratio)));
+    m_Previews.Ask(photo, {HBRecipe(), recipe}, int(std::ceil(PreviewSide * ratio)));
 }
