@@ -170,7 +170,7 @@ void HBEditorActions::AddSelect()
          HBEditorIcon::Lasso, Kind::Lasso);
     tool(tr("&Gradient"), "G", tr("Drag from where all is selected to where nothing is"), HBEditorIcon::Gradient,
          Kind::Gradient);
-    tool(tr("&Colour"), "W", tr("Click a colour: all that is like it, by the tolerance"), HBEditorIcon::Color,
+    tool(tr("&Color"), "W", tr("Click a color: all that is like it, by the tolerance"), HBEditorIcon::Color,
          Kind::Color);
     tool(tr("&Move"), "M", tr("Drag the selection, or move it with the arrow keys"), HBEditorIcon::Move,
          Kind::Move);
@@ -253,7 +253,7 @@ void HBEditorActions::AddView()
     fullScreen->setCheckable(true);
     docked = Add(menu, tr("Show &Panels in the Side Bar"), {}, tr("Or else each in a window of its own"));
     docked->setCheckable(true);
-    dark = Add(menu, tr("&Dark"), {}, tr("Dark window colours instead of the system's"));
+    dark = Add(menu, tr("&Dark"), {}, tr("Dark window colors instead of the system's"));
     dark->setCheckable(true);
 }
 
@@ -291,8 +291,8 @@ void HBEditorActions::AddToolBar()
     feather->setAccessibleName(tr("Feather of the selection in pixels"));
     tolerance =
         AddNumber(bar, tr("Tolerance:"), 255,
-                  tr("How far a channel may differ from the colour that was clicked, in levels"), &toleranceShown);
-    tolerance->setAccessibleName(tr("Tolerance of the selection by colour in levels"));
+                  tr("How far a channel may differ from the color that was clicked, in levels"), &toleranceShown);
+    tolerance->setAccessibleName(tr("Tolerance of the selection by color in levels"));
     tolerance->setValue(HBSelectionTool::FirstTolerance);
     toleranceShown->setVisible(false);
     bar->addSeparator();

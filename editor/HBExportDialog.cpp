@@ -55,7 +55,7 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     , m_Estimate(image)
     , m_pFormat(new QComboBox)
     , m_pChroma(new QComboBox)
-    , m_pSrgb(new QCheckBox(tr("Convert colours to &sRGB")))
+    , m_pSrgb(new QCheckBox(tr("Convert colors to &sRGB")))
     , m_pSize(new QLabel)
     , m_pPath(new QLineEdit)
     , m_pProblem(new QLabel)
@@ -71,7 +71,7 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     m_pChroma->addItem(tr("Full (4:4:4)"), int(HBChroma::Full));
     m_pChroma->addItem(tr("Half (4:2:2)"), int(HBChroma::Half));
     m_pChroma->addItem(tr("Quarter (4:2:0)"), int(HBChroma::Quarter));
-    m_pChroma->setToolTip(tr("How fine colours are stored. Thin coloured lines and texts need them full."));
+    m_pChroma->setToolTip(tr("How fine colors are stored. Thin colored lines and texts need them full."));
     auto* browse = new QPushButton(tr("&Browse…"));
     browse->setAutoDefault(false);
     auto* where = new QHBoxLayout;
@@ -84,9 +84,9 @@ HBExportDialog::HBExportDialog(const HBImage<>& image, const QString& photo, HBF
     QWidget* const quality = MakeQuality();
     form->addRow(tr("&Quality:"), quality);
     qobject_cast<QLabel*>(form->labelForField(quality))->setBuddy(m_pQuality);
-    form->addRow(tr("&Colours:"), m_pChroma);
+    form->addRow(tr("&Colors:"), m_pChroma);
     m_pSrgb->setObjectName("srgb");
-    m_pSrgb->setToolTip(tr("For programs and pages that do not look at colour profiles"));
+    m_pSrgb->setToolTip(tr("For programs and pages that do not look at color profiles"));
     form->addRow(QString(), m_pSrgb);
     form->addRow(tr("Size:"), m_pSize);
     form->addRow(tr("F&ile:"), where);

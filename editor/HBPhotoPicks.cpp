@@ -152,17 +152,17 @@ QVector<HBPhotoPick> HBPhotoPicksOf(const QString& panel)
 {
     using namespace std::placeholders;
     if (panel == "HBTemperatureWidget") {
-        return {{Text::tr("&Neutral…"), Text::tr("Click a place of the photo that should be grey"), PickNeutral}};
+        return {{Text::tr("&Neutral…"), Text::tr("Click a place of the photo that should be gray"), PickNeutral}};
     }
     if (panel == "HBLevelsWidget") {
         return {{Text::tr("&Black…"), Text::tr("Click a place of the photo that should be black"),
                  std::bind(PickEnd, 0, _1, _2)},
-                {Text::tr("&Grey…"), Text::tr("Click a place of the photo that should be grey"), PickGrey},
+                {Text::tr("&Gray…"), Text::tr("Click a place of the photo that should be gray"), PickGrey},
                 {Text::tr("&White…"), Text::tr("Click a place of the photo that should be white"),
                  std::bind(PickEnd, 1, _1, _2)}};
     }
     if (panel == "HBReplaceColorWidget") {
-        return {{Text::tr("&Pick Colour…"), Text::tr("Click a place of the photo that has the new colour"),
+        return {{Text::tr("&Pick Color…"), Text::tr("Click a place of the photo that has the new color"),
                  PickReplacement}};
     }
     return {};

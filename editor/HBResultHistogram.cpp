@@ -40,7 +40,7 @@ HBResultHistogram::HBResultHistogram(QWidget* parent) : QWidget(parent)
     constexpr int MaximumHeight = 150; // it leaves the side bar to the panel
     setMaximumHeight(MaximumHeight);
     setAccessibleName(tr("Histogram of the result over that of the photo before"));
-    setToolTip(tr("Lines: the photo as it is shown. Grey: as it was before."));
+    setToolTip(tr("Lines: the photo as it is shown. Gray: as it was before."));
     for (Counted* counted : {&m_Source, &m_Result}) {
         counted->counter = new HistogramWidget(this);
         counted->counter->hide();

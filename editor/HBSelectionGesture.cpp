@@ -237,7 +237,7 @@ public:
     bool Set(const QPointF&, bool) override { return true; }
     QString Measure() const override
     {
-        return Text::tr("Colour %1, %2, %3")
+        return Text::tr("Color %1, %2, %3")
             .arg(qRed(m_Shape.color))
             .arg(qGreen(m_Shape.color))
             .arg(qBlue(m_Shape.color));

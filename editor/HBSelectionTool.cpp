@@ -245,7 +245,7 @@ bool HBSelectionTool::Begin(Tool tool, const QPointF& at, Qt::KeyboardModifiers 
     else if (m_Shape.IsNone())
         Q_EMIT Told(tr("There is no selection to be moved."));
     else
-        Q_EMIT Told(tr("A selection by colour lies where the colour is."));
+        Q_EMIT Told(tr("A selection by color lies where the color is."));
     return m_pGesture != nullptr;
 }
 

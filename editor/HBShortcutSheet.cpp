@@ -63,7 +63,7 @@ HBShortcutSheet::HBShortcutSheet(const QMenuBar* menus, QWidget* parent) : QDial
                 Row(tr("Drag within the selection"), tr("Move it")) +
                 Row(tr("Click, double click"), tr("Lasso: a corner, the last corner")) +
                 Row(tr("Arrows"), tr("Move the crosshair, or with Move the selection; with Shift ten steps")) +
-                Row(tr("Return, Space"), tr("At the crosshair: begin, set a corner, pick a colour; Return ends")) +
+                Row(tr("Return, Space"), tr("At the crosshair: begin, set a corner, pick a color; Return ends")) +
                 Row(tr("Backspace"), tr("Lasso: take the last corner back")) +
                 Row(tr("Escape"), tr("Give up what is being drawn, else drop the selection")));
     section(tr("Controls of a panel"),

@@ -103,7 +103,7 @@ bool HBViewColors::SetMonitorFile(const QString& path, QString* reason)
     if (!path.isEmpty() && !icc.isEmpty())
         HBColorTransform::Make({}, icc, &why);
     if (!path.isEmpty() && (icc.isEmpty() || !why.isEmpty())) {
-        *reason = tr("%1: this is not a colour profile of a monitor").arg(path);
+        *reason = tr("%1: this is not a color profile of a monitor").arg(path);
         ShowChoice();
         return false;
     }
@@ -121,8 +121,8 @@ void HBViewColors::AddTo(QMenu* menu)
         action->setCheckable(true);
     }
     m_pChoice->actions().at(0)->setStatusTip(
-        tr("Show colours by the profile that the desktop has for this monitor"));
-    m_pChoice->actions().at(1)->setStatusTip(tr("Show colours by a profile from a file (ICC)"));
+        tr("Show colors by the profile that the desktop has for this monitor"));
+    m_pChoice->actions().at(1)->setStatusTip(tr("Show colors by a profile from a file (ICC)"));
     connect(m_pChoice->actions().at(0), &QAction::triggered, this, [this] {
         QString ignored;
         SetMonitorFile({}, &ignored);
@@ -148,7 +148,7 @@ void HBViewColors::ChooseFile()
 {
     const QString path =
         QFileDialog::getOpenFileName(m_pWindow, tr("Monitor Profile"), QFileInfo(m_MonitorFile).absolutePath(),
-                                     tr("Colour profiles") + " (*.icc *.icm);;" + tr("All files") + " (*)");
+                                     tr("Color profiles") + " (*.icc *.icm);;" + tr("All files") + " (*)");
     QString reason;
     if (path.isEmpty())
         ShowChoice(); // the click has moved the mark

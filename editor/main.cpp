@@ -44,7 +44,7 @@ void Describe(QCommandLineParser& parser)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
-        {"dark", Text::tr("Use dark window colours.")},
+        {"dark", Text::tr("Use dark window colors.")},
         {"screenshot", Text::tr("Write a picture of the window to FILE (PNG) and quit."), "FILE"},
         {"panel", Text::tr("For --screenshot: the panel to open, by its class name."), "CLASS"},
         {"values", Text::tr("For --screenshot: the recipe whose step gives the panel its values."), "RECIPE"},

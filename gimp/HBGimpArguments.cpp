@@ -79,8 +79,7 @@ bool ReadOther(const HBFieldInfo& field, const QVariant& present, const QJsonVal
         return value.isBool() || Fail(reason, HBGimpText::tr("\"%1\" must be true or false").arg(field.key));
     case QMetaType::QColor:
         *result = QColor(text);
-        return QColor::isValidColor(text) ||
-               Fail(reason, HBGimpText::tr("\"%1\" must be a colour").arg(field.key));
+        return QColor::isValidColor(text) || Fail(reason, HBGimpText::tr("\"%1\" must be a color").arg(field.key));
     case QMetaType::QString:
         *result = text;
         return value.isString() || Fail(reason, HBGimpText::tr("\"%1\" must be a text").arg(field.key));

@@ -137,7 +137,7 @@ KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
     const QByteArray model = HBProfileModel(profile.Icc());
     if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
         return profile;
-    warnings->append(Text::tr("its colour profile is not one for RGB and was left out"));
+    warnings->append(Text::tr("its color profile is not one for RGB and was left out"));
     return {};
 }
 
@@ -148,7 +148,7 @@ HBImage<> WithMetadata(const HBStraightRead& read, const HBPhotoMetadata& metada
         image.AddElement(new KMEXIFElement(element));
     if (read.print && read.print->HasBegun()) {
         image.SetProfile(KMCMSProfile(HBSrgbProfile()));
-        warnings->append(Text::tr("its colours for print were converted to sRGB by its profile"));
+        warnings->append(Text::tr("its colors for print were converted to sRGB by its profile"));
     } else {
         image.SetProfile(FittingProfile(metadata.profile, warnings));
     }

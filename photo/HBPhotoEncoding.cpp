@@ -216,7 +216,7 @@ QStringList HBLossesOfSave(const HBPhotoEncoding& encoding, const QString& path)
     if (encoding.bitsPerChannel > 8)
         losses.append(Text::tr("its %1 bits a channel, of which 8 stay").arg(encoding.bitsPerChannel));
     if (encoding.isForPrint)
-        losses.append(Text::tr("its colours for print (CMYK or Lab), which become red, green and blue"));
+        losses.append(Text::tr("its colors for print (CMYK or Lab), which become red, green and blue"));
     if (encoding.isAnimated)
         losses.append(Text::tr("its animation, of which the first picture stays"));
     else if (encoding.pages > 1)

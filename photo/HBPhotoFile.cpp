@@ -133,7 +133,7 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, HBPictureRows* rows, QString
         } else {
             metadata.profile = KMCMSProfile(HBRgbProfileOfGrey(metadata.profile.Icc()));
             if (metadata.profile.IsEmpty())
-                warnings->append(Text::tr("the picture is no longer grey; its profile for grey was left out"));
+                warnings->append(Text::tr("the picture is no longer gray; its profile for gray was left out"));
         }
     }
     return metadata;

@@ -117,7 +117,7 @@ QString ShapeText(const HBShape& shape)
         text = Text::tr("gradient from %1 to %2").arg(place(shape.points.value(0)), place(shape.points.value(1)));
         break;
     case Kind::Color:
-        text = Text::tr("colour %1, tolerance %2").arg(QColor(shape.color).name()).arg(shape.tolerance);
+        text = Text::tr("color %1, tolerance %2").arg(QColor(shape.color).name()).arg(shape.tolerance);
         break;
     }
     if (shape.inverted)

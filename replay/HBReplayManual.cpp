@@ -64,7 +64,7 @@ QString HBReplayManual()
     page += ".SH DESCRIPTION\n" +
             Roff(Text::tr("Adjusts any number of photos as a recipe says that panel-editor has saved, without a "
                           "display. Names of files may be of any bytes. Results are written whole or not at all, "
-                          "with the metadata and the colour profile of the photo.")) +
+                          "with the metadata and the color profile of the photo.")) +
             '\n';
     page += ".SH COMMANDS\n";
     for (const HBReplayCommand& command : HBReplayCommands())
@@ -76,7 +76,7 @@ QString HBReplayManual()
     for (const HBReplayExitText& exit : HBReplayExitTexts())
         page += Item(Bold(QString::number(exit.code)), HBReplayText(exit.text));
     page += ".SH ENVIRONMENT\n";
-    page += Item(Bold("NO_COLOR"), Text::tr("If it is set and not empty, messages have no colours."));
+    page += Item(Bold("NO_COLOR"), Text::tr("If it is set and not empty, messages have no colors."));
     page += Item(Bold("TMPDIR"), Text::tr("The folder for what does not fit into the memory; default: /var/tmp."));
     page += ".SH FILES\n";
     page += Item(Bold(".panel-replay.journal"),

@@ -105,7 +105,7 @@ bool HBSelectMask(const QImage& mask, HBTarget* target, QString* reason)
         return false;
     }
     if (!IsGreyAlone(mask)) {
-        *reason = Text::tr("the mask is not grey alone");
+        *reason = Text::tr("the mask is not gray alone");
         return false;
     }
     HBImage<> image = Uniform(target->source, TileOf(0));

@@ -107,7 +107,7 @@ std::shared_ptr<const HBColorTransform> HBColorTransform::Make(const QByteArray&
                                  cmsFLAGS_NOCACHE | cmsFLAGS_BLACKPOINTCOMPENSATION)
             : nullptr;
     if (!made) {
-        why = QCoreApplication::translate("HBColorTransform", "the colour profile cannot be used");
+        why = QCoreApplication::translate("HBColorTransform", "the color profile cannot be used");
         return nullptr;
     }
     const std::shared_ptr<const HBColorTransform> transform(new HBColorTransform(made));

@@ -76,8 +76,8 @@ private Q_SLOTS:
         QVERIFY(refused(HBSelectMask(QImage(), &nothing, &reason), "0 × 0"));
         QVERIFY(refused(HBSelectMask(QImage(10, 20, QImage::Format_Grayscale8), &target, &reason),
                         "the mask is 10 × 20 pixels, the picture 20 × 10"));
-        QVERIFY(refused(HBSelectMask(red, &target, &reason), "grey alone"));
-        QVERIFY(refused(HBSelectMask(clear, &target, &reason), "grey alone"));
+        QVERIFY(refused(HBSelectMask(red, &target, &reason), "gray alone"));
+        QVERIFY(refused(HBSelectMask(clear, &target, &reason), "gray alone"));
     }
 };
 

@@ -307,7 +307,7 @@ private Q_SLOTS:
         QSignalSpy told(&f.tool, &HBSelectionTool::Told);
         f.tool.SetTool(Kind::Move);
         f.Drag({10, 10}, {50, 50});
-        QVERIFY(told.last().first().toString().contains("colour"));
+        QVERIFY(told.last().first().toString().contains("color"));
         // What is shown next brings its own.
         QSignalSpy options(&f.tool, &HBSelectionTool::OptionsChanged);
         f.tool.SetShape(Rectangle({0, 0, 9, 9}, 7));

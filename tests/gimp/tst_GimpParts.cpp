@@ -75,7 +75,7 @@ private Q_SLOTS:
                                         << "leftTop, rightTop";
         QTest::newRow("no colour") << "KMFillColorWidget"
                                    << R"({"color": "rot"})"
-                                   << "must be a colour";
+                                   << "must be a color";
         QTest::newRow("unknown alignment") << "HBSignWidget"
                                            << R"({"alignment": "up"})"
                                            << "cannot be";

@@ -142,7 +142,7 @@ private Q_SLOTS:
         image.SetProfile(KMCMSProfile(HBWideProfile().left(300)));
         QStringList warnings;
         QVERIFY(HBWritePhoto((*Path)("b.png"), image, options, &error, &warnings));
-        QVERIFY(warnings.join(' ').contains("colour profile"));
+        QVERIFY(warnings.join(' ').contains("color profile"));
     }
 
 private:
