@@ -83,7 +83,6 @@ private:
     QSize PhotoSize() const;
     double ScreenPixel() const;
     bool MayStart(const QPointF& scenePosition) const;
-    bool CanAdd();
     bool IsAll() const;
     bool IsWithin(const QPointF& at) const;
 
