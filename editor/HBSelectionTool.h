@@ -29,7 +29,7 @@ class HBSelectionTool : public QObject
 {
     Q_OBJECT
 public:
-    using Tool = HBSelectionTools;
+    using Tool = HBSelectionToolKind;
     using Mode = HBSelectionMode;
     static constexpr int FirstTolerance = 30;
 
