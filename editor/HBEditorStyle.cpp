@@ -2,21 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBEditorStyle.h"
 
+#include <HBIsDark.h>
+
 #include <QPainter>
 #include <QStyleOption>
 #include <QWidget>
 
 #include <algorithm>
-
-namespace
-{
-
-bool IsDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Window).lightness() < 128;
-}
-
-} // namespace
 
 int HBEditorStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
@@ -39,7 +31,8 @@ void HBEditorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   const QWidget* widget) const
 {
     const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
-    if ((element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) && box && IsDark(box->palette)) {
+    if ((element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) && box &&
+        HBIsDark(box->palette.color(QPalette::Window))) {
         QStyleOptionButton lit = *box; // the frame is drawn in the window's colour, darkened
         lit.palette.setColor(QPalette::Window, QColor(0xd0, 0xd0, 0xd0));
         QProxyStyle::drawPrimitive(element, &lit, painter, widget);

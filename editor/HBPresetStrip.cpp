@@ -50,7 +50,6 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     m_pList->setFlow(QListView::LeftToRight);
     m_pList->setWrapping(false);
     m_pList->setMovement(QListView::Static);
-    m_pList->setUniformItemSizes(true);
     m_pList->setTextElideMode(Qt::ElideRight);
     m_pList->setIconSize(QSize(Side(), Side()));
     const int width = qMax(Side() + 12, fontMetrics().horizontalAdvance(tr("Last used")) + 16);
@@ -121,6 +120,7 @@ void HBPresetStrip::List()
     for (const Entry& entry : qAsConst(m_Entries)) {
         auto* item = new QListWidgetItem(QIcon(empty), entry.title, m_pList);
         item->setToolTip(entry.title);
+        item->setSizeHint(m_pList->gridSize()); // or a name is cut off before the room for it ends
     }
     ShowPreviews();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBResultHistogram.h"
 
+#include <HBIsDark.h>
 #include <HistogramShape.h>
 
 #include <QPainter>
@@ -86,7 +87,7 @@ void HBResultHistogram::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), palette().color(QPalette::Base));
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF area = QRectF(rect()).adjusted(2, 3, -2, -1);
-    const bool dark = palette().color(QPalette::Base).lightness() < 128;
+    const bool dark = HBIsDark(palette().color(QPalette::Base));
     const QColor lines[Channels] = {dark ? QColor(255, 110, 110) : QColor(205, 40, 40),
                                     dark ? QColor(100, 215, 100) : QColor(20, 135, 20),
                                     dark ? QColor(125, 160, 255) : QColor(45, 75, 225)};

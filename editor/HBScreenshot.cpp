@@ -69,6 +69,10 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
         return Fail(HBEditorWindow::tr("There is no panel %1.").arg(name));
     if (!window->OpenPanel(*entry))
         return Fail(HBEditorWindow::tr("A panel needs a photo."));
+    for (const QString& preset : options.presets) {
+        if (!window->Presets()->Import(preset))
+            return Fail(window->MessageBar()->Text());
+    }
     HBPanelSession* session = window->Session();
     for (const HBRecipeStep& step : qAsConst(recipe.steps)) {
         if (step.panel != name)
@@ -89,6 +93,8 @@ bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options
     window->resize(options.size);
     window->show();
     if (!window->Document().IsOpen())
+        return Fail(window->MessageBar()->Text());
+    if (!options.applied.isEmpty() && !window->ApplyRecipe(options.applied))
         return Fail(window->MessageBar()->Text());
     if (!ShowPanel(window, options))
         return false;

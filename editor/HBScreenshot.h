@@ -4,6 +4,7 @@
 
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 class HBEditorWindow;
 
@@ -14,6 +15,8 @@ struct HBScreenshotOptions
     QString panel; ///< class name; empty: none, or that of the recipe's first step
     QString recipe;
     QSize size = QSize(1200, 800); ///< of the window, without its frame
+    QString applied;               ///< a recipe, whose steps the photo has before the panel is opened
+    QStringList presets;           ///< of the panel: recipes
 };
 
 /// Shows the window with the panel open, waits for the panel's result and writes the picture. False, with the

@@ -13,7 +13,7 @@
 namespace
 {
 
-using Tool = HBSelectionTools;
+using Tool = HBSelectionToolKind;
 using Kind = HBShape::Kind;
 
 constexpr double CloseReach = 6;         // pixels of the screen from the first corner of a lasso

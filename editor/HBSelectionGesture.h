@@ -9,7 +9,7 @@
 
 #include <memory>
 
-enum class HBSelectionTools { None, Rectangle, Ellipse, Lasso, Gradient, Color, Move };
+enum class HBSelectionToolKind { None, Rectangle, Ellipse, Lasso, Gradient, Color, Move };
 
 /// What becomes of the selection that is there when another shape is drawn.
 enum class HBSelectionMode { New, Add, Subtract, Intersect };
@@ -31,7 +31,7 @@ class HBSelectionGesture
 {
 public:
     /// Null: the tool has none, or has nothing to do there.
-    static std::unique_ptr<HBSelectionGesture> Begin(HBSelectionTools tool, const HBSelectionStart& start,
+    static std::unique_ptr<HBSelectionGesture> Begin(HBSelectionToolKind tool, const HBSelectionStart& start,
                                                      const QPointF& at);
     virtual ~HBSelectionGesture() = default;
 

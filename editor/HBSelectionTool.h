@@ -29,7 +29,7 @@ class HBSelectionTool : public QObject
 {
     Q_OBJECT
 public:
-    using Tool = HBSelectionTools;
+    using Tool = HBSelectionToolKind;
     using Mode = HBSelectionMode;
     static constexpr int FirstTolerance = 30;
 
@@ -83,7 +83,6 @@ private:
     QSize PhotoSize() const;
     double ScreenPixel() const;
     bool MayStart(const QPointF& scenePosition) const;
-    bool CanAdd();
     bool IsAll() const;
     bool IsWithin(const QPointF& at) const;
 

@@ -100,23 +100,23 @@ QAction* HBViewAids::AddToggle(QMenu* menu, const QString& text, const QString& 
 
 QWidget* HBViewAids::BeginPanel(HBPanelSession* session)
 {
-    m_pFrame = new HBPanelHead(session, m_pView);
-    connect(m_pFrame, &HBPanelHead::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
-    connect(m_pFrame, &HBPanelHead::Noted, this, &HBViewAids::Hinted);
-    connect(session, &HBPanelSession::PreviewReady, m_pFrame, [this](const HBImage<>& image) {
-        if (m_pFrame) // not behind EndPanel
+    m_pHead = new HBPanelHead(session, m_pView);
+    connect(m_pHead, &HBPanelHead::PreviewToggled, m_pBeforeAfter, &HBBeforeAfter::SetPreviewed);
+    connect(m_pHead, &HBPanelHead::Noted, this, &HBViewAids::Hinted);
+    connect(session, &HBPanelSession::PreviewReady, m_pHead, [this](const HBImage<>& image) {
+        if (m_pHead) // not behind EndPanel
             m_pHistogram->SetResult(image);
     });
-    return m_pFrame;
+    return m_pHead;
 }
 
 /// Not at once: this may be the answer to one of its controls.
 void HBViewAids::EndPanel()
 {
     m_pBeforeAfter->SetPreviewed(true);
-    if (m_pFrame)
-        m_pFrame->deleteLater();
-    m_pFrame = nullptr;
+    if (m_pHead)
+        m_pHead->deleteLater();
+    m_pHead = nullptr;
 }
 
 void HBViewAids::ShowPhoto(const HBImage<>& present, const HBImage<>& opened, bool isAdjusting)

@@ -35,7 +35,7 @@ public:
     QAction* SideBySideAction() const { return m_pBeside; }
     QAction* CompareOpenedAction() const { return m_pCompareOpened; }
     HBResultHistogram* Histogram() const { return m_pHistogram; }
-    HBPanelHead* Frame() const { return m_pFrame; }
+    HBPanelHead* Head() const { return m_pHead; }
 
     /// What is to be shown in place of the session's widget; ends with EndPanel.
     QWidget* BeginPanel(HBPanelSession* session);
@@ -66,7 +66,7 @@ private:
     HBSideBySide* m_pSideBySide;
     QDockWidget* m_pHistogramDock;
     HBResultHistogram* m_pHistogram;
-    QPointer<HBPanelHead> m_pFrame; ///< of the open panel
+    QPointer<HBPanelHead> m_pHead; ///< of the open panel
     QLabel* m_pPixelLabel;
     QLabel* m_pProfileLabel;
     QAction* m_pBeside;

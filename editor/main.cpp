@@ -48,6 +48,10 @@ void Describe(QCommandLineParser& parser)
         {"screenshot", Text::tr("Write a picture of the window to FILE (PNG) and quit."), "FILE"},
         {"panel", Text::tr("For --screenshot: the panel to open, by its class name."), "CLASS"},
         {"values", Text::tr("For --screenshot: the recipe whose step gives the panel its values."), "RECIPE"},
+        {"preset",
+         Text::tr("For --screenshot: a recipe that is one of the panel's presets; may be given several times."),
+         "RECIPE"},
+        {"apply", Text::tr("For --screenshot: the recipe whose steps the photo has already."), "RECIPE"},
         {"size", Text::tr("For --screenshot: the size of the window, 1200x800 by default."), "WxH"},
     });
 }
@@ -72,6 +76,8 @@ bool Parse(const QStringList& arguments, Options* options)
     options->screenshot.file = parser.value("screenshot");
     options->screenshot.panel = parser.value("panel");
     options->screenshot.recipe = parser.value("values");
+    options->screenshot.presets = parser.values("preset");
+    options->screenshot.applied = parser.value("apply");
     if (parser.isSet("size"))
         options->screenshot.size = ParseSize(parser.value("size"));
     if (options->screenshot.size.isValid())

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HistogramWidget.h"
 
+#include "HBIsDark.h"
 #include "HistogramShape.h"
 
 #include <HBWarn.h>
@@ -27,11 +28,6 @@ struct Look
     QColor line;
 };
 
-bool IsDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Base).lightness() < 128;
-}
-
 /// How a channel is drawn, alone or laid over others. Where all three meet they make a grey, as lights on a dark
 /// ground or as inks on a light one; the fills are chosen so that a grey curve stays visible on it.
 Look LookOf(int channel, bool alone, const QPalette& palette)
@@ -46,7 +42,7 @@ Look LookOf(int channel, bool alone, const QPalette& palette)
         fill.setAlphaF(0.45);
         return {fill, line};
     }
-    if (IsDark(palette))
+    if (HBIsDark(palette.color(QPalette::Base)))
         return {alone ? OnDark[channel] : Lights[channel], DarkLines[channel]};
     return {Inks[channel], Inks[channel].darker(150)};
 }
@@ -339,8 +335,9 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
         const HistogramShape shape = HistogramShape::Of(m_Counts.levels[channel], ceiling);
         const QPolygonF line = Outline(shape, frame);
         if (!alone)
-            painter.setCompositionMode(IsDark(palette()) ? QPainter::CompositionMode_Screen
-                                                         : QPainter::CompositionMode_Multiply);
+            painter.setCompositionMode(HBIsDark(palette().color(QPalette::Base))
+                                           ? QPainter::CompositionMode_Screen
+                                           : QPainter::CompositionMode_Multiply);
         painter.setPen(Qt::NoPen);
         painter.setBrush(look.fill);
         Fill(painter, line, frame);

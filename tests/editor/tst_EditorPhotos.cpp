@@ -184,6 +184,9 @@ private Q_SLOTS:
         spin->setValue(70);
         QVERIFY(strip->SaveAs("Bright"));
         QCOMPARE(titles(), QStringList({"Last used", "Default", "Bright"}));
+        for (int row = 0; row < list->count(); ++row)
+            QVERIFY(list->visualItemRect(list->item(row)).width() >=
+                    list->fontMetrics().horizontalAdvance(list->item(row)->text()));
         // Each shows what it makes of this photo.
         const auto shown = [&](int row) {
             return list->item(row)->icon().pixmap(40).toImage().pixelColor(20, 20);

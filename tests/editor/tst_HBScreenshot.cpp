@@ -7,6 +7,7 @@
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
 #include <HBPanelSession.h>
+#include <HBPresetStrip.h>
 #include <HBScreenshot.h>
 
 #include <QAction>
@@ -21,18 +22,19 @@ private Q_SLOTS:
         const QString photo = folder.filePath("photo.png"), file = folder.filePath("window.png");
         QVERIFY(HBTestRamp(300, 200).ToQImage().save(photo));
         HBEditorWindow empty(false);
-        QVERIFY(!HBTakeScreenshot(&empty, {file, "HBTintWidget", {}, {900, 600}})); // without a photo
-        QVERIFY(!HBTakeScreenshot(&empty, {file, "HBNoWidget", {}, {900, 600}}));
+        QVERIFY(!HBTakeScreenshot(&empty, {file, "HBTintWidget", {}, {900, 600}, {}, {}})); // without a photo
+        QVERIFY(!HBTakeScreenshot(&empty, {file, "HBNoWidget", {}, {900, 600}, {}, {}}));
         QVERIFY(!QFile::exists(file));
         const QPalette system = QApplication::palette();
+        const QString recipe = SAMPLE_RECIPES "/HBBrightnessContrastWidget.json";
         for (const bool dark : {false, true}) {
             HBEditorWindow window(false);
             QVERIFY(window.Open(photo));
             window.Actions()->dark->setChecked(dark);
-            QVERIFY(HBTakeScreenshot(&window, {file,
-                                               "HBBrightnessContrastWidget",
-                                               SAMPLE_RECIPES "/HBBrightnessContrastWidget.json",
-                                               {900, 600}}));
+            QVERIFY(HBTakeScreenshot(&window,
+                                     {file, "HBBrightnessContrastWidget", recipe, {900, 600}, recipe, {recipe}}));
+            QCOMPARE(window.Document().StepCount(), 1);
+            QCOMPARE(window.Presets()->Presets().Names(), QStringList("HBBrightnessContrastWidget"));
             const auto* box = window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
             QCOMPARE(box->value(), 18); // of the recipe
             const QImage picture(file);
@@ -46,7 +48,12 @@ private Q_SLOTS:
             window.Actions()->dark->setChecked(false);
             QCOMPARE(QApplication::palette().color(QPalette::Base), system.color(QPalette::Base));
         }
-        QVERIFY(!HBTakeScreenshot(&empty, {folder.filePath("none/window.png"), {}, {}, {900, 600}}));
+        HBEditorWindow other(false);
+        QVERIFY(other.Open(photo));
+        QVERIFY(
+            !HBTakeScreenshot(&other, {file, "HBTintWidget", {}, {900, 600}, {}, {recipe}})); // another panel's
+        QVERIFY(!HBTakeScreenshot(&other, {file, {}, {}, {900, 600}, photo, {}}));
+        QVERIFY(!HBTakeScreenshot(&empty, {folder.filePath("none/window.png"), {}, {}, {900, 600}, {}, {}}));
     }
 };
 

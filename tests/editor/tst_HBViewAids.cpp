@@ -74,7 +74,7 @@ private Q_SLOTS:
         window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin")->setValue(20);
         QTRY_VERIFY(window.Session()->IsUpToDate());
         QTRY_COMPARE(Seen(window), qRgb(120, 120, 120));
-        window.ViewAids()->Frame()->PreviewBox()->setChecked(false);
+        window.ViewAids()->Head()->PreviewBox()->setChecked(false);
         QTRY_COMPARE(Seen(window), qRgb(100, 100, 100));
         Q_EMIT window.View()->PixelHovered({5, 6});
         QCOMPARE(window.ViewAids()->PixelText(), QString("5, 6:  100 100 100 → 120 120 120"));
@@ -121,7 +121,7 @@ private Q_SLOTS:
             QVERIFY(window.OpenPanel(*HBFindPanel(panel)));
             QTRY_VERIFY(window.Session()->IsUpToDate());
             for (const int button : buttons) {
-                window.ViewAids()->Frame()->PickButtons().at(button)->click();
+                window.ViewAids()->Head()->PickButtons().at(button)->click();
                 QVERIFY(window.View()->HasOverrideCursor());
                 QTest::mouseClick(window.View()->viewport(), Qt::LeftButton, {},
                                   window.View()->mapFromScene(200, 150));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QVERIFY(window.Open(Photo(qRgb(255, 255, 255))));
         QVERIFY(window.OpenPanel(*HBFindPanel("HBTemperatureWidget")));
         const QByteArray values = window.Session()->SaveValues();
-        QToolButton* button = window.ViewAids()->Frame()->PickButtons().first();
+        QToolButton* button = window.ViewAids()->Head()->PickButtons().first();
         button->click();
         QTest::keyClick(window.View(), Qt::Key_Escape);
         QVERIFY(!window.View()->HasOverrideCursor() && !button->isChecked() && window.Session());
