@@ -321,10 +321,6 @@
         <translation>„%1“ muss true oder false sein</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; must be a colour</source>
-        <translation>„%1“ muss eine Farbe sein</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; must be a text</source>
         <translation>„%1“ muss ein Text sein</translation>
     </message>
@@ -407,6 +403,10 @@
     <message>
         <source>Applies a stored recipe of adjustments to the layer</source>
         <translation>Wendet ein gespeichertes Rezept von Anpassungen auf die Ebene an</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a color</source>
+        <translation>„%1“ muss eine Farbe sein</translation>
     </message>
 </context>
 <context>
@@ -692,7 +692,7 @@
 <context>
     <name>HBColorTransform</name>
     <message>
-        <source>the colour profile cannot be used</source>
+        <source>the color profile cannot be used</source>
         <translation>das Farbprofil ist nicht brauchbar</translation>
     </message>
 </context>
@@ -928,10 +928,6 @@
         <translation>&amp;Dunkel</translation>
     </message>
     <message>
-        <source>Dark window colours instead of the system&apos;s</source>
-        <translation>Dunkle Fensterfarben statt der des Systems</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -1096,14 +1092,6 @@
         <translation>Von wo alles ausgewählt ist dorthin ziehen, wo nichts ist</translation>
     </message>
     <message>
-        <source>&amp;Colour</source>
-        <translation>&amp;Farbe</translation>
-    </message>
-    <message>
-        <source>Click a colour: all that is like it, by the tolerance</source>
-        <translation>Eine Farbe anklicken: alles, was ihr nach der Toleranz gleicht</translation>
-    </message>
-    <message>
         <source>&amp;Move</source>
         <translation>Ver&amp;schieben</translation>
     </message>
@@ -1152,11 +1140,23 @@
         <translation>Toleranz:</translation>
     </message>
     <message>
-        <source>How far a channel may differ from the colour that was clicked, in levels</source>
+        <source>&amp;Color</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Click a color: all that is like it, by the tolerance</source>
+        <translation>Eine Farbe anklicken: alles, was ihr nach der Toleranz gleicht</translation>
+    </message>
+    <message>
+        <source>Dark window colors instead of the system&apos;s</source>
+        <translation>Dunkle Fensterfarben statt der des Systems</translation>
+    </message>
+    <message>
+        <source>How far a channel may differ from the color that was clicked, in levels</source>
         <translation>Wie weit ein Kanal von der angeklickten Farbe abweichen darf, in Stufen</translation>
     </message>
     <message>
-        <source>Tolerance of the selection by colour in levels</source>
+        <source>Tolerance of the selection by color in levels</source>
         <translation>Toleranz der Auswahl nach Farbe in Stufen</translation>
     </message>
 </context>
@@ -1414,10 +1414,6 @@
 <context>
     <name>HBExportDialog</name>
     <message>
-        <source>Convert colours to &amp;sRGB</source>
-        <translation>Farben in &amp;sRGB umrechnen</translation>
-    </message>
-    <message>
         <source>Export</source>
         <translation>Exportieren</translation>
     </message>
@@ -1438,10 +1434,6 @@
         <translation>Ein Viertel (4:2:0)</translation>
     </message>
     <message>
-        <source>How fine colours are stored. Thin coloured lines and texts need them full.</source>
-        <translation>Wie fein Farben gespeichert werden. Dünne farbige Linien und Schrift brauchen sie voll.</translation>
-    </message>
-    <message>
         <source>&amp;Browse…</source>
         <translation>&amp;Durchsuchen …</translation>
     </message>
@@ -1452,14 +1444,6 @@
     <message>
         <source>&amp;Quality:</source>
         <translation>&amp;Qualität:</translation>
-    </message>
-    <message>
-        <source>&amp;Colours:</source>
-        <translation>&amp;Farben:</translation>
-    </message>
-    <message>
-        <source>For programs and pages that do not look at colour profiles</source>
-        <translation>Für Programme und Seiten, die Farbprofile nicht beachten</translation>
     </message>
     <message>
         <source>Size:</source>
@@ -1508,6 +1492,22 @@
     <message>
         <source>Replace %1?</source>
         <translation>%1 ersetzen?</translation>
+    </message>
+    <message>
+        <source>Convert colors to &amp;sRGB</source>
+        <translation>Farben in &amp;sRGB umrechnen</translation>
+    </message>
+    <message>
+        <source>How fine colors are stored. Thin colored lines and texts need them full.</source>
+        <translation>Wie fein Farben gespeichert werden. Dünne farbige Linien und Schrift brauchen sie voll.</translation>
+    </message>
+    <message>
+        <source>&amp;Colors:</source>
+        <translation>&amp;Farben:</translation>
+    </message>
+    <message>
+        <source>For programs and pages that do not look at color profiles</source>
+        <translation>Für Programme und Seiten, die Farbprofile nicht beachten</translation>
     </message>
 </context>
 <context>
@@ -1732,10 +1732,6 @@
         <translation>ihre %1 Bit je Kanal, von denen 8 bleiben</translation>
     </message>
     <message>
-        <source>its colours for print (CMYK or Lab), which become red, green and blue</source>
-        <translation>ihre Druckfarben (CMYK oder Lab), die zu Rot, Grün und Blau werden</translation>
-    </message>
-    <message>
         <source>its animation, of which the first picture stays</source>
         <translation>ihre Animation, von der das erste Bild bleibt</translation>
     </message>
@@ -1754,6 +1750,10 @@
     <message>
         <source>what other programs may still find of the part that is missing here</source>
         <translation>was andere Programme von dem Teil, der hier fehlt, vielleicht noch finden</translation>
+    </message>
+    <message>
+        <source>its colors for print (CMYK or Lab), which become red, green and blue</source>
+        <translation>ihre Druckfarben (CMYK oder Lab), die zu Rot, Grün und Blau werden</translation>
     </message>
 </context>
 <context>
@@ -1811,16 +1811,8 @@
         <translation>16 Bit je Kanal sind auf 8 verringert</translation>
     </message>
     <message>
-        <source>its colour profile is not one for RGB and was left out</source>
-        <translation>ihr Farbprofil ist keines für RGB und wurde weggelassen</translation>
-    </message>
-    <message>
         <source>%1 x %2 pixels are too many for this format</source>
         <translation>%1 x %2 Pixel sind zu viele für dieses Format</translation>
-    </message>
-    <message>
-        <source>the picture is no longer grey; its profile for grey was left out</source>
-        <translation>das Bild ist nicht mehr grau; sein Profil für Grau wurde weggelassen</translation>
     </message>
     <message>
         <source>pictures cannot be written in the format &quot;%1&quot;</source>
@@ -1851,16 +1843,24 @@
         <translation>das wurde abgebrochen</translation>
     </message>
     <message>
-        <source>its colours for print were converted to sRGB by its profile</source>
-        <translation>seine Druckfarben wurden nach seinem Profil in sRGB umgerechnet</translation>
-    </message>
-    <message>
         <source>the file is cut short, and a part of the picture is missing</source>
         <translation>die Datei ist abgeschnitten, und ein Teil des Bildes fehlt</translation>
     </message>
     <message>
         <source>the file is cut short behind the picture</source>
         <translation>die Datei ist hinter dem Bild abgeschnitten</translation>
+    </message>
+    <message>
+        <source>its color profile is not one for RGB and was left out</source>
+        <translation>ihr Farbprofil ist keines für RGB und wurde weggelassen</translation>
+    </message>
+    <message>
+        <source>its colors for print were converted to sRGB by its profile</source>
+        <translation>seine Druckfarben wurden nach seinem Profil in sRGB umgerechnet</translation>
+    </message>
+    <message>
+        <source>the picture is no longer gray; its profile for gray was left out</source>
+        <translation>das Bild ist nicht mehr grau; sein Profil für Grau wurde weggelassen</translation>
     </message>
 </context>
 <context>
@@ -1961,20 +1961,12 @@
         <translation>&amp;Neutral …</translation>
     </message>
     <message>
-        <source>Click a place of the photo that should be grey</source>
-        <translation>Auf eine Stelle des Fotos klicken, die grau sein soll</translation>
-    </message>
-    <message>
         <source>&amp;Black…</source>
         <translation>&amp;Schwarz …</translation>
     </message>
     <message>
         <source>Click a place of the photo that should be black</source>
         <translation>Auf eine Stelle des Fotos klicken, die schwarz sein soll</translation>
-    </message>
-    <message>
-        <source>&amp;Grey…</source>
-        <translation>&amp;Grau …</translation>
     </message>
     <message>
         <source>&amp;White…</source>
@@ -1985,11 +1977,19 @@
         <translation>Auf eine Stelle des Fotos klicken, die weiß sein soll</translation>
     </message>
     <message>
-        <source>&amp;Pick Colour…</source>
+        <source>Click a place of the photo that should be gray</source>
+        <translation>Auf eine Stelle des Fotos klicken, die grau sein soll</translation>
+    </message>
+    <message>
+        <source>&amp;Gray…</source>
+        <translation>&amp;Grau …</translation>
+    </message>
+    <message>
+        <source>&amp;Pick Color…</source>
         <translation>Farbe &amp;aufnehmen …</translation>
     </message>
     <message>
-        <source>Click a place of the photo that has the new colour</source>
+        <source>Click a place of the photo that has the new color</source>
         <translation>Auf eine Stelle des Fotos klicken, die die neue Farbe hat</translation>
     </message>
 </context>
@@ -2233,7 +2233,7 @@
         <translation>Histogramm des Ergebnisses über dem des Fotos vorher</translation>
     </message>
     <message>
-        <source>Lines: the photo as it is shown. Grey: as it was before.</source>
+        <source>Lines: the photo as it is shown. Gray: as it was before.</source>
         <translation>Linien: das Foto, wie es gezeigt wird. Grau: wie es vorher war.</translation>
     </message>
 </context>
@@ -2259,12 +2259,12 @@
         <translation>%1 px</translation>
     </message>
     <message>
-        <source>Colour %1, %2, %3</source>
-        <translation>Farbe %1, %2, %3</translation>
-    </message>
-    <message>
         <source>Moved by %1, %2 px</source>
         <translation>Um %1, %2 px verschoben</translation>
+    </message>
+    <message>
+        <source>Color %1, %2, %3</source>
+        <translation>Farbe %1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -2278,7 +2278,7 @@
         <translation>die Maske hat %1 × %2 Pixel, das Bild %3 × %4</translation>
     </message>
     <message>
-        <source>the mask is not grey alone</source>
+        <source>the mask is not gray alone</source>
         <translation>die Maske ist nicht rein grau</translation>
     </message>
 </context>
@@ -2328,16 +2328,16 @@
         <translation>Es gibt keine Auswahl, die sich verschieben ließe.</translation>
     </message>
     <message>
-        <source>A selection by colour lies where the colour is.</source>
-        <translation>Eine Auswahl nach Farbe liegt, wo die Farbe ist.</translation>
-    </message>
-    <message>
         <source>Nothing of the selection would be left.</source>
         <translation>Von der Auswahl bliebe nichts übrig.</translation>
     </message>
     <message>
         <source>There is not enough memory for this selection.</source>
         <translation>Für diese Auswahl reicht der Speicher nicht.</translation>
+    </message>
+    <message>
+        <source>A selection by color lies where the color is.</source>
+        <translation>Eine Auswahl nach Farbe liegt, wo die Farbe ist.</translation>
     </message>
 </context>
 <context>
@@ -2479,10 +2479,6 @@
         <translation>Eingabe, Leertaste</translation>
     </message>
     <message>
-        <source>At the crosshair: begin, set a corner, pick a colour; Return ends</source>
-        <translation>Am Fadenkreuz: beginnen, eine Ecke setzen, eine Farbe nehmen; Eingabe beendet</translation>
-    </message>
-    <message>
         <source>Backspace</source>
         <translation>Rücktaste</translation>
     </message>
@@ -2493,6 +2489,10 @@
     <message>
         <source>Give up what is being drawn, else drop the selection</source>
         <translation>Was gezeichnet wird, aufgeben, sonst die Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>At the crosshair: begin, set a corner, pick a color; Return ends</source>
+        <translation>Am Fadenkreuz: beginnen, eine Ecke setzen, eine Farbe nehmen; Eingabe beendet</translation>
     </message>
 </context>
 <context>
@@ -2672,20 +2672,8 @@
         <translation>Unbekanntes Profil (gezeigt als sRGB)</translation>
     </message>
     <message>
-        <source>%1: this is not a colour profile of a monitor</source>
-        <translation>%1: das ist kein Farbprofil eines Monitors</translation>
-    </message>
-    <message>
         <source>&amp;Monitor Profile</source>
         <translation>&amp;Monitorprofil</translation>
-    </message>
-    <message>
-        <source>Show colours by the profile that the desktop has for this monitor</source>
-        <translation>Farben nach dem Profil zeigen, das der Desktop für diesen Monitor hat</translation>
-    </message>
-    <message>
-        <source>Show colours by a profile from a file (ICC)</source>
-        <translation>Farben nach einem Profil aus einer Datei zeigen (ICC)</translation>
     </message>
     <message>
         <source>The &amp;Desktop’s</source>
@@ -2708,12 +2696,24 @@
         <translation>Monitorprofil</translation>
     </message>
     <message>
-        <source>Colour profiles</source>
-        <translation>Farbprofile</translation>
-    </message>
-    <message>
         <source>All files</source>
         <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>%1: this is not a color profile of a monitor</source>
+        <translation>%1: das ist kein Farbprofil eines Monitors</translation>
+    </message>
+    <message>
+        <source>Show colors by the profile that the desktop has for this monitor</source>
+        <translation>Farben nach dem Profil zeigen, das der Desktop für diesen Monitor hat</translation>
+    </message>
+    <message>
+        <source>Show colors by a profile from a file (ICC)</source>
+        <translation>Farben nach einem Profil aus einer Datei zeigen (ICC)</translation>
+    </message>
+    <message>
+        <source>Color profiles</source>
+        <translation>Farbprofile</translation>
     </message>
 </context>
 <context>
@@ -2891,10 +2891,6 @@
         <translation>Korrigiert Fotos mit den Adjustment Panels.</translation>
     </message>
     <message>
-        <source>Use dark window colours.</source>
-        <translation>Dunkle Fensterfarben verwenden.</translation>
-    </message>
-    <message>
         <source>Write a picture of the window to FILE (PNG) and quit.</source>
         <translation>Ein Bild des Fensters nach FILE (PNG) schreiben und enden.</translation>
     </message>
@@ -2913,6 +2909,18 @@
     <message>
         <source>The photos to open: the first, and all of them in a film strip.</source>
         <translation>Die Fotos, die geöffnet werden: das erste, und alle in einem Filmstreifen.</translation>
+    </message>
+    <message>
+        <source>Use dark window colors.</source>
+        <translation>Dunkle Fensterfarben verwenden.</translation>
+    </message>
+    <message>
+        <source>For --screenshot: a recipe that is one of the panel&apos;s presets; may be given several times.</source>
+        <translation>Für --screenshot: ein Rezept als Voreinstellung des Panels; mehrmals möglich.</translation>
+    </message>
+    <message>
+        <source>For --screenshot: the recipe whose steps the photo has already.</source>
+        <translation>Für --screenshot: das Rezept, dessen Schritte das Foto schon hat.</translation>
     </message>
 </context>
 <context>
@@ -3398,14 +3406,6 @@
         <translation>gespeicherte Anpassungen auf Fotos anwenden</translation>
     </message>
     <message>
-        <source>Adjusts any number of photos as a recipe says that panel-editor has saved, without a display. Names of files may be of any bytes. Results are written whole or not at all, with the metadata and the colour profile of the photo.</source>
-        <translation>Passt beliebig viele Fotos an, wie ein von panel-editor gespeichertes Rezept es sagt, ohne Bildschirm. Dateinamen dürfen aus beliebigen Bytes bestehen. Ergebnisse werden ganz oder gar nicht geschrieben, mit den Metadaten und dem Farbprofil des Fotos.</translation>
-    </message>
-    <message>
-        <source>If it is set and not empty, messages have no colours.</source>
-        <translation>Ist sie gesetzt und nicht leer, haben Meldungen keine Farben.</translation>
-    </message>
-    <message>
         <source>The folder for what does not fit into the memory; default: /var/tmp.</source>
         <translation>Der Ordner für das, was nicht in den Speicher passt; sonst /var/tmp.</translation>
     </message>
@@ -3490,10 +3490,6 @@
         <translation>Verlauf von %1 bis %2</translation>
     </message>
     <message>
-        <source>colour %1, tolerance %2</source>
-        <translation>Farbe %1, Toleranz %2</translation>
-    </message>
-    <message>
         <source>all but the %1</source>
         <translation>alles außer: %1</translation>
     </message>
@@ -3548,6 +3544,18 @@
     <message>
         <source>%1 is not UTF-8, which Qt 6 needs</source>
         <translation>%1 ist nicht UTF-8, was Qt 6 braucht</translation>
+    </message>
+    <message>
+        <source>color %1, tolerance %2</source>
+        <translation>Farbe %1, Toleranz %2</translation>
+    </message>
+    <message>
+        <source>Adjusts any number of photos as a recipe says that panel-editor has saved, without a display. Names of files may be of any bytes. Results are written whole or not at all, with the metadata and the color profile of the photo.</source>
+        <translation>Passt beliebig viele Fotos an, wie ein von panel-editor gespeichertes Rezept es sagt, ohne Bildschirm. Dateinamen dürfen aus beliebigen Bytes bestehen. Ergebnisse werden ganz oder gar nicht geschrieben, mit den Metadaten und dem Farbprofil des Fotos.</translation>
+    </message>
+    <message>
+        <source>If it is set and not empty, messages have no colors.</source>
+        <translation>Ist sie gesetzt und nicht leer, haben Meldungen keine Farben.</translation>
     </message>
 </context>
 <context>
