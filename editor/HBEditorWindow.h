@@ -137,6 +137,8 @@ private:
     void ShowZoom(double zoom);
     void HandOverSource();
 
+    static constexpr int StatusMilliseconds = 4000; ///< that a message stays in the status bar
+
     const bool m_Remember;
     HBFolders m_Folders;
     HBDocument m_Document;
