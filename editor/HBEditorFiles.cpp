@@ -25,8 +25,6 @@
 namespace
 {
 
-constexpr int StatusMilliseconds = 4000;
-
 QString RecipeFilter()
 {
     return HBEditorWindow::tr("Recipes") + " (*.json);;" + HBEditorWindow::tr("All files") + " (*)";

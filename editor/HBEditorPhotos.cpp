@@ -28,7 +28,6 @@ namespace
 {
 
 constexpr char RecipeType[] = "application/x-adjustment-recipe+json";
-constexpr int StatusMilliseconds = 4000;
 
 } // namespace
 

@@ -40,7 +40,6 @@ void HBEditorWindow::ConnectSelection()
         m_pActions->feather->setValue(m_pSelection->Feather());
         m_pActions->tolerance->setValue(m_pSelection->Tolerance());
     });
-    connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::HandOverSource);
     connect(m_pSelection, &HBSelectionTool::Changed, this, &HBEditorWindow::NoteSelection);
     connect(m_pSelection, &HBSelectionTool::Told, this,
             [this](const QString& text) { statusBar()->showMessage(text); });
@@ -53,6 +52,6 @@ void HBEditorWindow::ConnectSelection()
 /// What is selected, for undo. An open panel has a history of its own.
 void HBEditorWindow::NoteSelection(int gesture)
 {
-    if (!m_pSession && m_OpenedStep < 0)
+    if (!m_pPanel)
         m_Document.SetSelection(m_pSelection->Shape(), gesture);
 }

@@ -7,7 +7,7 @@
 #include "HBEditorActions.h"
 #include "HBEditorWindow.h"
 #include "HBMessageBar.h"
-#include "HBPanelGestures.h"
+#include "HBOpenPanel.h"
 #include "HBPresetStrip.h"
 #include "HBRecovery.h"
 #include "HBSelectionTool.h"
@@ -76,10 +76,10 @@ void HBEditorWindow::ShowSteps()
 {
     const HBEditorActions& a = *m_pActions;
     const QUndoStack& history = m_Document.History();
-    a.undo->setEnabled(m_pGestures ? m_pGestures->CanUndo() : !m_pSession && history.canUndo());
-    a.redo->setEnabled(m_pGestures ? m_pGestures->CanRedo() : !m_pSession && history.canRedo());
-    m_pGiveUp->setEnabled(!m_pSession); // its step would be another, or none
-    m_pSteps->SetOpened(m_pSession, m_OpenedStep);
+    a.undo->setEnabled(m_pPanel ? m_pPanel->CanUndo() : history.canUndo());
+    a.redo->setEnabled(m_pPanel ? m_pPanel->CanRedo() : history.canRedo());
+    m_pGiveUp->setEnabled(!m_pPanel); // its step would be another, or none
+    m_pSteps->SetOpened(m_pPanel, m_pPanel ? m_pPanel->OpenedStep() : -1);
     const bool isListed = m_pShowSteps->isChecked() && m_Document.StepCount() > 0;
     if (isListed != !m_pStepsDock->isHidden())
         m_pStepsDock->setVisible(isListed);
@@ -93,16 +93,16 @@ void HBEditorWindow::ShowProgress(int percent)
 
 void HBEditorWindow::Undo()
 {
-    if (m_pGestures)
-        m_pGestures->Undo();
+    if (m_pPanel)
+        m_pPanel->Undo();
     else
         m_Document.History().undo();
 }
 
 void HBEditorWindow::Redo()
 {
-    if (m_pGestures)
-        m_pGestures->Redo();
+    if (m_pPanel)
+        m_pPanel->Redo();
     else
         m_Document.History().redo();
 }
@@ -143,38 +143,16 @@ bool HBEditorWindow::Settle()
 
 // ---- The panel of a step ----
 
-/// By the user. To a new step a selection alone is nothing.
-bool HBEditorWindow::IsPanelChanged() const
-{
-    return m_pGestures &&
-           (m_pGestures->AreValuesChanged() || (m_OpenedStep >= 0 && m_pGestures->IsSelectionChanged()));
-}
-
 bool HBEditorWindow::OpenStep(int step)
 {
     if (step < 0 || step >= m_Document.StepCount() || !MayLeavePanel())
         return false;
-    const HBRecipeStep stored = m_Document.StepAt(step);
-    const HBPanelEntry* entry = HBFindPanel(stored.panel);
+    const HBPanelEntry* entry = HBFindPanel(m_Document.StepAt(step).panel);
     HBImage<> source;
     if (!entry || !Compute(m_Document.AllSteps().mid(0, step), &source))
         return false;
-    m_PanelSource = source;
-    m_OpenedStep = step;
-    m_pSelection->SetShape(stored.selection);
-    BeginPanel(*entry);
+    BeginPanel(*entry, source, step);
     return true;
-}
-
-/// What its OK makes of the stack.
-HBRecipeStep HBEditorWindow::PanelStep() const
-{
-    HBRecipeStep step = m_pSession->Step();
-    if (m_pSession->HasSelection() && !m_pSession->Entry().adjustment->IgnoresSelection()) // overlays have none
-        step.selection = m_pSelection->Shape();
-    if (m_OpenedStep >= 0)
-        step.amount = m_Document.StepAt(m_OpenedStep).amount;
-    return step;
 }
 
 /// For the case of a crash.
@@ -182,16 +160,16 @@ void HBEditorWindow::KeepPanel()
 {
     if (!m_pRecovery)
         return;
-    const bool acts = m_pSession && (IsPanelChanged() || m_ActsUntouched);
-    m_pRecovery->SetPanel(acts ? PanelStep() : HBRecipeStep(), m_OpenedStep);
+    const bool acts = m_pPanel && m_pPanel->Acts();
+    m_pRecovery->SetPanel(acts ? m_pPanel->Step() : HBRecipeStep(), acts ? m_pPanel->OpenedStep() : -1);
 }
 
 void HBEditorWindow::ApplyPanel(const HBImage<>& image)
 {
-    const int opened = m_OpenedStep;
-    const HBRecipeStep step = PanelStep();
+    const int opened = m_pPanel->OpenedStep();
+    const HBRecipeStep step = m_pPanel->Step();
     // A panel that acts by the values it opens with does something though nobody has touched it.
-    const bool isStep = IsPanelChanged() || (opened < 0 && IsPanelSeen(image));
+    const bool isStep = m_pPanel->IsChanged() || (opened < 0 && IsPanelSeen(image));
     m_LastStep = step;
     QString ignored; // the step counts, not that it is remembered
     if (m_pPresets)

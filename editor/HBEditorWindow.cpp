@@ -8,9 +8,8 @@
 #include "HBEditorActions.h"
 #include "HBFilmStrip.h"
 #include "HBMessageBar.h"
-#include "HBOverlayBox.h"
+#include "HBOpenPanel.h"
 #include "HBPanelFinder.h"
-#include "HBPanelGestures.h"
 #include "HBPanelHead.h"
 #include "HBPanelPlacement.h"
 #include "HBPhotoFrame.h"
@@ -22,10 +21,8 @@
 #include "HBStepList.h"
 #include "HBViewAids.h"
 
-#include <HBAdjustmentWidget.h>
 #include <KMDocumentView.h>
 
-#include <QAbstractSpinBox>
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
@@ -50,6 +47,7 @@
 #include <QVBoxLayout>
 
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -103,13 +101,13 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
     connect(m_pAids, &HBViewAids::Failed, m_pMessages, &HBMessageBar::ShowError);
     connect(m_pAids, &HBViewAids::Hinted, this, [this](const QString& text) { statusBar()->showMessage(text); });
     connect(m_pPlacement, &HBPanelPlacement::Dismissed, this, [this] {
-        if (m_pSession)
-            m_pSession->Reject();
+        if (m_pPanel)
+            Session()->Reject();
     });
     connect(m_pPlacement, &HBPanelPlacement::Closed, this, &HBEditorWindow::MayLeavePanel);
     connect(m_pPlacement, &HBPanelPlacement::Confirmed, this, [this] {
-        if (m_pSession)
-            m_pSession->Accept();
+        if (m_pPanel)
+            Session()->Accept();
     });
     qApp->installEventFilter(this); // the keys that show the photo as it was work from a panel's dialog too
     resize(QSize(1100, 760).boundedTo(screen()->availableSize() * 9 / 10));
@@ -120,7 +118,7 @@ HBEditorWindow::HBEditorWindow(bool remember, QWidget* parent)
 HBEditorWindow::~HBEditorWindow()
 {
     qApp->removeEventFilter(this);
-    delete m_pSession;
+    delete m_pPanel;
     m_Document.disconnect(this);
 }
 
@@ -150,8 +148,8 @@ void HBEditorWindow::ConnectActions()
     connect(a.showBefore, &QToolButton::released, this, [this] { m_pBeforeAfter->SetHeld(false); });
     connect(a.dark, &QAction::toggled, this, HBUseDarkColors);
     connect(a.docked, &QAction::toggled, this, [this](bool docked) {
-        if (m_pSession && m_pPanelBox)
-            m_pPlacement->Show(m_pPanelBox, m_pSession->Entry().Title(), docked);
+        if (m_pPanel && m_pPanelBox)
+            m_pPlacement->Show(m_pPanelBox, Session()->Entry().Title(), docked);
         ShowDocument();
     });
     connect(a.panels, &QActionGroup::triggered, this,
@@ -209,61 +207,50 @@ bool HBEditorWindow::OpenPanel(const HBPanelEntry& entry)
     if (!m_Document.IsOpen() || !MayLeavePanel() || !Settle())
         return false;
     m_pMessages->hide(); // it was about another step
-    m_PanelSource = m_Document.Image();
-    BeginPanel(entry);
+    BeginPanel(entry, m_Document.Image());
     return true;
 }
 
-/// On m_PanelSource.
-void HBEditorWindow::BeginPanel(const HBPanelEntry& entry)
+void HBEditorWindow::BeginPanel(const HBPanelEntry& entry, const HBImage<>& source, int opened)
 {
-    m_pSession = new HBPanelSession(entry, this);
-    m_pSession->SetView(m_pView);
-    connect(m_pSession, &HBPanelSession::PreviewReady, m_pView, &KMDocumentView::SetPicture);
-    connect(m_pSession, &HBPanelSession::SightReady, m_pView, &KMDocumentView::ShowSight);
-    connect(m_pSession, &HBPanelSession::SightOver, m_pView, &KMDocumentView::EndSight);
-    connect(m_pView, &KMDocumentView::SightChanged, m_pSession, &HBPanelSession::SetSight);
-    connect(m_pSession, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
-    connect(m_pSession, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
-    connect(m_pSession, &HBPanelSession::Resumed, this, [this](const QString& reason) {
+    m_pPanel = new HBOpenPanel(entry, source, opened, &m_Document, m_pSelection, m_pView, this);
+    ConnectPanel();
+    MakePanelBox();
+    m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
+    ShowDocument();
+    m_pPanel->Begin();
+}
+
+void HBEditorWindow::ConnectPanel()
+{
+    const HBPanelSession* session = m_pPanel->Session();
+    connect(session, &HBPanelSession::Accepted, this, &HBEditorWindow::ApplyPanel);
+    connect(session, &HBPanelSession::Rejected, this, &HBEditorWindow::DropPanel);
+    connect(session, &HBPanelSession::Resumed, this, [this](const QString& reason) {
         if (reason.isEmpty())
             m_pMessages->ShowNote(tr("The adjustment was stopped. The photo may not show your last change yet."));
         else
             m_pMessages->ShowError(reason);
     });
-    connect(m_pSession, &HBPanelSession::Troubled, m_pMessages, [this](const QString& reason) {
+    connect(session, &HBPanelSession::Troubled, m_pMessages, [this](const QString& reason) {
         if (reason.isEmpty())
             m_pMessages->hide();
         else
             m_pMessages->ShowError(reason);
     });
-    if (HBOverlayBox::IsFor(entry)) {
-        if (m_OpenedStep < 0)
-            HBOverlayBox::SetFirstSize(m_pSession);
-        new HBOverlayBox(m_pSession, m_pView);
-    }
-    MakePanelBox();
-    m_pPlacement->Show(m_pPanelBox, entry.Title(), m_pActions->docked->isChecked());
-    if (m_OpenedStep >= 0) {
-        m_pSession->SetAmount(m_Document.StepAt(m_OpenedStep).amount);
-        m_pSession->SetStep(m_Document.StepAt(m_OpenedStep));
-    }
-    m_pGestures = new HBPanelGestures(m_pSession, m_pSelection, m_pSession);
-    connect(m_pGestures, &HBPanelGestures::Changed, this, &HBEditorWindow::ShowSteps);
-    connect(m_pGestures, &HBPanelGestures::Done, this, &HBEditorWindow::KeepPanel);
-    connect(m_pSession, &HBPanelSession::PreviewReady, this, [this](const HBImage<>& image) {
-        if (!m_pRecovery || m_OpenedStep >= 0 || !m_pGestures || m_pGestures->AreValuesChanged())
-            return;
-        try {
-            m_ActsUntouched = !HBHaveSamePixels(image, m_PanelSource);
-        } catch (const std::bad_alloc&) {
-            m_ActsUntouched = true; // rather a step too many than one that is lost
-        }
-        KeepPanel();
+    connect(session, &HBPanelSession::PreviewReady, this, [this](const HBImage<>& preview) {
+        if (m_pRecovery && m_pPanel->LookAt(preview))
+            KeepPanel();
     });
-    ShowDocument();
-    m_pSession->SetSight(m_pView->SightArea(), m_pView->Zoom());
-    HandOverSource();
+    connect(m_pPanel, &HBOpenPanel::Changed, this, &HBEditorWindow::ShowSteps);
+    connect(m_pPanel, &HBOpenPanel::Done, this, &HBEditorWindow::KeepPanel);
+    connect(m_pPanel, &HBOpenPanel::SelectionLacksMemory, this,
+            [this] { m_pMessages->ShowError(tr("There is not enough memory for this selection.")); });
+}
+
+HBPanelSession* HBEditorWindow::Session() const
+{
+    return m_pPanel ? m_pPanel->Session() : nullptr;
 }
 
 HBPresetStrip* HBEditorWindow::Presets() const
@@ -279,30 +266,14 @@ void HBEditorWindow::MakePanelBox()
                                ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/presets"
                                : m_pNotRemembered->path();
     m_pPanelBox = new QWidget;
-    m_pPresets = new HBPresetStrip(folder, m_pSession, &m_Folders);
+    m_pPresets = new HBPresetStrip(folder, Session(), &m_Folders);
     auto* layout = new QVBoxLayout(m_pPanelBox);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_pPresets);
-    layout->addWidget(m_pAids->BeginPanel(m_pSession));
+    layout->addWidget(m_pAids->BeginPanel(Session()));
     connect(m_pPresets, &HBPresetStrip::Failed, m_pMessages, &HBMessageBar::ShowError);
-}
-
-/// To a panel that is open; the selection may be another than before.
-void HBEditorWindow::HandOverSource()
-{
-    if (!m_pSession)
-        return;
-    try {
-        m_pSession->SetTarget(m_pSelection->SelectIn(m_PanelSource, m_Document.Original()));
-        m_HandedOver = m_pSelection->Shape();
-        m_pPresets->ShowPreviews();
-    } catch (const std::bad_alloc&) {
-        m_pMessages->ShowError(tr("There is not enough memory for this selection."));
-        // What is shown is what the panel works on.
-        if (m_pSelection->Shape() != m_HandedOver)
-            m_pSelection->SetShape(m_HandedOver);
-    }
+    connect(m_pPanel, &HBOpenPanel::TargetSet, m_pPresets, &HBPresetStrip::ShowPreviews);
 }
 
 /// By a panel that is opened and confirmed, so that it is a step like any other.
@@ -312,8 +283,8 @@ void HBEditorWindow::RepeatLast()
     const HBRecipeStep step = m_LastStep;
     if (!entry || !OpenPanel(*entry))
         return;
-    m_pSession->SetStep(step);
-    m_pSession->Accept();
+    Session()->SetStep(step);
+    Session()->Accept();
 }
 
 void HBEditorWindow::FindPanel()
@@ -329,24 +300,17 @@ void HBEditorWindow::DropPanel()
     NoteSelection();
 }
 
-/// Not at once: this may be one of the panel's own signals.
 void HBEditorWindow::ClosePanel()
 {
-    if (!m_pSession)
+    if (!m_pPanel)
         return;
-    m_pSession->disconnect(this);
-    m_pSession->disconnect(m_pView);
-    m_pSession->deleteLater();
-    m_pSession = nullptr;
-    delete m_pGestures; // it looks at the selection
-    m_PanelSource = HBImage<>();
-    m_HandedOver = {};
-    m_ActsUntouched = false;
+    HBOpenPanel* panel = std::exchange(m_pPanel, nullptr);
+    panel->Session()->disconnect(this);
+    panel->disconnect(this);
+    panel->End();
     KeepPanel();
-    if (m_OpenedStep >= 0) {
-        m_OpenedStep = -1;
+    if (!panel->IsNewStep())
         m_pSelection->SetShape(m_Document.Selection());
-    }
     m_pView->SetOverrideCursor(QCursor());
     m_pView->EndSight();
     m_pPlacement->Close();
@@ -358,7 +322,7 @@ void HBEditorWindow::ClosePanel()
 /// Whether the open panel has made another picture than that which it was given. Some panels do as they open.
 bool HBEditorWindow::IsPanelSeen(const HBImage<>& shown)
 {
-    const HBImage<> photo = m_PanelSource;
+    const HBImage<> photo = m_pPanel->Source();
     bool same = false;
     HBBusyDialog::Run(tr("Looking for changes"), this, [&] {
         try {
@@ -373,26 +337,27 @@ bool HBEditorWindow::IsPanelSeen(const HBImage<>& shown)
 /// Would anything be lost with the open panel?
 bool HBEditorWindow::HasPanelWork()
 {
-    if (!m_pSession || !m_pGestures)
+    if (!m_pPanel)
         return false;
     // What a step that is opened does, it does already.
-    return IsPanelChanged() || (m_OpenedStep < 0 && IsPanelSeen(m_pView->Picture()));
+    return m_pPanel->IsChanged() || (m_pPanel->IsNewStep() && IsPanelSeen(m_pView->Picture()));
 }
 
 /// As its OK, and waits for it. False if it goes on: the user stopped the wait, or it failed.
 bool HBEditorWindow::AcceptPanel()
 {
-    if (!m_pSession)
+    HBPanelSession* session = Session();
+    if (!session)
         return true;
     QEventLoop loop;
-    connect(m_pSession, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
-    connect(m_pSession, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
-    connect(m_pSession, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
-    connect(m_pSession, &QObject::destroyed, &loop, &QEventLoop::quit);
+    connect(session, &HBPanelSession::Accepted, &loop, &QEventLoop::quit);
+    connect(session, &HBPanelSession::Rejected, &loop, &QEventLoop::quit);
+    connect(session, &HBPanelSession::Resumed, &loop, &QEventLoop::quit);
+    connect(session, &QObject::destroyed, &loop, &QEventLoop::quit);
     // Queued, so that an answer that comes at once finds the loop running.
-    QTimer::singleShot(0, m_pSession, &HBPanelSession::Accept);
+    QTimer::singleShot(0, session, &HBPanelSession::Accept);
     loop.exec();
-    return !m_pSession;
+    return !m_pPanel;
 }
 
 /// Ends an open panel, after asking what is to become of its changes. False if the user wants to stay.
@@ -403,7 +368,7 @@ bool HBEditorWindow::MayLeavePanel()
         return true;
     }
     const auto answer = QMessageBox::question(
-        this, tr("Panel Editor"), tr("Apply the changes of “%1”?").arg(m_pSession->Entry().Title()),
+        this, tr("Panel Editor"), tr("Apply the changes of “%1”?").arg(Session()->Entry().Title()),
         QMessageBox::Apply | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Apply);
     if (answer == QMessageBox::Cancel)
         return false;
@@ -423,7 +388,7 @@ bool HBEditorWindow::MayLeavePhoto()
     }
     const QString text =
         panel ? tr("“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?")
-                    .arg(m_Document.FileName(), m_pSession->Entry().Title())
+                    .arg(m_Document.FileName(), Session()->Entry().Title())
               : tr("“%1” has changes that are not saved. Save them?").arg(m_Document.FileName());
     const auto answer =
         QMessageBox::question(this, tr("Panel Editor"), text,
@@ -441,10 +406,10 @@ bool HBEditorWindow::MayLeavePhoto()
 void HBEditorWindow::ShowDocument()
 {
     const bool open = m_Document.IsOpen();
-    const bool panel = m_pSession;
+    const bool panel = m_pPanel;
     if (!panel)
         m_pView->SetPicture(m_Document.Image());
-    m_pAids->ShowPhoto(panel ? m_PanelSource : m_Document.Image(), m_Document.Original(), panel);
+    m_pAids->ShowPhoto(panel ? m_pPanel->Source() : m_Document.Image(), m_Document.Original(), panel);
 
     m_pSelection->SetEscapeDeselects(!panel || !m_pActions->docked->isChecked());
 
@@ -518,7 +483,7 @@ void HBEditorWindow::dropEvent(QDropEvent* event)
 /// A docked panel and the photo are one window: its OK and Cancel keys work there too.
 void HBEditorWindow::keyPressEvent(QKeyEvent* event)
 {
-    const bool inPhoto = m_pSession && m_pActions->docked->isChecked() && m_pView->hasFocus();
+    const bool inPhoto = m_pPanel && m_pActions->docked->isChecked() && m_pView->hasFocus();
     if (!inPhoto || !m_pPlacement->TakeKey(event))
         QMainWindow::keyPressEvent(event);
 }

@@ -20,7 +20,7 @@ class HBFilmStrip;
 class HBPresetStrip;
 class HBRecipeMenu;
 class HBMessageBar;
-class HBPanelGestures;
+class HBOpenPanel;
 class HBPanelPlacement;
 class HBRecovery;
 class HBSelectionTool;
@@ -62,7 +62,8 @@ public:
     void UseRecovery(const QString& folder);
 
     const HBDocument& Document() const { return m_Document; }
-    HBPanelSession* Session() const { return m_pSession; }
+    /// Null while no panel is open.
+    HBPanelSession* Session() const;
     KMDocumentView* View() const { return m_pView; }
     HBSelectionTool* SelectionTool() const { return m_pSelection; }
     HBMessageBar* MessageBar() const { return m_pMessages; }
@@ -91,8 +92,6 @@ private:
     bool MayLeavePhoto();
     bool MayLeavePanel();
     bool IsPanelSeen(const HBImage<>& shown);
-    bool IsPanelChanged() const;
-    HBRecipeStep PanelStep() const;
     void KeepPanel();
     bool HasPanelWork();
     bool AcceptPanel();
@@ -103,7 +102,8 @@ private:
     void BuildSteps();
     void ShowSteps();
     void ShowProgress(int percent);
-    void BeginPanel(const HBPanelEntry& entry);
+    void BeginPanel(const HBPanelEntry& entry, const HBImage<>& source, int opened = -1);
+    void ConnectPanel();
     bool Compute(const QVector<HBRecipeStep>& steps, HBImage<>* image);
     bool Settle();
     void Undo();
@@ -135,21 +135,17 @@ private:
 
     void ShowDocument();
     void ShowZoom(double zoom);
-    void HandOverSource();
+
+    static constexpr int StatusMilliseconds = 4000; ///< that a message stays in the status bar
 
     const bool m_Remember;
     HBFolders m_Folders;
     HBDocument m_Document;
-    QPointer<HBPanelSession> m_pSession;
+    HBOpenPanel* m_pPanel = nullptr;
     QPointer<QWidget> m_pPanelBox; ///< the open panel below its presets
     QPointer<HBPresetStrip> m_pPresets;
     std::unique_ptr<QTemporaryDir> m_pNotRemembered; ///< where presets go when nothing is remembered
     HBRecipeStep m_LastStep;                         ///< what Repeat Last applies; of no panel at first
-    QPointer<HBPanelGestures> m_pGestures;           ///< of the session
-    HBImage<> m_PanelSource;                         ///< what the open panel works on
-    HBSelectionShape m_HandedOver;                   ///< the selection that it works on
-    int m_OpenedStep = -1;                           ///< that it changes; -1: it makes a new one
-    bool m_ActsUntouched = false;                    ///< it does something by the values that it opened with
     HBStepList* m_pSteps = nullptr;
     QDockWidget* m_pStepsDock = nullptr;
     QAction* m_pShowSteps = nullptr;

@@ -28,7 +28,7 @@ namespace
 {
 
 constexpr char SuffixKey[] = "export/format";
-constexpr char QualityKey[] = "export/quality";
+constexpr char ExportQualityKey[] = "export/quality";
 constexpr char SrgbKey[] = "export/srgb";
 constexpr char ChromaKey[] = "export/chroma";
 
@@ -160,7 +160,7 @@ void HBExportDialog::ReadSettings()
         return m_Remember ? QSettings().value(key, otherwise) : otherwise;
     };
     m_pFormat->setCurrentIndex(qMax(0, m_pFormat->findData(value(SuffixKey, "jpg"))));
-    m_pQuality->setValue(value(QualityKey, HBPhotoOptions().quality).toInt());
+    m_pQuality->setValue(value(ExportQualityKey, HBPhotoOptions().quality).toInt());
     m_pQualityBox->setValue(m_pQuality->value());
     m_pSrgb->setChecked(value(SrgbKey, false).toBool());
     m_pChroma->setCurrentIndex(qMax(0, m_pChroma->findData(value(ChromaKey, int(HBChroma::ByQuality)).toInt())));
@@ -172,7 +172,7 @@ void HBExportDialog::WriteSettings() const
         return;
     QSettings settings;
     settings.setValue(SuffixKey, Suffix());
-    settings.setValue(QualityKey, m_pQuality->value());
+    settings.setValue(ExportQualityKey, m_pQuality->value());
     settings.setValue(SrgbKey, m_pSrgb->isChecked());
     settings.setValue(ChromaKey, m_pChroma->currentData());
 }

@@ -20,8 +20,8 @@
 namespace
 {
 
-constexpr int Side = 96;  // of a thumbnail in the strip
-constexpr int Ahead = 24; // made before they are seen
+constexpr int StripSide = 96; // of a thumbnail in the strip
+constexpr int Ahead = 24;     // made before they are seen
 constexpr int MostKept = 3000;
 
 /// With numbers as long as those of cameras become, so that 9 comes before 10. QCollator's numeric mode does
@@ -58,7 +58,7 @@ QStringList PhotosIn(const QString& folder)
 /// In the middle of a square, so that all names stand in one line.
 QIcon Framed(const QImage& thumbnail, qreal ratio)
 {
-    const int side = qRound(Side * ratio);
+    const int side = qRound(StripSide * ratio);
     QPixmap square(side, side);
     square.fill(Qt::transparent);
     if (!thumbnail.isNull()) {
@@ -84,8 +84,8 @@ HBFilmStrip::HBFilmStrip(QWidget* parent) : QDockWidget(tr("Film Strip"), parent
     m_pList->setMovement(QListView::Static);
     m_pList->setUniformItemSizes(true);
     m_pList->setTextElideMode(Qt::ElideMiddle);
-    m_pList->setIconSize(QSize(Side, Side));
-    m_pList->setGridSize(QSize(Side + 48, Side + fontMetrics().height() + 12));
+    m_pList->setIconSize(QSize(StripSide, StripSide));
+    m_pList->setGridSize(QSize(StripSide + 48, StripSide + fontMetrics().height() + 12));
     m_pList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pList->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

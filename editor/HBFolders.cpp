@@ -11,7 +11,7 @@
 namespace
 {
 
-QString Key(HBFolders::Purpose purpose)
+QString KeyOf(HBFolders::Purpose purpose)
 {
     constexpr const char* names[] = {"photos", "exports", "recipes", "presets"};
     return QString("folders/") + names[purpose];
@@ -23,7 +23,7 @@ QString HBFolders::Folder(Purpose purpose, const QString& photo) const
 {
     QString used = m_Used.value(purpose);
     if (used.isEmpty() && m_Remember)
-        used = QSettings().value(Key(purpose)).toString();
+        used = QSettings().value(KeyOf(purpose)).toString();
     const QString beside = photo.isEmpty() ? QString() : QFileInfo(photo).absolutePath();
     const bool besideFirst = purpose == Photos;
     for (const QString& folder :
@@ -38,5 +38,5 @@ void HBFolders::SetUsed(Purpose purpose, const QString& path)
 {
     m_Used[purpose] = QFileInfo(path).absolutePath();
     if (m_Remember)
-        QSettings().setValue(Key(purpose), m_Used[purpose]);
+        QSettings().setValue(KeyOf(purpose), m_Used[purpose]);
 }

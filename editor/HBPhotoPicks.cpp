@@ -16,7 +16,7 @@
 namespace
 {
 
-struct Text
+struct PickText
 {
     Q_DECLARE_TR_FUNCTIONS(HBPhotoPicks)
 };
@@ -152,17 +152,18 @@ QVector<HBPhotoPick> HBPhotoPicksOf(const QString& panel)
 {
     using namespace std::placeholders;
     if (panel == "HBTemperatureWidget") {
-        return {{Text::tr("&Neutral…"), Text::tr("Click a place of the photo that should be gray"), PickNeutral}};
+        return {{PickText::tr("&Neutral…"), PickText::tr("Click a place of the photo that should be gray"),
+                 PickNeutral}};
     }
     if (panel == "HBLevelsWidget") {
-        return {{Text::tr("&Black…"), Text::tr("Click a place of the photo that should be black"),
+        return {{PickText::tr("&Black…"), PickText::tr("Click a place of the photo that should be black"),
                  std::bind(PickEnd, 0, _1, _2)},
-                {Text::tr("&Gray…"), Text::tr("Click a place of the photo that should be gray"), PickGrey},
-                {Text::tr("&White…"), Text::tr("Click a place of the photo that should be white"),
+                {PickText::tr("&Gray…"), PickText::tr("Click a place of the photo that should be gray"), PickGrey},
+                {PickText::tr("&White…"), PickText::tr("Click a place of the photo that should be white"),
                  std::bind(PickEnd, 1, _1, _2)}};
     }
     if (panel == "HBReplaceColorWidget") {
-        return {{Text::tr("&Pick Color…"), Text::tr("Click a place of the photo that has the new color"),
+        return {{PickText::tr("&Pick Color…"), PickText::tr("Click a place of the photo that has the new color"),
                  PickReplacement}};
     }
     return {};

@@ -25,7 +25,7 @@ namespace
 {
 
 /// Of a preset's picture; a low screen has better use for the room.
-int Side()
+int PresetSide()
 {
     return QGuiApplication::primaryScreen()->availableSize().height() < 800 ? 40 : 64;
 }
@@ -51,9 +51,9 @@ HBPresetStrip::HBPresetStrip(const QString& folder, HBPanelSession* session, HBF
     m_pList->setWrapping(false);
     m_pList->setMovement(QListView::Static);
     m_pList->setTextElideMode(Qt::ElideRight);
-    m_pList->setIconSize(QSize(Side(), Side()));
-    const int width = qMax(Side() + 12, fontMetrics().horizontalAdvance(tr("Last used")) + 16);
-    m_pList->setGridSize(QSize(width, Side() + fontMetrics().height() + 10));
+    m_pList->setIconSize(QSize(PresetSide(), PresetSide()));
+    const int width = qMax(PresetSide() + 12, fontMetrics().horizontalAdvance(tr("Last used")) + 16);
+    m_pList->setGridSize(QSize(width, PresetSide() + fontMetrics().height() + 10));
     m_pList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // The wheel and the arrow keys go along the row; a scroll bar would take a third of the height.
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -115,7 +115,7 @@ void HBPresetStrip::List()
     for (const QString& name : m_Presets.Names())
         m_Entries.append({name, name, m_Presets.Values(name)});
     m_pList->clear();
-    QPixmap empty(Side(), Side());
+    QPixmap empty(PresetSide(), PresetSide());
     empty.fill(Qt::transparent);
     for (const Entry& entry : qAsConst(m_Entries)) {
         auto* item = new QListWidgetItem(QIcon(empty), entry.title, m_pList);
@@ -133,7 +133,7 @@ void HBPresetStrip::ShowPreviews()
     for (const Entry& entry : qAsConst(m_Entries))
         recipes.append(HBRecipe{{{QString::fromLatin1(m_pSession->Entry().className), entry.values}}});
     m_IsComplete = false;
-    m_Previews.Ask(m_pSession->Target().source, recipes, Side() * int(std::ceil(devicePixelRatioF())));
+    m_Previews.Ask(m_pSession->Target().source, recipes, PresetSide() * int(std::ceil(devicePixelRatioF())));
 }
 
 void HBPresetStrip::Apply(int row)

@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr char Key[] = "files/recent";
+constexpr char PathsKey[] = "files/recent";
 
 }
 
@@ -22,7 +22,7 @@ HBRecentFiles::HBRecentFiles(bool remember, QMenu* menu) : m_Remember(remember),
 /// Another window may have added some.
 QStringList HBRecentFiles::Paths() const
 {
-    return m_Remember ? QStringList(QSettings().value(Key).toStringList().mid(0, Most)) : m_Paths;
+    return m_Remember ? QStringList(QSettings().value(PathsKey).toStringList().mid(0, Most)) : m_Paths;
 }
 
 void HBRecentFiles::Add(const QString& path)
@@ -32,7 +32,7 @@ void HBRecentFiles::Add(const QString& path)
     m_Paths.prepend(path);
     m_Paths = m_Paths.mid(0, Most);
     if (m_Remember)
-        QSettings().setValue(Key, m_Paths);
+        QSettings().setValue(PathsKey, m_Paths);
 }
 
 void HBRecentFiles::Fill()

@@ -7,8 +7,6 @@
 namespace
 {
 
-constexpr int TileSide = HBImage<>::TileSide;
-
 /// A tile at the border reaches beyond the image, with pixels that nobody sees.
 bool HaveSamePixels(const KMTileRef& a, const KMTileRef& b, const QSize& seen)
 {
@@ -16,7 +14,8 @@ bool HaveSamePixels(const KMTileRef& a, const KMTileRef& b, const QSize& seen)
     const KMTilePin<HBRGBA32i> pinB(b, false);
     const std::size_t bytes = std::size_t(seen.width()) * sizeof(HBRGBA32i);
     for (int y = 0; y < seen.height(); ++y) {
-        if (std::memcmp(pinA.Pixels() + y * TileSide, pinB.Pixels() + y * TileSide, bytes) != 0)
+        if (std::memcmp(pinA.Pixels() + y * HBImage<>::TileSide, pinB.Pixels() + y * HBImage<>::TileSide, bytes) !=
+            0)
             return false;
     }
     return true;

@@ -19,7 +19,7 @@ using Kind = HBShape::Kind;
 constexpr double CloseReach = 6;         // pixels of the screen from the first corner of a lasso
 const QRectF Farthest(-20, -20, 41, 41); // shares; recipes take shapes up to 100 photos away
 
-struct Text
+struct GestureText
 {
     Q_DECLARE_TR_FUNCTIONS(HBSelectionGesture)
 };
@@ -36,7 +36,7 @@ QPointF Shares(const QPointF& point, const HBImage<>& photo)
 
 QString SizeText(const QSize& size)
 {
-    return Text::tr("%1 × %2 px").arg(size.width()).arg(size.height());
+    return GestureText::tr("%1 × %2 px").arg(size.width()).arg(size.height());
 }
 
 /// Draws a shape, which is combined with those that are there.
@@ -126,7 +126,7 @@ public:
     }
     bool Set(const QPointF&, bool) override { return true; }
     QPolygonF Line() const override { return QPolygonF(QVector<QPointF>{m_Way.p1(), m_Way.p2()}); }
-    QString Measure() const override { return Text::tr("%1 px").arg(qRound(m_Way.length())); }
+    QString Measure() const override { return GestureText::tr("%1 px").arg(qRound(m_Way.length())); }
 
 protected:
     std::optional<HBShape> Shape() const override
@@ -237,7 +237,7 @@ public:
     bool Set(const QPointF&, bool) override { return true; }
     QString Measure() const override
     {
-        return Text::tr("Color %1, %2, %3")
+        return GestureText::tr("Color %1, %2, %3")
             .arg(qRed(m_Shape.color))
             .arg(qGreen(m_Shape.color))
             .arg(qBlue(m_Shape.color));
@@ -298,7 +298,7 @@ public:
         }
         return isSeen ? moved : m_Start.before;
     }
-    QString Measure() const override { return Text::tr("Moved by %1, %2 px").arg(m_By.x()).arg(m_By.y()); }
+    QString Measure() const override { return GestureText::tr("Moved by %1, %2 px").arg(m_By.x()).arg(m_By.y()); }
 
 private:
     const HBSelectionStart m_Start;

@@ -17,8 +17,8 @@ namespace
 
 using Steps = HBStackResult::Steps;
 
-constexpr int PatienceMilliseconds = 400;
-constexpr int GlanceMilliseconds = 100;
+constexpr int ProgressAfterMilliseconds = 400;
+constexpr int ProgressEveryMilliseconds = 100;
 
 /// Those that change anything.
 Steps Acting(const Steps& all)
@@ -44,7 +44,7 @@ public:
     Control() { m_Since.start(); }
     void SetProgress(int value) override { m_Progress = value; }
     int Percent() const { return m_Progress / 10; }
-    bool TakesLong() const { return m_Since.elapsed() > PatienceMilliseconds; }
+    bool TakesLong() const { return m_Since.elapsed() > ProgressAfterMilliseconds; }
 
 private:
     std::atomic<int> m_Progress{0};
@@ -71,7 +71,7 @@ HBStackResult::HBStackResult(QObject* parent) : QObject(parent)
 {
     connect(&m_Watcher, &QFutureWatcherBase::finished, this, &HBStackResult::Finish);
     connect(&m_Glance, &QTimer::timeout, this, &HBStackResult::TellProgress);
-    m_Glance.setInterval(GlanceMilliseconds);
+    m_Glance.setInterval(ProgressEveryMilliseconds);
 }
 
 HBStackResult::~HBStackResult()

@@ -12,7 +12,7 @@
 namespace
 {
 
-struct Text
+struct WarningText
 {
     Q_DECLARE_TR_FUNCTIONS(HBEditorWindow)
 };
@@ -25,8 +25,8 @@ void HBShowTileWarnings(HBMessageBar* bar)
     auto show = [shownIn] { // GUI thread
         if (shownIn)
             shownIn->ShowError(
-                Text::tr("The disk for temporary files is full or cannot be written: the photo needs "
-                         "more memory than allowed. Save your work."));
+                WarningText::tr("The disk for temporary files is full or cannot be written: the photo needs "
+                                "more memory than allowed. Save your work."));
     };
     KMTileManager64::Instance().SetTroubleHandler([show] { // any thread
         if (QCoreApplication* application = QCoreApplication::instance())
