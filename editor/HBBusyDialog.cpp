@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBBusyDialog.h"
 
-#include <HBParallel.h>
+#include <HBPoolJob.h>
 
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QFutureWatcher>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QtConcurrent>
-#include <QThreadPool>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -40,7 +37,7 @@ void RunElsewhere(const std::function<void()>& work, int patience, const std::fu
                   QEventLoop::ProcessEventsFlags events)
 {
     QEventLoop loop;
-    QFutureWatcher<void> watcher;
+    QFutureWatcher<bool> watcher;
     bool done = false;
     QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, [&] {
         done = true;
@@ -53,9 +50,9 @@ void RunElsewhere(const std::function<void()>& work, int patience, const std::fu
     const auto elsewhere = [&] {
         const std::lock_guard<std::mutex> there(order);
         work();
+        return true;
     };
-    QThreadPool& pool = HBThreadPool();
-    const bool started = HBTryStart(pool, [&] { watcher.setFuture(QtConcurrent::run(&pool, elsewhere)); });
+    const bool started = HBTryWatch(HBThreadPool(), &watcher, elsewhere);
     here.unlock();
     if (!started)
         return work(); // the system has no more threads: the window has to wait

@@ -4,10 +4,7 @@
 
 #include "HBThumbnail.h"
 
-#include <HBParallel.h>
-
-#include <QFutureWatcher>
-#include <QtConcurrent>
+#include <HBPoolJob.h>
 
 HBThumbnails::HBThumbnails(QObject* parent) : QObject(parent)
 {
@@ -44,7 +41,7 @@ void HBThumbnails::StartNext()
             return HBThumbnail(photo);
         };
         m_AtWork.insert(photo);
-        if (!HBTryStart(m_Pool, [&] { watcher->setFuture(QtConcurrent::run(&m_Pool, make)); })) {
+        if (!HBTryWatch(m_Pool, watcher, make)) {
             m_AtWork.remove(photo); // the system has no more threads: another time
             delete watcher;
             return;

@@ -86,9 +86,22 @@ int main(int argc, char** argv) {
         WriteSeeds(argv[1]);
         return 0;
     }
-    std::set<QByteArray> words = {
-        "\"format\"", "\"adjustment-recipe\"", "\"version\"", "\"steps\"", "\"panel\"", "\"record\"",
-        "\"values\""};
+    std::set<QByteArray> words;
+    for (const char* word : {"format",   "adjustment-recipe",
+                             "version",  "steps",
+                             "panel",    "record",
+                             "values",   "on",
+                             "amount",   "selection",
+                             "kind",     "rectangle",
+                             "ellipse",  "polygon",
+                             "gradient", "color",
+                             "combine",  "add",
+                             "subtract", "intersect",
+                             "inverted", "rect",
+                             "points",   "from",
+                             "to",       "tolerance",
+                             "feather"})
+        words.insert('"' + QByteArray(word) + '"');
     for (const HBAdjustment& adjustment : HBAdjustments()) {
         words.insert(adjustment.className);
         if (adjustment.tag) words.insert(adjustment.tag);

@@ -6,6 +6,7 @@
 // their own malloc.
 //
 // attack_memory [SECONDS [SEED [WORK]]]: 60 unless told, and all works or those whose names begin so.
+#include "HBAttackWork.h"
 #include "HBFuzz.h"
 #include "HBTestImages.h"
 #include "HBTestRecords.h"
@@ -22,6 +23,7 @@
 #include <HBTilePainter.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QRunnable>
 #include <QSemaphore>
@@ -49,10 +51,10 @@
 
 namespace {
 
-enum Where { Nowhere, Everywhere, OutsideMainThread };
+using Where = HBFailing;
 enum class What { Once, Again, Ever, Threads }; ///< Again: that call, as many later, and so on
 
-std::atomic<int> where{Nowhere};
+std::atomic<Where> where{Where::Nowhere};
 std::atomic<What> what{What::Once};
 std::atomic<long> calls{0};
 std::atomic<long> failing{-1}; ///< number of the call that fails
@@ -60,12 +62,14 @@ thread_local bool isMainThread = false;
 std::atomic<int> attempts{0};
 thread_local int room = 0;       ///< calls that go well after much has been freed
 thread_local int roomOf = 0;     ///< the attempt that freed it
+thread_local int starting = 0;   ///< calls that go well in the first steps of a thread
 thread_local void* failedAt[30]; ///< the calls that led to the last failure
 thread_local int failedDepth = 0;
 
 bool Fails(bool thread = false) {
-    const int place = where.load(std::memory_order_relaxed);
-    if (place == Nowhere || (place == OutsideMainThread && isMainThread && !thread)) return false;
+    if (starting > 0) return --starting, false;
+    const Where place = where.load(std::memory_order_relaxed);
+    if (place == Where::Nowhere || (place == Where::OutsideMainThread && isMainThread && !thread)) return false;
     const What kind = what;
     if (thread != (kind == What::Threads)) return false;
     if (!thread && room > 0 && roomOf == attempts) return --room, false;
@@ -78,22 +82,16 @@ bool Fails(bool thread = false) {
     return true;
 }
 
-/// Nothing fails while it lives.
-class Calm {
-public:
-    Calm() : m_Before(where.exchange(Nowhere)) {}
-    ~Calm() { where = m_Before; }
-
-private:
-    const int m_Before;
-};
-
 bool IsQt(const void* caller) {
     Dl_info library;
     return dladdr(caller, &library) && std::strstr(library.dli_fname, "libQt");
 }
 
 } // namespace
+
+HBCalm::HBCalm() : m_Before(where.exchange(Where::Nowhere)) {}
+HBCalm::~HBCalm() { where = m_Before; }
+void HBEndFailing() { where = Where::Nowhere; }
 
 extern "C" {
 void __libc_free(void*);
@@ -156,27 +154,26 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
     const bool isQt = IsQt(__builtin_return_address(0));
     if (!(std::exchange(tried, false) && isQt) && Fails(true)) return EAGAIN;
     tried = !isQt;
-    using Create = int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
+    using Run = void* (*)(void*);
+    using Create = int (*)(pthread_t*, const pthread_attr_t*, Run, void*);
     static const Create create = reinterpret_cast<Create>(dlsym(RTLD_NEXT, "pthread_create"));
-    return create(thread, attributes, run, argument);
+    struct Start {
+        Run run;
+        void* argument;
+    };
+    const HBCalm calm;
+    return create(
+        thread, attributes,
+        [](void* given) {
+            starting = 150;
+            const std::unique_ptr<Start> start(static_cast<Start*>(given));
+            return start->run(start->argument);
+        },
+        new Start{run, argument});
 }
 }
 
 namespace {
-
-/// A picture, or why there is none.
-struct Result {
-    QImage image;
-    QString error;
-};
-
-struct Work {
-    QString name;
-    Where place;
-    std::function<Result()> run;
-    bool isMemoryOurs =
-        true; ///< Qt's painter of text and its writer of PNG, and libtiff, end the process in which they get none
-};
 
 constexpr int Threads = 3;
 int wrong = 0;
@@ -185,7 +182,7 @@ char now[200]; ///< what is tried, for HangsNow
 
 /// Of a signal: takes no memory.
 void HangsNow(int) {
-    where = Nowhere;
+    HBEndFailing();
     static const char text[] = "WRONG: does not come to an end: ";
     if (write(2, text, sizeof text - 1) >= 0 && write(2, now, std::strlen(now)) >= 0) std::abort();
     std::abort();
@@ -196,7 +193,7 @@ std::array<QThreadPool*, 2> Pools() { return {&HBThreadPool(), QThreadPool::glob
 
 /// By then the stack that threw is unwound.
 [[noreturn]] void TellWhereItFailed() {
-    where = Nowhere;
+    HBEndFailing();
     std::fprintf(stderr, "WRONG: ends the process: %safter a failure in\n", now);
     backtrace_symbols_fd(failedAt, failedDepth, 2);
     std::abort();
@@ -226,9 +223,9 @@ void StartThreads() {
     }
 }
 
-void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
-    where = Nowhere;
-    const Result right = work.run();
+void Attack(const HBAttackWork& work, qint64 milliseconds, QRandomGenerator& random) {
+    HBEndFailing();
+    const HBAttackResult right = work.run();
     if (!right.error.isEmpty()) HBFuzzFail(work.name + ": " + right.error);
     for (const What kind : {What::Once, What::Again, What::Ever, What::Threads}) {
         if (kind != What::Threads) {
@@ -248,8 +245,8 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
             calls = 0;
             ++attempts;
             where = work.place;
-            const Result result = work.run();
-            where = Nowhere;
+            const HBAttackResult result = work.run();
+            HBEndFailing();
             alarm(0);
             return result;
         };
@@ -260,7 +257,7 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
         // All moments if they are few, otherwise as many as there is time for.
         for (long i = 0; i < count && (i < 3 || time.elapsed() < milliseconds / 4); ++i, ++tried) {
             const long moment = count < 20 ? i : random.bounded(int(count));
-            const Result result = attempt(moment);
+            const HBAttackResult result = attempt(moment);
             failed += !result.error.isEmpty();
             if (!result.error.isEmpty() || result.image == right.image) continue;
             ++wrong;
@@ -271,22 +268,22 @@ void Attack(const Work& work, qint64 milliseconds, QRandomGenerator& random) {
     }
 }
 
-Result RunPanel(const HBPanelEntry& entry, const HBTarget& target) {
+HBAttackResult RunPanel(const HBPanelEntry& entry, const HBTarget& target) {
     std::unique_ptr<HBAdjustmentWidget> panel;
     {
-        const Calm calm;
+        const HBCalm calm;
         panel.reset(entry.create(false, nullptr));
         entry.set(*panel, HBDemonstration(*entry.adjustment));
     }
     panel->SetImage(target.source, target.selection, target.offset, target.bounds);
     if (!HBComesTrue([&] { return !panel->IsProcessing(); }))
         HBFuzzFail(QString("%1 does not come to rest").arg(entry.className));
-    where = Nowhere;
+    HBEndFailing();
     return {panel->AdjustedImage().ToQImage(), panel->HasJobFailed() ? "failed" : QString()};
 }
 
 /// The photo of the editor and its steps: both must be there whatever becomes of the result.
-Result RunDocument(const HBPhoto& photo, const QVector<HBRecipeStep>& steps) {
+HBAttackResult RunDocument(const HBPhoto& photo, const QVector<HBRecipeStep>& steps) {
     QString error;
     HBDocument document;
     QObject::connect(&document, &HBDocument::Failed, [&](const QString& reason) { error = reason; });
@@ -294,7 +291,7 @@ Result RunDocument(const HBPhoto& photo, const QVector<HBRecipeStep>& steps) {
     document.SetSteps(steps, "Steps");
     if (!HBComesTrue([&] { return document.Result().IsUpToDate() || !error.isEmpty(); }))
         HBFuzzFail("The editor does not come to rest");
-    where = Nowhere;
+    HBEndFailing();
     HBFuzzCheck(document.AllSteps() == steps && document.Original().IsSameAs(photo.image),
                 "The editor has lost the photo or its steps");
     return {document.Image().ToQImage(), error};
@@ -323,16 +320,16 @@ int main(int argc, char** argv) {
             new KMEXIFElement{"Exif.Image.Make", 2, QByteArray("Maker", 6)}); // copies take memory
         return target;
     };
-    QVector<Work> works;
+    QVector<HBAttackWork> works;
     for (const HBAdjustment& adjustment : HBAdjustments()) {
         const std::any record = HBDemonstration(adjustment);
         for (const bool selected : {false, true}) {
             const HBTarget target = testTarget(selected);
-            works.append({QString("core %1 %2").arg(adjustment.className).arg(selected), Everywhere,
+            works.append({QString("core %1 %2").arg(adjustment.className).arg(selected), Where::Everywhere,
                           [=] {
                               const HBOutcome outcome = HBRun(adjustment, record, target);
-                              const Calm calm;
-                              return Result{outcome.image.ToQImage(), HBFailureReason(outcome)};
+                              const HBCalm calm;
+                              return HBAttackResult{outcome.image.ToQImage(), HBFailureReason(outcome)};
                           },
                           !IsOneOf(adjustment, {"HBWatermarkWidget"})});
         }
@@ -343,15 +340,15 @@ int main(int argc, char** argv) {
             steps += HBStepOf(adjustment, HBDemonstration(adjustment));
     }
     const HBTarget whole = testTarget(false);
-    works.append({"recipe", Everywhere, [=] {
+    works.append({"recipe", Where::Everywhere, [=] {
                       QString error;
                       const HBImage<> image = HBApplyRecipe(whole, {steps}, &error, nullptr);
-                      const Calm calm;
-                      return Result{image.ToQImage(), error};
+                      const HBCalm calm;
+                      return HBAttackResult{image.ToQImage(), error};
                   }});
     for (const HBPanelEntry& entry : HBPanelCatalog()) {
         if (!entry.draw)
-            works.append({QString("panel ") + entry.className, OutsideMainThread,
+            works.append({QString("panel ") + entry.className, Where::OutsideMainThread,
                           [&entry, whole] { return RunPanel(entry, whole); }});
     }
     HBPhoto opened;
@@ -359,67 +356,72 @@ int main(int argc, char** argv) {
     QVector<HBRecipeStep> inPart = steps;
     inPart[0].amount = 50;
     inPart[1].selection.shapes = {HBShape::OfPixels(HBShape::Kind::Ellipse, {20, 30, 200, 100}, 5, {300, 200})};
-    works.append({"document", OutsideMainThread, [=] { return RunDocument(opened, inPart); }});
+    works.append({"document", Where::OutsideMainThread, [=] { return RunDocument(opened, inPart); }});
     const QImage large = HBTestRamp(700, 400).ToQImage();
-    works.append(
-        {"image", Everywhere, [large] {
-             try {
-                 return Result{HBScaled(HBConverted(large, QImage::Format_ARGB32_Premultiplied), {60, 30}), {}};
-             } catch (const std::exception&) {
-                 const Calm calm;
-                 return Result{{}, "failed"};
-             }
-         }});
+    works.append({"image", Where::Everywhere, [large] {
+                      try {
+                          return HBAttackResult{
+                              HBScaled(HBConverted(large, QImage::Format_ARGB32_Premultiplied), {60, 30}), {}};
+                      } catch (const std::exception&) {
+                          const HBCalm calm;
+                          return HBAttackResult{{}, "failed"};
+                      }
+                  }});
     const QTemporaryDir folder;
     qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
     const QString largeFile = folder.filePath("large.png");
     large.save(largeFile);
-    works.append({"thumbnail", Everywhere,
+    works.append({"thumbnail", Where::Everywhere,
                   [largeFile] {
                       {
-                          const Calm calm;
+                          const HBCalm calm;
                           QFile::remove(HBThumbnailPath(largeFile));
                       }
                       const QImage thumbnail = HBThumbnail(largeFile);
-                      const Calm calm;
-                      return Result{thumbnail, thumbnail.isNull() ? "none" : QString()};
+                      const HBCalm calm;
+                      return HBAttackResult{thumbnail, thumbnail.isNull() ? "none" : QString()};
                   },
                   false});
-    works.append({"view", OutsideMainThread,
+    works.append({"view", Where::OutsideMainThread,
                   [large] {
                       HBTilePainter painter;
                       painter.SetImage(HBImage<>::FromQImage(large));
                       painter.SetLook({nullptr, true});
-                      return Result{painter.ToImage(large.rect(), 0.3), {}};
+                      return HBAttackResult{painter.ToImage(large.rect(), 0.3), {}};
                   },
                   false}); // without memory a view has holes
     for (const char* format : {"png", "jpg", "tif", "webp", "bmp"}) {
-        const QString path = folder.filePath(QString("photo.") + format);
+        const QString path = folder.filePath(QString("%1/photo.%1").arg(format));
+        QDir(folder.path()).mkdir(format);
+        const auto file = std::make_shared<HBSavedFile>(HBSavedFile{"what was there", {}});
         const bool holdsMetadata = qstrcmp(format, "bmp") != 0;
         const HBImage<> source = holdsMetadata ? whole.source : HBTestTarget({300, 200}, false).source;
-        works.append({QString("photo ") + format, Everywhere,
+        works.append({QString("photo ") + format, Where::Everywhere,
                       [=] {
                           QString error;
                           HBPhoto photo;
                           HBPhotoOptions options;
                           options.quality = 100;
                           QStringList warnings;
-                          if (!HBWritePhoto(path, source, options, &error, &warnings)) return Result{{}, error};
-                          if (!HBReadPhoto(path, &photo, &error)) return Result{{}, error};
-                          const Calm calm;
+                          file->Restore(path);
+                          const bool isWritten = HBWritePhoto(path, source, options, &error, &warnings);
+                          file->Check(path, isWritten);
+                          if (!isWritten || !HBReadPhoto(path, &photo, &error)) return HBAttackResult{{}, error};
+                          const HBCalm calm;
                           const QString told = photo.warnings.join(' ') + warnings.join(' ');
                           const bool isLost = holdsMetadata && photo.image.Elements().isEmpty();
                           if (isLost && qstrcmp(format, "png") != 0) // Exiv2 loses a PNG's without a word
-                              return Result{{}, told};
-                          return Result{photo.image.ToQImage(), told};
+                              return HBAttackResult{{}, told};
+                          return HBAttackResult{photo.image.ToQImage(), told};
                       },
                       qstrcmp(format, "tif") != 0});
     }
+    works += HBSessionWorks() + HBEditorWorks();
     const QString wanted = argc > 3 ? argv[3] : "";
     works.erase(std::remove_if(works.begin(), works.end(),
-                               [&](const Work& work) { return !work.name.startsWith(wanted); }),
+                               [&](const HBAttackWork& work) { return !work.name.startsWith(wanted); }),
                 works.end());
-    for (const Work& work : works) Attack(work, seconds * 1000LL / works.size(), random);
+    for (const HBAttackWork& work : works) Attack(work, seconds * 1000LL / works.size(), random);
     std::printf("%ld failures of memory and threads in %d works: %ld ended with an error, %d wrong\n", tried,
                 int(works.size()), failed, wrong);
     return wrong ? 1 : 0;

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBSightJob.h"
 
-#include <HBParallel.h>
+#include <HBPoolJob.h>
 #include <HBStepManner.h>
-
-#include <QtConcurrent>
 
 #include <algorithm>
 #include <cmath>
@@ -200,8 +198,7 @@ void HBSightJob::Start()
             return {}; // no preview before the job's own, which says why
         }
     };
-    const bool started = HBTryStart(m_Pool, [&] { m_Watcher.setFuture(QtConcurrent::run(&m_Pool, work)); });
-    if (started)
+    if (HBTryWatch(m_Pool, &m_Watcher, work))
         m_pControl = control;
 }
 

@@ -205,10 +205,12 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
             return false;
         if (options.mayWrite && !options.mayWrite(bytes))
             return Fail(reason, Text::tr("it was given up"));
+        // Before the file is there: nothing may fail behind that.
+        const HBPhotoEncoding encoding = written ? HBReadEncoding(bytes, HBFormatOfName(path)) : HBPhotoEncoding();
         if (!HBSaveFile(path, bytes, reason))
             return false;
         if (written)
-            *written = HBReadEncoding(bytes, HBFormatOfName(path));
+            *written = encoding;
         return true;
     });
 }

@@ -24,8 +24,11 @@ bool HBSaveFile(const QString& path, const QByteArray& bytes, QString* reason)
     // Here, not in commit(): that renames the file also when the last of its buffer could not be written. A
     // network disk tells only at the end that it is full.
     errno = 0;
+    // Given back before the file gets its name: Qt would leave it under a passing one for want of memory.
+    QByteArray room(1 << 18, Qt::Uninitialized);
     if (file.write(bytes) == bytes.size() && file.flush() &&
         (::fdatasync(file.handle()) == 0 || errno == EINVAL)) {
+        room.clear();
         if (file.commit())
             return true;
         *reason = file.errorString();

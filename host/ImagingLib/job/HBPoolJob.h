@@ -7,27 +7,33 @@
 #include <QByteArray>
 #include <QFutureInterface>
 #include <QFutureWatcher>
+#include <QScopeGuard>
 #include <QtConcurrent>
 #include <QThreadPool>
 
 #include <memory>
 
-/// Runs a job on the pool (HBThreadPool) and hands its future to the watcher; where the system starts no more
-/// threads, at once. The job must not throw. The watcher's thread.
+/// Runs a job on that pool and hands its future to the watcher; false if the system starts no thread for it. Some
+/// memory is kept back until the job has ended: Qt ends the process if it cannot tell the end, or that a job has
+/// thrown, for want of it. The watcher's thread.
+template <class Result, class Job>
+bool HBTryWatch(QThreadPool& pool, QFutureWatcher<Result>* watcher, const Job& job)
+{
+    return HBTryStart(pool, [&] {
+        const auto room = std::make_shared<QByteArray>(1 << 18, Qt::Uninitialized);
+        watcher->setFuture(QtConcurrent::run(&pool, [job, room]() -> Result {
+            const auto giveBack = qScopeGuard([&room] { room->clear(); });
+            return job();
+        }));
+    });
+}
+
+/// The same on the jobs' pool (HBThreadPool); where the system starts no more threads, at once. The job must not
+/// throw. The watcher's thread.
 template <class Result, class Job>
 void HBWatchInPool(QFutureWatcher<Result>* watcher, const Job& job)
 {
-    QThreadPool& pool = HBThreadPool();
-    const auto start = [&] {
-        // A job that has used up the memory leaves some to Qt, which ends the process if it cannot tell the end.
-        const auto room = std::make_shared<QByteArray>(1 << 18, Qt::Uninitialized);
-        watcher->setFuture(QtConcurrent::run(&pool, [job, room] {
-            Result result = job();
-            room->clear();
-            return result;
-        }));
-    };
-    if (HBTryStart(pool, start))
+    if (HBTryWatch(HBThreadPool(), watcher, job))
         return;
     QFutureInterface<Result> done;
     done.reportStarted();
