@@ -12,6 +12,7 @@
 
 #include "HBAverageTintRGB32.h"
 #include "HBBenchmarkSummary.h"
+#include "HBOkBenchmark.h"
 #include "HBPanelBenchmark.h"
 #include "HBRecipeBenchmark.h"
 #include "HBThresholdRGB32.h"
@@ -427,6 +428,7 @@ int main(int argc, char* argv[])
     HBRegisterChange(ChangedName, Photo);
 
     HBRegisterRecipes(Photo);
+    HBRegisterOks(Photo);
 
     // Medians of many short repetitions, interleaved: another program on the machine then disturbs all alike.
     std::vector<std::string> defaults = {"--benchmark_repetitions=15", "--benchmark_min_time=0.1",
@@ -455,10 +457,12 @@ int main(int argc, char* argv[])
         std::printf("A change in the colour enhancer takes %.1f times the copy.\n",
                     reporter.Median(HBChangeBenchmark(ChangedName)) / reporter.Median(CopyName));
         HBPrintRecipes(reporter, CopyName);
+        HBPrintOks(reporter);
         return 0;
     }
     if (shortRun) // its times tell nothing: much of the memory is new
         return 0;
     const bool panels = reporter.PrintSummary(rows, CopyName);
-    return HBPrintRecipes(reporter, CopyName) && panels ? 0 : 1;
+    const bool recipes = HBPrintRecipes(reporter, CopyName);
+    return HBPrintOks(reporter) && recipes && panels ? 0 : 1;
 }

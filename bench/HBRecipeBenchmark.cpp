@@ -16,11 +16,6 @@ constexpr const char* Tables[] = {"HBBrightnessContrastWidget", "HBExposureWidge
 constexpr const char* Mixed[] = {"HBLevelsWidget", "HBCurvesWidget", "HBHueSaturationWidget",
                                  "HBColorBalanceWidget", "HBTemperatureWidget"};
 
-std::string Single(const std::string& className)
-{
-    return "Recipe_" + className;
-}
-
 /// The demonstrations one after the other.
 template <std::size_t Count>
 bool Load(const char* const (&classNames)[Count], HBRecipe* recipe, QString* error)
@@ -68,10 +63,15 @@ bool PrintRatio(const char* what, double time, const char* unitName, double unit
 
 } // namespace
 
+std::string HBRecipeBenchmarkOf(const std::string& className)
+{
+    return "Recipe_" + className;
+}
+
 std::string HBRegisterRecipe(const std::string& className, const HBImage<>& (*photo)())
 {
-    Register(Single(className), photo, {className.c_str()});
-    return Single(className);
+    Register(HBRecipeBenchmarkOf(className), photo, {className.c_str()});
+    return HBRecipeBenchmarkOf(className);
 }
 
 void HBRegisterRecipes(const HBImage<>& (*photo)())
@@ -98,10 +98,10 @@ bool HBPrintRecipes(const HBMedianReporter& reporter, const std::string& copy)
 {
     double sum = 0;
     for (const char* className : Mixed)
-        sum += reporter.Median(Single(className));
+        sum += reporter.Median(HBRecipeBenchmarkOf(className));
     std::printf("\n");
     const bool tables = PrintRatio("Five steps of tables as one recipe", reporter.Median("Recipe_FiveTables"),
-                                   "one of them", reporter.Median(Single("HBLevelsWidget")), 1.3);
+                                   "one of them", reporter.Median(HBRecipeBenchmarkOf("HBLevelsWidget")), 1.3);
     const bool mixed = PrintRatio("Levels, curves, hue, color balance, temperature",
                                   reporter.Median("Recipe_FiveMixed"), "the sum of the five", sum, 0.75);
     const bool advanced = PrintRatio("Picture correction, advanced", reporter.Median("PictureCorrection_Advanced"),

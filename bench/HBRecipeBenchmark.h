@@ -8,6 +8,9 @@
 
 #include <string>
 
+/// The name of the benchmark of a panel's demonstration as a recipe.
+std::string HBRecipeBenchmarkOf(const std::string& className);
+
 /// Registers the demonstration of a panel as a recipe of one step, without the panel.
 /// \return the benchmark's name
 std::string HBRegisterRecipe(const std::string& className, const HBImage<>& (*photo)());

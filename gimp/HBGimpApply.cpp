@@ -14,6 +14,10 @@
 namespace
 {
 
+// What is shown of the work: most of it is the way through GIMP's pipe.
+constexpr double ReadShare = 0.4;
+constexpr double JobShare = 0.2;
+
 /// Shows the progress in GIMP. It is told by any thread, but GIMP may be spoken to by this one only, which takes
 /// part in the work and asks before each tile.
 class Progress : public HBJobControl
@@ -23,7 +27,7 @@ public:
     {
         const int percent = m_Done / 10;
         if (percent > m_Shown && std::this_thread::get_id() == m_Thread)
-            gimp_progress_update((m_Shown = percent) / 100.0);
+            gimp_progress_update(ReadShare + JobShare * (m_Shown = percent) / 100);
         return HBJobControl::IsCancelled();
     }
     void SetProgress(int value) override { m_Done = value; }
@@ -55,11 +59,14 @@ try {
     }
     gimp_progress_init(title.toUtf8().constData());
     HBTarget target;
-    layer.Read(&target);
+    layer.Read(&target, [](double share) { gimp_progress_update(ReadShare * share); });
     Progress progress;
     const HBImage<> adjusted = HBApplyRecipe(target, recipe, reason, &progress);
     HBGimpLayer::Written written;
-    if (adjusted.IsEmpty() || !layer.Write(target.source, adjusted, &written, reason))
+    const auto tell = [](double share) {
+        gimp_progress_update(ReadShare + JobShare + (1 - ReadShare - JobShare) * share);
+    };
+    if (adjusted.IsEmpty() || !layer.Write(target.source, adjusted, &written, reason, tell))
         return false;
     gimp_progress_end();
     *notes = written.notes;

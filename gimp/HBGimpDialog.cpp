@@ -45,7 +45,6 @@ HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, co
     auto* controls = new QVBoxLayout;
     controls->addWidget(MakePresets());
     controls->addWidget(m_Session.Widget());
-    controls->addStretch();
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(MakeView(warning), 1);
     layout->addLayout(controls);
@@ -53,6 +52,13 @@ HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, co
     m_Session.Widget()->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 
     connect(&m_Session, &HBPanelSession::PreviewReady, this, &HBGimpDialog::ShowPreview);
+    connect(&m_Session, &HBPanelSession::SightOver, m_pView, &KMDocumentView::EndSight);
+    connect(&m_Session, &HBPanelSession::SightReady, m_pView,
+            [this](const HBImage<>& sight, const QRect& area, int level) {
+                if (m_pPreview->isChecked())
+                    m_pView->ShowSight(sight, area, level);
+            });
+    connect(m_pView, &KMDocumentView::SightChanged, &m_Session, &HBPanelSession::SetSight);
     connect(&m_Session, &HBPanelSession::Rejected, this, &QDialog::reject);
     connect(&m_Session, &HBPanelSession::Troubled, this, &HBGimpDialog::Say);
     connect(&m_Session, &HBPanelSession::Resumed, this, &HBGimpDialog::Say);
@@ -69,8 +75,14 @@ HBGimpDialog::HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, co
     if (!last.isEmpty())
         m_Session.SetStep({QString::fromLatin1(entry.className), last});
     m_pView->SetPicture(m_Source);
+    m_Session.SetSight(m_pView->SightArea(), m_pView->Zoom());
     m_Session.SetTarget(target);
     ListPresets(QString());
+}
+
+void HBGimpDialog::SetLook(const HBTileMips::Look& look)
+{
+    m_pView->SetLook(look);
 }
 
 void HBGimpDialog::showEvent(QShowEvent* event)
@@ -163,6 +175,8 @@ void HBGimpDialog::reject()
 void HBGimpDialog::ShowPreview()
 {
     const HBImage<>& preview = m_Session.Preview();
+    if (!m_pPreview->isChecked())
+        m_pView->EndSight();
     m_pView->SetPicture(m_pPreview->isChecked() && !preview.IsEmpty() ? preview : m_Source);
 }
 

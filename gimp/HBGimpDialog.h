@@ -5,6 +5,7 @@
 #include <HBPresets.h>
 
 #include <HBPanelSession.h>
+#include <HBTileMips.h>
 
 #include <QDialog>
 
@@ -25,6 +26,9 @@ public:
     /// \param presets must outlive the dialog
     HBGimpDialog(const HBPanelEntry& entry, const HBTarget& target, const QString& layerName,
                  const QString& warning, HBPresets* presets);
+
+    /// How the layer is shown, when not as it is.
+    void SetLook(const HBTileMips::Look& look);
 
     /// What OK has made, and the values it was made with.
     const HBImage<>& Adjusted() const { return m_Adjusted; }

@@ -217,6 +217,17 @@ void WriteTile(GeglBuffer* layer, GeglBuffer* shadow, Format* format, const HBIm
     gegl_buffer_set(shadow, &rectangle, 0, format->Native(), native.data(), GEGL_AUTO_ROWSTRIDE);
 }
 
+/// An area of the drawable on the canvas; null if some of it lies beyond.
+QRect OnCanvas(gint32 drawable, const QRect& area)
+{
+    const gint32 image = gimp_item_get_image(drawable);
+    gint x = 0;
+    gint y = 0;
+    gimp_drawable_offsets(drawable, &x, &y);
+    const QRect canvas(0, 0, gimp_image_width(image), gimp_image_height(image));
+    return canvas.contains(area.translated(x, y)) ? area.translated(x, y) : QRect();
+}
+
 /// The selection put aside for a write: GIMP blends by it what it is given, but ours is blended already. What
 /// GIMP may change, and keeps for an undo, is the area alone. In an undo group, which makes one step of all.
 class SelectionAside
@@ -229,14 +240,10 @@ public:
         , m_EditMask(m_Layer != -1 && gimp_layer_get_edit_mask(m_Layer))
         , m_Saved(gimp_selection_save(m_Image))
     {
-        const QRect canvas(0, 0, gimp_image_width(m_Image), gimp_image_height(m_Image));
-        gint x = 0;
-        gint y = 0;
-        gimp_drawable_offsets(drawable, &x, &y);
-        const QRect onCanvas = area.translated(x, y);
+        const QRect onCanvas = OnCanvas(drawable, area);
         gimp_context_push();
         gimp_context_set_feather(FALSE);
-        if (canvas.contains(onCanvas))
+        if (!onCanvas.isNull())
             gimp_image_select_rectangle(m_Image, GIMP_CHANNEL_OP_REPLACE, onCanvas.x(), onCanvas.y(),
                                         onCanvas.width(), onCanvas.height());
         else // no selection reaches beyond the canvas
@@ -278,14 +285,23 @@ private:
     gint32 m_Image;
 };
 
+/// Each tile goes through GIMP's pipe; what the user is told of them does, too: not of all.
+void Tell(const HBGimpLayer::Progress& progress, int done, int count)
+{
+    constexpr int Often = 16;
+    if (progress && done % Often == 0)
+        progress(double(done) / count);
+}
+
 /// \param whole the shadow needs all that GIMP will take of it
 void FillShadow(gint32 drawable, const HBImage<>& source, const HBImage<>& adjusted, const Changes& changes,
-                const QRect& whole)
+                const QRect& whole, const HBGimpLayer::Progress& progress)
 {
     const Buffer layer(gimp_drawable_get_buffer(drawable));
     const Buffer shadow(gimp_drawable_get_shadow_buffer(drawable));
     Format format(drawable);
     for (int index = 0; index < source.Tiles().size(); ++index) {
+        Tell(progress, index, source.Tiles().size());
         const QRect area = source.TileRect(index);
         if (changes.tiles[std::size_t(index)]) {
             WriteTile(layer.get(), shadow.get(), &format, source, adjusted, index);
@@ -331,14 +347,17 @@ QString HBGimpLayer::Warning() const
     return warnings.join(' ');
 }
 
-void HBGimpLayer::Read(HBTarget* target) const
+void HBGimpLayer::Read(HBTarget* target, const Progress& progress) const
 {
     target->source = HBImage<>(gimp_drawable_width(m_Drawable), gimp_drawable_height(m_Drawable));
     const Buffer buffer(gimp_drawable_get_buffer(m_Drawable));
     const Format format(m_Drawable);
     Bytes bytes;
-    for (int index = 0; index < target->source.Tiles().size(); ++index)
+    const int count = target->source.Tiles().size();
+    for (int index = 0; index < count; ++index) {
+        Tell(progress, index, count);
         ReadTile(buffer.get(), format, &bytes, &target->source, index);
+    }
     ReadSelection(m_Drawable, target);
 }
 
@@ -348,8 +367,8 @@ bool HBGimpLayer::IsSelectionElsewhere() const
     return selection.isThere && !selection.area.isValid();
 }
 
-bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Written* written,
-                        QString* reason) const
+bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Written* written, QString* reason,
+                        const Progress& progress) const
 {
     if (!Check(reason))
         return false;
@@ -363,7 +382,6 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
     if (!written->changed)
         return true;
 
-    const UndoGroup group(gimp_item_get_image(m_Drawable));
     if (changes.colored && gimp_drawable_is_gray(m_Drawable))
         written->notes +=
             HBGimpText::tr("The image is gray: colors were stored as shades of gray. To keep them, convert "
@@ -371,12 +389,14 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
     if (!IsExact())
         written->notes += HBGimpText::tr("What changed was stored with 8 bits of accuracy; the image has more.");
 
+    // With the progress GIMP shows a Cancel, which ends this process: nothing of the image may change before the group.
     const bool selected = SelectionOn(m_Drawable).isThere;
-    const QRect layer(QPoint(0, 0), size);
+    const bool inside = selected && !OnCanvas(m_Drawable, changes.area).isNull();
+    FillShadow(m_Drawable, source, adjusted, changes, inside ? changes.area : QRect(QPoint(0, 0), size), progress);
+    const UndoGroup group(gimp_item_get_image(m_Drawable));
     std::unique_ptr<SelectionAside> aside;
     if (selected)
         aside = std::make_unique<SelectionAside>(m_Drawable, changes.area);
-    FillShadow(m_Drawable, source, adjusted, changes, selected ? SelectionOn(m_Drawable).area : layer);
     gimp_drawable_merge_shadow(m_Drawable, TRUE);
     gimp_drawable_update(m_Drawable, changes.area.x(), changes.area.y(), changes.area.width(),
                          changes.area.height());

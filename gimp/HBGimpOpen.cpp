@@ -2,16 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "HBGimpOpen.h"
 
-#include "HBAppearance.h"
 #include "HBGimpApply.h"
+#include "HBGimpColors.h"
 #include "HBGimpDialog.h"
 #include "HBGimpLayer.h"
 #include "HBGimpText.h"
 
+#include <HBAppearance.h>
+#include <HBEditorStyle.h>
 #include <KMApplication.h>
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QScreen>
 #include <QSettings>
 #include <QTimer>
 #include <QWindow>
@@ -64,13 +67,20 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
     }
     const Owned name(gimp_item_get_name(call.drawable), &g_free);
     HBTarget target;
-    layer.Read(&target);
+    const QByteArray title = adjustment.Title().toUtf8();
+    const auto tell = [](double share) { gimp_progress_update(share); };
+    gimp_progress_init(title.constData());
+    layer.Read(&target, tell);
+    gimp_progress_end();
     HBPresets presets(HBGimpFolder(), adjustment);
     HBGimpDialog dialog(*HBFindPanel(QString::fromLatin1(adjustment.className)), target,
                         QString::fromUtf8(name.get()), layer.Warning(), &presets);
+    dialog.SetLook(HBGimpLook(call.drawable, dialog.screen()));
     QSettings windows(HBGimpFolder() + "/windows.ini", QSettings::IniFormat);
     if (!dialog.restoreGeometry(windows.value(adjustment.className).toByteArray()))
         dialog.resize(dialog.sizeHint().expandedTo({1000, 600}));
+    // As on a small screen, or on one that is scaled: with its frame, and its buttons in sight.
+    dialog.resize(dialog.size().boundedTo(dialog.screen()->availableSize() * 0.95));
     PutBefore(&dialog);
     EndWithGimp(&dialog);
     const bool accepted = dialog.exec() == QDialog::Accepted;
@@ -79,8 +89,10 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
         return HBGimpAnswer::Cancelled;
 
     HBGimpLayer::Written written;
-    if (!layer.Write(target.source, dialog.Adjusted(), &written, reason))
+    gimp_progress_init(title.constData());
+    if (!layer.Write(target.source, dialog.Adjusted(), &written, reason, tell))
         return HBGimpAnswer::Failed;
+    gimp_progress_end();
     *notes = written.notes;
     QString problem;
     if (!presets.SetLast(dialog.Step().values, &problem))
@@ -105,6 +117,7 @@ QString HBAskForRecipe()
 
 void HBUseGimpColors()
 {
+    QApplication::setStyle(new HBEditorStyle);
     const Owned theme(gimp_gimprc_query("theme"), &g_free);
     HBUseDarkColors(theme && QByteArray(theme.get()).contains("Dark"));
 }

@@ -15,5 +15,5 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
 /// The file of a recipe; empty if the user gave up.
 QString HBAskForRecipe();
 
-/// Before the first window: colours as GIMP's.
+/// Before the first window: colors as GIMP's, and the style of our editor.
 void HBUseGimpColors();
