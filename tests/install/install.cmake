@@ -44,8 +44,9 @@ endif()
 
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
-run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME} -D HEADERS=ON)
-run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
+run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME} -D HEADERS=ON
+    -D SOURCES=${SOURCE_DIR})
+run("Build it, each header, and the code of the documents" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
 
 # With Qt 5, the test of the Debian packages builds the examples.
