@@ -6,9 +6,9 @@
 
 class QStyleOptionSlider;
 
-/// The desktop's style with what the programs need besides: boxes that are not ticked can be seen on a dark window,
-/// sliders that are disabled are grey, those that have their zero in the middle are filled from there, a click on
-/// a groove goes there, a field that is read-only looks so, and the focus is always shown.
+/// The desktop's style with what the programs need besides: boxes that are not ticked can be seen on a dark
+/// window, sliders that are disabled are grey, those that have their zero in the middle are filled from there, a
+/// click on a groove goes there, a field that is read-only looks so, and the focus is always shown.
 class HBEditorStyle : public QProxyStyle
 {
     Q_OBJECT

@@ -389,7 +389,8 @@ bool HBGimpLayer::Write(const HBImage<>& source, const HBImage<>& adjusted, Writ
     if (!IsExact())
         written->notes += HBGimpText::tr("What changed was stored with 8 bits of accuracy; the image has more.");
 
-    // With the progress GIMP shows a Cancel, which ends this process: nothing of the image may change before the group.
+    // With the progress GIMP shows a Cancel, which ends this process: nothing of the image may change before the
+    // group.
     const bool selected = SelectionOn(m_Drawable).isThere;
     const bool inside = selected && !OnCanvas(m_Drawable, changes.area).isNull();
     FillShadow(m_Drawable, source, adjusted, changes, inside ? changes.area : QRect(QPoint(0, 0), size), progress);
