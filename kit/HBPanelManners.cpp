@@ -21,6 +21,7 @@ namespace
 
 constexpr int KelvinStep = 50;
 constexpr int KelvinPage = 500;
+constexpr int LeastSlider = 60; ///< pixels: in a narrow dock layouts take a slider down to its handle
 
 QRect HandleOf(const QSlider* slider)
 {
@@ -83,6 +84,9 @@ HBPanelManners::HBPanelManners(const HBPanelEntry& entry, HBAdjustmentWidget* pa
     HBWheelPolicy::Apply(panel);
     SetKelvinSteps(entry, panel);
     for (QWidget* widget : panel->findChildren<QWidget*>()) {
+        const auto* slider = qobject_cast<QSlider*>(widget);
+        if (slider && slider->orientation() == Qt::Horizontal && slider->minimumWidth() < LeastSlider)
+            widget->setMinimumWidth(LeastSlider);
         if (qobject_cast<QLabel*>(widget) || qobject_cast<QSlider*>(widget) ||
             qobject_cast<MavuCustomSlider*>(widget) || qobject_cast<QLineEdit*>(widget))
             widget->installEventFilter(this);

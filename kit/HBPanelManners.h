@@ -16,7 +16,8 @@ class QWidget;
 
 /// How a panel's controls behave under the hand, beyond what their widgets do by themselves: the wheel
 /// (HBWheelPolicy); a double click on a slider's handle or on a label sets the control's default; read-only fields
-/// keep their keys to themselves; temperatures move in steps that can be seen. GUI thread.
+/// keep their keys to themselves; sliders stay long enough to drag; temperatures move in steps that can be seen.
+/// GUI thread.
 class HBPanelManners : public QObject
 {
     Q_OBJECT

@@ -48,17 +48,15 @@ if(QT_VERSION EQUAL 5) # each header for one Qt: what they include of Qt's is th
     set(each_header -D HEADERS=ON)
 endif()
 run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME}
-    ${each_header})
-run("Build it, and each header" ${CMAKE_COMMAND} --build ${consumer})
+    -D SOURCES=${SOURCE_DIR} ${each_header})
+run("Build it, each header, and the code of the documents" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
 
-# With Qt 5, the test of the Debian packages builds the examples.
+# With Qt 5, the test of the Debian packages does it.
 if(QT_VERSION EQUAL 6)
-    foreach(example embed five-panels service)
-        set(build ${WORK_DIR}/examples/${example})
-        run("Configure ${example}" ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/${example} -B ${build} -D PANELS=${NAME})
-        run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
-    endforeach()
+    set(examples ${SOURCE_DIR}/examples)
+    set(recipes ${prefix}/share/adjustment-panels${SUFFIX}/recipes)
+    include(${CMAKE_CURRENT_LIST_DIR}/examples.cmake)
 endif()
 
 # ---- Without CMake ----

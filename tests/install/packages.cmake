@@ -107,36 +107,6 @@ run("Replay" ${prefix}/bin/panel-replay apply ${recipe} ${sample} -o ${WORK_DIR}
 
 # ---- Examples ----
 set(ENV{CMAKE_PREFIX_PATH} ${prefix})
-file(GLOB examples ${share}/doc/AdjustmentPanels/examples/*/CMakeLists.txt)
-foreach(example IN LISTS examples)
-    cmake_path(GET example PARENT_PATH example)
-    cmake_path(GET example FILENAME example)
-    set(build ${WORK_DIR}/examples/${example})
-    run("Configure ${example}" ${CMAKE_COMMAND} -S ${share}/doc/AdjustmentPanels/examples/${example} -B ${build})
-    run("Build ${example}" ${CMAKE_COMMAND} --build ${build})
-endforeach()
-
-# On pixels that can be foretold.
-file(WRITE ${WORK_DIR}/photo.ppm "P3 2 2 255  200 100 50  200 100 50  100 100 100  100 100 100\n")
-set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/config)
-function(example_gives what expected)
-    run("Run ${what}" ${WORK_DIR}/examples/${what}/${what} ${ARGN} ${WORK_DIR}/${what}.ppm)
-    file(READ ${WORK_DIR}/${what}.ppm result HEX)
-    if(NOT result MATCHES "${expected}$")
-        message(FATAL_ERROR "${what} made ${result} instead of ...${expected}")
-    endif()
-endfunction()
-# Grey of a third of each colour, 116.55.
-example_gives(embed 757575757575646464646464 ${WORK_DIR}/photo.ppm)
-# The first start knows no values and changes nothing. What the second finds, the demonstration's, is worked in: blue from
-# 10, then all from 15 to 225 by gamma 1.2.
-example_gives(five-panels c86432c86432646464646464 ${WORK_DIR}/photo.ppm)
-file(READ ${recipe} values)
-string(REPLACE "\n" "" values "${values}")
-string(REPLACE "\"" "\\\"" values "${values}")
-file(WRITE ${WORK_DIR}/config/AdjustmentPanels/five-panels.conf
-    "[General]\nHBLevelsWidget=\"@ByteArray(${values})\"\n")
-example_gives(five-panels e5782ee5782e787871787871 ${WORK_DIR}/photo.ppm)
-# The upper half white, the lower one lighter by gamma 1.1.
-example_gives(service ffffffffffff6d6d6d6d6d6d ${share}/adjustment-panels/recipes/HBThresholdWidget.json
-    ${WORK_DIR}/photo.ppm)
+set(examples ${share}/doc/AdjustmentPanels/examples)
+set(recipes ${share}/adjustment-panels/recipes)
+include(${CMAKE_CURRENT_LIST_DIR}/examples.cmake)

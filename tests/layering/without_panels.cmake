@@ -19,7 +19,7 @@ if(QT_VERSION EQUAL 6)
     set(suffix -qt6)
 endif()
 run("Configure" ${CMAKE_COMMAND} -S ${WORK_DIR}/tree -B ${build} -D ADJUSTMENT_PANELS_WIDGETS=OFF
-    -D ADJUSTMENT_PANELS_WERROR=${WERROR} -D ADJUSTMENT_PANELS_CCACHE=${CCACHE}
+    -D ADJUSTMENT_PANELS_WERROR=${WERROR} -D ADJUSTMENT_PANELS_CCACHE=${CCACHE} -D ADJUSTMENT_PANELS_BULK=${BULK}
     -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D "CMAKE_CXX_FLAGS_DEBUG=${CXX_FLAGS}")
 run("Build" ${CMAKE_COMMAND} --build ${build} --target panel-replay tst_EveryAdjustment tst_HBRecipe tst_PanelReplay)
 run("Adjust" ${build}/tests/adjustments/tst_EveryAdjustment Rows EightThreads)
