@@ -24,8 +24,8 @@ public:
                 HBSelectionTool* selection, KMDocumentView* view, QObject* parent);
     ~HBOpenPanel() override;
 
-    /// Once its widget is on the screen: gives it the values and the selection of the step that is opened again, and
-    /// has it work.
+    /// Once its widget is on the screen: gives it the values and the selection of the step that is opened again,
+    /// and has it work.
     void Begin();
     /// It is no longer open, and is deleted later: this may be one of the session's own signals.
     void End();
