@@ -21,7 +21,7 @@ struct PickText
     Q_DECLARE_TR_FUNCTIONS(HBPhotoPicks)
 };
 
-std::array<int, 3> Channels(HBRGBA32i color)
+std::array<int, 3> ChannelsOf(HBRGBA32i color)
 {
     return {color.red, color.green, color.blue};
 }
@@ -34,7 +34,7 @@ double Cast(HBRGBA32i color, const HBTemperatureParams& params)
     HBTemperatureCorrection correction;
     correction.SetData(params.temperature, params.strength, params.tint);
     correction(color);
-    const auto channels = Channels(color);
+    const auto channels = ChannelsOf(color);
     const auto [low, high] = std::minmax_element(channels.begin(), channels.end());
     const double mired = std::abs(1e6 / params.temperature - 1e6 / 6500);
     return *high - *low + mired / 1e4 + std::abs(params.tint) / 1e3;
@@ -79,7 +79,7 @@ HBTemperatureParams Neutralized(HBRGBA32i color, HBTemperatureParams best)
 bool PickNeutral(HBRGBA32i color, std::any* record)
 {
     auto& params = std::any_cast<HBTemperatureParams&>(*record);
-    const auto channels = Channels(color);
+    const auto channels = ChannelsOf(color);
     const auto [low, high] = std::minmax_element(channels.begin(), channels.end());
     if (*high < 8 || *high == 255)
         return false;             // too dark to have a colour, or brighter than could be stored
@@ -105,7 +105,7 @@ void MoveHandle(HBLevelsParams* params, int channel)
 bool PickEnd(int end, HBRGBA32i color, std::any* record)
 {
     auto& params = std::any_cast<HBLevelsParams&>(*record);
-    const auto channels = Channels(color);
+    const auto channels = ChannelsOf(color);
     for (int c = 0; c < 3; ++c) {
         if (end == 0 ? channels[size_t(c)] >= params.input[c + 1][1]
                      : channels[size_t(c)] <= params.input[c + 1][0])
@@ -125,7 +125,7 @@ bool PickGrey(HBRGBA32i color, std::any* record)
     double middle = 0;
     for (int c = 0; c < 3; ++c) {
         const auto& input = params.input[c + 1];
-        place[size_t(c)] = double(Channels(color)[size_t(c)] - input[0]) / std::max(1, input[1] - input[0]);
+        place[size_t(c)] = double(ChannelsOf(color)[size_t(c)] - input[0]) / std::max(1, input[1] - input[0]);
         if (place[size_t(c)] <= 0 || place[size_t(c)] >= 1)
             return false;
         middle += place[size_t(c)] / 3;
@@ -178,7 +178,7 @@ HBRGBA32i HBColorAround(const HBImage<>& photo, const QPoint& pixel)
     const int count = std::max(1, area.width() * area.height());
     for (int y = area.top(); y <= area.bottom(); ++y) {
         for (int x = area.left(); x <= area.right(); ++x) {
-            const auto channels = Channels(photo.PixelAt(x, y));
+            const auto channels = ChannelsOf(photo.PixelAt(x, y));
             for (size_t c = 0; c < 3; ++c)
                 sums[c] += channels[c];
         }

@@ -18,7 +18,7 @@ QString Row(const QString& keys, const QString& does)
         .arg(keys.toHtmlEscaped(), does.toHtmlEscaped());
 }
 
-QString Plain(const QString& text)
+QString WithoutMnemonic(const QString& text)
 {
     return QString(text).replace("&&", "\n").remove('&').replace('\n', '&').remove(QChar(0x2026));
 }
@@ -36,7 +36,7 @@ QString Rows(const QMenu* menu)
         for (const QKeySequence& key : action->shortcuts())
             keys.append(key.toString(QKeySequence::NativeText));
         if (!keys.isEmpty())
-            rows += Row(keys.join(", "), Plain(action->text()));
+            rows += Row(keys.join(", "), WithoutMnemonic(action->text()));
     }
     return rows;
 }
@@ -73,7 +73,7 @@ HBShortcutSheet::HBShortcutSheet(const QMenuBar* menus, QWidget* parent) : QDial
                 Row(tr("Escape"), tr("Cancel")));
     for (const QAction* menu : menus->actions()) {
         if (menu->menu())
-            section(Plain(menu->text()), Rows(menu->menu()));
+            section(WithoutMnemonic(menu->text()), Rows(menu->menu()));
     }
     auto* text = new QTextBrowser;
     text->setHtml(html);

@@ -2164,6 +2164,10 @@
         <source>it works on all of the photo, and can have no selection</source>
         <translation>es wirkt auf das ganze Foto und kann keine Auswahl haben</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is given twice.</source>
+        <translation>„%1“ ist zweimal angegeben.</translation>
+    </message>
 </context>
 <context>
     <name>HBRecipeDialog</name>

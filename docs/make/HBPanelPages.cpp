@@ -189,10 +189,12 @@ QString Block(const QString& className, const Sources& sources)
     const HBAdjustment* adjustment = HBFindAdjustment(className);
     if (!adjustment)
         throw Fault("There is no adjustment " + className);
+    // As it is stored: a stamp that is loaded lies in a folder of this machine.
+    const QString path = sources.recipes + '/' + className + ".json";
     HBRecipe recipe;
     QString error;
-    if (!HBRecipe::Load(sources.recipes + '/' + className + ".json", &recipe, &error))
-        throw Fault(error);
+    if (!HBRecipe::FromJson(Read(path).toUtf8(), &recipe, &error))
+        throw Fault(path + ": " + error);
     return FieldTable(*adjustment) + '\n' + Cost(*adjustment, sources.readme) + "\n\n" +
            RecordText(*adjustment, recipe.steps.first().values);
 }
