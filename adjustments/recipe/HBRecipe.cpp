@@ -4,7 +4,6 @@
 
 #include "HBRecipeFiles.h"
 #include "HBRecipeSteps.h"
-#include "HBRepeatedKey.h"
 
 #include <HBSaveFile.h>
 
@@ -24,7 +23,6 @@ constexpr int FirstVersion = 1;
 constexpr int Version = 2; // steps may be off, or in part, or on a selection
 // A recipe may be anybody's file: no recipe made by hand comes near these.
 constexpr int MaximumBytes = 16 << 20;
-constexpr int MaximumKeyShown = 40;
 
 constexpr char OnKey[] = "on";
 constexpr char AmountKey[] = "amount";
@@ -129,9 +127,6 @@ bool HBRecipeStep::operator==(const HBRecipeStep& other) const
 
 bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error)
 {
-    QByteArray key;
-    if (HBHasRepeatedKey(json, &key))
-        return Fail(error, Text::tr("\"%1\" is given twice.").arg(QString::fromUtf8(key.left(MaximumKeyShown))));
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (document.isNull()) {
