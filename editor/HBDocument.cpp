@@ -7,6 +7,9 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <new>
+#include <utility>
+
 namespace
 {
 
@@ -53,13 +56,19 @@ private:
     {
         const bool isOther = state.steps != m_pDocument->m_Steps;
         const bool isElsewhere = state.selection != m_pDocument->m_Selection;
-        m_pDocument->m_Steps = state.steps;
+        const Steps before = std::exchange(m_pDocument->m_Steps, state.steps);
         m_pDocument->m_Selection = state.selection;
-        if (isElsewhere)
-            Q_EMIT m_pDocument->SelectionChanged();
-        if (!isOther)
-            return;
-        m_pDocument->m_Result.Want(state.steps);
+        try {
+            if (isElsewhere)
+                Q_EMIT m_pDocument->SelectionChanged();
+            if (!isOther)
+                return;
+            m_pDocument->m_Result.Want(state.steps);
+        } catch (const std::bad_alloc&) {
+            if (isOther && m_pDocument->m_Result.Asked() != state.steps)
+                m_pDocument->m_Steps = before; // or they would have the result of others
+            throw;
+        }
         Q_EMIT m_pDocument->StepsChanged();
     }
 

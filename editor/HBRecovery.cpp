@@ -2,13 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecovery.h"
 
+#include <HBQtImage.h>
 #include <HBSaveFile.h>
+#include <HBStage.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QUuid>
+
+#include <exception>
+#include <new>
+#include <utility>
 
 namespace
 {
@@ -23,7 +29,9 @@ QString LockOf(const QString& file)
 
 QJsonObject JsonOf(const HBDocument::Steps& steps)
 {
-    return QJsonDocument::fromJson(HBRecipe{steps}.ToJson()).object();
+    const QByteArray json = HBRecipe{steps}.ToJson();
+    HBCheckMemory();
+    return QJsonDocument::fromJson(json).object();
 }
 
 /// None, if it is no recipe, or has none.
@@ -159,14 +167,35 @@ void HBRecovery::OnChanged()
 void HBRecovery::Write()
 {
     m_SinceWrite.start();
+    const State state = Present();
     QString reason;
+    bool written = false;
+    try {
+        written = HBSaveFile(m_File, Json(state), &reason);
+    } catch (const std::bad_alloc&) {
+        reason = HBFailureReason({{}, HBOutcome::Failed, std::current_exception()});
+    }
+    if (written) {
+        m_Written = state;
+        m_IsThere = true;
+        m_HasFailed = false;
+    } else if (!m_HasFailed) {
+        m_HasFailed = true; // said once
+        Q_EMIT Failed(reason);
+    }
+}
+
+/// Of the file, behind a lock.
+QByteArray HBRecovery::Json(const State& state)
+{
     if (!m_pLock) {
         QDir().mkpath(m_Folder);
-        m_pLock = std::make_unique<QLockFile>(LockOf(m_File));
-        m_pLock->setStaleLockTime(0); // it lasts as long as the process
-        m_pLock->tryLock(0);
+        auto lock = std::make_unique<QLockFile>(LockOf(m_File));
+        lock->setStaleLockTime(0); // it lasts as long as the process
+        lock->tryLock(0);
+        m_pLock = std::move(lock);
     }
-    const State state = Present();
+    HBCheckMemory(); // Qt ends the process if its JSON finds none
     QJsonObject json{
         {"format", "panel-editor-recovery"},       {"photo", m_pDocument->Path()},
         {"size", double(m_pDocument->FileSize())}, {"time", double(m_pDocument->FileTime().toMSecsSinceEpoch())},
@@ -175,14 +204,8 @@ void HBRecovery::Write()
         json.insert("panel", JsonOf({state.panel}));
         json.insert("opened", state.opened);
     }
-    if (HBSaveFile(m_File, QJsonDocument(json).toJson(), &reason)) {
-        m_Written = state;
-        m_IsThere = true;
-        m_HasFailed = false;
-    } else if (!m_HasFailed) {
-        m_HasFailed = true; // said once
-        Q_EMIT Failed(reason);
-    }
+    HBCheckMemory();
+    return QJsonDocument(json).toJson();
 }
 
 void HBRecovery::Remove()

@@ -82,6 +82,7 @@ private:
     void OnChanged();
     void Update();
     void Write();
+    QByteArray Json(const State& state);
     void Remove();
 
     const QString m_Folder;

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace
@@ -88,6 +89,7 @@ void HBStackResult::SetPhoto(const HBImage<>& photo)
         m_pControl->Cancel();
     m_Kept.clear();
     m_Present.clear();
+    m_Asked.clear();
     m_Wanted.clear();
     m_Trouble.clear();
     m_Shared = 0;
@@ -97,6 +99,7 @@ void HBStackResult::SetPhoto(const HBImage<>& photo)
 void HBStackResult::Want(const Steps& steps)
 {
     const Steps acting = Acting(steps);
+    m_Asked = steps;
     if (acting == m_Wanted && m_Trouble.isEmpty())
         return;
     m_Trouble.clear();
@@ -104,13 +107,26 @@ void HBStackResult::Want(const Steps& steps)
     m_Wanted = acting;
     if (m_pControl && m_Making != acting)
         m_pControl->Cancel();
-    if (acting == m_Present)
-        return Show(acting, HBImage<>(m_Image));
-    const HBStackWork work = WorkTo(acting, 0);
-    if (work.first.steps.isEmpty() && work.rest.steps.isEmpty())
-        Show(acting, work.from);
-    else
-        Start();
+    try {
+        if (acting == m_Present)
+            return Show(acting, HBImage<>(m_Image));
+        const HBStackWork work = WorkTo(acting, 0);
+        if (work.first.steps.isEmpty() && work.rest.steps.isEmpty())
+            Show(acting, work.from);
+        else
+            Start();
+    } catch (const std::bad_alloc&) {
+        if (IsUpToDate())
+            throw; // of who was told
+        Fail();
+    }
+}
+
+/// For want of memory, from a handler. What would make it must not throw: SetHeld is called at the end of scopes.
+void HBStackResult::Fail()
+{
+    m_Trouble = HBFailureReason({{}, HBOutcome::Failed, std::current_exception()});
+    Q_EMIT Failed(m_Trouble);
 }
 
 void HBStackResult::Know(const Steps& steps, const HBImage<>& image)
@@ -164,11 +180,15 @@ void HBStackResult::Keep(const Steps& acting, const HBImage<>& image)
 {
     if (acting.isEmpty() || image.IsEmpty())
         return;
-    m_Kept.erase(
-        std::remove_if(m_Kept.begin(), m_Kept.end(), [&](const State& state) { return state.steps == acting; }),
-        m_Kept.end());
-    m_Kept.prepend({acting, image});
-    Trim();
+    try {
+        m_Kept.erase(std::remove_if(m_Kept.begin(), m_Kept.end(),
+                                    [&](const State& state) { return state.steps == acting; }),
+                     m_Kept.end());
+        m_Kept.prepend({acting, image});
+        Trim();
+    } catch (const std::bad_alloc&) {
+        m_Kept.clear(); // they can be made again
+    }
 }
 
 void HBStackResult::Show(const Steps& acting, const HBImage<>& image)
@@ -202,6 +222,17 @@ void HBStackResult::Start()
 {
     if (m_pControl || m_Held)
         return; // it was cancelled, and Finish comes here; or SetHeld does
+    try {
+        Begin();
+    } catch (const std::bad_alloc&) {
+        m_pControl.reset();
+        m_Glance.stop();
+        Fail();
+    }
+}
+
+void HBStackResult::Begin()
+{
     m_Making = m_Wanted;
     m_Work = WorkTo(m_Wanted, m_Shared);
     // What comes takes the place of what is kept now, but for what it is made from if that is no new one.

@@ -51,7 +51,10 @@ public:
 
     /// Asks for another stack's result; Ready follows, at once if it is known. What is being made for a stack that
     /// is no longer wanted is given up.
+    /// \throws std::bad_alloc, also of those who are told. Without any for the work there is Trouble
     void Want(const Steps& steps);
+    /// What was asked for last.
+    const Steps& Asked() const { return m_Asked; }
     /// The result of such a stack, which someone else has made.
     void Know(const Steps& steps, const HBImage<>& image);
 
@@ -86,12 +89,15 @@ private:
     void Show(const Steps& acting, const HBImage<>& image);
     void Trim();
     void Start();
+    void Begin();
+    void Fail();
     void Finish();
     void TellProgress();
 
     HBImage<> m_Photo;
     HBImage<> m_Image;
     Steps m_Present; ///< only those that are on, as all that follow
+    Steps m_Asked;   ///< all of them
     Steps m_Wanted;
     int m_Shared = 0; ///< so many steps the wanted stack has in common with the one before
     bool m_Held = false;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBEditorActions.h"
+#include "HBEditorApplication.h"
 #include "HBEditorStyle.h"
 #include "HBEditorWindow.h"
 #include "HBScreenshot.h"
@@ -132,7 +133,7 @@ int main(int argc, char* argv[])
 #endif
     // As Qt 5 does by itself: a pixel of the photo is a whole number of the screen's.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
-    QApplication application(argc, argv);
+    HBEditorApplication application(argc, argv);
     QApplication::setStyle(new HBEditorStyle);
     HBInstallTranslations();
     QApplication::setWindowIcon(Icon());
@@ -145,6 +146,10 @@ int main(int argc, char* argv[])
     const bool screenshot = !options.screenshot.file.isEmpty();
     HBEditorWindow window(!screenshot);
     HBShowTileWarnings(window.MessageBar());
+    const QString outOfMemory =
+        Text::tr("There was not enough memory for that. Your photo and its steps are kept.");
+    QObject::connect(&application, &HBEditorApplication::OutOfMemory, window.MessageBar(),
+                     [&] { window.MessageBar()->ShowError(outOfMemory); });
     if (options.dark)
         window.Actions()->dark->setChecked(true);
     HBSetUpPanels(&window);

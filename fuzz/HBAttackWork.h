@@ -35,8 +35,9 @@ struct HBAttackWork {
     QString name;
     HBFailing place;
     std::function<HBAttackResult()> run;
-    bool isMemoryOurs =
-        true; ///< Qt's painter of text and its writer of PNG, and libtiff, end the process in which they get none
+    /// Qt's painter of text and its writer of PNG, and libtiff, end the process in which they get none.
+    bool isMemoryOurs = true;
+    int room = 200; ///< so many calls go well after a block of 256 KiB has been given back
 };
 
 /// A file that is saved over another: on the disk is one of them, whole, and nothing else in that folder.

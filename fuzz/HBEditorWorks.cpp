@@ -7,23 +7,30 @@
 #include "HBTestRecords.h"
 
 #include <HBEditorActions.h>
+#include <HBEditorApplication.h>
 #include <HBEditorWindow.h>
 #include <HBExportDialog.h>
 #include <HBMessageBar.h>
 #include <HBPhotoCheck.h>
+#include <HBRecovery.h>
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QJsonDocument>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 namespace {
+
+constexpr int JsonRoom =
+    1500; // in the 1 MiB without which we begin none of Qt's JSON, which would end the process
 
 /// The editor, and what must stay as it is in it.
 class Bench {
@@ -47,6 +54,7 @@ public:
     HBEditorWindow& Window() { return m_Window; }
     QString Path(const QString& name) { return m_Folder(name); }
     const QVector<HBRecipeStep>& Steps() const { return m_Steps; }
+    QString Unsaved() const { return m_Unsaved.path(); }
     int Files() const { return m_Folder.Files().size(); }
 
     /// The photo and its steps, all saved.
@@ -73,7 +81,7 @@ public:
     }
 
 private:
-    const HBTestFolder m_Folder;
+    const HBTestFolder m_Folder, m_Unsaved;
     const QString m_Photo = m_Folder("photo.png");
     HBEditorWindow m_Window{false};
     QVector<HBRecipeStep> m_Steps;
@@ -160,6 +168,82 @@ HBAttackResult Apply(Bench* bench) {
     return {applied, told};
 }
 
+/// Does something in an event of its own, as the user's hand does.
+struct Hand : QObject {
+    std::function<void()> act;
+    bool event(QEvent*) override {
+        act();
+        return true;
+    }
+};
+
+/// A document whose unsaved steps are kept, and what is done to it. Without its window: Qt's own texts and lists end
+/// the process where they find no memory.
+HBAttackResult Change(const QString& folder, const QVector<HBRecipeStep>& steps, const HBPhoto& photo,
+                      const std::function<void(HBDocument*)>& change) {
+    std::optional<HBCalm> calm(std::in_place);
+    QString error;
+    Hand hand;
+    HBDocument document;
+    const QMetaObject::Connection outOfMemory =
+        QObject::connect(static_cast<HBEditorApplication*>(qApp), &HBEditorApplication::OutOfMemory, [&] {
+            const HBCalm telling;
+            error = "not enough memory";
+        });
+    const auto isAtRest = [&] { return document.Result().IsUpToDate() || !document.Result().Trouble().isEmpty(); };
+    document.SetPhoto("photo.png", photo);
+    document.SetSteps(steps, "Steps");
+    HBFuzzCheck(HBComesTrue([&] { return document.Result().IsUpToDate(); }), "A document does not come to rest");
+    HBRecovery recovery(folder, &document);
+    const auto fails = [&](const QString& reason) {
+        const HBCalm telling;
+        error = reason.isEmpty() ? "without a reason" : reason;
+    };
+    QObject::connect(&document, &HBDocument::Failed, fails);
+    QObject::connect(&recovery, &HBRecovery::Failed, fails);
+    hand.act = [&] { change(&document); };
+    QEvent event(QEvent::User);
+    calm.reset();
+    QCoreApplication::sendEvent(&hand, &event);
+    HBEndFailing();
+    QObject::disconnect(outOfMemory);
+    HBFuzzCheck(HBComesTrue(isAtRest), "A document does not come to rest");
+    HBFuzzCheck(document.Original().IsSameAs(photo.image) && document.StepCount() >= steps.size() - 1,
+                "A document has lost its photo or its steps");
+    if (!document.Result().IsUpToDate()) { // as a save does
+        QString problem;
+        const QVector<HBRecipeStep> present = document.AllSteps();
+        HBFuzzCheck(!document.Result().Trouble().isEmpty(), "Steps have no result, without a reason");
+        document.Result().Know(present, HBApplyRecipe(photo.image, document.Recipe(), &problem));
+    }
+    QString problem;
+    const QImage image = document.Image().ToQImage();
+    HBFuzzCheck(image == HBApplyRecipe(photo.image, document.Recipe(), &problem).ToQImage(),
+                "A document shows other steps than its own");
+    HBFuzzCheck(recovery.Keep(), "Unsaved steps are not kept, with memory again");
+    const QJsonObject kept =
+        QJsonDocument::fromJson(HBBytesOf(QDir(folder).filePath(QDir(folder).entryList({"*.json"}).value(0))))
+            .object();
+    HBFuzzCheck(kept["recipe"].toObject() ==
+                    QJsonDocument::fromJson(HBRecipe{document.AllSteps()}.ToJson()).object(),
+                "Other steps are kept than the document's");
+    return {image, error};
+}
+
+HBAttackResult SaveRecipe(const QString& path, const HBRecipe& recipe, HBSavedFile* file) {
+    QString error;
+    HBRecipe again;
+    file->Restore(path);
+    const bool isSaved = recipe.Save(path, &error);
+    file->Check(path, isSaved);
+    const bool isRead = isSaved && HBRecipe::Load(path, &again, &error);
+    HBEndFailing();
+    HBFuzzCheck(isRead == error.isEmpty(), "A recipe fails without a word");
+    HBFuzzCheck(again.steps == (isRead ? recipe.steps : QVector<HBRecipeStep>()), "A recipe is read as another");
+    QFile::remove(path);
+    return {{}, error};
+}
+
 } // namespace
 
 void HBSavedFile::Restore(const QString& path) const {
@@ -174,7 +258,9 @@ void HBSavedFile::Check(const QString& path, bool done, int others) {
     const bool isNew = bytes != before;
     HBFuzzCheck(isNew || !done, path + " counts as saved and is not");
     // Without memory its metadata may be less.
-    HBFuzzCheck(!isNew || (HBIsWholeFile(bytes) && QImage::fromData(bytes) == QImage::fromData(after)),
+    const QImage image = QImage::fromData(bytes);
+    HBFuzzCheck(!isNew || bytes == after ||
+                    (HBIsWholeFile(bytes) && !image.isNull() && image == QImage::fromData(after)),
                 path + " is neither as it was nor as it is to be");
     const QDir folder = QFileInfo(path).dir();
     const QStringList all = folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -191,6 +277,27 @@ QVector<HBAttackWork> HBEditorWorks() {
     const QImage otherImage = HBTestRamp(130, 90).ToQImage();
     otherImage.save(other);
     add("open", [=] { return Open(bench.get(), other, HBImage<>::FromQImage(otherImage).ToQImage()); });
+    HBPhoto photo;
+    photo.image = HBTestRamp(300, 200);
+    const QVector<HBRecipeStep> steps = bench->Steps();
+    const std::pair<const char*, std::function<void(HBDocument*)>> changes[] = {
+        {"append", [steps](HBDocument* document) { document->Append({steps[0]}, "Once more"); }},
+        {"amount", [](HBDocument* document) { document->SetAmount(0, 20); }},
+        {"remove", [](HBDocument* document) { document->Remove(1); }},
+        {"undo", [](HBDocument* document) {
+             document->SetOn(0, false);
+             document->History().undo();
+         }}};
+    for (const auto& change : changes) {
+        works.append({QString("editor steps ") + change.first, HBFailing::Everywhere,
+                      [=, act = change.second] { return Change(bench->Unsaved(), steps, photo, act); }, true,
+                      JsonRoom});
+    }
+    const auto kept = std::make_shared<HBSavedFile>(HBSavedFile{"what was there", {}});
+    const QString recipeFile = QDir(bench->Unsaved()).filePath("recipe.json");
+    works.append({"editor recipe file", HBFailing::Everywhere,
+                  [=] { return static_cast<void>(bench), SaveRecipe(recipeFile, {steps}, kept.get()); }, true,
+                  JsonRoom});
     add("recipe", [=] { return Apply(bench.get()); });
     for (const char* name : {"saved.png", "saved.jpg", "saved.webp"}) {
         for (const bool isExport : {false, true}) {

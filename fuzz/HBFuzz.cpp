@@ -5,9 +5,11 @@
 #include "HBTestFiles.h"
 #include "HBTestImages.h"
 
+#include <HBReadJson.h>
+
 #include <QCoreApplication>
 #include <QImage>
-#include <QJsonDocument>
+#include <QJsonObject>
 #include <QThread>
 
 #include <cstdio>
@@ -53,7 +55,8 @@ bool HBKeepsOutside(const HBTarget& target, const HBImage<>& result) {
 
 QJsonObject HBFuzzStep(const HBAdjustment& adjustment, const QByteArray& bytes) {
     if (adjustment.tag) return {{"record", QString::fromLatin1(bytes.toBase64())}};
-    return {{"values", QJsonDocument::fromJson(bytes).object()}};
+    QString ignored;
+    return {{"values", HBReadJson(bytes, &ignored).object()}};
 }
 
 bool HBComesTrue(const std::function<bool()>& isSo) {

@@ -13,6 +13,7 @@
 
 #include <HBAdjustmentWidget.h>
 #include <HBDocument.h>
+#include <HBEditorApplication.h>
 #include <HBPanelCatalog.h>
 #include <HBParallel.h>
 #include <HBPhotoFile.h>
@@ -22,7 +23,6 @@
 #include <HBThumbnail.h>
 #include <HBTilePainter.h>
 
-#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QRunnable>
@@ -60,6 +60,7 @@ std::atomic<long> calls{0};
 std::atomic<long> failing{-1}; ///< number of the call that fails
 thread_local bool isMainThread = false;
 std::atomic<int> attempts{0};
+std::atomic<int> roomInBlock{0};
 thread_local int room = 0;       ///< calls that go well after much has been freed
 thread_local int roomOf = 0;     ///< the attempt that freed it
 thread_local int starting = 0;   ///< calls that go well in the first steps of a thread
@@ -143,7 +144,7 @@ void* mmap(void* address, std::size_t size, int protection, int flags, int file,
 }
 void free(void* memory) {
     if (memory && malloc_usable_size(memory) >= 1 << 18) {
-        room = 200;
+        room = roomInBlock;
         roomOf = attempts;
     }
     __libc_free(memory);
@@ -225,6 +226,7 @@ void StartThreads() {
 
 void Attack(const HBAttackWork& work, qint64 milliseconds, QRandomGenerator& random) {
     HBEndFailing();
+    roomInBlock = work.room;
     const HBAttackResult right = work.run();
     if (!right.error.isEmpty()) HBFuzzFail(work.name + ": " + right.error);
     for (const What kind : {What::Once, What::Again, What::Ever, What::Threads}) {
@@ -309,7 +311,7 @@ int main(int argc, char** argv) {
     std::set_terminate(TellWhereItFailed);
     backtrace(failedAt, 1); // the first one loads a library
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    const HBEditorApplication application(argc, argv);
     const int seconds = argc > 1 ? std::atoi(argv[1]) : 60;
     QRandomGenerator random(argc > 2 ? quint32(std::atoi(argv[2])) : 1);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});

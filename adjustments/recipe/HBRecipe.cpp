@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecipe.h"
 
+#include "HBReadJson.h"
 #include "HBRecipeFiles.h"
 #include "HBRecipeSteps.h"
 
+#include <HBQtImage.h>
 #include <HBSaveFile.h>
+#include <HBStage.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -14,6 +17,8 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <exception>
+#include <new>
 
 namespace
 {
@@ -37,6 +42,16 @@ bool Fail(QString* error, const QString& text)
 {
     *error = text;
     return false;
+}
+
+/// Runs what tells its failure; also where there is no memory for it. Qt ends the process if its JSON finds none.
+template <class Step>
+bool RunTelling(QString* error, Step step)
+try {
+    HBCheckMemory();
+    return step();
+} catch (const std::bad_alloc&) {
+    return Fail(error, HBFailureReason({{}, HBOutcome::Failed, std::current_exception()}));
 }
 
 /// What a step of version 2 says besides the values, and out of them.
@@ -104,6 +119,60 @@ bool CheckHead(const QJsonObject& head, QString* error)
     return true;
 }
 
+bool ReadJson(const QByteArray& json, HBRecipe* recipe, QString* error)
+{
+    const QJsonDocument document = HBReadJson(json, error);
+    if (document.isNull())
+        return false;
+    const QJsonObject head = document.object();
+    if (!CheckHead(head, error))
+        return false;
+    const int version = head.value("version").toInt();
+    const QJsonArray steps = head.value("steps").toArray();
+    if (steps.isEmpty())
+        return Fail(error, Text::tr("The recipe has no steps."));
+    if (steps.size() > HBRecipe::MaximumSteps) {
+        return Fail(error, Text::tr("The recipe has %1 steps; at most %2 are allowed.")
+                               .arg(steps.size())
+                               .arg(HBRecipe::MaximumSteps));
+    }
+    HBRecipe read;
+    for (int i = 0; i < steps.size(); ++i) {
+        HBRecipeStep step;
+        if (!ReadStep(steps.at(i), version, i, &step, error))
+            return false;
+        read.steps.append(step);
+    }
+    *recipe = read;
+    return true;
+}
+
+bool ReadFile(const QString& path, HBRecipe* recipe, QString* error)
+{
+    auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
+    const QFileInfo info(path);
+    if (!info.exists())
+        return fail(Text::tr("There is no such file."));
+    if (!info.isFile())
+        return fail(Text::tr("This is not a file."));
+    if (info.size() == 0) // also one of the kernel's, which could be read for ever
+        return fail(Text::tr("The file is empty."));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(file.errorString());
+    const QByteArray json = file.read(MaximumBytes + 1);
+    if (file.error() != QFile::NoError)
+        return fail(file.errorString());
+    if (json.size() > MaximumBytes)
+        return fail(Text::tr("The file is too large to be a recipe."));
+    QString reason;
+    HBRecipe read;
+    if (!ReadJson(json, &read, &reason))
+        return fail(reason);
+    *recipe = HBWithFilesOf(read, info.absolutePath());
+    return true;
+}
+
 } // namespace
 
 QJsonObject HBRecipeStep::Manner() const
@@ -127,37 +196,12 @@ bool HBRecipeStep::operator==(const HBRecipeStep& other) const
 
 bool HBRecipe::FromJson(const QByteArray& json, HBRecipe* recipe, QString* error)
 {
-    QJsonParseError problem;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
-    if (document.isNull()) {
-        return Fail(error,
-                    Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
-    }
-    const QJsonObject head = document.object();
-    if (!CheckHead(head, error))
-        return false;
-    const int version = head.value("version").toInt();
-    const QJsonArray steps = head.value("steps").toArray();
-    if (steps.isEmpty())
-        return Fail(error, Text::tr("The recipe has no steps."));
-    if (steps.size() > MaximumSteps) {
-        return Fail(
-            error,
-            Text::tr("The recipe has %1 steps; at most %2 are allowed.").arg(steps.size()).arg(MaximumSteps));
-    }
-    HBRecipe read;
-    for (int i = 0; i < steps.size(); ++i) {
-        HBRecipeStep step;
-        if (!ReadStep(steps.at(i), version, i, &step, error))
-            return false;
-        read.steps.append(step);
-    }
-    *recipe = read;
-    return true;
+    return RunTelling(error, [&] { return ReadJson(json, recipe, error); });
 }
 
 QByteArray HBRecipe::ToJson() const
 {
+    HBCheckMemory();
     const bool isPlain =
         std::all_of(steps.begin(), steps.end(), [](const HBRecipeStep& step) { return step.Manner().isEmpty(); });
     const int version = isPlain ? FirstVersion : Version;
@@ -170,33 +214,14 @@ QByteArray HBRecipe::ToJson() const
 
 bool HBRecipe::Load(const QString& path, HBRecipe* recipe, QString* error)
 {
-    auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
-    const QFileInfo info(path);
-    if (!info.exists())
-        return fail(Text::tr("There is no such file."));
-    if (!info.isFile())
-        return fail(Text::tr("This is not a file."));
-    if (info.size() == 0) // also one of the kernel's, which could be read for ever
-        return fail(Text::tr("The file is empty."));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(file.errorString());
-    const QByteArray json = file.read(MaximumBytes + 1);
-    if (file.error() != QFile::NoError)
-        return fail(file.errorString());
-    if (json.size() > MaximumBytes)
-        return fail(Text::tr("The file is too large to be a recipe."));
-    QString reason;
-    HBRecipe read;
-    if (!FromJson(json, &read, &reason))
-        return fail(reason);
-    *recipe = HBWithFilesOf(read, info.absolutePath());
-    return true;
+    return RunTelling(error, [&] { return ReadFile(path, recipe, error); });
 }
 
 bool HBRecipe::Save(const QString& path, QString* error) const
 {
-    QString reason;
-    const HBRecipe kept = HBWithNamesFrom(*this, QFileInfo(path).absolutePath());
-    return HBSaveFile(path, kept.ToJson(), &reason) || Fail(error, path + ": " + reason);
+    return RunTelling(error, [&] {
+        QString reason;
+        const HBRecipe kept = HBWithNamesFrom(*this, QFileInfo(path).absolutePath());
+        return HBSaveFile(path, kept.ToJson(), &reason) || Fail(error, path + ": " + reason);
+    });
 }

@@ -52,6 +52,7 @@ struct ADJUSTMENTS_EXPORT HBRecipe
     /// Reads a recipe and the record of every step. On failure returns false, leaves `recipe` alone and names the
     /// step (counted from 1), its panel and the reason in `error`.
     static bool FromJson(const QByteArray& json, HBRecipe* recipe, QString* error);
+    /// \throws std::bad_alloc
     QByteArray ToJson() const;
 
     /// As FromJson; the error names the file too. Files that steps name, stamps, are looked for from the recipe's

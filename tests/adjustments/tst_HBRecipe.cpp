@@ -191,6 +191,8 @@ private Q_SLOTS:
         HBColumns<QByteArray, QString>("json", "message");
         QTest::newRow("empty") << QByteArray() << "not JSON";
         QTest::newRow("deep") << QByteArray(5000, '[') << "not JSON";
+        QTest::newRow("key twice") << QByteArray(R"({"steps":[1],"s\u0074eps":[2]})")
+                                   << "eps\" stands twice in one object";
         QTest::newRow("other format") << Changed("format", "curves") << "not a recipe";
         QTest::newRow("newer") << Changed("version", 3) << "version 3; this program reads versions up to 2";
         QTest::newRow("version half") << Changed("version", 0.5) << "no valid version";
