@@ -8,16 +8,12 @@
 #include "HBPanelManners.h"
 #include "HBPanelSetupOnce.h"
 #include "HBPickSurface.h"
+#include "HBSessionWait.h"
 #include "HBSightJob.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBChangedTiles.h>
-#include <HBMdiArea.h>
-#include <HBOperationProgressDlg.h>
-#include <KMApplication.h>
 #include <KMDocumentView.h>
-
-#include <QApplication>
 
 #include <utility>
 
@@ -32,14 +28,14 @@ constexpr int StillMilliseconds = 50;
 HBPanelSession::HBPanelSession(const HBPanelEntry& entry, QObject* parent, HBPanelButtons buttons)
     : QObject(parent)
     , m_Entry(entry)
+    , m_pWait(new HBSessionWait(entry.Title(), this))
 {
     HBSetUpPanelsOnce();
     m_pPanel = entry.create(buttons == HBPanelButtons::Panel, nullptr);
     m_Still.setSingleShot(true);
     m_Still.setInterval(StillMilliseconds);
     connect(&m_Still, &QTimer::timeout, this, &HBPanelSession::OnStill);
-    m_Patience.setSingleShot(true);
-    connect(&m_Patience, &QTimer::timeout, this, &HBPanelSession::ShowWaitDialog);
+    connect(m_pWait, &HBSessionWait::Cancelled, this, &HBPanelSession::OnWaitCancelled);
 
     // Some panels listen to their controls only once they have been given values.
     entry.set(*m_pPanel, entry.get(*m_pPanel));
@@ -79,7 +75,7 @@ void HBPanelSession::ConnectPanel(HBPanelButtons buttons)
 
 HBPanelSession::~HBPanelSession()
 {
-    EndWait();
+    m_pWait->End();
     if (m_pPanel)
         m_pPanel->disconnect(this);
     delete m_pOverlayJob; // it asks the panel
@@ -300,8 +296,9 @@ void HBPanelSession::StartNow()
 {
     m_Outdated = false;
     if (!IsWorking()) {
-        m_ProgressMinimum = m_ProgressValue = 0;
+        m_ProgressMinimum = 0;
         m_ProgressMaximum = 100;
+        m_pWait->ForgetProgress();
     }
     if (m_pOverlayJob)
         m_pOverlayJob->ProcessNow();
@@ -469,22 +466,20 @@ void HBPanelSession::OnProgressRange(int minimum, int maximum)
 {
     m_ProgressMinimum = minimum;
     m_ProgressMaximum = maximum;
-    if (m_pWaitDialog)
-        m_pWaitDialog->SetProgressRange(minimum, maximum);
+    m_pWait->SetRange(minimum, maximum);
     if (!m_pOverlayJob && !IsWorking())
         OnJobEnded(); // the panel tells a last range then
 }
 
 void HBPanelSession::OnProgressValue(int value)
 {
-    m_ProgressValue = value;
     if (m_Over)
         return;
     const QPointer<HBPanelSession> self(this);
     const int range = m_ProgressMaximum - m_ProgressMinimum;
     Q_EMIT ProgressChanged(range > 0 ? int(100LL * (value - m_ProgressMinimum) / range) : 100);
-    if (self && m_pWaitDialog)
-        m_pWaitDialog->SetProgressPos(value);
+    if (self)
+        m_pWait->SetPosition(value);
 }
 
 void HBPanelSession::TellBusy()
@@ -515,7 +510,7 @@ void HBPanelSession::Accept()
         Finish();
         return;
     }
-    BeginWait();
+    m_pWait->Begin(Widget());
     StartNow();
     TellBusy();
     AdvanceSoon(); // for a panel that had nothing to start
@@ -533,13 +528,20 @@ void HBPanelSession::Resume(const QString& reason)
 {
     m_Finishing = false;
     m_Stopped = true;
-    EndWait();
+    m_pWait->End();
     SetCancelProcessing(false);
     Widget()->setEnabled(true);
     const QPointer<HBPanelSession> self(this);
     TellBusy();
     if (self)
         Q_EMIT Resumed(reason);
+}
+
+void HBPanelSession::OnWaitCancelled()
+{
+    m_WaitCancelled = true;
+    SetCancelProcessing(true);
+    AdvanceSoon(); // if none runs; else when the job has ended
 }
 
 void HBPanelSession::Finish()
@@ -560,63 +562,9 @@ bool HBPanelSession::End()
     if (m_pSightJob)
         m_pSightJob->GiveUp();
     m_Still.stop();
-    EndWait();
+    m_pWait->End();
     SetCancelProcessing(true);
     const QPointer<HBPanelSession> self(this);
     TellBusy();
     return self;
-}
-
-// ---- The wait for the final image ----
-
-void HBPanelSession::BeginWait()
-{
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_WaitCursor = true;
-    m_Patience.start(KMApplication::GetProgressTimeout());
-}
-
-void HBPanelSession::ShowWaitDialog()
-{
-    if (m_WaitCursor)
-        QApplication::restoreOverrideCursor();
-    m_WaitCursor = false;
-    QWidget* parent = HBMdiArea::MainWindow();
-    if (!parent && Widget())
-        parent = Widget()->window();
-    m_pWaitDialog = new HBOperationProgressDlg(parent);
-    m_pWaitDialog->SetLabel(m_Entry.Title() + ':');
-    m_pWaitDialog->SetProgressRange(m_ProgressMinimum, m_ProgressMaximum);
-    m_pWaitDialog->SetProgressPos(m_ProgressValue);
-    connect(m_pWaitDialog, &QDialog::finished, this, &HBPanelSession::OnWaitDialogClosed);
-    m_pWaitDialog->show();
-}
-
-void HBPanelSession::OnWaitDialogClosed(int result)
-{
-    m_pWaitDialog->deleteLater();
-    m_pWaitDialog = nullptr;
-    if (!m_Finishing)
-        return;
-    if (result == QDialog::Accepted) {
-        m_Patience.start(KMApplication::GetProgressTimeout()); // another job or stage may follow
-        return;
-    }
-    m_WaitCancelled = true;
-    SetCancelProcessing(true);
-    AdvanceSoon(); // if none runs; else when the job has ended
-}
-
-void HBPanelSession::EndWait()
-{
-    m_Patience.stop();
-    if (m_WaitCursor)
-        QApplication::restoreOverrideCursor();
-    m_WaitCursor = false;
-    if (m_pWaitDialog) {
-        m_pWaitDialog->disconnect(this);
-        m_pWaitDialog->hide();
-        m_pWaitDialog->deleteLater();
-        m_pWaitDialog = nullptr;
-    }
 }

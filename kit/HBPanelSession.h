@@ -15,10 +15,10 @@
 
 class HBAdjustmentWidget;
 class HBAmountJob;
-class HBOperationProgressDlg;
 class HBOverlayFrame;
 class HBOverlayJob;
 class HBPickSurface;
+class HBSessionWait;
 class HBSightJob;
 class KMDocumentView;
 class QGraphicsView;
@@ -169,11 +169,7 @@ private:
     void Finish();
     void Resume(const QString& reason);
     bool End();
-
-    void BeginWait();
-    void ShowWaitDialog();
-    void OnWaitDialogClosed(int result);
-    void EndWait();
+    void OnWaitCancelled();
 
     const HBPanelEntry m_Entry;
     QPointer<HBAdjustmentWidget> m_pPanel;
@@ -181,17 +177,15 @@ private:
     HBOverlayJob* m_pOverlayJob = nullptr;    ///< of a panel without a job of its own
     HBAmountJob* m_pAmountJob = nullptr;      ///< if not all of what the panel does is left
     HBSightJob* m_pSightJob = nullptr;        ///< once something is in sight
+    HBSessionWait* m_pWait;                   ///< for the final image
     QPointer<HBPickSurface> m_pOwnSurface;
     QPointer<KMDocumentView> m_pView;
     HBTarget m_Target;
     HBImage<> m_Preview;
     QString m_Trouble; ///< what was said last
     QTimer m_Still;    ///< since the last change
-    QTimer m_Patience; ///< of the wait for the final image
-    QPointer<HBOperationProgressDlg> m_pWaitDialog;
     int m_ProgressMinimum = 0;
     int m_ProgressMaximum = 100;
-    int m_ProgressValue = 0;
     int m_Amount = HBRecipeStep::MaximumAmount;
     QString m_AmountFailure;  ///< of the last blending
     bool m_Unblended = false; ///< the panel's image is newer than the preview
@@ -208,7 +202,6 @@ private:
     double m_SightZoom = 1;
     bool m_Stopped = false; ///< no job before something changes: the last failed, or the user gave it up
     bool m_Finishing = false;
-    bool m_WaitCursor = false;
     bool m_WaitCancelled = false;
     bool m_Over = false;
 };
