@@ -2165,8 +2165,8 @@
         <translation>es wirkt auf das ganze Foto und kann keine Auswahl haben</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is given twice.</source>
-        <translation>„%1“ ist zweimal angegeben.</translation>
+        <source>The key %1 stands twice in one object.</source>
+        <translation>Der Schlüssel %1 steht zweimal in einem Objekt.</translation>
     </message>
 </context>
 <context>
@@ -2925,6 +2925,10 @@
     <message>
         <source>For --screenshot: the recipe whose steps the photo has already.</source>
         <translation>Für --screenshot: das Rezept, dessen Schritte das Foto schon hat.</translation>
+    </message>
+    <message>
+        <source>There was not enough memory for that. Your photo and its steps are kept.</source>
+        <translation>Dafür reichte der Speicher nicht. Ihr Foto und seine Schritte sind noch da.</translation>
     </message>
 </context>
 <context>
