@@ -4,6 +4,7 @@
 #include "HBEditorApplication.h"
 #include "HBEditorStyle.h"
 #include "HBEditorWindow.h"
+#include "HBMessageBar.h"
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
 
