@@ -4,8 +4,8 @@
 
 #include <QApplication>
 
-/// The application of the editor, in which what finds no memory ends, and not the program: the photo and its steps are
-/// still there.
+/// The application of the editor, in which what finds no memory ends, and not the program: the photo and its steps
+/// are still there.
 class HBEditorApplication : public QApplication
 {
     Q_OBJECT

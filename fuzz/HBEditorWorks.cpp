@@ -177,8 +177,8 @@ struct Hand : QObject {
     }
 };
 
-/// A document whose unsaved steps are kept, and what is done to it. Without its window: Qt's own texts and lists end
-/// the process where they find no memory.
+/// A document whose unsaved steps are kept, and what is done to it. Without its window: Qt's own texts and lists
+/// end the process where they find no memory.
 HBAttackResult Change(const QString& folder, const QVector<HBRecipeStep>& steps, const HBPhoto& photo,
                       const std::function<void(HBDocument*)>& change) {
     std::optional<HBCalm> calm(std::in_place);
