@@ -28,12 +28,22 @@ exec 3<>full 4<>empty # open, but nobody reads what is written, nor writes
 
 faults=0 slowest=0 out='' err=''
 fault() { echo "$case: $*; standard error ends with: $(tail -n 2 err 2>/dev/null)" >&2; ((++faults)); }
-# interrupt CASE SECONDS COMMAND...: SIGTERM so long after its start; standard output and error go to $out and $err.
+# hears PID: whether it has begun to catch SIGTERM; a sanitizer's start alone takes a while.
+hears() {
+    local caught
+    caught=$(sed -n 's/^SigCgt:[[:space:]]*//p' "/proc/$1/status")
+    (( 16#$caught & 1 << 14 ))
+}
+# interrupt CASE SECONDS COMMAND...: SIGTERM so long after it hears that; standard output and error go to $out and $err.
 interrupt() {
     case=$1
     rm -rf out err results
     "${@:3}" >"${out:-out}" 2>"${err:-err}" <empty &
-    local process=$! code=0 begin took
+    local process=$! code=0 begin took i
+    for ((i = 0; i < 3000; ++i)); do
+        hears "$process" && break
+        sleep 0.01
+    done
     sleep "$2"
     kill -0 "$process" || fault "it has ended before the signal"
     begin=${EPOCHREALTIME/./}
