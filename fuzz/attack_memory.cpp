@@ -43,6 +43,7 @@
 #include <execinfo.h>
 #include <malloc.h>
 #include <memory>
+#include <new>
 #include <pthread.h>
 #include <sys/mman.h>
 #include <sys/syscall.h>
@@ -163,14 +164,18 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
         void* argument;
     };
     const HBCalm calm;
-    return create(
+    std::unique_ptr<Start> start(new (std::nothrow) Start{run, argument});
+    if (!start) return EAGAIN;
+    const int error = create(
         thread, attributes,
         [](void* given) {
             starting = 150;
-            const std::unique_ptr<Start> start(static_cast<Start*>(given));
-            return start->run(start->argument);
+            const std::unique_ptr<Start> own(static_cast<Start*>(given));
+            return own->run(own->argument);
         },
-        new Start{run, argument});
+        start.get());
+    if (error == 0) static_cast<void>(start.release()); // the thread has it
+    return error;
 }
 }
 
