@@ -334,7 +334,6 @@ std::unique_ptr<HBSelectionGesture> HBSelectionGesture::Begin(Tool tool, const H
     return nullptr;
 }
 
-/// Keeps, again and again, the point of a stretch that is furthest from the line between its ends.
 int HBPointCount(const HBSelectionShape& selection)
 {
     int count = 0;
@@ -343,6 +342,7 @@ int HBPointCount(const HBSelectionShape& selection)
     return count;
 }
 
+/// Keeps, again and again, the point of a stretch that is furthest from the line between its ends.
 QPolygonF HBSimplified(const QPolygonF& points, double tolerance, int most)
 {
     struct Stretch

@@ -8,7 +8,6 @@
 #include <QJsonArray>
 
 #include <algorithm>
-#include <cstring>
 #include <functional>
 #include <string_view>
 #include <utility>
