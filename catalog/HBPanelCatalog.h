@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "catalog_export.h"
+#include "HBCatalogExport.h"
 
 #include <HBAdjustment.h>
 
@@ -16,7 +16,7 @@ class QWidget;
 using HBOverlayDrawing = std::function<HBImage<>(const HBImage<>& source, QString* error)>;
 
 /// One panel, as menus and the tests of all panels know it: its adjustment, and what makes it a widget.
-struct CATALOG_EXPORT HBPanelEntry
+struct HB_CATALOG_EXPORT HBPanelEntry
 {
     const HBAdjustment* adjustment;
     // As in the adjustment.
@@ -49,14 +49,14 @@ struct CATALOG_EXPORT HBPanelEntry
 };
 
 /// Our panels, in the order of the menus.
-CATALOG_EXPORT const QVector<HBPanelEntry>& HBPanelCatalog();
+HB_CATALOG_EXPORT const QVector<HBPanelEntry>& HBPanelCatalog();
 
 /// Adds a panel of the program's own, and its adjustment: recipes may name it from here on. False, with nothing
 /// added, if the class name is taken. HBPanelRow makes the row. GUI thread.
-CATALOG_EXPORT bool HBRegisterPanel(const HBPanelEntry& entry);
+HB_CATALOG_EXPORT bool HBRegisterPanel(const HBPanelEntry& entry);
 
 /// Our panels and then the registered ones. A row stays where it is for the rest of the program. GUI thread.
-CATALOG_EXPORT QVector<const HBPanelEntry*> HBAllPanels();
+HB_CATALOG_EXPORT QVector<const HBPanelEntry*> HBAllPanels();
 
 /// The panel with that class name, ours or registered; null if there is none. GUI thread.
-CATALOG_EXPORT const HBPanelEntry* HBFindPanel(const QString& className);
+HB_CATALOG_EXPORT const HBPanelEntry* HBFindPanel(const QString& className);

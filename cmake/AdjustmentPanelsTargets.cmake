@@ -66,7 +66,8 @@ endif()
 #                           [COMPONENT <component>])
 #
 # A library with the target AdjustmentPanels::<name>, the file name ${ADJUSTMENT_PANELS_NAME}<name>, its own export header
-# (<name in lower case>_export.h), moc, hidden visibility. HEADERS are installed and then included by their plain names.
+# (HB<name>Export.h, with HB_<NAME>_EXPORT), moc, hidden visibility. HEADERS are installed and then included by their plain
+# names.
 # INCLUDE: folders besides its own whose headers are included by their plain names within this build.
 # FORMS: where the forms lie that its sources include; without it, uic is not run.
 # COMPONENT: the part of the installation that the shared library belongs to, core or panels (the default); all else of it
@@ -96,15 +97,15 @@ function(adjustment_panels_library name)
         set_target_properties(${target} PROPERTIES AUTORCC ON)
     endif()
 
-    string(TOLOWER ${name} lower)
     string(TOUPPER ${name} upper)
-    set(export_header ${CMAKE_CURRENT_BINARY_DIR}/${lower}_export.h)
+    set(static_define HB_${upper}_STATIC_DEFINE)
+    set(export_header ${CMAKE_CURRENT_BINARY_DIR}/HB${name}Export.h)
     # For a class that others are likely to have too: a tag in the names of its symbols. A macro, as lupdate does not know
     # what a class is called behind attributes.
     set(own_name "#ifndef ADJUSTMENT_PANELS_OWN_NAME
 #  define ADJUSTMENT_PANELS_OWN_NAME __attribute__((abi_tag(\"AdjustmentPanels\")))
 #endif")
-    generate_export_header(${target} BASE_NAME ${name} EXPORT_FILE_NAME ${export_header}
+    generate_export_header(${target} BASE_NAME ${name} PREFIX_NAME HB_ EXPORT_FILE_NAME ${export_header}
         CUSTOM_CONTENT_FROM_VARIABLE own_name)
     foreach(folder IN ITEMS ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR} ${ARG_INCLUDE})
         target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)
@@ -119,7 +120,7 @@ function(adjustment_panels_library name)
 
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "STATIC_LIBRARY")
-        target_compile_definitions(${target} PUBLIC ${upper}_STATIC_DEFINE)
+        target_compile_definitions(${target} PUBLIC ${static_define})
         target_link_libraries(${target} PRIVATE ${ARG_PRIVATE})
     else()
         # Who links the library needs none of what it links for itself, but finds our own packages and Qt's anyway.
@@ -146,7 +147,7 @@ function(adjustment_panels_library name)
         install(FILES ${ARG_HEADERS} ${export_header}
             DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${ADJUSTMENT_PANELS_NAME} COMPONENT dev)
         adjustment_panels_pkgconfig(${ARG_OUTPUT_NAME}
-            TYPE ${type} STATIC_DEFINE ${upper}_STATIC_DEFINE PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+            TYPE ${type} STATIC_DEFINE ${static_define} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
     endif()
 endfunction()
 

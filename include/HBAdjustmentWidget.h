@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <HBImage.h>
 #include <KMAdjustmentWidget.h>
@@ -40,7 +40,7 @@ class AdjustmentDialogBase;
 /// At most one job runs. What makes its result worthless (a new value, a new image, a cancel) marks it obsolete:
 /// it stops at its next tile, its result is dropped, and OnProcessingFinished starts the next job unless
 /// cancelled.
-class PANELS_EXPORT HBAdjustmentWidget : public KMAdjustmentWidget
+class HB_PANELS_EXPORT HBAdjustmentWidget : public KMAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -141,7 +141,7 @@ protected:
     /// While it lives the panel hears nothing of its controls, or of one of them. At its end all is connected
     /// again, in the order of the Listen calls, also what the host had disconnected. Values that are set unheard
     /// are a pending change.
-    class PANELS_EXPORT Mute
+    class HB_PANELS_EXPORT Mute
     {
     public:
         enum Purpose {
@@ -223,7 +223,6 @@ private:
     bool m_WaitPending = false;
     bool m_WaitCursor = false; ///< the override cursor of the wait is set
     QPointer<HBOperationProgressDlg> m_pWaitDialog;
-    bool m_ProgressShown = false;
     int m_ProgressMinimum = 0;
     int m_ProgressMaximum = 0;
     int m_ProgressValue = 0;

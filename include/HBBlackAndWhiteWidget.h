@@ -12,7 +12,7 @@ class BlackAndWhiteWidget;
 }
 
 /// Black and white: a weighted sum of the three colours, with fixed weights or the user's own.
-class PANELS_EXPORT HBBlackAndWhiteWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBBlackAndWhiteWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -53,5 +53,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBBlackAndWhiteWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBBlackAndWhiteWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBBlackAndWhiteWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBBlackAndWhiteWidget::Params& params);

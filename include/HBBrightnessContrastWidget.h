@@ -12,7 +12,7 @@ class BrightnessContrastParamWidget;
 }
 
 /// Brightness and contrast. The simplest complete panel: every other one is built like it.
-class PANELS_EXPORT HBBrightnessContrastWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBBrightnessContrastWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -45,5 +45,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBBrightnessContrastWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBBrightnessContrastWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBBrightnessContrastWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBBrightnessContrastWidget::Params& params);

@@ -13,7 +13,7 @@ class ColorBalanceParamWidget;
 
 /// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by
 /// themselves.
-class PANELS_EXPORT HBColorBalanceWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBColorBalanceWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -54,5 +54,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorBalanceWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorBalanceWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorBalanceWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorBalanceWidget::Params& params);

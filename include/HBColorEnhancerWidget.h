@@ -13,7 +13,7 @@ class ColorEnhancer;
 
 /// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the image has, for
 /// each channel by itself or for all in common.
-class PANELS_EXPORT HBColorEnhancerWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBColorEnhancerWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -46,5 +46,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorEnhancerWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorEnhancerWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorEnhancerWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorEnhancerWidget::Params& params);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <QColor>
 #include <QString>
@@ -13,7 +13,7 @@ class QAbstractButton;
 class QWidget;
 
 /// Shows a colour as the button's icon.
-PANELS_EXPORT void HBShowColor(QAbstractButton* button, const QColor& color);
+HB_PANELS_EXPORT void HBShowColor(QAbstractButton* button, const QColor& color);
 
 /// How a colour dialog ended. Gone: the panel or the dialog was destroyed while it was open; touch neither.
 enum class HBPick { Accepted, Rejected, Gone };
@@ -22,10 +22,10 @@ enum class HBPick { Accepted, Rejected, Gone };
 /// purpose.
 /// \param liveSlot slot of the panel, as made by SLOT(), that follows the dialog's colour; null for none
 /// \param chosen the dialog's colour at its end, if it was accepted
-PANELS_EXPORT HBPick HBRunColorDialog(QWidget* panel, const QString& title, const QColor& current,
-                                      const char* liveSlot, QColor* chosen);
+HB_PANELS_EXPORT HBPick HBRunColorDialog(QWidget* panel, const QString& title, const QColor& current,
+                                         const char* liveSlot, QColor* chosen);
 
 /// The same for a panel that follows live and then takes the colour that is left: the dialog's if it was accepted,
 /// else the one from before. None: Gone.
-PANELS_EXPORT std::optional<QColor> HBPickColor(QWidget* panel, const QString& title, const QColor& current,
-                                                const char* liveSlot);
+HB_PANELS_EXPORT std::optional<QColor> HBPickColor(QWidget* panel, const QString& title, const QColor& current,
+                                                   const char* liveSlot);

@@ -7,7 +7,7 @@
 #include <HBColorize.h>
 
 /// Colorize: the whole picture towards one colour.
-class PANELS_EXPORT HBColorizeWidget
+class HB_PANELS_EXPORT HBColorizeWidget
     : public HBColorPercentWidget<HBColorizeWidget, HBColorizeParams, &HBColorizeParams::amount>
 {
     Q_OBJECT
@@ -25,5 +25,5 @@ public Q_SLOTS:
 };
 
 /// A failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorizeWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorizeWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBColorizeWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBColorizeWidget::Params& params);

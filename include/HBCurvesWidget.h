@@ -18,7 +18,7 @@ class CurvesWidget;
 
 /// Curves, edited over the histogram of the image (HBCurveScene), with pickers that take a black, a gray or a
 /// white point from the document view (HBDocumentPick).
-class PANELS_EXPORT HBCurvesWidget : public HBAdjustmentWidget, public HBHistogramPanel
+class HB_PANELS_EXPORT HBCurvesWidget : public HBAdjustmentWidget, public HBHistogramPanel
 {
     Q_OBJECT
 public:
@@ -72,5 +72,5 @@ private:
     std::unique_ptr<HBDocumentPick> m_pPick;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBCurvesWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBCurvesWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBCurvesWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBCurvesWidget::Params& params);

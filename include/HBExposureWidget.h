@@ -12,7 +12,7 @@ class ExposureParamWidget;
 }
 
 /// Exposure and offset in linear light: two values, kept by their spin boxes. Has no stored record.
-class PANELS_EXPORT HBExposureWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBExposureWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:

@@ -10,7 +10,7 @@ class GammaParamWidget;
 }
 
 /// Gamma correction: one value, kept by its spin box. Has no stored record.
-class PANELS_EXPORT HBGammaCorrectionWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBGammaCorrectionWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <HBImage.h>
 #include <HBSharedImage.h>
@@ -12,7 +12,7 @@
 
 /// What the panels over a histogram share. The view shows the panel's source image, or one of the host's choosing.
 /// GUI thread.
-class PANELS_EXPORT HBHistogramPanel
+class HB_PANELS_EXPORT HBHistogramPanel
 {
 public:
     /// Shows the histogram of this image instead of the source; see HistogramWidget::SetImage.

@@ -15,7 +15,7 @@ class HueSaturationParamWidget;
 
 /// Hue, saturation and lightness, or the picture in one tone ("Colorize"). Reacts to the user from the first
 /// SetValue on, not before.
-class PANELS_EXPORT HBHueSaturationWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBHueSaturationWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -57,5 +57,5 @@ private:
 };
 
 /// A failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBHueSaturationWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBHueSaturationWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBHueSaturationWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBHueSaturationWidget::Params& params);

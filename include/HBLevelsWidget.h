@@ -13,7 +13,7 @@ class LevelsWidget;
 }
 
 /// Levels, over the histogram of the image, with an automatic adjustment of the three channels.
-class PANELS_EXPORT HBLevelsWidget : public HBAdjustmentWidget, public HBHistogramPanel
+class HB_PANELS_EXPORT HBLevelsWidget : public HBAdjustmentWidget, public HBHistogramPanel
 {
     Q_OBJECT
 public:
@@ -61,5 +61,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBLevelsWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBLevelsWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBLevelsWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBLevelsWidget::Params& params);

@@ -9,7 +9,7 @@ class QComboBox;
 /// What the panels of the overlays have in common. They only edit the values: there is no job, and the host draws
 /// what GetValue() says, with HBAdjust for example. Not a class of Qt's: to hosts that ask, HBAdjustmentWidget is
 /// the base.
-class PANELS_EXPORT HBOverlayWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBOverlayWidget : public HBAdjustmentWidget
 {
 public:
     HBOverlayWidget(QWidget* parent, Qt::WindowFlags flags) : HBAdjustmentWidget(false, parent, flags) {}

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <HBAdjustment.h>
 
@@ -20,7 +20,7 @@
 /// What a panel and its job share while the job runs: nothing else that a job uses is the panel's. The panel sets
 /// `newData`, the job tells its progress. That waits here until the panel takes it: an event for each of thousands
 /// of tiles would keep a core busy.
-class PANELS_EXPORT HBPanelJobControl : public QObject, public HBJobControl
+class HB_PANELS_EXPORT HBPanelJobControl : public QObject, public HBJobControl
 {
     Q_OBJECT
 public:
@@ -64,7 +64,7 @@ struct HBJobData : HBTarget
 
 /// Runs a job on the pool (HBThreadPool), or at once where the system starts no more threads, and hands its future
 /// to the watcher.
-PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job);
+HB_PANELS_EXPORT void HBStartInPool(QFutureWatcher<HBImage<>>* watcher, const std::function<HBImage<>()>& job);
 
 /// Runs process(job) for the watcher. What it throws ends here, with the image unchanged: from a future it would
 /// come out in the GUI thread.
@@ -83,7 +83,7 @@ void HBStartJob(QFutureWatcher<HBImage<>>* watcher, HBImage<> (*process)(Data), 
 }
 
 /// What a job returns: the image, and the panel is told if it is not whole.
-PANELS_EXPORT HBImage<> HBTakeOutcome(const HBOutcome& outcome, const HBJobData& job);
+HB_PANELS_EXPORT HBImage<> HBTakeOutcome(const HBOutcome& outcome, const HBJobData& job);
 
 /// The meaning of a record, over the job's image: what Process of a panel does.
 /// \param outcome receives what became of it, for a panel that logs it

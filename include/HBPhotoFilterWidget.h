@@ -13,7 +13,7 @@ class PhotoFilterWidget;
 }
 
 /// Photo filter: a coloured gel before the lens, from a list of presets or freely chosen.
-class PANELS_EXPORT HBPhotoFilterWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBPhotoFilterWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -57,5 +57,5 @@ private:
 };
 
 /// A failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBPhotoFilterWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBPhotoFilterWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBPhotoFilterWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBPhotoFilterWidget::Params& params);

@@ -10,7 +10,7 @@ class PosterizeParamWidget;
 }
 
 /// Posterize: the number of levels a channel keeps, held by its spin box. Has no stored record.
-class PANELS_EXPORT HBPosterizeWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBPosterizeWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:

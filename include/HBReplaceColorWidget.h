@@ -14,7 +14,7 @@ class ReplaceColor;
 
 /// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets
 /// another colour. The selection does not limit the fill.
-class PANELS_EXPORT HBReplaceColorWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBReplaceColorWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -62,5 +62,5 @@ private:
 };
 
 /// A failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBReplaceColorWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBReplaceColorWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBReplaceColorWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBReplaceColorWidget::Params& params);

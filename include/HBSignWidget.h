@@ -16,7 +16,7 @@ class SignWidget;
 }
 
 /// Sign: a picture, a signature or a logo, stamped onto the photo.
-class PANELS_EXPORT HBSignWidget : public HBOverlayWidget
+class HB_PANELS_EXPORT HBSignWidget : public HBOverlayWidget
 {
     Q_OBJECT
 public:
@@ -67,5 +67,5 @@ private:
 };
 
 /// Both log one line on failure and return the stream; a failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBSignWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBSignWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBSignWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBSignWidget::Params& params);

@@ -12,7 +12,7 @@ class TemperatureWidget;
 }
 
 /// Colour temperature: the picture as lit by light of that temperature, with a tint between green and magenta.
-class PANELS_EXPORT HBTemperatureWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBTemperatureWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -45,5 +45,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTemperatureWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTemperatureWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTemperatureWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTemperatureWidget::Params& params);

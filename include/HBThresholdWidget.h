@@ -13,7 +13,7 @@ class ThresholdWidget;
 }
 
 /// Threshold, over the histogram of the image.
-class PANELS_EXPORT HBThresholdWidget : public HBAdjustmentWidget, public HBHistogramPanel
+class HB_PANELS_EXPORT HBThresholdWidget : public HBAdjustmentWidget, public HBHistogramPanel
 {
     Q_OBJECT
 public:
@@ -46,5 +46,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBThresholdWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBThresholdWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBThresholdWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBThresholdWidget::Params& params);

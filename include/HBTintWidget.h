@@ -12,7 +12,7 @@ class TintWidget;
 }
 
 /// Tint: the brightness of a pixel on a ramp between two colours, mixed with the picture.
-class PANELS_EXPORT HBTintWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBTintWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -57,5 +57,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTintWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTintWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBTintWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBTintWidget::Params& params);

@@ -14,7 +14,7 @@ class WBWidget;
 /// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a
 /// strength of its own; and a shift of the colour temperature. Reacts to the user from the first SetValue on, not
 /// before.
-class PANELS_EXPORT HBWBWidget : public HBAdjustmentWidget
+class HB_PANELS_EXPORT HBWBWidget : public HBAdjustmentWidget
 {
     Q_OBJECT
 public:
@@ -52,5 +52,5 @@ private:
     Params m_Params;
 };
 
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBWBWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBWBWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBWBWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBWBWidget::Params& params);

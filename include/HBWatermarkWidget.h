@@ -14,7 +14,7 @@ class WatermarkWidget;
 }
 
 /// Watermark: a text laid over the photo, once or in rows.
-class PANELS_EXPORT HBWatermarkWidget : public HBOverlayWidget
+class HB_PANELS_EXPORT HBWatermarkWidget : public HBOverlayWidget
 {
     Q_OBJECT
 public:
@@ -70,5 +70,5 @@ private:
 };
 
 /// Both log one line on failure and return the stream; a failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBWatermarkWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBWatermarkWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const HBWatermarkWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, HBWatermarkWidget::Params& params);

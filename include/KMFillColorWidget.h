@@ -7,7 +7,7 @@
 #include <HBFillColor.h>
 
 /// Fill colour: the picture, or the selection, filled with one colour.
-class PANELS_EXPORT KMFillColorWidget
+class HB_PANELS_EXPORT KMFillColorWidget
     : public HBColorPercentWidget<KMFillColorWidget, HBFillColorParams, &HBFillColorParams::opacity>
 {
     Q_OBJECT
@@ -25,5 +25,5 @@ public Q_SLOTS:
 };
 
 /// A failed read leaves the defaults.
-PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const KMFillColorWidget::Params& params);
-PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, KMFillColorWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator<<(QDataStream& stream, const KMFillColorWidget::Params& params);
+HB_PANELS_EXPORT QDataStream& operator>>(QDataStream& stream, KMFillColorWidget::Params& params);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "kit_export.h"
+#include "HBKitExport.h"
 
 #include <HBPanelCatalog.h>
 #include <HBRecipe.h>
@@ -45,7 +45,7 @@ enum class HBPanelButtons {
 /// The session owns the panel, wherever that is put on the screen. Both may be destroyed at any time, also while a
 /// job runs, and at once: that waits for the end of a tile. From a slot of the session's or the panel's own
 /// signals use deleteLater(). GUI thread only.
-class KIT_EXPORT HBPanelSession : public QObject
+class HB_KIT_EXPORT HBPanelSession : public QObject
 {
     Q_OBJECT
 public:

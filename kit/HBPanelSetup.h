@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "kit_export.h"
+#include "HBKitExport.h"
 
 class QLocale;
 class QThreadPool;
@@ -16,9 +16,9 @@ class QWidget;
 /// \param pool where all jobs run. Null: in Qt 5 the global pool, where they wait behind the program's own tasks;
 ///        in Qt 6 one of the panels. Not owned; it must outlive every session, and all that HBAdjust and
 ///        HBApplyRecipe do
-KIT_EXPORT void HBSetUpPanels(QWidget* mainWindow = nullptr, QThreadPool* pool = nullptr);
+HB_KIT_EXPORT void HBSetUpPanels(QWidget* mainWindow = nullptr, QThreadPool* pool = nullptr);
 
 /// The panels speak that language from here on, as far as they know it; those that are made already stay as they
 /// are. False if they do not: then they speak English. The translations are found beside the libraries or the
 /// program. Texts of Qt's own, such as "Cancel", are the program's to translate. GUI thread.
-KIT_EXPORT bool HBSetPanelLanguage(const QLocale& language);
+HB_KIT_EXPORT bool HBSetPanelLanguage(const QLocale& language);

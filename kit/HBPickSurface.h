@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "kit_export.h"
+#include "HBKitExport.h"
 
 #include <QEvent>
 #include <QObject>
@@ -21,7 +21,7 @@ class QWidget;
 
 /// Lets panels pick from a picture in any widget: while a picker is on, its cursor is shown there, a drag with the
 /// left button draws a rubber band, and none of it reaches the widget. Everything else does. GUI thread only.
-class KIT_EXPORT HBPickSurface : public QObject
+class HB_KIT_EXPORT HBPickSurface : public QObject
 {
     Q_OBJECT
 public:

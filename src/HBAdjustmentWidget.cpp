@@ -265,7 +265,6 @@ void HBAdjustmentWidget::timerEvent(QTimerEvent* event)
             // The value, on purpose: the bar fills from where the job is when it appears.
             m_pFrame->m_pProgress->setMinimum(m_pFrame->m_pProgress->value());
         }
-        m_ProgressShown = true;
     } else if (event->timerId() == m_DataChangedTimer) {
         // While the host waits for the final image no further job starts: the change is dropped, on purpose.
         if (!m_WaitPending)
@@ -487,7 +486,6 @@ void HBAdjustmentWidget::OnProcessingFinished()
         m_pFrame->m_pProgress->setEnabled(false);
         m_pFrame->m_pProgress->setMinimum(m_ProgressMinimum);
     }
-    m_ProgressShown = false;
     ReleaseWatcher();
     m_Processing = false;
     // A host that is told so may start a job, or destroy the panel.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <ControlNode.h>
 #include <QGraphicsScene>
@@ -20,7 +20,7 @@ class QKeyEvent;
 ///
 /// Two spaces: a curve point is (input, output), both 0..255, output growing upward; the scene's y grows downward.
 /// GUI thread. A slot of its signals may give it another list.
-class PANELS_EXPORT HBCurveScene : public QGraphicsScene
+class HB_PANELS_EXPORT HBCurveScene : public QGraphicsScene
 {
     Q_OBJECT
 public:

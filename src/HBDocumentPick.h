@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels_export.h"
+#include "HBPanelsExport.h"
 
 #include <HBImage.h>
 #include <HBJobControl.h>
@@ -26,7 +26,7 @@ class QAbstractButton;
 /// pool.
 ///
 /// Who owns the buttons connects them to Toggle, and the watchers' finished() to whoever takes the result.
-class PANELS_EXPORT HBDocumentPick : public QObject
+class HB_PANELS_EXPORT HBDocumentPick : public QObject
 {
     Q_OBJECT
 public:

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <HBRGBA32i.h>
 
@@ -18,7 +18,7 @@ struct HBTintFactors
 };
 
 /// HBAverageTintRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
-ADJUSTMENTS_EXPORT int HBAverageTintVectors(HBRGBA32i* pixels, int count, const HBTintFactors& factors);
+HB_ADJUSTMENTS_EXPORT int HBAverageTintVectors(HBRGBA32i* pixels, int count, const HBTintFactors& factors);
 
 /// A pixel operation that replaces colours by a ramp between two tones, by brightness, and mixes it with the
 /// pixel. Whole numbers; the two divisions truncate one after the other, on purpose: stored adjustments keep their

@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Black and white: a weighted sum of the three colours, with fixed weights or the user's own.
-struct ADJUSTMENTS_EXPORT HBBlackAndWhiteParams
+struct HB_ADJUSTMENTS_EXPORT HBBlackAndWhiteParams
 {
     enum Type { Average, Luminance, D65, NTSC, CIE, Custom };
     static constexpr float AverageWeight = 0.333f;
@@ -38,4 +38,4 @@ struct ADJUSTMENTS_EXPORT HBBlackAndWhiteParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBBlackAndWhiteParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBBlackAndWhiteParams& params);

@@ -7,7 +7,7 @@
 
 /// Colour balance: shifts between opposite colours, for the shadows, the midtones and the highlights by
 /// themselves. Index of these in the three axes: 0, 1, 2.
-struct ADJUSTMENTS_EXPORT HBColorBalanceParams
+struct HB_ADJUSTMENTS_EXPORT HBColorBalanceParams
 {
     enum ToneRange { NoRange, Shadows, Midtones, Highlights };
 
@@ -35,4 +35,4 @@ struct ADJUSTMENTS_EXPORT HBColorBalanceParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorBalanceParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorBalanceParams& params);

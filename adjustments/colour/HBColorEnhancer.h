@@ -12,7 +12,7 @@
 
 /// Colour enhancer: contrast and colour stretched between the darkest and the lightest that the picture has, for
 /// each channel by itself or for all in common.
-struct ADJUSTMENTS_EXPORT HBColorEnhancerParams
+struct HB_ADJUSTMENTS_EXPORT HBColorEnhancerParams
 {
     qint32 amount = 100;
     qint32 affected = 100; ///< share of each channel's own range: 0 common to all, 100 each its own
@@ -31,7 +31,7 @@ struct ADJUSTMENTS_EXPORT HBColorEnhancerParams
 
 /// Thresholds of one picture, kept from run to run. A run of an earlier picture may end after the next one was
 /// set, so that each call says whose thresholds it means. Any thread.
-class ADJUSTMENTS_EXPORT HBColorThresholdCache
+class HB_ADJUSTMENTS_EXPORT HBColorThresholdCache
 {
 public:
     /// Forgets what was kept; from now on those of `picture` are.
@@ -47,7 +47,7 @@ private:
 };
 
 /// Looks at the whole picture, whatever is selected.
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorEnhancerParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorEnhancerParams& params);
 /// The same for this picture, at which it does not look if the cache knows it.
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorEnhancerParams& params, const HBImage<>& picture,
-                                       const std::shared_ptr<HBColorThresholdCache>& cache);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorEnhancerParams& params, const HBImage<>& picture,
+                                          const std::shared_ptr<HBColorThresholdCache>& cache);

@@ -8,7 +8,7 @@
 #include <QColor>
 
 /// Colorize: the whole picture towards one colour.
-struct ADJUSTMENTS_EXPORT HBColorizeParams
+struct HB_ADJUSTMENTS_EXPORT HBColorizeParams
 {
     QColor color = QColor(255, 210, 255);
     qint32 amount = 25;
@@ -25,4 +25,4 @@ struct ADJUSTMENTS_EXPORT HBColorizeParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorizeParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorizeParams& params);

@@ -8,7 +8,7 @@
 #include <QColor>
 
 /// Fill colour: the picture filled with one colour.
-struct ADJUSTMENTS_EXPORT HBFillColorParams
+struct HB_ADJUSTMENTS_EXPORT HBFillColorParams
 {
     QColor color = Qt::black; ///< its own alpha counts for nothing
     qint32 opacity = 100;
@@ -25,4 +25,4 @@ struct ADJUSTMENTS_EXPORT HBFillColorParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBFillColorParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBFillColorParams& params);

@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Hue, saturation and lightness, or the picture in one tone.
-struct ADJUSTMENTS_EXPORT HBHueSaturationParams
+struct HB_ADJUSTMENTS_EXPORT HBHueSaturationParams
 {
     qint32 hue = 0; ///< to turn by, or the hue itself if colorize
     qint32 saturation = 0;
@@ -27,4 +27,4 @@ struct ADJUSTMENTS_EXPORT HBHueSaturationParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBHueSaturationParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBHueSaturationParams& params);

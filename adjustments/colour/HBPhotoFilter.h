@@ -8,7 +8,7 @@
 #include <QColor>
 
 /// Photo filter: a coloured gel before the lens.
-struct ADJUSTMENTS_EXPORT HBPhotoFilterParams
+struct HB_ADJUSTMENTS_EXPORT HBPhotoFilterParams
 {
     QColor color = QColor("#EBB113");
     qint32 density = 50;
@@ -25,4 +25,4 @@ struct ADJUSTMENTS_EXPORT HBPhotoFilterParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPhotoFilterParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPhotoFilterParams& params);

@@ -7,7 +7,7 @@
 
 /// Picture correction: automatic white balance, or an over- or underexposed picture made right, each with a
 /// strength of its own; and a shift of the colour temperature.
-struct ADJUSTMENTS_EXPORT HBPictureCorrectionParams
+struct HB_ADJUSTMENTS_EXPORT HBPictureCorrectionParams
 {
     enum Mode { Auto, Overexposure, Underexposure };
 
@@ -44,4 +44,4 @@ struct ADJUSTMENTS_EXPORT HBPictureCorrectionParams
 };
 
 /// With a selection each stage is blended by it, so that partial coverage weighs repeatedly, on purpose.
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPictureCorrectionParams& params, bool selected);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPictureCorrectionParams& params, bool selected);

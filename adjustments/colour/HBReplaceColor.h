@@ -11,7 +11,7 @@
 
 /// Replace colour: the region of similar colour that touches a corner, a plain background for example, gets
 /// another colour. The selection does not limit the fill.
-struct ADJUSTMENTS_EXPORT HBReplaceColorParams
+struct HB_ADJUSTMENTS_EXPORT HBReplaceColorParams
 {
     /// The corner where the region begins. Stored: the numbers never change.
     enum PositionType : int { LeftTop = 0, RightTop = 1, LeftBottom = 2, RightBottom = 3 };
@@ -38,14 +38,14 @@ struct ADJUSTMENTS_EXPORT HBReplaceColorParams
 /// What a record means for a picture: the pixel to lay over the region, where the region begins, and how far from
 /// there a channel may be. All four bytes of the tolerance count, as unsigned ones, also those of a number out of
 /// 0..255.
-struct ADJUSTMENTS_EXPORT HBColorReplacement
+struct HB_ADJUSTMENTS_EXPORT HBColorReplacement
 {
     HBRGBA32i replacement;
     QPoint seed;
     int tolerance = 0;
 };
 /// \param picture its size
-ADJUSTMENTS_EXPORT HBColorReplacement HBReplacementOf(const HBReplaceColorParams& params, const QSize& picture);
+HB_ADJUSTMENTS_EXPORT HBColorReplacement HBReplacementOf(const HBReplaceColorParams& params, const QSize& picture);
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBReplaceColorParams& params);
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorReplacement& replacement);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBReplaceColorParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBColorReplacement& replacement);

@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Colour temperature: the picture as lit by light of that temperature, with a tint between green and magenta.
-struct ADJUSTMENTS_EXPORT HBTemperatureParams
+struct HB_ADJUSTMENTS_EXPORT HBTemperatureParams
 {
     qint32 temperature = 6500;
     qint32 tint = 0; ///< less is greener, more is more magenta
@@ -25,4 +25,4 @@ struct ADJUSTMENTS_EXPORT HBTemperatureParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBTemperatureParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBTemperatureParams& params);

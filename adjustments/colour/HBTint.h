@@ -8,7 +8,7 @@
 #include <QColor>
 
 /// Tint: the brightness of a pixel on a ramp between two colours, mixed with the picture.
-struct ADJUSTMENTS_EXPORT HBTintParams
+struct HB_ADJUSTMENTS_EXPORT HBTintParams
 {
     /// How the brightness is measured; of RGB each channel by itself. Stored: the numbers never change.
     enum Type : int { Average = 0, NTSC = 1, LUMA = 2, RGB = 3 };
@@ -32,4 +32,4 @@ struct ADJUSTMENTS_EXPORT HBTintParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBTintParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBTintParams& params);

@@ -48,7 +48,7 @@ HBOutcome HBAdjust(const Record& record, const HBTarget& target, HBJobControl* c
 
 /// One adjustment, as everything that works with all of them knows it. A record travels as std::any, which holds
 /// the type of the adjustment's own record and nothing else.
-struct ADJUSTMENTS_EXPORT HBAdjustment
+struct HB_ADJUSTMENTS_EXPORT HBAdjustment
 {
     const char* className; ///< of its panel; its key in recipes: never translated, never changed
     const char* tag;       ///< opens its stored record; null if it is stored as plain values
@@ -78,11 +78,11 @@ struct ADJUSTMENTS_EXPORT HBAdjustment
 };
 
 /// Our adjustments, in the order of the menus.
-ADJUSTMENTS_EXPORT const QVector<HBAdjustment>& HBAdjustments();
+HB_ADJUSTMENTS_EXPORT const QVector<HBAdjustment>& HBAdjustments();
 
 /// Adds an adjustment of the program's own, which recipes may name from here on; HBRecordRow (HBAdjustmentRow.h)
 /// makes it. It is not copied and must live as long as the program. False if the class name is taken. Any thread.
-ADJUSTMENTS_EXPORT bool HBRegisterAdjustment(const HBAdjustment& adjustment);
+HB_ADJUSTMENTS_EXPORT bool HBRegisterAdjustment(const HBAdjustment& adjustment);
 
 /// The adjustment of the panel with that class name, ours or registered; null if there is none. Any thread.
-ADJUSTMENTS_EXPORT const HBAdjustment* HBFindAdjustment(const QString& className);
+HB_ADJUSTMENTS_EXPORT const HBAdjustment* HBFindAdjustment(const QString& className);

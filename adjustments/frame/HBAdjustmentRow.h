@@ -10,18 +10,18 @@
 // What makes a row of the table from a record type: of ours, or of one for HBRegisterAdjustment.
 
 /// The record of a recipe step as bytes: the decoded base64. False with a reason if there is none.
-ADJUSTMENTS_EXPORT bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
+HB_ADJUSTMENTS_EXPORT bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason);
 /// The step of those bytes.
-ADJUSTMENTS_EXPORT QJsonObject HBEncodeRecord(const QByteArray& record);
+HB_ADJUSTMENTS_EXPORT QJsonObject HBEncodeRecord(const QByteArray& record);
 /// Why a record could not be read from a stream that now is in this state.
 /// \param read whether all fields were read; then there were further bytes
-ADJUSTMENTS_EXPORT QString HBRecordProblem(const QDataStream& stream, bool read);
+HB_ADJUSTMENTS_EXPORT QString HBRecordProblem(const QDataStream& stream, bool read);
 /// The plain values of a recipe step, and back. Every number must be there; each is cut to what its field's type
 /// holds.
-ADJUSTMENTS_EXPORT bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record,
-                                        QString* reason);
+HB_ADJUSTMENTS_EXPORT bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void* record,
+                                           QString* reason);
 /// The step of those values.
-ADJUSTMENTS_EXPORT QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
+HB_ADJUSTMENTS_EXPORT QJsonObject HBSaveValues(const HBFieldInfos& fields, const void* record);
 
 /// A recipe fixes how its records are streamed, whatever Qt it is read with.
 constexpr QDataStream::Version HBRecordVersion = QDataStream::Qt_5_15;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -37,7 +37,7 @@
 enum class HBUnit : quint8 { None, Levels, Percent, Degrees, Kelvin, Stops, Light, Exponent, Thousandths, Copies };
 
 /// The name of a unit after a number, "%" for example; empty for None.
-ADJUSTMENTS_EXPORT QString HBUnitSymbol(HBUnit unit);
+HB_ADJUSTMENTS_EXPORT QString HBUnitSymbol(HBUnit unit);
 
 /// No value of the field does nothing.
 constexpr double HBNoNeutral = std::numeric_limits<double>::quiet_NaN();
@@ -182,7 +182,7 @@ constexpr HBRange HBRangeOf(Value Record::*member)
 }
 
 /// As a spin box rounds it: the nearest number with so many decimals.
-ADJUSTMENTS_EXPORT double HBRounded(double value, int decimals);
+HB_ADJUSTMENTS_EXPORT double HBRounded(double value, int decimals);
 
 /// A real number of the record as its form would take it: rounded to the range's decimals, and inside it.
 template <class Record>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <HBAdjustmentProcessingTemplate.h>
 #include <HBChannelTables.h>
@@ -25,13 +25,13 @@ struct HBOperation
 };
 
 /// Both, one after the other; tables become one table.
-ADJUSTMENTS_EXPORT HBOperation HBThen(const HBOperation& first, const HBOperation& second);
+HB_ADJUSTMENTS_EXPORT HBOperation HBThen(const HBOperation& first, const HBOperation& second);
 
 /// The operation as a function of a tile; null for the identity.
-ADJUSTMENTS_EXPORT HBTileFunction HBTileFunctionOf(const HBOperation& operation);
+HB_ADJUSTMENTS_EXPORT HBTileFunction HBTileFunctionOf(const HBOperation& operation);
 
 /// The identity if the tables change nothing.
-ADJUSTMENTS_EXPORT HBOperation HBOperationOf(const HBChannelTables& tables);
+HB_ADJUSTMENTS_EXPORT HBOperation HBOperationOf(const HBChannelTables& tables);
 
 template <class Transformation, class = void>
 struct HBIsTransformation : std::false_type

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <QByteArray>
 #include <QDataStream>
@@ -15,17 +15,17 @@
 // exist: neither tag nor fields ever change their meaning, a new field needs a new tag.
 
 /// Writes the tag: no length before it, no zero behind it. False if it could not be written whole.
-ADJUSTMENTS_EXPORT bool HBWriteTag(QDataStream& stream, const char* tag);
+HB_ADJUSTMENTS_EXPORT bool HBWriteTag(QDataStream& stream, const char* tag);
 
 /// Reads as many bytes as the tag has. True if they are the tag. Bytes that are not stay consumed; the stream's
 /// status is left as it was, also when it ends inside the tag.
-ADJUSTMENTS_EXPORT bool HBReadTag(QDataStream& stream, const char* tag);
+HB_ADJUSTMENTS_EXPORT bool HBReadTag(QDataStream& stream, const char* tag);
 
 /// Up to `size` bytes, fewer if the stream ends; the stream's status is left as it was.
-ADJUSTMENTS_EXPORT QByteArray HBReadRaw(QDataStream& stream, int size);
+HB_ADJUSTMENTS_EXPORT QByteArray HBReadRaw(QDataStream& stream, int size);
 
 /// A truth value that travels as qint32: anything but 0 is true.
-ADJUSTMENTS_EXPORT bool HBReadBool32(QDataStream& stream);
+HB_ADJUSTMENTS_EXPORT bool HBReadBool32(QDataStream& stream);
 
 /// Whether all that was read or written so far went well.
 inline bool HBIsOk(const QDataStream& stream)

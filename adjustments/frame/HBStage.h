@@ -50,7 +50,7 @@ HBStage HBStageOf(const Transformation& transformation)
 }
 
 /// Why an adjustment cannot be made, in words for the user: a stamp that is not there, for example.
-class ADJUSTMENTS_EXPORT HBAdjustmentError : public std::runtime_error
+class HB_ADJUSTMENTS_EXPORT HBAdjustmentError : public std::runtime_error
 {
 public:
     explicit HBAdjustmentError(const QString& reason);
@@ -62,7 +62,7 @@ private:
 };
 
 /// Why an outcome is a failure, in words for the user; empty if it is none.
-ADJUSTMENTS_EXPORT QString HBFailureReason(const HBOutcome& outcome);
+HB_ADJUSTMENTS_EXPORT QString HBFailureReason(const HBOutcome& outcome);
 
 /// Consecutive stages of a run, counted from 0.
 struct HBStageSpan
@@ -79,8 +79,8 @@ struct HBStageSpan
 /// \param stages makes them; may throw what HBStage::prepare may
 /// \param failed if the outcome is a failure, the stages that were at work; none if they could not be made. May be
 ///        null
-ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget&& target, const std::function<HBStages()>& stages,
-                                         HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);
+HB_ADJUSTMENTS_EXPORT HBOutcome HBRunStages(HBTarget&& target, const std::function<HBStages()>& stages,
+                                            HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);
 /// The same, with a copy of the target.
-ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
-                                         HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);
+HB_ADJUSTMENTS_EXPORT HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& stages,
+                                            HBJobControl* control = nullptr, HBStageSpan* failed = nullptr);

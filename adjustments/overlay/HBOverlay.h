@@ -13,8 +13,8 @@
 /// count as the nearest one in range. Any thread; needs no application object.
 /// \param error empty if all went well; else names the file and the reason, and the picture comes back as it was.
 ///        May be null.
-ADJUSTMENTS_EXPORT HBImage<> HBDrawSign(const HBImage<>& image, const HBSignParams& params, QString* error);
+HB_ADJUSTMENTS_EXPORT HBImage<> HBDrawSign(const HBImage<>& image, const HBSignParams& params, QString* error);
 
 /// Lays a text over the picture, otherwise as HBDrawSign; the error names the font. Needs a QGuiApplication.
-ADJUSTMENTS_EXPORT HBImage<> HBDrawWatermark(const HBImage<>& image, const HBWatermarkParams& params,
-                                             QString* error);
+HB_ADJUSTMENTS_EXPORT HBImage<> HBDrawWatermark(const HBImage<>& image, const HBWatermarkParams& params,
+                                                QString* error);

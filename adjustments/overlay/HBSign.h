@@ -13,7 +13,7 @@
 /// All lengths, the stamp's own pixels too, count in thousandths of the picture's shorter side, so that one record
 /// looks the same on a thumbnail and on the full photo. The stamp is aligned between the margins and made smaller,
 /// never larger, to fit between them.
-struct ADJUSTMENTS_EXPORT HBSignParams
+struct HB_ADJUSTMENTS_EXPORT HBSignParams
 {
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop; ///< one horizontal and one vertical flag
     QString fileName;                                       ///< of the stamp; null until one is chosen
@@ -37,9 +37,9 @@ struct ADJUSTMENTS_EXPORT HBSignParams
 };
 
 /// An alignment as words ("left top", "hcenter bottom"); one with other flags as its number.
-ADJUSTMENTS_EXPORT QVariant HBToVariant(const Qt::Alignment& alignment);
-ADJUSTMENTS_EXPORT void HBFromVariant(const QVariant& variant, Qt::Alignment& alignment);
+HB_ADJUSTMENTS_EXPORT QVariant HBToVariant(const Qt::Alignment& alignment);
+HB_ADJUSTMENTS_EXPORT void HBFromVariant(const QVariant& variant, Qt::Alignment& alignment);
 
 /// Draws on the whole picture, whatever is selected. Fails, with the file and the reason, if the stamp cannot be
 /// read, and if the margins leave no room. Any thread; needs no application object.
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBSignParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBSignParams& params);

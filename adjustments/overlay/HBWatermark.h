@@ -14,7 +14,7 @@
 /// All lengths count in thousandths of the picture's shorter side, as in HBSignParams. The picture between the
 /// margins is divided into equal cells, and each holds one copy in its middle, turned counter-clockwise by the
 /// angle. A font's pixel is a thousandth, a point 4/3 of that; a text that its cell does not hold becomes smaller.
-struct ADJUSTMENTS_EXPORT HBWatermarkParams
+struct HB_ADJUSTMENTS_EXPORT HBWatermarkParams
 {
     qint32 angle = 0; ///< any: it goes round
     QFont font;
@@ -52,4 +52,4 @@ struct ADJUSTMENTS_EXPORT HBWatermarkParams
 /// Draws on the whole picture, whatever is selected. Fails, with the font, if that is not installed or cannot draw
 /// the text; if the margins leave no room; and if there is no QGuiApplication, without which there are no fonts.
 /// Any thread.
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBWatermarkParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBWatermarkParams& params);

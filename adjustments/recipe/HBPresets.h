@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <HBAdjustment.h>
 
@@ -15,7 +15,7 @@
 ///
 /// Values are those that HBAdjustment::save returned. Entries that cannot be read are not shown, but stay in the
 /// file; a file that is none of this kind is put aside under another name when something is to be kept.
-class ADJUSTMENTS_EXPORT HBPresets
+class HB_ADJUSTMENTS_EXPORT HBPresets
 {
 public:
     /// \param folder made when it is needed

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <QByteArray>
 #include <QJsonDocument>
@@ -11,4 +11,4 @@
 /// As QJsonDocument::fromJson, but an object in which a key stands twice is an error: it means two things, and
 /// Qt 5 never frees the first of them. Null if it fails. Any thread. \throws std::bad_alloc
 /// \param error why it failed
-ADJUSTMENTS_EXPORT QJsonDocument HBReadJson(const QByteArray& json, QString* error);
+HB_ADJUSTMENTS_EXPORT QJsonDocument HBReadJson(const QByteArray& json, QString* error);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 #include "HBSelectionShape.h"
 
 #include <HBTileWalk.h>
@@ -14,7 +14,7 @@
 #include <functional>
 
 /// One stored adjustment: which one, its values as HBAdjustment::save returned them, where and how much.
-struct ADJUSTMENTS_EXPORT HBRecipeStep
+struct HB_ADJUSTMENTS_EXPORT HBRecipeStep
 {
     static constexpr int MaximumAmount = 100;
 
@@ -43,7 +43,7 @@ struct ADJUSTMENTS_EXPORT HBRecipeStep
 ///
 /// A record is the adjustment's own stored form as base64 (QDataStream version Qt_5_15, big endian). What a
 /// written file means never changes: a new meaning takes a new version. Any thread; no application object.
-struct ADJUSTMENTS_EXPORT HBRecipe
+struct HB_ADJUSTMENTS_EXPORT HBRecipe
 {
     static constexpr int MaximumSteps = 1000; ///< of a recipe that is read
 
@@ -70,12 +70,12 @@ struct ADJUSTMENTS_EXPORT HBRecipe
 /// draws a text. Also for steps that were not read by HBRecipe::FromJson. Throws nothing.
 /// \param progress told the work done in 1/1000 of the whole, on the calling thread, every few milliseconds; never
 ///        falls. False gives up. May be null
-ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
-                                           const std::function<bool(int)>& progress = nullptr);
+HB_ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBImage<>& image, const HBRecipe& recipe, QString* error,
+                                              const std::function<bool(int)>& progress = nullptr);
 
 /// The same to what is selected of a picture: each step is blended by the selection before the next one begins,
 /// but for overlays, which are drawn on all of it. Where a step has a selection too, only what both select counts.
 /// \param control told the work done as 0 .. 1000; may be null
 /// \param photo whose colours the selections by colour look for, of the same size; empty: target.source
-ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error,
-                                           HBJobControl* control, const HBImage<>& photo = {});
+HB_ADJUSTMENTS_EXPORT HBImage<> HBApplyRecipe(const HBTarget& target, const HBRecipe& recipe, QString* error,
+                                              HBJobControl* control, const HBImage<>& photo = {});

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <HBImage.h>
 #include <HBJobControl.h>
@@ -24,7 +24,7 @@ struct HBSelection
 /// One shape of a selection, in shares of the photo's width and height: (0, 0) is the photo's upper left corner,
 /// (1, 1) its lower right one. So it means the same on a photo of another size. Pixel (x, y) is covered by what
 /// lies at its middle, (x + 0.5, y + 0.5).
-struct ADJUSTMENTS_EXPORT HBShape
+struct HB_ADJUSTMENTS_EXPORT HBShape
 {
     enum class Kind { Rectangle, Ellipse, Polygon, Gradient, Color };
     /// With what the shapes before it select. The first is added to nothing.
@@ -61,7 +61,7 @@ struct ADJUSTMENTS_EXPORT HBShape
 
 /// What is selected, as the user has drawn it: shapes, each combined with those before it. Without any nothing is
 /// selected, and the whole photo is worked on.
-struct ADJUSTMENTS_EXPORT HBSelectionShape
+struct HB_ADJUSTMENTS_EXPORT HBSelectionShape
 {
     static constexpr int MaximumShapes = 64;
     static constexpr int MaximumPoints = 4000; ///< of all polygons together

@@ -14,10 +14,10 @@ HBStage HBAmountOf(HBStages&& stages, int amount);
 
 /// Leaves so many per cent of what an outcome has changed, if it is whole, rounded to nearest in each channel;
 /// shared tiles stay shared, and those that nobody else holds are changed where they are. Throws nothing.
-ADJUSTMENTS_EXPORT HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after,
-                                           HBJobControl* control);
+HB_ADJUSTMENTS_EXPORT HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after,
+                                              HBJobControl* control);
 
 /// The target with only that selected of what is selected in it. Covers nothing rather than be "no selection".
 /// \param photo whose colours count \throws std::bad_alloc
-ADJUSTMENTS_EXPORT HBTarget HBSelectIn(const HBTarget& target, const HBSelectionShape& selection,
-                                       const HBImage<>& photo, const HBJobControl* control);
+HB_ADJUSTMENTS_EXPORT HBTarget HBSelectIn(const HBTarget& target, const HBSelectionShape& selection,
+                                          const HBImage<>& photo, const HBJobControl* control);

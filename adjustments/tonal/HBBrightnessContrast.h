@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Brightness and contrast. The simplest complete adjustment: every other one is built like it.
-struct ADJUSTMENTS_EXPORT HBBrightnessContrastParams
+struct HB_ADJUSTMENTS_EXPORT HBBrightnessContrastParams
 {
     qint32 brightness = 0; ///< levels to add
     qint32 contrast = 0;
@@ -23,4 +23,4 @@ struct ADJUSTMENTS_EXPORT HBBrightnessContrastParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBBrightnessContrastParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBBrightnessContrastParams& params);

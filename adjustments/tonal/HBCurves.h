@@ -10,7 +10,7 @@
 
 /// Curves: a tone curve for all channels together and for each. A curve's points are (input, output), both 0..255,
 /// output growing upward. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
-struct ADJUSTMENTS_EXPORT HBCurvesParams
+struct HB_ADJUSTMENTS_EXPORT HBCurvesParams
 {
     qint32 channel = 0;        ///< shown for editing; changes no pixel
     QVector<QPoint> points[4]; ///< at least two each, by input; (0, 0), (255, 255) does nothing
@@ -34,8 +34,8 @@ struct ADJUSTMENTS_EXPORT HBCurvesParams
     static QVector<QPoint> Editable(const QVector<QPoint>& points);
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBCurvesParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBCurvesParams& params);
 
 /// The lists as data: by the channel's key, each point as [input, output].
-ADJUSTMENTS_EXPORT QVariant HBToVariant(const QVector<QPoint> (&points)[4]);
-ADJUSTMENTS_EXPORT void HBFromVariant(const QVariant& variant, QVector<QPoint> (&points)[4]);
+HB_ADJUSTMENTS_EXPORT QVariant HBToVariant(const QVector<QPoint> (&points)[4]);
+HB_ADJUSTMENTS_EXPORT void HBFromVariant(const QVariant& variant, QVector<QPoint> (&points)[4]);

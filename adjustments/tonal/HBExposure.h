@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Exposure and offset in linear light. Stored as plain values.
-struct ADJUSTMENTS_EXPORT HBExposureParams
+struct HB_ADJUSTMENTS_EXPORT HBExposureParams
 {
     double exposure = 0.0;
     double offset = 0.0; ///< share of full light to add
@@ -19,4 +19,4 @@ struct ADJUSTMENTS_EXPORT HBExposureParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBExposureParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBExposureParams& params);

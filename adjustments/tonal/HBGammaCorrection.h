@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Gamma correction. Stored as a plain value.
-struct ADJUSTMENTS_EXPORT HBGammaCorrectionParams
+struct HB_ADJUSTMENTS_EXPORT HBGammaCorrectionParams
 {
     double gamma = 1.0; ///< more brightens
 
@@ -17,4 +17,4 @@ struct ADJUSTMENTS_EXPORT HBGammaCorrectionParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBGammaCorrectionParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBGammaCorrectionParams& params);

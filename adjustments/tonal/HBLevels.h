@@ -10,7 +10,7 @@
 
 /// Levels: black point, white point and gamma of the input and the two ends of the output, for all channels
 /// together and for each. Index of a channel: 0 composite, 1 red, 2 green, 3 blue.
-struct ADJUSTMENTS_EXPORT HBLevelsParams
+struct HB_ADJUSTMENTS_EXPORT HBLevelsParams
 {
     qint32 channel = 0;                                             ///< shown for editing; changes no pixel
     qint32 input[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};  ///< black and white point
@@ -41,7 +41,7 @@ struct ADJUSTMENTS_EXPORT HBLevelsParams
     static double ToneValue(int low, int high, int position);
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBLevelsParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBLevelsParams& params);
 
 /// The settings that stretch each of the three channels between its own black and white (HBStretchRange).
-ADJUSTMENTS_EXPORT HBLevelsSettings HBAutomaticLevels(const HBHistogrammCalculator::Counts& counts);
+HB_ADJUSTMENTS_EXPORT HBLevelsSettings HBAutomaticLevels(const HBHistogrammCalculator::Counts& counts);

@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Posterize. Stored as a plain value.
-struct ADJUSTMENTS_EXPORT HBPosterizeParams
+struct HB_ADJUSTMENTS_EXPORT HBPosterizeParams
 {
     qint32 levels = 4; ///< that each colour keeps
 
@@ -17,4 +17,4 @@ struct ADJUSTMENTS_EXPORT HBPosterizeParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPosterizeParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBPosterizeParams& params);

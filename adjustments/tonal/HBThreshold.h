@@ -6,7 +6,7 @@
 #include "HBStage.h"
 
 /// Threshold: pixels darker than a level become black, all others white.
-struct ADJUSTMENTS_EXPORT HBThresholdParams
+struct HB_ADJUSTMENTS_EXPORT HBThresholdParams
 {
     qint32 level = 128; ///< luminance from which a pixel is white
 
@@ -22,4 +22,4 @@ struct ADJUSTMENTS_EXPORT HBThresholdParams
     }
 };
 
-ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBThresholdParams& params);
+HB_ADJUSTMENTS_EXPORT HBStages HBStagesOf(const HBThresholdParams& params);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adjustments_export.h"
+#include "HBAdjustmentsExport.h"
 
 #include <HBRGBA32i.h>
 
@@ -15,8 +15,8 @@ struct HBThresholdWeights
 };
 
 /// HBThresholdRGB32 by vector instructions, over as many of the pixels as fill whole vectors; returns how many.
-ADJUSTMENTS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights,
-                                          int level);
+HB_ADJUSTMENTS_EXPORT int HBThresholdVectors(HBRGBA32i* pixels, int count, const HBThresholdWeights& weights,
+                                             int level);
 
 /// A pixel operation that leaves black and white: a pixel whose luminance, the weighted mean of its colours in
 /// whole numbers, truncated, is below `level` becomes black, any other white. Alpha is kept.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "geometrylib_export.h"
+#include "HBGeometryLibExport.h"
 
 #include <QGraphicsObject>
 
@@ -15,7 +15,7 @@
 ///
 /// Its symbols bear a tag: without it, a program's own class ControlNode, no rare name, would take the place of
 /// this one inside the panels.
-class GEOMETRYLIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME ControlNode : public QGraphicsObject
+class HB_GEOMETRYLIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME ControlNode : public QGraphicsObject
 {
     Q_OBJECT
 public:

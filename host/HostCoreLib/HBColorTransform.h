@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostcorelib_export.h"
+#include "HBHostCoreLibExport.h"
 
 #include <QByteArray>
 #include <QColor>
@@ -12,7 +12,7 @@
 
 /// Converts colours between ICC profiles, by Little CMS: relative colorimetric with black point compensation. Any
 /// thread, several at once.
-class HOSTCORELIB_EXPORT HBColorTransform
+class HB_HOSTCORELIB_EXPORT HBColorTransform
 {
 public:
     /// Profiles of any kind, also tables, as their bytes; empty: sRGB. One for grey counts as an RGB profile with
@@ -36,14 +36,14 @@ private:
 };
 
 /// What the profile calls itself; empty if that cannot be read. Any thread.
-HOSTCORELIB_EXPORT QString HBProfileName(const QByteArray& icc);
+HB_HOSTCORELIB_EXPORT QString HBProfileName(const QByteArray& icc);
 
 /// For which colours a profile is, as four letters: "RGB ", "GRAY", "CMYK" ...; empty if it is none. Any thread.
-HOSTCORELIB_EXPORT QByteArray HBProfileModel(const QByteArray& icc);
+HB_HOSTCORELIB_EXPORT QByteArray HBProfileModel(const QByteArray& icc);
 
 /// A profile of sRGB. Any thread.
-HOSTCORELIB_EXPORT QByteArray HBSrgbProfile();
+HB_HOSTCORELIB_EXPORT QByteArray HBSrgbProfile();
 
 /// The profile for RGB by which a picture looks as it did by that one for grey; empty if it cannot be made. Any
 /// thread.
-HOSTCORELIB_EXPORT QByteArray HBRgbProfileOfGrey(const QByteArray& icc);
+HB_HOSTCORELIB_EXPORT QByteArray HBRgbProfileOfGrey(const QByteArray& icc);

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostcorelib_export.h"
+#include "HBHostCoreLibExport.h"
 
 #include <QString>
 
 /// What the host application decides for the panels. GUI thread only.
-class HOSTCORELIB_EXPORT KMApplication
+class HB_HOSTCORELIB_EXPORT KMApplication
 {
 public:
     /// Milliseconds a job may run before its progress is shown; default 500.

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostcorelib_export.h"
+#include "HBHostCoreLibExport.h"
 
 #include <QString>
 #include <QStringList>
 
 /// The image files that this machine's Qt plug-ins read and write.
-class HOSTCORELIB_EXPORT KMImageFileManager
+class HB_HOSTCORELIB_EXPORT KMImageFileManager
 {
 public:
     /// Suffixes in lower case without dot, sorted, as "jpeg", "jpg", "png".

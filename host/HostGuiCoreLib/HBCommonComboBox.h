@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguicorelib_export.h"
+#include "HBHostGuiCoreLibExport.h"
 
 #include <QComboBox>
 
 /// The combo box of the host's forms: the wheel scrolls the panel, not the choice, until the box has the focus.
-class HOSTGUICORELIB_EXPORT HBCommonComboBox : public QComboBox
+class HB_HOSTGUICORELIB_EXPORT HBCommonComboBox : public QComboBox
 {
     Q_OBJECT
 public:

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguicorelib_export.h"
+#include "HBHostGuiCoreLibExport.h"
 
 class QDialog;
 
 /// The host's way to run a modal dialog.
-class HOSTGUICORELIB_EXPORT HBDialog
+class HB_HOSTGUICORELIB_EXPORT HBDialog
 {
 public:
     /// Runs the dialog modally and returns its result, 0 for "cancelled". A dialog that dies while it is open

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguicorelib_export.h"
+#include "HBHostGuiCoreLibExport.h"
 
 #include <QFontDialog>
 
 /// The host's font dialog: Qt's own one, never the platform's. GUI thread only.
-class HOSTGUICORELIB_EXPORT HBFontDialog : public QFontDialog
+class HB_HOSTGUICORELIB_EXPORT HBFontDialog : public QFontDialog
 {
     Q_OBJECT
 public:

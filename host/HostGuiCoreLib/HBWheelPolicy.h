@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguicorelib_export.h"
+#include "HBHostGuiCoreLibExport.h"
 
 #include <QObject>
 
@@ -10,7 +10,7 @@ class QWidget;
 
 /// What the wheel may change: a value that merely lies under the mouse must not move when someone scrolls past it.
 /// GUI thread only.
-class HOSTGUICORELIB_EXPORT HBWheelPolicy : public QObject
+class HB_HOSTGUICORELIB_EXPORT HBWheelPolicy : public QObject
 {
     Q_OBJECT
 public:

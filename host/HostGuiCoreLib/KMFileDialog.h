@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguicorelib_export.h"
+#include "HBHostGuiCoreLibExport.h"
 
 #include <QString>
 
 #include <functional>
 
 /// The host's file dialogs. GUI thread only.
-class HOSTGUICORELIB_EXPORT KMFileDialog
+class HB_HOSTGUICORELIB_EXPORT KMFileDialog
 {
 public:
     /// Lets the user choose an existing file, and remembers its folder for the next time (KMApplication).

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QAbstractSlider>
 
@@ -12,7 +12,7 @@
 /// setValue() takes values out of range to the nearest end and is silent if nothing changes. By mouse: press or
 /// drag around the centre, with Shift in steps of 15°. By wheel, only with the focus, and by keys the angle goes
 /// on past 180° to -179°; Home is 0°, End 180°.
-class HOSTGUILIB_EXPORT HBAngleSlider : public QAbstractSlider
+class HB_HOSTGUILIB_EXPORT HBAngleSlider : public QAbstractSlider
 {
     Q_OBJECT
 public:

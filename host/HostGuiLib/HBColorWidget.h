@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QBrush>
 #include <QWidget>
 
 /// A swatch or a bar: one brush over the whole area, enabled or not, a checkerboard under what is translucent.
 /// Without a frame: it shows colours, and beside another one a colour looks different.
-class HOSTGUILIB_EXPORT HBColorWidget : public QWidget
+class HB_HOSTGUILIB_EXPORT HBColorWidget : public QWidget
 {
     Q_OBJECT
 public:

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 class QWidget;
 
 /// Access to the host's main window, the parent of its modal dialogs. GUI thread only.
-class HOSTGUILIB_EXPORT HBMdiArea
+class HB_HOSTGUILIB_EXPORT HBMdiArea
 {
 public:
     /// Null if the host has none, or none any more.

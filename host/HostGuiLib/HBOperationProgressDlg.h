@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QDialog>
 
@@ -11,7 +11,7 @@ class QProgressBar;
 
 /// Modal progress of an operation that the user may cancel: result 0 by Cancel, Escape or closing, 1 when the
 /// position reaches the maximum while the dialog runs. The values set before it runs close nothing.
-class HOSTGUILIB_EXPORT HBOperationProgressDlg : public QDialog
+class HB_HOSTGUILIB_EXPORT HBOperationProgressDlg : public QDialog
 {
     Q_OBJECT
 public:

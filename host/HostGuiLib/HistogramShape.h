@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QtGlobal>
 
@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The outline of one channel's histogram: what is drawn, without a widget.
-struct HOSTGUILIB_EXPORT HistogramShape
+struct HB_HOSTGUILIB_EXPORT HistogramShape
 {
     using Levels = std::array<quint64, 256>;
 

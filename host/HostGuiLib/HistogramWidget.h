@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <HBHistogrammCalculator.h>
 #include <HBImage.h>
@@ -30,7 +30,7 @@
 ///
 /// Its symbols bear a tag: without it, a program's own class HistogramWidget, no rare name, would take the place
 /// of this one inside the panels.
-class HOSTGUILIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME HistogramWidget : public QWidget
+class HB_HOSTGUILIB_EXPORT ADJUSTMENT_PANELS_OWN_NAME HistogramWidget : public QWidget
 {
     Q_OBJECT
 public:

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QColorDialog>
 
 /// The host's colour dialog: Qt's own one, never the platform's, so that it looks and reports the same everywhere.
 /// GUI thread only.
-class HOSTGUILIB_EXPORT KMColorDialog : public QColorDialog
+class HB_HOSTGUILIB_EXPORT KMColorDialog : public QColorDialog
 {
     Q_OBJECT
 public:

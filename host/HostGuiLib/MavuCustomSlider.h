@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 #include "MavuSliderGeometry.h"
 
 #include <QBrush>
@@ -22,7 +22,7 @@
 /// Keyboard, for the handle that has the focus ring: arrows ±1, page up and down ±10, home and end; tab and
 /// backtab go through the handles before they leave the slider. The wheel moves that handle only while the slider
 /// has the focus. Assistive technology finds each handle as a child with a value of its own.
-class HOSTGUILIB_EXPORT MavuCustomSlider : public QWidget
+class HB_HOSTGUILIB_EXPORT MavuCustomSlider : public QWidget
 {
     Q_OBJECT
 public:

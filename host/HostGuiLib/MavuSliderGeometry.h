@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostguilib_export.h"
+#include "HBHostGuiLibExport.h"
 
 #include <QVector>
 
 /// Where on a groove a value stands and back, in logical pixels: the arithmetic of a slider, without a widget.
-struct HOSTGUILIB_EXPORT MavuSliderGeometry
+struct HB_HOSTGUILIB_EXPORT MavuSliderGeometry
 {
     int minimum = 0;
     int maximum = 255;

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostpluginlib_export.h"
+#include "HBHostPluginLibExport.h"
 
 #include <QWidget>
 
 /// What the host knows of an adjustment panel before it knows any panel.
-class HOSTPLUGINLIB_EXPORT KMAdjustmentWidget : public QWidget
+class HB_HOSTPLUGINLIB_EXPORT KMAdjustmentWidget : public QWidget
 {
     Q_OBJECT
 public:

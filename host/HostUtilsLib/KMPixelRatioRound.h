@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostutilslib_export.h"
+#include "HBHostUtilsLibExport.h"
 
 /// How many pixels of the photo one unit of the document view's scene has.
-class HOSTUTILSLIB_EXPORT KMPixelRatioRound
+class HB_HOSTUTILSLIB_EXPORT KMPixelRatioRound
 {
 public:
     /// What the host has set; else the device pixel ratio of the primary screen, 1.0 without an application or a

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostutilslib_export.h"
+#include "HBHostUtilsLibExport.h"
 
 #include <QString>
 
 /// Names of files and resources.
-class HOSTUTILSLIB_EXPORT KMStringHelper
+class HB_HOSTUTILSLIB_EXPORT KMStringHelper
 {
 public:
     /// The name of a picture's high-DPI form, "theme:x.png" → "theme:x@2x.png", from a pixel ratio of 1.5 on and

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostutilslib_export.h"
+#include "HBHostUtilsLibExport.h"
 
 /// The pictures that are named "theme:<file>".
-class HOSTUTILSLIB_EXPORT KMTheme
+class HB_HOSTUTILSLIB_EXPORT KMTheme
 {
 public:
     /// Makes the built-in pictures available under "theme:". Call it once QCoreApplication stands and before a

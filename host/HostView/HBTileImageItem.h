@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBHostViewExport.h"
 #include "HBTilePainter.h"
-#include "hostview_export.h"
 
 #include <QGraphicsItem>
 
 /// A tiled image in a scene, one scene unit a pixel; see HBTilePainter. GUI thread only.
-class HOSTVIEW_EXPORT HBTileImageItem : public QGraphicsItem
+class HB_HOSTVIEW_EXPORT HBTileImageItem : public QGraphicsItem
 {
 public:
     explicit HBTileImageItem(QGraphicsItem* parent = nullptr);

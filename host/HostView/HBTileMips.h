@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hostview_export.h"
+#include "HBHostViewExport.h"
 
 #include <HBColorTransform.h>
 #include <HBImage.h>
@@ -14,7 +14,7 @@
 /// averages of squares of 2^n pixels, premultiplied. They are made when they are asked for, and kept as long as
 /// their tile is part of the image. With a look of its own, level 0 holds the pixels as they are shown. One thread
 /// at a time.
-class HOSTVIEW_EXPORT HBTileMips
+class HB_HOSTVIEW_EXPORT HBTileMips
 {
 public:
     /// How pixels are shown, when not as they are.

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBHostViewExport.h"
 #include "HBTileMips.h"
-#include "hostview_export.h"
 
 #include <QImage>
 #include <QRegion>
@@ -26,7 +26,7 @@ class QPainter;
 ///         if (!m_Picture.Paint(&painter, toView.inverted().mapRect(QRectF(event->rect()))))
 ///             QTimer::singleShot(0, this, [this] { update(); });
 ///     }
-class HOSTVIEW_EXPORT HBTilePainter
+class HB_HOSTVIEW_EXPORT HBTilePainter
 {
 public:
     const HBImage<>& Image() const { return m_Image; }

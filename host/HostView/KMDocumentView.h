@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBHostViewExport.h"
 #include "HBTileMips.h"
-#include "hostview_export.h"
 
 #include <QGraphicsView>
 
@@ -14,7 +14,7 @@ class HBTileImageItem;
 /// Ctrl and the wheel zoom to the cursor, the wheel alone (see SetWheelZooms) and the scroll bars move the photo,
 /// and so does dragging with the middle button, with the space key held, or with no tool (SetHandDrags). GUI
 /// thread only.
-class HOSTVIEW_EXPORT KMDocumentView : public QGraphicsView
+class HB_HOSTVIEW_EXPORT KMDocumentView : public QGraphicsView
 {
     Q_OBJECT
 public:

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBPictureLook.h"
-#include "imaginglib_export.h"
 
 #include <QImage>
 
@@ -16,7 +16,7 @@
 
 /// Counts how often each level occurs in a picture, per channel; alpha is not looked at, and padding of border
 /// tiles is never counted. Works on several threads, also when called on a pool thread; any thread may call it.
-class IMAGINGLIB_EXPORT HBHistogrammCalculator
+class HB_IMAGINGLIB_EXPORT HBHistogrammCalculator
 {
 public:
     enum Channel { Red, Green, Blue, Luma, ChannelCount };
@@ -72,7 +72,7 @@ private:
 };
 
 /// A histogram of the whole picture.
-class IMAGINGLIB_EXPORT HBHistogramLook : public HBPictureLook
+class HB_IMAGINGLIB_EXPORT HBHistogramLook : public HBPictureLook
 {
 public:
     void Begin(const HBImage<>& picture) override;

@@ -17,7 +17,7 @@ struct HBChannelNorms
 };
 
 /// Measures the norms of the channels.
-class IMAGINGLIB_EXPORT HBNormsLook : public HBPictureLook
+class HB_IMAGINGLIB_EXPORT HBNormsLook : public HBPictureLook
 {
 public:
     HBNormsLook();
@@ -34,7 +34,7 @@ private:
 /// The geometric mean of the pixels' luma (ITU-R BT.709) after an offset of 0.055, then as light: the log-average
 /// luminance, 0.0008 (black) .. 1, in an empty picture 0. The offset, which is that of the transfer function of
 /// sRGB (IEC 61966-2-1), keeps black pixels from deciding alone.
-class IMAGINGLIB_EXPORT HBLogAverageLook : public HBPictureLook
+class HB_IMAGINGLIB_EXPORT HBLogAverageLook : public HBPictureLook
 {
 public:
     HBLogAverageLook();

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "HBImage.h"
+#include "HBImagingLibExport.h"
 #include "HBJobControl.h"
-#include "imaginglib_export.h"
 
 #include <memory>
 #include <vector>
@@ -12,7 +12,7 @@
 /// Something that is counted over all tiles of a picture, in any order, by several lanes at once: a histogram, a
 /// norm. An adjustment that must see the whole picture first says what it looks at; whoever walks the tiles next
 /// shows them to the look while they are in the cache.
-class IMAGINGLIB_EXPORT HBPictureLook
+class HB_IMAGINGLIB_EXPORT HBPictureLook
 {
 public:
     /// The counter of one lane. What it counted is added to the look by its destructor.
@@ -35,7 +35,7 @@ public:
 using HBPictureLooks = std::vector<std::shared_ptr<HBPictureLook>>;
 
 /// The lanes of several looks as one, for a tile function: each copy counts for itself.
-class IMAGINGLIB_EXPORT HBLookLanes
+class HB_IMAGINGLIB_EXPORT HBLookLanes
 {
 public:
     explicit HBLookLanes(const HBPictureLooks& looks);
@@ -52,5 +52,5 @@ private:
 
 /// Shows all tiles to the looks in one pass; false if cancelled, when what was counted is of no use. Any thread.
 /// \throws std::bad_alloc
-IMAGINGLIB_EXPORT bool HBLookAt(const HBImage<>& picture, const HBPictureLooks& looks,
-                                const HBJobControl* control = nullptr);
+HB_IMAGINGLIB_EXPORT bool HBLookAt(const HBImage<>& picture, const HBPictureLooks& looks,
+                                   const HBJobControl* control = nullptr);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <utility>
 
@@ -13,4 +13,4 @@
 /// \param counts pixels per level, 256 of them
 /// \param lo, hi lowest and highest level that occurs, inside 0..255
 /// \param total number of pixels
-IMAGINGLIB_EXPORT std::pair<int, int> HBStretchRange(const unsigned* counts, int lo, int hi, double total);
+HB_IMAGINGLIB_EXPORT std::pair<int, int> HBStretchRange(const unsigned* counts, int lo, int hi, double total);

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "HBImage.h"
+#include "HBImagingLibExport.h"
 #include "HBJobControl.h"
-#include "imaginglib_export.h"
 
 #include <array>
 #include <optional>
@@ -17,5 +17,5 @@ using HBChannelTails = std::array<std::array<int, 2>, 4>;
 /// them. Where that does not find them, or the picture is small, the whole histogram is counted. Nothing if
 /// cancelled. Any thread.
 /// \throws std::bad_alloc
-IMAGINGLIB_EXPORT std::optional<HBChannelTails> HBTailLevels(const HBImage<>& picture,
-                                                             const HBJobControl* control = nullptr);
+HB_IMAGINGLIB_EXPORT std::optional<HBChannelTails> HBTailLevels(const HBImage<>& picture,
+                                                                const HBJobControl* control = nullptr);

@@ -7,7 +7,7 @@
 
 /// Levels, mixed with the source: each channel goes amount / 100 of the way from what it is to what the levels
 /// make of it, rounded. Alpha is kept; the identity until levels and an amount are set, and with amount 0.
-class IMAGINGLIB_EXPORT HBColorEnhancerTransformation : public HBChannelTables
+class HB_IMAGINGLIB_EXPORT HBColorEnhancerTransformation : public HBChannelTables
 {
 public:
     void SetLevels(const HBLevelsTransformation& levels);

@@ -5,7 +5,7 @@
 #include "HBTileWalk.h"
 
 /// Fills a region of like colour.
-class IMAGINGLIB_EXPORT HBFloodFillHelper
+class HB_IMAGINGLIB_EXPORT HBFloodFillHelper
 {
 public:
     /// Lays the replacement (see HBBlend::HBSourceOver) over the pixels that are like the seed, each channel,

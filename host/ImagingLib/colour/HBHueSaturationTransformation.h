@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBRGBA32i.h"
-#include "imaginglib_export.h"
 
 /// Hue, saturation and lightness in the HSL hexcone (Joblove & Greenberg, "Color spaces for computer graphics",
 /// SIGGRAPH 1978; the same as hsl() of CSS Color 4): the hue is turned by `hue` degrees, the saturation multiplied
@@ -14,7 +14,7 @@
 /// lightness stays, moved as above.
 ///
 /// Alpha is kept, grey stays grey unless it is colourised, and (0, 0, 0, false) is the exact identity.
-class IMAGINGLIB_EXPORT HBHueSaturationTransformation
+class HB_IMAGINGLIB_EXPORT HBHueSaturationTransformation
 {
 public:
     /// \param hue degrees, 0..359

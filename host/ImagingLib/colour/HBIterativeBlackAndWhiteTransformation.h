@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBIterativeAdjustmentTransformation.h"
-#include "imaginglib_export.h"
 
 /// The pixel operation of HBIterativeBlackAndWhiteTransformation.
-class IMAGINGLIB_EXPORT HBBlackAndWhite
+class HB_IMAGINGLIB_EXPORT HBBlackAndWhite
 {
 public:
     HBBlackAndWhite(bool cie, float red, float green, float blue);

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBIterativeAdjustmentTransformation.h"
-#include "imaginglib_export.h"
 
 /// The pixel operation of HBIterativeColorBalanceTransformation.
-class IMAGINGLIB_EXPORT HBColorBalance
+class HB_IMAGINGLIB_EXPORT HBColorBalance
 {
 public:
     HBColorBalance(const int* cyanRed, const int* magentaGreen, const int* yellowBlue);

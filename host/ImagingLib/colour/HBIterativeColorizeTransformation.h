@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBIterativeAdjustmentTransformation.h"
-#include "imaginglib_export.h"
 
 /// The pixel operation of HBIterativeColorizeTransformation.
-class IMAGINGLIB_EXPORT HBColorize
+class HB_IMAGINGLIB_EXPORT HBColorize
 {
 public:
     HBColorize(const HBRGBA32i& color, int amount);

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBIterativeAdjustmentTransformation.h"
-#include "imaginglib_export.h"
 
 /// The pixel operation of HBIterativePhotoFilterTransformation.
-class IMAGINGLIB_EXPORT HBPhotoFilter
+class HB_IMAGINGLIB_EXPORT HBPhotoFilter
 {
 public:
     HBPhotoFilter(const HBRGBA32i& color, int density);

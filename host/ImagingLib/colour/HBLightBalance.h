@@ -9,9 +9,9 @@
 // formulas. The strength is in percent, 0..100, clamped; 0 is the exact identity.
 
 /// The correction of the colour cast that the norms tell of.
-IMAGINGLIB_EXPORT HBChannelTables HBCorrectCast(const HBChannelNorms& norms, int strength);
+HB_IMAGINGLIB_EXPORT HBChannelTables HBCorrectCast(const HBChannelNorms& norms, int strength);
 
 /// The correction of too much or too little light; the identity for any other function.
 /// \param logAverage luminance of the picture, as HBLogAverageLook measures it
-IMAGINGLIB_EXPORT HBChannelTables HBCorrectLight(double logAverage, KMWBTransformation::BalanceFunction function,
-                                                 int strength);
+HB_IMAGINGLIB_EXPORT HBChannelTables HBCorrectLight(double logAverage,
+                                                    KMWBTransformation::BalanceFunction function, int strength);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBRGBA32i.h"
-#include "imaginglib_export.h"
 
 /// Shows a picture as if the light on it had another colour temperature: the white of a black body at 6500 K is
 /// adapted, in linear light, to that of the one asked for (Bradford transform, ICC.1 Annex E; von Kries scaling of
@@ -12,7 +12,7 @@
 /// (Duv: Ohno, LEUKOS 10, 2014): 100 is Duv -0.02, magenta, and -100 is Duv 0.02, green.
 ///
 /// Alpha is kept. (6500, any, 0) and (any, 0, any) are the exact identity, as is the default.
-class IMAGINGLIB_EXPORT HBTemperatureCorrection
+class HB_IMAGINGLIB_EXPORT HBTemperatureCorrection
 {
 public:
     HBTemperatureCorrection();

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "HBBlend.h"
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 /// Fills with one colour, laid over the pixels by its alpha (see HBBlend::HBSourceOver): with alpha 255 the exact
 /// colour, with alpha 0, which is the default, the exact identity.
-class IMAGINGLIB_EXPORT KMFillTransformation
+class HB_IMAGINGLIB_EXPORT KMFillTransformation
 {
 public:
     KMFillTransformation() : m_Color(0, 0, 0, 0) {}

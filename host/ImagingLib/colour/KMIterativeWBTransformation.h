@@ -19,7 +19,7 @@
 ///
 /// Gains and power are moved towards 1 as the strength falls: 0 is the exact identity, as is an unknown function
 /// and an empty picture.
-class IMAGINGLIB_EXPORT KMIterativeWBTransformation : public KMWBTransformation
+class HB_IMAGINGLIB_EXPORT KMIterativeWBTransformation : public KMWBTransformation
 {
 public:
     /// Looks at every pixel of the image, on several threads; any thread may call it. The image is not kept.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "HBImage.h"
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QRegion>
 
@@ -13,4 +13,4 @@
 ///
 ///     for (const QRect& rect : HBChangedTiles(before, after))
 ///         ...                         // a row of tiles that hang together
-IMAGINGLIB_EXPORT QRegion HBChangedTiles(const HBImage<>& before, const HBImage<>& after);
+HB_IMAGINGLIB_EXPORT QRegion HBChangedTiles(const HBImage<>& before, const HBImage<>& after);

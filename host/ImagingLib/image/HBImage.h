@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBRGBA32i.h"
-#include "imaginglib_export.h"
 #include "KMCMSProfile.h"
 #include "KMEXIFElement.h"
 #include "KMTileManager64.h"
@@ -154,5 +154,5 @@ void HBImage<Pixel, TileWidth, TileHeight>::Swap(HBImage& other) noexcept
     m_Elements.swap(other.m_Elements);
 }
 
-extern template class IMAGINGLIB_EXPORT HBImage<>;
+extern template class HB_IMAGINGLIB_EXPORT HBImage<>;
 Q_DECLARE_METATYPE(HBImage<>)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QImage>
 
@@ -11,12 +11,12 @@
 /// Qt's readers of images, its fonts and its painter keep locks, or end the process, where they get no memory:
 /// this comes before them.
 /// \throws std::bad_alloc if there is less than 1 MiB
-IMAGINGLIB_EXPORT void HBCheckMemory();
+HB_IMAGINGLIB_EXPORT void HBCheckMemory();
 
 /// As QImage::convertToFormat; on the calling thread alone. Qt shares a large image with the threads of its global
 /// pool, and waits for ever for one that the system does not start. Large images lose what is beside their pixels
 /// (resolution, texts).
 /// \throws std::bad_alloc
-IMAGINGLIB_EXPORT QImage HBConverted(const QImage& image, QImage::Format format);
+HB_IMAGINGLIB_EXPORT QImage HBConverted(const QImage& image, QImage::Format format);
 /// Where the image is, if both formats have 32 bits and nobody else has it; it must own its pixels.
-IMAGINGLIB_EXPORT QImage HBConverted(QImage&& image, QImage::Format format);
+HB_IMAGINGLIB_EXPORT QImage HBConverted(QImage&& image, QImage::Format format);

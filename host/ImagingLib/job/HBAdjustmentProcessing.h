@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBTileWalk.h"
-#include "imaginglib_export.h"
 
 #include <QObject>
 #include <QReadWriteLock>
@@ -13,7 +13,7 @@
 ///
 /// Lives on the thread that runs the job. Signals are emitted on that and on the pool's threads, one at a time,
 /// with values that never go backwards: connect them with Qt::QueuedConnection.
-class IMAGINGLIB_EXPORT HBAdjustmentProcessing : public QObject
+class HB_IMAGINGLIB_EXPORT HBAdjustmentProcessing : public QObject
 {
     Q_OBJECT
 public:

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <atomic>
 
 /// Progress and cancel of one piece of work. Whoever started it cancels, from any thread; the work asks before
 /// each tile, also while it only looks at the picture, and tells how far it is. A null pointer to a control is
 /// allowed everywhere: nobody listens, nothing is cancelled.
-class IMAGINGLIB_EXPORT HBJobControl
+class HB_IMAGINGLIB_EXPORT HBJobControl
 {
 public:
     HBJobControl() = default;

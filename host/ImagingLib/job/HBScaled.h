@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QImage>
 
@@ -10,5 +10,5 @@
 /// the caller waits for: Qt would share it with several, and wait for ever for one that the system does not
 /// start. Any thread.
 /// \throws std::bad_alloc, and std::system_error where the system starts no more threads
-IMAGINGLIB_EXPORT QImage HBScaled(const QImage& image, const QSize& size,
-                                  Qt::AspectRatioMode mode = Qt::IgnoreAspectRatio);
+HB_IMAGINGLIB_EXPORT QImage HBScaled(const QImage& image, const QSize& size,
+                                     Qt::AspectRatioMode mode = Qt::IgnoreAspectRatio);

@@ -4,7 +4,7 @@
 
 #include "HBBlend.h"
 #include "HBImage.h"
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QPoint>
 #include <QRect>
@@ -13,7 +13,7 @@
 
 /// Where an adjustment with a selection works, computed without overflow for any corners. An invalid rectangle
 /// means that the areas do not meet.
-struct IMAGINGLIB_EXPORT HBSelectionArea
+struct HB_IMAGINGLIB_EXPORT HBSelectionArea
 {
     /// \param offset where the selection image lies on the image
     /// \param bounds the selection's bounding rectangle, in pixels of the selection image
@@ -28,7 +28,7 @@ struct IMAGINGLIB_EXPORT HBSelectionArea
 };
 
 /// Walks the same pixels of three images that lie on one another, row by row and tile by tile.
-class IMAGINGLIB_EXPORT HBSelectionRows
+class HB_IMAGINGLIB_EXPORT HBSelectionRows
 {
 public:
     /// The images must outlive the object. The tiles of `destination` under `area` must be its own (Detach),
@@ -78,4 +78,5 @@ public:
 /// Gives tile `index` of `image` the source's bytes back wherever it lies outside `keep`. The images have the same
 /// size; a tile that is wholly outside is shared with the source again. Different tiles may be restored at once on
 /// different threads. \throws std::bad_alloc
-IMAGINGLIB_EXPORT void HBRestoreOutside(HBImage<>& image, const HBImage<>& source, int index, const QRect& keep);
+HB_IMAGINGLIB_EXPORT void HBRestoreOutside(HBImage<>& image, const HBImage<>& source, int index,
+                                           const QRect& keep);

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "HBImage.h"
+#include "HBImagingLibExport.h"
 #include "HBJobControl.h"
-#include "imaginglib_export.h"
 
 #include <QPoint>
 #include <QRect>
@@ -24,7 +24,7 @@ struct HBTarget
 
 /// One tile of an image that is being made. Until it is asked for its pixels the tile stays shared with the
 /// source.
-class IMAGINGLIB_EXPORT HBTileAccess
+class HB_IMAGINGLIB_EXPORT HBTileAccess
 {
 public:
     /// DetachList() of the image was called before; different tiles may be worked on at once.
@@ -67,8 +67,8 @@ struct HBOutcome
 /// With one, only the tiles under the bounds are, then the rows that the selection image covers are blended, and
 /// the range is 0 .. tiles + rows; pixels outside keep their bytes, also when the work fails. Throws nothing but
 /// what the control throws.
-IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform,
-                                        HBJobControl* control = nullptr);
+HB_IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform,
+                                           HBJobControl* control = nullptr);
 /// The same, with a copy of the target.
-IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform,
-                                        HBJobControl* control = nullptr);
+HB_IMAGINGLIB_EXPORT HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform,
+                                           HBJobControl* control = nullptr);

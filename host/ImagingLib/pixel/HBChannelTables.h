@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBImagingLibExport.h"
 #include "HBRGBA32i.h"
-#include "imaginglib_export.h"
 
 #include <array>
 
 /// A pixel operation that maps each colour channel by a table and keeps alpha: the common form of every adjustment
 /// whose result depends on one channel at a time. Fill the tables before the first pixel.
-struct IMAGINGLIB_EXPORT HBChannelTables
+struct HB_IMAGINGLIB_EXPORT HBChannelTables
 {
     using Table = std::array<std::uint8_t, 256>;
 
@@ -43,4 +43,4 @@ HBChannelTables::Table HBMakeTable(Function function)
 }
 
 /// The tables that do what the first and then the second do, byte for byte.
-IMAGINGLIB_EXPORT HBChannelTables HBComposed(const HBChannelTables& first, const HBChannelTables& second);
+HB_IMAGINGLIB_EXPORT HBChannelTables HBComposed(const HBChannelTables& first, const HBChannelTables& second);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QString>
 
@@ -10,4 +10,4 @@
 /// control groups, own and outer ones, versions 1 and 2: those of a container, a batch system or a service. Read
 /// anew each time. Any thread.
 /// \param root folder in which the system's files (proc/self/cgroup, sys/fs/cgroup) are looked for
-IMAGINGLIB_EXPORT qint64 HBUsableMemory(const QString& root = QString());
+HB_IMAGINGLIB_EXPORT qint64 HBUsableMemory(const QString& root = QString());

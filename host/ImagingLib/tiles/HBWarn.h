@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 /// As qWarning("%s%s"), but where Qt cannot write it for want of memory it goes to stderr as it is: what is warned
 /// of is often just that. Any thread.
-IMAGINGLIB_EXPORT void HBWarn(const char* text, const char* reason = "") noexcept;
+HB_IMAGINGLIB_EXPORT void HBWarn(const char* text, const char* reason = "") noexcept;

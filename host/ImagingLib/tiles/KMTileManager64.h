@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "imaginglib_export.h"
+#include "HBImagingLibExport.h"
 
 #include <QString>
 
@@ -19,7 +19,7 @@ struct KMTile;
 /// memory budget the least recently used unpinned tiles move to an unlinked scratch file and come back by
 /// themselves; a scratch file that cannot be written loses nothing: the tiles stay in memory, one warning is
 /// logged and the trouble handler called. Pinning a resident tile takes no lock.
-class IMAGINGLIB_EXPORT KMTileManager64
+class HB_IMAGINGLIB_EXPORT KMTileManager64
 {
 public:
     static constexpr int TileBytes = 65536;

@@ -11,7 +11,7 @@
 /// (x input level, y output level, 0..255) ordered by x.
 ///
 /// Alpha is kept; the curve through (0, 0) and (255, 255) is the exact identity.
-class IMAGINGLIB_EXPORT HBCurvesTransformation : public HBChannelTables
+class HB_IMAGINGLIB_EXPORT HBCurvesTransformation : public HBChannelTables
 {
 public:
     /// A longer list does not come from an editor.

@@ -12,7 +12,7 @@
 ///
 /// The slope a = tan(π/4 × (1 + contrast / 128)) tilts the line about middle grey: 1 at contrast 0, nearly flat at
 /// -127, nearly upright at 127. Alpha is kept; (0, 0) is the exact identity.
-class IMAGINGLIB_EXPORT HBIterativeBrightnessContrastTransformation
+class HB_IMAGINGLIB_EXPORT HBIterativeBrightnessContrastTransformation
     : public HBIterativeAdjustmentTransformation<HBChannelTables>
 {
 public:

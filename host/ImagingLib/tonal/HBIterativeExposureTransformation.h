@@ -10,7 +10,7 @@
 /// again, rounded.
 ///
 /// Alpha is kept; (0, 0) is the exact identity.
-class IMAGINGLIB_EXPORT HBIterativeExposureTransformation
+class HB_IMAGINGLIB_EXPORT HBIterativeExposureTransformation
     : public HBIterativeAdjustmentTransformation<HBChannelTables>
 {
 public:

@@ -9,7 +9,7 @@
 /// (Gonzalez & Woods, Digital Image Processing, section "Power-law (gamma) transformations").
 ///
 /// A larger gamma brightens, as in the levels; black and white stay. Alpha is kept; gamma 1 is the exact identity.
-class IMAGINGLIB_EXPORT HBIterativeGammaCorrectionTransformation
+class HB_IMAGINGLIB_EXPORT HBIterativeGammaCorrectionTransformation
     : public HBIterativeAdjustmentTransformation<HBChannelTables>
 {
 public:

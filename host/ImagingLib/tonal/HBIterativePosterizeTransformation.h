@@ -10,7 +10,7 @@
 /// outputs are evenly spaced from 0 to 255.
 ///
 /// Alpha is kept. No count is the identity: 255 levels, the most, still darken 1..127 by one.
-class IMAGINGLIB_EXPORT HBIterativePosterizeTransformation
+class HB_IMAGINGLIB_EXPORT HBIterativePosterizeTransformation
     : public HBIterativeAdjustmentTransformation<HBChannelTables>
 {
 public:

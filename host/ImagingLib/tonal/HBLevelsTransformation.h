@@ -14,7 +14,7 @@
 /// down (high <= low) is a step at low: t is 0 below it, 1 from it on. An output range upside down inverts.
 ///
 /// Alpha is kept; the default settings, (0, 255) and gamma 1, are the exact identity.
-class IMAGINGLIB_EXPORT HBLevelsTransformation : public HBChannelTables
+class HB_IMAGINGLIB_EXPORT HBLevelsTransformation : public HBChannelTables
 {
 public:
     /// The identity.
