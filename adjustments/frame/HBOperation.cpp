@@ -28,5 +28,5 @@ HBTileFunction HBTileFunctionOf(const HBOperation& operation)
 {
     if (!operation.tables)
         return operation.transform;
-    return [tables = operation.tables](HBTileAccess& tile) { (*tables)(tile.Pixels(), HBImage<>::TilePixels); };
+    return HBTileFunctionOf(HBIterativeAdjustmentTransformation<HBChannelTables>(*operation.tables));
 }

@@ -102,6 +102,18 @@ private Q_SLOTS:
         QCOMPARE(quintptr(pin.Pixels()) % 64, quintptr(0));
     }
 
+    void UnwrittenTileHasMemoryAtOnce() {
+        QVERIFY(!KMTileManager64::IsInMemory(KMTileRef(Manager().MakeTile()).Get()));
+        Manager().SetMemoryBudget(4 * TileBytes);
+        const auto tiles = MakeTiles(8);
+        const KMTileRef tile(Manager().MakeUnwrittenTile());
+        QVERIFY(KMTileManager64::IsInMemory(tile.Get()));
+        Fill(tile, 9);
+        QVERIFY(HoldTheirNumbers(tiles)); // which it had to make room for, and it for them
+        QVERIFY(!KMTileManager64::IsInMemory(tile.Get()));
+        QVERIFY(Holds(tile, 9));
+    }
+
     void CopiesAreIndependent() {
         const auto tiles = MakeTiles(1);
         const KMTileRef copy(Manager().CopyTile(tiles[0].Get()));

@@ -44,12 +44,12 @@ endif()
 
 # ---- All libraries ----
 set(consumer ${WORK_DIR}/consumer)
-if(QT_VERSION EQUAL 5) # each header for one Qt: what they include of Qt's is the same
-    set(each_header -D HEADERS=ON)
+if(QT_VERSION EQUAL 5) # the headers for one Qt: what they include of Qt's is the same
+    set(headers -D HEADERS=ON)
 endif()
 run("Configure a program" ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} -D PANELS=${NAME}
-    -D SOURCES=${SOURCE_DIR} ${each_header})
-run("Build it, each header, and the code of the documents" ${CMAKE_COMMAND} --build ${consumer})
+    -D SOURCES=${SOURCE_DIR} ${headers})
+run("Build it, the headers, and the code of the documents" ${CMAKE_COMMAND} --build ${consumer})
 run("Run it" ${consumer}/consumer)
 
 # With Qt 5, the test of the Debian packages does it.

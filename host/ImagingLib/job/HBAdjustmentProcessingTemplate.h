@@ -7,14 +7,14 @@
 #include <type_traits>
 #include <utility>
 
-/// Transforms all 16384 pixels of the tile in the transformation's buffer, in runs where it has that form.
+/// Transforms `count` pixels of the transformation's buffer from `first` on, as a run where it has that form.
 template <class Transformation>
-void HBTransformTile(const Transformation& transformation)
+void HBTransformRun(const Transformation& transformation, int first, int count)
 {
     if constexpr (std::is_invocable_v<const Transformation&, int, int>) {
-        transformation(0, HBImage<>::TilePixels);
+        transformation(first, count);
     } else {
-        for (int index = 0; index < HBImage<>::TilePixels; ++index)
+        for (int index = first; index < first + count; ++index)
             transformation(index);
     }
 }
@@ -25,8 +25,10 @@ template <class Transformation>
 HBTileFunction HBTileFunctionOf(Transformation transformation)
 {
     return [transformation = std::move(transformation)](HBTileAccess& tile) mutable {
-        transformation.SetProcessingBuffer(tile.Pixels());
-        HBTransformTile(transformation);
+        tile.ChangeByRuns([&](HBRGBA32i* pixels, int first, int count) {
+            transformation.SetProcessingBuffer(pixels);
+            HBTransformRun(transformation, first, count);
+        });
     };
 }
 

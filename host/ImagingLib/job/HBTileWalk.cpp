@@ -5,6 +5,7 @@
 #include "HBParallel.h"
 #include "HBSelectionBlender.h"
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <new>
@@ -13,6 +14,18 @@
 
 namespace
 {
+
+// Copies of less are not made without reading the memory that they fill; more would leave the first-level cache.
+constexpr int CopyPixels = 1024;
+// As many lines as a core waits for at a time, roughly: what is asked for beyond them keeps the work waiting.
+constexpr int FetchPixels = 256;
+
+/// Has the memory bring pixels that are read next, while others are worked on.
+void Fetch(const HBRGBA32i* pixels)
+{
+    for (int i = 0; i < FetchPixels; i += 64 / int(sizeof(HBRGBA32i)))
+        __builtin_prefetch(pixels + i);
+}
 
 /// Pieces of work (tiles or rows), handed out in order to whichever lane asks, and counted as they are done.
 class Claims
@@ -130,6 +143,28 @@ HBRGBA32i* HBTileAccess::Pixels()
         m_Pin.emplace(m_Image.Tile(m_Index), true);
     }
     return m_Pin->Pixels();
+}
+
+void HBTileAccess::ChangeByRuns(const std::function<void(HBRGBA32i* pixels, int first, int count)>& change)
+{
+    const KMTileRef& tile = m_Image.Tile(m_Index);
+    if (m_Pin || !tile.IsShared() || !KMTileManager64::IsInMemory(tile.Get())) {
+        change(Pixels(), 0, HBImage<>::TilePixels);
+        return;
+    }
+    const KMTileRef source = tile;
+    const KMTilePin<HBRGBA32i> from(source, false);
+    const KMTileRef copy(KMTileManager64::Instance().MakeUnwrittenTile());
+    KMTilePin<HBRGBA32i> to(copy, true);
+    for (int first = 0; first < HBImage<>::TilePixels; first += FetchPixels) {
+        if (first % CopyPixels == 0)
+            std::copy_n(from.Pixels() + first, CopyPixels, to.Pixels() + first);
+        if (first + CopyPixels < HBImage<>::TilePixels)
+            Fetch(from.Pixels() + first + CopyPixels);
+        change(to.Pixels(), first, FetchPixels);
+    }
+    m_Image.ShareTile(m_Index, copy);
+    m_Pin.emplace(std::move(to));
 }
 
 HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform, HBJobControl* control)

@@ -35,6 +35,10 @@ public:
     QRect Area() const { return m_Image.TileRect(m_Index); }
     /// The HBImage<>::TilePixels pixels, to be changed. \throws std::bad_alloc
     HBRGBA32i* Pixels();
+    /// The same by runs of them, for what changes each pixel by itself: calls change(pixels, first, count), with
+    /// all pixels of the tile, until all are changed. Only those of the run may be touched. Faster than Pixels():
+    /// while a run is changed, the memory already brings the source of the next. \throws std::bad_alloc
+    void ChangeByRuns(const std::function<void(HBRGBA32i* pixels, int first, int count)>& change);
 
 private:
     HBImage<>& m_Image;

@@ -355,6 +355,26 @@ KMTile* KMTileManager64::CopyTile(KMTile* tile)
     return copy;
 }
 
+KMTile* KMTileManager64::MakeUnwrittenTile()
+{
+    KMTile* const tile = MakeTile();
+    tile->state.store(Busy, std::memory_order_relaxed); // no eviction may see it half made
+    try {
+        d->TakeMemory(*tile);
+    } catch (...) {
+        tile->state.store(0, std::memory_order_relaxed);
+        CleanUpTile(tile);
+        throw;
+    }
+    tile->state.store(Resident | Dirty, std::memory_order_release);
+    return tile;
+}
+
+bool KMTileManager64::IsInMemory(const KMTile* tile)
+{
+    return tile->state.load(std::memory_order_relaxed) & Resident;
+}
+
 void KMTileManager64::CleanUpTile(KMTile* tile)
 {
     if (tile->references.fetch_sub(1, std::memory_order_acq_rel) != 1)

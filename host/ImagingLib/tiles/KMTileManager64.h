@@ -32,6 +32,12 @@ public:
     /// A new tile with the same bytes, with one reference.
     /// \throws std::bad_alloc if there is no memory for it.
     KMTile* CopyTile(KMTile* tile);
+    /// A new tile of undefined bytes, for a caller who writes them all; with one reference.
+    /// \throws std::bad_alloc if there is no memory for it.
+    KMTile* MakeUnwrittenTile();
+    /// Whether pinning the tile would read nothing from the scratch file and take no memory; another thread may
+    /// change that at once.
+    static bool IsInMemory(const KMTile* tile);
     /// Drops one reference; the last one gives the memory and the scratch space back.
     void CleanUpTile(KMTile* tile);
 
