@@ -7,33 +7,31 @@
 #include <type_traits>
 #include <utility>
 
-/// Transforms `count` pixels of the transformation's buffer from `first` on, as a run where it has that form.
-template <class Transformation>
-void HBTransformRun(const Transformation& transformation, int first, int count)
-{
-    if constexpr (std::is_invocable_v<const Transformation&, int, int>) {
-        transformation(first, count);
-    } else {
-        for (int index = first; index < first + count; ++index)
-            transformation(index);
-    }
-}
-
 /// The transformation as a function of a tile. Each lane copies the function, and with it the transformation and
 /// its buffer.
 template <class Transformation>
 HBTileFunction HBTileFunctionOf(Transformation transformation)
 {
-    return [transformation = std::move(transformation)](HBTileAccess& tile) mutable {
-        tile.ChangeByRuns([&](HBRGBA32i* pixels, int first, int count) {
-            transformation.SetProcessingBuffer(pixels);
-            HBTransformRun(transformation, first, count);
-        });
-    };
+    if constexpr (std::is_invocable_v<const Transformation&, int, int>) {
+        return [transformation = std::move(transformation)](HBTileAccess& tile) mutable {
+            tile.ChangeByRuns([&](HBRGBA32i* pixels, int first, int count) {
+                if (first == 0)
+                    transformation.SetProcessingBuffer(pixels);
+                transformation(first, count);
+            });
+        };
+    } else {
+        return [transformation = std::move(transformation)](HBTileAccess& tile) mutable {
+            transformation.SetProcessingBuffer(tile.Pixels());
+            for (int index = 0; index < HBImage<>::TilePixels; ++index)
+                transformation(index);
+        };
+    }
 }
 
 /// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int)
-/// const` for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them.
+/// const` for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them, which
+/// must not touch others: they may not be there yet.
 template <class Transformation>
 class HBAdjustmentProcessingTemplate : public HBAdjustmentProcessing
 {
