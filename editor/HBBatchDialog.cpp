@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBBatchDialog.h"
 
+#include <HBReadJson.h>
+
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -10,7 +12,6 @@
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
@@ -147,7 +148,7 @@ void HBBatchDialog::ReadReport()
 {
     m_Report += m_Process.readAllStandardOutput();
     for (int end = m_Report.indexOf('\n'); end >= 0; end = m_Report.indexOf('\n')) {
-        const QJsonObject line = QJsonDocument::fromJson(m_Report.left(end)).object();
+        const QJsonObject line = HBReadJson(m_Report.left(end)).object();
         m_Report.remove(0, end + 1);
         if (line.value("type").toString() == "summary")
             continue;

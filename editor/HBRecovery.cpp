@@ -3,6 +3,7 @@
 #include "HBRecovery.h"
 
 #include <HBQtImage.h>
+#include <HBReadJson.h>
 #include <HBSaveFile.h>
 #include <HBStage.h>
 
@@ -48,7 +49,7 @@ bool Read(const QString& path, HBLostStack* lost)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > MaximumBytes)
         return false;
-    const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonObject json = HBReadJson(file.readAll()).object();
     lost->file = path;
     lost->photo = json.value("photo").toString();
     const auto whole = [&json](const char* key) { return qint64(qBound(-1.0, json[key].toDouble(), 9e15)); };

@@ -58,7 +58,7 @@ public:
     QString Folder() const { return m_Folder; }
     /// At once. Whether all that is to be kept is on the disk.
     bool Keep();
-    /// What editors that are no more have left in the folder, the last first.
+    /// What editors that are no more have left in the folder, the last first. \throws std::bad_alloc
     QVector<HBLostStack> FindLost() const;
     /// Deletes it.
     static void Forget(const HBLostStack& lost);

@@ -4,10 +4,11 @@
 
 #include "HBGimpText.h"
 
+#include <HBReadJson.h>
+
 #include <QColor>
 #include <QFont>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -21,16 +22,12 @@ bool Fail(QString* reason, const QString& text)
     return false;
 }
 
+/// \param text begins as an object
 bool ReadObject(const QString& text, QJsonObject* object, QString* reason)
 {
-    QJsonParseError problem;
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &problem);
-    if (!document.isObject())
-        return Fail(
-            reason,
-            HBGimpText::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset));
+    const QJsonDocument document = HBReadJson(text.toUtf8(), reason);
     *object = document.object();
-    return true;
+    return !document.isNull();
 }
 
 bool ReadNumber(const HBFieldInfo& field, const QVariant& present, const QJsonValue& value, QVariant* result,

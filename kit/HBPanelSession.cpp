@@ -295,11 +295,8 @@ HBImage<> HBPanelSession::Adjusted() const
 void HBPanelSession::StartNow()
 {
     m_Outdated = false;
-    if (!IsWorking()) {
-        m_ProgressMinimum = 0;
-        m_ProgressMaximum = 100;
+    if (!IsWorking())
         m_pWait->ForgetProgress();
-    }
     if (m_pOverlayJob)
         m_pOverlayJob->ProcessNow();
     else if (m_pPanel->HasPendingChange())
@@ -464,8 +461,6 @@ void HBPanelSession::OnJobEnded()
 
 void HBPanelSession::OnProgressRange(int minimum, int maximum)
 {
-    m_ProgressMinimum = minimum;
-    m_ProgressMaximum = maximum;
     m_pWait->SetRange(minimum, maximum);
     if (!m_pOverlayJob && !IsWorking())
         OnJobEnded(); // the panel tells a last range then
@@ -476,8 +471,7 @@ void HBPanelSession::OnProgressValue(int value)
     if (m_Over)
         return;
     const QPointer<HBPanelSession> self(this);
-    const int range = m_ProgressMaximum - m_ProgressMinimum;
-    Q_EMIT ProgressChanged(range > 0 ? int(100LL * (value - m_ProgressMinimum) / range) : 100);
+    Q_EMIT ProgressChanged(m_pWait->PercentAt(value));
     if (self)
         m_pWait->SetPosition(value);
 }

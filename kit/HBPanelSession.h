@@ -184,8 +184,6 @@ private:
     HBImage<> m_Preview;
     QString m_Trouble; ///< what was said last
     QTimer m_Still;    ///< since the last change
-    int m_ProgressMinimum = 0;
-    int m_ProgressMaximum = 100;
     int m_Amount = HBRecipeStep::MaximumAmount;
     QString m_AmountFailure;  ///< of the last blending
     bool m_Unblended = false; ///< the panel's image is newer than the preview

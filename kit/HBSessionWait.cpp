@@ -62,6 +62,12 @@ void HBSessionWait::SetPosition(int position)
         m_pDialog->SetProgressPos(position);
 }
 
+int HBSessionWait::PercentAt(int position) const
+{
+    const int range = m_Maximum - m_Minimum;
+    return range > 0 ? int(100LL * (position - m_Minimum) / range) : 100;
+}
+
 void HBSessionWait::ShowDialog()
 {
     RestoreCursor();

@@ -28,6 +28,8 @@ public:
     void ForgetProgress();
     void SetRange(int minimum, int maximum);
     void SetPosition(int position);
+    /// That position in the range, 0 .. 100.
+    int PercentAt(int position) const;
 
 Q_SIGNALS:
     /// The user would not wait; it goes on until End.

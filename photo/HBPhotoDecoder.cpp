@@ -131,6 +131,77 @@ bool ReadByQt(QImageReader* reader, HBStraightRead* read, bool* isDeep)
     return true;
 }
 
+/// Sets it up, and finds out; empty if we do not read it. Qt also draws drawings and reads icons.
+QByteArray KnownFormat(QImageReader* reader)
+{
+    reader->setDecideFormatFromContent(true);
+    reader->setAutoTransform(false); // it knows the orientation of some formats only
+    const QByteArray format = reader->format();
+    const bool isKnown = KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(format));
+    return reader->canRead() && isKnown ? format : QByteArray();
+}
+
+/// \param reader not yet asked for its size(), which leaves that of TIFF where it finds no pages
+HBPhotoEncoding EncodingOf(const QByteArray& file, const QByteArray& format, const QImageReader& reader)
+{
+    HBPhotoEncoding encoding = HBReadEncoding(file, format);
+    const bool mayHavePages = format != "jpeg" && format != "png";
+    encoding.pages = qMax(encoding.pages, mayHavePages ? reader.imageCount() : 1);
+    encoding.isAnimated |= encoding.pages > 1 && reader.supportsAnimation();
+    return encoding;
+}
+
+/// What our own readers do not know Qt reads; of a file that is cut short the rows that are there count.
+/// \param isDeep whether it had 16 bits a channel
+bool ReadPixels(const QByteArray& file, const QByteArray& format, const KMCMSProfile& profile,
+                QImageReader* reader, HBStraightRead* read, Remarks* remarks, bool* isDeep)
+{
+    const auto outcome = ReadStraight(file, format, read);
+    for (const QString& remark : qAsConst(read->remarks))
+        remarks->Add(remark);
+    if (outcome == HBStraightRead::LeftToQt) {
+        read->lacksPixels = read->isCutShort;
+        return ReadByQt(reader, read, isDeep);
+    }
+    const bool isFailed = outcome == HBStraightRead::Failed;
+    if (isFailed && !(read->isCutShort && read->tiles.HasRows() && read->IsWanted()))
+        return false;
+    read->lacksPixels |= isFailed;
+    if (!profile.IsEmpty() && !read->print->HasBegun())
+        QColorSpace::fromIccProfile(profile.Icc()); // which remarks what is wrong with it
+    return true;
+}
+
+/// Why there is no picture; empty: there is.
+QString Trouble(bool isRead, const HBStraightRead& read, const Remarks& remarks)
+{
+    if (!read.refusal.isEmpty())
+        return read.refusal;
+    if (!read.IsWanted())
+        return Text::tr("it was given up");
+    const QString problem = read.reason.isEmpty() ? remarks.Last() : read.reason;
+    return isRead ? QString() : Text::tr("the picture cannot be read (%1)").arg(problem);
+}
+
+/// Tells what the photo lacks of what its file has, or should have.
+void TellShortcomings(const HBStraightRead& read, bool isDeep, const Remarks& remarks, HBPhoto* photo)
+{
+    QStringList& warnings = photo->warnings;
+    if (!read.isCutShort) {
+        remarks.AddTo(&warnings);
+    } else {
+        warnings.append(read.lacksPixels ? Text::tr("the file is cut short, and a part of the picture is missing")
+                                         : Text::tr("the file is cut short behind the picture"));
+        photo->encoding.lacksPixels = read.lacksPixels;
+    }
+    if (photo->encoding.pages > 1)
+        warnings.append(Text::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
+    if (isDeep) {
+        warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        photo->encoding.bitsPerChannel = qMax(16, photo->encoding.bitsPerChannel);
+    }
+}
+
 /// The profile if it fits the pixels, which always are red, green and blue: one for CMYK would spoil them.
 KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
 {
@@ -174,18 +245,10 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     QByteArray same = file;
     QBuffer buffer(&same);
     QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(false); // it knows the orientation of some formats only
-    const QByteArray format = reader.format();
-    // Qt also draws drawings and reads icons.
-    if (!reader.canRead() || !KMImageFileManager::SuffixesForRead().contains(QString::fromLatin1(format)))
+    const QByteArray format = KnownFormat(&reader);
+    if (format.isEmpty())
         return Fail(reason, Text::tr("this is not a photo of a known format"));
-    // Before size(), which leaves the TIFF reader where it finds no pages. JPEG and PNG have one.
-    const bool mayHavePages = format != "jpeg" && format != "png";
-    const int pages = mayHavePages ? reader.imageCount() : 1;
-    photo->encoding = HBReadEncoding(file, format);
-    photo->encoding.pages = qMax(photo->encoding.pages, pages);
-    photo->encoding.isAnimated |= photo->encoding.pages > 1 && reader.supportsAnimation();
+    photo->encoding = EncodingOf(file, format, reader);
     QStringList aboutMetadata;
     const HBPhotoMetadata metadata = HBReadMetadata(file, &aboutMetadata);
 
@@ -196,40 +259,11 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     read.isWanted = isWanted;
     read.isCutShort = !isWhole;
     bool isDeep = false;
-    auto outcome = ReadStraight(file, format, &read);
-    if (outcome == HBStraightRead::Failed && !isWhole && read.tiles.HasRows() && read.IsWanted()) {
-        outcome = HBStraightRead::Read;
-        read.lacksPixels = true;
-    }
-    for (const QString& remark : qAsConst(read.remarks))
-        remarks.Add(remark);
-    if (outcome == HBStraightRead::Read && !metadata.profile.IsEmpty() && !print.HasBegun())
-        QColorSpace::fromIccProfile(metadata.profile.Icc()); // which remarks what is wrong with it
-    const bool isRead =
-        outcome == HBStraightRead::LeftToQt ? ReadByQt(&reader, &read, &isDeep) : outcome == HBStraightRead::Read;
-    if (!read.refusal.isEmpty())
-        return Fail(reason, read.refusal);
-    if (!read.IsWanted())
-        return Fail(reason, Text::tr("it was given up"));
-    if (!isRead) {
-        const QString problem = read.reason.isEmpty() ? remarks.Last() : read.reason;
-        return Fail(reason, Text::tr("the picture cannot be read (%1)").arg(problem));
-    }
-    if (isWhole) {
-        remarks.AddTo(&photo->warnings);
-    } else {
-        const bool lacksPixels = read.lacksPixels || outcome == HBStraightRead::LeftToQt;
-        photo->warnings.append(lacksPixels
-                                   ? Text::tr("the file is cut short, and a part of the picture is missing")
-                                   : Text::tr("the file is cut short behind the picture"));
-        photo->encoding.lacksPixels = lacksPixels;
-    }
-    if (photo->encoding.pages > 1)
-        photo->warnings.append(Text::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
-    if (isDeep) {
-        photo->warnings.append(Text::tr("16 bits a channel are reduced to 8"));
-        photo->encoding.bitsPerChannel = qMax(16, photo->encoding.bitsPerChannel);
-    }
+    const bool isRead = ReadPixels(file, format, metadata.profile, &reader, &read, &remarks, &isDeep);
+    const QString trouble = Trouble(isRead, read, remarks);
+    if (!trouble.isEmpty())
+        return Fail(reason, trouble);
+    TellShortcomings(read, isDeep, remarks, photo);
     photo->warnings.append(aboutMetadata);
     photo->image = WithMetadata(read, metadata, &photo->warnings);
     return true;

@@ -5,13 +5,15 @@
 #include "HBInterrupt.h"
 #include "HBJsonLine.h"
 
+#include <HBReadJson.h>
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSet>
 
 #include <cerrno>
@@ -107,7 +109,7 @@ bool HBReplayJournal::Read(QString* problem)
             return false;
         }
         while (!file.atEnd() && !HBIsInterrupted()) {
-            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+            const QJsonObject line = HBReadJson(file.readLine()).object();
             if (line.value("job").toString().toLatin1() != m_Job)
                 continue;
             const auto bytes = [&line](const char* key) {

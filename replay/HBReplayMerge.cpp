@@ -7,11 +7,13 @@
 #include "HBReplayInputs.h"
 #include "HBReplayLog.h"
 
+#include <HBReadJson.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
 #include <QSet>
 
@@ -41,7 +43,7 @@ public:
         bool isPlan = false;
         while (!file.atEnd()) {
             const QByteArray bytes = file.readLine();
-            const QJsonObject line = QJsonDocument::fromJson(bytes).object(); // empty if it is torn
+            const QJsonObject line = HBReadJson(bytes).object(); // empty if it is torn
             const QString type = line.value("type").toString();
             isWhole = type == "summary" && !line.value("interrupted").toBool();
             isReport |= type == "summary" || type == "file";

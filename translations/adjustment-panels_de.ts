@@ -297,10 +297,6 @@
         <translation>Die Ebene gehört nicht zum Bild.</translation>
     </message>
     <message>
-        <source>This is not JSON: %1 at byte %2.</source>
-        <translation>Das ist kein JSON: %1 bei Byte %2.</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; must be a number</source>
         <translation>„%1“ muss eine Zahl sein</translation>
     </message>

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 
 #include <new>
-#include <optional>
 
 namespace
 {
@@ -224,11 +223,6 @@ HBOutcome HBRunStages(const HBTarget& target, const std::function<HBStages()>& s
 {
     if (failed)
         *failed = {};
-    std::optional<HBTarget> own;
-    try {
-        own = target; // with its metadata, which takes memory
-    } catch (const std::bad_alloc&) {
-        return {{}, HBOutcome::Failed, std::current_exception()};
-    }
-    return HBRunStages(std::move(*own), stages, control, failed);
+    return HBWorkOnCopy(target,
+                        [&](HBTarget&& copy) { return HBRunStages(std::move(copy), stages, control, failed); });
 }

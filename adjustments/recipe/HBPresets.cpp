@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBPresets.h"
 
+#include "HBReadJson.h"
+
 #include <HBSaveFile.h>
 
 #include <QCoreApplication>
@@ -40,7 +42,7 @@ HBPresets::Contents HBPresets::Read() const
     QFile file(m_Path);
     if (!file.open(QIODevice::ReadOnly))
         return contents;
-    const QJsonObject read = QJsonDocument::fromJson(file.read(MaximumBytes)).object();
+    const QJsonObject read = HBReadJson(file.read(MaximumBytes)).object();
     if (read.value("format") != QLatin1String(Format) || read.value("version") != Version) {
         contents.foreign = file.size() > 0;
         return contents;

@@ -15,6 +15,7 @@
 ///
 /// Values are those that HBAdjustment::save returned. Entries that cannot be read are not shown, but stay in the
 /// file; a file that is none of this kind is put aside under another name when something is to be kept.
+/// Who reads or writes the file may get std::bad_alloc.
 class HB_ADJUSTMENTS_EXPORT HBPresets
 {
 public:

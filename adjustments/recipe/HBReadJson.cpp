@@ -95,13 +95,15 @@ QJsonDocument HBReadJson(const QByteArray& json, QString* error)
     const std::string_view twice = KeyReader(json).FindTwice();
     if (!twice.empty()) {
         constexpr std::size_t longest = 40;
-        *error = Text::tr("The key %1 stands twice in one object.")
-                     .arg(QString::fromUtf8(twice.data(), int(std::min(twice.size(), longest))));
+        if (error) {
+            *error = Text::tr("The key %1 stands twice in one object.")
+                         .arg(QString::fromUtf8(twice.data(), int(std::min(twice.size(), longest))));
+        }
         return {};
     }
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
-    if (document.isNull())
+    if (document.isNull() && error)
         *error = Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset);
     return document;
 }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace
@@ -164,7 +165,7 @@ HBSelection HBSelectionShape::Rasterize(const HBImage<>& photo, HBJobControl* co
             mask.source.ShareTile(index, full);
     }
     const HBOutcome outcome = HBWalkTiles(
-        mask,
+        std::move(mask),
         [&](HBTileAccess& tile) {
             if (edge[std::size_t(tile.Index())])
                 FillTile(raster, selection.offset, &tile);

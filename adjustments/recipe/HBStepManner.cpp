@@ -53,9 +53,9 @@ HBOperation AmountOf(const HBOperation& operation, const Blend& blend)
 /// the mask.
 HBImage<> Both(const HBSelection& own, const HBTarget& target)
 {
-    const HBTarget nothing{HBImage<>(own.mask.Width(), own.mask.Height()), target.selection,
-                           target.offset - own.offset, target.bounds};
-    const HBOutcome both = HBWalkTiles(nothing, [&own](HBTileAccess& tile) {
+    HBTarget nothing{HBImage<>(own.mask.Width(), own.mask.Height()), target.selection, target.offset - own.offset,
+                     target.bounds};
+    const HBOutcome both = HBWalkTiles(std::move(nothing), [&own](HBTileAccess& tile) {
         const KMTilePin<HBRGBA32i> pin(own.mask.Tile(tile.Index()), false);
         std::copy_n(pin.Pixels(), HBImage<>::TilePixels, tile.Pixels());
     });

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "../photo/HBTestFiles.h"
 #include "HBTestMain.h"
 
 #include <HBDocument.h>
@@ -225,6 +226,14 @@ private Q_SLOTS:
             document.Append(Steps(2), "two");
             QCOMPARE(files().size(), 2);
             QVERIFY(other.FindLost().isEmpty()); // this one lives
+            const QString copy = place + "/copy.json";
+            const QByteArray kept = HBBytesOf(place + '/' + files().value(0));
+            for (const bool ambiguous : {false, true}) {
+                const QByteArray key = ambiguous ? "\"photo\": \"x\", \"photo\"" : "\"photo\"";
+                QVERIFY(HBWriteBytes(copy, QByteArray(kept).replace("\"photo\"", key)));
+                QCOMPARE(other.FindLost().isEmpty(), ambiguous);
+            }
+            QVERIFY(QFile::remove(copy));
             document.History().undo();
             QVERIFY(files().isEmpty());
             document.History().redo();

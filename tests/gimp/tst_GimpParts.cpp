@@ -97,6 +97,9 @@ private Q_SLOTS:
         QTest::newRow("no JSON") << "HBLevelsWidget"
                                  << "{\"gamma"
                                  << "not JSON";
+        QTest::newRow("key twice") << "HBBrightnessContrastWidget"
+                                   << R"({"brightness": 1, "brightness": 2})"
+                                   << "\"brightness\" stands twice";
         QTest::newRow("bytes without a record") << "HBExposureWidget"
                                                 << "4b4d"
                                                 << "no record";
@@ -180,7 +183,8 @@ private Q_SLOTS:
         };
         HBPresets presets(folder.path(), adjustment);
         QString reason;
-        for (const char* foreign : {"nonsense", R"({"format": "adjustment-presets", "version": 2})"}) {
+        for (const char* foreign : {"nonsense", R"({"format": "adjustment-presets", "version": 2})",
+                                    R"({"format": "adjustment-presets", "version": 1, "last": 1, "last": 2})"}) {
             write(foreign);
             QVERIFY(presets.Names().isEmpty());
             QVERIFY(presets.SetLast(HBDemonstrationStep(adjustment), &reason));

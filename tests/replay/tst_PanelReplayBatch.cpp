@@ -168,15 +168,20 @@ private Q_SLOTS:
         QVERIFY2(whole.code == 0 && whole.err.isEmpty(), qPrintable(whole.err));
         QCOMPARE(whole.Json().last()["done"].toInt(), 4);
 
-        // One worker twice, one killed before its last line was whole, one file that nobody knows.
+        // One worker twice, one killed before its last line was whole, one line of two meanings, one file that
+        // nobody knows.
         const QByteArray first = HBBytesOf(Path("1.jsonl"));
+        const QByteArray ambiguous =
+            R"({"type":"file","input":"photos/two.png","status":"failed","status":"done"})"
+            "\n";
         QVERIFY(HBWriteBytes(Path("2.jsonl"), first));
-        QVERIFY(HBWriteBytes(Path("3.jsonl"), HBBytesOf(Path("3.jsonl")).chopped(20)));
+        QVERIFY(HBWriteBytes(Path("3.jsonl"), ambiguous + HBBytesOf(Path("3.jsonl")).chopped(20)));
         QVERIFY(HBWriteBytes(Path("all.txt"), photos.join('\n').toUtf8() + "\nphotos/never.png\n"));
         const Outcome torn = Replay({"merge", "1.jsonl", "2.jsonl", "3.jsonl", "--files-from", "all.txt"});
         QCOMPARE(torn.code, 1);
         for (const char* message : {"photos/never.png: missing", "3.jsonl: its run", "share 2/3", "share 3/3"})
             QVERIFY2(torn.err.contains(message), qPrintable(torn.err));
+        QVERIFY2(!torn.out.contains("two.png"), qPrintable(torn.out));
         QCOMPARE(torn.Json().last()["twice"].toArray().size(), int(first.count("\"done\",")));
     }
 

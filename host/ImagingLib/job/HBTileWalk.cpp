@@ -8,9 +8,6 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-#include <new>
-#include <optional>
-#include <utility>
 
 namespace
 {
@@ -219,11 +216,5 @@ HBOutcome HBWalkTiles(HBTarget&& target, const HBTileFunction& transform, HBJobC
 
 HBOutcome HBWalkTiles(const HBTarget& target, const HBTileFunction& transform, HBJobControl* control)
 {
-    std::optional<HBTarget> own;
-    try {
-        own = target; // with its metadata, which takes memory
-    } catch (const std::bad_alloc&) {
-        return {{}, HBOutcome::Failed, std::current_exception()};
-    }
-    return HBWalkTiles(std::move(*own), transform, control);
+    return HBWorkOnCopy(target, [&](HBTarget&& copy) { return HBWalkTiles(std::move(copy), transform, control); });
 }

@@ -11,7 +11,9 @@
 
 #include <exception>
 #include <functional>
+#include <new>
 #include <optional>
+#include <utility>
 
 /// A picture to adjust, and where.
 struct HBTarget
@@ -61,6 +63,19 @@ struct HBOutcome
 
     bool IsWhole() const { return status == Whole; }
 };
+
+/// What `work` makes of a copy of the target; a failure where there is no memory for that, for its metadata.
+template <class Work>
+HBOutcome HBWorkOnCopy(const HBTarget& target, const Work& work)
+{
+    std::optional<HBTarget> copy;
+    try {
+        copy = target;
+    } catch (const std::bad_alloc&) {
+        return {{}, HBOutcome::Failed, std::current_exception()};
+    }
+    return work(std::move(*copy));
+}
 
 /// Runs `transform` over the tiles of the target, on the calling thread and those of the pool
 /// (HBParallel.h), and returns the image, which shares every tile that was not touched with the source. Without
