@@ -27,22 +27,6 @@ if(ADJUSTMENT_PANELS_FUZZER)
     target_link_options(adjustment_panels_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-if(ADJUSTMENT_PANELS_BULK)
-    target_compile_options(adjustment_panels_settings INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>) # ccache's wish
-endif()
-
-# adjustment_panels_precompile(<target> [WIDGETS])
-#
-# Qt's headers, and with WIDGETS those of its widgets, for a target of so many files that it pays.
-function(adjustment_panels_precompile target)
-    if(ADJUSTMENT_PANELS_BULK)
-        target_precompile_headers(${target} PRIVATE <algorithm> <functional> <memory> <QtGui>)
-        if(ARGV1 STREQUAL "WIDGETS")
-            target_precompile_headers(${target} PRIVATE <QtWidgets>)
-        endif()
-    endif()
-endfunction()
-
 # adjustment_panels_bulk(<target>)
 #
 # Compiles its sources a dozen at a time, each of which then parses the headers for all: a third of the time. Their anonymous

@@ -6,6 +6,7 @@
 #include "HBJpegReader.h"
 #include "HBPhotoCheck.h"
 #include "HBPhotoMetadata.h"
+#include "HBPhotoText.h"
 #include "HBPngFile.h"
 #include "HBTiffFile.h"
 
@@ -15,7 +16,6 @@
 
 #include <QBuffer>
 #include <QColorSpace>
-#include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
 
@@ -24,17 +24,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
-};
-
-bool Fail(QString* reason, const QString& text)
-{
-    *reason = text;
-    return false;
-}
 
 /// Qt 6 bounds the bytes of a picture by itself; HBStraightRead knows the machine.
 void LiftQtsBound()
@@ -70,7 +59,7 @@ public:
     void AddTo(QStringList* warnings) const
     {
         for (const QString& remark : m_Kept.mid(0, 3))
-            warnings->append(Text::tr("the decoder remarks: %1").arg(remark));
+            warnings->append(HBPhotoText::tr("the decoder remarks: %1").arg(remark));
     }
     QString Last() const { return m_Kept.isEmpty() ? QString() : m_Kept.last(); }
 
@@ -121,7 +110,7 @@ bool ReadByQt(QImageReader* reader, HBStraightRead* read, bool* isDeep)
         return false;
     QImage image;
     if (!reader->read(&image) || image.isNull())
-        return Fail(&read->reason, reader->errorString());
+        return HBFail(&read->reason, reader->errorString());
     *isDeep = image.depth() == 64 || image.format() == QImage::Format_Grayscale16;
     read->dotsPerMetreX = image.dotsPerMeterX();
     read->dotsPerMetreY = image.dotsPerMeterY();
@@ -178,9 +167,9 @@ QString Trouble(bool isRead, const HBStraightRead& read, const Remarks& remarks)
     if (!read.refusal.isEmpty())
         return read.refusal;
     if (!read.IsWanted())
-        return Text::tr("it was given up");
+        return HBPhotoText::tr("it was given up");
     const QString problem = read.reason.isEmpty() ? remarks.Last() : read.reason;
-    return isRead ? QString() : Text::tr("the picture cannot be read (%1)").arg(problem);
+    return isRead ? QString() : HBPhotoText::tr("the picture cannot be read (%1)").arg(problem);
 }
 
 /// Tells what the photo lacks of what its file has, or should have.
@@ -190,14 +179,15 @@ void TellShortcomings(const HBStraightRead& read, bool isDeep, const Remarks& re
     if (!read.isCutShort) {
         remarks.AddTo(&warnings);
     } else {
-        warnings.append(read.lacksPixels ? Text::tr("the file is cut short, and a part of the picture is missing")
-                                         : Text::tr("the file is cut short behind the picture"));
+        warnings.append(read.lacksPixels
+                            ? HBPhotoText::tr("the file is cut short, and a part of the picture is missing")
+                            : HBPhotoText::tr("the file is cut short behind the picture"));
         photo->encoding.lacksPixels = read.lacksPixels;
     }
     if (photo->encoding.pages > 1)
-        warnings.append(Text::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
+        warnings.append(HBPhotoText::tr("only the first of %1 pages is read").arg(photo->encoding.pages));
     if (isDeep) {
-        warnings.append(Text::tr("16 bits a channel are reduced to 8"));
+        warnings.append(HBPhotoText::tr("16 bits a channel are reduced to 8"));
         photo->encoding.bitsPerChannel = qMax(16, photo->encoding.bitsPerChannel);
     }
 }
@@ -208,7 +198,7 @@ KMCMSProfile FittingProfile(const KMCMSProfile& profile, QStringList* warnings)
     const QByteArray model = HBProfileModel(profile.Icc());
     if (profile.IsEmpty() || model == "RGB " || model == "GRAY")
         return profile;
-    warnings->append(Text::tr("its color profile is not one for RGB and was left out"));
+    warnings->append(HBPhotoText::tr("its color profile is not one for RGB and was left out"));
     return {};
 }
 
@@ -219,7 +209,7 @@ HBImage<> WithMetadata(const HBStraightRead& read, const HBPhotoMetadata& metada
         image.AddElement(new KMEXIFElement(element));
     if (read.print && read.print->HasBegun()) {
         image.SetProfile(KMCMSProfile(HBSrgbProfile()));
-        warnings->append(Text::tr("its colors for print were converted to sRGB by its profile"));
+        warnings->append(HBPhotoText::tr("its colors for print were converted to sRGB by its profile"));
     } else {
         image.SetProfile(FittingProfile(metadata.profile, warnings));
     }
@@ -239,7 +229,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
 {
     const bool isWhole = HBIsWholeFile(file);
     if (!isWhole && cutShort == HBCutShort::Refused)
-        return Fail(reason, Text::tr("the file is cut short"));
+        return HBFail(reason, HBPhotoText::tr("the file is cut short"));
     HBCheckMemory();
     Remarks remarks; // also about the head, which is read more than once
     QByteArray same = file;
@@ -247,7 +237,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     QImageReader reader(&buffer);
     const QByteArray format = KnownFormat(&reader);
     if (format.isEmpty())
-        return Fail(reason, Text::tr("this is not a photo of a known format"));
+        return HBFail(reason, HBPhotoText::tr("this is not a photo of a known format"));
     photo->encoding = EncodingOf(file, format, reader);
     QStringList aboutMetadata;
     const HBPhotoMetadata metadata = HBReadMetadata(file, &aboutMetadata);
@@ -262,7 +252,7 @@ bool HBDecodePhoto(const QByteArray& file, const std::function<bool()>& isWanted
     const bool isRead = ReadPixels(file, format, metadata.profile, &reader, &read, &remarks, &isDeep);
     const QString trouble = Trouble(isRead, read, remarks);
     if (!trouble.isEmpty())
-        return Fail(reason, trouble);
+        return HBFail(reason, trouble);
     TellShortcomings(read, isDeep, remarks, photo);
     photo->warnings.append(aboutMetadata);
     photo->image = WithMetadata(read, metadata, &photo->warnings);

@@ -5,6 +5,7 @@
 #include "HBConvertToSrgb.h"
 #include "HBPhotoDecoder.h"
 #include "HBPhotoMetadata.h"
+#include "HBPhotoText.h"
 #include "HBPictureRows.h"
 #include "HBPngFile.h"
 #include "HBStraightRead.h"
@@ -16,7 +17,6 @@
 #include <KMImageFileManager.h>
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageWriter>
@@ -27,17 +27,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
-};
-
-bool Fail(QString* reason, const QString& text)
-{
-    *reason = text;
-    return false;
-}
 
 /// Takes no memory: neither a translation nor the name of the file.
 QString OutOfMemory()
@@ -54,7 +43,7 @@ try {
         if (step(&reason))
             return true;
     } catch (const std::bad_alloc&) {
-        reason = Text::tr("there is not enough memory for it");
+        reason = HBPhotoText::tr("there is not enough memory for it");
     } catch (const std::exception& problem) {
         reason = QString::fromLocal8Bit(problem.what());
     }
@@ -71,18 +60,18 @@ bool ReadBytes(const QString& path, QByteArray* bytes, QString* reason)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return Fail(reason, Text::tr("there is no such file"));
+        return HBFail(reason, HBPhotoText::tr("there is no such file"));
     if (!info.isFile())
-        return Fail(reason, Text::tr("this is not a file")); // a device could be read for ever
+        return HBFail(reason, HBPhotoText::tr("this is not a file")); // a device could be read for ever
     if (info.size() == 0) // also one of the kernel's, which says so and could be read for ever
-        return Fail(reason, Text::tr("the file is empty"));
+        return HBFail(reason, HBPhotoText::tr("the file is empty"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return Fail(reason, file.errorString());
+        return HBFail(reason, file.errorString());
     if (file.size() > qMin(HBLargestPicture(), qint64(0x7fff0000))) // the most that a QByteArray can hold
-        return Fail(reason, Text::tr("the file is too large"));
+        return HBFail(reason, HBPhotoText::tr("the file is too large"));
     *bytes = file.readAll();
-    return file.error() == QFile::NoError || Fail(reason, file.errorString());
+    return file.error() == QFile::NoError || HBFail(reason, file.errorString());
 }
 
 // ---- Writing ----
@@ -117,7 +106,7 @@ bool Encode(HBPictureRows& rows, const QString& suffix, const HBPhotoOptions& op
     QImageWriter writer(&buffer, suffix.toLatin1());
     if (suffix == "webp")
         writer.setQuality(qBound(0, overSame ? options.encoding.webpQuality : options.quality, 100));
-    return writer.write(whole) || Fail(reason, writer.errorString());
+    return writer.write(whole) || HBFail(reason, writer.errorString());
 }
 
 /// What the file shall hold besides the pixels; makes these grey where the profile is one for grey.
@@ -133,7 +122,8 @@ HBPhotoMetadata MetadataFor(const HBImage<>& image, HBPictureRows* rows, QString
         } else {
             metadata.profile = KMCMSProfile(HBRgbProfileOfGrey(metadata.profile.Icc()));
             if (metadata.profile.IsEmpty())
-                warnings->append(Text::tr("the picture is no longer gray; its profile for gray was left out"));
+                warnings->append(
+                    HBPhotoText::tr("the picture is no longer gray; its profile for gray was left out"));
         }
     }
     return metadata;
@@ -147,9 +137,9 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
     QStringList* told = warnings ? warnings : &unheard;
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
-        return Fail(reason, Text::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
+        return HBFail(reason, HBPhotoText::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
     if (picture.IsEmpty())
-        return Fail(reason, Text::tr("there is no picture to write"));
+        return HBFail(reason, HBPhotoText::tr("there is no picture to write"));
     QString unconverted;
     const HBImage<> image =
         options.convertToSrgb ? HBConvertToSrgb(picture, picture.Profile(), &unconverted) : picture;
@@ -157,14 +147,15 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
         told->append(unconverted);
     const QSize size(image.Width(), image.Height());
     if (qMax(size.width(), size.height()) > LongestSide(suffix)) {
-        return Fail(reason,
-                    Text::tr("%1 x %2 pixels are too many for this format").arg(size.width()).arg(size.height()));
+        return HBFail(
+            reason,
+            HBPhotoText::tr("%1 x %2 pixels are too many for this format").arg(size.width()).arg(size.height()));
     }
     HBPictureRows rows(image, HasTransparency(suffix), options.isWanted);
     const HBPhotoMetadata metadata = MetadataFor(image, &rows, told);
     const bool done = Encode(rows, suffix, options, bytes, reason);
     if (options.isWanted && !options.isWanted())
-        return Fail(reason, Text::tr("it was given up"));
+        return HBFail(reason, HBPhotoText::tr("it was given up"));
     if (!done)
         return false;
     *bytes = HBEmbedMetadata(std::move(*bytes), metadata, size, told);
@@ -204,7 +195,7 @@ bool HBWritePhoto(const QString& path, const HBImage<>& image, const HBPhotoOpti
         if (!EncodeWhole(path, image, options, &bytes, warnings, reason))
             return false;
         if (options.mayWrite && !options.mayWrite(bytes))
-            return Fail(reason, Text::tr("it was given up"));
+            return HBFail(reason, HBPhotoText::tr("it was given up"));
         // Before the file is there: nothing may fail behind that.
         const HBPhotoEncoding encoding = written ? HBReadEncoding(bytes, HBFormatOfName(path)) : HBPhotoEncoding();
         if (!HBSaveFile(path, bytes, reason))

@@ -3,10 +3,10 @@
 #include "HBPhotoMetadata.h"
 
 #include "HBPhotoProfile.h"
+#include "HBPhotoText.h"
 
 #include <HBQtImage.h>
 
-#include <QCoreApplication>
 #include <QMutex>
 
 #include <exiv2/exiv2.hpp>
@@ -24,11 +24,6 @@ constexpr char XmpKey[] = "Xmp";
 constexpr char IptcKey[] = "Iptc";
 constexpr char OrientationKey[] = "Exif.Image.Orientation";
 constexpr int Upright = 1;
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBPhotoFile)
-};
 
 /// The XMP part of the library is not thread-safe by itself, and must be set up before the first use.
 void SetUpLibrary()
@@ -300,7 +295,7 @@ QString ReasonOf(const std::exception& problem)
     if (dynamic_cast<const std::bad_alloc*>(&problem) || (error && error->code() == Exiv2::kerMallocFailed))
         throw std::bad_alloc();
     const QString reason = QString::fromLocal8Bit(problem.what());
-    return reason.isEmpty() ? Text::tr("it is broken") : reason;
+    return reason.isEmpty() ? HBPhotoText::tr("it is broken") : reason;
 }
 
 } // namespace
@@ -313,7 +308,7 @@ HBPhotoMetadata HBReadMetadata(const QByteArray& file, QStringList* warnings)
             return {};
         return Read(file);
     } catch (const std::exception& problem) {
-        warnings->append(Text::tr("its metadata cannot be read (%1)").arg(ReasonOf(problem)));
+        warnings->append(HBPhotoText::tr("its metadata cannot be read (%1)").arg(ReasonOf(problem)));
         return {};
     }
 }
@@ -326,7 +321,7 @@ QByteArray HBEmbedMetadata(QByteArray file, const HBPhotoMetadata& metadata, con
     const int held = present & KindsHeldBy(file);
     for (const Kind& kind : kinds) {
         if (present & ~held & kind.id)
-            warnings->append(Text::tr("%1 metadata cannot be stored in this format").arg(kind.name));
+            warnings->append(HBPhotoText::tr("%1 metadata cannot be stored in this format").arg(kind.name));
     }
     if (held == 0)
         return file;
@@ -341,7 +336,8 @@ QByteArray HBEmbedMetadata(QByteArray file, const HBPhotoMetadata& metadata, con
             if (held & kind.id)
                 file = Embed(&file, metadata, size, kind.id);
         } catch (const std::exception& problem) {
-            warnings->append(Text::tr("%1 metadata cannot be stored (%2)").arg(kind.name, ReasonOf(problem)));
+            warnings->append(
+                HBPhotoText::tr("%1 metadata cannot be stored (%2)").arg(kind.name, ReasonOf(problem)));
         }
     }
     return file;

@@ -4,8 +4,7 @@
 
 #include "HBReplayExit.h"
 #include "HBReplayLog.h"
-
-#include <QCoreApplication>
+#include "HBReplayWords.h"
 
 #include <atomic>
 #include <cerrno>
@@ -24,11 +23,6 @@
 namespace
 {
 
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
-
 /// How long the program has to come to its end by itself, and then to say so.
 constexpr std::chrono::milliseconds grace{300};
 constexpr int mostWait = 50;
@@ -39,7 +33,7 @@ static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler cannot t
 sem_t arrived; ///< wakes the watching thread: all that a signal handler may do to that end
 
 enum Telling { NotTold, BeingTold, Told };
-std::atomic<Telling> told[STDERR_FILENO + 1] = {}; ///< the last words, by file descriptor
+std::atomic<Telling> lastWords[STDERR_FILENO + 1] = {}; ///< by file descriptor
 
 /// For ever: a signal may come while the process ends.
 struct Shared
@@ -75,11 +69,11 @@ template <class Words>
 void Tell(int file, const Words& words, int wait)
 {
     Telling expected = NotTold;
-    if (told[file].compare_exchange_strong(expected, BeingTold)) {
+    if (lastWords[file].compare_exchange_strong(expected, BeingTold)) {
         WriteIfTaken(file, words(), wait);
-        told[file] = Told;
+        lastWords[file] = Told;
     }
-    for (int waited = 0; told[file] != Told && (wait < 0 || waited < wait); ++waited)
+    for (int waited = 0; lastWords[file] != Told && (wait < 0 || waited < wait); ++waited)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
@@ -91,7 +85,7 @@ void Tell(int file, const Words& words, int wait)
         words = shared().words;
     }
     const auto last = [&words] {
-        return words ? words() : HBLastWords{HBLastErrorLine(Text::tr("interrupted")), QByteArray()};
+        return words ? words() : HBLastWords{HBLastErrorLine(HBReplayWords::tr("interrupted")), QByteArray()};
     };
     Tell(
         STDERR_FILENO, [&] { return last().message; }, wait);

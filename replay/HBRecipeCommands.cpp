@@ -8,8 +8,8 @@
 #include "HBRecipeText.h"
 #include "HBReplayExit.h"
 #include "HBReplayLog.h"
+#include "HBReplayWords.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -17,11 +17,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 constexpr qint64 PixelsOfEstimate = 12000000;
 
@@ -90,7 +85,7 @@ int HBExplainRecipe(const HBReplayOptions& options)
     if (options.IsSet("json")) {
         Print(QJsonObject{{"type", "summary"}, {"steps", steps.size()}, {"secondsFor12Megapixels", seconds}});
     } else {
-        Print(Text::tr("About %1 s for 12 megapixels on one core, without reading and writing.")
+        Print(HBReplayWords::tr("About %1 s for 12 megapixels on one core, without reading and writing.")
                   .arg(QString::number(seconds, 'g', 2)));
     }
     return HBAllDone;
@@ -102,7 +97,7 @@ int HBValidateRecipes(const HBReplayOptions& options)
     for (const QString& path : options.Arguments()) {
         HBRecipe recipe;
         if (Load(path, &recipe))
-            Print(path + ": " + Text::tr("good; steps: %1").arg(recipe.steps.size()));
+            Print(path + ": " + HBReplayWords::tr("good; steps: %1").arg(recipe.steps.size()));
         else
             code = HBBadUsage;
     }

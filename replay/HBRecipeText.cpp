@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecipeText.h"
 
+#include "HBReplayWords.h"
+
 #include <QColor>
-#include <QCoreApplication>
 #include <QFont>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -14,20 +15,15 @@
 namespace
 {
 
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
-
 QString UnitWord(HBUnit unit)
 {
     switch (unit) {
     case HBUnit::Levels:
-        return ' ' + Text::tr("levels");
+        return ' ' + HBReplayWords::tr("levels");
     case HBUnit::Copies:
-        return ' ' + Text::tr("copies");
+        return ' ' + HBReplayWords::tr("copies");
     case HBUnit::Thousandths:
-        return ' ' + Text::tr("thousandths of the shorter side");
+        return ' ' + HBReplayWords::tr("thousandths of the shorter side");
     case HBUnit::Percent:
         return " %";
     case HBUnit::Degrees:
@@ -69,8 +65,9 @@ QString NumberText(const HBFieldInfo& field, double value)
         return QString::number(number, 'g', 10) + UnitWord(field.range.unit);
     };
     const double counts = HBClampTo(field.range, value, value);
-    return counts == value || std::isnan(value) ? shown(value)
-                                                : Text::tr("%1 (counts as %2)").arg(shown(value), shown(counts));
+    return counts == value || std::isnan(value)
+               ? shown(value)
+               : HBReplayWords::tr("%1 (counts as %2)").arg(shown(value), shown(counts));
 }
 
 QString ValueText(const HBFieldInfo& field, const QVariant& value)
@@ -82,7 +79,7 @@ QString ValueText(const HBFieldInfo& field, const QVariant& value)
     if (field.type == HBFieldInfo::Choice)
         return json.isString() ? HBWordsOf(json.toString()) : QString::number(value.toInt());
     if (json.isBool())
-        return json.toBool() ? Text::tr("yes") : Text::tr("no");
+        return json.toBool() ? HBReplayWords::tr("yes") : HBReplayWords::tr("no");
     if (value.userType() == QMetaType::QString)
         return '"' + json.toString() + '"';
     if (value.userType() == QMetaType::QFont)
@@ -104,30 +101,32 @@ QString ShapeText(const HBShape& shape)
     QString text;
     switch (shape.kind) {
     case Kind::Rectangle:
-        text =
-            Text::tr("rectangle from %1 to %2").arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
+        text = HBReplayWords::tr("rectangle from %1 to %2")
+                   .arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
         break;
     case Kind::Ellipse:
-        text = Text::tr("ellipse from %1 to %2").arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
+        text = HBReplayWords::tr("ellipse from %1 to %2")
+                   .arg(place(shape.rect.topLeft()), place(shape.rect.bottomRight()));
         break;
     case Kind::Polygon:
-        text = Text::tr("polygon of %1 corners").arg(shape.points.size());
+        text = HBReplayWords::tr("polygon of %1 corners").arg(shape.points.size());
         break;
     case Kind::Gradient:
-        text = Text::tr("gradient from %1 to %2").arg(place(shape.points.value(0)), place(shape.points.value(1)));
+        text = HBReplayWords::tr("gradient from %1 to %2")
+                   .arg(place(shape.points.value(0)), place(shape.points.value(1)));
         break;
     case Kind::Color:
-        text = Text::tr("color %1, tolerance %2").arg(QColor(shape.color).name()).arg(shape.tolerance);
+        text = HBReplayWords::tr("color %1, tolerance %2").arg(QColor(shape.color).name()).arg(shape.tolerance);
         break;
     }
     if (shape.inverted)
-        text = Text::tr("all but the %1").arg(text);
+        text = HBReplayWords::tr("all but the %1").arg(text);
     if (shape.feather > 0)
-        text += Text::tr(", feather %1 % of the shorter side").arg(shape.feather * 100, 0, 'g', 4);
+        text += HBReplayWords::tr(", feather %1 % of the shorter side").arg(shape.feather * 100, 0, 'g', 4);
     if (shape.combination == HBShape::Combination::Subtract)
-        text = Text::tr("without the %1").arg(text);
+        text = HBReplayWords::tr("without the %1").arg(text);
     else if (shape.combination == HBShape::Combination::Intersect)
-        text = Text::tr("only in the %1").arg(text);
+        text = HBReplayWords::tr("only in the %1").arg(text);
     return text;
 }
 
@@ -135,14 +134,14 @@ QStringList MannerText(const HBRecipeStep& step)
 {
     QStringList lines;
     if (!step.on)
-        lines.append(Text::tr("switched off"));
+        lines.append(HBReplayWords::tr("switched off"));
     if (step.amount != HBRecipeStep::MaximumAmount)
-        lines.append(Text::tr("amount: %1 %").arg(step.amount));
+        lines.append(HBReplayWords::tr("amount: %1 %").arg(step.amount));
     QStringList shapes;
     for (const HBShape& shape : step.selection.shapes)
         shapes.append(ShapeText(shape));
     if (!shapes.isEmpty())
-        lines.append(Text::tr("selection: %1").arg(shapes.join("; ")));
+        lines.append(HBReplayWords::tr("selection: %1").arg(shapes.join("; ")));
     return lines;
 }
 

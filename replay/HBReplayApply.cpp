@@ -6,12 +6,12 @@
 #include "HBReplayExit.h"
 #include "HBReplayJournal.h"
 #include "HBReplayPipeline.h"
+#include "HBReplayWords.h"
 
 #include <HBParallel.h>
 #include <KMImageFileManager.h>
 #include <KMTileManager64.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QThreadPool>
 
@@ -22,11 +22,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 /// Those that this process may use, which a scheduler or a container may have made fewer.
 int Cores()
@@ -86,17 +81,17 @@ bool ReadPolicies(const HBReplayOptions& options, Request* request, QString* pro
                             : policy == "rename"    ? HBReplayTarget::Rename
                                                     : HBReplayTarget::Fail;
         if (options.IsSet("overwrite") && target.onConflict != HBReplayTarget::Overwrite)
-            return fail(Text::tr("--overwrite and --on-conflict %1 contradict each other").arg(policy));
+            return fail(HBReplayWords::tr("--overwrite and --on-conflict %1 contradict each other").arg(policy));
     }
     if (options.IsSet("shard") && !HBReadShard(options.Value("shard"), &request->shard, problem))
         return false;
     // Workers that look for free names at the same time would take the same ones.
     if (request->shard.count > 1 && target.onConflict == HBReplayTarget::Rename)
-        return fail(Text::tr("--shard and --on-conflict rename do not go together"));
+        return fail(HBReplayWords::tr("--shard and --on-conflict rename do not go together"));
     if (options.IsSet("keep-going") && options.IsSet("fail-fast"))
-        return fail(Text::tr("--keep-going and --fail-fast contradict each other"));
+        return fail(HBReplayWords::tr("--keep-going and --fail-fast contradict each other"));
     if (options.IsSet("null") && !options.IsSet("files-from"))
-        return fail(Text::tr("--null goes with --files-from"));
+        return fail(HBReplayWords::tr("--null goes with --files-from"));
     return true;
 }
 
@@ -122,7 +117,7 @@ bool ReadRequest(const HBReplayOptions& options, Request* request, QString* prob
                        options.IsSet("recursive"), options.Value("base"),       options.Values("include"),
                        options.Values("exclude"),  request->target.folder};
     if (request->choice.paths.isEmpty() && request->choice.listFile.isEmpty()) {
-        *problem = Text::tr("name the photos, folders of them, or a list with --files-from");
+        *problem = HBReplayWords::tr("name the photos, folders of them, or a list with --files-from");
         return false;
     }
     return true;
@@ -211,10 +206,10 @@ bool HBReadTarget(const HBReplayOptions& options, HBReplayTarget* target, HBPhot
     target->suffix = options.Value("format").toLower();
     target->onConflict = options.IsSet("overwrite") ? HBReplayTarget::Overwrite : HBReplayTarget::Fail;
     if (!target->suffix.isEmpty() && !KMImageFileManager::SuffixesForWrite().contains(target->suffix))
-        return fail(Text::tr("pictures cannot be written in the format \"%1\"").arg(target->suffix));
+        return fail(HBReplayWords::tr("pictures cannot be written in the format \"%1\"").arg(target->suffix));
     if (!options.Whole("quality", 0, 100, &photo->quality, problem))
         return false;
-    return !target->folder.isEmpty() || fail(Text::tr("name the folder for the results with -o DIR"));
+    return !target->folder.isEmpty() || fail(HBReplayWords::tr("name the folder for the results with -o DIR"));
 }
 
 int HBReplayApply(const HBReplayOptions& options)
@@ -239,7 +234,7 @@ int HBReplayApply(const HBReplayOptions& options)
     if (inputs.isEmpty() && !HBIsInterrupted()) {
         if (request.json)
             report->Summary();
-        HBPrintError(Text::tr("no photo was found there"));
+        HBPrintError(HBReplayWords::tr("no photo was found there"));
         return HBNothingMatched;
     }
     report->SetExtent(inputs.size(), 0);

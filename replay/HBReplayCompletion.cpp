@@ -3,16 +3,10 @@
 #include "HBReplayCompletion.h"
 
 #include "HBReplayOptions.h"
-
-#include <QCoreApplication>
+#include "HBReplayWords.h"
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 /// What a value is, for a shell.
 enum class Value { None, Words, Folder, File, Recipe, Other };
@@ -209,7 +203,8 @@ QString Zsh()
             if (option.ReadBy(command.name))
                 cases += " \\\n            " + ZshOption(option);
         }
-        cases += " \\\n            " + Quoted("(- *)--help[" + Text::tr("Show help, also of a command.") + ']');
+        cases += " \\\n            " +
+                 Quoted("(- *)--help[" + HBReplayWords::tr("Show help, also of a command.") + ']');
         const QString arguments = ZshArguments(command);
         cases += (arguments.isEmpty() ? QString() : " \\\n            " + arguments) + "\n        ;;\n";
     }

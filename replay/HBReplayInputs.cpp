@@ -4,10 +4,10 @@
 
 #include "HBFileNames.h"
 #include "HBInterrupt.h"
+#include "HBReplayWords.h"
 
 #include <KMImageFileManager.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -21,11 +21,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 bool MatchesOne(const QStringList& patterns, const QString& name)
 {
@@ -76,7 +71,7 @@ private:
         if (!m_Base.isEmpty()) {
             name = QDir(m_Base).relativeFilePath(Absolute(path));
             if (name.startsWith("../") || QDir::isAbsolutePath(name)) {
-                *problem = Text::tr("%1 does not lie in the folder of --base").arg(path);
+                *problem = HBReplayWords::tr("%1 does not lie in the folder of --base").arg(path);
                 return false;
             }
         }
@@ -159,7 +154,7 @@ bool HBReadList(const QString& path, bool endsWithNul, QStringList* names, QStri
                                     : !QFileInfo(path).isDir() && file.open(QIODevice::ReadOnly);
     const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
     if (!isOpen || file.error() != QFile::NoError) {
-        *problem = Text::tr("%1: the list of files cannot be read").arg(path);
+        *problem = HBReplayWords::tr("%1: the list of files cannot be read").arg(path);
         return false;
     }
     const char end = endsWithNul ? '\0' : '\n';

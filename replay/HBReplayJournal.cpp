@@ -4,10 +4,10 @@
 
 #include "HBInterrupt.h"
 #include "HBJsonLine.h"
+#include "HBReplayWords.h"
 
 #include <HBReadJson.h>
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
@@ -23,11 +23,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 constexpr char Prefix[] = ".panel-replay";
 constexpr char Suffix[] = ".journal";
@@ -154,7 +149,7 @@ bool HBReplayJournal::Open(QString* reason)
             SyncFolder(m_Folder); // a journal that is lost with the power would have photos adjusted twice
     }
     if (m_File < 0)
-        *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+        *reason = HBReplayWords::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
     return m_File >= 0;
 }
 
@@ -179,12 +174,12 @@ bool HBReplayJournal::Note(const QString& input, const HBFileState& state, const
         // A line that did not fit the disk is torn, too.
         m_IsTorn = !WriteAll(m_File, m_IsTorn ? '\n' + line : line);
         if (m_IsTorn) {
-            *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+            *reason = HBReplayWords::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
             return false;
         }
     }
     if (::fdatasync(m_File) != 0 && errno != EINVAL) { // a pipe or the like has no disk
-        *reason = Text::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
+        *reason = HBReplayWords::tr("the journal cannot be written (%1)").arg(qt_error_string(errno));
         return false;
     }
     return true;

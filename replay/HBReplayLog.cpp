@@ -4,8 +4,8 @@
 
 #include "HBFileNames.h"
 #include "HBReplayExit.h"
+#include "HBReplayWords.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -14,14 +14,9 @@
 namespace
 {
 
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
-
 constexpr char ClearLine[] = "\r\x1b[K";
 
-void Print(const QString& text)
+void PrintError(const QString& text)
 {
     std::fputs(qPrintable(text), stderr);
 }
@@ -41,7 +36,7 @@ HBReplayLog::HBReplayLog(int files) : m_Files(files), m_Terminal(isatty(STDERR_F
 HBReplayLog::~HBReplayLog()
 {
     if (m_LineOpen)
-        Print("\n");
+        PrintError("\n");
 }
 
 void HBReplayLog::FileDone(const QString& path)
@@ -49,22 +44,22 @@ void HBReplayLog::FileDone(const QString& path)
     ++m_Done;
     if (!m_Terminal)
         return;
-    Print(ClearLine + QString("[%1/%2] ").arg(m_Done).arg(m_Files) +
-          HBShownOnTerminal(QFileInfo(path).fileName()));
+    PrintError(ClearLine + QString("[%1/%2] ").arg(m_Done).arg(m_Files) +
+               HBShownOnTerminal(QFileInfo(path).fileName()));
     m_LineOpen = true;
 }
 
 void HBReplayLog::Message(const QString& text)
 {
     if (m_LineOpen)
-        Print(ClearLine);
+        PrintError(ClearLine);
     m_LineOpen = false;
     HBPrintError(text);
 }
 
 void HBPrintError(const QString& text)
 {
-    Print(ErrorLine(text));
+    PrintError(ErrorLine(text));
 }
 
 QByteArray HBLastErrorLine(const QString& text)
@@ -76,6 +71,6 @@ int HBFinishOutput(int code)
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))
         return code;
-    HBPrintError(Text::tr("standard output could not be written; what it holds is not whole"));
+    HBPrintError(HBReplayWords::tr("standard output could not be written; what it holds is not whole"));
     return code == HBAllDone ? HBFileFailed : code;
 }

@@ -3,16 +3,10 @@
 #include "HBReplayManual.h"
 
 #include "HBReplayOptions.h"
-
-#include <QCoreApplication>
+#include "HBReplayWords.h"
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 QString Roff(QString text)
 {
@@ -38,8 +32,9 @@ QString ManualOption(const HBReplayOption& option)
     if (option.argument)
         head += " \\fI" + Roff(option.argument) + "\\fR";
     const QString commands = QString(option.commands).replace(' ', ", ");
-    return Item(head, HBReplayText(option.text) +
-                          (commands.isEmpty() ? QString() : '\n' + Text::tr("Goes with: %1.").arg(commands)));
+    return Item(head,
+                HBReplayText(option.text) +
+                    (commands.isEmpty() ? QString() : '\n' + HBReplayWords::tr("Goes with: %1.").arg(commands)));
 }
 
 QString ManualCommand(const HBReplayCommand& command)
@@ -59,12 +54,13 @@ QString HBReplayManual()
 {
     QString page = ".\\\" Made by: panel-replay help --man\n";
     page += QString(".TH PANEL\\-REPLAY 1 \"\" \"panel\\-replay %1\"\n").arg(ADJUSTMENT_PANELS_VERSION);
-    page += ".SH NAME\npanel\\-replay \\- " + Roff(Text::tr("apply stored adjustments to photos")) + '\n';
+    page += ".SH NAME\npanel\\-replay \\- " + Roff(HBReplayWords::tr("apply stored adjustments to photos")) + '\n';
     page += ".SH SYNOPSIS\n.B panel\\-replay\n\\fICOMMAND\\fR [\\fIOPTION\\fR...] [\\fIARGUMENT\\fR...]\n";
     page += ".SH DESCRIPTION\n" +
-            Roff(Text::tr("Adjusts any number of photos as a recipe says that panel-editor has saved, without a "
-                          "display. Names of files may be of any bytes. Results are written whole or not at all, "
-                          "with the metadata and the color profile of the photo.")) +
+            Roff(HBReplayWords::tr(
+                "Adjusts any number of photos as a recipe says that panel-editor has saved, without a "
+                "display. Names of files may be of any bytes. Results are written whole or not at all, "
+                "with the metadata and the color profile of the photo.")) +
             '\n';
     page += ".SH COMMANDS\n";
     for (const HBReplayCommand& command : HBReplayCommands())
@@ -76,11 +72,13 @@ QString HBReplayManual()
     for (const HBReplayExitText& exit : HBReplayExitTexts())
         page += Item(Bold(QString::number(exit.code)), HBReplayText(exit.text));
     page += ".SH ENVIRONMENT\n";
-    page += Item(Bold("NO_COLOR"), Text::tr("If it is set and not empty, messages have no colors."));
-    page += Item(Bold("TMPDIR"), Text::tr("The folder for what does not fit into the memory; default: /var/tmp."));
+    page += Item(Bold("NO_COLOR"), HBReplayWords::tr("If it is set and not empty, messages have no colors."));
+    page += Item(Bold("TMPDIR"),
+                 HBReplayWords::tr("The folder for what does not fit into the memory; default: /var/tmp."));
     page += ".SH FILES\n";
-    page += Item(Bold(".panel-replay.journal"),
-                 Text::tr("In the results' folder: what has been done, a line of JSON for each file. --resume "
+    page += Item(
+        Bold(".panel-replay.journal"),
+        HBReplayWords::tr("In the results' folder: what has been done, a line of JSON for each file. --resume "
                           "reads it. With --shard, the share is in its name."));
     return page;
 }

@@ -6,10 +6,10 @@
 #include "HBReplayExit.h"
 #include "HBReplayInputs.h"
 #include "HBReplayLog.h"
+#include "HBReplayWords.h"
 
 #include <HBReadJson.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -21,11 +21,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 class Merge
 {
@@ -54,11 +49,11 @@ public:
                 AddSummary(line);
         }
         if (!isReport && file.size() > 0) {
-            *problem = Text::tr("%1: this is not a report").arg(path);
+            *problem = HBReplayWords::tr("%1: this is not a report").arg(path);
             return false;
         }
         if (isPlan)
-            HBPrintError(Text::tr("%1: this is the report of a dry run, which does nothing").arg(path));
+            HBPrintError(HBReplayWords::tr("%1: this is the report of a dry run, which does nothing").arg(path));
         else if (!isWhole)
             m_Torn.append(path);
         return true;
@@ -73,7 +68,7 @@ public:
     int Print()
     {
         if (m_Recipes.size() > 1)
-            HBPrintError(Text::tr("the reports are of different recipes"));
+            HBPrintError(HBReplayWords::tr("the reports are of different recipes"));
         QJsonArray failed;
         QJsonArray missing;
         QJsonArray twice;
@@ -85,27 +80,29 @@ public:
             if (entry->isDone)
                 ++done;
             else if (entry->isPlanned)
-                Tell(entry.key(), Text::tr("missing: no report but a dry run's names it"), &missing);
+                Tell(entry.key(), HBReplayWords::tr("missing: no report but a dry run's names it"), &missing);
             else
                 Tell(entry.key(), entry->error, &failed);
             if (entry->times > 1)
                 Tell(entry.key(),
-                     entry->differs ? Text::tr("done twice, and not the same") : Text::tr("done twice"), &twice);
+                     entry->differs ? HBReplayWords::tr("done twice, and not the same")
+                                    : HBReplayWords::tr("done twice"),
+                     &twice);
             differ |= entry->differs;
         }
         QStringList expected = m_Expected.values();
         expected.sort();
         for (const QString& path : expected)
-            Tell(path, Text::tr("missing: no report names it"), &missing);
+            Tell(path, HBReplayWords::tr("missing: no report names it"), &missing);
         const int unnamed = missing.isEmpty() ? qMax(0, m_Inputs - m_Files.size()) : 0;
         if (unnamed > 0)
-            HBPrintError(Text::tr("%1 of %2 photos are in no report; name them with --files-from")
+            HBPrintError(HBReplayWords::tr("%1 of %2 photos are in no report; name them with --files-from")
                              .arg(unnamed)
                              .arg(m_Inputs));
         // A share that was cut short and has come to its end since is no news.
         const bool ended = HaveAllEnded();
         for (const QString& path : ended ? QStringList() : m_Torn)
-            HBPrintError(Text::tr("%1: its run did not come to its end").arg(path));
+            HBPrintError(HBReplayWords::tr("%1: its run did not come to its end").arg(path));
         const QJsonArray shards = ended ? QJsonArray() : MissingShards();
         const bool whole = ended && failed.isEmpty() && missing.isEmpty() && unnamed == 0 && !differ;
         std::fputs(HBJsonLine({{"type", "summary"},
@@ -184,7 +181,7 @@ private:
                 if (shards->contains(index))
                     continue;
                 const QString name = QString("%1/%2").arg(index).arg(shards.key());
-                HBPrintError(Text::tr("share %1 is missing or did not come to its end").arg(name));
+                HBPrintError(HBReplayWords::tr("share %1 is missing or did not come to its end").arg(name));
                 missing.append(name);
             }
         }

@@ -2,20 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "HBReplayNames.h"
 
+#include "HBReplayWords.h"
+
 #include <KMImageFileManager.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 const QRegularExpression& Placeholder()
 {
@@ -49,7 +45,7 @@ QString HBReplayTarget::NameProblem(const QString& output)
 {
     return KMImageFileManager::SuffixesForWrite().contains(QFileInfo(output).suffix().toLower())
                ? QString()
-               : Text::tr("files of this kind cannot be written; choose another with --format");
+               : HBReplayWords::tr("files of this kind cannot be written; choose another with --format");
 }
 
 bool HBReplayTarget::IsTaken(const QString& output)
@@ -60,7 +56,7 @@ bool HBReplayTarget::IsTaken(const QString& output)
 
 QString HBReplayTarget::TakenProblem(const QString& output)
 {
-    return Text::tr("%1 is there already; replace it with --overwrite").arg(output);
+    return HBReplayWords::tr("%1 is there already; replace it with --overwrite").arg(output);
 }
 
 QString HBReplayTarget::PatternProblem(const QString& pattern)
@@ -68,9 +64,9 @@ QString HBReplayTarget::PatternProblem(const QString& pattern)
     for (QRegularExpressionMatchIterator found = Placeholder().globalMatch(pattern); found.hasNext();) {
         const QString key = found.next().captured(1);
         if (key != "name" && key != "recipe" && key != "ext")
-            return Text::tr("--name knows {name}, {recipe} and {ext}, not {%1}").arg(key);
+            return HBReplayWords::tr("--name knows {name}, {recipe} and {ext}, not {%1}").arg(key);
     }
     return pattern.isEmpty() || pattern.contains('/')
-               ? Text::tr("--name must be the name of a file, without folders")
+               ? HBReplayWords::tr("--name must be the name of a file, without folders")
                : QString();
 }

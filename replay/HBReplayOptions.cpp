@@ -3,6 +3,7 @@
 #include "HBReplayOptions.h"
 
 #include "HBReplayExit.h"
+#include "HBReplayWords.h"
 
 #include <QCoreApplication>
 
@@ -10,11 +11,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 constexpr int Width = 100;
 constexpr int Indent = 30;
@@ -294,22 +290,23 @@ QString HBReplayHelp(const HBReplayCommand* command)
 {
     QString help;
     if (command) {
-        help += Text::tr("Examples:") + '\n' + Examples(*command) + '\n';
-        help += Text::tr("Usage:") +
+        help += HBReplayWords::tr("Examples:") + '\n' + Examples(*command) + '\n';
+        help += HBReplayWords::tr("Usage:") +
                 QString(" panel-replay %1 %2\n").arg(command->name, command->arguments).replace(" \n", "\n");
         help += HBReplayText(command->text) + '\n';
         const QString rows = OptionRows(command->name);
         if (!rows.isEmpty())
-            help += '\n' + Text::tr("Options:") + '\n' + rows;
+            help += '\n' + HBReplayWords::tr("Options:") + '\n' + rows;
     } else {
-        help += Text::tr("Applies stored adjustments to photos.") + "\n\n" + Text::tr("Examples:") + '\n';
+        help += HBReplayWords::tr("Applies stored adjustments to photos.") + "\n\n" +
+                HBReplayWords::tr("Examples:") + '\n';
         help += Examples(HBReplayCommands().front());
-        help += '\n' + Text::tr("Commands; panel-replay COMMAND --help says more:") + '\n';
+        help += '\n' + HBReplayWords::tr("Commands; panel-replay COMMAND --help says more:") + '\n';
         for (const HBReplayCommand& each : HBReplayCommands())
             help += Row(QLatin1String(each.name), HBReplayText(each.text));
-        help += '\n' + Text::tr("Options:") + '\n' + OptionRows("");
+        help += '\n' + HBReplayWords::tr("Options:") + '\n' + OptionRows("");
     }
-    help += '\n' + Text::tr("Exit codes:") + '\n';
+    help += '\n' + HBReplayWords::tr("Exit codes:") + '\n';
     for (const HBReplayExitText& exit : HBReplayExitTexts())
         help += Row(QString::number(exit.code), HBReplayText(exit.text));
     return help;
@@ -317,7 +314,7 @@ QString HBReplayHelp(const HBReplayCommand* command)
 
 QString HBNoSuchCommand(const QString& name)
 {
-    return Text::tr("there is no command \"%1\"; try panel-replay --help").arg(name);
+    return HBReplayWords::tr("there is no command \"%1\"; try panel-replay --help").arg(name);
 }
 
 HBReplayOptions::HBReplayOptions()
@@ -353,22 +350,22 @@ bool HBReplayOptions::Check(QString* problem) const
         return false;
     };
     if (!m_pCommand)
-        return fail(Text::tr("wrong usage; try panel-replay --help"));
+        return fail(HBReplayWords::tr("wrong usage; try panel-replay --help"));
     const QString help = QString("panel-replay %1 --help").arg(m_pCommand->name);
     for (const HBReplayOption& option : HBReplayOptionTable()) {
         if (!IsSet(option.name))
             continue;
         if (!option.ReadBy(m_pCommand->name)) {
-            return fail(Text::tr("%1 has no option --%2; try %3")
+            return fail(HBReplayWords::tr("%1 has no option --%2; try %3")
                             .arg(QLatin1String(m_pCommand->name), QLatin1String(option.name), help));
         }
         if (option.choices && !QString(option.choices).split(' ').contains(Value(option.name))) {
-            return fail(Text::tr("--%1 must be one of: %2")
+            return fail(HBReplayWords::tr("--%1 must be one of: %2")
                             .arg(QLatin1String(option.name), QString(option.choices).replace(' ', ", ")));
         }
     }
     if (m_Arguments.size() < m_pCommand->fewest || m_Arguments.size() > m_pCommand->most)
-        return fail(Text::tr("wrong usage; try %1").arg(help));
+        return fail(HBReplayWords::tr("wrong usage; try %1").arg(help));
     return true;
 }
 
@@ -380,7 +377,7 @@ bool HBReplayOptions::Number(const char* option, double minimum, double maximum,
     bool isNumber = false;
     const double number = Value(option).toDouble(&isNumber);
     if (!isNumber || !(number >= minimum && number <= maximum)) {
-        *problem = Text::tr("--%1 must be a number from %2 to %3")
+        *problem = HBReplayWords::tr("--%1 must be a number from %2 to %3")
                        .arg(QLatin1String(option))
                        .arg(minimum)
                        .arg(maximum, 0, 'g', 10);
@@ -396,7 +393,7 @@ bool HBReplayOptions::Whole(const char* option, int minimum, int maximum, int* v
     if (!Number(option, minimum, maximum, &number, problem))
         return false;
     if (number != int(number)) {
-        *problem = Text::tr("--%1 must be a whole number").arg(QLatin1String(option));
+        *problem = HBReplayWords::tr("--%1 must be a whole number").arg(QLatin1String(option));
         return false;
     }
     *value = int(number);
@@ -414,7 +411,7 @@ bool HBReplayOptions::Bytes(const char* option, qint64* bytes, QString* problem)
     bool isNumber = false;
     const double number = text.toDouble(&isNumber) * double(1LL << 10 * power);
     if (!isNumber || !(number >= 1 << 20 && number <= 1e15)) {
-        *problem = Text::tr("--%1 must be a size from 1M, as 800M or 4G").arg(QLatin1String(option));
+        *problem = HBReplayWords::tr("--%1 must be a size from 1M, as 800M or 4G").arg(QLatin1String(option));
         return false;
     }
     *bytes = qint64(number);

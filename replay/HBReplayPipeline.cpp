@@ -4,11 +4,11 @@
 
 #include "HBInterrupt.h"
 #include "HBReplayJournal.h"
+#include "HBReplayWords.h"
 
 #include <HBParallel.h>
 #include <KMTileManager64.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QRunnable>
 
@@ -21,11 +21,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 /// A signal handler cannot wake a thread.
 constexpr std::chrono::milliseconds glance{50};
@@ -203,7 +198,7 @@ HBReplayResult HBReplayPipeline::Do(Work& work)
         const HBImage<> source = std::exchange(photo.image, {});
         photo.image = HBApplyRecipe(source, m_Job.recipe, &error, [&](int) { return isWanted(); });
     } catch (const std::bad_alloc&) {
-        error = Text::tr("there is not enough memory");
+        error = HBReplayWords::tr("there is not enough memory");
     }
     result.adjustSeconds = Seconds(timer);
     if (!error.isEmpty()) {
@@ -224,7 +219,7 @@ HBReplayResult HBReplayPipeline::Do(Work& work)
         }
         if (m_Job.verifies) {
             isSame = HasBytes(work.task.output, bytes);
-            refusal = Text::tr("%1 is not what the recipe gives").arg(work.task.output);
+            refusal = HBReplayWords::tr("%1 is not what the recipe gives").arg(work.task.output);
             return false;
         }
         return MaySave(work, state, bytes, &refusal);
@@ -254,7 +249,7 @@ bool HBReplayPipeline::MaySave(Work& work, const HBFileState& photo, const QByte
     m_Changed.notify_all();
     const HBReplayTask& task = work.task;
     if (task.modified != 0 && HBStateOf(task.input).modified != task.modified) {
-        *reason = Text::tr("it has changed since the run began; perhaps another run has adjusted it");
+        *reason = HBReplayWords::tr("it has changed since the run began; perhaps another run has adjusted it");
         return false;
     }
     return !m_Job.journal || m_Job.journal->Note(task.input, photo, task.output, !task.replaces, bytes, reason);
@@ -268,9 +263,9 @@ void HBReplayPipeline::GiveUpWhatTakesTooLong()
             continue;
         work->givenUp = true;
         work->done = true;
-        work->result.error =
-            work->task.input + ": " +
-            Text::tr("given up after %1 s; allow it more with --max-seconds-per-file").arg(m_Job.bounds.seconds);
+        work->result.error = work->task.input + ": " +
+                             HBReplayWords::tr("given up after %1 s; allow it more with --max-seconds-per-file")
+                                 .arg(m_Job.bounds.seconds);
         m_HasFailure = true;
     }
 }

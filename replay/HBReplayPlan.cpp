@@ -5,8 +5,8 @@
 #include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayJournal.h"
+#include "HBReplayWords.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,11 +16,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 class Planner
 {
@@ -88,7 +83,7 @@ private:
             RenameOutput(index, task);
         } else {
             Set(task, HBReplayTask::Refuse,
-                Text::tr("%1 is written from %2 already; --base or --name can keep them apart")
+                HBReplayWords::tr("%1 is written from %2 already; --base or --name can keep them apart")
                     .arg(task->output, m_Inputs[*writer].path));
         }
     }
@@ -109,15 +104,15 @@ private:
         QString earlier;
         if (m_Planning.journal && m_Planning.journal->IsDone(task->input, &earlier)) {
             task->output = earlier;
-            return Set(task, HBReplayTask::Skip, Text::tr("it was done in an earlier run"));
+            return Set(task, HBReplayTask::Skip, HBReplayWords::tr("it was done in an earlier run"));
         }
         if (!HBIsFileName(task->input))
-            return Set(task, HBReplayTask::Refuse, Text::tr("its name is not UTF-8, which Qt 6 needs"));
+            return Set(task, HBReplayTask::Refuse, HBReplayWords::tr("its name is not UTF-8, which Qt 6 needs"));
         const QFileInfo input(task->input);
         if (!input.exists())
-            return Set(task, HBReplayTask::Refuse, Text::tr("there is no such file"));
+            return Set(task, HBReplayTask::Refuse, HBReplayWords::tr("there is no such file"));
         if (input.isDir())
-            return Set(task, HBReplayTask::Refuse, Text::tr("the folder cannot be read"));
+            return Set(task, HBReplayTask::Refuse, HBReplayWords::tr("the folder cannot be read"));
         const QString problem = HBReplayTarget::NameProblem(task->output);
         if (!problem.isEmpty())
             return Set(task, HBReplayTask::Refuse, problem);
@@ -131,9 +126,9 @@ private:
     void ExamineResult(HBReplayTask* task) const
     {
         if (!QFileInfo::exists(task->output))
-            Set(task, HBReplayTask::Refuse, Text::tr("its result %1 is not there").arg(task->output));
+            Set(task, HBReplayTask::Refuse, HBReplayWords::tr("its result %1 is not there").arg(task->output));
         else if (HBStateOf(task->output).IsSameFile(HBStateOf(task->input)))
-            Set(task, HBReplayTask::Refuse, Text::tr("the photo itself was replaced by its result"));
+            Set(task, HBReplayTask::Refuse, HBReplayWords::tr("the photo itself was replaced by its result"));
     }
 
     void ExamineConflict(HBReplayTask* task)
@@ -142,7 +137,7 @@ private:
         case HBReplayTarget::Fail:
             return Set(task, HBReplayTask::Refuse, HBReplayTarget::TakenProblem(task->output));
         case HBReplayTarget::Skip:
-            return Set(task, HBReplayTask::Skip, Text::tr("%1 is there already").arg(task->output));
+            return Set(task, HBReplayTask::Skip, HBReplayWords::tr("%1 is there already").arg(task->output));
         case HBReplayTarget::Rename:
             task->replaces = false;
             return RenameOutput(-1, task);
@@ -161,7 +156,7 @@ private:
         const HBFileState output = HBStateOf(task->output);
         const QString input = m_FilesOfInputs.value({output.device, output.inode});
         if (!input.isEmpty())
-            Set(task, HBReplayTask::Refuse, Text::tr("%1 is a photo to adjust itself").arg(task->output));
+            Set(task, HBReplayTask::Refuse, HBReplayWords::tr("%1 is a photo to adjust itself").arg(task->output));
     }
 
     const QVector<HBReplayInput>& m_Inputs;
@@ -185,11 +180,11 @@ bool Prepare(const QString& folder, bool dryRun, QString* problem)
     while (!nearest.exists() && !nearest.isRoot())
         nearest.setFile(nearest.path());
     if (QFileInfo::exists(folder) && !QFileInfo(folder).isDir())
-        *problem = Text::tr("%1: this is not a folder").arg(folder);
+        *problem = HBReplayWords::tr("%1: this is not a folder").arg(folder);
     else if (made && !CanWriteTo(folder))
-        *problem = Text::tr("%1: the folder cannot be written to").arg(folder);
+        *problem = HBReplayWords::tr("%1: the folder cannot be written to").arg(folder);
     else if (!made && (!dryRun || !nearest.isDir() || !CanWriteTo(nearest.filePath())))
-        *problem = Text::tr("%1: the folder cannot be made").arg(folder);
+        *problem = HBReplayWords::tr("%1: the folder cannot be made").arg(folder);
     return problem->isEmpty();
 }
 

@@ -5,8 +5,8 @@
 #include "HBFileNames.h"
 #include "HBJsonLine.h"
 #include "HBReplayLog.h"
+#include "HBReplayWords.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 
@@ -16,11 +16,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 constexpr const char* statusNames[] = {"done", "skipped", "failed", "planned"};
 
@@ -135,12 +130,12 @@ QString HBReplayReport::Counts() const
     const int done = m_Counts[m_Kind == Plans ? HBReplayResult::Planned : HBReplayResult::Done];
     const int skipped = m_Counts[HBReplayResult::Skipped];
     const int failed = m_Counts[HBReplayResult::Failed];
-    const QString text = m_Kind == Verifies ? Text::tr("%1 are the same, %2 skipped, %3 failed")
-                         : m_Kind == Plans  ? Text::tr("%1 would be written, %2 skipped, %3 would fail")
-                                            : Text::tr("%1 written, %2 skipped, %3 failed");
+    const QString text = m_Kind == Verifies ? HBReplayWords::tr("%1 are the same, %2 skipped, %3 failed")
+                         : m_Kind == Plans  ? HBReplayWords::tr("%1 would be written, %2 skipped, %3 would fail")
+                                            : HBReplayWords::tr("%1 written, %2 skipped, %3 failed");
     const int untried = m_Tasks - done - skipped - failed;
     return text.arg(done).arg(skipped).arg(failed) +
-           (untried > 0 ? Text::tr(", %1 not tried").arg(untried) : QString());
+           (untried > 0 ? HBReplayWords::tr(", %1 not tried").arg(untried) : QString());
 }
 
 void HBReplayReport::Summary() const
@@ -153,5 +148,6 @@ void HBReplayReport::Summary() const
 
 HBLastWords HBReplayReport::LastWords() const
 {
-    return {HBLastErrorLine(Text::tr("interrupted; %1").arg(Counts())), m_Json ? SummaryLine(true) : QByteArray()};
+    return {HBLastErrorLine(HBReplayWords::tr("interrupted; %1").arg(Counts())),
+            m_Json ? SummaryLine(true) : QByteArray()};
 }

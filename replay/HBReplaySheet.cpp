@@ -6,11 +6,11 @@
 #include "HBFileNames.h"
 #include "HBInterrupt.h"
 #include "HBReplayLog.h"
+#include "HBReplayWords.h"
 
 #include <HBAdjustment.h>
 #include <HBRecipe.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -19,11 +19,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 bool Write(const QString& path, const HBImage<>& image, const HBReplayTarget& target,
            const HBPhotoOptions& options, QString* error)
@@ -67,7 +62,7 @@ bool Demonstrate(const HBAdjustment& adjustment, const HBImage<>& image, const Q
         contacts->append(Contact(adjusted, adjustment.Title()));
         return true;
     } catch (const std::bad_alloc&) {
-        *error = path + ": " + Text::tr("there is not enough memory");
+        *error = path + ": " + HBReplayWords::tr("there is not enough memory");
         return false;
     }
 }
@@ -90,7 +85,7 @@ int HBReplaySheet(const QString& photo, const HBReplayTarget& target, const HBPh
         HBPrintError(photo + ": " + warning);
     const QString name = QFileInfo(photo).fileName();
     int failed = 0;
-    QVector<HBContact> contacts{Contact(original.image, Text::tr("Original"))};
+    QVector<HBContact> contacts{Contact(original.image, HBReplayWords::tr("Original"))};
     HBReplayLog log(HBAdjustments().size());
     for (const HBAdjustment& adjustment : HBAdjustments()) {
         if (HBIsInterrupted())

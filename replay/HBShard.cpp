@@ -2,18 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "HBShard.h"
 
-#include <QCoreApplication>
+#include "HBReplayWords.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QtEndian>
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 /// How a scheduler tells a task of an array which one it is.
 struct Scheduler
@@ -78,29 +74,30 @@ bool ReadEnvironment(int count, HBShard* shard, QString* problem)
             const int spanned = (last - first) / step + 1;
             // Single tasks that are run again, as --array=3,7, would take themselves for all there are.
             if ((told != 0 && told != spanned) || (index - first) % step != 0) {
-                return fail(
-                    Text::tr("the tasks of this array have no even distance; name the share with --shard I/N"));
+                return fail(HBReplayWords::tr(
+                    "the tasks of this array have no even distance; name the share with --shard I/N"));
             }
             told = spanned;
         }
         if (told == 0 && count == 0) {
-            return fail(Text::tr("%1 is set, but not how many tasks there are; say it with --shard auto/N")
-                            .arg(QLatin1String(scheduler.index)));
+            return fail(
+                HBReplayWords::tr("%1 is set, but not how many tasks there are; say it with --shard auto/N")
+                    .arg(QLatin1String(scheduler.index)));
         }
         if (told != 0 && count != 0 && told != count)
-            return fail(Text::tr("the array has %1 tasks, not %2").arg(told).arg(count));
+            return fail(HBReplayWords::tr("the array has %1 tasks, not %2").arg(told).arg(count));
         const int size = told ? told : count;
         const int position = (index - first) / step;
         // From 0 or from 1: either way every share is there once. A higher number is one of an array with a step,
         // of which the task is told nothing: by its number some shares would be done twice, and others never.
         *shard = {(scheduler.mayStartAtOne && position == size ? 0 : position) + 1, size};
         return (shard->index >= 1 && shard->index <= size && size <= MaximumCount) ||
-               fail(Text::tr(
+               fail(HBReplayWords::tr(
                         "task %1 is none of %2 that are numbered without gaps; name the share with --shard I/N")
                         .arg(index)
                         .arg(size));
     }
-    return fail(Text::tr("this is no task of a job array; name the share with --shard I/N"));
+    return fail(HBReplayWords::tr("this is no task of a job array; name the share with --shard I/N"));
 }
 
 } // namespace
@@ -127,6 +124,6 @@ bool HBReadShard(const QString& text, HBShard* shard, QString* problem)
         return ReadEnvironment(counted.count, shard, problem);
     if (ReadPair(text, shard))
         return true;
-    *problem = Text::tr("--shard must be I/N with I from 1 to N, auto, or auto/N");
+    *problem = HBReplayWords::tr("--shard must be I/N with I from 1 to N, auto, or auto/N");
     return false;
 }

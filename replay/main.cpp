@@ -14,6 +14,7 @@
 #include "HBReplayMerge.h"
 #include "HBReplayOptions.h"
 #include "HBReplaySheet.h"
+#include "HBReplayWords.h"
 
 #include <HBTranslation.h>
 #include <KMTheme.h>
@@ -32,11 +33,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(PanelReplay)
-};
 
 int Refuse(const QString& problem)
 {
@@ -68,7 +64,7 @@ int Sheet(const HBReplayOptions& options)
     if (!HBReadTarget(options, &target, &photo, &problem))
         return Refuse(problem);
     if (!QDir().mkpath(target.folder))
-        return Refuse(Text::tr("%1: the folder cannot be made").arg(target.folder));
+        return Refuse(HBReplayWords::tr("%1: the folder cannot be made").arg(target.folder));
     const int failed = HBReplaySheet(options.Arguments().first(), target, photo);
     if (HBIsInterrupted())
         HBEndInterrupted();
@@ -131,7 +127,7 @@ int main(int argc, char* argv[])
         arguments.append(HBDecodedFileName(argv[i]));
     for (const QString& argument : arguments) {
         if (!HBIsFileName(argument))
-            return Refuse(Text::tr("%1 is not UTF-8, which Qt 6 needs").arg(argument));
+            return Refuse(HBReplayWords::tr("%1 is not UTF-8, which Qt 6 needs").arg(argument));
     }
     HBReplayOptions options;
     QString problem;
@@ -150,7 +146,7 @@ int main(int argc, char* argv[])
     try {
         return HBFinishOutput(Run(options));
     } catch (const std::bad_alloc&) {
-        HBPrintError(Text::tr("there is not enough memory"));
+        HBPrintError(HBReplayWords::tr("there is not enough memory"));
         return HBFileFailed;
     }
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "HBAdjustmentRow.h"
 
-#include <QCoreApplication>
+#include "HBAdjustmentReason.h"
 
 namespace
 {
@@ -10,24 +10,19 @@ namespace
 constexpr char RecordKey[] = "record";
 constexpr char ValuesKey[] = "values";
 
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBAdjustment)
-};
-
 } // namespace
 
 bool HBDecodeRecord(const QJsonObject& values, QByteArray* record, QString* reason)
 {
     const QJsonValue text = values.value(QLatin1String(RecordKey));
     if (!text.isString()) {
-        *reason = Text::tr("it has no record");
+        *reason = HBAdjustmentReason::tr("it has no record");
         return false;
     }
     const auto decoded =
         QByteArray::fromBase64Encoding(text.toString().toUtf8(), QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded) {
-        *reason = Text::tr("its record is not base64");
+        *reason = HBAdjustmentReason::tr("its record is not base64");
         return false;
     }
     *record = decoded.decoded;
@@ -42,14 +37,14 @@ QJsonObject HBEncodeRecord(const QByteArray& record)
 QString HBRecordProblem(const QDataStream& stream, bool read)
 {
     if (read)
-        return Text::tr("its record is too long");
+        return HBAdjustmentReason::tr("its record is too long");
     switch (stream.status()) {
     case QDataStream::Ok: // a foreign tag leaves it alone
-        return Text::tr("its record is not one of this panel");
+        return HBAdjustmentReason::tr("its record is not one of this panel");
     case QDataStream::ReadPastEnd:
-        return Text::tr("its record is cut short");
+        return HBAdjustmentReason::tr("its record is cut short");
     default:
-        return Text::tr("its record is broken");
+        return HBAdjustmentReason::tr("its record is broken");
     }
 }
 
@@ -59,7 +54,7 @@ bool HBRestoreValues(const QJsonObject& values, const HBFieldInfos& fields, void
     for (const HBFieldInfo& field : fields) {
         const QJsonValue number = numbers.value(field.key);
         if (!number.isDouble()) {
-            *reason = Text::tr("it has no number \"%1\"").arg(field.key);
+            *reason = HBAdjustmentReason::tr("it has no number \"%1\"").arg(field.key);
             return false;
         }
         // All ranges lie far inside this one, and so does every int.

@@ -15,7 +15,7 @@ namespace
 
 constexpr int Side = HBImage<>::TileSide;
 
-struct Text
+struct ImageText
 {
     Q_DECLARE_TR_FUNCTIONS(HBSelectionImage)
 };
@@ -84,7 +84,7 @@ bool HBSelectRectangle(const QRect& rectangle, HBTarget* target, QString* reason
     // QRect itself would turn an inverted rectangle round, and overflow.
     const HBSelectionArea area(target->source, target->source, {}, rectangle);
     if (!area.effective.isValid()) {
-        *reason = Text::tr("the rectangle does not lie on the picture");
+        *reason = ImageText::tr("the rectangle does not lie on the picture");
         return false;
     }
     target->selection = Uniform(target->source, TileOf(255));
@@ -97,7 +97,7 @@ bool HBSelectMask(const QImage& mask, HBTarget* target, QString* reason)
 {
     const QSize size(target->source.Width(), target->source.Height());
     if (mask.isNull() || target->source.IsEmpty() || mask.size() != size) {
-        *reason = Text::tr("the mask is %1 × %2 pixels, the picture %3 × %4")
+        *reason = ImageText::tr("the mask is %1 × %2 pixels, the picture %3 × %4")
                       .arg(mask.width())
                       .arg(mask.height())
                       .arg(size.width())
@@ -105,7 +105,7 @@ bool HBSelectMask(const QImage& mask, HBTarget* target, QString* reason)
         return false;
     }
     if (!IsGreyAlone(mask)) {
-        *reason = Text::tr("the mask is not gray alone");
+        *reason = ImageText::tr("the mask is not gray alone");
         return false;
     }
     HBImage<> image = Uniform(target->source, TileOf(0));

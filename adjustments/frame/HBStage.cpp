@@ -2,19 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "HBStage.h"
 
+#include "HBAdjustmentReason.h"
 #include "HBSilentControl.h"
-
-#include <QCoreApplication>
 
 #include <new>
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBAdjustment)
-};
 
 /// Tells a pass that stands for several as so many ranges, one after the other.
 class Ranges : public HBJobControl
@@ -188,11 +182,11 @@ try {
     } catch (const HBAdjustmentError& error) {
         return error.Reason();
     } catch (const std::bad_alloc&) {
-        return Text::tr("there is not enough memory");
+        return HBAdjustmentReason::tr("there is not enough memory");
     } catch (const std::exception& error) {
-        return Text::tr("the adjustment failed: %1").arg(QString::fromLocal8Bit(error.what()));
+        return HBAdjustmentReason::tr("the adjustment failed: %1").arg(QString::fromLocal8Bit(error.what()));
     } catch (...) {
-        return Text::tr("the adjustment failed");
+        return HBAdjustmentReason::tr("the adjustment failed");
     }
 } catch (const std::bad_alloc&) {
     return QStringLiteral("there is not enough memory"); // takes none, not even for a translation

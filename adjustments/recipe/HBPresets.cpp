@@ -18,9 +18,9 @@
 namespace
 {
 
-constexpr char Format[] = "adjustment-presets";
-constexpr int Version = 1;
-constexpr qint64 MaximumBytes = 16 << 20;
+constexpr char PresetsFormat[] = "adjustment-presets";
+constexpr int PresetsVersion = 1;
+constexpr qint64 MaximumPresetsBytes = 16 << 20;
 
 template <class Presets>
 auto Find(Presets& presets, const QString& name)
@@ -42,8 +42,8 @@ HBPresets::Contents HBPresets::Read() const
     QFile file(m_Path);
     if (!file.open(QIODevice::ReadOnly))
         return contents;
-    const QJsonObject read = HBReadJson(file.read(MaximumBytes)).object();
-    if (read.value("format") != QLatin1String(Format) || read.value("version") != Version) {
+    const QJsonObject read = HBReadJson(file.read(MaximumPresetsBytes)).object();
+    if (read.value("format") != QLatin1String(PresetsFormat) || read.value("version") != PresetsVersion) {
         contents.foreign = file.size() > 0;
         return contents;
     }
@@ -69,7 +69,7 @@ bool HBPresets::Write(const Contents& contents, QString* reason) const
         entry.insert("name", preset.name);
         presets.append(entry);
     }
-    QJsonObject written{{"format", Format}, {"version", Version}, {"presets", presets}};
+    QJsonObject written{{"format", PresetsFormat}, {"version", PresetsVersion}, {"presets", presets}};
     if (!contents.last.isEmpty())
         written.insert("last", contents.last);
     if (HBSaveFile(m_Path, QJsonDocument(written).toJson(), reason))

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBReadJson.h"
 
+#include "HBRecipeReason.h"
+
 #include <HBQtImage.h>
 
-#include <QCoreApplication>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -15,11 +16,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
-};
 
 /// Goes through JSON up to where it is none, which Qt says better.
 class KeyReader
@@ -96,7 +92,7 @@ QJsonDocument HBReadJson(const QByteArray& json, QString* error)
     if (!twice.empty()) {
         constexpr std::size_t longest = 40;
         if (error) {
-            *error = Text::tr("The key %1 stands twice in one object.")
+            *error = HBRecipeReason::tr("The key %1 stands twice in one object.")
                          .arg(QString::fromUtf8(twice.data(), int(std::min(twice.size(), longest))));
         }
         return {};
@@ -104,6 +100,7 @@ QJsonDocument HBReadJson(const QByteArray& json, QString* error)
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (document.isNull() && error)
-        *error = Text::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset);
+        *error =
+            HBRecipeReason::tr("This is not JSON: %1 at byte %2.").arg(problem.errorString()).arg(problem.offset);
     return document;
 }

@@ -4,13 +4,13 @@
 
 #include "HBReadJson.h"
 #include "HBRecipeFiles.h"
+#include "HBRecipeReason.h"
 #include "HBRecipeSteps.h"
 
 #include <HBQtImage.h>
 #include <HBSaveFile.h>
 #include <HBStage.h>
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -32,11 +32,6 @@ constexpr int MaximumBytes = 16 << 20;
 constexpr char OnKey[] = "on";
 constexpr char AmountKey[] = "amount";
 constexpr char SelectionKey[] = "selection";
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
-};
 
 bool Fail(QString* error, const QString& text)
 {
@@ -61,12 +56,12 @@ bool TakeManner(HBRecipeStep* step, QString* reason)
     const QJsonValue amount = step->values.take(AmountKey);
     const QJsonValue selection = step->values.take(SelectionKey);
     if (!on.isUndefined() && !on.isBool())
-        return Fail(reason, Text::tr("whether it is on is neither true nor false"));
+        return Fail(reason, HBRecipeReason::tr("whether it is on is neither true nor false"));
     step->on = on.toBool(true);
     step->amount = amount.toInt(HBRecipeStep::MaximumAmount);
     if (!amount.isUndefined() &&
         (amount.toInt(-1) != amount.toDouble() || step->amount < 0 || step->amount > HBRecipeStep::MaximumAmount))
-        return Fail(reason, Text::tr("its amount is not a whole number from 0 to 100"));
+        return Fail(reason, HBRecipeReason::tr("its amount is not a whole number from 0 to 100"));
     return selection.isUndefined() || HBSelectionShape::FromJson(selection, &step->selection, reason);
 }
 
@@ -87,11 +82,11 @@ QJsonObject JsonOf(const HBRecipeStep& step, int version)
 bool ReadStep(const QJsonValue& value, int version, int index, HBRecipeStep* step, QString* error)
 {
     if (!value.isObject())
-        return HBFailStep(error, index, {}, Text::tr("it is not an object"));
+        return HBFailStep(error, index, {}, HBRecipeReason::tr("it is not an object"));
     step->values = value.toObject();
     const QJsonValue panel = step->values.take("panel");
     if (!panel.isString() || panel.toString().isEmpty())
-        return HBFailStep(error, index, {}, Text::tr("it does not name its panel"));
+        return HBFailStep(error, index, {}, HBRecipeReason::tr("it does not name its panel"));
     step->panel = panel.toString();
     QString reason;
     if (version > FirstVersion && !TakeManner(step, &reason))
@@ -100,22 +95,22 @@ bool ReadStep(const QJsonValue& value, int version, int index, HBRecipeStep* ste
     const HBAdjustment* adjustment = HBReadStep(*step, index, &record, error);
     if (adjustment && !step->selection.IsNone() && adjustment->IgnoresSelection())
         return HBFailStep(error, index, step->panel,
-                          Text::tr("it works on all of the photo, and can have no selection"));
+                          HBRecipeReason::tr("it works on all of the photo, and can have no selection"));
     return adjustment;
 }
 
 bool CheckHead(const QJsonObject& head, QString* error)
 {
     if (head.value("format").toString() != QLatin1String(Format))
-        return Fail(error, Text::tr("This is not a recipe."));
+        return Fail(error, HBRecipeReason::tr("This is not a recipe."));
     const double version = head.value("version").toDouble();
     if (version > Version) {
-        return Fail(error, Text::tr("The recipe has version %1; this program reads versions up to %2.")
+        return Fail(error, HBRecipeReason::tr("The recipe has version %1; this program reads versions up to %2.")
                                .arg(version)
                                .arg(Version));
     }
     if (version < FirstVersion || version != int(version))
-        return Fail(error, Text::tr("The recipe has no valid version."));
+        return Fail(error, HBRecipeReason::tr("The recipe has no valid version."));
     return true;
 }
 
@@ -130,9 +125,9 @@ bool ReadJson(const QByteArray& json, HBRecipe* recipe, QString* error)
     const int version = head.value("version").toInt();
     const QJsonArray steps = head.value("steps").toArray();
     if (steps.isEmpty())
-        return Fail(error, Text::tr("The recipe has no steps."));
+        return Fail(error, HBRecipeReason::tr("The recipe has no steps."));
     if (steps.size() > HBRecipe::MaximumSteps) {
-        return Fail(error, Text::tr("The recipe has %1 steps; at most %2 are allowed.")
+        return Fail(error, HBRecipeReason::tr("The recipe has %1 steps; at most %2 are allowed.")
                                .arg(steps.size())
                                .arg(HBRecipe::MaximumSteps));
     }
@@ -152,11 +147,11 @@ bool ReadFile(const QString& path, HBRecipe* recipe, QString* error)
     auto fail = [&](const QString& reason) { return Fail(error, path + ": " + reason); };
     const QFileInfo info(path);
     if (!info.exists())
-        return fail(Text::tr("There is no such file."));
+        return fail(HBRecipeReason::tr("There is no such file."));
     if (!info.isFile())
-        return fail(Text::tr("This is not a file."));
+        return fail(HBRecipeReason::tr("This is not a file."));
     if (info.size() == 0) // also one of the kernel's, which could be read for ever
-        return fail(Text::tr("The file is empty."));
+        return fail(HBRecipeReason::tr("The file is empty."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
@@ -164,7 +159,7 @@ bool ReadFile(const QString& path, HBRecipe* recipe, QString* error)
     if (file.error() != QFile::NoError)
         return fail(file.errorString());
     if (json.size() > MaximumBytes)
-        return fail(Text::tr("The file is too large to be a recipe."));
+        return fail(HBRecipeReason::tr("The file is too large to be a recipe."));
     QString reason;
     HBRecipe read;
     if (!ReadJson(json, &read, &reason))

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
+#include "HBRecipeReason.h"
 #include "HBRecipeSteps.h"
 #include "HBStepManner.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -11,11 +11,6 @@
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
-};
 
 /// The steps that are on with their records, in legs: each is done in a run of its own, because what it works on
 /// is another.
@@ -97,7 +92,7 @@ public:
         if (first == last)
             NameFailure(first, reason, error);
         else
-            *error = Text::tr("Steps %1 (%2) to %3 (%4): %5")
+            *error = HBRecipeReason::tr("Steps %1 (%2) to %3 (%4): %5")
                          .arg(QString::number(StepAt(first).index + 1), StepAt(first).adjustment->Title(),
                               QString::number(StepAt(last).index + 1), StepAt(last).adjustment->Title(), reason);
     }
@@ -181,8 +176,8 @@ private:
 };
 
 /// Does a leg to the picture in the target; false with `error` set if it fails, and without it if cancelled.
-bool Run(Plan& plan, const Plan::Leg& leg, const HBImage<>& photo, HBTarget* target, Thousandths* control,
-         QString* error)
+bool RunLeg(Plan& plan, const Plan::Leg& leg, const HBImage<>& photo, HBTarget* target, Thousandths* control,
+            QString* error)
 try {
     control->Begin(leg);
     HBTarget part =
@@ -252,7 +247,7 @@ try {
     const HBImage<> looked = photo.IsEmpty() ? target.source : photo;
     HBTarget present = target; // whose tiles the caller holds, too
     for (const Plan::Leg& leg : plan.Legs()) {
-        if (!Run(plan, leg, looked, &present, &thousandths, error))
+        if (!RunLeg(plan, leg, looked, &present, &thousandths, error))
             return {};
     }
     thousandths.Tell(1000);

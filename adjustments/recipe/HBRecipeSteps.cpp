@@ -2,15 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBRecipeSteps.h"
 
-#include <QCoreApplication>
+#include "HBRecipeReason.h"
 
 namespace
 {
-
-struct Text
-{
-    Q_DECLARE_TR_FUNCTIONS(HBRecipe)
-};
 
 /// The title of a panel; what else a file calls so, short and on one line.
 QString Shown(const QString& panel)
@@ -25,8 +20,9 @@ QString Shown(const QString& panel)
 
 bool HBFailStep(QString* error, int index, const QString& panel, const QString& reason)
 {
-    *error = panel.isEmpty() ? Text::tr("Step %1: %2").arg(index + 1).arg(reason)
-                             : Text::tr("Step %1 (%2): %3").arg(QString::number(index + 1), Shown(panel), reason);
+    *error = panel.isEmpty()
+                 ? HBRecipeReason::tr("Step %1: %2").arg(index + 1).arg(reason)
+                 : HBRecipeReason::tr("Step %1 (%2): %3").arg(QString::number(index + 1), Shown(panel), reason);
     return false;
 }
 
@@ -35,7 +31,7 @@ const HBAdjustment* HBReadStep(const HBRecipeStep& step, int index, std::any* re
     const HBAdjustment* adjustment = HBFindAdjustment(step.panel);
     QString reason;
     if (!adjustment)
-        reason = Text::tr("there is no such panel");
+        reason = HBRecipeReason::tr("there is no such panel");
     else if (adjustment->restore(step.values, record, &reason))
         return adjustment;
     HBFailStep(error, index, step.panel, reason);

@@ -16,7 +16,7 @@ constexpr const char* CombinationNames[] = {"add", "subtract", "intersect"};
 // Shapes may reach beyond the photo, but not so far that pixels could not be counted.
 constexpr double MaximumShare = 100;
 
-struct Text
+struct ShapeText
 {
     Q_DECLARE_TR_FUNCTIONS(HBSelectionShape)
 };
@@ -38,10 +38,10 @@ public:
     {
         const QJsonValue value = m_Left.take(QLatin1String(key));
         if (value.isUndefined() && must)
-            Fail(Text::tr("its selection has a shape without \"%1\"").arg(key));
+            Fail(ShapeText::tr("its selection has a shape without \"%1\"").arg(key));
         return value;
     }
-    bool Wrong(const char* key) { return Fail(Text::tr("its selection has a wrong \"%1\"").arg(key)); }
+    bool Wrong(const char* key) { return Fail(ShapeText::tr("its selection has a wrong \"%1\"").arg(key)); }
 
     template <std::size_t Count>
     int Name(const char* key, const char* const (&names)[Count], bool must)
@@ -83,7 +83,7 @@ public:
         if (array.size() < 3)
             Wrong(key);
         if (array.size() > HBSelectionShape::MaximumPoints)
-            Fail(Text::tr("its selection has too many points"));
+            Fail(ShapeText::tr("its selection has too many points"));
         QVector<QPointF> points;
         for (int i = 0; i < array.size() && m_Good; ++i) {
             const QVector<double> shares = SharesOf(key, array.at(i), 2);
@@ -104,7 +104,7 @@ public:
     {
         // Whatever it means would be left out in silence.
         if (!m_Left.isEmpty())
-            Fail(Text::tr("its selection has an unknown \"%1\"").arg(m_Left.keys().first().left(40)));
+            Fail(ShapeText::tr("its selection has an unknown \"%1\"").arg(m_Left.keys().first().left(40)));
         return m_Good;
     }
 
@@ -292,9 +292,9 @@ bool HBSelectionShape::FromJson(const QJsonValue& value, HBSelectionShape* selec
     };
     const QJsonArray array = value.toArray();
     if (array.isEmpty())
-        return fail(Text::tr("its selection is not a list of shapes"));
+        return fail(ShapeText::tr("its selection is not a list of shapes"));
     if (array.size() > MaximumShapes)
-        return fail(Text::tr("its selection has too many shapes"));
+        return fail(ShapeText::tr("its selection has too many shapes"));
     HBSelectionShape read;
     int points = 0;
     for (const QJsonValue& entry : array) {
@@ -302,9 +302,9 @@ bool HBSelectionShape::FromJson(const QJsonValue& value, HBSelectionShape* selec
         if (!ReadShape(entry, &shape, reason))
             return false;
         if (read.IsNone() && shape.combination != HBShape::Combination::Add)
-            return fail(Text::tr("its selection begins with a shape that is to be combined with others"));
+            return fail(ShapeText::tr("its selection begins with a shape that is to be combined with others"));
         if ((points += shape.points.size()) > MaximumPoints)
-            return fail(Text::tr("its selection has too many points"));
+            return fail(ShapeText::tr("its selection has too many points"));
         read.shapes.append(shape);
     }
     *selection = read;

@@ -30,8 +30,8 @@ HBTileFunction HBTileFunctionOf(Transformation transformation)
 }
 
 /// The job for one kind of transformation: copyable, with `SetProcessingBuffer(HBRGBA32i*)`, `operator()(int)
-/// const` for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run of them, which
-/// must not touch others: they may not be there yet.
+/// const` for one pixel of the buffer and, optionally, `operator()(int first, int count) const` for a run, which
+/// must touch no others: they may not be there yet.
 template <class Transformation>
 class HBAdjustmentProcessingTemplate : public HBAdjustmentProcessing
 {
