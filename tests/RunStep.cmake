@@ -10,9 +10,6 @@ if(CXX_COMPILER_LAUNCHER)
     set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} "${CXX_COMPILER_LAUNCHER}")
 endif()
 
-# For what need not be fast: the kernels for any machine alone, instead of once more for each instruction set.
-set(one_instruction_set -DHWY_COMPILE_ONLY_STATIC)
-
 # run(<step> <command>...): `output` is what the command said; if it fails, the test ends with it.
 function(run step)
     message(STATUS ${step})
