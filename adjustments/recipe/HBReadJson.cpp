@@ -40,6 +40,7 @@ public:
                 if (m_Open.size() == DeepestLevel)
                     return {};
                 m_Open.emplace_back();
+                m_Open.back().reserve(c == '{' ? 8 : 0);
             } else if ((c == '}' || c == ']') && !m_Open.empty()) {
                 Keys& keys = m_Open.back();
                 std::sort(keys.begin(), keys.end(), [](const Key& a, const Key& b) { return a.first < b.first; });
@@ -61,11 +62,19 @@ private:
 
     std::string_view TakeString()
     {
-        const std::size_t begin = m_At++;
-        while (m_At < m_Json.size() && m_Json[m_At] != '"')
-            m_At += m_Json[m_At] == '\\' ? 2 : 1;
+        const std::size_t begin = m_At;
+        do
+            m_At = std::min(m_Json.find('"', m_At + 1), m_Json.size());
+        while (m_At < m_Json.size() && IsEscaped(m_At));
         m_At = std::min(m_At + 1, m_Json.size());
         return m_Json.substr(begin, m_At - begin);
+    }
+    bool IsEscaped(std::size_t at) const
+    {
+        std::size_t first = at;
+        while (m_Json[first - 1] == '\\') // up to the quote that begins the string
+            --first;
+        return (at - first) % 2 != 0;
     }
     /// Of what it means: the same letter can be written in several ways.
     static std::size_t HashOf(std::string_view text)

@@ -4,8 +4,6 @@
 
 #include "HBPolygonFigure.h"
 
-#include <cstdlib>
-
 namespace
 {
 
@@ -118,9 +116,10 @@ class Likeness : public HBSelectionFigure
 public:
     Likeness(QRgb color, int tolerance, const HBImage<>& photo)
         : m_Color(qRed(color), qGreen(color), qBlue(color))
-        , m_Tolerance(tolerance)
         , m_Photo(photo)
     {
+        for (int difference = 0; difference < int(m_Levels.size()); ++difference)
+            m_Levels[std::size_t(difference)] = LevelOf(difference, tolerance);
     }
 
     void Cover(const QRect& piece, Coverages* coverages) const override
@@ -133,9 +132,8 @@ public:
                 const QRect part = m_Photo.TileRect(index) & piece;
                 for (int y = part.top(); y <= part.bottom(); ++y) {
                     const HBRGBA32i* const pixels = pin.Pixels() + y % TileSide * TileSide;
-                    std::uint8_t* const row = coverages->data() + (y - piece.top()) * TileSide - piece.left();
-                    for (int x = part.left(); x <= part.right(); ++x)
-                        row[x] = At(pixels[x % TileSide]);
+                    std::uint8_t* const row = coverages->data() + (y - piece.top()) * TileSide;
+                    CoverRow(pixels + part.left() % TileSide, part.width(), row + part.left() - piece.left());
                 }
             }
         }
@@ -144,19 +142,40 @@ public:
     QRect Touched() const override { return {0, 0, m_Photo.Width(), m_Photo.Height()}; }
 
 private:
-    std::uint8_t At(const HBRGBA32i& pixel) const
+    static std::uint8_t LevelOf(int difference, int tolerance)
     {
-        const int difference = std::max({std::abs(pixel.red - m_Color.red), std::abs(pixel.green - m_Color.green),
-                                         std::abs(pixel.blue - m_Color.blue)});
-        if (difference <= m_Tolerance)
+        if (difference <= tolerance)
             return 255;
-        const int left = 3 * m_Tolerance - 2 * difference; // of a fall over half the tolerance
-        return std::uint8_t(left > 0 ? (255 * left + m_Tolerance / 2) / m_Tolerance : 0);
+        const int left = 3 * tolerance - 2 * difference; // of a fall over half the tolerance
+        return std::uint8_t(left > 0 ? (255 * left + tolerance / 2) / tolerance : 0);
+    }
+    static std::uint8_t Apart(std::uint8_t a, std::uint8_t b)
+    {
+        return std::uint8_t(std::max(a, b) - std::min(a, b));
+    }
+    void CoverRow(const HBRGBA32i* pixels, int count, std::uint8_t* row) const
+    {
+        const HBRGBA32i color = m_Color; // apart from what is written, for the vectors
+        std::uint8_t least = 255;
+        std::uint8_t most = 0;
+        for (int i = 0; i < count; ++i) {
+            const std::uint8_t apart =
+                std::max(std::max(Apart(pixels[i].red, color.red), Apart(pixels[i].green, color.green)),
+                         Apart(pixels[i].blue, color.blue));
+            row[i] = apart;
+            least = std::min(least, apart);
+            most = std::max(most, apart);
+        }
+        // Most rows are all alike, and levels fall.
+        if (m_Levels[least] == m_Levels[most])
+            std::fill_n(row, count, m_Levels[least]);
+        else
+            std::transform(row, row + count, row, [this](std::uint8_t apart) { return m_Levels[apart]; });
     }
 
     const HBRGBA32i m_Color;
-    const int m_Tolerance;
     const HBImage<>& m_Photo;
+    std::array<std::uint8_t, 256> m_Levels; ///< by the largest difference of a channel
 };
 
 } // namespace

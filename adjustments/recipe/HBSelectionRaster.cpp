@@ -53,16 +53,15 @@ public:
     }
     void Cover(const QRect& piece, Coverages* coverages) const
     {
-        ForEachPixel(piece, coverages, [](std::size_t) { return std::uint8_t(0); });
+        coverages->fill(0);
         Coverages one;
         for (const Part& part : m_Parts) {
             const int everywhere = part.Everywhere(piece);
             if (everywhere < 0)
                 part.figure->Cover(piece, &one);
-            ForEachPixel(piece, coverages, [&](std::size_t i) {
-                const int coverage = everywhere >= 0 ? everywhere : part.inverted ? 255 - one[i] : one[i];
-                return std::uint8_t(Combined(part.combination, (*coverages)[i], coverage));
-            });
+            else
+                one.fill(std::uint8_t(everywhere));
+            Combine(part.combination, everywhere < 0 && part.inverted, piece, one, coverages);
         }
     }
 
@@ -80,16 +79,6 @@ private:
         }
     };
 
-    template <class Function>
-    static void ForEachPixel(const QRect& piece, Coverages* coverages, const Function& function)
-    {
-        for (int y = 0; y < piece.height(); ++y) {
-            for (int x = 0; x < piece.width(); ++x) {
-                const auto i = std::size_t(y * TileSide + x);
-                (*coverages)[i] = function(i);
-            }
-        }
-    }
     static int Combined(HBShape::Combination combination, int before, int coverage)
     {
         switch (combination) {
@@ -100,6 +89,28 @@ private:
         default:
             return std::max(before, coverage);
         }
+    }
+    template <HBShape::Combination combination>
+    static void Combine(std::uint8_t flip, const QRect& piece, const Coverages& one, Coverages* all)
+    {
+        for (int y = 0; y < piece.height(); ++y) {
+            const std::uint8_t* const coverage = one.data() + y * TileSide;
+            std::uint8_t* const row = all->data() + y * TileSide;
+            for (int x = 0; x < piece.width(); ++x)
+                row[x] = std::uint8_t(Combined(combination, row[x], coverage[x] ^ flip));
+        }
+    }
+    static void Combine(HBShape::Combination combination, bool inverted, const QRect& piece, const Coverages& one,
+                        Coverages* all)
+    {
+        using C = HBShape::Combination;
+        const std::uint8_t flip = inverted ? 255 : 0;
+        if (combination == C::Subtract)
+            Combine<C::Subtract>(flip, piece, one, all);
+        else if (combination == C::Intersect)
+            Combine<C::Intersect>(flip, piece, one, all);
+        else
+            Combine<C::Add>(flip, piece, one, all);
     }
 
     std::vector<Part> m_Parts;
@@ -115,18 +126,38 @@ KMTileRef FullTile()
     return full.Tile(0);
 }
 
-void FillTile(const Raster& raster, const QPoint& offset, HBTileAccess* tile)
+/// 0 or 255 if that is what all of it is; else -1.
+int EvenLevel(const Coverages& coverages, const QSize& size)
+{
+    std::uint8_t any = 0;
+    std::uint8_t all = 255;
+    for (int y = 0; y < size.height(); ++y) {
+        const std::uint8_t* const row = coverages.data() + y * TileSide;
+        for (int x = 0; x < size.width(); ++x) {
+            any |= row[x];
+            all &= row[x];
+        }
+    }
+    return any == 0 ? 0 : all == 255 ? 255 : -1;
+}
+
+/// Whether the tile is wholly covered: then it is left as it is, for one that is shared. So is a tile without any
+/// coverage.
+bool FillTile(const Raster& raster, const QPoint& offset, HBTileAccess* tile)
 {
     const QRect area = tile->Area();
     Coverages coverages;
     raster.Cover(area.translated(offset), &coverages);
+    const int even = EvenLevel(coverages, area.size());
+    if (even >= 0)
+        return even == 255;
     HBRGBA32i* const pixels = tile->Pixels();
     for (int y = 0; y < area.height(); ++y) {
-        for (int x = 0; x < area.width(); ++x) {
-            const std::uint8_t coverage = coverages[std::size_t(y * TileSide + x)];
-            pixels[y * TileSide + x] = HBRGBA32i(coverage, coverage, coverage, coverage);
-        }
+        const std::uint8_t* const row = coverages.data() + y * TileSide;
+        for (int x = 0; x < area.width(); ++x)
+            pixels[y * TileSide + x] = HBRGBA32i(row[x], row[x], row[x], row[x]);
     }
+    return false;
 }
 
 } // namespace
@@ -156,23 +187,22 @@ HBSelection HBSelectionShape::Rasterize(const HBImage<>& photo, HBJobControl* co
 
     // Tiles that are wholly covered or not at all are not painted pixel by pixel, and those that are full share
     // one: a selection costs what its edge costs.
-    const KMTileRef full = FullTile();
-    std::vector<bool> edge(std::size_t(mask.source.Tiles().size()));
-    for (int index = 0; index < mask.source.Tiles().size(); ++index) {
-        const int coverage = raster.Everywhere(mask.source.TileRect(index).translated(area.topLeft()));
-        edge[std::size_t(index)] = coverage < 0;
-        if (coverage == 255)
-            mask.source.ShareTile(index, full);
-    }
-    const HBOutcome outcome = HBWalkTiles(
+    std::vector<char> full(std::size_t(mask.source.Tiles().size())); // no bits: lanes write beside each other
+    HBOutcome outcome = HBWalkTiles(
         std::move(mask),
         [&](HBTileAccess& tile) {
-            if (edge[std::size_t(tile.Index())])
-                FillTile(raster, selection.offset, &tile);
+            const int coverage = raster.Everywhere(tile.Area().translated(selection.offset));
+            full[std::size_t(tile.Index())] =
+                coverage == 255 || (coverage < 0 && FillTile(raster, selection.offset, &tile));
         },
         control);
     if (outcome.exception)
         std::rethrow_exception(outcome.exception);
-    selection.mask = outcome.image;
+    selection.mask = std::move(outcome.image);
+    const KMTileRef covered = FullTile();
+    for (int index = 0; index < selection.mask.Tiles().size(); ++index) {
+        if (full[std::size_t(index)])
+            selection.mask.ShareTile(index, covered);
+    }
     return selection;
 }

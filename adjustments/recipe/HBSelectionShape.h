@@ -78,7 +78,7 @@ struct HB_ADJUSTMENTS_EXPORT HBSelectionShape
     /// 0..255, as Rasterize has it, but for a level where an ellipse is thinner than its soft edge; slow.
     int CoverageAt(const HBImage<>& photo, int x, int y) const;
     /// The coverage on that photo; not valid if none of it can be covered. Any thread, and those of the pool. Its
-    /// memory is that of its edges; of a selection by colour, of all the photo. \throws std::bad_alloc
+    /// memory is that of its edges: of the tiles that are covered in part. \throws std::bad_alloc
     /// \param control its cancelling makes the mask any; may be null
     HBSelection Rasterize(const HBImage<>& photo, HBJobControl* control = nullptr) const;
 
