@@ -110,7 +110,7 @@ private Q_SLOTS:
         params.horizontalTiles = 2;
         params.verticalTiles = 2;
         const QImage layer = Layer(picture.size(), params);
-        for (const int mode : HBAllModes) {
+        for (const auto& [text, mode] : HBTestModes) {
             for (const int opacity : {0, 37, 100}) {
                 params.blendingMode = mode;
                 params.opacity = opacity;
