@@ -157,7 +157,7 @@ private Q_SLOTS:
         const HBPanelEntry& entry = *HBFindPanel(name);
         const HBAdjustment& adjustment = *entry.adjustment;
         const Panel panel(entry.create(false, nullptr));
-        // A threshold of 0 or 256 leaves one tone, and is a recipe's alone; boxes of levels keep two from each other.
+        // A threshold of 0 or 256, which leaves one tone, is a recipe's alone; boxes of levels stay two apart.
         QHash<QString, HBRange> narrower = {{"HBThresholdWidget.level", {1, 255}}};
         for (const char* channel : {"all", "red", "green", "blue"}) {
             narrower.insert(QString("HBLevelsWidget.input.%1.black").arg(channel), {0, 253});

@@ -50,8 +50,8 @@ struct Fixture : HBPanelFixture<HBWBWidget> {
     QSlider* temperatureStrengthSlider = Find<QSlider>("slider_2");
 };
 
-/// A picture with a warm cast, whose channels keep to 10..200, 20..150 and 5..100. All its colours are in the first
-/// 96 columns of a row.
+/// A picture with a warm cast, whose channels keep to 10..200, 20..150 and 5..100. All its colours are in the
+/// first 96 columns of a row.
 HBImage<> CastPhoto(int width = 257, int height = 130) {
     return HBTestPicture(width, height, [](int x, int y) {
         const int v = (x + 2 * y) % 96;
