@@ -65,6 +65,12 @@ HBHistogrammCalculator::Counts Mapped(const HBHistogrammCalculator::Counts& coun
     return mapped;
 }
 
+/// What HBSourceOver takes for a strength in percent; truncated: 99 is 253 of 256.
+int MixOpacity(int strength)
+{
+    return strength * 256 / 100;
+}
+
 /// One version of a channel over another, by the opacity that HBSourceOver takes.
 HBChannelTables::Table Mixed(const HBChannelTables::Table& above, int opacity)
 {
@@ -90,7 +96,7 @@ HBStage AdvancedStage(int strength)
         const HBChannelTables cast = HBCorrectCast(norms->Result(), 100);
         const HBLevelsTransformation stretch(HBAutomaticLevels(Mapped(histogram->Result(), cast)));
         HBChannelTables all = HBComposed(cast, stretch);
-        const int opacity = strength * 256 / 100;
+        const int opacity = MixOpacity(strength);
         for (HBChannelTables::Table* table : {&all.red, &all.green, &all.blue})
             *table = Mixed(*table, opacity);
         return HBOperationOf(all);
@@ -116,7 +122,7 @@ HBStages AdvancedStages(int strength)
     };
     HBStage mix;
     mix.base = saved;
-    mix.prepare = [opacity = strength * 256 / 100](const HBImage<>& picture, const HBJobControl*) {
+    mix.prepare = [opacity = MixOpacity(strength)](const HBImage<>& picture, const HBJobControl*) {
         return HBOperation{nullptr, [above = picture, opacity](HBTileAccess& tile) {
                                const KMTilePin<HBRGBA32i> pin(above.Tile(tile.Index()), false);
                                HBRGBA32i* const pixels = tile.Pixels();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "HBRunTest.h"
+#include "HBTestControl.h"
 #include "HBTestImages.h"
 #include "HBTestRecords.h"
 
@@ -105,16 +106,6 @@ constexpr int RandomRecipes = 100; // races need no more, and each takes ten tim
 #else
 constexpr int RandomRecipes = 500;
 #endif
-
-/// Cancels when it is told the first progress.
-class Impatient : public HBJobControl {
-public:
-    void SetProgress(int) override {
-        ++m_Told;
-        Cancel();
-    }
-    int m_Told = 0;
-};
 
 } // namespace
 
@@ -327,12 +318,13 @@ private Q_SLOTS:
         HBJobControl before;
         before.Cancel();
         QCOMPARE(HBRun(adjustment, HBDemonstration(adjustment), target, &before).status, HBOutcome::Cancelled);
-        Impatient during;
+        HBTestControl during;
+        during.allowedProgress = 0;
         QString error = "left over";
         const QVector<HBRecipeStep> steps(30, HBStepOf(adjustment, HBDemonstration(adjustment)));
         QVERIFY(HBApplyRecipe(target, {steps}, &error, &during).IsEmpty());
         QCOMPARE(error, QString());
-        QVERIFY2(during.m_Told > 0 && during.m_Told < 66, qPrintable(QString::number(during.m_Told)));
+        QVERIFY2(during.told > 0 && during.told < 66, qPrintable(QString::number(during.told)));
     }
 };
 

@@ -12,8 +12,10 @@ boundary_headers(${document} ${WORK_DIR}/stub "Widgets and settings" "Image" "Ke
 
 # Nothing stands there for nobody: each header is included by the panels, the core, a form, or another one on the list.
 file(GLOB headers RELATIVE ${WORK_DIR}/stub ${WORK_DIR}/stub/*.h)
-file(GLOB_RECURSE users ${SOURCE_DIR}/include/*.h ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp
-    ${SOURCE_DIR}/adjustments/*.h ${SOURCE_DIR}/adjustments/*.cpp ${SOURCE_DIR}/forms/*.ui ${WORK_DIR}/stub/*.h)
+file(GLOB_RECURSE users_of_host ${SOURCE_DIR}/include/*.h ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp
+    ${SOURCE_DIR}/adjustments/*.h ${SOURCE_DIR}/adjustments/*.cpp ${SOURCE_DIR}/forms/*.ui)
+file(GLOB_RECURSE users ${WORK_DIR}/stub/*.h)
+list(APPEND users ${users_of_host})
 set(all "")
 foreach(file IN LISTS users)
     file(STRINGS ${file} lines REGEX "#include|<header")
@@ -25,6 +27,12 @@ foreach(header IN LISTS headers)
     endif()
 endforeach()
 
+boundary_uses(${document} ${WORK_DIR}/stub FILES ${users_of_host} UNNAMED
+    paint          # has no body in QGraphicsItem
+    setFuture      # is Qt's, in the body of a template
+    HBChannelNorms # goes from a look at a picture to HBCorrectCast, and has no variable
+)
+
 boundary_package(${WORK_DIR} StubHost "add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/stub\")")
 set(options -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_BULK=ON -D BUILD_SHARED_LIBS=OFF -D CMAKE_BUILD_TYPE=Debug
@@ -35,6 +43,9 @@ run("Compile" ${CMAKE_COMMAND} --build ${WORK_DIR}/build --target AdjustmentPane
 
 boundary_headers(${document} ${WORK_DIR}/image "Image" "Kernels")
 boundary_headers(${document} ${WORK_DIR}/besides "Our widgets over your image")
+file(GLOB_RECURSE users_of_image ${SOURCE_DIR}/host/*.h ${SOURCE_DIR}/host/*.cpp)
+list(FILTER users_of_image EXCLUDE REGEX "/ImagingLib/")
+boundary_uses(${document} ${WORK_DIR}/besides FILES ${users_of_image})
 boundary_package(${WORK_DIR} StubImage "add_library(AdjustmentPanels::ImagingLib INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::ImagingLib INTERFACE \"${WORK_DIR}/besides\" \"${WORK_DIR}/image\")")
 run("Configure our widgets" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/widgets ${options}

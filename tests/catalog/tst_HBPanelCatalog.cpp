@@ -13,6 +13,7 @@
 #include <QMetaMethod>
 #include <QRadioButton>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -33,21 +34,22 @@ HBImage<> Adjusted(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const H
     return panel.HasPendingChange() ? HBImage<>() : panel.AdjustedImage();
 }
 
-/// Whether a box of the panel has that range and shows those values when the panel is given the records.
-bool HasBox(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const HBRange& range, const std::any& lowest,
-            const std::any& highest) {
-    for (auto* box : panel.findChildren<QAbstractSpinBox*>()) {
-        if (box->property("minimum").toDouble() != range.minimum ||
-            box->property("maximum").toDouble() != range.maximum)
-            continue;
-        const auto* real = qobject_cast<QDoubleSpinBox*>(box);
-        if (real && range.decimals != real->decimals()) continue;
-        entry.set(panel, lowest);
-        const double low = box->property("value").toDouble();
-        entry.set(panel, highest);
-        if (low == range.minimum && box->property("value").toDouble() == range.maximum) return true;
-    }
-    return false;
+/// Whether a box of the panel has that range when the panel is given the records of both ends, and shows these, if
+/// it shows its record.
+bool HasBox(const HBPanelEntry& entry, HBAdjustmentWidget& panel, const HBRange& range, const std::any (&ends)[2],
+            bool shows) {
+    const auto boxes = panel.findChildren<QAbstractSpinBox*>();
+    return std::any_of(boxes.begin(), boxes.end(), [&](const QAbstractSpinBox* box) {
+        const auto* real = qobject_cast<const QDoubleSpinBox*>(box);
+        if (real && real->decimals() != range.decimals) return false;
+        const auto number = [box](const char* property) { return box->property(property).toDouble(); };
+        for (const std::any& end : ends) {
+            entry.set(panel, end);
+            if (number("minimum") != range.minimum || number("maximum") != range.maximum) return false;
+            if (shows && number("value") != (&end == ends ? range.minimum : range.maximum)) return false;
+        }
+        return true;
+    });
 }
 
 /// From one end to the other and between, whatever is shown.
@@ -155,14 +157,17 @@ private Q_SLOTS:
         const HBPanelEntry& entry = *HBFindPanel(name);
         const HBAdjustment& adjustment = *entry.adjustment;
         const Panel panel(entry.create(false, nullptr));
-        QStringList elsewhere = {"HBThresholdWidget.level",       // the box leaves both ends out
-                                 "HBTemperatureWidget.strength"}; // the box does not show the record, on purpose
-        for (const char* channel : {"all", "red", "green", "blue"}) { // these boxes keep two levels apart
-            for (const char* end : {"black", "white"})
-                elsewhere += QString("HBLevelsWidget.input.%1.%2").arg(channel, end);
+        // A threshold of 0 or 256, which leaves one tone, is a recipe's alone; boxes of levels stay two apart.
+        QHash<QString, HBRange> narrower = {{"HBThresholdWidget.level", {1, 255}}};
+        for (const char* channel : {"all", "red", "green", "blue"}) {
+            narrower.insert(QString("HBLevelsWidget.input.%1.black").arg(channel), {0, 253});
+            narrower.insert(QString("HBLevelsWidget.input.%1.white").arg(channel), {2, 255});
         }
         for (const HBFieldInfo& field : adjustment.fields) {
-            if (field.type != HBFieldInfo::Number || elsewhere.contains(name + '.' + field.key)) continue;
+            if (field.type != HBFieldInfo::Number) continue;
+            const QString path = name + '.' + field.key;
+            const HBRange range = narrower.value(path, field.range);
+            const bool shows = path != "HBTemperatureWidget.strength"; // on purpose
             QVector<std::any> starts = {adjustment.defaults()};
             for (const HBFieldInfo& choice : adjustment.fields) {
                 for (int value = 0; value < int(choice.values.size()); ++value) {
@@ -173,15 +178,15 @@ private Q_SLOTS:
             bool found = false;
             for (const std::any& start : starts) {
                 std::any ends[] = {start, start};
-                field.set(adjustment.mutableData(ends[0]), field.range.minimum);
-                field.set(adjustment.mutableData(ends[1]), field.range.maximum);
-                found = found || HasBox(entry, *panel, field.range, ends[0], ends[1]);
+                field.set(adjustment.mutableData(ends[0]), range.minimum);
+                field.set(adjustment.mutableData(ends[1]), range.maximum);
+                found = found || HasBox(entry, *panel, range, ends, shows);
             }
             QVERIFY2(found, qPrintable(field.key));
         }
     }
 
-    /// Loading is silent and starts nothing, not even later; resetting takes the user's road.
+    /// Loading is silent and starts nothing, not even later; resetting tells and works as a change by hand does.
     void LoadedAndReset_data() { Rows_data(); }
     void LoadedAndReset() {
         QFETCH(QString, name);

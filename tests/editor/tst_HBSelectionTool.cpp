@@ -293,7 +293,7 @@ private Q_SLOTS:
         QTEST(shape, "shape");
     }
 
-    void colour() {
+    void color() {
         Fixture f;
         f.tool.SetTool(Kind::Color);
         f.tool.SetTolerance(10);

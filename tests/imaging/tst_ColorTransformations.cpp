@@ -103,10 +103,7 @@ KMFillTransformation Fill(HBRGBA32i color) {
 }
 
 HBLevelsTransformation EnhancerLevels() {
-    const int input[4][2] = {{0, 255}, {20, 200}, {0, 100}, {50, 255}};
-    const int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
-    const double gamma[4] = {1.0, 1.0, 1.0, 1.0};
-    return HBLevelsTransformation(input, output, gamma, 100);
+    return HBLevelsTransformation(HBLevelsSettings{{{0, 255}, {20, 200}, {0, 100}, {50, 255}}});
 }
 
 HBColorEnhancerTransformation Enhancer(int amount) {

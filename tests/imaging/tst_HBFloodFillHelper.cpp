@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 #include "../HBLostTiles.h"
+#include "HBTestControl.h"
 #include "HBTestImages.h"
 #include "HBTestMain.h"
 
@@ -8,7 +9,6 @@
 #include <HBFloodFillHelper.h>
 #include <HBParallel.h>
 
-#include <atomic>
 #include <climits>
 #include <cstdlib>
 #include <functional>
@@ -189,11 +189,7 @@ private Q_SLOTS:
     /// The region is found once, from another image's tiles than those that are filled.
     void Prepared() {
         const HBImage<> source = HBImage<>::FromQImage(Spiral(300)); // 9 tiles, each visited again and again
-        struct Control : HBJobControl {
-            bool IsCancelled() const override { return ++asked > allowed; }
-            mutable std::atomic<int> asked{0}; // by all lanes
-            int allowed = INT_MAX;
-        } control;
+        HBTestControl control;
         const HBTileFunction fill = HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, Red, &control);
         HBImage<> filled = HBImage<>::FromQImage(Uniform(300, 300, Black));
         for (int index = 0; index < filled.Tiles().size(); ++index) {
@@ -206,9 +202,9 @@ private Q_SLOTS:
         QVERIFY(control.asked > 9);
 
         control.asked = 0;
-        control.allowed = 3;
+        control.allowedQuestions = 3;
         HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, Red, &control);
-        QVERIFY(control.asked <= control.allowed + HBLaneCount(9));
+        QVERIFY(control.asked <= 3 + HBLaneCount(9));
         QVERIFY(!HBFloodFillHelper::Prepare(source, QPoint(0, 300), Exactly, Red));
         QVERIFY(!HBFloodFillHelper::Prepare(source, QPoint(0, 0), Exactly, HBRGBA32i(9, 9, 9, 0)));
     }

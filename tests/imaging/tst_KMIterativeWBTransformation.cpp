@@ -25,14 +25,15 @@ int Encode(double light) { return int(std::lround(HBEncode(light))); }
 
 /// Every pixel, padding included, from the function of its place; padding is what no image has.
 HBImage<> Generate(int width, int height, const std::function<HBRGBA32i(int, int)>& color, HBRGBA32i padding) {
+    constexpr int Side = HBImage<>::TileSide;
     HBImage<> image(width, height);
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect area = image.TileRect(index);
         const KMTilePin<HBRGBA32i> pin(image.Tile(index), true);
-        for (int y = 0; y < 128; ++y) {
-            for (int x = 0; x < 128; ++x) {
+        for (int y = 0; y < Side; ++y) {
+            for (int x = 0; x < Side; ++x) {
                 const bool inside = x < area.width() && y < area.height();
-                pin.Pixels()[y * 128 + x] = inside ? color(area.left() + x, area.top() + y) : padding;
+                pin.Pixels()[y * Side + x] = inside ? color(area.left() + x, area.top() + y) : padding;
             }
         }
     }

@@ -44,26 +44,19 @@ Table BrightnessContrast(int brightness, int contrast) {
 
 Table Posterize(int levels) { return CommonTable(HBIterativePosterizeTransformation(levels).Operation()); }
 
-struct LevelsSettings {
-    int input[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
-    int output[4][2] = {{0, 255}, {0, 255}, {0, 255}, {0, 255}};
-    double gamma[4] = {1.0, 1.0, 1.0, 1.0};
-    int amount = 100;
-
-    HBLevelsTransformation Operation() const {
-        return HBIterativeLevelsTransformation(input, output, gamma, amount).Operation();
-    }
-};
+HBLevelsTransformation Levels(const HBLevelsSettings& settings, int amount = 100) {
+    return HBIterativeLevelsTransformation(settings.input, settings.output, settings.gamma, amount).Operation();
+}
 
 /// Levels with only the composite channel set.
 Table Composite(int low, int high, double gamma, int black, int white) {
-    LevelsSettings settings;
+    HBLevelsSettings settings;
     settings.input[0][0] = low;
     settings.input[0][1] = high;
     settings.gamma[0] = gamma;
     settings.output[0][0] = black;
     settings.output[0][1] = white;
-    return CommonTable(settings.Operation());
+    return CommonTable(Levels(settings));
 }
 
 } // namespace
@@ -74,13 +67,12 @@ private Q_SLOTS:
     void NeutralIsIdentity() {
         QVERIFY(IsIdentity(HBIterativeGammaCorrectionTransformation(1.0).Operation()));
         QVERIFY(IsIdentity(HBIterativeExposureTransformation(0.0, 0.0).Operation()));
-        QVERIFY(IsIdentity(LevelsSettings().Operation()));
+        QVERIFY(IsIdentity(Levels({})));
         QVERIFY(IsIdentity(HBLevelsTransformation()));
         QVERIFY(IsIdentity(HBIterativeBrightnessContrastTransformation(0, 0).Operation()));
-        LevelsSettings none;
-        none.output[0][1] = 0;
-        none.amount = 0;
-        QVERIFY(IsIdentity(none.Operation()));
+        HBLevelsSettings black;
+        black.output[0][1] = 0;
+        QVERIFY(IsIdentity(Levels(black, 0)));
     }
 
     void BrightnessContrastValues() {
@@ -200,13 +192,13 @@ private Q_SLOTS:
     }
 
     void ChannelsComeFirstAndAlone() {
-        LevelsSettings settings;
+        HBLevelsSettings settings;
         settings.output[1][1] = 10;
         settings.input[0][1] = 10;
         settings.gamma[2] = 2.0;
         settings.input[3][0] = 250;
         settings.gamma[3] = 0.2;
-        const HBLevelsTransformation levels = settings.Operation();
+        const HBLevelsTransformation levels = Levels(settings);
         // Red is squeezed into 0..10 and stretched again: nothing is lost between, and the order shows.
         QCOMPARE(levels.red, HBChannelTables().red);
         QCOMPARE(int(levels.green[1]), 255); // 255 × √(1 / 255) = 16 is above 10
@@ -220,23 +212,20 @@ private Q_SLOTS:
     }
 
     void AmountIsAShareOfTheWay() {
-        LevelsSettings settings;
+        HBLevelsSettings settings;
         settings.output[0][1] = 0;
         const struct {
             int amount, expected;
         } rows[] = {{25, 150}, {50, 100}, {100, 0}, {101, 0}, {INT_MAX, 0}, {-1, 200}, {INT_MIN, 200}};
-        for (const auto& row : rows) {
-            settings.amount = row.amount;
-            QCOMPARE(int(settings.Operation().red[200]), row.expected);
-        }
+        for (const auto& row : rows) QCOMPARE(int(Levels(settings, row.amount).red[200]), row.expected);
     }
 
     void RunFormsEqualScalarForms() {
-        LevelsSettings settings;
+        HBLevelsSettings settings;
         settings.gamma[1] = 2.0;
         settings.output[2][0] = 200;
         const QVector<QPoint> curves[4] = {{{0, 0}, {100, 150}, {255, 255}}, {}, {{0, 255}, {255, 0}}, {}};
-        QVERIFY(HBRunFormEqualsScalarForm(settings.Operation()));
+        QVERIFY(HBRunFormEqualsScalarForm(Levels(settings)));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeCurvesTransformation(curves, 100).Operation()));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeGammaCorrectionTransformation(2.2).Operation()));
         QVERIFY(HBRunFormEqualsScalarForm(HBIterativeExposureTransformation(0.7, -0.01).Operation()));

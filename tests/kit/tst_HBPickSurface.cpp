@@ -42,7 +42,7 @@ HBImage<> Photo() {
 class tst_HBPickSurface : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    /// Both roads into another's widget, at a scale of 3.
+    /// From a view of another's and from a plain widget, each at a scale of 3.
     void PicksFromAnyWidget_data() {
         QTest::addColumn<bool>("isView");
         QTest::newRow("graphics view") << true;

@@ -2,16 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HBTestModes.h"
+
 #include <HBImage.h>
 
 #include <QImage>
 #include <QPainter>
-#include <QVector>
 
 // What the tests of the two overlays share.
-
-/// The modes of the list.
-inline const QVector<int> HBAllModes = {0, 13, 14, 15, 22, 23, 17, 16, 21, 20, 18, 19, 12};
 
 inline QRect HBMargins(int left, int top, int right, int bottom) {
     return {QPoint(left, top), QPoint(right, bottom)};

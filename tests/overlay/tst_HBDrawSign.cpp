@@ -35,7 +35,7 @@ private Q_SLOTS:
         HBSignParams params = Stamp("modes.png", stamp);
         params.alignment = Qt::AlignCenter;
         params.margins = HBMargins(20, 0, 0, 0);
-        for (const int mode : HBAllModes) {
+        for (const auto& [text, mode] : HBTestModes) {
             for (const int opacity : {0, 37, 100}) {
                 params.blendingMode = quint32(mode);
                 params.opacity = opacity;

@@ -167,3 +167,16 @@ void HBCheckLostDialog(const char* button) {
     }));
     QVERIFY(!alive);
 }
+
+/// All of that for a panel whose record is a colour and a percentage.
+template <class Panel>
+void HBCheckColorPanel() {
+    HBPanelFixture<Panel> f;
+    HBCheckColorVisits(
+        f, f.template Find<QPushButton>("m_pColor"), "Select a color", HBComparingVisits(),
+        [&] { return f.panel.GetValue().color; },
+        [&](const QColor& color) {
+            f.panel.SetValue({color, 50});
+        });
+    HBCheckLostDialog<Panel>("m_pColor");
+}

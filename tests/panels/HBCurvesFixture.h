@@ -17,6 +17,8 @@
 #include <QToolButton>
 
 using HBPoints = QVector<QPoint>;
+inline const HBPoints Default = {{0, 0}, {255, 255}};
+inline const HBPoints Bent = {{0, 0}, {100, 120}, {255, 255}};
 
 inline void HBClickScene(QGraphicsScene* scene, const QPointF& position, Qt::MouseButton button = Qt::LeftButton) {
     HBSceneMouse(scene, QEvent::GraphicsSceneMousePress, position, button);

@@ -4,27 +4,18 @@
 
 #include "HBOverlayPanel.h"
 #include "HBPanelChecks.h"
+#include "HBTestModes.h"
 
 #include <QComboBox>
 
 // What the tests of the two overlay panels share.
-
-/// The modes of the list, in its order: lighten before darken.
-struct HBModeRow {
-    const char* text;
-    int mode;
-};
-inline const HBModeRow HBModeRows[] = {
-    {"Normal", 0},       {"Multiply", 13},       {"Screen", 14},        {"Overlay", 15},    {"Difference", 22},
-    {"Exclusion", 23},   {"Lighten colors", 17}, {"Darken colors", 16}, {"Soft light", 21}, {"Hard light", 20},
-    {"Color dodge", 18}, {"Color burn", 19},     {"Addition", 12}};
 
 /// Every mode there and back, and what is not in the list.
 template <class Panel>
 void HBVerifyModes() {
     HBPanelFixture<Panel> f;
     auto* combo = f.template Find<QComboBox>("m_pBlendCombo");
-    QCOMPARE(combo->count(), int(std::size(HBModeRows)));
+    QCOMPARE(combo->count(), int(std::size(HBTestModes)));
     QCOMPARE(combo->maxVisibleItems(), 30);
     const auto load = [&f](int mode) {
         typename Panel::Params params;
@@ -32,12 +23,12 @@ void HBVerifyModes() {
         f.panel.SetValue(params);
     };
     for (int row = combo->count() - 1; row >= 0; --row) {
-        QCOMPARE(combo->itemText(row), QString(HBModeRows[row].text));
+        QCOMPARE(combo->itemText(row), QString(HBTestModes[row].text));
         combo->setCurrentIndex(row);
-        QCOMPARE(int(f.panel.GetValue().blendingMode), HBModeRows[row].mode);
+        QCOMPARE(int(f.panel.GetValue().blendingMode), HBTestModes[row].mode);
         QCOMPARE(f.recorder.Take(), HBClosingCalls());
         load(0);
-        load(HBModeRows[row].mode);
+        load(HBTestModes[row].mode);
         QCOMPARE(combo->currentIndex(), row);
     }
     for (const int mode : {1, 11, 24, -1, LeastInt, MostInt}) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "HBPanelFixture.h"
+#include "HBTestControl.h"
 
 #include <HBAdjustment.h>
 #include <HBParallel.h>
@@ -10,7 +11,6 @@
 #include <QSlider>
 #include <QSpinBox>
 
-#include <atomic>
 #include <limits>
 
 // Checks that the tests of several panels share.
@@ -28,29 +28,17 @@ inline bool HBShowsItsValue(QSlider* slider) {
     return slider->grab().toImage() != before;
 }
 
-/// Cancels when it is asked for the sixth time.
-class HBImpatientControl : public HBJobControl {
-public:
-    bool IsCancelled() const override { return ++m_Asked > 5; }
-    void SetRange(int, int) override { ++ranges; }
-    int Asked() const { return m_Asked; }
-
-    int ranges = 0;
-
-private:
-    mutable std::atomic<int> m_Asked{0};
-};
-
 /// An adjustment that looks at the whole picture first stops while it looks: each lane before its next tile.
 template <class Record>
 void HBVerifyCancelledLook(const Record& record) {
     const HBImage<> photo = HBTestRamp(200 * 128, 1);
     for (const QRect& bounds : {QRect(), QRect(0, 0, 20, 1)}) {
-        HBImpatientControl control;
+        HBTestControl control;
+        control.allowedQuestions = 5;
         const HBOutcome outcome = HBAdjust(record, {photo, HBTestMask(20, 1), {}, bounds}, &control);
         QCOMPARE(outcome.status, HBOutcome::Cancelled);
         QVERIFY(outcome.image.IsSameAs(photo));
-        QVERIFY2(control.Asked() <= 6 + HBLaneCount(200), qPrintable(QString::number(control.Asked())));
+        QVERIFY2(control.asked <= 6 + HBLaneCount(200), qPrintable(QString::number(control.asked)));
         QCOMPARE(control.ranges, 0); // no pixel was to be changed yet
     }
 }

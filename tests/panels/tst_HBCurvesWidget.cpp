@@ -18,8 +18,6 @@ namespace {
 
 using Params = HBCurvesWidget::Params;
 
-const HBPoints Default = {{0, 0}, {255, 255}};
-
 /// With a document to pick from.
 struct Fixture : HBCurvesFixture {
     explicit Fixture(bool dialog = true, QRgb color = qRgb(80, 80, 80)) : HBCurvesFixture(dialog) {

@@ -6,14 +6,7 @@
 
 #include <KMTheme.h>
 
-namespace {
-
 using Fixture = HBCurvesFixture;
-
-const HBPoints Default = {{0, 0}, {255, 255}};
-const HBPoints Bent = {{0, 0}, {100, 120}, {255, 255}};
-
-} // namespace
 
 class tst_HBCurvesWidgetEditing : public QObject {
     Q_OBJECT

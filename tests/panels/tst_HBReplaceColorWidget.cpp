@@ -130,29 +130,6 @@ private Q_SLOTS:
             Plain(300, 300, QColor(110, 110, 110)));
     }
 
-    /// A ring on an uneven ground: the ground changes, the ring does not, nor what of the ground's colour it
-    /// encloses.
-    void productShot() {
-        const auto ground = [](int x, int y) { return qRgb(230 + (x + y) % 7, 228 + x % 5, 225 + y % 6); };
-        const auto ring = [](int x, int y) {
-            const int square = (x - 200) * (x - 200) + (y - 150) * (y - 150);
-            return square > 60 * 60 && square < 100 * 100;
-        };
-        const auto inside = [](int x, int y) { return (x - 200) * (x - 200) + (y - 150) * (y - 150) <= 60 * 60; };
-        QImage photo(400, 300, QImage::Format_ARGB32);
-        for (int y = 0; y < 300; ++y) {
-            for (int x = 0; x < 400; ++x) photo.setPixel(x, y, ring(x, y) ? qRgb(x / 2, 40, y / 2) : ground(x, y));
-        }
-        Fixture f;
-        const QImage result = f.Run({12, Panel::RightTop, QColor(0, 90, 200), 100}, photo);
-        for (int y = 0; y < 300; ++y) {
-            for (int x = 0; x < 400; ++x) {
-                const bool kept = ring(x, y) || inside(x, y);
-                QCOMPARE(result.pixel(x, y), kept ? photo.pixel(x, y) : qRgb(0, 90, 200));
-            }
-        }
-    }
-
     void smallPictures() {
         Fixture f;
         for (int position = -1; position < 5; ++position) {

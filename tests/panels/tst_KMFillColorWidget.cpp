@@ -8,16 +8,7 @@
 class tst_KMFillColorWidget : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void dialog() {
-        HBPanelFixture<KMFillColorWidget> f;
-        HBCheckColorVisits(
-            f, f.Find<QPushButton>("m_pColor"), "Select a color", HBComparingVisits(),
-            [&] { return f.panel.GetValue().color; },
-            [&](const QColor& color) {
-                f.panel.SetValue({color, 50});
-            });
-        HBCheckLostDialog<KMFillColorWidget>("m_pColor");
-    }
+    void dialog() { HBCheckColorPanel<KMFillColorWidget>(); }
 };
 
 HB_TEST_MAIN(tst_KMFillColorWidget)

@@ -27,6 +27,7 @@ QJsonObject HBDemonstrationStep(const HBAdjustment& adjustment) {
     QJsonObject step = QJsonDocument::fromJson(file.readAll()).object()["steps"].toArray()[0].toObject();
     step.remove("panel");
     // A stamp lies beside its recipe; tests have it built in, under a name that is the same on every machine.
+    Q_INIT_RESOURCE(HBTestStamp);
     for (const HBFieldInfo& field : adjustment.fields) {
         if (!field.isFile) continue;
         std::any record;
