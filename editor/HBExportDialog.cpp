@@ -32,11 +32,6 @@ constexpr char ExportQualityKey[] = "export/quality";
 constexpr char SrgbKey[] = "export/srgb";
 constexpr char ChromaKey[] = "export/chroma";
 
-bool TakesQuality(const QString& suffix)
-{
-    return suffix == "jpg" || suffix == "webp";
-}
-
 /// "jpeg" and "jpg" are one format in the list.
 QString ListedSuffix(const QString& path)
 {
@@ -253,7 +248,7 @@ void HBExportDialog::Update()
         problem = tr("The name does not end in a format that can be written.");
     m_pProblem->setText(problem);
     m_pExport->setEnabled(!path.isEmpty() && problem.isEmpty());
-    m_pQuality->parentWidget()->setEnabled(TakesQuality(Suffix()));
+    m_pQuality->parentWidget()->setEnabled(HBTakesQuality("x." + Suffix()));
     m_pChroma->setEnabled(Suffix() == "jpg");
     if (m_pSize->text().isEmpty())
         m_pSize->setText(tr("…"));

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "HBScreenshot.h"
 
+#include "HBEditorRecipes.h"
 #include "HBEditorWindow.h"
 #include "HBFilmStrip.h"
 #include "HBMessageBar.h"
+#include "HBPanelController.h"
 #include "HBPresetStrip.h"
 #include "HBSelectionTool.h"
 
@@ -70,7 +72,7 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
     if (!window->OpenPanel(*entry))
         return Fail(HBEditorWindow::tr("A panel needs a photo."));
     for (const QString& preset : options.presets) {
-        if (!window->Presets()->Import(preset))
+        if (!window->Panels()->Presets()->Import(preset))
             return Fail(window->MessageBar()->Text());
     }
     HBPanelSession* session = window->Session();
@@ -94,12 +96,13 @@ bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options
     window->show();
     if (!window->Document().IsOpen())
         return Fail(window->MessageBar()->Text());
-    if (!options.applied.isEmpty() && !window->ApplyRecipe(options.applied))
+    if (!options.applied.isEmpty() && !window->Recipes()->Apply(options.applied))
         return Fail(window->MessageBar()->Text());
     if (!ShowPanel(window, options))
         return false;
     const auto isComplete = [window] {
-        return window->FilmStrip()->IsComplete() && (!window->Presets() || window->Presets()->IsComplete());
+        return window->FilmStrip()->IsComplete() &&
+               (!window->Panels()->Presets() || window->Panels()->Presets()->IsComplete());
     };
     QElapsedTimer since;
     since.start();

@@ -8,10 +8,12 @@
 
 #include <HBEditorActions.h>
 #include <HBEditorApplication.h>
+#include <HBEditorRecipes.h>
 #include <HBEditorWindow.h>
 #include <HBExportDialog.h>
 #include <HBMessageBar.h>
 #include <HBPhotoCheck.h>
+#include <HBPhotoFiles.h>
 #include <HBRecovery.h>
 
 #include <QAbstractButton>
@@ -60,7 +62,7 @@ public:
     /// The photo and its steps, all saved.
     void Reopen() {
         HBFuzzCheck(m_Window.Open(m_Photo), "The editor does not open: " + Said());
-        HBFuzzCheck(m_Window.ApplyRecipe("Steps", {m_Steps}), "The editor does not apply: " + Said());
+        HBFuzzCheck(m_Window.Recipes()->Apply("Steps", {m_Steps}), "The editor does not apply: " + Said());
         const_cast<HBDocument&>(m_Window.Document()).SetSaved(m_Photo);
         m_Original = m_Window.Document().Original();
         m_Image = m_Window.Document().Image();
@@ -131,7 +133,7 @@ HBAttackResult Save(Bench* bench, const QString& name, HBSavedFile* file, bool i
         done = HBBytesOf(path) != file->before;
         HBFuzzCheck(document.Path() == before, "An export has become the document");
     } else {
-        done = bench->Window().SaveTo(path);
+        done = bench->Window().Files()->SaveTo(path);
     }
     const QString told = bench->ErrorUnless(done);
     file->Check(path, done, others);
@@ -159,7 +161,7 @@ HBAttackResult Open(Bench* bench, const QString& other, const QImage& right) {
 HBAttackResult Apply(Bench* bench) {
     bench->Hush();
     HBDocument& document = const_cast<HBDocument&>(bench->Window().Document());
-    const bool done = bench->Window().ApplyRecipe("Once more", {bench->Steps()});
+    const bool done = bench->Window().Recipes()->Apply("Once more", {bench->Steps()});
     const QString told = bench->ErrorUnless(done);
     const QImage applied = document.Image().ToQImage();
     if (done) document.History().undo();

@@ -164,6 +164,12 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
 
 } // namespace
 
+bool HBTakesQuality(const QString& path)
+{
+    const QByteArray format = HBFormatOfName(path);
+    return format == "jpeg" || format == "webp";
+}
+
 bool HBReadPhoto(const QString& path, HBPhoto* photo, QString* error, const std::function<bool()>& isWanted,
                  HBCutShort cutShort)
 {

@@ -46,6 +46,9 @@ struct HBPhotoOptions
     HBChroma chroma = HBChroma::ByQuality; ///< of JPEG
 };
 
+/// Whether HBPhotoOptions::quality counts for a file with this name. Any thread.
+bool HBTakesQuality(const QString& path);
+
 // Any thread, several at once. Errors name the file. Nothing is thrown.
 
 /// Reads the first picture of a file of any format that Qt's plug-ins know. Refuses what is too large for this

@@ -1157,7 +1157,7 @@
     </message>
 </context>
 <context>
-    <name>HBEditorWindow</name>
+    <name>HBEditorRecipes</name>
     <message>
         <source>Recipes</source>
         <translation>Rezepte</translation>
@@ -1165,30 +1165,6 @@
     <message>
         <source>All files</source>
         <translation>Alle Dateien</translation>
-    </message>
-    <message>
-        <source>Open Photo</source>
-        <translation>Foto öffnen</translation>
-    </message>
-    <message>
-        <source>Opening %1</source>
-        <translation>%1 wird geöffnet</translation>
-    </message>
-    <message>
-        <source>Save Photo As</source>
-        <translation>Foto speichern unter</translation>
-    </message>
-    <message>
-        <source>&amp;Quality (0 smallest, 100 best):</source>
-        <translation>&amp;Qualität (0 kleinste Datei, 100 beste):</translation>
-    </message>
-    <message>
-        <source>Saving %1</source>
-        <translation>%1 wird gespeichert</translation>
-    </message>
-    <message>
-        <source>Saved %1</source>
-        <translation>%1 ist gespeichert</translation>
     </message>
     <message>
         <source>There are no steps to save as a recipe yet.</source>
@@ -1199,6 +1175,10 @@
         <translation>Rezept speichern</translation>
     </message>
     <message>
+        <source>%1 exists already.</source>
+        <translation>%1 gibt es schon.</translation>
+    </message>
+    <message>
         <source>Recipe saved. Steps: %1</source>
         <translation>Rezept gespeichert. Schritte: %1</translation>
     </message>
@@ -1206,6 +1186,41 @@
         <source>Apply Recipe</source>
         <translation>Rezept anwenden</translation>
     </message>
+    <message>
+        <source>Open a photo first, which the recipe is to be applied to.</source>
+        <translation>Öffnen Sie zuerst ein Foto, auf das das Rezept angewendet werden soll.</translation>
+    </message>
+    <message>
+        <source>There are no steps yet that could be applied to other photos.</source>
+        <translation>Es gibt noch keine Schritte, die auf andere Fotos angewendet werden könnten.</translation>
+    </message>
+    <message>
+        <source>Steps copied: %1</source>
+        <translation>Kopierte Schritte: %1</translation>
+    </message>
+    <message>
+        <source>No steps have been copied.</source>
+        <translation>Es wurden keine Schritte kopiert.</translation>
+    </message>
+    <message>
+        <source>Pasted Steps</source>
+        <translation>Eingefügte Schritte</translation>
+    </message>
+    <message>
+        <source>Keep Recipe</source>
+        <translation>Rezept behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Replace the recipe “%1”?</source>
+        <translation>Das Rezept „%1“ ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>HBEditorWindow</name>
     <message>
         <source>Open a photo with Ctrl+O, or drop one here.</source>
         <translation>Öffnen Sie ein Foto mit Strg+O oder ziehen Sie eines hierher.</translation>
@@ -1219,24 +1234,8 @@
         <translation>Bei 100 % ist jedes Pixel des Fotos eines des Bildschirms</translation>
     </message>
     <message>
-        <source>The adjustment was stopped. The photo may not show your last change yet.</source>
-        <translation>Die Korrektur wurde angehalten. Das Foto zeigt Ihre letzte Änderung vielleicht noch nicht.</translation>
-    </message>
-    <message>
-        <source>There is not enough memory for this selection.</source>
-        <translation>Für diese Auswahl reicht der Speicher nicht.</translation>
-    </message>
-    <message>
         <source>Panel Editor</source>
         <translation>Panel Editor</translation>
-    </message>
-    <message>
-        <source>Apply the changes of “%1”?</source>
-        <translation>Die Änderungen von „%1“ anwenden?</translation>
-    </message>
-    <message>
-        <source>“%1” has changes that are not saved. Save them?</source>
-        <translation>„%1“ hat Änderungen, die nicht gespeichert sind. Speichern?</translation>
     </message>
     <message>
         <source>%1[*] – Panel Editor</source>
@@ -1271,140 +1270,8 @@
         <translation>Der Datenträger für temporäre Dateien ist voll oder nicht beschreibbar: Das Foto braucht mehr Speicher als erlaubt. Speichern Sie Ihre Arbeit.</translation>
     </message>
     <message>
-        <source>%1 exists already.</source>
-        <translation>%1 gibt es schon.</translation>
-    </message>
-    <message>
-        <source>Files like “%1” can be read only. Save the photo as another.</source>
-        <translation>Dateien wie „%1“ können nur gelesen werden. Speichern Sie das Foto unter anderem Namen.</translation>
-    </message>
-    <message>
-        <source>Save</source>
-        <translation>Speichern</translation>
-    </message>
-    <message>
-        <source>Saving over “%1” would lose for good:</source>
-        <translation>Beim Überschreiben von „%1“ ginge endgültig verloren:</translation>
-    </message>
-    <message>
-        <source>Save &amp;As…</source>
-        <translation>Speichern &amp;unter …</translation>
-    </message>
-    <message>
-        <source>Save &amp;Over It</source>
-        <translation>&amp;Überschreiben</translation>
-    </message>
-    <message>
-        <source>Looking for changes</source>
-        <translation>Änderungen werden gesucht</translation>
-    </message>
-    <message>
-        <source>Exporting %1</source>
-        <translation>%1 wird exportiert</translation>
-    </message>
-    <message>
-        <source>Exported %1</source>
-        <translation>%1 exportiert</translation>
-    </message>
-    <message>
-        <source>Steps</source>
-        <translation>Schritte</translation>
-    </message>
-    <message>
-        <source>S&amp;teps</source>
-        <translation>Sch&amp;ritte</translation>
-    </message>
-    <message>
-        <source>List what was done to the photo</source>
-        <translation>Auflisten, was mit dem Foto gemacht wurde</translation>
-    </message>
-    <message>
-        <source>The photo is being made from its steps</source>
-        <translation>Das Foto entsteht aus seinen Schritten</translation>
-    </message>
-    <message>
-        <source>Applying the steps</source>
-        <translation>Die Schritte werden angewendet</translation>
-    </message>
-    <message>
         <source>Unsaved steps cannot be kept for the case of a crash: %1</source>
         <translation>Nicht gespeicherte Schritte können für den Fall eines Absturzes nicht aufbewahrt werden: %1</translation>
-    </message>
-    <message>
-        <source>The editor did not come to its end while “%1” had steps that were not saved (%2). Restore them?</source>
-        <translation>Der Editor kam nicht zu seinem Ende, während „%1“ nicht gespeicherte Schritte hatte (%2). Sollen sie wiederhergestellt werden?</translation>
-    </message>
-    <message>
-        <source>&amp;Restore</source>
-        <translation>&amp;Wiederherstellen</translation>
-    </message>
-    <message>
-        <source>&amp;Discard</source>
-        <translation>&amp;Verwerfen</translation>
-    </message>
-    <message>
-        <source>&amp;Later</source>
-        <translation>&amp;Später</translation>
-    </message>
-    <message>
-        <source>Restored Steps</source>
-        <translation>Wiederhergestellte Schritte</translation>
-    </message>
-    <message>
-        <source>The photo was saved with other steps. Those that were restored are switched off.</source>
-        <translation>Das Foto wurde mit anderen Schritten gespeichert. Die wiederhergestellten sind ausgeschaltet.</translation>
-    </message>
-    <message>
-        <source>“%1” has changed since the steps were made.</source>
-        <translation>„%1“ hat sich geändert, seit die Schritte gemacht wurden.</translation>
-    </message>
-    <message>
-        <source>“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?</source>
-        <translation>„%1“ hat Änderungen, die nicht gespeichert sind, darunter die des offenen Panels „%2“. Alle speichern?</translation>
-    </message>
-    <message>
-        <source>There are no steps yet that could be applied to other photos.</source>
-        <translation>Es gibt noch keine Schritte, die auf andere Fotos angewendet werden könnten.</translation>
-    </message>
-    <message>
-        <source>Steps copied: %1</source>
-        <translation>Kopierte Schritte: %1</translation>
-    </message>
-    <message>
-        <source>No steps have been copied.</source>
-        <translation>Es wurden keine Schritte kopiert.</translation>
-    </message>
-    <message>
-        <source>Pasted Steps</source>
-        <translation>Eingefügte Schritte</translation>
-    </message>
-    <message>
-        <source>Keep Recipe</source>
-        <translation>Rezept behalten</translation>
-    </message>
-    <message>
-        <source>&amp;Name:</source>
-        <translation>&amp;Name:</translation>
-    </message>
-    <message>
-        <source>Replace the recipe “%1”?</source>
-        <translation>Das Rezept „%1“ ersetzen?</translation>
-    </message>
-    <message>
-        <source>Open a photo first, which the recipe is to be applied to.</source>
-        <translation>Öffnen Sie zuerst ein Foto, auf das das Rezept angewendet werden soll.</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Take back the change of the steps that takes so long</source>
-        <translation>Die Änderung der Schritte, die so lange dauert, zurücknehmen</translation>
-    </message>
-    <message>
-        <source>“%1” had not been applied yet. It is restored as if it had been; Undo takes it back.</source>
-        <translation>„%1“ war noch nicht angewendet. Es ist wiederhergestellt, als wäre es das gewesen; Rückgängig nimmt es zurück.</translation>
     </message>
 </context>
 <context>
@@ -1627,6 +1494,45 @@
     </message>
 </context>
 <context>
+    <name>HBOfferLostSteps</name>
+    <message>
+        <source>Restored Steps</source>
+        <translation>Wiederhergestellte Schritte</translation>
+    </message>
+    <message>
+        <source>The photo was saved with other steps. Those that were restored are switched off.</source>
+        <translation>Das Foto wurde mit anderen Schritten gespeichert. Die wiederhergestellten sind ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since the steps were made.</source>
+        <translation>„%1“ hat sich geändert, seit die Schritte gemacht wurden.</translation>
+    </message>
+    <message>
+        <source>“%1” had not been applied yet. It is restored as if it had been; Undo takes it back.</source>
+        <translation>„%1“ war noch nicht angewendet. Es ist wiederhergestellt, als wäre es das gewesen; Rückgängig nimmt es zurück.</translation>
+    </message>
+    <message>
+        <source>Panel Editor</source>
+        <translation>Panel Editor</translation>
+    </message>
+    <message>
+        <source>The editor did not come to its end while “%1” had steps that were not saved (%2). Restore them?</source>
+        <translation>Der Editor kam nicht zu seinem Ende, während „%1“ nicht gespeicherte Schritte hatte (%2). Sollen sie wiederhergestellt werden?</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+</context>
+<context>
     <name>HBOperationProgressDlg</name>
     <message>
         <source>Please wait</source>
@@ -1674,6 +1580,29 @@
     <message>
         <source>The font %1 cannot draw this text</source>
         <translation>Die Schrift %1 kann diesen Text nicht darstellen</translation>
+    </message>
+</context>
+<context>
+    <name>HBPanelController</name>
+    <message>
+        <source>The adjustment was stopped. The photo may not show your last change yet.</source>
+        <translation>Die Korrektur wurde angehalten. Das Foto zeigt Ihre letzte Änderung vielleicht noch nicht.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for this selection.</source>
+        <translation>Für diese Auswahl reicht der Speicher nicht.</translation>
+    </message>
+    <message>
+        <source>Looking for changes</source>
+        <translation>Änderungen werden gesucht</translation>
+    </message>
+    <message>
+        <source>Panel Editor</source>
+        <translation>Panel Editor</translation>
+    </message>
+    <message>
+        <source>Apply the changes of “%1”?</source>
+        <translation>Die Änderungen von „%1“ anwenden?</translation>
     </message>
 </context>
 <context>
@@ -1857,6 +1786,73 @@
     <message>
         <source>the picture is no longer gray; its profile for gray was left out</source>
         <translation>das Bild ist nicht mehr grau; sein Profil für Grau wurde weggelassen</translation>
+    </message>
+</context>
+<context>
+    <name>HBPhotoFiles</name>
+    <message>
+        <source>Open Photo</source>
+        <translation>Foto öffnen</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not saved, those of the open panel “%2” among them. Save them all?</source>
+        <translation>„%1“ hat Änderungen, die nicht gespeichert sind, darunter die des offenen Panels „%2“. Alle speichern?</translation>
+    </message>
+    <message>
+        <source>“%1” has changes that are not saved. Save them?</source>
+        <translation>„%1“ hat Änderungen, die nicht gespeichert sind. Speichern?</translation>
+    </message>
+    <message>
+        <source>Panel Editor</source>
+        <translation>Panel Editor</translation>
+    </message>
+    <message>
+        <source>Files like “%1” can be read only. Save the photo as another.</source>
+        <translation>Dateien wie „%1“ können nur gelesen werden. Speichern Sie das Foto unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Saving over “%1” would lose for good:</source>
+        <translation>Beim Überschreiben von „%1“ ginge endgültig verloren:</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>Save &amp;Over It</source>
+        <translation>&amp;Überschreiben</translation>
+    </message>
+    <message>
+        <source>Save Photo As</source>
+        <translation>Foto speichern unter</translation>
+    </message>
+    <message>
+        <source>&amp;Quality (0 smallest, 100 best):</source>
+        <translation>&amp;Qualität (0 kleinste Datei, 100 beste):</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>%1 wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 ist gespeichert</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>%1 wird exportiert</translation>
+    </message>
+    <message>
+        <source>Exported %1</source>
+        <translation>%1 exportiert</translation>
     </message>
 </context>
 <context>
@@ -2510,6 +2506,21 @@
     </message>
 </context>
 <context>
+    <name>HBStackProgress</name>
+    <message>
+        <source>The photo is being made from its steps</source>
+        <translation>Das Foto entsteht aus seinen Schritten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Take back the change of the steps that takes so long</source>
+        <translation>Die Änderung der Schritte, die so lange dauert, zurücknehmen</translation>
+    </message>
+</context>
+<context>
     <name>HBStepList</name>
     <message>
         <source>%1 %</source>
@@ -2570,6 +2581,21 @@
     <message>
         <source>&amp;Delete</source>
         <translation>&amp;Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>HBStepsDock</name>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>S&amp;teps</source>
+        <translation>Sch&amp;ritte</translation>
+    </message>
+    <message>
+        <source>List what was done to the photo</source>
+        <translation>Auflisten, was mit dem Foto gemacht wurde</translation>
     </message>
 </context>
 <context>
@@ -2714,6 +2740,13 @@
     <message>
         <source>Color profiles</source>
         <translation>Farbprofile</translation>
+    </message>
+</context>
+<context>
+    <name>HBWaitForSteps</name>
+    <message>
+        <source>Applying the steps</source>
+        <translation>Die Schritte werden angewendet</translation>
     </message>
 </context>
 <context>

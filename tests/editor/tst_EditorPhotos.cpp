@@ -13,6 +13,7 @@
 #include <HBFilmStrip.h>
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
+#include <HBPanelController.h>
 #include <HBPresetStrip.h>
 #include <HBRecipeDialog.h>
 #include <HBThumbnail.h>
@@ -170,7 +171,7 @@ private Q_SLOTS:
         QVERIFY(window.Open(m_A));
         Brighten(&window, 30); // and so there is a last use
         QVERIFY(window.OpenPanel(*HBFindPanel("HBBrightnessContrastWidget")));
-        HBPresetStrip* strip = window.Presets();
+        HBPresetStrip* strip = window.Panels()->Presets();
         auto* spin = window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
         auto* list = strip->findChild<QListWidget*>("presets");
         const auto titles = [&] {

@@ -6,11 +6,14 @@
 #include <HBAdjustmentWidget.h>
 #include <HBBusyDialog.h>
 #include <HBEditorActions.h>
+#include <HBEditorRecipes.h>
 #include <HBEditorWindow.h>
 #include <HBHueSaturation.h>
 #include <HBLevels.h>
 #include <HBMessageBar.h>
 #include <HBPanelCatalog.h>
+#include <HBPanelController.h>
+#include <HBPhotoFiles.h>
 #include <HBRecovery.h>
 #include <HBSelectionTool.h>
 #include <HBStepList.h>
@@ -134,9 +137,9 @@ private Q_SLOTS:
         QVERIFY(window.Document().Recipe().steps.isEmpty());
         QVERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(0, 0, 100));
         QVERIFY(!window.isWindowModified());
-        QVERIFY(window.ApplyRecipe(recipe));
+        QVERIFY(window.Recipes()->Apply(recipe));
         QCOMPARE(window.Document().Image().ToQImage(), adjusted);
-        QVERIFY(!window.ApplyRecipe(Photo("norecipe.png")));
+        QVERIFY(!window.Recipes()->Apply(Photo("norecipe.png")));
         QVERIFY(window.MessageBar()->Text().contains("norecipe.png"));
     }
 
@@ -182,7 +185,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!window.Session());
         QCOMPARE(window.Document().History().count(), 3);       // with the selection between them
         window.StepList()->findChild<QSlider*>()->setValue(50); // which counts while it is open, too
-        QVERIFY(window.OpenStep(0));
+        QVERIFY(window.Panels()->OpenStep(0));
         QTRY_VERIFY(window.View()->Picture().PixelAt(0, 0) == HBRGBA32i(25, 25, 125));
         Apply(window, 80);
         QCOMPARE(window.Document().StepCount(), 2);
@@ -297,7 +300,7 @@ private Q_SLOTS:
             QCOMPARE(window.Document().StepCount(), 0);
         }
         window.Actions()->redo->trigger();
-        QVERIFY(window.OpenStep(0) && shape == Corner().Inverted());
+        QVERIFY(window.Panels()->OpenStep(0) && shape == Corner().Inverted());
         window.SelectionTool()->SelectAll();
         QTRY_VERIFY(undo->isEnabled());
         undo->trigger();
@@ -406,7 +409,7 @@ private Q_SLOTS:
             QTRY_VERIFY(isKept());
             Q_EMIT window.Session()->Panel()->Ok();
             QTRY_VERIFY(!window.Session());
-            QVERIFY(window.OpenStep(0));
+            QVERIFY(window.Panels()->OpenStep(0));
             Brightness(window)->setValue(70);
             QTest::qWait(350); // a gesture's end
             QVERIFY(QFile::copy(kept(), m_Folder.filePath("open.json")));
@@ -442,11 +445,11 @@ private Q_SLOTS:
         OpenWithPanel(&window);
         Apply(window, 50);
         QVERIFY(window.Actions()->save->isEnabled());
-        QVERIFY(!window.SaveTo(m_Folder.filePath("nowhere/b.png")));
+        QVERIFY(!window.Files()->SaveTo(m_Folder.filePath("nowhere/b.png")));
         QVERIFY(window.MessageBar()->Text().contains("nowhere/b.png"));
         QVERIFY(window.Document().IsModified());
         QCOMPARE(window.Document().FileName(), QString("a.png"));
-        QVERIFY(window.SaveTo(m_Folder.filePath("b.png")));
+        QVERIFY(window.Files()->SaveTo(m_Folder.filePath("b.png")));
         QVERIFY(!window.Document().IsModified());
         QVERIFY(!window.Actions()->save->isEnabled());
         QCOMPARE(QImage(m_Folder.filePath("b.png")).pixel(0, 0), qRgb(50, 50, 150));
@@ -694,7 +697,7 @@ private Q_SLOTS:
         QString error;
         QVERIFY(steps.Save(recipe, &error));
         QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-        QVERIFY(!window.ApplyRecipe(recipe));
+        QVERIFY(!window.Recipes()->Apply(recipe));
         QVERIFY(!window.Document().IsModified());
         QCOMPARE(window.MessageBar()->Text(), QString());
     }
@@ -706,7 +709,7 @@ private Q_SLOTS:
         const HBAdjustment& hue = *HBFindAdjustment("HBHueSaturationWidget");
         HBRecipe steps;
         steps.steps.fill(HBStepOf(hue, HBHueSaturationParams{100, 20, 0, false}), 3);
-        QVERIFY(window.ApplyRecipe("three", steps));
+        QVERIFY(window.Recipes()->Apply("three", steps));
         auto& document = const_cast<HBDocument&>(window.Document());
         const auto before = document.AllSteps();
         for (const bool isLong : {true, false}) {
@@ -717,7 +720,7 @@ private Q_SLOTS:
             if (isLong) {
                 QTimer::singleShot(0, qApp,
                                    [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-                QVERIFY(!window.SaveTo(m_Folder.filePath("stopped.png")));
+                QVERIFY(!window.Files()->SaveTo(m_Folder.filePath("stopped.png")));
                 QVERIFY(!QFile::exists(m_Folder.filePath("stopped.png")));
             }
             document.GiveUp();
@@ -727,7 +730,7 @@ private Q_SLOTS:
         }
         // Not the step of an open panel, which would then change another.
         document.Remove(0);
-        QVERIFY(window.OpenStep(1));
+        QVERIFY(window.Panels()->OpenStep(1));
         const auto* giveUp = window.statusBar()->findChild<QToolButton*>();
         QVERIFY(!giveUp->isEnabled());
         window.Session()->Reject();

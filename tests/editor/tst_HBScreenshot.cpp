@@ -6,6 +6,7 @@
 #include <HBAdjustmentWidget.h>
 #include <HBEditorActions.h>
 #include <HBEditorWindow.h>
+#include <HBPanelController.h>
 #include <HBPanelSession.h>
 #include <HBPresetStrip.h>
 #include <HBScreenshot.h>
@@ -34,7 +35,7 @@ private Q_SLOTS:
             QVERIFY(HBTakeScreenshot(&window,
                                      {file, "HBBrightnessContrastWidget", recipe, {900, 600}, recipe, {recipe}}));
             QCOMPARE(window.Document().StepCount(), 1);
-            QCOMPARE(window.Presets()->Presets().Names(), QStringList("HBBrightnessContrastWidget"));
+            QCOMPARE(window.Panels()->Presets()->Presets().Names(), QStringList("HBBrightnessContrastWidget"));
             const auto* box = window.Session()->Panel()->findChild<QSpinBox*>("m_pBrightnessSpin");
             QCOMPARE(box->value(), 18); // of the recipe
             const QImage picture(file);

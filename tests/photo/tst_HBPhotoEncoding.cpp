@@ -146,6 +146,19 @@ private Q_SLOTS:
         }
     }
 
+    void qualityCountsWhereItIsSaidTo() {
+        const HBImage<> image = HBImage<>::FromQImage(Confetti(64, 48));
+        for (const QByteArray& format : QImageWriter::supportedImageFormats()) {
+            const QString path = QString("a.") + format;
+            QString error;
+            QByteArray low, high;
+            if (!HBEncodePhoto(path, image, {10}, &low, &error)) continue; // not a format of photographs
+            QVERIFY2(HBEncodePhoto(path.toUpper(), image, {90}, &high, &error), qPrintable(error));
+            QVERIFY2((low != high) == HBTakesQuality(path.toUpper()), qPrintable(path));
+        }
+        QVERIFY(HBTakesQuality("a.jpg") && HBTakesQuality("a.webp") && !HBTakesQuality("jpg"));
+    }
+
     void webpIsSavedAsItWas() {
         for (const int quality : {0, 10, 40, 75, 90, 98, 100}) {
             QVERIFY(HBWriteBytes(Path("a.webp"), ByQt("webp", quality)));
