@@ -58,8 +58,10 @@ public:
 
     void SetProcessingBuffer(HBRGBA32i* pixels) { m_pPixels = pixels; }
     void operator()(int first, int count) const {
-        m_pGate->Pass();
-        if (m_OnTile) m_OnTile();
+        if (first == 0) { // of the tile's runs
+            m_pGate->Pass();
+            if (m_OnTile) m_OnTile();
+        }
         for (HBRGBA32i* pixel = m_pPixels + first; pixel != m_pPixels + first + count; ++pixel)
             *pixel = HBRGBA32i::FromRgba(pixel->ToRgba() ^ 0xFFFFFF);
     }
