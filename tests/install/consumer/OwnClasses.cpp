@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// Classes of the program whose names the panels' host uses too, with another layout.
+// What a program may have of its own: classes whose names the panels' host uses too, with another layout, and
+// the functions that rcc makes of a theme.qrc.
 #include <QGraphicsObject>
 #include <QWidget>
 
@@ -31,3 +32,7 @@ public:
 ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent) {
     qFatal("A panel has made the program's ControlNode");
 }
+
+int qInitResources_theme() { return 1; }
+
+int qCleanupResources_theme() { return 1; }
