@@ -3,7 +3,7 @@
 #include "HBSelectionImage.h"
 
 #include <HBQtImage.h>
-#include <HBSelectionBlender.h>
+#include <HBSelectionArea.h>
 
 #include <QCoreApplication>
 
