@@ -18,8 +18,8 @@ class HBAmountJob;
 class HBOverlayFrame;
 class HBOverlayJob;
 class HBPickSurface;
+class HBSessionSight;
 class HBSessionWait;
-class HBSightJob;
 class KMDocumentView;
 class QGraphicsView;
 
@@ -158,10 +158,6 @@ private:
     void ListenToView(KMDocumentView* view);
     void TellPicking();
 
-    bool LookAtSight();
-    void OnSightReady(const HBImage<>& sight, const QRect& area, int level);
-    void EndSight();
-
     void AdvanceSoon();
     void Advance();
     void TellBusy();
@@ -176,7 +172,7 @@ private:
     QPointer<HBOverlayFrame> m_pOverlayFrame; ///< around the panel of an overlay
     HBOverlayJob* m_pOverlayJob = nullptr;    ///< of a panel without a job of its own
     HBAmountJob* m_pAmountJob = nullptr;      ///< if not all of what the panel does is left
-    HBSightJob* m_pSightJob = nullptr;        ///< once something is in sight
+    HBSessionSight* m_pSight = nullptr;       ///< once something is in sight
     HBSessionWait* m_pWait;                   ///< for the final image
     QPointer<HBPickSurface> m_pOwnSurface;
     QPointer<KMDocumentView> m_pView;
@@ -193,14 +189,9 @@ private:
     bool m_Busy = false;
     bool m_Picking = false;
     bool m_AdvanceSoon = false;
-    bool m_Outdated = false;      ///< the running job does not know the last change
-    bool m_GivenUpOne = false;    ///< and the one before was given up for that
-    bool m_SightOutdated = false; ///< the sight's job does not know the last change
-    bool m_FollowsSight = false;  ///< the present record can be made of what is in sight alone
-    bool m_SightShown = false;
-    QRect m_SightArea;
-    double m_SightZoom = 1;
-    bool m_Stopped = false; ///< no job before something changes: the last failed, or the user gave it up
+    bool m_Outdated = false;   ///< the running job does not know the last change
+    bool m_GivenUpOne = false; ///< and the one before was given up for that
+    bool m_Stopped = false;    ///< no job before something changes: the last failed, or the user gave it up
     bool m_Finishing = false;
     bool m_WaitCancelled = false;
     bool m_Over = false;
