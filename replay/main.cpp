@@ -15,7 +15,7 @@
 #include "HBReplayOptions.h"
 #include "HBReplaySheet.h"
 
-#include <HBTranslation.h>
+#include <HBInstallTranslations.h>
 #include <KMTheme.h>
 
 #include <QDir>
