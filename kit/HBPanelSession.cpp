@@ -7,13 +7,12 @@
 #include "HBOverlayJob.h"
 #include "HBPanelManners.h"
 #include "HBPanelSetupOnce.h"
-#include "HBPickSurface.h"
+#include "HBSessionPicking.h"
 #include "HBSessionSight.h"
 #include "HBSessionWait.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBChangedTiles.h>
-#include <KMDocumentView.h>
 
 namespace
 {
@@ -38,6 +37,8 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, QObject* parent, HBPan
     // Some panels listen to their controls only once they have been given values.
     entry.set(*m_pPanel, entry.get(*m_pPanel));
     new HBPanelManners(entry, m_pPanel);
+    m_pPicking = new HBSessionPicking(m_pPanel, this);
+    connect(m_pPicking, &HBSessionPicking::Changed, this, &HBPanelSession::PickingChanged);
     if (entry.draw) {
         m_pOverlayJob = new HBOverlayJob(
             *entry.adjustment, [this] { return m_pPanel ? m_Entry.get(*m_pPanel) : std::any(); }, this);
@@ -153,45 +154,17 @@ void HBPanelSession::SetSight(const QRect& area, double zoom)
 
 void HBPanelSession::SetView(QGraphicsView* view)
 {
-    auto* document = qobject_cast<KMDocumentView*>(view);
-    if (view && !document) {
-        auto* surface = new HBPickSurface(view, this);
-        SetSurface(surface);
-        m_pOwnSurface = surface;
-        return;
-    }
-    ListenToView(document);
-    delete m_pOwnSurface;
+    m_pPicking->SetView(view);
 }
 
 void HBPanelSession::SetSurface(HBPickSurface* surface)
 {
-    ListenToView(surface ? surface->View() : nullptr);
-    delete m_pOwnSurface; // the panel has let go of it
+    m_pPicking->SetSurface(surface);
 }
 
-void HBPanelSession::ListenToView(KMDocumentView* view)
+bool HBPanelSession::IsPicking() const
 {
-    if (m_pPanel)
-        m_pPanel->SetView(view); // ends a pick from the view before
-    if (m_pView)
-        m_pView->disconnect(this);
-    m_pView = view;
-    if (view) {
-        connect(view, &KMDocumentView::OverrideCursorChanged, this, &HBPanelSession::TellPicking);
-        connect(view, &QObject::destroyed, this, [this] {
-            m_pView = nullptr; // it is no view any more, and cannot be asked
-            TellPicking();
-        });
-    }
-    TellPicking();
-}
-
-void HBPanelSession::TellPicking()
-{
-    const bool picking = m_pView && m_pView->HasOverrideCursor();
-    if (picking != m_Picking)
-        Q_EMIT PickingChanged(m_Picking = picking);
+    return m_pPicking->IsPicking();
 }
 
 // ---- Values ----
