@@ -5,7 +5,7 @@
 # the second, or whatever package the panels were built against. For Qt 6: AdjustmentPanelsQt6, AdjustmentPanelsQt6Host.
 include(CMakePackageConfigHelpers)
 
-set(ADJUSTMENT_PANELS_HOST_DEPENDENCY ${ADJUSTMENT_PANELS_NAME}Host)
+set(ADJUSTMENT_PANELS_HOST_DEPENDENCY "${ADJUSTMENT_PANELS_NAME}Host ${PROJECT_VERSION}") # another's has versions of its own
 set(ADJUSTMENT_PANELS_IMAGING_DEPENDENCY "")
 if(NOT ADJUSTMENT_PANELS_HAS_HOST)
     set(ADJUSTMENT_PANELS_HOST_DEPENDENCY ${ADJUSTMENT_PANELS_HOST_PACKAGE})

@@ -8,153 +8,109 @@
 #include <QPainterPath>
 #include <QPalette>
 #include <QPixmap>
+#include <QStringList>
+
+#include <iterator>
 
 namespace
 {
 
-// All shapes lie in a square of 16.
+// All shapes lie in a square of 16, and are read as paths of SVG are, with blanks between all words: M moves to a
+// point, L draws lines through points, Q and C curves. Besides, by left, top, width and height: R a rectangle, E
+// an ellipse, A an arc of one, with the angle it begins at and its length.
+constexpr const char* Shapes[] = {
+    /* Open */ "M 2 12.5 L 2 3.5 6 3.5 7.5 5.5 12.5 5.5 12.5 7.5 4.5 7.5 2 12.5 12 12.5 14.5 7.5 12.5 7.5",
+    /* Save */ "M 8 2 L 8 9.5 M 4.5 6.5 L 8 10 11.5 6.5 M 2.5 10 L 2.5 13.5 13.5 13.5 13.5 10",
+    /* Undo */ "M 6 2 L 2.5 5.5 6 9 M 2.5 5.5 L 10 5.5 A 6.5 5.5 7 7 90 -180 L 6 12.5",
+    /* Redo */ "M 10 2 L 13.5 5.5 10 9 M 13.5 5.5 L 6 5.5 A 2.5 5.5 7 7 90 180 L 10 12.5",
+    /* Hand */ "M 4 2 L 4 13 6.8 10.2 8.6 14.2 10.4 13.4 8.6 9.5 12.4 9.4 4 2",
+    /* Rectangle */ "R 2.5 3.5 11 9",
+    /* Ellipse */ "E 1.8 3 12.4 10",
+    /* Lasso */ "E 1.8 1.8 12.4 8.4 M 5 9.8 C 2.5 11 6.5 12 4.5 14.5",
+    /* Gradient */
+    "R 2.5 2.5 11 11 M 4.2 4.2 L 11.8 4.2 M 4.2 5.6 L 11.8 5.6 M 4.2 7.4 L 11.8 7.4 M 4.2 9.8 L 11.8 9.8",
+    /* Color, a wand */
+    "M 2.5 13.5 L 9 7 M 6.5 5.5 L 8.7 5.5 M 14.5 5.5 L 12.3 5.5 M 10.5 1.5 L 10.5 3.7 M 10.5 9.5 L 10.5 7.3 "
+    "M 7.7 2.7 L 9.24 4.24 M 13.3 8.3 L 11.76 6.76 M 7.7 8.3 L 9.24 6.76 M 13.3 2.7 L 11.76 4.24",
+    /* Move */
+    "M 8 1.5 L 8 14.5 M 1.5 8 L 14.5 8 M 6 3.5 L 8 1.5 10 3.5 M 3.5 6 L 1.5 8 3.5 10 M 6 12.5 L 8 14.5 10 12.5 "
+    "M 12.5 6 L 14.5 8 12.5 10",
+    /* NewSelection */ "R 4 4 8 8",
+    /* Add */ "R 2 2 8 8 R 6 6 8 8",
+    /* Subtract */ "R 2 2 8 8 R 6 6 8 8",
+    /* Intersect */ "R 2 2 8 8 R 6 6 8 8",
+    /* Split */ "R 2 3 12 10 M 8 1 L 8 15",
+    /* Before */ "M 1.5 8 Q 8 0.5 14.5 8 Q 8 15.5 1.5 8 E 5.8 5.8 4.4 4.4",
+    /* Fit */
+    "M 6.5 2.5 L 2.5 2.5 2.5 6.5 M 9.5 2.5 L 13.5 2.5 13.5 6.5 M 9.5 13.5 L 13.5 13.5 13.5 9.5 "
+    "M 6.5 13.5 L 2.5 13.5 2.5 9.5 R 5.5 6 5 4",
+    /* Actual */
+    "M 2.5 5 L 4.5 3.5 4.5 12.5 M 10.5 5 L 12.5 3.5 12.5 12.5 E 7.8 5.6 0.8 0.8 E 7.8 9.6 0.8 0.8",
+};
+static_assert(std::size(Shapes) == std::size_t(HBEditorIcon::Actual) + 1, "one for each icon, in their order");
 
-QPainterPath Polyline(const QVector<QPointF>& points)
+QPainterPath Shape(HBEditorIcon icon)
 {
+    const QStringList words = QString::fromLatin1(Shapes[std::size_t(icon)]).split(' ');
+    int at = 0;
+    const auto number = [&] { return words.at(at++).toDouble(); };
+    const auto point = [&] {
+        const double x = number();
+        return QPointF(x, number());
+    };
+    const auto rectangle = [&] {
+        const QPointF corner = point();
+        const QPointF size = point();
+        return QRectF(corner, QSizeF(size.x(), size.y()));
+    };
     QPainterPath path;
-    path.addPolygon(QPolygonF(points));
-    return path;
-}
-
-/// An arrow that turns back to the left.
-QPainterPath BackArrow()
-{
-    QPainterPath path = Polyline({{6, 2}, {2.5, 5.5}, {6, 9}});
-    path.moveTo(2.5, 5.5);
-    path.lineTo(10, 5.5);
-    path.arcTo(QRectF(6.5, 5.5, 7, 7), 90, -180);
-    path.lineTo(6, 12.5);
-    return path;
-}
-
-QPainterPath Corners()
-{
-    QPainterPath path;
-    for (const QPointF d : {QPointF(-1, -1), QPointF(1, -1), QPointF(1, 1), QPointF(-1, 1)}) {
-        const QPointF corner = QPointF(8, 8) + 5.5 * d;
-        path.addPath(Polyline({corner - QPointF(4 * d.x(), 0), corner, corner - QPointF(0, 4 * d.y())}));
+    while (at < words.size()) {
+        const char kind = words.at(at++).at(0).toLatin1();
+        if (kind == 'M') {
+            path.moveTo(point());
+        } else if (kind == 'L') {
+            while (at < words.size() && !words.at(at).at(0).isUpper())
+                path.lineTo(point());
+        } else if (kind == 'Q') {
+            const QPointF control = point();
+            path.quadTo(control, point());
+        } else if (kind == 'C') {
+            const QPointF first = point();
+            const QPointF second = point();
+            path.cubicTo(first, second, point());
+        } else if (kind == 'R') {
+            path.addRect(rectangle());
+        } else if (kind == 'E') {
+            path.addEllipse(rectangle());
+        } else if (kind == 'A') {
+            const QRectF area = rectangle();
+            const double begin = number();
+            path.arcTo(area, begin, number());
+        }
     }
-    path.addRect(5.5, 6, 5, 4);
-    return path;
-}
-
-QPainterPath Square(double at)
-{
-    QPainterPath path;
-    path.addRect(at, at, 8, 8);
     return path;
 }
 
 /// What the modes of selections leave of two squares.
 QPainterPath Filled(HBEditorIcon icon)
 {
+    const auto square = [](double at) {
+        QPainterPath path;
+        path.addRect(at, at, 8, 8);
+        return path;
+    };
     switch (icon) {
     case HBEditorIcon::NewSelection:
-        return Square(4);
+        return square(4);
     case HBEditorIcon::Add:
-        return Square(2).united(Square(6));
+        return square(2).united(square(6));
     case HBEditorIcon::Subtract:
-        return Square(2).subtracted(Square(6));
+        return square(2).subtracted(square(6));
     case HBEditorIcon::Intersect:
-        return Square(2).intersected(Square(6));
+        return square(2).intersected(square(6));
     default:
         return {};
     }
-}
-
-QPainterPath Shape(HBEditorIcon icon)
-{
-    QPainterPath path;
-    switch (icon) {
-    case HBEditorIcon::Open:
-        return Polyline({{2, 12.5},
-                         {2, 3.5},
-                         {6, 3.5},
-                         {7.5, 5.5},
-                         {12.5, 5.5},
-                         {12.5, 7.5},
-                         {4.5, 7.5},
-                         {2, 12.5},
-                         {12, 12.5},
-                         {14.5, 7.5},
-                         {12.5, 7.5}});
-    case HBEditorIcon::Save:
-        path = Polyline({{8, 2}, {8, 9.5}});
-        path.addPath(Polyline({{4.5, 6.5}, {8, 10}, {11.5, 6.5}}));
-        path.addPath(Polyline({{2.5, 10}, {2.5, 13.5}, {13.5, 13.5}, {13.5, 10}}));
-        return path;
-    case HBEditorIcon::Undo:
-        return BackArrow();
-    case HBEditorIcon::Redo:
-        return QTransform(-1, 0, 0, 1, 16, 0).map(BackArrow());
-    case HBEditorIcon::Hand:
-        return Polyline(
-            {{4, 2}, {4, 13}, {6.8, 10.2}, {8.6, 14.2}, {10.4, 13.4}, {8.6, 9.5}, {12.4, 9.4}, {4, 2}});
-    case HBEditorIcon::Rectangle:
-        path.addRect(2.5, 3.5, 11, 9);
-        return path;
-    case HBEditorIcon::Ellipse:
-        path.addEllipse(QRectF(1.8, 3, 12.4, 10));
-        return path;
-    case HBEditorIcon::Lasso:
-        path.addEllipse(QRectF(1.8, 1.8, 12.4, 8.4));
-        path.moveTo(5, 9.8);
-        path.cubicTo(2.5, 11, 6.5, 12, 4.5, 14.5);
-        return path;
-    case HBEditorIcon::Gradient:
-        path.addRect(2.5, 2.5, 11, 11);
-        for (const double y : {4.2, 5.6, 7.4, 9.8})
-            path.addPath(Polyline({{4.2, y}, {11.8, y}}));
-        return path;
-    case HBEditorIcon::Color: // a wand
-        path = Polyline({{2.5, 13.5}, {9, 7}});
-        for (const QPointF d : {QPointF(1, 0), QPointF(0, 1), QPointF(0.7, 0.7), QPointF(0.7, -0.7)}) {
-            path.addPath(Polyline({QPointF(10.5, 5.5) - 4 * d, QPointF(10.5, 5.5) - 1.8 * d}));
-            path.addPath(Polyline({QPointF(10.5, 5.5) + 4 * d, QPointF(10.5, 5.5) + 1.8 * d}));
-        }
-        return path;
-    case HBEditorIcon::Move:
-        path = Polyline({{8, 1.5}, {8, 14.5}});
-        path.addPath(Polyline({{1.5, 8}, {14.5, 8}}));
-        for (const double d : {-1.0, 1.0}) {
-            path.addPath(Polyline({{6, 8 + 4.5 * d}, {8, 8 + 6.5 * d}, {10, 8 + 4.5 * d}}));
-            path.addPath(Polyline({{8 + 4.5 * d, 6}, {8 + 6.5 * d, 8}, {8 + 4.5 * d, 10}}));
-        }
-        return path;
-    case HBEditorIcon::NewSelection:
-        return Square(4);
-    case HBEditorIcon::Add:
-    case HBEditorIcon::Subtract:
-    case HBEditorIcon::Intersect:
-        path = Square(2);
-        path.addPath(Square(6));
-        return path;
-    case HBEditorIcon::Split:
-        path.addRect(2, 3, 12, 10);
-        path.moveTo(8, 1);
-        path.lineTo(8, 15);
-        return path;
-    case HBEditorIcon::Before:
-        path.moveTo(1.5, 8);
-        path.quadTo(8, 0.5, 14.5, 8);
-        path.quadTo(8, 15.5, 1.5, 8);
-        path.addEllipse(QPointF(8, 8), 2.2, 2.2);
-        return path;
-    case HBEditorIcon::Fit:
-        return Corners();
-    case HBEditorIcon::Actual:
-        path = Polyline({{2.5, 5}, {4.5, 3.5}, {4.5, 12.5}});
-        path.addPath(Polyline({{10.5, 5}, {12.5, 3.5}, {12.5, 12.5}}));
-        path.addEllipse(QPointF(8.2, 6), 0.4, 0.4);
-        path.addEllipse(QPointF(8.2, 10), 0.4, 0.4);
-        return path;
-    }
-    return path;
 }
 
 class IconEngine : public QIconEngine

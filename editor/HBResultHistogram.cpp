@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HBResultHistogram.h"
 
+#include <HBHistogramShape.h>
 #include <HBIsDark.h>
-#include <HistogramShape.h>
 
 #include <QPainter>
 #include <QPainterPath>
@@ -16,15 +16,15 @@ namespace
 
 constexpr int Channels = 3;
 
-HistogramShape::Levels LevelsOf(const HistogramWidget& counter, int channel)
+HBHistogramShape::Levels LevelsOf(const HistogramWidget& counter, int channel)
 {
-    HistogramShape::Levels levels{};
+    HBHistogramShape::Levels levels{};
     for (int level = 0; level < 256; ++level)
         levels[size_t(level)] = counter.GetCount(channel, level);
     return levels;
 }
 
-QPainterPath Outline(const HistogramShape& shape, const QRectF& area)
+QPainterPath Outline(const HBHistogramShape& shape, const QRectF& area)
 {
     QPainterPath path(area.bottomLeft());
     for (int level = 0; level < 256; ++level)
@@ -95,19 +95,19 @@ void HBResultHistogram::paintEvent(QPaintEvent*)
     faint.setAlphaF(0.13);
     // Both under one ceiling, or they could not be compared.
     double ceiling = 1;
-    HistogramShape::Levels source[Channels];
-    HistogramShape::Levels result[Channels];
+    HBHistogramShape::Levels source[Channels];
+    HBHistogramShape::Levels result[Channels];
     for (int channel = 0; channel < Channels; ++channel) {
         source[channel] = LevelsOf(*m_Source.counter, channel);
         result[channel] = LevelsOf(*m_Result.counter, channel);
         ceiling = std::max(
-            {ceiling, HistogramShape::Ceiling(source[channel]), HistogramShape::Ceiling(result[channel])});
+            {ceiling, HBHistogramShape::Ceiling(source[channel]), HBHistogramShape::Ceiling(result[channel])});
     }
     for (const auto& levels : source)
-        painter.fillPath(Outline(HistogramShape::Of(levels, ceiling), area), faint);
+        painter.fillPath(Outline(HBHistogramShape::Of(levels, ceiling), area), faint);
     painter.setBrush(Qt::NoBrush);
     for (int channel = 0; channel < Channels; ++channel) {
         painter.setPen(QPen(lines[channel], 1.25));
-        painter.drawPath(Outline(HistogramShape::Of(result[channel], ceiling), area));
+        painter.drawPath(Outline(HBHistogramShape::Of(result[channel], ceiling), area));
     }
 }

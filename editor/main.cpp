@@ -8,8 +8,8 @@
 #include "HBScreenshot.h"
 #include "HBTileWarnings.h"
 
+#include <HBInstallTranslations.h>
 #include <HBPanelSetup.h>
-#include <HBTranslation.h>
 #include <KMApplication.h>
 
 #include <QAction>

@@ -8,8 +8,8 @@
 #include "HBGimpText.h"
 #include <HBPresets.h>
 
+#include <HBInstallTranslations.h>
 #include <HBPanelSetup.h>
-#include <HBTranslation.h>
 
 #include <QApplication>
 #include <QSettings>

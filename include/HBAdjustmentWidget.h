@@ -13,12 +13,12 @@
 #include <QReadWriteLock>
 #include <QRect>
 #include <QTimer>
-#include <QVector>
 
 #include <memory>
 
 class HBOperationProgressDlg;
 class HBPanelJobControl;
+class HBPanelLinks;
 class KMDocumentView;
 class QLinearGradient;
 class QSlider;
@@ -173,16 +173,6 @@ private:
     virtual void ClearInternal();
     virtual void CancelProcessing();
 
-    /// One of the connections between a panel and its controls.
-    struct Link
-    {
-        QPointer<QObject> sender;
-        const char* signal;
-        const char* slot;
-    };
-
-    void Connect(const QObject* sender);
-    void Disconnect(const QObject* sender);
     void StartProcessing();
     void RestartProcessing();
     void MarkJobObsolete();
@@ -192,7 +182,6 @@ private:
     void KillTimer(int& id);
     void DeliverProgress();
     bool TellProgress();
-    void PutButtonsLastInTabOrder();
 
 private Q_SLOTS:
     void OnResultReadyAt(int index);
@@ -203,7 +192,7 @@ private Q_SLOTS:
 
 private:
     std::shared_ptr<HBPanelJobControl> m_pControl; ///< shared with the running job
-    QVector<Link> m_Links;
+    std::unique_ptr<HBPanelLinks> m_pLinks;
     HBImage<> m_Source;
     HBImage<> m_Adjusted;
     HBImage<> m_Selection;

@@ -7,15 +7,12 @@
 #include "HBOverlayJob.h"
 #include "HBPanelManners.h"
 #include "HBPanelSetupOnce.h"
-#include "HBPickSurface.h"
+#include "HBSessionPicking.h"
+#include "HBSessionSight.h"
 #include "HBSessionWait.h"
-#include "HBSightJob.h"
 
 #include <HBAdjustmentWidget.h>
 #include <HBChangedTiles.h>
-#include <KMDocumentView.h>
-
-#include <utility>
 
 namespace
 {
@@ -40,6 +37,8 @@ HBPanelSession::HBPanelSession(const HBPanelEntry& entry, QObject* parent, HBPan
     // Some panels listen to their controls only once they have been given values.
     entry.set(*m_pPanel, entry.get(*m_pPanel));
     new HBPanelManners(entry, m_pPanel);
+    m_pPicking = new HBSessionPicking(m_pPanel, this);
+    connect(m_pPicking, &HBSessionPicking::Changed, this, &HBPanelSession::PickingChanged);
     if (entry.draw) {
         m_pOverlayJob = new HBOverlayJob(
             *entry.adjustment, [this] { return m_pPanel ? m_Entry.get(*m_pPanel) : std::any(); }, this);
@@ -80,7 +79,7 @@ HBPanelSession::~HBPanelSession()
         m_pPanel->disconnect(this);
     delete m_pOverlayJob; // it asks the panel
     delete m_pAmountJob;
-    delete m_pSightJob;
+    delete m_pSight;
     delete m_pPanel; // while the view it picks from is still there
     delete m_pOverlayFrame;
 }
@@ -110,10 +109,8 @@ void HBPanelSession::SetTarget(const HBTarget& target)
     m_Unblended = false;
     if (m_pAmountJob)
         m_pAmountJob->GiveUp();
-    m_SightOutdated = true;
-    if (m_pSightJob) {
-        m_pSightJob->SetTarget(m_Target);
-        m_pSightJob->SetSight(m_SightArea, m_SightZoom);
+    if (m_pSight) {
+        m_pSight->SetTarget(m_Target);
         AdvanceSoon();
     }
     if (IsOverlay())
@@ -126,8 +123,8 @@ void HBPanelSession::SetTarget(const HBTarget& target)
 void HBPanelSession::SetAmount(int amount)
 {
     m_Amount = qBound(0, amount, HBRecipeStep::MaximumAmount);
-    if (m_pSightJob)
-        m_pSightJob->SetAmount(m_Amount);
+    if (m_pSight)
+        m_pSight->SetAmount(m_Amount);
     if (IsOverlay()) {
         m_pOverlayJob->SetAmount(m_Amount);
     } else if (!m_pAmountJob && m_Amount < HBRecipeStep::MaximumAmount) {
@@ -138,66 +135,36 @@ void HBPanelSession::SetAmount(int amount)
 
 void HBPanelSession::SetSight(const QRect& area, double zoom)
 {
-    if (m_Over || (area == m_SightArea && zoom == m_SightZoom))
-        return;
-    m_SightArea = area;
-    m_SightZoom = zoom;
-    if (IsOverlay())
-        return; // it leaves alone the tiles that it does not touch
-    if (!m_pSightJob) {
-        m_pSightJob = new HBSightJob(*m_Entry.adjustment, this);
-        connect(m_pSightJob, &HBSightJob::Ready, this, &HBPanelSession::OnSightReady);
-        m_pSightJob->SetTarget(m_Target);
-        m_pSightJob->SetAmount(m_Amount);
+    if (m_Over || IsOverlay())
+        return; // an overlay leaves alone the tiles that it does not touch
+    if (!m_pSight) {
+        m_pSight = new HBSessionSight(
+            *m_Entry.adjustment, [this] { return m_Entry.get(*m_pPanel); },
+            [this] { return !m_Over && m_pPanel && IsPending(); }, this);
+        connect(m_pSight, &HBSessionSight::Ready, this, &HBPanelSession::SightReady);
+        connect(m_pSight, &HBSessionSight::Over, this, &HBPanelSession::SightOver);
+        m_pSight->SetTarget(m_Target);
+        m_pSight->SetAmount(m_Amount);
     }
-    m_pSightJob->SetSight(area, zoom);
-    m_SightOutdated = true;
-    AdvanceSoon();
+    if (m_pSight->SetSight(area, zoom))
+        AdvanceSoon();
 }
 
 // ---- Picking ----
 
 void HBPanelSession::SetView(QGraphicsView* view)
 {
-    auto* document = qobject_cast<KMDocumentView*>(view);
-    if (view && !document) {
-        auto* surface = new HBPickSurface(view, this);
-        SetSurface(surface);
-        m_pOwnSurface = surface;
-        return;
-    }
-    ListenToView(document);
-    delete m_pOwnSurface;
+    m_pPicking->SetView(view);
 }
 
 void HBPanelSession::SetSurface(HBPickSurface* surface)
 {
-    ListenToView(surface ? surface->View() : nullptr);
-    delete m_pOwnSurface; // the panel has let go of it
+    m_pPicking->SetSurface(surface);
 }
 
-void HBPanelSession::ListenToView(KMDocumentView* view)
+bool HBPanelSession::IsPicking() const
 {
-    if (m_pPanel)
-        m_pPanel->SetView(view); // ends a pick from the view before
-    if (m_pView)
-        m_pView->disconnect(this);
-    m_pView = view;
-    if (view) {
-        connect(view, &KMDocumentView::OverrideCursorChanged, this, &HBPanelSession::TellPicking);
-        connect(view, &QObject::destroyed, this, [this] {
-            m_pView = nullptr; // it is no view any more, and cannot be asked
-            TellPicking();
-        });
-    }
-    TellPicking();
-}
-
-void HBPanelSession::TellPicking()
-{
-    const bool picking = m_pView && m_pView->HasOverrideCursor();
-    if (picking != m_Picking)
-        Q_EMIT PickingChanged(m_Picking = picking);
+    return m_pPicking->IsPicking();
 }
 
 // ---- Values ----
@@ -251,7 +218,8 @@ void HBPanelSession::TakeNewValues()
 {
     m_Stopped = false;
     m_Outdated = true;
-    m_SightOutdated = true;
+    if (m_pSight)
+        m_pSight->SetOutdated();
     m_Still.start();
     AdvanceSoon();
 }
@@ -319,45 +287,14 @@ void HBPanelSession::SetCancelProcessing(bool cancel)
 /// where a control moves slowly and jobs take long, none would come to its end.
 void HBPanelSession::OnStill()
 {
-    if (m_FollowsSight)
-        AdvanceSoon();                                      // the whole has waited for this
-    const bool mayGiveUp = !m_GivenUpOne || m_FollowsSight; // what is in sight is shown meanwhile
+    const bool follows = m_pSight && m_pSight->IsFollowing();
+    if (follows)
+        AdvanceSoon();                               // the whole has waited for this
+    const bool mayGiveUp = !m_GivenUpOne || follows; // what is in sight is shown meanwhile
     if (m_Over || !m_pPanel || !m_Outdated || !mayGiveUp || !IsWorking())
         return;
     m_GivenUpOne = true;
     StartNow();
-}
-
-// ---- What is in sight ----
-
-/// Has it adjusted for the present values. Whether it can be.
-bool HBPanelSession::LookAtSight()
-{
-    if (!m_pSightJob || m_Finishing || !IsPending())
-        return false;
-    if (m_SightOutdated) {
-        m_SightOutdated = false;
-        m_FollowsSight = m_pSightJob->Ask(m_Entry.get(*m_pPanel));
-        if (!m_FollowsSight)
-            EndSight();
-    }
-    return m_FollowsSight;
-}
-
-void HBPanelSession::OnSightReady(const HBImage<>& sight, const QRect& area, int level)
-{
-    if (m_Over || !m_pPanel || !IsPending())
-        return; // the whole was quicker
-    m_SightShown = true;
-    Q_EMIT SightReady(sight, area, level);
-}
-
-void HBPanelSession::EndSight()
-{
-    if (m_pSightJob)
-        m_pSightJob->GiveUp();
-    if (std::exchange(m_SightShown, false))
-        Q_EMIT SightOver();
 }
 
 void HBPanelSession::AdvanceSoon()
@@ -376,7 +313,7 @@ void HBPanelSession::Advance()
     if (m_Over || !m_pPanel)
         return;
     const bool stopped = m_Stopped || (m_Finishing && m_WaitCancelled);
-    const bool follows = LookAtSight();
+    const bool follows = m_pSight && !m_Finishing && IsPending() && m_pSight->Follow();
     // While a hand moves, what it sees goes first.
     const bool rests = !follows || !m_Still.isActive();
     if (!IsWorking() && IsPending() && !stopped && rests)
@@ -446,8 +383,8 @@ void HBPanelSession::ShowAdjusted(const HBImage<>& adjusted, const QString& reas
     const QRegion changed = HBChangedTiles(m_Preview, image);
     m_Preview = image;
     Q_EMIT PreviewReady(image, changed);
-    if (self && (failed || !IsPending()))
-        EndSight();
+    if (self && m_pSight && (failed || !IsPending()))
+        m_pSight->End();
     if (self && m_Finishing && !IsPending())
         Finish();
 }
@@ -553,8 +490,8 @@ bool HBPanelSession::End()
 {
     m_Over = true;
     m_Finishing = false;
-    if (m_pSightJob)
-        m_pSightJob->GiveUp();
+    if (m_pSight)
+        m_pSight->GiveUp();
     m_Still.stop();
     m_pWait->End();
     SetCancelProcessing(true);

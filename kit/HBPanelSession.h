@@ -18,9 +18,9 @@ class HBAmountJob;
 class HBOverlayFrame;
 class HBOverlayJob;
 class HBPickSurface;
+class HBSessionPicking;
+class HBSessionSight;
 class HBSessionWait;
-class HBSightJob;
-class KMDocumentView;
 class QGraphicsView;
 
 /// Who brings OK, Cancel and Reset.
@@ -80,7 +80,7 @@ public:
     /// \param zoom device pixels per pixel of the picture
     void SetSight(const QRect& area, double zoom);
     /// Whether a panel is about to use the mouse on that view: the program's own tools wait meanwhile.
-    bool IsPicking() const { return m_Picking; }
+    bool IsPicking() const;
 
     /// Has the user changed a value?
     bool IsChanged() const { return m_Changed; }
@@ -155,12 +155,6 @@ private:
     void OnProgressValue(int value);
     void OnStill();
     void TakeNewValues();
-    void ListenToView(KMDocumentView* view);
-    void TellPicking();
-
-    bool LookAtSight();
-    void OnSightReady(const HBImage<>& sight, const QRect& area, int level);
-    void EndSight();
 
     void AdvanceSoon();
     void Advance();
@@ -176,10 +170,9 @@ private:
     QPointer<HBOverlayFrame> m_pOverlayFrame; ///< around the panel of an overlay
     HBOverlayJob* m_pOverlayJob = nullptr;    ///< of a panel without a job of its own
     HBAmountJob* m_pAmountJob = nullptr;      ///< if not all of what the panel does is left
-    HBSightJob* m_pSightJob = nullptr;        ///< once something is in sight
-    HBSessionWait* m_pWait;                   ///< for the final image
-    QPointer<HBPickSurface> m_pOwnSurface;
-    QPointer<KMDocumentView> m_pView;
+    HBSessionSight* m_pSight = nullptr;       ///< once something is in sight
+    HBSessionPicking* m_pPicking = nullptr;
+    HBSessionWait* m_pWait; ///< for the final image
     HBTarget m_Target;
     HBImage<> m_Preview;
     QString m_Trouble; ///< what was said last
@@ -189,16 +182,10 @@ private:
     bool m_Unblended = false; ///< the panel's image is newer than the preview
     bool m_Changed = false;
     bool m_Busy = false;
-    bool m_Picking = false;
     bool m_AdvanceSoon = false;
-    bool m_Outdated = false;      ///< the running job does not know the last change
-    bool m_GivenUpOne = false;    ///< and the one before was given up for that
-    bool m_SightOutdated = false; ///< the sight's job does not know the last change
-    bool m_FollowsSight = false;  ///< the present record can be made of what is in sight alone
-    bool m_SightShown = false;
-    QRect m_SightArea;
-    double m_SightZoom = 1;
-    bool m_Stopped = false; ///< no job before something changes: the last failed, or the user gave it up
+    bool m_Outdated = false;   ///< the running job does not know the last change
+    bool m_GivenUpOne = false; ///< and the one before was given up for that
+    bool m_Stopped = false;    ///< no job before something changes: the last failed, or the user gave it up
     bool m_Finishing = false;
     bool m_WaitCancelled = false;
     bool m_Over = false;

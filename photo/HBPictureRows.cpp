@@ -12,9 +12,9 @@
 namespace
 {
 
-constexpr int Side = HBImage<>::TileSide;
+constexpr int TileSide = HBImage<>::TileSide;
 constexpr int RowsAtOnce = 16; // few enough for a cache
-static_assert(Side % RowsAtOnce == 0, "a strip lies within a row of tiles");
+static_assert(TileSide % RowsAtOnce == 0, "a strip lies within a row of tiles");
 constexpr int DotsPerMetreUnknown = 2835; // 72 dots per inch
 
 /// Qt answers a want of memory with a null image.
@@ -40,7 +40,7 @@ bool IsOpaque(const HBImage<>& image)
     for (int index = 0; index < image.Tiles().size(); ++index) {
         const QRect area = image.TileRect(index);
         const KMTilePin<QRgb> pin(image.Tile(index), false);
-        if (!IsOpaque(pin.Pixels(), area.width(), area.height(), Side))
+        if (!IsOpaque(pin.Pixels(), area.width(), area.height(), TileSide))
             return false;
     }
     return true;
@@ -86,12 +86,12 @@ const QImage& HBPictureRows::Strip(int first)
         m_Pixels = Usable(QImage(Width(), height, QImage::Format_ARGB32));
     auto* const pixels = reinterpret_cast<QRgb*>(m_Pixels.bits());
     for (int column = 0; column < m_Image.Columns(); ++column) {
-        const int index = first / Side * m_Image.Columns() + column;
+        const int index = first / TileSide * m_Image.Columns() + column;
         const QRect area = m_Image.TileRect(index);
         const KMTilePin<QRgb> pin(m_Image.Tile(index), false);
-        const QRgb* from = pin.Pixels() + first % Side * Side;
+        const QRgb* from = pin.Pixels() + first % TileSide * TileSide;
         for (int y = 0; y < height; ++y) {
-            std::memcpy(pixels + qptrdiff(y) * Width() + area.left(), from + y * Side,
+            std::memcpy(pixels + qptrdiff(y) * Width() + area.left(), from + y * TileSide,
                         size_t(area.width()) * sizeof(QRgb));
         }
     }

@@ -17,7 +17,7 @@ HBUprightTiles::HBUprightTiles(const QSize& lying, int orientation)
 void HBUprightTiles::Put(int first, int count, const QRgb* rows, qptrdiff stride)
 {
     m_HasRows = true;
-    constexpr int side = HBImage<>::TileSide;
+    constexpr int TileSide = HBImage<>::TileSide;
     const int along = m_FlipsY ? m_Lying.height() - first - count : first;
     const QRect piece =
         m_Swaps ? QRect(along, 0, count, m_Lying.width()) : QRect(0, along, m_Lying.width(), count);
@@ -27,14 +27,14 @@ void HBUprightTiles::Put(int first, int count, const QRgb* rows, qptrdiff stride
     const qptrdiff down = m_Swaps ? alongX : alongY;
     // Of the pixel that becomes the piece's upper left one.
     const QRgb* corner = rows + (m_FlipsX ? m_Lying.width() - 1 : 0) + (m_FlipsY ? (count - 1) * stride : 0);
-    for (int row = piece.top() / side; row <= piece.bottom() / side; ++row) {
-        for (int column = piece.left() / side; column <= piece.right() / side; ++column) {
+    for (int row = piece.top() / TileSide; row <= piece.bottom() / TileSide; ++row) {
+        for (int column = piece.left() / TileSide; column <= piece.right() / TileSide; ++column) {
             const int index = row * m_Image.Columns() + column;
             const QRect part = m_Image.TileRect(index) & piece;
             const KMTilePin<QRgb> pin(m_Image.Tile(index), true);
             for (int y = part.top(); y <= part.bottom(); ++y) {
                 const QRgb* from = corner + (part.left() - piece.left()) * right + (y - piece.top()) * down;
-                QRgb* to = pin.Pixels() + y % side * side + part.left() % side;
+                QRgb* to = pin.Pixels() + y % TileSide * TileSide + part.left() % TileSide;
                 if (right == 1) {
                     std::memcpy(to, from, size_t(part.width()) * sizeof(QRgb));
                     continue;

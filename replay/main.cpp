@@ -16,7 +16,7 @@
 #include "HBReplaySheet.h"
 #include "HBReplayWords.h"
 
-#include <HBTranslation.h>
+#include <HBInstallTranslations.h>
 #include <KMTheme.h>
 
 #include <QDir>

@@ -3,6 +3,8 @@
 #include "HBAdjustmentWidget.h"
 
 #include "HBPanelJob.h"
+#include "HBPanelLinks.h"
+#include "HBTabOrder.h"
 #include "ui_AdjustmentDialogBase.h"
 
 #include <HBDialog.h>
@@ -29,6 +31,7 @@ constexpr int ProgressMilliseconds = 10;
 HBAdjustmentWidget::HBAdjustmentWidget(bool dialog, QWidget* parent, Qt::WindowFlags flags)
     : KMAdjustmentWidget(parent, flags)
     , m_pControl(std::make_shared<HBPanelJobControl>())
+    , m_pLinks(std::make_unique<HBPanelLinks>(this))
     , m_Dialog(dialog)
     , m_pFrame(new Ui::AdjustmentDialogBase())
 {
@@ -67,10 +70,7 @@ HBAdjustmentWidget::~HBAdjustmentWidget()
     const QObjectList controls = findChildren<QObject*>();
     for (QObject* control : controls)
         control->disconnect(this);
-    for (const Link& link : qAsConst(m_Links)) {
-        if (link.sender)
-            link.sender->disconnect(this);
-    }
+    m_pLinks->Sever();
     delete m_pFrame;
 }
 
@@ -193,24 +193,7 @@ void HBAdjustmentWidget::Listen(QObject* sender, const char* signal, const char*
 
 void HBAdjustmentWidget::ListenLater(QObject* sender, const char* signal, const char* slot)
 {
-    m_Links.append({sender, signal, slot});
-}
-
-/// Connecting twice changes nothing.
-void HBAdjustmentWidget::Connect(const QObject* sender)
-{
-    for (const Link& link : qAsConst(m_Links)) {
-        if (link.sender && (!sender || link.sender == sender))
-            connect(link.sender, link.signal, this, link.slot, Qt::UniqueConnection);
-    }
-}
-
-void HBAdjustmentWidget::Disconnect(const QObject* sender)
-{
-    for (const Link& link : qAsConst(m_Links)) {
-        if (link.sender && (!sender || link.sender == sender))
-            disconnect(link.sender, link.signal, this, link.slot);
-    }
+    m_pLinks->Add(sender, signal, slot);
 }
 
 HBAdjustmentWidget::Mute::Mute(HBAdjustmentWidget* panel, const QObject* sender, Purpose purpose)
@@ -219,12 +202,12 @@ HBAdjustmentWidget::Mute::Mute(HBAdjustmentWidget* panel, const QObject* sender,
 {
     if (purpose == SetsValues)
         ++m_pPanel->m_Changes;
-    m_pPanel->Disconnect(m_pSender);
+    m_pPanel->m_pLinks->Disconnect(m_pSender);
 }
 
 HBAdjustmentWidget::Mute::~Mute()
 {
-    m_pPanel->Connect(m_pSender);
+    m_pPanel->m_pLinks->Connect(m_pSender);
 }
 
 // ---- The job ----
@@ -280,47 +263,8 @@ void HBAdjustmentWidget::timerEvent(QTimerEvent* event)
 void HBAdjustmentWidget::showEvent(QShowEvent* event)
 {
     if (m_Dialog)
-        PutButtonsLastInTabOrder();
+        HBPutButtonsLastInTabOrder(this, m_pFrame->m_pContent, m_pFrame->m_pButtons);
     KMAdjustmentWidget::showEvent(event);
-}
-
-/// The frame's buttons exist before the panel's controls, and the focus follows the order in which widgets were
-/// made.
-void HBAdjustmentWidget::PutButtonsLastInTabOrder()
-{
-    QWidget* last = nullptr;
-    QWidgetList buttons;
-    QDialogButtonBox* box = m_pFrame->m_pButtons;
-    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-        if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy())
-            continue; // labels, and the line edits inside spin boxes
-        if (m_pFrame->m_pContent->isAncestorOf(widget))
-            last = widget;
-        else if (box->isAncestorOf(widget))
-            buttons.append(widget);
-    }
-    if (!last)
-        return;
-    // The last button first, each to right behind the controls: Qt takes one that ends the round for one that
-    // already stands before the next.
-    for (int i = buttons.size() - 1; i >= 0; --i)
-        setTabOrder(last, buttons.at(i));
-    // The box hands the focus on to its first button on the screen. It goes right before that one: from anywhere
-    // else the tab key would jump over what lies between.
-    QWidget* const first = box->focusProxy();
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    if (first) {
-        first->lower(); // Qt itself puts the box before the first of its children
-        box->setFocusProxy(nullptr);
-        box->setFocusProxy(first);
-    }
-#else
-    box->setFocusProxy(nullptr);       // or Qt would move that button in place of the box,
-    box->setFocusPolicy(Qt::TabFocus); // and without this nothing at all
-    setTabOrder(buttons.value(buttons.indexOf(first) - 1, last), box);
-    box->setFocusPolicy(Qt::NoFocus);
-    box->setFocusProxy(first);
-#endif
 }
 
 QString HBAdjustmentWidget::GetWidgetName()

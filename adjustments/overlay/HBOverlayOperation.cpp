@@ -12,15 +12,15 @@
 namespace
 {
 
-constexpr int Side = HBImage<>::TileSide;
-static_assert(Side % HBComposition::Step == 0);
+constexpr int TileSide = HBImage<>::TileSide;
+static_assert(TileSide % HBComposition::Step == 0);
 using TilePixels = std::array<QRgb, HBImage<>::TilePixels>;
 
 bool IsTransparent(const TilePixels& layer)
 {
-    for (size_t row = 0; row < layer.size(); row += Side) {
+    for (size_t row = 0; row < layer.size(); row += TileSide) {
         QRgb any = 0;
-        for (size_t i = row; i < row + Side; ++i)
+        for (size_t i = row; i < row + TileSide; ++i)
             any |= layer[i];
         if (qAlpha(any) != 0)
             return false;
@@ -43,10 +43,10 @@ HBOperation HBOverlayOperation(const QVector<QRect>& areas, const HBComposition&
             // What reaches beyond the picture stays transparent, so that whole rows of the tile can be composed.
             const auto layer = std::make_unique<TilePixels>();
             QImage view(reinterpret_cast<uchar*>(layer->data()), area.width(), area.height(),
-                        Side * int(sizeof(QRgb)), QImage::Format_ARGB32);
+                        TileSide * int(sizeof(QRgb)), QImage::Format_ARGB32);
             render(area, view);
             if (!IsTransparent(*layer))
-                composition.Run(reinterpret_cast<QRgb*>(tile.Pixels()), layer->data(), area.height() * Side);
+                composition.Run(reinterpret_cast<QRgb*>(tile.Pixels()), layer->data(), area.height() * TileSide);
         }};
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ControlNode.h"
 
-#include "ControlNodeAccessible.h"
+#include "HBControlNodeAccessible.h"
 
 #include <QCursor>
 #include <QGraphicsSceneMouseEvent>
@@ -24,7 +24,7 @@ constexpr qreal SunkenRadius = 4.5;
 
 ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent), m_AccessibleName(tr("Control point"))
 {
-    ControlNodeAccessible::Install();
+    HBControlNodeAccessible::Install();
     qRegisterMetaType<Qt::MouseButton>("Qt::MouseButton"); // for queued connections and signal spies
     setFlag(ItemIsFocusable);
     setAcceptHoverEvents(true);

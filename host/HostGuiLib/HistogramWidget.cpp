@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HistogramWidget.h"
 
+#include "HBHistogramShape.h"
 #include "HBIsDark.h"
-#include "HistogramShape.h"
 
 #include <HBWarn.h>
 
@@ -56,7 +56,7 @@ struct Frame
     double Y(double height) const { return area.bottom() - height * area.height(); }
 };
 
-QPolygonF Outline(const HistogramShape& shape, const Frame& frame)
+QPolygonF Outline(const HBHistogramShape& shape, const Frame& frame)
 {
     QPolygonF line;
     for (int level = 0; level < 256; ++level) {
@@ -325,14 +325,14 @@ void HistogramWidget::DrawChannels(QPainter& painter) const
     const bool alone = channels.size() == 1;
     double ceiling = 1;
     for (const int channel : qAsConst(channels))
-        ceiling = qMax(ceiling, HistogramShape::Ceiling(m_Counts.levels[channel]));
+        ceiling = qMax(ceiling, HBHistogramShape::Ceiling(m_Counts.levels[channel]));
     const Frame frame{QRectF(rect()).adjusted(SideInset, 1 + Margin, -SideInset, -1)};
     // Behind a thin curve it is a background.
     painter.setOpacity((isEnabled() ? 1.0 : 0.4) * (layout() ? 0.35 : 1.0));
 
     for (const int channel : qAsConst(channels)) {
         const Look look = LookOf(channel, alone, palette());
-        const HistogramShape shape = HistogramShape::Of(m_Counts.levels[channel], ceiling);
+        const HBHistogramShape shape = HBHistogramShape::Of(m_Counts.levels[channel], ceiling);
         const QPolygonF line = Outline(shape, frame);
         if (!alone)
             painter.setCompositionMode(HBIsDark(palette().color(QPalette::Base))

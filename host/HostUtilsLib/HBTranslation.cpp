@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QPointer>
 #include <QTranslator>
@@ -23,17 +22,12 @@ QString OwnFolder()
     return QFileInfo(QString::fromLocal8Bit(info.dli_fname)).canonicalPath();
 }
 
-bool Install(QTranslator* translator)
-{
-    return translator && QCoreApplication::installTranslator(translator);
-}
-
 /// Null if there is none in any of the folders.
-QTranslator* Load(const QLocale& language, const char* name, const QStringList& folders)
+QTranslator* Load(const QLocale& language, const QStringList& folders)
 {
     auto* translator = new QTranslator(QCoreApplication::instance());
     for (const QString& folder : folders) {
-        if (translator->load(language, name, "_", folder))
+        if (translator->load(language, "adjustment-panels", "_", folder))
             return translator;
     }
     delete translator;
@@ -42,28 +36,22 @@ QTranslator* Load(const QLocale& language, const char* name, const QStringList& 
 
 } // namespace
 
-void HBInstallTranslations()
-{
-    Install(Load(QLocale(), "qtbase", {QLibraryInfo::location(QLibraryInfo::TranslationsPath)}));
-    HBTranslatePanels(QLocale());
-}
-
-bool HBTranslatePanels(const QLocale& language)
+bool HBTranslatePanels(const QLocale& language, const QStringList& first)
 {
     static QPointer<QTranslator> installed;
     delete installed; // which takes it from the application
-    const QString program = QCoreApplication::applicationDirPath();
-    QStringList folders = {program + "/../translations", // in the build tree
-                           program + "/../share/" DATA_FOLDER "/translations"};
+    QStringList folders = first;
+    folders << QCoreApplication::applicationDirPath() + "/../share/" DATA_FOLDER "/translations";
     const QString own = OwnFolder();
     if (!own.isEmpty())
         folders << own + '/' + ADJUSTMENT_PANELS_TRANSLATIONS;
     const QLocale english(QLocale::English); // some texts of the sources are spelt otherwise, on purpose
     const bool isEnglish = language.language() == english.language() || language.language() == QLocale::C;
-    installed = isEnglish ? nullptr : Load(language, "adjustment-panels", folders);
+    installed = isEnglish ? nullptr : Load(language, folders);
     const bool found = isEnglish || installed;
     if (!installed)
-        installed = Load(english, "adjustment-panels", folders);
-    Install(installed);
+        installed = Load(english, folders);
+    if (installed)
+        QCoreApplication::installTranslator(installed);
     return found;
 }

@@ -4,10 +4,11 @@
 
 #include <QDir>
 
-/// Outside every namespace, as the macro demands. Without the call a static build would drop the pictures.
+/// Outside every namespace, as the macro demands. Without the call a static build would drop the pictures. It is
+/// named after the file, and global: a program may have a theme.qrc too.
 static void InitResource()
 {
-    Q_INIT_RESOURCE(theme);
+    Q_INIT_RESOURCE(adjustment_panels_theme);
 }
 
 void KMTheme::Install()

@@ -8,7 +8,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/stub.cmake)
 
 set(document ${SOURCE_DIR}/docs/host-boundary.md)
-boundary_headers(${document} ${WORK_DIR}/stub "Widgets and settings" "Image" "Kernels")
+boundary_headers(${document} ${WORK_DIR}/stub "Widgets and settings" "Files" "Image" "Kernels" "Analysis")
 
 # Nothing stands there for nobody: each header is included by the panels, the core, a form, or another one on the list.
 file(GLOB headers RELATIVE ${WORK_DIR}/stub ${WORK_DIR}/stub/*.h)
@@ -41,7 +41,7 @@ run("Configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build ${options
     -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubHost -D StubHost_DIR=${WORK_DIR})
 run("Compile" ${CMAKE_COMMAND} --build ${WORK_DIR}/build --target AdjustmentPanelsAdjustments AdjustmentPanelsPanels)
 
-boundary_headers(${document} ${WORK_DIR}/image "Image" "Kernels")
+boundary_headers(${document} ${WORK_DIR}/image "Image" "Kernels" "Analysis")
 boundary_headers(${document} ${WORK_DIR}/besides "Our widgets over your image")
 file(GLOB_RECURSE users_of_image ${SOURCE_DIR}/host/*.h ${SOURCE_DIR}/host/*.cpp)
 list(FILTER users_of_image EXCLUDE REGEX "/ImagingLib/")

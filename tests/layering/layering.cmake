@@ -8,7 +8,7 @@ cmake_minimum_required(VERSION 3.21)
 
 # The folders of each layer. A file may include headers of its own layer and of lower ones.
 set(layers programs kit catalog panels adjustments photo host) # from the top down
-set(programs editor gimp replay)
+set(programs editor gimp programs replay)
 set(kit kit)
 set(catalog catalog)
 set(panels include src)

@@ -8,7 +8,7 @@ cmake_minimum_required(VERSION 3.21)
 set(CXX_COMPILER_LAUNCHER "") # it names the folder of the sources, which is another here
 include(${CMAKE_CURRENT_LIST_DIR}/../RunStep.cmake)
 
-foreach(folder adjustments cmake docs fuzz host packaging photo replay samples tests theme translations)
+foreach(folder adjustments cmake docs fuzz host packaging photo programs replay samples tests theme translations)
     file(COPY ${SOURCE_DIR}/${folder} DESTINATION ${WORK_DIR}/tree)
 endforeach()
 file(COPY ${SOURCE_DIR}/CMakeLists.txt ${SOURCE_DIR}/CHANGELOG.md ${SOURCE_DIR}/LICENSE DESTINATION ${WORK_DIR}/tree)

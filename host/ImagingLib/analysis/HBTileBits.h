@@ -15,18 +15,18 @@ static_assert(sizeof(HBBitRow) * 8 == HBImage<>::TileSide);
 /// A bit for each pixel of a tile, a row after the other.
 using HBTileBits = std::array<HBBitRow, HBImage<>::TileSide>;
 
-/// How many zeros come before the first set bit; 128 if none is set.
+/// How many zeros come before the first set bit; TileSide if none is set.
 inline int HBTrailingZeros(HBBitRow row)
 {
     const auto low = std::uint64_t(row);
     const auto high = std::uint64_t(row >> 64);
-    return low ? __builtin_ctzll(low) : high ? 64 + __builtin_ctzll(high) : 128;
+    return low ? __builtin_ctzll(low) : high ? 64 + __builtin_ctzll(high) : HBImage<>::TileSide;
 }
 
-/// The lowest `count` bits; 0..128.
+/// The lowest `count` bits; 0 .. TileSide.
 inline HBBitRow HBLowBits(int count)
 {
-    return count >= 128 ? ~HBBitRow(0) : (HBBitRow(1) << count) - 1;
+    return count >= HBImage<>::TileSide ? ~HBBitRow(0) : (HBBitRow(1) << count) - 1;
 }
 
 /// Calls function(first, count) for each run of set bits, from left to right.
@@ -38,7 +38,7 @@ void HBForEachRun(HBBitRow row, Function function)
         row >>= gap;
         const int count = HBTrailingZeros(~row);
         function(at + gap, count);
-        row = count < 128 ? row >> count : 0;
+        row = count < HBImage<>::TileSide ? row >> count : 0;
         at += gap + count;
     }
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBBlend.h"
 #include "HBImage.h"
 #include "HBImagingLibExport.h"
 
@@ -10,22 +9,6 @@
 #include <QRect>
 
 #include <functional>
-
-/// Where an adjustment with a selection works, computed without overflow for any corners. An invalid rectangle
-/// means that the areas do not meet.
-struct HB_IMAGINGLIB_EXPORT HBSelectionArea
-{
-    /// \param offset where the selection image lies on the image
-    /// \param bounds the selection's bounding rectangle, in pixels of the selection image
-    HBSelectionArea(const HBImage<>& image, const HBImage<>& selection, const QPoint& offset, const QRect& bounds);
-
-    QRect effective; ///< `bounds` moved onto the image and cut to it, in image pixels: its tiles are transformed
-    QRect tiles;     ///< those tiles, in columns and rows
-    QRect blended;   ///< what the selection image covers of `effective`, in image pixels: its rows are blended
-
-    int TileCount() const { return tiles.isValid() ? tiles.width() * tiles.height() : 0; }
-    int RowCount() const { return blended.isValid() ? blended.height() : 0; }
-};
 
 /// Walks the same pixels of three images that lie on one another, row by row and tile by tile.
 class HB_IMAGINGLIB_EXPORT HBSelectionRows
@@ -74,9 +57,3 @@ public:
         });
     }
 };
-
-/// Gives tile `index` of `image` the source's bytes back wherever it lies outside `keep`. The images have the same
-/// size; a tile that is wholly outside is shared with the source again. Different tiles may be restored at once on
-/// different threads. \throws std::bad_alloc
-HB_IMAGINGLIB_EXPORT void HBRestoreOutside(HBImage<>& image, const HBImage<>& source, int index,
-                                           const QRect& keep);

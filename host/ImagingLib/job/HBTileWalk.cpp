@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBTileWalk.h"
 
+#include "HBBlend.h"
 #include "HBParallel.h"
+#include "HBRestoreOutside.h"
+#include "HBSelectionArea.h"
 #include "HBSelectionBlender.h"
 
 #include <algorithm>

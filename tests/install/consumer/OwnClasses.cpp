@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
 
-// Classes of the program whose names the panels' host uses too, with another layout.
+// What a program may have of its own: classes whose names the panels' host uses too, or once did, with another
+// layout, and the functions that rcc makes of a theme.qrc.
 #include <QGraphicsObject>
 #include <QWidget>
+
+#include <array>
 
 class HistogramWidget : public QWidget {
 public:
@@ -31,3 +34,14 @@ public:
 ControlNode::ControlNode(QGraphicsItem* parent) : QGraphicsObject(parent) {
     qFatal("A panel has made the program's ControlNode");
 }
+
+struct HistogramShape {
+    using Levels = std::array<quint64, 256>;
+    static double Ceiling(const Levels& counts);
+};
+
+double HistogramShape::Ceiling(const Levels&) { qFatal("A panel has asked the program's HistogramShape"); }
+
+int qInitResources_theme() { return 1; }
+
+int qCleanupResources_theme() { return 1; }

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The outline of one channel's histogram: what is drawn, without a widget.
-struct HB_HOSTGUILIB_EXPORT HistogramShape
+struct HB_HOSTGUILIB_EXPORT HBHistogramShape
 {
     using Levels = std::array<quint64, 256>;
 
@@ -22,7 +22,7 @@ struct HB_HOSTGUILIB_EXPORT HistogramShape
     static double Ceiling(const Levels& counts);
     /// The counts over a ceiling, each mixed with its neighbours so that a stretched picture's gaps do not
     /// flicker.
-    static HistogramShape Of(const Levels& counts, double ceiling);
+    static HBHistogramShape Of(const Levels& counts, double ceiling);
 
     /// One level for each run of levels that are cut: the one to mark.
     std::vector<int> CutPeaks(const Levels& counts) const;

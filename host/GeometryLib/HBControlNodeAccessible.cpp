@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "ControlNodeAccessible.h"
+#include "HBControlNodeAccessible.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsView>
@@ -13,35 +13,35 @@ QAccessibleInterface* MakeInterface(const QString& key, QObject* object)
     if (key != QLatin1String("ControlNode"))
         return nullptr;
     auto* node = qobject_cast<ControlNode*>(object);
-    return node ? new ControlNodeAccessible(node) : nullptr;
+    return node ? new HBControlNodeAccessible(node) : nullptr;
 }
 
 } // namespace
 
-void ControlNodeAccessible::Install()
+void HBControlNodeAccessible::Install()
 {
     static const bool installed = (QAccessible::installFactory(MakeInterface), true);
     Q_UNUSED(installed)
 }
 
-QGraphicsView* ControlNodeAccessible::View() const
+QGraphicsView* HBControlNodeAccessible::View() const
 {
     if (!isValid() || !Node()->scene() || Node()->scene()->views().isEmpty())
         return nullptr;
     return Node()->scene()->views().first();
 }
 
-QAccessibleInterface* ControlNodeAccessible::parent() const
+QAccessibleInterface* HBControlNodeAccessible::parent() const
 {
     return QAccessible::queryAccessibleInterface(View());
 }
 
-QString ControlNodeAccessible::text(QAccessible::Text text) const
+QString HBControlNodeAccessible::text(QAccessible::Text text) const
 {
     return isValid() && text == QAccessible::Name ? Node()->AccessibleName() : QString();
 }
 
-QRect ControlNodeAccessible::rect() const
+QRect HBControlNodeAccessible::rect() const
 {
     const QGraphicsView* view = View();
     if (!view)
@@ -51,7 +51,7 @@ QRect ControlNodeAccessible::rect() const
     return {view->viewport()->mapToGlobal(local.topLeft()), local.size()};
 }
 
-QAccessible::State ControlNodeAccessible::state() const
+QAccessible::State HBControlNodeAccessible::state() const
 {
     QAccessible::State state;
     state.invalid = !isValid();

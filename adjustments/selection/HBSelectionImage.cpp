@@ -3,7 +3,7 @@
 #include "HBSelectionImage.h"
 
 #include <HBQtImage.h>
-#include <HBSelectionBlender.h>
+#include <HBSelectionArea.h>
 
 #include <QCoreApplication>
 
@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr int Side = HBImage<>::TileSide;
+constexpr int TileSide = HBImage<>::TileSide;
 
 struct ImageText
 {
@@ -31,7 +31,7 @@ HBImage<> Uniform(const HBImage<>& picture, const KMTileRef& tile)
 
 KMTileRef TileOf(std::uint8_t coverage)
 {
-    HBImage<> image(Side, Side);
+    HBImage<> image(TileSide, TileSide);
     std::fill_n(HBTileAccess(image, 0).Pixels(), HBImage<>::TilePixels,
                 HBRGBA32i(coverage, coverage, coverage, coverage));
     return image.Tile(0);
@@ -71,7 +71,7 @@ void FillTile(HBImage<>* image, int index, const QImage& rows)
         const uchar* const coverages = rows.constScanLine(y) + area.left();
         if (std::all_of(coverages, coverages + area.width(), [](uchar coverage) { return coverage == 0; }))
             continue;
-        HBRGBA32i* const pixels = tile.Pixels() + y * Side;
+        HBRGBA32i* const pixels = tile.Pixels() + y * TileSide;
         for (int x = 0; x < area.width(); ++x)
             pixels[x] = HBRGBA32i(coverages[x], coverages[x], coverages[x], coverages[x]);
     }
@@ -110,7 +110,7 @@ bool HBSelectMask(const QImage& mask, HBTarget* target, QString* reason)
     }
     HBImage<> image = Uniform(target->source, TileOf(0));
     for (int row = 0; row < image.Rows(); ++row) {
-        const QImage rows = Rows(mask, row * Side, qMin(Side, size.height() - row * Side));
+        const QImage rows = Rows(mask, row * TileSide, qMin(TileSide, size.height() - row * TileSide));
         for (int column = 0; column < image.Columns(); ++column)
             FillTile(&image, row * image.Columns() + column, rows);
     }

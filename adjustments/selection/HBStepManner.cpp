@@ -97,7 +97,7 @@ HBStage HBAmountOf(HBStages&& stages, int amount)
 
 HBOutcome HBBlendAmount(const HBImage<>& before, int amount, HBOutcome after, HBJobControl* control)
 {
-    if (!after.IsWhole() || amount >= HBRecipeStep::MaximumAmount)
+    if (!after.IsWhole() || amount >= 100)
         return after;
     std::vector<bool> shared;
     try {

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Adjustment Panels authors
 // SPDX-License-Identifier: MIT
-#include "HistogramShape.h"
+#include "HBHistogramShape.h"
 
 #include <algorithm>
 
 namespace
 {
 
-std::array<double, 256> Smoothed(const HistogramShape::Levels& counts)
+std::array<double, 256> Smoothed(const HBHistogramShape::Levels& counts)
 {
     std::array<double, 256> smooth;
     for (int level = 0; level < 256; ++level) {
@@ -20,7 +20,7 @@ std::array<double, 256> Smoothed(const HistogramShape::Levels& counts)
 
 } // namespace
 
-double HistogramShape::Ceiling(const Levels& counts)
+double HBHistogramShape::Ceiling(const Levels& counts)
 {
     std::vector<double> used;
     for (const double count : Smoothed(counts))
@@ -35,9 +35,9 @@ double HistogramShape::Ceiling(const Levels& counts)
     return std::max(1.0, highest <= 3 * usual ? highest : 1.5 * usual);
 }
 
-HistogramShape HistogramShape::Of(const Levels& counts, double ceiling)
+HBHistogramShape HBHistogramShape::Of(const Levels& counts, double ceiling)
 {
-    HistogramShape shape;
+    HBHistogramShape shape;
     const std::array<double, 256> smooth = Smoothed(counts);
     for (int level = 0; level < 256; ++level) {
         shape.cut[level] = smooth[level] > ceiling;
@@ -46,7 +46,7 @@ HistogramShape HistogramShape::Of(const Levels& counts, double ceiling)
     return shape;
 }
 
-std::vector<int> HistogramShape::CutPeaks(const Levels& counts) const
+std::vector<int> HBHistogramShape::CutPeaks(const Levels& counts) const
 {
     std::vector<int> peaks;
     for (int level = 0; level < 256; ++level) {

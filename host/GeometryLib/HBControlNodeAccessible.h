@@ -9,10 +9,10 @@
 class QGraphicsView;
 
 /// The node for assistive technology, which Qt tells nothing about items of a scene.
-class ControlNodeAccessible : public QAccessibleObject
+class HBControlNodeAccessible : public QAccessibleObject
 {
 public:
-    explicit ControlNodeAccessible(ControlNode* node) : QAccessibleObject(node) {}
+    explicit HBControlNodeAccessible(ControlNode* node) : QAccessibleObject(node) {}
 
     /// Tells Qt how to describe a ControlNode; the first call counts.
     static void Install();

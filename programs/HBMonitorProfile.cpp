@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#ifdef PANEL_EDITOR_HAS_XCB
+#ifdef HAVE_XCB
 #include <cstdlib>
 #include <memory>
 #include <xcb/xcb.h>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HBRecipe.h"
+#include "HBSelectionShape.h"
 #include "HBStage.h"
 
-// Where and how much a step of a recipe acts.
+// Where and how much a step acts.
 
 /// Whether all stages can be one, which looks at the picture before it if at all.
 bool HBCanBecomeOne(const HBStages& stages);
