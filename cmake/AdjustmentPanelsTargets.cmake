@@ -189,6 +189,5 @@ endfunction()
 # multiplication is fused with an addition.
 function(adjustment_panels_kernels)
     set_source_files_properties(${ARGN} PROPERTIES
-        SKIP_PRECOMPILE_HEADERS ON # it is compiled for one level of optimisation
         COMPILE_OPTIONS "$<$<CONFIG:Debug>:-O2>;$<$<NOT:$<CONFIG:Debug>>:-O3>;-ffp-contract=off")
 endfunction()

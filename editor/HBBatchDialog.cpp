@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QStandardPaths>
 
+#include <new>
+
 HBBatchDialog::HBBatchDialog(const HBRecipe& recipe, const QStringList& photos, QWidget* parent)
     : QDialog(parent)
     , m_Recipe(recipe)
@@ -148,8 +150,9 @@ void HBBatchDialog::ReadReport()
 {
     m_Report += m_Process.readAllStandardOutput();
     for (int end = m_Report.indexOf('\n'); end >= 0; end = m_Report.indexOf('\n')) {
-        const QJsonObject line = HBReadJson(m_Report.left(end)).object();
-        m_Report.remove(0, end + 1);
+        const QByteArray text = m_Report.left(end);
+        m_Report.remove(0, end + 1); // first, as reading may throw
+        const QJsonObject line = HBReadJson(text).object();
         if (line.value("type").toString() == "summary")
             continue;
         const QString status = line.value("status").toString();
@@ -165,7 +168,10 @@ void HBBatchDialog::ReadReport()
 
 void HBBatchDialog::OnFinished(int code)
 {
-    ReadReport();
+    try {
+        ReadReport();
+    } catch (const std::bad_alloc&) { // that it is over must be said all the same
+    }
     const QString said = QString::fromLocal8Bit(m_Process.readAllStandardError()).trimmed();
     if (m_Stopped)
         m_pResult->setText(tr("Stopped. Written: %1").arg(m_Done));

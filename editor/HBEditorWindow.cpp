@@ -12,7 +12,6 @@
 #include "HBOpenPanel.h"
 #include "HBPanelController.h"
 #include "HBPanelFinder.h"
-#include "HBPanelHead.h"
 #include "HBPanelPlacement.h"
 #include "HBPhotoFiles.h"
 #include "HBPhotoFrame.h"

@@ -6,7 +6,6 @@
 #include "HBDocument.h"
 #include "HBMessageBar.h"
 #include "HBOpenPanel.h"
-#include "HBPanelHead.h"
 #include "HBPanelPlacement.h"
 #include "HBPresetStrip.h"
 #include "HBRecovery.h"
@@ -240,9 +239,12 @@ void HBPanelController::Apply(const HBImage<>& image)
     // A panel that acts by the values it opens with does something though nobody has touched it.
     const bool isStep = m_pPanel->IsChanged() || (opened < 0 && Acts(image));
     m_LastStep = step;
-    QString ignored; // the step counts, not that it is remembered
-    if (m_pPresets)
-        m_pPresets->Presets().SetLast(step.values, &ignored);
+    try {
+        QString ignored; // the step counts, not that it is remembered
+        if (m_pPresets)
+            m_pPresets->Presets().SetLast(step.values, &ignored);
+    } catch (const std::bad_alloc&) {
+    }
     Close();
     if (!isStep) {
         document->SetSelection(m_pSelection->Shape());

@@ -22,6 +22,7 @@
 #include <poll.h>
 
 #include <memory>
+#include <new>
 
 namespace
 {
@@ -94,9 +95,12 @@ HBGimpAnswer HBOpenAdjustment(const HBGimpCall& call, const HBAdjustment& adjust
         return HBGimpAnswer::Failed;
     gimp_progress_end();
     *notes = written.notes;
-    QString problem;
-    if (!presets.SetLast(dialog.Step().values, &problem))
-        notes->append(problem);
+    try {
+        QString problem;
+        if (!presets.SetLast(dialog.Step().values, &problem))
+            notes->append(problem);
+    } catch (const std::bad_alloc&) { // the layer counts, not that the values are remembered
+    }
     return HBGimpAnswer::Done;
 }
 

@@ -134,7 +134,7 @@ QByteArray KnownFormat(QImageReader* reader)
 HBPhotoEncoding EncodingOf(const QByteArray& file, const QByteArray& format, const QImageReader& reader)
 {
     HBPhotoEncoding encoding = HBReadEncoding(file, format);
-    const bool mayHavePages = format != "jpeg" && format != "png";
+    const bool mayHavePages = format != "jpeg" && format != "png"; // these have one
     encoding.pages = qMax(encoding.pages, mayHavePages ? reader.imageCount() : 1);
     encoding.isAnimated |= encoding.pages > 1 && reader.supportsAnimation();
     return encoding;

@@ -61,8 +61,16 @@ bool HBPresets::Write(const Contents& contents, QString* reason) const
 {
     QDir().mkpath(QFileInfo(m_Path).path());
     // The new file must not take the place of one whose meaning we do not know.
-    if (contents.foreign)
-        QFile::rename(m_Path, m_Path + '~');
+    if (contents.foreign) {
+        QString aside = m_Path + '~';
+        while (QFile::exists(aside) && aside.size() < m_Path.size() + 100)
+            aside += '~';
+        QFile file(m_Path);
+        if (!file.rename(aside)) {
+            *reason = m_Path + ": " + file.errorString();
+            return false;
+        }
+    }
     QJsonArray presets;
     for (const Preset& preset : contents.presets) {
         QJsonObject entry = preset.values;

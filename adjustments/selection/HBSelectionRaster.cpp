@@ -185,24 +185,30 @@ HBSelection HBSelectionShape::Rasterize(const HBImage<>& photo, HBJobControl* co
     selection.bounds = QRect(QPoint(0, 0), area.size());
     HBTarget mask{HBImage<>(area.width(), area.height())};
 
-    // Tiles that are wholly covered or not at all are not painted pixel by pixel, and those that are full share
-    // one: a selection costs what its edge costs.
-    std::vector<char> full(std::size_t(mask.source.Tiles().size())); // no bits: lanes write beside each other
+    // Tiles that are wholly covered or not at all are not painted pixel by pixel, and share one of each kind: a
+    // selection costs what its edge costs, also once it is looked at.
+    enum Kind : char { Edge, Full, None };
+    std::vector<Kind> kinds(std::size_t(mask.source.Tiles().size()), Edge);
     HBOutcome outcome = HBWalkTiles(
         std::move(mask),
         [&](HBTileAccess& tile) {
             const int coverage = raster.Everywhere(tile.Area().translated(selection.offset));
-            full[std::size_t(tile.Index())] =
-                coverage == 255 || (coverage < 0 && FillTile(raster, selection.offset, &tile));
+            Kind& kind = kinds[std::size_t(tile.Index())];
+            if (coverage == 0)
+                kind = None;
+            else if (coverage == 255 || FillTile(raster, selection.offset, &tile))
+                kind = Full;
         },
         control);
     if (outcome.exception)
         std::rethrow_exception(outcome.exception);
     selection.mask = std::move(outcome.image);
-    const KMTileRef covered = FullTile();
+    const KMTileRef full = FullTile();
+    const KMTileRef none = HBImage<>(HBImage<>::TileSide, HBImage<>::TileSide).Tile(0);
     for (int index = 0; index < selection.mask.Tiles().size(); ++index) {
-        if (full[std::size_t(index)])
-            selection.mask.ShareTile(index, covered);
+        const Kind kind = kinds[std::size_t(index)];
+        if (kind != Edge)
+            selection.mask.ShareTile(index, kind == Full ? full : none);
     }
     return selection;
 }

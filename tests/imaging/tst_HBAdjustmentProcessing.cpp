@@ -259,6 +259,49 @@ private Q_SLOTS:
         for (int index = 0; index < 6; ++index) QVERIFY(result.Tile(index) == source.Tile(index));
     }
 
+    // Of tiles that are shared, of the picture's own, and of those that nobody has written to.
+    void RunsOfATile_data() {
+        QTest::addColumn<HBImage<>>("source");
+        QTest::addColumn<bool>("shared");
+        QTest::newRow("shared") << TileNumbers(300, 200) << true;
+        QTest::newRow("own") << TileNumbers(300, 200) << false;
+        QTest::newRow("unwritten") << HBImage<>(300, 200) << true;
+    }
+    void RunsOfATile() {
+        QFETCH(const HBImage<>, source);
+        QFETCH(const bool, shared);
+        HBImage<> image = source;
+        image.DetachList();
+        if (!shared) image.Detach(4);
+        const HBRGBA32i before = source.PixelAt(128, 128);
+        const KMTileRef held = image.Tile(4);
+        QVERIFY_EXCEPTION_THROWN(HBTileAccess(image, 4).ChangeByRuns([](HBRGBA32i*, int first, int) {
+            if (first == 0) throw std::runtime_error("at once");
+        }),
+                                 std::runtime_error);
+        QVERIFY(image.PixelAt(128, 128) == before);
+        {
+            HBTileAccess tile(image, 4);
+            for (int time = 1; time <= 2; ++time) { // the second one changes what the first has made
+                int next = 0;
+                tile.ChangeByRuns([&](HBRGBA32i* pixels, int first, int count) {
+                    QCOMPARE(first, next);
+                    next += count;
+                    for (int i = first; i < next; ++i)
+                        pixels[i].green = std::uint8_t(pixels[i].green + time + i % 7);
+                });
+                QCOMPARE(next, HBImage<>::TilePixels);
+            }
+        }
+        const KMTilePin<HBRGBA32i> pin(image.Tile(4), false);
+        for (int i = 0; i < HBImage<>::TilePixels; ++i) {
+            HBRGBA32i expected = before;
+            expected.green = std::uint8_t(3 + 2 * (i % 7));
+            QVERIFY(pin.Pixels()[i] == expected);
+        }
+        QVERIFY(source.PixelAt(128, 128) == before);
+    }
+
     // A task that the pool cannot find a thread for is lost, and the end of the program waits for it for ever.
     void WhereTheSystemStartsNoThreads() {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

@@ -49,7 +49,7 @@ private:
 
         void SetProcessingBuffer(HBRGBA32i* buffer) { pixels = buffer; }
         void operator()(int first, int count) const {
-            gate->Pass();
+            if (first == 0) gate->Pass(); // each tile once
             std::fill_n(pixels + first, count, HBRGBA32i(std::uint8_t(value), 0, 0));
         }
     };

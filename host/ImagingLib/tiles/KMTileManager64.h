@@ -98,7 +98,7 @@ class KMTileRef
 {
 public:
     KMTileRef() = default;
-    /// Takes over the one reference that MakeTile or CopyTile returned.
+    /// Takes over the one reference that MakeTile, MakeUnwrittenTile or CopyTile returned.
     explicit KMTileRef(KMTile* tile) : m_pTile(tile) {}
     KMTileRef(const KMTileRef& other) : m_pTile(other.m_pTile)
     {
