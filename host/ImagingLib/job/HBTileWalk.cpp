@@ -15,7 +15,7 @@
 namespace
 {
 
-// For less, machines with fast short copies read the memory that they fill; more would leave the first-level cache.
+// For less, machines with fast short copies read the memory that they fill; more would leave the nearest cache.
 constexpr int CopyPixels = 1024;
 // As many lines as a core waits for at a time, roughly: what is asked for beyond them keeps the work waiting.
 constexpr int FetchPixels = 256;
