@@ -175,6 +175,11 @@ void HBViewAids::ReadSettings(const QSettings& settings)
     m_pHistogramDock->setVisible(settings.value(HistogramKey, false).toBool());
 }
 
+HBPanelHead* HBViewAids::Head() const
+{
+    return m_pHead;
+}
+
 void HBViewAids::WriteSettings(QSettings* settings) const
 {
     settings->setValue(MonitorKey, m_pColors->MonitorFile());

@@ -35,7 +35,7 @@ public:
     QAction* SideBySideAction() const { return m_pBeside; }
     QAction* CompareOpenedAction() const { return m_pCompareOpened; }
     HBResultHistogram* Histogram() const { return m_pHistogram; }
-    HBPanelHead* Head() const { return m_pHead; }
+    HBPanelHead* Head() const;
 
     /// What is to be shown in place of the session's widget; ends with EndPanel.
     QWidget* BeginPanel(HBPanelSession* session);
