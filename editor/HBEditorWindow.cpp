@@ -362,7 +362,6 @@ void HBEditorWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    m_pPanels->Drop();
     WriteSettings();
     event->accept();
 }

@@ -28,11 +28,6 @@ namespace
 
 constexpr char QualityKey[] = "files/quality";
 
-bool CanBeWritten(const QString& path)
-{
-    return KMImageFileManager::SuffixesForWrite().contains(QFileInfo(path).suffix().toLower());
-}
-
 /// A format that is chosen from the dialog's list becomes that of the name.
 void FollowChosenFormat(QFileDialog* dialog)
 {
@@ -44,7 +39,7 @@ void FollowChosenFormat(QFileDialog* dialog)
         if (suffixes.contains(chosen.suffix().toLower()))
             return;
         dialog->setDefaultSuffix(suffixes.first());
-        const QString name = CanBeWritten(chosen.filePath()) ? chosen.completeBaseName() : chosen.fileName();
+        const QString name = HBCanWritePhoto(chosen.filePath()) ? chosen.completeBaseName() : chosen.fileName();
         dialog->selectFile(name + '.' + suffixes.first());
     });
 }
@@ -158,7 +153,7 @@ bool HBPhotoFiles::SaveOver()
 {
     const HBDocument& document = *m_Editor.document;
     const QString path = document.Path();
-    if (!CanBeWritten(path)) {
+    if (!HBCanWritePhoto(path)) {
         m_Editor.messages->ShowNote(
             tr("Files like “%1” can be read only. Save the photo as another.").arg(document.FileName()));
         return SaveAs();
@@ -192,7 +187,7 @@ bool HBPhotoFiles::SaveAs()
                        KMImageFileManager::GetFilterForWrite());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     FollowChosenFormat(&dialog);
-    const QString suffix = CanBeWritten(present.filePath()) ? present.suffix() : QString("png");
+    const QString suffix = HBCanWritePhoto(present.filePath()) ? present.suffix() : QString("png");
     dialog.setDefaultSuffix(suffix);
     dialog.selectFile(present.completeBaseName() + '.' + suffix);
     if (dialog.exec() != QDialog::Accepted)

@@ -162,6 +162,11 @@ void HBViewAids::ShowPixel(const QPoint& pixel)
     }
 }
 
+HBPanelHead* HBViewAids::Head() const
+{
+    return m_pHead;
+}
+
 QString HBViewAids::PixelText() const
 {
     return m_pPixelLabel->text();
@@ -173,11 +178,6 @@ void HBViewAids::ReadSettings(const QSettings& settings)
     m_pColors->SetMonitorFile(settings.value(MonitorKey).toString(), &ignored);
     m_pCompareOpened->setChecked(settings.value(CompareKey, false).toBool());
     m_pHistogramDock->setVisible(settings.value(HistogramKey, false).toBool());
-}
-
-HBPanelHead* HBViewAids::Head() const
-{
-    return m_pHead;
 }
 
 void HBViewAids::WriteSettings(QSettings* settings) const

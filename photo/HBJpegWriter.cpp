@@ -3,9 +3,8 @@
 #include "HBJpegWriter.h"
 
 #include "HBJpegErrors.h"
+#include "HBPhotoText.h"
 #include "HBPictureRows.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <jerror.h>
@@ -254,11 +253,8 @@ bool HBWriteJpeg(HBPictureRows& rows, const HBJpegCoding& coding, const HBJpegOp
     Encoder encoder(bytes);
     if (WriteAll(&encoder, rows, coding, options))
         return true;
-    if (encoder.IsTooLarge()) {
-        *reason = QCoreApplication::translate("HBPhotoFile", "the file is too large");
-        return false;
-    }
+    if (encoder.IsTooLarge())
+        return HBFail(reason, HBPhotoText::tr("the file is too large"));
     encoder.errors.ThrowIfOutOfMemory();
-    *reason = QString::fromLatin1(encoder.errors.Error());
-    return false;
+    return HBFail(reason, QString::fromLatin1(encoder.errors.Error()));
 }

@@ -136,7 +136,7 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
     QStringList unheard;
     QStringList* told = warnings ? warnings : &unheard;
     const QString suffix = QFileInfo(path).suffix().toLower();
-    if (!KMImageFileManager::SuffixesForWrite().contains(suffix))
+    if (!HBCanWritePhoto(path))
         return HBFail(reason, HBPhotoText::tr("pictures cannot be written in the format \"%1\"").arg(suffix));
     if (picture.IsEmpty())
         return HBFail(reason, HBPhotoText::tr("there is no picture to write"));
@@ -163,6 +163,11 @@ bool EncodeWhole(const QString& path, const HBImage<>& picture, const HBPhotoOpt
 }
 
 } // namespace
+
+bool HBCanWritePhoto(const QString& path)
+{
+    return KMImageFileManager::SuffixesForWrite().contains(QFileInfo(path).suffix().toLower());
+}
 
 bool HBTakesQuality(const QString& path)
 {

@@ -46,6 +46,8 @@ struct HBPhotoOptions
     HBChroma chroma = HBChroma::ByQuality; ///< of JPEG
 };
 
+/// Whether a photo can be written to a file with this name, by its suffix. Any thread.
+bool HBCanWritePhoto(const QString& path);
 /// Whether HBPhotoOptions::quality counts for a file with this name. Any thread.
 bool HBTakesQuality(const QString& path);
 

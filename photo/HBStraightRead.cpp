@@ -2,23 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "HBStraightRead.h"
 
-#include <HBUsableMemory.h>
+#include "HBPhotoText.h"
 
-#include <QCoreApplication>
+#include <HBUsableMemory.h>
 
 bool HBStraightRead::Begin(const QSize& lying)
 {
     constexpr int bytesPerPixel = 8; // of the deepest formats
-    if (lying.isEmpty()) {
-        refusal = QCoreApplication::translate("HBPhotoFile", "the picture has no pixels");
-        return false;
-    }
+    if (lying.isEmpty())
+        return HBFail(&refusal, HBPhotoText::tr("the picture has no pixels"));
     if (qint64(lying.width()) * lying.height() > HBLargestPicture() / bytesPerPixel) {
-        refusal =
-            QCoreApplication::translate("HBPhotoFile", "%1 x %2 pixels are too many for this machine's memory")
-                .arg(lying.width())
-                .arg(lying.height());
-        return false;
+        return HBFail(&refusal, HBPhotoText::tr("%1 x %2 pixels are too many for this machine's memory")
+                                    .arg(lying.width())
+                                    .arg(lying.height()));
     }
     tiles = HBUprightTiles(lying, orientation);
     return true;

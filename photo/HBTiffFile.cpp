@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "HBTiffFile.h"
 
+#include "HBPhotoText.h"
+
 #include <HBQtImage.h>
 
-#include <QCoreApplication>
 #include <QScopeGuard>
 
 #include <cstring>
@@ -330,7 +331,7 @@ bool HBWriteTiff(HBPictureRows& rows, QByteArray* bytes, QString* reason)
     }
     if (memory.isFull)
         throw std::bad_alloc();
-    return written || (*reason = QCoreApplication::translate("HBPhotoFile", "the file is too large"), false);
+    return written || HBFail(reason, HBPhotoText::tr("the file is too large"));
 }
 
 void HBLogTiffMessages()

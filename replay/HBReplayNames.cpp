@@ -4,7 +4,7 @@
 
 #include "HBReplayWords.h"
 
-#include <KMImageFileManager.h>
+#include <HBPhotoFile.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,7 +43,7 @@ QString HBReplayTarget::PathFor(const QString& name, const QString& addition) co
 
 QString HBReplayTarget::NameProblem(const QString& output)
 {
-    return KMImageFileManager::SuffixesForWrite().contains(QFileInfo(output).suffix().toLower())
+    return HBCanWritePhoto(output)
                ? QString()
                : HBReplayWords::tr("files of this kind cannot be written; choose another with --format");
 }

@@ -12,7 +12,7 @@ HBStampCache& HBStampCache::Instance()
 
 QSize HBStampCache::PictureSize(const HBStampFile& file)
 {
-    const QMutexLocker lock(&m_Guard);
+    const std::lock_guard<std::mutex> lock(m_Guard);
     const auto found = std::find_if(m_Entries.cbegin(), m_Entries.cend(),
                                     [&file](const Entry& entry) { return entry.file == file; });
     return found == m_Entries.cend() ? QSize() : found->picture;
@@ -20,7 +20,7 @@ QSize HBStampCache::PictureSize(const HBStampFile& file)
 
 std::shared_ptr<const HBStamp> HBStampCache::Find(const HBStampFile& file, const QSize& size)
 {
-    const QMutexLocker lock(&m_Guard);
+    const std::lock_guard<std::mutex> lock(m_Guard);
     const auto found = std::find_if(m_Entries.begin(), m_Entries.end(), [&](const Entry& entry) {
         return entry.file == file && entry.stamp->Size() == size;
     });
@@ -32,7 +32,7 @@ std::shared_ptr<const HBStamp> HBStampCache::Find(const HBStampFile& file, const
 
 void HBStampCache::Keep(const HBStampFile& file, const QSize& picture, const std::shared_ptr<const HBStamp>& stamp)
 {
-    const QMutexLocker lock(&m_Guard);
+    const std::lock_guard<std::mutex> lock(m_Guard);
     // What another thread has made meanwhile, and what the file held before.
     const auto replaced = [&](const Entry& entry) {
         return entry.file.name == file.name && (!(entry.file == file) || entry.stamp->Size() == stamp->Size());

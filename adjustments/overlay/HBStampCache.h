@@ -5,9 +5,10 @@
 #include "HBStamp.h"
 
 #include <QDateTime>
-#include <QMutex>
 #include <QSize>
 #include <QVector>
+
+#include <mutex>
 
 /// A file as it was when it was read.
 struct HBStampFile
@@ -45,6 +46,6 @@ private:
         std::shared_ptr<const HBStamp> stamp;
     };
 
-    QMutex m_Guard;
+    std::mutex m_Guard;
     QVector<Entry> m_Entries; ///< the one that was used last first
 };

@@ -63,7 +63,7 @@ bool HBPresets::Write(const Contents& contents, QString* reason) const
     // The new file must not take the place of one whose meaning we do not know.
     if (contents.foreign) {
         QString aside = m_Path + '~';
-        while (QFile::exists(aside) && aside.size() < m_Path.size() + 100)
+        while (QFile::exists(aside))
             aside += '~';
         QFile file(m_Path);
         if (!file.rename(aside)) {

@@ -141,23 +141,22 @@ int EvenLevel(const Coverages& coverages, const QSize& size)
     return any == 0 ? 0 : all == 255 ? 255 : -1;
 }
 
-/// Whether the tile is wholly covered: then it is left as it is, for one that is shared. So is a tile without any
-/// coverage.
-bool FillTile(const Raster& raster, const QPoint& offset, HBTileAccess* tile)
+/// 0 or 255 if that is the coverage of all of the tile: then it is left as it is, for one that is shared; else -1.
+int FillTile(const Raster& raster, const QPoint& offset, HBTileAccess* tile)
 {
     const QRect area = tile->Area();
     Coverages coverages;
     raster.Cover(area.translated(offset), &coverages);
     const int even = EvenLevel(coverages, area.size());
     if (even >= 0)
-        return even == 255;
+        return even;
     HBRGBA32i* const pixels = tile->Pixels();
     for (int y = 0; y < area.height(); ++y) {
         const std::uint8_t* const row = coverages.data() + y * TileSide;
         for (int x = 0; x < area.width(); ++x)
             pixels[y * TileSide + x] = HBRGBA32i(row[x], row[x], row[x], row[x]);
     }
-    return false;
+    return -1;
 }
 
 } // namespace
@@ -187,17 +186,12 @@ HBSelection HBSelectionShape::Rasterize(const HBImage<>& photo, HBJobControl* co
 
     // Tiles that are wholly covered or not at all are not painted pixel by pixel, and share one of each kind: a
     // selection costs what its edge costs, also once it is looked at.
-    enum Kind : char { Edge, Full, None };
-    std::vector<Kind> kinds(std::size_t(mask.source.Tiles().size()), Edge);
+    std::vector<int> levels(std::size_t(mask.source.Tiles().size()), -1);
     HBOutcome outcome = HBWalkTiles(
         std::move(mask),
         [&](HBTileAccess& tile) {
-            const int coverage = raster.Everywhere(tile.Area().translated(selection.offset));
-            Kind& kind = kinds[std::size_t(tile.Index())];
-            if (coverage == 0)
-                kind = None;
-            else if (coverage == 255 || FillTile(raster, selection.offset, &tile))
-                kind = Full;
+            const int level = raster.Everywhere(tile.Area().translated(selection.offset));
+            levels[std::size_t(tile.Index())] = level < 0 ? FillTile(raster, selection.offset, &tile) : level;
         },
         control);
     if (outcome.exception)
@@ -206,9 +200,9 @@ HBSelection HBSelectionShape::Rasterize(const HBImage<>& photo, HBJobControl* co
     const KMTileRef full = FullTile();
     const KMTileRef none = HBImage<>(HBImage<>::TileSide, HBImage<>::TileSide).Tile(0);
     for (int index = 0; index < selection.mask.Tiles().size(); ++index) {
-        const Kind kind = kinds[std::size_t(index)];
-        if (kind != Edge)
-            selection.mask.ShareTile(index, kind == Full ? full : none);
+        const int level = levels[std::size_t(index)];
+        if (level >= 0)
+            selection.mask.ShareTile(index, level == 0 ? none : full);
     }
     return selection;
 }

@@ -37,7 +37,7 @@ boundary_uses(${document} ${WORK_DIR}/stub FILES ${users_of_host} UNNAMED
 boundary_package(${WORK_DIR} StubHost "add_library(AdjustmentPanels::Host INTERFACE IMPORTED)
 target_include_directories(AdjustmentPanels::Host INTERFACE \"${WORK_DIR}/stub\")")
 set(options -D ADJUSTMENT_PANELS_QT=${QT_VERSION} -D ADJUSTMENT_PANELS_BULK=ON -D BUILD_SHARED_LIBS=OFF -D CMAKE_BUILD_TYPE=Debug
-    -D CMAKE_CXX_FLAGS_DEBUG=-w) # declared for nobody to define
+    -D "CMAKE_CXX_FLAGS_DEBUG=-w -DHWY_COMPILE_ONLY_STATIC") # declared for nobody to define or run
 run("Configure" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build ${options}
     -D ADJUSTMENT_PANELS_HOST_PACKAGE=StubHost -D StubHost_DIR=${WORK_DIR})
 run("Compile" ${CMAKE_COMMAND} --build ${WORK_DIR}/build --target AdjustmentPanelsAdjustments AdjustmentPanelsPanels)

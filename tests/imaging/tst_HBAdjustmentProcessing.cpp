@@ -274,7 +274,6 @@ private Q_SLOTS:
         image.DetachList();
         if (!shared) image.Detach(4);
         const HBRGBA32i before = source.PixelAt(128, 128);
-        const KMTileRef held = image.Tile(4);
         QVERIFY_EXCEPTION_THROWN(HBTileAccess(image, 4).ChangeByRuns([](HBRGBA32i*, int first, int) {
             if (first == 0) throw std::runtime_error("at once");
         }),

@@ -359,9 +359,14 @@ private Q_SLOTS:
         const int xmp = whole.indexOf("http://ns.adobe.com/xap/1.0/");
         const int iptc = whole.indexOf("Photoshop 3.0");
         QVERIFY(exif > 0 && exif < xmp && xmp < iptc);
-        for (int position = exif + 6; position < iptc + 30; ++position) {
-            if (position == xmp - 4) position = xmp;
-            if (position == iptc - 4) position = iptc;
+#ifdef __SANITIZE_ADDRESS__
+        constexpr int step = 3; // each takes ten times as long
+#else
+        constexpr int step = 1;
+#endif
+        for (int position = exif + 6; position < iptc + 30; position += step) {
+            if (position >= xmp - 4 && position < xmp) position = xmp;
+            if (position >= iptc - 4 && position < iptc) position = iptc;
             QByteArray broken = whole;
             broken[position] = char(~broken[position]);
             QVERIFY(HBWriteBytes(Path("b.jpg"), broken));
