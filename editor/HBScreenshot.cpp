@@ -26,6 +26,11 @@
 namespace
 {
 
+struct ScreenshotText
+{
+    Q_DECLARE_TR_FUNCTIONS(HBScreenshot)
+};
+
 constexpr int PatienceMilliseconds = 60000;
 
 bool Fail(const QString& text)
@@ -68,9 +73,9 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
         return true;
     const HBPanelEntry* entry = HBFindPanel(name);
     if (!entry)
-        return Fail(HBEditorWindow::tr("There is no panel %1.").arg(name));
+        return Fail(ScreenshotText::tr("There is no panel %1.").arg(name));
     if (!window->OpenPanel(*entry))
-        return Fail(HBEditorWindow::tr("A panel needs a photo."));
+        return Fail(ScreenshotText::tr("A panel needs a photo."));
     for (const QString& preset : options.presets) {
         if (!window->Panels()->Presets()->Import(preset))
             return Fail(window->MessageBar()->Text());
@@ -84,7 +89,7 @@ bool ShowPanel(HBEditorWindow* window, const HBScreenshotOptions& options)
         window->SelectionTool()->SetShape(step.selection);
         break;
     }
-    return WaitForPreview(session) || Fail(HBEditorWindow::tr("The panel gives no result."));
+    return WaitForPreview(session) || Fail(ScreenshotText::tr("The panel gives no result."));
 }
 
 } // namespace
@@ -111,6 +116,6 @@ bool HBTakeScreenshot(HBEditorWindow* window, const HBScreenshotOptions& options
     while (!isComplete() && since.elapsed() < PatienceMilliseconds);
     QApplication::processEvents();
     if (!window->grab().save(options.file, "PNG"))
-        return Fail(HBEditorWindow::tr("%1 cannot be written.").arg(options.file));
+        return Fail(ScreenshotText::tr("%1 cannot be written.").arg(options.file));
     return true;
 }

@@ -14,7 +14,7 @@ namespace
 
 struct WarningText
 {
-    Q_DECLARE_TR_FUNCTIONS(HBEditorWindow)
+    Q_DECLARE_TR_FUNCTIONS(HBTileWarnings)
 };
 
 } // namespace

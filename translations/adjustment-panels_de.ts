@@ -1250,26 +1250,6 @@
         <translation>%1 %</translation>
     </message>
     <message>
-        <source>There is no panel %1.</source>
-        <translation>Ein Panel %1 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>A panel needs a photo.</source>
-        <translation>Ein Panel braucht ein Foto.</translation>
-    </message>
-    <message>
-        <source>The panel gives no result.</source>
-        <translation>Das Panel liefert kein Ergebnis.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written.</source>
-        <translation>%1 kann nicht geschrieben werden.</translation>
-    </message>
-    <message>
-        <source>The disk for temporary files is full or cannot be written: the photo needs more memory than allowed. Save your work.</source>
-        <translation>Der Datenträger für temporäre Dateien ist voll oder nicht beschreibbar: Das Foto braucht mehr Speicher als erlaubt. Speichern Sie Ihre Arbeit.</translation>
-    </message>
-    <message>
         <source>Unsaved steps cannot be kept for the case of a crash: %1</source>
         <translation>Nicht gespeicherte Schritte können für den Fall eines Absturzes nicht aufbewahrt werden: %1</translation>
     </message>
@@ -2245,6 +2225,25 @@
     </message>
 </context>
 <context>
+    <name>HBScreenshot</name>
+    <message>
+        <source>There is no panel %1.</source>
+        <translation>Ein Panel %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>A panel needs a photo.</source>
+        <translation>Ein Panel braucht ein Foto.</translation>
+    </message>
+    <message>
+        <source>The panel gives no result.</source>
+        <translation>Das Panel liefert kein Ergebnis.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>%1 kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
     <name>HBSelectionGesture</name>
     <message>
         <source>%1 × %2 px</source>
@@ -2603,6 +2602,13 @@
     <message>
         <source>Threshold level</source>
         <translation>Schwelle</translation>
+    </message>
+</context>
+<context>
+    <name>HBTileWarnings</name>
+    <message>
+        <source>The disk for temporary files is full or cannot be written: the photo needs more memory than allowed. Save your work.</source>
+        <translation>Der Datenträger für temporäre Dateien ist voll oder nicht beschreibbar: Das Foto braucht mehr Speicher als erlaubt. Speichern Sie Ihre Arbeit.</translation>
     </message>
 </context>
 <context>
